@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+namespace velorix {
+
+/// What a reader or writer answers: done, or refused with the title and text of the box that the
+/// user shall see; a refusal without a text is a silent one.
+struct [[nodiscard]] Outcome {
+  bool Done = true;
+  std::string Title, Text;
+
+  static Outcome Refused(std::string title = {}, std::string text = {}) {
+    return {false, std::move(title), std::move(text)};
+  }
+  explicit operator bool() const { return Done; }
+};
+
+}  // namespace velorix

@@ -1,0 +1,44 @@
+#include "store/session.h"
+
+namespace velorix {
+
+void ClearStore(Session& session) { session.Records.Clear(); }
+
+void Renumber(RecordArray& records) {
+  std::int16_t no = 0;
+  for (SpecimenRecord& record : records) record.RecordNo = ++no;
+}
+
+void ReplaceStore(Session& session, RecordArray& records) {
+  std::swap(session.Records, records);
+  std::swap(session.Spare, records);
+  session.Spare.Clear();
+  records.Clear();
+  Renumber(session.Records);
+}
+
+bool IsShown(const SpecimenRecord& record, std::int16_t coorSys, std::int16_t reImMode) {
+  return record.Active && record.CoorLevel == coorSys && (reImMode != OutOfPhase || record.HasIm);
+}
+
+void InvertSelection(RecordArray& records) {
+  for (SpecimenRecord& record : records) record.Selected = !record.Selected;
+}
+
+void DisregardSelected(RecordArray& records) {
+  for (SpecimenRecord& record : records)
+    if (record.Selected) record.Selected = record.Active = false;
+}
+
+void RestoreAll(RecordArray& records) {
+  for (SpecimenRecord& record : records) {
+    record.Selected = false;
+    record.Active = true;
+  }
+}
+
+void ClearSelection(RecordArray& records) {
+  for (SpecimenRecord& record : records) record.Selected = false;
+}
+
+}  // namespace velorix
