@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "store/specimen_record.h"
+
+namespace velorix {
+
+/// One entry of a list of codes; `ItemData` 1 marks a code found in the data, which the next reset
+/// of the lists takes away again.
+struct CodeEntry {
+  std::string Text;
+  int ItemData = 0;
+  unsigned Colour = 0xFFFFFF;  // 0x00BBGGRR
+  bool Selected = false;       // of the check lists
+};
+
+/// A list of upper-case codes. A combo list has one selection, `ListIndex`; a check list has
+/// `Selected` in each entry.
+struct CodeList {
+  std::vector<CodeEntry> Entries;
+  int ListIndex = -1;  // from 0; -1 none
+
+  bool Has(const std::string& code) const { return known_.contains(code); }
+  void Add(CodeEntry entry);
+  /// Takes the entries with `itemData` away; a selection that goes with them is gone.
+  void Remove(int itemData);
+  /// The selected code of a combo list, empty when there is none.
+  std::string Text() const;
+  /// The selected codes of a check list, in list order.
+  std::vector<std::string> SelectedCodes() const;
+
+ private:
+  std::unordered_set<std::string> known_;
+};
+
+/// The lists of the main window that name the foliations and lineations found in the data:
+/// `odclFoli` and `odclLine` hold the codes that the rotation uses, `lstFoli` and `lstLine` those
+/// that the stereonet shows.
+struct CodeLists {
+  CodeList odclFoli, odclLine, lstFoli, lstLine;
+};
+
+/// Adds the codes of slots 1 and 2 to `lstFoli` and `lstLine`; a list that got a code selects its
+/// first entry.
+void ListAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData);
+
+/// Adds the codes of slots 1 and 2 to `odclFoli` and `odclLine`. A lineation list that stays empty
+/// gets "0", the code for the dip direction of the foliation. A list without a selection that got
+/// an entry selects the first, and `foliCode` or `lineCode` becomes its text.
+void ComboAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData,
+                   std::string& foliCode, std::string& lineCode);
+
+}  // namespace velorix

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+
+#include "app/velorix.h"
+
+namespace velorix {
+
+/// A menu of the main window's menu bar.
+struct Menu {
+  const char* Name;
+  const char* Caption;
+};
+std::span<const Menu> Menus();
+
+/// One command: its menu item, its tool-bar button, or both.
+struct Command {
+  enum Kind { Plain, Check, Radio };
+
+  const char* Name;       // of the menu item, "mnuOpen"
+  const char* Menu;       // name of its menu; empty: tool bar only
+  const char* Caption;    // of the menu item
+  const char* Key;        // short-cut, "Ctrl+O", or empty
+  int Button;             // index in the tool bar, 0: none; a missing index is a separator
+  const char* Tip;        // of the button
+  const char* Icon;       // name of the picture for button and menu item
+  Kind Look;              // Radio: exclusive among the neighbours in the table that are Radio too
+  bool Hidden;            // present, but neither visible nor enabled
+  void (*Run)(Velorix&);  // null: its window is not built yet, shown disabled
+  bool (*Checked)(const Velorix&);  // null: never checked
+  bool SeparatorBefore;             // in the menu
+};
+std::span<const Command> Commands();
+
+/// The command with this name; a programming fault when there is none.
+const Command& CommandNamed(const std::string& name);
+
+/// Runs a menu item: its routine under `Guarded`.
+void RunMenu(Velorix& velorix, const Command& command);
+/// Runs a tool-bar button: its routine, then `DisplayData` with the lists reset, whatever the
+/// button.
+void RunButton(Velorix& velorix, const Command& command);
+
+/// The handler around every command and every control: a failure is shown with the system's text,
+/// the views are refreshed, and the program goes on. True when nothing failed.
+bool Guarded(Velorix& velorix, const std::function<void()>& work);
+
+/// Empties the store and the session's file names.
+void CloseFile(Velorix& velorix);
+
+/// Turns the tensors of every record by 90 degrees about the vertical axis, a diagnostic.
+void RotateAllNinety(Velorix& velorix);
+
+/// Asks whether to leave. True for "&Yes".
+bool ConfirmExit(Velorix& velorix);
+
+}  // namespace velorix

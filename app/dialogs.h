@@ -1,0 +1,39 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace velorix {
+
+/// What a file dialog is asked to show.
+struct FileQuestion {
+  std::string Title;
+  std::string Filter;       // "text|pattern|" pairs, as the lists of filters give them
+  std::string Folder;       // initial folder, empty for the host's own choice
+  std::string DefaultName;  // name proposed when saving
+  bool Multi = false;       // several files may be chosen
+  int MaxFileSize = 2048;   // characters that the answer's text may have
+};
+
+/// What the user chose: one path, or for several files the folder, a zero character and the names,
+/// each followed by a zero character (a name may be a full path); and the filter, counted from 1.
+struct FileAnswer {
+  std::string Filename;
+  int FilterIndex = 1;
+};
+
+/// The questions that the program asks. Windows, the console's arguments and scripts in tests
+/// answer.
+struct Dialogs {
+  virtual ~Dialogs() = default;
+  /// No answer when the user cancelled.
+  virtual std::optional<FileAnswer> ShowOpen(const FileQuestion& question) = 0;
+  virtual std::optional<FileAnswer> ShowSave(const FileQuestion& question) = 0;
+  /// A box with the buttons' captions ("&Yes"); gives the index of the chosen one, from 0. Closing
+  /// the box chooses the last.
+  virtual int Ask(const std::string& title, const std::string& text,
+                  const std::vector<std::string>& buttons, int defaultButton = 0) = 0;
+};
+
+}  // namespace velorix

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "app/velorix.h"
+
+namespace velorix {
+
+/// The whole road from the store to the screen: codes into the lists (emptied first of the data's
+/// codes when `resetLists`), factors and rotation of every record in use, then `RefreshViews`.
+void DisplayData(Velorix& velorix, bool resetLists);
+
+/// Grid and plots from the values at hand.
+void RefreshViews(Velorix& velorix);
+
+/// All plots from the values at hand.
+void AnisoView_DisplayAllPlots(Velorix& velorix);
+
+/// The rotation alone of every record that has the system in view, disregarded ones too, and
+/// `RefreshViews`: what a change in one of the lists costs.
+void RotateAndRefresh(Velorix& velorix);
+
+/// The lists `cboCoor(1)` to `(3)`; `index` from 0. The third sets the pair of tectonic flags.
+void ChooseCoorSys(Velorix& velorix, int index);
+void ChooseTectoPlane(Velorix& velorix, int index);
+void ChooseTectoAxis(Velorix& velorix, int index);
+/// The lists `odclFoli`, `odclLine`; `index` from 0.
+void ChooseFoliation(Velorix& velorix, int index);
+void ChooseLineation(Velorix& velorix, int index);
+/// The check lists `lstFoli`, `lstLine`: entry `index` is shown on the net or not.
+void ShowFoliation(Velorix& velorix, int index, bool shown);
+void ShowLineation(Velorix& velorix, int index, bool shown);
+
+/// A change of the grid's selection: `Selected` is cleared on all records and set on those whose
+/// `RecordNo` is in `ids`; then all plots are drawn.
+void SelectRecords(Velorix& velorix, const std::vector<int>& ids);
+
+/// The main window's caption for the open file.
+void DisplayFormCaption(Velorix& velorix);
+
+/// The entries of the lists filled at load, each in the order of its session values.
+inline constexpr const char* CoorSysNames[] = {"SPEC", "GEO", "PALEO", "TECTO"};
+inline constexpr const char* TectoPlaneNames[] = {"Horizontal", "Vertical"};
+inline constexpr const char* TectoAxisNames[] = {"North", "North-South", "East", "East-West"};
+inline constexpr const char* Plot1Names[] = {"Km-P",     "Km-Pj",   "Km-T", "Km-U", "LogKm-P",
+                                             "LogKm-Pj", "LogKm-T", "H-Km", "H-P",  "H-T"};
+inline constexpr const char* Plot2Names[] = {"P-T", "Pj-T", "F-L", "P-U", "Pj-U", "lnF-lnL"};
+
+/// Position of the session's pair of tectonic flags in `TectoAxisNames`, from 0.
+int TectoAxisIndex(const Session& session);
+
+/// `path` shortened to at most `room` characters: folders in its middle become "...", the file's
+/// name stays as long as it fits.
+std::string CompactPath(const std::string& path, int room);
+
+}  // namespace velorix

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+namespace velorix {
+
+/// What the program tells its windows; `platform/` fulfils it. No view decides anything: each looks
+/// at the `Velorix` object it was made with.
+struct Views {
+  virtual ~Views() = default;
+  /// The main window's caption, and how many characters of a path have room in it.
+  virtual void SetCaption(const std::string& caption) = 0;
+  virtual int CaptionRoom() = 0;
+  /// Check marks of menu and tool bar and the positions of the coordinate lists follow the session.
+  virtual void ShowChoices() = 0;
+  /// The foliation and lineation lists have changed.
+  virtual void ShowCodeLists() = 0;
+  /// The header of the record grid has changed.
+  virtual void ShowGridHeader() = 0;
+  /// The record grid is filled from the store again, selected rows with it.
+  virtual void FillGrid() = 0;
+  /// The stereonet is drawn again.
+  virtual void RedrawStereo() = 0;
+  virtual void ShowAbout() = 0;
+  /// Asks the main window to close, which asks the exit question.
+  virtual void Exit() = 0;
+  /// A line of the status bar, for a short time.
+  virtual void ShowStatus(const std::string& text) = 0;
+};
+
+}  // namespace velorix
