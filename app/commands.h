@@ -37,7 +37,7 @@ std::span<const Command> Commands();
 /// The command with this name; a programming fault when there is none.
 const Command& CommandNamed(const std::string& name);
 
-/// Runs a menu item: its routine under `Guarded`.
+/// Runs a menu item: its routine under `Guarded`, and `DisplayData` behind a choice of view.
 void RunMenu(Velorix& velorix, const Command& command);
 /// Runs a tool-bar button: its routine, then `DisplayData` with the lists reset, whatever the
 /// button.

@@ -1,0 +1,242 @@
+#include "app/commands.h"
+
+#include <cassert>
+#include <exception>
+#include <filesystem>
+
+#include "app/display.h"
+#include "app/open_flow.h"
+#include "app/save.h"
+#include "tensor/derivation.h"
+#include "tensor/kernel.h"
+#include "tensor/rotations.h"
+#include "text/paths.h"
+
+namespace velorix {
+namespace {
+
+void ShowStore(Velorix& v) {
+  DisplayData(v, true);
+  DisplayFormCaption(v);
+}
+
+void New(Velorix& v) {
+  if (OpenDataFiles(v, "New", false)) ShowStore(v);
+}
+void Open(Velorix& v) {
+  if (OpenDataFiles(v, "Open", true)) ShowStore(v);
+}
+void Previous(Velorix& v) {
+  OpenPrevious(v);
+  ShowStore(v);
+}
+void Next(Velorix& v) {
+  OpenNext(v);
+  ShowStore(v);
+}
+void Reload(Velorix& v) {
+  ReloadFile(v);
+  ShowStore(v);
+}
+
+template <std::int16_t Block>
+void SetBlock(Velorix& v) {
+  v.Session.ReImMode = Block;
+}
+template <std::int16_t System>
+void SetSystem(Velorix& v) {
+  v.Session.CoorSys = System;
+}
+template <std::int16_t Plane>
+void SetPlane(Velorix& v) {
+  v.Session.TectoPlane = Plane;
+}
+template <void (*Change)(RecordArray&)>
+void Select(Velorix& v) {
+  Change(v.Session.Records);
+  DisplayData(v, false);
+}
+
+template <std::int16_t Block>
+bool IsBlock(const Velorix& v) {
+  return v.Session.ReImMode == Block;
+}
+template <std::int16_t System>
+bool IsSystem(const Velorix& v) {
+  return v.Session.CoorSys == System;
+}
+template <std::int16_t Plane>
+bool IsPlane(const Velorix& v) {
+  return v.Session.TectoPlane == Plane;
+}
+
+void Rotate(Velorix& v) {
+  v.Dialogs.Ask(ProgramTitle, "Rotate", {"&OK"});
+  RotateAllNinety(v);
+}
+
+/// M = R M' R transposed for a tensor in its six numbers.
+void TurnTensor(const Matrix<3, 3>& rotation, Array1<Number, 6>& tensor) {
+  Vector<6> form;
+  for (int i = 1; i <= 6; ++i) form[i] = tensor[i];
+  Matrix<3, 3> matrix;
+  TensorForm(matrix, form, 0);
+  Mxabat(rotation, matrix, matrix);
+  TensorForm(matrix, form, 1);
+  for (int i = 1; i <= 6; ++i) tensor[i] = form[i];
+}
+
+constexpr auto Plain = Command::Plain;
+constexpr auto Check = Command::Check;
+constexpr auto Radio = Command::Radio;
+
+// clang-format off
+constexpr Menu MenuTable[] = {
+    {"mnuFile",       "File"},
+    {"mnuGraphics",   "Graphics"},
+    {"mnuEditt",      "Edit"},
+    {"mnuStatistics", "Analysis"},
+    {"mnuViewMain",   "View"},
+    {"mnuSelectionMain", "Selection"},
+    {"mnuSetting",    "Settings"},
+    {"mnuHelp",       "About"},
+};
+
+// Key spellings in the tips ("Crtl") are the program's own. Selection item 4 is a separator.
+constexpr Command CommandTable[] = {
+    // name, menu, caption, key, button, tip, icon, look, hidden, run, checked, separator before
+    {"mnuNew", "mnuFile", "New", "", 0, "", "", Plain, false, New, nullptr, false},
+    {"mnuOpen", "mnuFile", "Open", "Ctrl+O", 1, "Open Data File(s) [Crtl+O]", "open", Plain, false, Open, nullptr, false},
+    {"mnuOpenPrevious", "mnuFile", "Open Previous", "Ctrl+P", 2, "Open Previous Data File [Crtl+P]", "previous", Plain, false, Previous, nullptr, false},
+    {"mnuOpenNext", "mnuFile", "Open Next", "Ctrl+N", 3, "Open Next Data File [Crtl+N]", "next", Plain, false, Next, nullptr, false},
+    {"mnuReload", "mnuFile", "Reload", "Ctrl+R", 4, "Reload Current Data File [Crtl+R]", "reload", Plain, false, Reload, nullptr, false},
+    {"mnuSave", "mnuFile", "Save", "", 0, "", "", Plain, true, SaveFile, nullptr, false},
+    {"mnuSaveAs", "mnuFile", "Save As", "Ctrl+S", 5, "Save Current Data File As [Crtl+S]", "save", Plain, false, SaveAs, nullptr, true},
+    {"mnuSaveSelectedAs", "mnuFile", "Save Select Record(s) As", "Ctrl+A", 6, "Save Selected Record(s) As [Crtl+A]", "save-selected", Plain, false, SaveSelectedAs, nullptr, false},
+    {"mnuExport", "mnuFile", "Export", "Ctrl+E", 7, "Export Data [Crtl+E]", "export", Plain, false, nullptr, nullptr, false},
+    {"mnuClose", "mnuFile", "Close", "Ctrl+X", 0, "", "", Plain, false, CloseFile, nullptr, true},
+    {"mnuExit", "mnuFile", "Exit Program", "Ctrl+Q", 0, "", "", Plain, false, [](Velorix& v) { v.Views.Exit(); }, nullptr, true},
+
+    {"mnuGraphicsCopy", "mnuGraphics", "Copy To Clipboard", "Ctrl+C", 9, "Copy Graphics To Clipboard [Crtl+C]", "copy-picture", Plain, false, nullptr, nullptr, false},
+    {"mnuGraphicsSave", "mnuGraphics", "Save To File", "Ctrl+F", 10, "Save Graphics To File [Crtl+F]", "save-picture", Plain, false, nullptr, nullptr, false},
+    {"mnuGraphicRedraw", "mnuGraphics", "Redraw", "", 0, "", "", Plain, true, AnisoView_DisplayAllPlots, nullptr, false},
+
+    {"mnuEdit(1)", "mnuEditt", "Edit Orientation Data", "F2", 12, "Edit Orientation Data [F2]", "edit-orientation", Check, false, nullptr, nullptr, false},
+    {"mnuEdit(2)", "mnuEditt", "Rotate Data", "", 0, "", "", Plain, true, nullptr, nullptr, false},
+
+    {"mnuAnalysis(1)", "mnuStatistics", "Group Statistics", "F9", 14, "Group Statistics [F9]", "statistics", Check, false, nullptr, nullptr, false},
+    {"mnuAnalysis(2)", "mnuStatistics", "Bootstrap Statistics", "F11", 0, "", "", Plain, true, nullptr, nullptr, false},
+    {"mnuAnalysis(3)", "mnuStatistics", "Contour Plot", "F12", 15, "Contour Plot [F12]", "contour", Check, false, nullptr, nullptr, false},
+    {"mnuAnalysis(4)", "mnuStatistics", "Calculate Field Independent Tensor", "Ctrl+I", 0, "", "", Plain, true, nullptr, nullptr, false},
+
+    {"mnuDataTable", "mnuViewMain", "Data Table", "F1", 17, "View Data Table [F1]", "table", Check, false, nullptr, nullptr, false},
+    {"mnuAnisoReIm(1)", "mnuViewMain", "Kre", "F3", 19, "Show In-Phase AMS [F3]", "kre", Radio, false, SetBlock<InPhase>, IsBlock<InPhase>, true},
+    {"mnuAnisoReIm(2)", "mnuViewMain", "Kim", "F4", 20, "Show Out-Of-Phase AMS [F4]", "kim", Radio, false, SetBlock<OutOfPhase>, IsBlock<OutOfPhase>, false},
+    {"mnuView(1)", "mnuViewMain", "Specimen", "F5", 22, "Specimen Coordinate System [F5]", "specimen", Radio, false, SetSystem<Specimen>, IsSystem<Specimen>, true},
+    {"mnuView(2)", "mnuViewMain", "Geographic", "F6", 23, "Geographic Coordinate System [F6]", "geographic", Radio, false, SetSystem<Geographic>, IsSystem<Geographic>, false},
+    {"mnuView(3)", "mnuViewMain", "Paleogeographic", "F7", 24, "Paleogeographic Coordinate System [F7]", "paleogeographic", Radio, false, SetSystem<Paleogeographic>, IsSystem<Paleogeographic>, false},
+    {"mnuView(4)", "mnuViewMain", "Tectonic", "F8", 25, "Tectonic Coordinate System [F8]", "tectonic", Radio, false, SetSystem<Tectonic>, IsSystem<Tectonic>, false},
+    {"tecto(1)", "", "", "", 27, "Paleohorizontal", "paleohorizontal", Radio, false, SetPlane<Horizontal>, IsPlane<Horizontal>, false},
+    {"tecto(2)", "", "", "", 28, "Paleovertical", "paleovertical", Radio, false, SetPlane<Vertical>, IsPlane<Vertical>, false},
+
+    {"mnuSelection(1)", "mnuSelectionMain", "Invert Selection", "Ctrl+Ins", 30, "Invert Selection [Ctrl + Ins]", "invert", Plain, false, Select<InvertSelection>, nullptr, false},
+    {"mnuSelection(2)", "mnuSelectionMain", "Disregard Selected Record(s)", "Del", 31, "Disregard Selected Record(s) [Del]", "disregard", Plain, false, Select<DisregardSelected>, nullptr, false},
+    {"mnuSelection(3)", "mnuSelectionMain", "Restore All Records", "Alt+Backspace", 32, "Restore All Records  [Alt + Bksp]", "restore", Plain, false, Select<RestoreAll>, nullptr, false},
+    {"mnuSelection(5)", "mnuSelectionMain", "Clear Selection", "Shift+Ctrl+F12", 33, "Clear Selection [Shift + Ctrl +F12]", "clear", Plain, false, Select<ClearSelection>, nullptr, true},
+    {"rotate", "", "", "", 35, "", "rotate", Plain, false, Rotate, nullptr, false},
+
+    {"mnuOPAR", "mnuSetting", "Orientation Parameters", "", 0, "", "", Plain, false, nullptr, nullptr, false},
+    {"mnuAnisoFac", "mnuSetting", "Anisotropy Quantitative Factors", "", 0, "", "", Plain, false, nullptr, nullptr, false},
+    {"mnuAbout", "mnuHelp", "About", "", 0, "", "", Plain, false, [](Velorix& v) { v.Views.ShowAbout(); }, nullptr, false},
+};
+// clang-format on
+
+/// What went wrong, in the host's words.
+std::string FailureText(std::exception_ptr failure) {
+  try {
+    std::rethrow_exception(failure);
+  } catch (const Fault& fault) {
+    const std::string source = fault.Source.empty() ? "" : fault.Source + ": ";
+    return source + fault.what();
+  } catch (const std::bad_alloc&) {
+    return "Out of memory";
+  } catch (const std::filesystem::filesystem_error& error) {
+    return Utf8Of(error.path1()) + "\n" + error.code().message();
+  } catch (const std::system_error& error) {
+    return error.code().message();
+  } catch (const std::exception& error) {
+    return error.what();
+  }
+}
+
+void ReportFailure(Velorix& velorix, const std::string& text) {
+  velorix.Log.DebugPrint("Error: " + text);
+  try {  // so that no view goes on showing what is no longer so
+    RefreshViews(velorix);
+    DisplayFormCaption(velorix);
+  } catch (const std::exception& error) {
+    velorix.Log.DebugPrint(std::string("Error while refreshing: ") + error.what());
+  }
+  velorix.Views.ShowStatus(text);
+  velorix.Dialogs.Ask(ProgramTitle, text, {"&OK"});
+}
+
+}  // namespace
+
+std::span<const Menu> Menus() { return MenuTable; }
+std::span<const Command> Commands() { return CommandTable; }
+
+const Command& CommandNamed(const std::string& name) {
+  for (const Command& command : CommandTable)
+    if (name == command.Name) return command;
+  assert(!"no command of this name");
+  FailSubscript();
+}
+
+bool Guarded(Velorix& velorix, const std::function<void()>& work) {
+  try {
+    work();
+    return true;
+  } catch (...) {
+    const std::string text = FailureText(std::current_exception());
+    ReportFailure(velorix, text);
+    return false;
+  }
+}
+
+void RunMenu(Velorix& velorix, const Command& command) {
+  if (!command.Run) return;
+  Guarded(velorix, [&] {
+    command.Run(velorix);
+    if (command.Look == Command::Radio) DisplayData(velorix, true);
+  });
+}
+
+void RunButton(Velorix& velorix, const Command& command) {
+  if (!command.Run) return;
+  if (Guarded(velorix, [&] { command.Run(velorix); }))
+    Guarded(velorix, [&] { DisplayData(velorix, true); });
+}
+
+void CloseFile(Velorix& velorix) {
+  velorix.Session.CurrentFile.clear();
+  velorix.Session.CurrentFileBase.clear();
+  ClearStore(velorix.Session);
+  velorix.Session.OpenFiles.clear();
+  DisplayFormCaption(velorix);
+  DisplayData(velorix, true);
+}
+
+void RotateAllNinety(Velorix& velorix) {
+  const Matrix<3, 3> rotation = VerticalRotation(90);
+  for (SpecimenRecord& record : velorix.Session.Records) {
+    TurnTensor(rotation, record.Tensor);
+    TurnTensor(rotation, record.TensorIm);
+  }
+}
+
+bool ConfirmExit(Velorix& velorix) {
+  return velorix.Dialogs.Ask(ProgramTitle, "EXIT PROGRAM?", {"&Yes", "&No"}) == 0;
+}
+
+}  // namespace velorix

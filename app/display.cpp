@@ -1,0 +1,140 @@
+#include "app/display.h"
+
+#include <algorithm>
+#include <array>
+
+#include "tensor/derivation.h"
+
+namespace velorix {
+namespace {
+
+/// Item data of the codes that came from data files.
+constexpr int FromData = 1;
+
+void ResetLists(CodeLists& lists) {
+  for (CodeList* list : {&lists.lstFoli, &lists.lstLine, &lists.odclFoli, &lists.odclLine})
+    list->Remove(FromData);
+}
+
+void ShowSelectedCodes(Velorix& velorix) {
+  velorix.Stereo.lstFoli = velorix.Lists.lstFoli.SelectedCodes();
+  velorix.Stereo.lstLine = velorix.Lists.lstLine.SelectedCodes();
+}
+
+/// Position of `path`'s last separator, or npos.
+std::size_t LastSeparator(const std::string& path) { return path.find_last_of("/\\"); }
+
+}  // namespace
+
+void DisplayData(Velorix& velorix, bool resetLists) {
+  Session& session = velorix.Session;
+  if (resetLists) ResetLists(velorix.Lists);
+  for (const SpecimenRecord& record : session.Records) {
+    ListAddCodes(velorix.Lists, record, FromData);
+    ComboAddCodes(velorix.Lists, record, FromData, session.FoliCode, session.LineCode);
+  }
+  ShowSelectedCodes(velorix);
+  velorix.Views.ShowCodeLists();
+
+  const View view = ViewOf(session);
+  for (SpecimenRecord& record : session.Records) {
+    if (!record.HasCoor[session.CoorSys] || !record.Active) continue;
+    DeriveFactors(record, session.Settings.FacIndex, session.ReImMode);
+    RotateRecord(record, view);
+  }
+  RefreshViews(velorix);
+}
+
+void RefreshViews(Velorix& velorix) {
+  velorix.Views.ShowChoices();
+  velorix.Views.FillGrid();
+  AnisoView_DisplayAllPlots(velorix);
+}
+
+void AnisoView_DisplayAllPlots(Velorix& velorix) { velorix.Views.RedrawStereo(); }
+
+void RotateAndRefresh(Velorix& velorix) {
+  const View view = ViewOf(velorix.Session);
+  for (SpecimenRecord& record : velorix.Session.Records)
+    if (record.HasCoor[velorix.Session.CoorSys]) RotateRecord(record, view);
+  RefreshViews(velorix);
+}
+
+void ChooseCoorSys(Velorix& velorix, int index) {
+  velorix.Session.CoorSys = static_cast<std::int16_t>(index + 1);
+  RotateAndRefresh(velorix);
+}
+
+void ChooseTectoPlane(Velorix& velorix, int index) {
+  velorix.Session.TectoPlane = static_cast<std::int16_t>(index + 1);
+  RotateAndRefresh(velorix);
+}
+
+void ChooseTectoAxis(Velorix& velorix, int index) {
+  velorix.Session.TectoNorthSouth = index % 2 == 1;
+  velorix.Session.TectoEastWest = index >= 2;
+  RotateAndRefresh(velorix);
+}
+
+void ChooseFoliation(Velorix& velorix, int index) {
+  velorix.Lists.odclFoli.ListIndex = index;
+  velorix.Session.FoliCode = velorix.Lists.odclFoli.Text();
+  RotateAndRefresh(velorix);
+}
+
+void ChooseLineation(Velorix& velorix, int index) {
+  velorix.Lists.odclLine.ListIndex = index;
+  velorix.Session.LineCode = velorix.Lists.odclLine.Text();
+  RotateAndRefresh(velorix);
+}
+
+void ShowFoliation(Velorix& velorix, int index, bool shown) {
+  velorix.Lists.lstFoli.Entries[static_cast<std::size_t>(index)].Selected = shown;
+  ShowSelectedCodes(velorix);
+  velorix.Views.RedrawStereo();
+}
+
+void ShowLineation(Velorix& velorix, int index, bool shown) {
+  velorix.Lists.lstLine.Entries[static_cast<std::size_t>(index)].Selected = shown;
+  ShowSelectedCodes(velorix);
+  velorix.Views.RedrawStereo();
+}
+
+void SelectRecords(Velorix& velorix, const std::vector<int>& ids) {
+  RecordArray& records = velorix.Session.Records;
+  ClearSelection(records);
+  for (int id : ids)  // record numbers are the records' indices
+    if (id >= 1 && id <= records.Count()) records[id].Selected = true;
+  AnisoView_DisplayAllPlots(velorix);
+}
+
+int TectoAxisIndex(const Session& session) {
+  return (session.TectoEastWest ? 2 : 0) + (session.TectoNorthSouth ? 1 : 0);
+}
+
+std::string CompactPath(const std::string& path, int room) {
+  const auto length = [](const std::string& text) {  // characters, not bytes of UTF-8
+    return std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; });
+  };
+  if (length(path) <= room) return path;
+  std::size_t cut = LastSeparator(path);
+  if (cut == std::string::npos) return path;
+  const std::string name = path.substr(cut);
+  while (cut != std::string::npos) {
+    const std::string shorter = path.substr(0, cut) + path[cut] + "..." + name;
+    if (length(shorter) <= room) return shorter;
+    cut = cut == 0 ? std::string::npos : path.find_last_of("/\\", cut - 1);
+  }
+  return "..." + name;
+}
+
+void DisplayFormCaption(Velorix& velorix) {
+  const Session& session = velorix.Session;
+  std::string caption = ProgramTitle;
+  if (!session.CurrentFile.empty())
+    caption += " - [" + CompactPath(session.CurrentFile, velorix.Views.CaptionRoom()) +
+               "]     (N = " + std::to_string(session.RecordCount()) + ")";
+  velorix.Views.SetCaption(caption);
+}
+
+}  // namespace velorix

@@ -1,0 +1,67 @@
+#include "app/save.h"
+
+#include <filesystem>
+
+#include "datafiles/ams_file.h"
+#include "text/paths.h"
+
+namespace velorix {
+namespace {
+
+constexpr char Title[] = "Save Record(s) As";
+constexpr char SelectedTitle[] = "Save Selected Record(s) As";
+
+Outcome WriteAms(const std::string& path, const RecordArray& records, bool all) {
+  return WriteAmsFile(path, records, false, all);
+}
+
+Outcome WriteLater(const std::string& path, const RecordArray&, bool) {
+  return Outcome::Refused(Title, path + "\nThis version cannot write files of this type yet.");
+}
+
+struct SaveFilter {
+  const char* Text;
+  Outcome (*Write)(const std::string& path, const RecordArray& records, bool all);
+};
+
+// clang-format off
+constexpr SaveFilter Filters[] = {
+    {"AMS file (*.ams)|*.ams|", WriteAms},
+    {"RAN file (*.ran)|*.ran|", WriteLater},
+};
+// clang-format on
+
+/// Shows what a writer refused, if it has something to say.
+void Report(Velorix& velorix, const Outcome& outcome) {
+  if (!outcome && !outcome.Text.empty()) velorix.Dialogs.Ask(outcome.Title, outcome.Text, {"&OK"});
+}
+
+void AskAndSave(Velorix& velorix, const char* title, bool all) {
+  FileQuestion question;
+  question.Title = title;
+  question.Folder = velorix.Session.DataFolder;
+  question.DefaultName = BaseName(velorix.Session.CurrentFile);
+  for (const SaveFilter& filter : Filters) question.Filter += filter.Text;
+  for (;;) {
+    const auto answer = velorix.Dialogs.ShowSave(question);
+    if (!answer) return;
+    if (std::filesystem::exists(PathOf(answer->Filename)) &&
+        velorix.Dialogs.Ask(title, "This file already exists.\nOverwrite existing file?",
+                            {"&Yes", "&No"}, 1) != 0)
+      continue;
+    const std::size_t filter = answer->FilterIndex == 2 ? 1 : 0;
+    Report(velorix, Filters[filter].Write(answer->Filename, velorix.Session.Records, all));
+    return;
+  }
+}
+
+}  // namespace
+
+void SaveAs(Velorix& velorix) { AskAndSave(velorix, Title, true); }
+void SaveSelectedAs(Velorix& velorix) { AskAndSave(velorix, SelectedTitle, false); }
+
+void SaveFile(Velorix& velorix) {
+  Report(velorix, WriteLater(velorix.Session.CurrentFile, velorix.Session.Records, true));
+}
+
+}  // namespace velorix
