@@ -1,0 +1,268 @@
+#include "app/display.h"
+
+#include <cmath>
+#include <limits>
+
+#include "app/record_grid.h"
+#include "app/save.h"
+#include "tests/app/script.h"
+
+namespace velorix {
+namespace {
+
+class Display : public ProgramTest {
+ protected:
+  void Fill(std::initializer_list<SpecimenRecord> list) {
+    RecordArray records;
+    for (const SpecimenRecord& record : list) records.Add(record);
+    ReplaceStore(Program.Session, records);
+    DisplayData(Program, true);
+  }
+  static SpecimenRecord Coded(const std::string& foliation, const std::string& lineation) {
+    SpecimenRecord r = Record(foliation + lineation);
+    r.HasCoor[3] = r.HasCoor[4] = true;
+    r.FoliName[1] = foliation;
+    r.FoliAz[1] = 120;
+    r.FoliDip[1] = 40;
+    r.LineName[1] = lineation;
+    r.LineTrend[1] = 200;
+    r.LinePlunge[1] = 10;
+    return r;
+  }
+  int Shown() const {
+    int n = 0;
+    ForEachActive(Program.Session, [&](const SpecimenRecord&) { ++n; });
+    return n;
+  }
+  static std::string Codes(const CodeList& list) {
+    std::string text;
+    for (const CodeEntry& entry : list.Entries) text += entry.Text + " ";
+    return text;
+  }
+};
+
+TEST_F(Display, FillsTheCodeListsInOrderOfAppearanceInUpperCase) {
+  Fill({Coded("s1", "L1"), Coded("S0", ""), Coded("S1", "l2")});
+  EXPECT_EQ(Codes(Program.Lists.odclFoli), "S1 S0 ");
+  EXPECT_EQ(Codes(Program.Lists.lstFoli), "S1 S0 ");
+  EXPECT_EQ(Codes(Program.Lists.odclLine), "L1 L2 ");
+  EXPECT_EQ(Program.Session.FoliCode, "S1");
+  EXPECT_EQ(Program.Session.LineCode, "L1");
+  EXPECT_EQ(Program.Stereo.lstFoli, std::vector<std::string>{"S1"});
+  Menu("mnuView(3)");
+  // Record codes keep their case and are compared exactly: "s1" and "l2" are not found.
+  EXPECT_EQ(Shown(), 0);
+}
+
+TEST_F(Display, GivesTheLineationListZeroWhenTheFirstRecordHasNone) {
+  Fill({Coded("S", ""), Coded("S", "L")});
+  EXPECT_EQ(Codes(Program.Lists.odclLine), "0 L ");
+  EXPECT_EQ(Program.Session.LineCode, "0");
+  EXPECT_EQ(Codes(Program.Lists.lstLine), "L ");
+  Fill({Coded("S", "L")});  // a reset takes "0" away with the other codes of the data
+  EXPECT_EQ(Codes(Program.Lists.odclLine), "L ");
+  Fill({});
+  EXPECT_EQ(Codes(Program.Lists.odclLine), "");
+}
+
+TEST_F(Display, ResetsChosenCodesOnlyWhenAskedTo) {
+  Fill({Coded("S0", "L0"), Coded("S1", "L1")});
+  ChooseFoliation(Program, 1);
+  ChooseLineation(Program, 1);
+  DisplayData(Program, false);
+  EXPECT_EQ(Program.Session.FoliCode + Program.Session.LineCode, "S1L1");
+  Menu("mnuSelection(1)");
+  EXPECT_EQ(Program.Session.FoliCode, "S1");
+  Button("tecto(2)");  // every button resets the lists
+  EXPECT_EQ(Program.Session.FoliCode + Program.Session.LineCode, "S0L0");
+  EXPECT_EQ(Program.Session.TectoPlane, Vertical);
+}
+
+TEST_F(Display, ShowsARecordOnlyInTheSystemsItReaches) {
+  SpecimenRecord bare = Record("bare");
+  bare.HasCoor[2] = false;
+  SpecimenRecord both = Coded("S", "L");
+  both.HasIm = true;
+  both.TensorIm = both.Tensor;
+  Fill({bare, Record("oriented"), both});
+  const struct {
+    const char* menu;
+    int shown;
+  } cases[] = {{"mnuView(1)", 3},      {"mnuView(2)", 2}, {"mnuView(3)", 1},     {"mnuView(4)", 1},
+               {"mnuAnisoReIm(2)", 1}, {"mnuView(2)", 1}, {"mnuAnisoReIm(1)", 2}};
+  for (const auto& c : cases) {
+    Menu(c.menu);
+    EXPECT_EQ(Shown(), c.shown) << c.menu;
+    EXPECT_TRUE(CommandNamed(c.menu).Checked(Program)) << c.menu;
+  }
+}
+
+TEST_F(Display, TheListsRotateDisregardedRecordsTooButLeaveFactorsAlone) {
+  Fill({Record("a"), Record("b")});
+  Program.Session.Records[2].Selected = true;
+  Menu("mnuSelection(2)");
+  EXPECT_EQ(Shown(), 1);
+  const Number geographic = Program.Session.Records[2].Dec[1];
+  Program.Session.Records[1].Fac[1] = 77;
+  ChooseCoorSys(Program, 0);
+  EXPECT_EQ(Program.Session.CoorSys, Specimen);
+  EXPECT_NE(Program.Session.Records[2].Dec[1], geographic);
+  EXPECT_EQ(Program.Session.Records[1].Fac[1], 77);
+  Menu("mnuSelection(3)");
+  EXPECT_EQ(Shown(), 2);
+  EXPECT_NE(Program.Session.Records[1].Fac[1], 77);
+}
+
+TEST_F(Display, TheAxisListSetsThePairOfFlags) {
+  for (int index = 0; index < 4; ++index) {
+    ChooseTectoAxis(Program, index);
+    EXPECT_EQ(TectoAxisIndex(Program.Session), index);
+    const std::string name = TectoAxisNames[index];
+    EXPECT_EQ(Program.Session.TectoEastWest, name.starts_with("East"));
+    EXPECT_EQ(Program.Session.TectoNorthSouth, name.find('-') != std::string::npos);
+  }
+}
+
+TEST_F(Display, SelectionCommandsActOnTheFlagsAndTheGridSetsThem) {
+  Fill({Record("a"), Record("b"), Record("c")});
+  SelectRecords(Program, {1, 3, 99, 0});
+  Menu("mnuSelection(1)");
+  EXPECT_TRUE(Program.Session.Records[2].Selected);
+  EXPECT_FALSE(Program.Session.Records[1].Selected);
+  Menu("mnuSelection(5)");
+  EXPECT_FALSE(Program.Session.Records[2].Selected);
+}
+
+TEST_F(Display, TheGridShowsEachNumberInItsOwnWidthAndNothingForNoNumber) {
+  SpecimenRecord r = Record("x");
+  r.RecordNo = 7;
+  r.Field = 12.3f;
+  r.Km = 0.1;
+  r.KmIm = 0.000015;
+  r.Fac[8] = 1e9f;
+  r.E[2] = 1.5f;
+  r.EIm[2] = std::numeric_limits<float>::quiet_NaN();
+  r.Dec[1] = 12.300000190734863;
+  r.Inc[1] = std::numeric_limits<double>::infinity();
+  const struct {
+    int column;
+    const char *header, *kre, *kim;
+  } cases[] = {
+      {1, "ID", "7", "7"},          {2, "Specimen", "x", "x"},
+      {3, "Field", "12.3", "12.3"}, {5, "Kmean", "0.1", "1.5E-05"},
+      {13, "E", "1E+09", "1E+09"},  {14, "Kmax_Dec", "12.300000190734863", "12.300000190734863"},
+      {15, "Kmax_Inc", "", ""},     {23, "E12", "1.5", ""},
+      {25, "E13", "0", "0"}};
+  for (const auto& c : cases) {
+    EXPECT_EQ(GridHeader(c.column, Program.Session.Settings), c.header);
+    EXPECT_EQ(GridCell(c.column, r, InPhase), c.kre) << c.header;
+    EXPECT_EQ(GridCell(c.column, r, OutOfPhase), c.kim) << c.header;
+  }
+}
+
+TEST_F(Display, SurvivesRecordsWithoutNumbers) {
+  SpecimenRecord bad = Coded("S", "L");
+  const float values[] = {std::nanf(""), std::numeric_limits<float>::infinity(), 3e38f};
+  RecordArray records;
+  for (float value : values)
+    for (int slot = 1; slot <= 6; ++slot) {
+      bad.Tensor = {};
+      bad.Tensor[slot] = value;
+      records.Add(bad);
+    }
+  records.Add(Coded("S", "L"));
+  ReplaceStore(Program.Session, records);
+  for (const char* view : {"mnuView(1)", "mnuView(2)", "mnuView(3)", "mnuView(4)"}) {
+    Menu(view);
+    EXPECT_TRUE(std::isfinite(Program.Session.Records[19].Dec[1])) << view;
+  }
+  EXPECT_TRUE(Asked.Boxes.empty());
+}
+
+TEST_F(Display, SavesUnderANewNameAndAsksBeforeItOverwrites) {
+  OpenFile(WriteFile("a", 3));
+  Asked.Files = {FileAnswer{Path("copy.ams"), 1}};
+  Menu("mnuSaveAs");
+  EXPECT_EQ(Asked.FileQuestions.back().DefaultName, "a");
+  EXPECT_EQ(Asked.FileQuestions.back().Filter, "AMS file (*.ams)|*.ams|RAN file (*.ran)|*.ran|");
+  EXPECT_EQ(std::filesystem::file_size(Folder / "copy.ams"), 3u * 640);
+
+  SelectRecords(Program, {2});
+  Asked.Buttons = {1, 0};  // "&No" shows the dialog again
+  Asked.Files = {FileAnswer{Path("copy.ams"), 1}, FileAnswer{Path("copy.ams"), 1}};
+  Menu("mnuSaveSelectedAs");
+  EXPECT_EQ(Asked.Boxes.back(),
+            "Save Selected Record(s) As|This file already exists.\nOverwrite existing file?|"
+            "&Yes|&No");
+  EXPECT_EQ(std::filesystem::file_size(Folder / "copy.ams"), 640u);
+
+  Asked.Files = {FileAnswer{Path("no/such/folder/x.ams"), 1}};
+  Menu("mnuSaveAs");
+  EXPECT_TRUE(Asked.Boxes.back().starts_with("Velorix5|")) << Asked.Boxes.back();
+  EXPECT_EQ(Program.Session.RecordCount(), 3);
+}
+
+TEST_F(Display, CloseEmptiesTheStoreAndKeepsTheView) {
+  OpenFile(WriteFile("a", 3));
+  Menu("mnuView(1)");
+  Menu("mnuClose");
+  EXPECT_EQ(Program.Session.RecordCount(), 0);
+  EXPECT_EQ(Seen.Caption, "Velorix5");
+  EXPECT_EQ(Program.Session.CoorSys, Specimen);
+  Menu("mnuReload");
+  EXPECT_EQ(Program.Session.RecordCount(), 0);
+  Menu("mnuOpenNext");  // the folder is remembered
+  EXPECT_EQ(Program.Session.RecordCount(), 3);
+}
+
+TEST_F(Display, RotateTurnsEveryTensorByNinetyDegrees) {
+  Fill({Record("a")});
+  const Array1<Number, 6> before = Program.Session.Records[1].Tensor;
+  Button("rotate");
+  EXPECT_EQ(Asked.Boxes, std::vector<std::string>{"Velorix5|Rotate|&OK"});
+  const Array1<Number, 6>& after = Program.Session.Records[1].Tensor;
+  EXPECT_NEAR(after[1], before[2], 1e-6);  // north took east's place
+  EXPECT_NEAR(after[2], before[1], 1e-6);
+  EXPECT_NEAR(after[4], -before[4], 1e-6);
+  EXPECT_NEAR(after[5], before[6], 1e-6);
+}
+
+TEST_F(Display, AFailureInACommandIsToldAndTheViewsFollowTheStore) {
+  const int grids = Seen.Grids;
+  EXPECT_FALSE(Guarded(Program, [] { FailKernel("Sub Mxmpy", "Dimension mismatch"); }));
+  EXPECT_EQ(Asked.Boxes.back(), "Velorix5|Sub Mxmpy: Dimension mismatch|&OK");
+  EXPECT_EQ(Seen.Status, "Sub Mxmpy: Dimension mismatch");
+  EXPECT_EQ(Seen.Grids, grids + 1);
+}
+
+TEST(CompactPath, ShortensTheFoldersAndKeepsTheName) {
+  const struct {
+    const char* path;
+    int room;
+    const char* wanted;
+  } cases[] = {{"/a/b.ams", 8, "/a/b.ams"},
+               {"/home/me/data/site/x.ams", 20, "/home/me/.../x.ams"},
+               {"/home/me/data/site/x.ams", 9, "/.../x.ams"},
+               {"/home/me/data/site/x.ams", 3, ".../x.ams"},
+               {"C:\\data\\žluť\\x.ams", 17, "C:\\data\\žluť\\x.ams"},
+               {"x.ams", 3, "x.ams"}};
+  for (const auto& c : cases) EXPECT_EQ(CompactPath(c.path, c.room), c.wanted) << c.path << c.room;
+}
+
+TEST(Commands, EveryKeyAndButtonIsUsedOnceAndEveryMenuExists) {
+  for (const Command& a : Commands()) {
+    EXPECT_EQ(&CommandNamed(a.Name), &a);
+    if (*a.Menu)
+      EXPECT_TRUE(std::any_of(Menus().begin(), Menus().end(), [&](const velorix::Menu& m) {
+        return std::string(m.Name) == a.Menu;
+      })) << a.Name;
+    for (const Command& b : Commands()) {
+      if (&a == &b) continue;
+      if (*a.Key) EXPECT_STRNE(a.Key, b.Key) << a.Name << b.Name;
+      if (a.Button) EXPECT_NE(a.Button, b.Button) << a.Name << b.Name;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace velorix

@@ -1,0 +1,198 @@
+#include "app/open_flow.h"
+
+#include <algorithm>
+#include <fstream>
+
+#include "tests/app/script.h"
+
+namespace velorix {
+namespace {
+
+class OpenFlow : public ProgramTest {};
+
+TEST(SplitFileList, KnowsOnePathFromAFolderWithNames) {
+  using namespace std::string_literals;
+  const char sep = static_cast<char>(std::filesystem::path::preferred_separator);
+  const struct {
+    std::string text, folder;
+    std::vector<std::string> names;
+  } cases[] = {
+      {"/data/site one/a.ams", "/data/site one", {"a.ams"}},
+      {"/a.ams", "", {"a.ams"}},
+      {"/data\0a.ams\0b.ams\0"s, "/data", {"a.ams", "b.ams"}},
+      {"/data\0b.ams\0a.ams"s, "/data", {"b.ams", "a.ams"}},
+      {"/data"s + sep + "\0a.ams\0"s, "/data", {"a.ams"}},
+      {"/data/a.ams\0"s, "/data", {"a.ams"}},
+  };
+  for (const auto& c : cases) {
+    const FileList list = SplitFileList(c.text);
+    EXPECT_EQ(list.Folder, c.folder);
+    EXPECT_EQ(list.Names, c.names);
+    EXPECT_EQ(list.FirstName, c.names.front());
+  }
+}
+
+TEST(FilterOfExtension, TellsTheTextFormatByUpperCaseAlone) {
+  const struct {
+    const char* extension;
+    int filter;
+  } cases[] = {{"ams", 1}, {"Ams", 1}, {"AMS", 5}, {"ran", 2}, {"RAN", 2}, {"are", 3},
+               {"Asc", 4}, {"txt", 6}, {"TXT", 6}, {"", 0},    {"csv", 0}};
+  for (const auto& c : cases) EXPECT_EQ(FilterOfExtension(c.extension), c.filter) << c.extension;
+}
+
+TEST_F(OpenFlow, AsksWithTheFiltersInOrderAndTheLastFolder) {
+  OpenFile(WriteFile("a", 1));
+  Menu("mnuOpen");
+  ASSERT_EQ(Asked.FileQuestions.size(), 2u);
+  const FileQuestion& question = Asked.FileQuestions.back();
+  EXPECT_EQ(question.Title, "Open File(s)");
+  EXPECT_TRUE(question.Multi);
+  EXPECT_EQ(question.MaxFileSize, 32767);
+  EXPECT_EQ(PathOf(question.Folder), Folder);
+  EXPECT_EQ(question.Filter,
+            "AMS-file(s) (*.ams)|*.ams|RAN-file(s) (*.ran)|*.ran|ARE-file(s) (*.are)|*.are|"
+            "ASC-file(s) (*.asc)|*.asc|SI2B AMS-file(s) (*.AMS)|*.AMS|"
+            "AMSSpin-file(s) (*.txt)|*.txt");
+}
+
+TEST_F(OpenFlow, ConcatenatesSeveralFilesInTheDialogsOrder) {
+  WriteFile("a", 2);
+  WriteFile("b", 2);
+  OpenFile(Utf8Of(Folder) + '\0' + "b.ams" + '\0' + "a.ams" + '\0');
+  EXPECT_EQ(Names(), "b1 b2 a1 a2 ");
+  EXPECT_EQ(Program.Session.Records[3].RecordNo, 3);
+  EXPECT_EQ(Program.Session.CurrentFile, Path("b.ams"));
+  EXPECT_EQ(Program.Session.CurrentFileBase, Path("b"));
+  EXPECT_EQ(Program.Session.OpenFiles, (std::vector{Path("b.ams"), Path("a.ams")}));
+  EXPECT_EQ(Program.Session.FolderFiles, (std::vector<std::string>{"a.ams", "b.ams"}));
+  EXPECT_EQ(Program.Session.FolderFilePos, 2);
+  EXPECT_EQ(Seen.Caption, "Velorix5 - [" + Path("b.ams") + "]     (N = 4)");
+  Menu("mnuReload");
+  EXPECT_EQ(Names(), "b1 b2 a1 a2 ");
+}
+
+TEST_F(OpenFlow, LeavesTheSessionAsItWasWhenAnyFileIsRefused) {
+  OpenFile(WriteFile("a", 2));
+  std::ofstream(Folder / "empty.ams");
+  std::ofstream(Folder / "short.ams") << "short";
+  OpenFile(Utf8Of(Folder) + '\0' + "a.ams" + '\0' + "empty.ams" + '\0');
+  ASSERT_EQ(Asked.Boxes.size(), 1u);
+  EXPECT_TRUE(Asked.Boxes[0].starts_with("Input error!|File <<")) << Asked.Boxes[0];
+  EXPECT_TRUE(Asked.Boxes[0].ends_with("EMPTY.AMS>> is empty!|&OK")) << Asked.Boxes[0];
+  OpenFile(Path("short.ams"));
+  EXPECT_EQ(Asked.Boxes.size(), 1u);  // refused without a word
+  for (int filter = 2; filter <= 6; ++filter) {
+    OpenFile(Path("a.ams"), filter);
+    EXPECT_EQ(Asked.Boxes.size(), static_cast<std::size_t>(filter));
+  }
+  OpenFile(Utf8Of(Folder));  // a folder is no file: asked again, and cancelled
+  EXPECT_EQ(Names(), "a1 a2 ");
+  EXPECT_EQ(Program.Session.CurrentFile, Path("a.ams"));
+  EXPECT_EQ(Program.Session.OpenFiles.size(), 1u);
+  EXPECT_EQ(Program.Session.CurrentFilter, 1);
+}
+
+TEST_F(OpenFlow, RefusesMoreThan32767RecordsWithOverflow) {
+  const std::string big = WriteFile("big", 20000);
+  OpenFile(WriteFile("a", 1));
+  OpenFile(Utf8Of(Folder) + '\0' + "big.ams" + '\0' + "big.ams" + '\0');
+  ASSERT_EQ(Asked.Boxes.size(), 1u);
+  EXPECT_EQ(Asked.Boxes[0], "Velorix5|Overflow|&OK");
+  EXPECT_EQ(Names(), "a1 ");
+  OpenFile(big);
+  EXPECT_EQ(Program.Session.RecordCount(), 20000);
+}
+
+TEST_F(OpenFlow, AsksAgainForAFileThatIsNotThere) {
+  WriteFile("a", 1);
+  Asked.Files.push_back(FileAnswer{Path("gone.ams"), 1});
+  OpenFile(Path("a.ams"));
+  EXPECT_EQ(Asked.Boxes,
+            std::vector<std::string>{"Open File(s)|gone.ams\nThis file does not exist.|&Retry"});
+  EXPECT_EQ(Names(), "a1 ");
+}
+
+TEST_F(OpenFlow, NewTakesTheNameOfAFileThatIsNotThereAndReadsOneThatIs) {
+  OpenFile(WriteFile("a", 1));
+  Asked.Files.push_back(FileAnswer{Path("new.ams"), 1});
+  Menu("mnuNew");
+  EXPECT_EQ(Asked.FileQuestions.back().Title, "New File");
+  EXPECT_FALSE(Asked.FileQuestions.back().Multi);
+  EXPECT_EQ(Asked.FileQuestions.back().MaxFileSize, 2048);
+  EXPECT_EQ(Names(), "a1 ");
+  EXPECT_EQ(Program.Session.CurrentFile, Path("new.ams"));
+
+  WriteFile("b", 2);
+  const std::string question =
+      "New File|b.ams\nThis file already exists.\nAppend to existing file?|&Yes|&No";
+  Asked.Buttons = {1};  // "&No": asked again, and cancelled
+  Asked.Files = {FileAnswer{Path("b.ams"), 1}};
+  Menu("mnuNew");
+  EXPECT_EQ(Names(), "a1 ");
+  Asked.Files = {FileAnswer{Path("b.ams"), 1}};
+  Menu("mnuNew");
+  EXPECT_EQ(Names(), "b1 b2 ");
+  EXPECT_EQ(Asked.Boxes, (std::vector{question, question}));
+}
+
+TEST_F(OpenFlow, StepsRoundTheFolderAndReloadsInPhaseOnly) {
+  Menu("mnuOpenNext");  // nothing was opened yet: nothing to do
+  Menu("mnuOpenPrevious");
+  EXPECT_EQ(Program.Session.RecordCount(), 0);
+  WriteFile("a", 1);
+  WriteFile("b", 2);
+  WriteFile("c", 3);
+  OpenFile(Path("a.ams"));
+  Menu("mnuOpenPrevious");
+  EXPECT_EQ(Names(), "c1 c2 c3 ");
+  Menu("mnuOpenNext");
+  Menu("mnuOpenNext");
+  EXPECT_EQ(Names(), "b1 b2 ");
+  EXPECT_EQ(Program.Session.CurrentFileBase, Path("b"));
+
+  RecordArray records;
+  records.Add(Record("both"));
+  records[1].TensorIm[1] = 0.5f;
+  records.Add(Record("none"));
+  records[2].Tensor = {};
+  ASSERT_TRUE(WriteAmsFile(Path("d.ams"), records, false, true));
+  OpenFile(Path("d.ams"));
+  EXPECT_TRUE(Program.Session.Records[1].HasIm);
+  EXPECT_TRUE(Program.Session.Records[2].Active);
+  Button("mnuReload");
+  EXPECT_FALSE(Program.Session.Records[1].HasIm);
+  EXPECT_FALSE(Program.Session.Records[2].Active);
+}
+
+TEST_F(OpenFlow, KeepsTheMovedNameWhenTheNextFileVanished) {
+  WriteFile("a", 1);
+  const std::string b = WriteFile("b", 2);
+  OpenFile(Path("a.ams"));
+  std::filesystem::remove(PathOf(b));
+  Menu("mnuOpenNext");
+  EXPECT_EQ(Asked.Boxes.size(), 1u);  // the system's message
+  EXPECT_EQ(Names(), "a1 ");
+  EXPECT_EQ(Program.Session.CurrentFile, b);
+  EXPECT_EQ(Program.Session.FolderFilePos, 2);
+}
+
+TEST_F(OpenFlow, OpensDroppedFilesByTheExtensionOfTheFirst) {
+  WriteFile("a", 1);
+  std::filesystem::create_directories(Folder / "sub");
+  std::filesystem::rename(PathOf(WriteFile("b", 2)), Folder / "sub" / "b.ams");
+  EXPECT_TRUE(OpenDroppedFiles(Program, {Path("a.ams"), Path("sub/b.ams")}));
+  EXPECT_EQ(Names(), "a1 b1 b2 ");
+  EXPECT_FALSE(OpenDroppedFiles(Program, {Path("picture.png")}));
+  EXPECT_EQ(Asked.Boxes.size(), 1u);
+  EXPECT_EQ(Names(), "a1 b1 b2 ");
+}
+
+TEST_F(OpenFlow, NamesNeedNotBeAscii) {
+  OpenFile(WriteFile("Žulová-μ", 2));
+  EXPECT_EQ(Program.Session.RecordCount(), 2);
+  EXPECT_EQ(Program.Session.FolderFiles, std::vector<std::string>{"Žulová-μ.ams"});
+}
+
+}  // namespace
+}  // namespace velorix

@@ -1,0 +1,129 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "app/commands.h"
+#include "app/display.h"
+#include "app/velorix.h"
+#include "datafiles/ams_file.h"
+#include "text/paths.h"
+
+namespace velorix {
+
+/// Dialogs that answer from a script and keep what was asked.
+struct ScriptedDialogs : Dialogs {
+  std::deque<std::optional<FileAnswer>> Files;  // answers of the file dialogs, in order
+  std::deque<int> Buttons;                      // answers of the boxes; the first button when empty
+  std::vector<FileQuestion> FileQuestions;
+  std::vector<std::string> Boxes;  // "title|text|buttons"
+
+  std::optional<FileAnswer> Next(const FileQuestion& question) {
+    FileQuestions.push_back(question);
+    if (Files.empty()) return std::nullopt;
+    const auto answer = Files.front();
+    Files.pop_front();
+    return answer;
+  }
+  std::optional<FileAnswer> ShowOpen(const FileQuestion& question) override {
+    return Next(question);
+  }
+  std::optional<FileAnswer> ShowSave(const FileQuestion& question) override {
+    return Next(question);
+  }
+  int Ask(const std::string& title, const std::string& text,
+          const std::vector<std::string>& buttons, int) override {
+    std::string box = title + "|" + text;
+    for (const std::string& button : buttons) box += "|" + button;
+    Boxes.push_back(box);
+    if (Buttons.empty()) return 0;
+    const int answer = Buttons.front();
+    Buttons.pop_front();
+    return answer;
+  }
+};
+
+/// Views that keep the caption and count what was told.
+struct RecordedViews : Views {
+  std::string Caption, Status;
+  int Room = 200, Grids = 0, Stereos = 0, CodeListsShown = 0;
+
+  void SetCaption(const std::string& caption) override { Caption = caption; }
+  int CaptionRoom() override { return Room; }
+  void ShowChoices() override {}
+  void ShowCodeLists() override { ++CodeListsShown; }
+  void ShowGridHeader() override {}
+  void FillGrid() override { ++Grids; }
+  void RedrawStereo() override { ++Stereos; }
+  void ShowAbout() override {}
+  void Exit() override {}
+  void ShowStatus(const std::string& text) override { Status = text; }
+};
+
+/// A program without windows, with a folder of its own that goes with the test.
+class ProgramTest : public testing::Test {
+ protected:
+  ProgramTest() {
+    const auto* info = testing::UnitTest::GetInstance()->current_test_info();
+    Folder = std::filesystem::temp_directory_path() /
+             (std::string("velorix-") + info->test_suite_name() + "-" + info->name());
+    std::filesystem::remove_all(Folder);
+    std::filesystem::create_directories(Folder);
+  }
+  ~ProgramTest() override {
+    std::error_code ignored;
+    std::filesystem::remove_all(Folder, ignored);
+  }
+
+  std::string Path(const std::string& name) const { return Utf8Of(Folder / PathOf(name)); }
+
+  /// A record with a tensor, shown in the specimen and geographic systems.
+  static SpecimenRecord Record(const std::string& name) {
+    SpecimenRecord r;
+    r.Name = name;
+    r.Active = r.HasCoor[1] = r.HasCoor[2] = true;
+    r.OP = {6, 0, 6, 0};
+    const float tensor[] = {1.05f, 1.0f, 0.95f, 0.01f, 0.02f, -0.01f};
+    for (int i = 1; i <= 6; ++i) r.Tensor[i] = tensor[i - 1];
+    r.OrientAz = 40;
+    r.OrientInc = 20;
+    return r;
+  }
+  /// An AMS file with `count` records, "<name>1" and so on.
+  std::string WriteFile(const std::string& name, int count) const {
+    RecordArray records;
+    for (int i = 1; i <= count; ++i) records.Add(Record(name + std::to_string(i)));
+    EXPECT_TRUE(WriteAmsFile(Path(name + ".ams"), records, false, true));
+    return Path(name + ".ams");
+  }
+  void OpenFile(const std::string& path, int filter = 1) {
+    Asked.Files.push_back(FileAnswer{path, filter});
+    RunMenu(Program, CommandNamed("mnuOpen"));
+  }
+  void Menu(const char* name) { RunMenu(Program, CommandNamed(name)); }
+  void Button(const char* name) { RunButton(Program, CommandNamed(name)); }
+  std::string Names() const {
+    std::string names;
+    for (const SpecimenRecord& r : Program.Session.Records) names += r.Name + " ";
+    return names;
+  }
+
+  std::filesystem::path Folder;
+  ScriptedDialogs Asked;
+  RecordedViews Seen;
+  Velorix Program{Asked, Seen,
+                  Host{"", "", [](const std::string& folder, const std::string& extension) {
+                         std::vector<std::string> names;
+                         for (const auto& f : std::filesystem::directory_iterator(PathOf(folder)))
+                           if (ExtensionOf(Utf8Of(f.path())) == extension)
+                             names.push_back(Utf8Of(f.path().filename()));
+                         std::sort(names.begin(), names.end());
+                         return names;
+                       }}};
+};
+
+}  // namespace velorix
