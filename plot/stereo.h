@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "base/slots.h"
+#include "plot/net.h"
+#include "store/record_array.h"
+
+namespace velorix {
+
+/// What the controls of the stereonet's property frame decide, each under its control's name.
+/// The first picture shows the data and their mean with all three axes, legends on.
+struct StereoOptions {
+  Slots<bool, 0, 1> chkCaption = {true, true};  // 0 the caption blocks, 1 the legend
+  Array1<bool, 3> chkK = {true, true, true};    // Kmax, Kint, Kmin
+  bool chkData = true;
+  bool chkDataLines = false;
+  bool chkDataEllipses = false;
+  bool chkMean = true;
+  bool chkMeanEllipses = true;
+  Array1<bool, 3> chkGC;  // great circles perpendicular to Kmax, Kint, Kmin
+  bool chkBootStrap = false;
+  bool chkBootstrapEllips = false;
+  bool chkStereoColorCoding = false;
+  std::int16_t optStereoColorCoding = 0;   // the chosen one: 0 a ramp per axis, 1 one ramp
+  std::int16_t odclStereoColorCoding = 0;  // list index of the parameter
+  // 0 planes on: 1 great circle, 2 pole, 3 strike sticks; 4 lines on
+  Slots<bool, 0, 4> chkFoli = {false, true, true, false, false};
+  std::vector<std::string> lstFoli, lstLine;  // the selected codes, in list order
+
+  bool operator==(const StereoOptions&) const = default;
+};
+
+/// Where the view lies on its target and how large its symbols and letters are. The defaults are
+/// those of the screen; another target multiplies all of them by one factor.
+struct StereoGeometry {
+  double cx = 180, cy = 190, diameter = 310;
+  std::int16_t symbolSize = 9, fontHeight = 14;
+};
+
+/// The plane that holds all that `DrawStereo` draws with `options` in the screen's geometry.
+PlaneSize StereoPlane(const StereoOptions& options);
+
+/// Draws the stereo view of the records that the view shows (`IsShown`), layer upon layer. A symbol
+/// whose direction is not finite is left out; its record still counts in "N = ".
+void DrawStereo(const RecordArray& records, std::int16_t coorSys, Target& target,
+                const StereoGeometry& geometry, const StereoOptions& options,
+                std::int16_t reImMode);
+
+}  // namespace velorix

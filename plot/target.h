@@ -1,0 +1,88 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace velorix {
+
+/// 0x00BBGGRR: red in the low byte.
+using Colour = std::uint32_t;
+inline constexpr Colour Black = 0, White = 0xFFFFFF, Red = 255, Green = 65280, Blue = 0xFF0000,
+                        Yellow = 65535;
+
+enum PenStyle : std::int16_t { Solid, Dashed, Dotted, DashDot, DashDotDot, NoLine };
+
+/// Width in logical units.
+struct Pen {
+  std::int16_t style = Solid;
+  velorix::Colour colour = Black;
+  std::int16_t width = 1;
+  bool operator==(const Pen&) const = default;
+};
+
+/// What fills a shape: a colour, or nothing, which leaves it hollow.
+using Brush = std::optional<Colour>;
+inline constexpr std::nullopt_t NoBrush = std::nullopt;
+
+/// A point of the target's logical plane, x to the right, y downward.
+struct LogicalPoint {
+  std::int32_t x = 0, y = 0;
+  bool operator==(const LogicalPoint&) const = default;
+};
+
+/// A box by its upper left and lower right corners.
+struct LogicalBox {
+  std::int32_t left = 0, top = 0, right = 0, bottom = 0;
+  bool operator==(const LogicalBox&) const = default;
+};
+
+/// Width and height of a logical plane whose upper left corner is (0, 0).
+struct PlaneSize {
+  int width = 0, height = 0;
+  bool operator==(const PlaneSize&) const = default;
+};
+
+/// Where a text stands from its point: the sum of a horizontal and a vertical value.
+enum Alignment : int {
+  AlignLeft = 0,
+  AlignRight = 2,
+  AlignCentre = 6,
+  AlignTop = 0,
+  AlignBottom = 8,
+  AlignBaseline = 24,
+  LeftBaseline = AlignLeft + AlignBaseline,
+  RightBaseline = AlignRight + AlignBaseline,
+  CentreBaseline = AlignCentre + AlignBaseline,
+  CentreTop = AlignCentre + AlignTop,
+};
+
+/// `height` is that of the whole character cell, in logical units; `rotation` turns the text
+/// against the clock, in tenths of a degree, so that 900 reads upward.
+struct TextStyle {
+  std::int16_t height = 14;
+  velorix::Colour colour = Black;
+  int alignment = LeftBaseline;
+  int weight = 400;
+  int rotation = 0;
+  std::string font = "Arial";
+  bool operator==(const TextStyle&) const = default;
+};
+
+/// What everything is drawn on: a picture on the screen, an image, a page, a metafile, a recorder.
+/// No call leaves a pen, brush or font behind, so every call says all that it needs.
+struct Target {
+  virtual ~Target() = default;
+  /// Text and dashed lines paint no background from here on; a composition begins with it.
+  virtual void SetTransparent() = 0;
+  virtual void Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) = 0;
+  virtual void Polyline(std::span<const LogicalPoint> points, const Pen& pen) = 0;
+  virtual void Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) = 0;
+  virtual void Pixel(LogicalPoint point, Colour colour) = 0;
+  /// `text` is UTF-8.
+  virtual void Text(std::string_view text, LogicalPoint point, const TextStyle& style) = 0;
+};
+
+}  // namespace velorix
