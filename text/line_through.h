@@ -1,0 +1,15 @@
+#pragma once
+
+namespace velorix {
+
+/// y = Slope * x + Intercept.
+struct Line {
+  double Slope = 0, Intercept = 0;
+
+  bool operator==(const Line&) const = default;
+};
+
+/// The straight line through (x1, y1) and (x2, y2); "Division by zero" when x1 = x2.
+Line LineThrough(double x1, double y1, double x2, double y2);
+
+}  // namespace velorix
