@@ -1,0 +1,94 @@
+#include "platform/qt/picture_widget.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <cmath>
+#include <utility>
+
+namespace velorix {
+
+PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) {
+  setMouseTracking(true);
+  setAttribute(Qt::WA_OpaquePaintEvent);  // the picture covers all of the widget
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void PictureWidget::SetPicture(PlaneSize plane, DrawFunction draw) {
+  draw_ = std::move(draw);
+  Redraw();
+  SetPlane(plane);
+}
+
+void PictureWidget::SetPlane(PlaneSize plane) {
+  if (plane == plane_) return;
+  plane_ = plane;
+  updateGeometry();
+  Redraw();
+}
+
+void PictureWidget::Redraw() {
+  picture_ = QImage();
+  update();
+}
+
+void PictureWidget::SetOverlay(DrawFunction overlay) {
+  overlay_ = std::move(overlay);
+  update();
+}
+
+QSize PictureWidget::sizeHint() const { return {plane_.width, plane_.height}; }
+
+// Half the plane: letters can just be read.
+QSize PictureWidget::minimumSizeHint() const { return sizeHint() / 2; }
+
+/// Draws on the image, whose pixels are the target's for the time being.
+void PictureWidget::Compose(QImage& image, const DrawFunction& draw) {
+  const qreal ratio = image.devicePixelRatio();
+  image.setDevicePixelRatio(1);
+  {
+    QPainter painter(&image);
+    PainterTarget target(painter, FitPlane(plane_, image.size()));
+    try {
+      draw(target);
+    } catch (const Fault& fault) {
+      if (OnFault) OnFault(fault);
+    }
+  }
+  image.setDevicePixelRatio(ratio);
+}
+
+void PictureWidget::paintEvent(QPaintEvent*) {
+  const qreal ratio = devicePixelRatioF();
+  const QSize pixels(static_cast<int>(std::ceil(width() * ratio)),
+                     static_cast<int>(std::ceil(height() * ratio)));
+  if (picture_.size() != pixels || picture_.devicePixelRatio() != ratio) {
+    picture_ = QImage(pixels, QImage::Format_RGB32);
+    picture_.setDevicePixelRatio(ratio);
+    picture_.fill(Qt::white);
+    if (draw_) Compose(picture_, draw_);
+  }
+  QPainter painter(this);
+  if (overlay_) {
+    QImage both = picture_;
+    Compose(both, overlay_);
+    painter.drawImage(0, 0, both);
+  } else {
+    painter.drawImage(0, 0, picture_);
+  }
+}
+
+void PictureWidget::Report(const MouseFunction& function, const QMouseEvent& event) {
+  if (!function) return;
+  const QPointF p = FitPlane(plane_, size()).ToLogical(event.position());
+  function({p.x(), p.y(), event.button(), event.buttons(), event.modifiers()});
+}
+
+void PictureWidget::mousePressEvent(QMouseEvent* event) { Report(OnPress, *event); }
+void PictureWidget::mouseMoveEvent(QMouseEvent* event) { Report(OnMove, *event); }
+void PictureWidget::mouseReleaseEvent(QMouseEvent* event) { Report(OnRelease, *event); }
+
+void PictureWidget::leaveEvent(QEvent*) {
+  if (OnLeave) OnLeave();
+}
+
+}  // namespace velorix
