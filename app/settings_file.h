@@ -21,7 +21,8 @@ std::string SettingsText(const Settings& record);
 /// follows the 13th line is ignored.
 bool SettingsReadText(Settings& record, std::string_view bytes);
 
-/// `SettingsReadText` of the file at `path` (UTF-8); false also when it can't be read.
+/// `SettingsReadText` of the file at `path` (UTF-8), of which the first 65536 bytes are looked at;
+/// false also when it can't be read.
 bool SettingsRead(Settings& record, const std::string& path);
 
 /// Writes the file at `path`, by way of a new file beside it, so that either the old or the new one

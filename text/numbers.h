@@ -37,7 +37,7 @@ std::int16_t DigitsOfText(std::string_view text);
 /// another picture is "Invalid procedure call or argument".
 std::string FormatNumber(double value, std::string_view picture);
 
-/// A value as mantissa (1 <= |Mantissa| < 10, or 0) and power of ten.
+/// A value as mantissa (1 <= |Mantissa| <= 10, or 0) and power of ten.
 struct ExponentParts {
   double Mantissa = 0;
   std::int16_t Exponent = 0;

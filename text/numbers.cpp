@@ -1,0 +1,330 @@
+#include "text/numbers.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "base/fault.h"
+
+namespace velorix {
+
+namespace {
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsSign(char c) { return c == '+' || c == '-'; }
+
+/// The decimal digits of a value, d.ddd times ten to the Exponent.
+struct Decimal {
+  static constexpr int Exact = 766;  // decimals behind the first digit that show any float exactly
+
+  char Digits[Exact + 2];
+  int Count = 0, Exponent = 0;
+};
+
+/// The digits of `value`, finite and not negative: the shortest that read back to it, or with
+/// `precision...` decimals behind the first digit.
+template <class Float, class... Precision>
+void TakeDigits(Float value, Decimal& decimal, Precision... precision) {
+  char text[Decimal::Exact + 12];
+  const char* const end =
+      std::to_chars(text, std::end(text), value, std::chars_format::scientific, precision...).ptr;
+  const char* p = text;
+  decimal.Count = 0;
+  for (; *p != 'e'; ++p)
+    if (*p != '.') decimal.Digits[decimal.Count++] = *p;
+  p += p[1] == '+' ? 2 : 1;  // from_chars takes no plus sign
+  std::from_chars(p, end, decimal.Exponent);
+}
+
+char* PutExponent(char* out, int exponent) {
+  *out++ = 'E';
+  *out++ = exponent < 0 ? '-' : '+';
+  const int size = std::abs(exponent);
+  if (size < 10) *out++ = '0';
+  return std::to_chars(out, out + 4, size).ptr;
+}
+
+char* PutZeros(char* out, int count) {
+  for (; count > 0; --count) *out++ = '0';
+  return out;
+}
+
+template <class Float>
+std::string ShortestText(Float value, int exponentLimit) {
+  if (!std::isfinite(value)) return {};
+  if (value == 0) return "0";
+  Decimal d;
+  TakeDigits(std::abs(value), d);
+  char text[40];
+  char* out = text;
+  const auto put = [&](int from, int to) {
+    for (int i = from; i < to; ++i) *out++ = d.Digits[i];
+  };
+  if (value < 0) *out++ = '-';
+  if (d.Exponent < -4 || d.Exponent >= exponentLimit) {
+    put(0, 1);
+    if (d.Count > 1) *out++ = '.';
+    put(1, d.Count);
+    out = PutExponent(out, d.Exponent);
+  } else if (d.Exponent < 0) {
+    *out++ = '0';
+    *out++ = '.';
+    out = PutZeros(out, -d.Exponent - 1);
+    put(0, d.Count);
+  } else {
+    const int whole = d.Exponent + 1;
+    put(0, std::min(whole, d.Count));
+    out = PutZeros(out, whole - d.Count);
+    if (d.Count > whole) *out++ = '.';
+    put(whole, d.Count);
+  }
+  return {text, out};
+}
+
+/// Adds one to the last of the decimal digits in `text`, a point among them left alone.
+void CountUp(std::string& text) {
+  for (std::size_t i = text.size(); i-- > 0;) {
+    if (text[i] == '.') continue;
+    if (text[i] != '9') {
+      ++text[i];
+      return;
+    }
+    text[i] = '0';
+  }
+  text.insert(text.begin(), '1');
+}
+
+struct Picture {
+  int Whole = 0, Decimals = 0;
+};
+
+Picture ReadPicture(std::string_view text) {
+  const std::size_t point = std::min(text.find('.'), text.size());
+  const std::string_view decimals = text.substr(std::min(point + 1, text.size()));
+  if (text.substr(0, point).find_first_not_of('0') != text.npos ||
+      decimals.find_first_not_of('0') != text.npos || text.size() > 300)
+    FailArgument();
+  return {static_cast<int>(point), static_cast<int>(decimals.size())};
+}
+
+/// A value rounded to decimals: Whole and Fraction counted in units of the last decimal.
+struct Fixed {
+  std::uint64_t Whole = 0, Fraction = 0;
+};
+
+constexpr std::uint64_t PowersOfTen[] = {1, 10, 100, 1000, 10000, 100000, 1000000};
+
+/// Rounds `value` >= 0 with integers alone. False when that could not be decided: too many
+/// decimals, too large a value, or one that lies closer to a half than 44 binary places tell.
+bool RoundFast(double value, int decimals, Fixed& fixed) {
+  if (decimals >= static_cast<int>(std::size(PowersOfTen)) || value >= 1e15) return false;
+  constexpr std::uint64_t one = std::uint64_t{1} << 44, half = one / 2;
+  const std::uint64_t unit = PowersOfTen[decimals];
+  fixed.Whole = static_cast<std::uint64_t>(value);
+  const double fraction = (value - static_cast<double>(fixed.Whole)) * 0x1p44;  // exact
+  const std::uint64_t places = static_cast<std::uint64_t>(fraction);
+  const std::uint64_t product = places * unit, rest = product % one;
+  fixed.Fraction = product / one;
+  if (rest >= half) {
+    if (++fixed.Fraction == unit) ++fixed.Whole, fixed.Fraction = 0;
+    return true;
+  }
+  // The places cut off add less than one unit to the product.
+  return rest + unit < half || static_cast<double>(places) == fraction;
+}
+
+/// `value` >= 0 with `decimals` decimals in full, halves away from zero.
+std::string RoundExactly(double value, int decimals) {
+  // to_chars rounds halves to even. A value lies on a half only as an odd multiple of
+  // 2^-(decimals + 1); then one decimal more is its whole text, and ends in the 5 to be cut.
+  const bool half = std::fmod(std::ldexp(value, decimals + 1), 2) == 1;
+  char text[640];
+  const char* const end = std::to_chars(text, std::end(text), value, std::chars_format::fixed,
+                                        half ? decimals + 1 : decimals)
+                              .ptr;
+  std::string result(static_cast<const char*>(text), end);
+  if (half) {
+    result.resize(result.size() - (decimals == 0 ? 2 : 1));
+    CountUp(result);
+  }
+  return result;
+}
+
+}  // namespace
+
+std::string_view StripBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == text.npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+double NumberOf(std::string_view text) {
+  const char* p = text.data();
+  const char* const end = p + text.size();
+  while (p < end && *p == ' ') ++p;
+  const bool negative = p < end && *p == '-';
+  if (p < end && IsSign(*p)) ++p;
+
+  const char* const first = p;
+  std::ptrdiff_t digits = 0, lead = 0;  // lead: power of ten of the first digit that isn't 0
+  bool nonzero = false, point = false;
+  for (; p < end && (IsDigit(*p) || (*p == '.' && !point)); ++p) {
+    if (*p == '.') {
+      point = true;
+      continue;
+    }
+    ++digits;
+    if (nonzero) {
+      lead += !point;
+    } else {
+      lead -= point;
+      nonzero = *p != '0';
+    }
+  }
+  if (digits == 0) return 0;
+
+  const char* const mantissaEnd = p;
+  int exponent = 0;
+  if (p < end && (*p == 'E' || *p == 'e' || *p == 'D' || *p == 'd')) {
+    const char* q = p + 1;
+    const bool down = q < end && *q == '-';
+    if (q < end && IsSign(*q)) ++q;
+    if (q < end && IsDigit(*q)) {
+      for (; q < end && IsDigit(*q); ++q)
+        if (exponent < 100000000) exponent = exponent * 10 + (*q - '0');
+      if (down) exponent = -exponent;
+      p = q;
+    }
+  }
+
+  double value = 0;
+  std::from_chars_result result{};
+  if (p > mantissaEnd && (*mantissaEnd == 'D' || *mantissaEnd == 'd')) {
+    std::string other(first, p);  // from_chars doesn't know this letter
+    other[static_cast<std::size_t>(mantissaEnd - first)] = 'e';
+    result = std::from_chars(other.data(), other.data() + other.size(), value);
+  } else {
+    result = std::from_chars(first, p, value);
+  }
+  if (result.ec != std::errc{} || !std::isfinite(value))
+    value = nonzero && lead + exponent > 0 ? std::numeric_limits<double>::max() : 0;
+  return negative ? -value : value;
+}
+
+bool IsNumberText(std::string_view text) {
+  text = StripBlanks(text);
+  if (text == "." || text == "-" || text == "+") return false;
+  bool point = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (c == '.') {
+      if (point) return false;
+      point = true;
+    } else if (IsSign(c)) {
+      if (i > 0 && text[i - 1] != 'E') return false;
+    } else if (!IsDigit(c) && c != 'E') {  // a lower-case e is refused: wanted
+      return false;
+    }
+  }
+  return true;
+}
+
+std::int16_t DigitsOfText(std::string_view text) {
+  int value = 0;
+  for (char c : text)
+    if (IsDigit(c)) {
+      value = value * 10 + (c - '0');
+      if (value > 32767) FailOverflow();
+    }
+  return static_cast<std::int16_t>(value);
+}
+
+std::string FormatNumber(double value, std::string_view picture) {
+  const Picture shape = ReadPicture(picture);
+  if (!std::isfinite(value)) return {};
+  const char sign = value < 0 ? '-' : ' ';  // -0.0 counts as 0: wanted
+  value = std::abs(value);
+
+  Fixed fixed;
+  if (shape.Whole <= 20 && RoundFast(value, shape.Decimals, fixed)) {
+    char text[64];
+    char* const end = std::end(text);
+    char* out = end;
+    for (int i = 0; i < shape.Decimals; ++i, fixed.Fraction /= 10)
+      *--out = static_cast<char>('0' + fixed.Fraction % 10);
+    if (shape.Decimals > 0) *--out = '.';
+    int whole = 0;
+    for (; fixed.Whole > 0 || whole < shape.Whole; ++whole, fixed.Whole /= 10)
+      *--out = static_cast<char>('0' + fixed.Whole % 10);
+    *--out = sign;
+    return {out, end};
+  }
+  std::string digits = RoundExactly(value, shape.Decimals);
+  const std::size_t whole = std::min(digits.find('.'), digits.size());
+  if (whole < static_cast<std::size_t>(shape.Whole))
+    digits.insert(0, static_cast<std::size_t>(shape.Whole) - whole, '0');
+  return sign + digits;
+}
+
+ExponentParts SplitExponent(double value) {
+  if (!std::isfinite(value) || value == 0) return {};
+  char text[48];
+  const char* const end =
+      std::to_chars(text, std::end(text), value, std::chars_format::scientific, 30).ptr;
+  const std::string_view whole(text, static_cast<std::size_t>(end - text));
+  const std::size_t e = whole.find('e');
+  return {NumberOf(whole.substr(0, e)), static_cast<std::int16_t>(NumberOf(whole.substr(e + 1)))};
+}
+
+std::string SignificantText(double value, int digits) {
+  if (digits < 1 || digits > Decimal::Exact) FailArgument();
+  if (!std::isfinite(value)) return {};
+  const std::size_t count = static_cast<std::size_t>(digits);
+  std::string shown(count, '0');
+  int exponent = 0;
+  if (value != 0) {
+    Decimal d;
+    TakeDigits(std::abs(value), d, digits);  // one digit more than shown, already rounded
+    if (d.Digits[digits] == '5') TakeDigits(std::abs(value), d, Decimal::Exact);
+    shown.assign(d.Digits, count);
+    exponent = d.Exponent;
+    if (d.Digits[digits] >= '5') CountUp(shown);
+    if (shown.size() > count) {
+      shown.pop_back();
+      ++exponent;
+    }
+  }
+  if (digits > 1) shown.insert(1, 1, '.');
+  char text[8];
+  shown.append(text, PutExponent(text, exponent));
+  if (value == 0) return ' ' + shown;  // only 0 has a blank in front: wanted
+  return value < 0 ? '-' + shown : shown;
+}
+
+ExponentParts SignificantParts(double value, int digits) {
+  return SplitExponent(NumberOf(SignificantText(value, digits)));
+}
+
+std::string PlainText(float value) { return ShortestText(value, 7); }
+
+std::string PlainText(double value) { return ShortestText(value, 15); }
+
+std::string PlainText(int value) {
+  char text[16];
+  return {text, std::to_chars(text, std::end(text), value).ptr};
+}
+
+std::string PlainText(const Number& value) {
+  switch (value.width()) {
+    case Number::Width::Single:
+      return PlainText(value.Single());
+    case Number::Width::Double:
+      return PlainText(static_cast<double>(value));
+    case Number::Width::Unset:
+      break;
+  }
+  return "0";
+}
+
+}  // namespace velorix
