@@ -1,0 +1,199 @@
+#include "tensor/derivation.h"
+
+#include <limits>
+
+#include "tensor/aniso_factor.h"
+#include "tensor/eigen_jk.h"
+#include "tensor/rotations.h"
+
+namespace velorix {
+namespace {
+
+using Matrix33 = Matrix<3, 3>;
+
+/// The tensor of a block; zeros for a block that doesn't exist.
+Matrix33 BlockTensor(const SpecimenRecord& record, std::int16_t reImMode) {
+  Matrix33 K;
+  if (reImMode == InPhase) TensorForm(K, record.Tensor, 0);
+  if (reImMode == OutOfPhase) TensorForm(K, record.TensorIm, 0);
+  return K;
+}
+
+/// What a rotation makes of a record, gathered apart: a record is written when all of it is there.
+struct Turned {
+  std::int16_t Level = 0;
+  Matrix33 K;                                   // the tensor
+  Array1<Direction, 2> Foliations, Lineations;  // dip direction and dip; trend and plunge
+  Matrix33 Vectors;                             // principal vectors, one a column
+  Array1<Direction, 3> Principal;               // their directions
+};
+
+Turned AsStored(const SpecimenRecord& record, std::int16_t reImMode) {
+  Turned t;
+  t.K = BlockTensor(record, reImMode);
+  for (int i = 1; i <= 2; ++i) {
+    t.Foliations[i] = {record.FoliAz[i], record.FoliDip[i]};
+    t.Lineations[i] = {record.LineTrend[i], record.LinePlunge[i]};
+  }
+  return t;
+}
+
+void DerivePrincipal(Turned& t) {
+  Matrix33 D;
+  EIGEN_JK(t.K, D, t.Vectors);
+  MxSignCopy(t.Vectors, t.Vectors, true);
+  t.Principal = MatrixDirections(t.Vectors);
+}
+
+Direction TurnDirection(const Matrix33& M, const Direction& d) {
+  Vector<3> v = DirectionToVector(1, d);
+  Mvmpy(M, v, v);
+  const DirectionAndLength turned = VectorToDirection(v);
+  return LowerHemisphere({turned.Dec, turned.Inc});
+}
+
+/// Turns the directions of both slots, whether they hold data or not.
+void TurnDirections(Turned& t, const Matrix33& M) {
+  for (int i = 1; i <= 2; ++i) {
+    t.Foliations[i] = PoleOfPlane(TurnDirection(M, PoleOfPlane(t.Foliations[i])));
+    t.Lineations[i] = TurnDirection(M, t.Lineations[i]);
+  }
+}
+
+/// The plane and the line that a rotation goes by, as they stand in the record.
+struct PlaneAndLine {
+  bool Found = false;
+  Direction Plane, Line;
+};
+
+PlaneAndLine ChoosePlaneAndLine(const SpecimenRecord& record, const Turned& t, const View& view) {
+  PlaneAndLine chosen;
+  for (int i = 1; i <= 2; ++i) {  // of two slots with the same code the second wins: wanted
+    if (record.FoliName[i] != view.FoliCode) continue;
+    chosen.Plane = t.Foliations[i];
+    if (view.LineCode == "0") {
+      chosen.Line = {chosen.Plane.Dec - 90, 0};
+    } else if (record.LineName[1] == view.LineCode) {
+      chosen.Line = t.Lineations[1];
+    } else if (record.LineName[2] == view.LineCode) {
+      chosen.Line = t.Lineations[2];
+    } else {
+      continue;
+    }
+    chosen.Found = true;
+  }
+  return chosen;
+}
+
+void TurnToPaleogeographic(Turned& t, const SpecimenRecord& record, const View& view,
+                           const PlaneAndLine& by) {
+  Direction plane = by.Plane;
+  if (view.TectoPlane == Vertical) plane.Inc -= 90;
+  const Matrix33 M = FoliationMatrix(plane, by.Line);
+  Mxabat(M, t.K, t.K);
+  const Array1<Direction, 2> before = t.Foliations;
+  TurnDirections(t, M);
+  for (int i = 1; i <= 2; ++i) {
+    t.Foliations[i].Dec = before[i].Dec;  // only the dip is turned: wanted
+    if (record.LineName[i] == view.LineCode) {
+      t.Foliations[i].Dec = t.Lineations[i].Dec - 90;  // may be negative: wanted
+      t.Lineations[i].Inc = 0;
+    }
+  }
+  t.Level = Paleogeographic;
+}
+
+void TurnToTectonic(Turned& t, const View& view, const Direction& line) {
+  const double target = view.TectoEastWest ? 90 : 0;
+  // The line's trend is the stored one, not the one just turned: wanted.
+  const double apart = AngleBetween({target, 0}, {line.Dec, 0});
+  const double from = apart > 90 && view.TectoNorthSouth ? line.Dec + 180 : line.Dec;
+  const Matrix33 M = VerticalRotation(target - from);
+  Mxabat(M, t.K, t.K);
+  TurnDirections(t, M);
+  t.Level = Tectonic;
+}
+
+/// Makes Kmin vertical and brings Kmax to the north-south line. No view asks for it.
+void TurnToPrincipal(Turned& t) {
+  DerivePrincipal(t);
+  const Direction kmax = t.Principal[1], kmin = t.Principal[3];
+  Mxabat(FoliationMatrix({kmin.Dec - 180, 90 - kmin.Inc}, kmax), t.K, t.K);
+  DerivePrincipal(t);
+  const double trend = t.Principal[1].Dec;
+  const double from = AngleBetween({0, 0}, {trend, 0}) > 90 ? trend : trend - 180;
+  Mxabat(VerticalRotation(-from), t.K, t.K);
+}
+
+/// A staircase: each system continues from the one below it.
+void TurnToView(Turned& t, const SpecimenRecord& record, const View& view) {
+  if (view.CoorSys == 0) return TurnToPrincipal(t);
+  if (record.HasCoor[Specimen]) t.Level = Specimen;
+  if (view.CoorSys == Specimen) return;
+
+  if (record.SourceProgram != "Marlo") {  // its tensors are geographic already
+    const Matrix33 M = OrientationMatrix(record.OrientAz, record.OrientInc, record.OP[1],
+                                         record.OP[2], record.OP[3]);
+    Mxabat(M, t.K, t.K);
+  }
+  t.Level = Geographic;
+  if (view.CoorSys == Geographic) return;
+
+  const PlaneAndLine by = ChoosePlaneAndLine(record, t, view);
+  if (!by.Found) return;
+  TurnToPaleogeographic(t, record, view, by);
+  if (view.CoorSys == Tectonic) TurnToTectonic(t, view, by.Line);
+}
+
+void Store(const Turned& t, SpecimenRecord& record) {
+  record.CoorLevel = t.Level;
+  TensorForm(t.K, record.TensorRot, 1);
+  for (int j = 1; j <= 3; ++j) {
+    record.Dec[j] = t.Principal[j].Dec;
+    record.Inc[j] = t.Principal[j].Inc;
+    for (int i = 1; i <= 3; ++i) record.Vec[i][j] = t.Vectors(i, j);
+  }
+  for (int i = 1; i <= 2; ++i) {
+    record.FoliDec[i] = t.Foliations[i].Dec;
+    record.FoliInc[i] = t.Foliations[i].Inc;
+    record.LineDec[i] = t.Lineations[i].Dec;
+    record.LineInc[i] = t.Lineations[i].Inc;
+  }
+}
+
+/// A factor in the width of the record. What doesn't fit there couldn't be computed either.
+float FactorIn32(double factor) {
+  const bool fits = std::fabs(factor) <= std::numeric_limits<float>::max();
+  return static_cast<float>(fits ? factor : FailedFactor);
+}
+
+}  // namespace
+
+View ViewOf(const Session& session) {
+  return {session.CoorSys,    session.ReImMode,        session.FoliCode,     session.LineCode,
+          session.TectoPlane, session.TectoNorthSouth, session.TectoEastWest};
+}
+
+bool DeriveFactors(SpecimenRecord& record, const Array1<std::int16_t, 8>& facIndex,
+                   std::int16_t reImMode) {
+  if (reImMode == OutOfPhase && !record.HasIm) return false;
+  Matrix33 D, W;
+  EIGEN_JK(BlockTensor(record, reImMode), D, W);
+  const FactorInput input(D(1, 1), D(2, 2), D(3, 3));
+  for (int i = 1; i <= 3; ++i) record.K[i] = D(i, i);
+  for (int i = 1; i <= 8; ++i) record.Fac[i] = FactorIn32(AnisoFactor(facIndex[i], input));
+  return true;
+}
+
+bool RotateRecord(SpecimenRecord& record, const View& view) {
+  if (view.ReImMode == OutOfPhase && !record.HasIm) return false;
+  Turned t = AsStored(record, view.ReImMode);
+  TurnToView(t, record, view);
+  DerivePrincipal(t);
+  // The level reached is stored here with the rest, so that a rotation that fails on its way leaves
+  // the record as it was instead of shown with the old directions at a new level.
+  Store(t, record);
+  return true;
+}
+
+}  // namespace velorix
