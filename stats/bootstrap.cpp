@@ -1,0 +1,220 @@
+#include "stats/bootstrap.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "stats/jacobi.h"
+
+namespace velorix {
+namespace {
+
+/// The 95 % point of chi-square with 2 degrees of freedom.
+constexpr double ChiSquare95 = 5.9914645464;
+
+double Quotient(double a, double b) {
+  if (b == 0) FailDivision();
+  return a / b;
+}
+
+/// The matrix of a tensor's six numbers, (1,3) from the sixth.
+Matrix<3, 3> MatrixOf(const TensorColumn& t) {
+  Matrix<3, 3> M;
+  TensorForm(M, t, 0);
+  return M;
+}
+
+TensorColumn FormOf(const Matrix<3, 3>& M) {
+  return {M(1, 1), M(2, 2), M(3, 3), M(1, 2), M(2, 3), M(1, 3)};
+}
+
+Matrix<3, 3> Transposed(const Matrix<3, 3>& M) {
+  Matrix<3, 3> T;
+  Transpose(M, T);
+  return T;
+}
+
+/// F transposed times A, rounded to 32 bits.
+Matrix<3, 3> TurnedRows(const Matrix<3, 3>& A, const Matrix<3, 3>& F) {
+  Matrix<3, 3> R;
+  for (int i = 1; i <= 3; ++i)
+    for (int j = 1; j <= 3; ++j)
+      R(i, j) = Round32(F(1, i) * A(1, j) + F(2, i) * A(2, j) + F(3, i) * A(3, j));
+  return R;
+}
+
+/// The mean principal frame of the samples, made right-handed.
+Matrix<3, 3> FrameOf(std::span<const Matrix<3, 3>> samples) {
+  Matrix<3, 3> mean, V;
+  for (const Matrix<3, 3>& sample : samples)
+    for (int i = 0; i < 9; ++i) mean.v[i] += sample.v[i];
+  for (double& m : mean.v) m /= static_cast<double>(samples.size());
+  Vector<3> D;
+  Jacobi(mean, D, V);
+  for (int i = 1; i <= 3; ++i) {
+    const int j = i % 3 + 1, k = j % 3 + 1;
+    V(i, 3) = V(j, 1) * V(k, 2) - V(k, 1) * V(j, 2);
+  }
+  return V;
+}
+
+/// Means and deviations of the six components.
+struct Moments {
+  TensorColumn Mean6, Sd6;
+};
+Moments MomentsOf(std::span<const Matrix<3, 3>> samples) {
+  const double n = static_cast<double>(samples.size());
+  Moments m;
+  for (const Matrix<3, 3>& sample : samples) {
+    const TensorColumn x = FormOf(sample);
+    for (int c = 1; c <= 6; ++c) m.Mean6[c] += x[c];
+  }
+  for (double& mean : m.Mean6) mean /= n;
+  for (const Matrix<3, 3>& sample : samples) {
+    const TensorColumn x = FormOf(sample);
+    for (int c = 1; c <= 6; ++c) m.Sd6[c] += (x[c] - m.Mean6[c]) * (x[c] - m.Mean6[c]);
+  }
+  for (double& sd : m.Sd6) sd = std::sqrt(sd / (n - 1));
+  return m;
+}
+
+/// `B` replicates of the mean of `n` tensors, in the frame.
+std::vector<Matrix<3, 3>> Replicates(const Moments& m, std::size_t n, int B,
+                                     std::span<const float> gaussTable) {
+  if (gaussTable.size() < 6 * n * static_cast<std::size_t>(B)) FailSubscript();
+  std::vector<Matrix<3, 3>> rep;
+  const float* g = gaussTable.data();
+  for (int k = 0; k < B; ++k) {
+    TensorColumn y;
+    for (std::size_t s = 0; s < n; ++s)
+      for (int c = 0; c < 6; ++c) y.v[c] += m.Mean6.v[c] + m.Sd6.v[c] * double(*g++);
+    for (double& component : y) component /= static_cast<double>(n);
+    rep.push_back(MatrixOf(y));
+  }
+  return rep;
+}
+
+void SolveAll(std::span<const Matrix<3, 3>> rep, BootResult& result) {
+  result.Eig.resize(rep.size());
+  result.BootVec.resize(rep.size());
+  for (std::size_t k = 0; k < rep.size(); ++k) {
+    Matrix<3, 3> copy = rep[k];
+    Jacobi(copy, result.Eig[k], result.BootVec[k]);
+  }
+}
+
+/// The components across direction `i`, in the order in which an ellipse takes them.
+struct Across {
+  int a, b;
+};
+constexpr Array1<Across, 3> AcrossOf = {Across{2, 3}, Across{1, 3}, Across{2, 1}};
+
+/// Places of a contour point's (z, x, y) in the frame, for each direction.
+constexpr Array1<Array1<int, 3>, 3> PlacesOf = {Array1<int, 3>{1, 2, 3}, Array1<int, 3>{2, 1, 3},
+                                                Array1<int, 3>{3, 2, 1}};
+
+struct PlanePoint {
+  double x = 0, y = 0;
+};
+
+/// The ellipse x^2 / Sa + y^2 / Sb = q in `P` points, a quarter at a time.
+std::vector<PlanePoint> EllipsePoints(double Sa, double Sb, double q, int P) {
+  const int quarter = P / 4;
+  const double eb = std::sqrt(q * Sb), step = eb / quarter;
+  std::vector<PlanePoint> points(static_cast<std::size_t>(P) + 1);  // counted from 1
+  const auto at = [&](int i) -> PlanePoint& { return points[static_cast<std::size_t>(i)]; };
+  for (int l = 1; l <= quarter; ++l) {
+    const double y = (l - 1) * step, x = std::sqrt(Sa * (q - Quotient(y * y, Sb)));
+    at(l) = {x, y};
+    if (l == 1) {
+      at(2 * quarter + 1) = {-x, y};
+      continue;
+    }
+    at(2 * quarter + 2 - l) = {-x, y};
+    at(2 * quarter + l) = {-x, -y};
+    at(P + 2 - l) = {x, -y};
+  }
+  at(quarter + 1) = {0, eb};
+  at(3 * quarter + 1) = {0, -eb};
+  return {points.begin() + 1, points.end()};
+}
+
+}  // namespace
+
+void SampleFrameTurn(std::span<Matrix<3, 3>> A, const Matrix<3, 3>& F) {
+  for (Matrix<3, 3>& M : A) {
+    const Matrix<3, 3> rows = TurnedRows(M, F);
+    for (int i = 1; i <= 3; ++i)
+      for (int j = 1; j <= 3; ++j)
+        M(i, j) = Round32(rows(i, 1) * F(1, j) + rows(i, 2) * F(2, j) + rows(i, 3) * F(3, j));
+  }
+}
+
+void VectorFrameTurn(std::span<Matrix<3, 3>> A, const Matrix<3, 3>& F) {
+  for (Matrix<3, 3>& M : A) M = TurnedRows(M, F);
+}
+
+BootLimits BootQuantiles(std::span<const Vector<3>> Eig) {
+  const auto point = [&](const std::vector<double>& sorted, double p) {
+    const double q = p * static_cast<double>(sorted.size());
+    const auto below = static_cast<std::size_t>(q);  // values up to q
+    if (q != std::floor(q)) return sorted[below];
+    return (sorted[below - 1] + sorted[below]) / 2;
+  };
+  BootLimits limits;
+  for (int c = 1; c <= 3; ++c) {
+    std::vector<double> column;
+    for (const Vector<3>& values : Eig) column.push_back(values[c]);
+    std::sort(column.begin(), column.end());
+    limits.Lower[c] = point(column, 0.025);
+    limits.Upper[c] = point(column, 0.975);
+  }
+  return limits;
+}
+
+std::vector<Matrix<3, 3>> BootEllipses(std::span<Matrix<3, 3>> BootVec, int P) {
+  std::vector<Matrix<3, 3>> contour(static_cast<std::size_t>(P));
+  const double B = static_cast<double>(BootVec.size());
+  for (int i = 1; i <= 3; ++i) {
+    const auto [a, b] = AcrossOf[i];
+    double Sz = 0, Sa = 0, Sb = 0;
+    for (Matrix<3, 3>& V : BootVec) {
+      if (V(i, i) < 0) V(i, i) = -V(i, i);
+      Sz += V(i, i);
+      Sa += V(a, i) * V(a, i);
+      Sb += V(b, i) * V(b, i);
+    }
+    Sz = Quotient(Sz, B);
+    Sa = Quotient(Sa, B);
+    Sb = Quotient(Sb, B);
+    const double q = Quotient(Quotient(ChiSquare95, Sz), Sz);
+    const std::vector<PlanePoint> points = EllipsePoints(Sa, Sb, q, P);
+    for (std::size_t p = 0; p < points.size(); ++p) {
+      const auto [x, y] = points[p];
+      const double zz = 1 - x * x - y * y, z = zz >= 0 ? std::sqrt(zz) : 0;
+      const double zxy[] = {z, x, y};
+      for (int c = 0; c < 3; ++c) contour[p](PlacesOf[i][c + 1], i) = zxy[c];
+    }
+  }
+  return contour;
+}
+
+BootResult BootStrap(std::span<const TensorColumn> T, int B, int P,
+                     std::span<const float> gaussTable) {
+  BootResult result;
+  if (T.size() <= 1) return result;
+  std::vector<Matrix<3, 3>> samples;
+  for (const TensorColumn& t : T) samples.push_back(MatrixOf(t));
+  const Matrix<3, 3> frame = FrameOf(samples);
+  SampleFrameTurn(samples, frame);
+  std::vector<Matrix<3, 3>> rep = Replicates(MomentsOf(samples), T.size(), B, gaussTable);
+  SolveAll(rep, result);
+  result.Limits = BootQuantiles(result.Eig);
+  result.BootEllipse = BootEllipses(result.BootVec, P);
+  const Matrix<3, 3> back = Transposed(frame);
+  SampleFrameTurn(rep, back);
+  VectorFrameTurn(result.BootEllipse, back);
+  SolveAll(rep, result);
+  return result;
+}
+
+}  // namespace velorix

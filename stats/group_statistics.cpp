@@ -1,0 +1,109 @@
+#include "stats/group_statistics.h"
+
+#include <cmath>
+#include <vector>
+
+#include "tensor/aniso_factor.h"
+
+namespace velorix {
+namespace {
+
+/// Whether the averages take the record: unlike the mean tensor they don't ask for the out-of-phase
+/// block, and they take the in-phase `Km` whatever block is in view. Both are wanted.
+bool IsAveraged(const SpecimenRecord& record, std::int16_t coorSys) {
+  return record.CoorLevel == coorSys && record.Active;
+}
+
+std::vector<TensorColumn> ShownTensors(const RecordArray& records, std::int16_t coorSys,
+                                       std::int16_t reImMode) {
+  std::vector<TensorColumn> T;
+  for (const SpecimenRecord& record : records) {
+    if (!IsShown(record, coorSys, reImMode)) continue;
+    TensorColumn& t = T.emplace_back();
+    for (int c = 1; c <= 6; ++c) t[c] = record.TensorRot[c];
+  }
+  return T;
+}
+
+ShortDirection Short(const Direction& d) {
+  return {static_cast<float>(d.Dec), static_cast<float>(d.Inc)};
+}
+
+Vector<3> ColumnOf(const Matrix<3, 3>& M, int k) { return {M(1, k), M(2, k), M(3, k)}; }
+
+/// Half the angle between the two ends of an axis of a contour. Ends that are exactly opposite give
+/// 90, also when rounding carries their product beyond -1.
+double SemiAxis(const Direction& a, const Direction& b) {
+  const double product = Vvmpy(DirectionToVector(1, a), DirectionToVector(1, b));
+  if (product < -1 && product > -1 - 1e-9) return 90;
+  return AngleBetween(a, b) / 2;
+}
+
+void StoreBootstrap(const BootResult& boot, GroupStats& stats) {
+  for (auto& points : stats.BootPoints) points = Array1<ShortDirection, 1000>();
+  for (std::size_t j = 0; j < boot.BootVec.size(); ++j) {
+    Matrix<3, 3> V = boot.BootVec[j];
+    MxSignCopy(V, V, true);
+    const Array1<Direction, 3> directions = MatrixDirections(V);
+    for (int k = 1; k <= 3; ++k)
+      stats.BootPoints[k][static_cast<int>(j) + 1] = Short(directions[k]);
+  }
+  const auto contour = [&](int point, int k) {
+    if (boot.BootEllipse.empty()) return Direction{};
+    return DirectionOfVector(ColumnOf(boot.BootEllipse[static_cast<std::size_t>(point - 1)], k));
+  };
+  constexpr int Quarter = BootContourPoints / 4;
+  for (int k = 1; k <= 3; ++k) {
+    stats.BootE1[k] = SemiAxis(contour(1, k), contour(2 * Quarter + 1, k));
+    stats.BootE2[k] = SemiAxis(contour(Quarter + 1, k), contour(3 * Quarter + 1, k));
+    for (int j = 1; j <= BootContourPoints; ++j) stats.BootContour[k][j] = Short(contour(j, k));
+  }
+}
+
+/// Mean and deviation in 32 bits; an empty group has neither.
+bool Average(const std::vector<double>& values, float& mean, float& sd) {
+  mean = values.empty() ? 0 : static_cast<float>(Mean(values));
+  sd = static_cast<float>(StdDev(values));
+  return !values.empty();
+}
+
+void AverageSlot(const RecordArray& records, std::int16_t coorSys, std::int16_t facIndex, int slot,
+                 GroupStats& stats) {
+  stats.MeanFac[slot] =
+      static_cast<float>(AnisoFactor(facIndex, stats.MeanK[1], stats.MeanK[2], stats.MeanK[3]));
+  std::vector<double> values;
+  for (const SpecimenRecord& record : records)
+    if (IsAveraged(record, coorSys) && record.Fac[slot] != static_cast<float>(FailedFactor))
+      values.push_back(record.Fac[slot]);
+  stats.HasAverage[slot] = Average(values, stats.AvgFac[slot], stats.SdFac[slot]);
+}
+
+}  // namespace
+
+void GroupStatistics(const RecordArray& records, std::int16_t coorSys, std::int16_t reImMode,
+                     const Array1<std::int16_t, 8>& facIndex, std::span<const float> gaussTable,
+                     GroupStats& stats) {
+  stats.Reached = GroupStats::None;
+  stats.FactorsDone = 0;
+  const std::vector<TensorColumn> T = ShownTensors(records, coorSys, reImMode);
+  stats.GroupN = static_cast<std::int16_t>(T.size());
+  stats.Reached = GroupStats::MeanTensor;
+  TensorStatistics(T, stats);
+  stats.Reached = GroupStats::TensorErrors;
+  if (T.size() <= BootMaxN)
+    StoreBootstrap(BootStrap(T, BootReplicates, BootContourPoints, gaussTable), stats);
+  stats.Reached = GroupStats::Bootstrap;
+
+  std::vector<double> km;
+  for (const SpecimenRecord& record : records)
+    if (IsAveraged(record, coorSys)) km.push_back(record.Km);
+  stats.HasAverages = Average(km, stats.AvgKm, stats.SdKm);
+  stats.Reached = GroupStats::AverageKm;
+  for (int slot = 1; slot <= 8; ++slot) {
+    AverageSlot(records, coorSys, facIndex[slot], slot, stats);
+    stats.FactorsDone = slot;
+  }
+  stats.Reached = GroupStats::All;
+}
+
+}  // namespace velorix

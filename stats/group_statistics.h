@@ -1,0 +1,52 @@
+#pragma once
+
+#include <array>
+#include <span>
+
+#include "stats/bootstrap.h"
+#include "stats/tensor_statistics.h"
+#include "store/session.h"
+
+namespace velorix {
+
+/// A direction in 32 bits, degrees.
+struct ShortDirection {
+  float Dec = 0, Inc = 0;
+  bool operator==(const ShortDirection&) const = default;
+};
+
+/// The results of the last group statistics. A run that is too small for a field leaves the value
+/// of the run before; views go by `GroupN` and `Reached`. Angles are degrees.
+struct GroupStats : TensorStats {
+  /// How far the last run came before it failed, or `All`.
+  enum Step { None, MeanTensor, TensorErrors, Bootstrap, AverageKm, All };
+
+  std::int16_t GroupN = 0;   // records in the mean tensor
+  Array1<float, 8> MeanFac;  // factors of the mean tensor
+  float AvgKm = 0;           // averages over the records and their deviations
+  Array1<float, 8> AvgFac;
+  float SdKm = 0;
+  Array1<float, 8> SdFac;
+  Array1<double, 3> BootE1, BootE2;                    // semi-axes of the bootstrap regions
+  Array1<Array1<ShortDirection, 1000>, 3> BootPoints;  // slots 1 to 500 are filled
+  Array1<Array1<ShortDirection, 200>, 3> BootContour;
+  Step Reached = None;
+  int FactorsDone = 0;         // slots of MeanFac, AvgFac, SdFac that this run computed
+  bool HasAverages = false;    // some record stood behind AvgKm
+  Array1<bool, 8> HasAverage;  // some record stood behind AvgFac
+
+  bool operator==(const GroupStats&) const = default;
+};
+
+inline constexpr int BootMaxN = 100;  // larger groups get no bootstrap
+inline constexpr int BootReplicates = 500;
+inline constexpr int BootContourPoints = 200;
+
+/// Mean tensor and errors, bootstrap, averages of `Km` and factors of the records that the view
+/// shows. Fails with "Division by zero" where a group has equal mean values or no scatter; what was
+/// computed before stands, and `stats.Reached` tells how far that is.
+void GroupStatistics(const RecordArray& records, std::int16_t coorSys, std::int16_t reImMode,
+                     const Array1<std::int16_t, 8>& facIndex, std::span<const float> gaussTable,
+                     GroupStats& stats);
+
+}  // namespace velorix

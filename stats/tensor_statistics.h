@@ -1,0 +1,41 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "tensor/directions.h"
+
+namespace velorix {
+
+/// A tensor in its six numbers k11, k22, k33, k12, k23, k13.
+using TensorColumn = Vector<6>;
+
+/// What a group of tensors has in common. Fields that a group is too small for keep what they hold.
+struct TensorStats {
+  Array1<double, 3> MeanK;  // principal values of the mean tensor, descending
+  Matrix<3, 3> MeanVec;     // its principal vectors, columns, third component not negative
+  Array1<double, 3> MeanDec, MeanInc;
+  Array1<double, 3> MeanE1, MeanE2;  // angular errors of each direction, degrees, E1 the larger
+  Array1<double, 3> MeanRot;         // turn of the error ellipse about the direction, degrees
+  int Errors = 0;                    // directions, from Kmax on, whose errors this run computed
+  bool operator==(const TensorStats&) const = default;
+};
+
+/// Mean tensor of a group and the errors of its principal directions from the covariance of the six
+/// components (V. Jelinek, 1978, Studia Geophysica et Geodaetica 22, 50-62). An empty group changes
+/// nothing, fewer than five tensors give no errors. The errors are the unscaled standard ones, not
+/// the 95 % angles. "Division by zero" when two mean values are equal; what was computed before
+/// stands.
+void TensorStatistics(std::span<const TensorColumn> T, TensorStats& stats);
+
+/// The 95 % quantile of the F distribution with 2 and `n` degrees of freedom: a table up to 20, a
+/// fit beyond. The first entry, 199.5, is that of another table and is wanted. "Subscript out of
+/// range" below 1.
+double FQuantile(int n);
+
+/// The arithmetic mean; "Division by zero" of no values.
+double Mean(std::span<const double> a);
+/// The sample standard deviation, 0 for fewer than two values.
+double StdDev(std::span<const double> a);
+
+}  // namespace velorix

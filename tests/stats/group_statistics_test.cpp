@@ -1,0 +1,344 @@
+#include "stats/group_statistics.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+
+#include "stats/gauss_random.h"
+#include "stats/jacobi.h"
+#include "tensor/derivation.h"
+#include "tensor/rotations.h"
+
+namespace velorix {
+namespace {
+
+/// The worked example of Jelinek V., 1978, Studia Geophysica et Geodaetica 22, 50-62.
+const std::vector<TensorColumn> Jelinek1978 = {
+    {1.02327, 1.02946, 0.94727, -0.01495, -0.03599, -0.05574},
+    {1.02315, 1.01803, 0.95882, -0.00924, -0.02058, -0.03151},
+    {1.02801, 1.03572, 0.93627, -0.03029, -0.03491, -0.06088},
+    {1.02775, 1.00633, 0.96591, -0.01635, -0.04148, -0.02006},
+    {1.02143, 1.01775, 0.96082, -0.02798, -0.04727, -0.02384},
+    {1.01823, 1.01203, 0.96975, -0.01126, -0.02833, -0.03649},
+    {1.01486, 1.02067, 0.96446, -0.01046, -0.01913, -0.03864},
+    {1.04596, 1.01133, 0.94271, -0.01660, -0.04711, -0.03636}};
+
+/// Without scatter and exactly diagonal, so that no rounding takes the place of scatter.
+const std::vector<TensorColumn> FourCopies(4, TensorColumn{1.1, 1.0, 0.9, 0, 0, 0});
+
+const std::vector<float>& GaussNumbers() {
+  static const std::vector<float> table = [] {
+    std::vector<float> numbers;
+    FillGaussTable(numbers, [] {});
+    return numbers;
+  }();
+  return table;
+}
+
+/// A store of the tensors, shown in the geographic system.
+RecordArray RecordsOf(const std::vector<TensorColumn>& tensors) {
+  RecordArray records;
+  for (const TensorColumn& t : tensors) {
+    SpecimenRecord r;
+    r.Active = r.HasCoor[2] = true;
+    r.CoorLevel = Geographic;
+    r.Km = 0.001 * (records.Count() + 1);
+    for (int c = 1; c <= 6; ++c) r.Tensor[c] = r.TensorRot[c] = t[c];
+    DeriveFactors(r, Settings().FacIndex, InPhase);
+    records.Add(r);
+  }
+  return records;
+}
+
+GroupStats StatsOf(const RecordArray& records, std::int16_t block = InPhase) {
+  GroupStats stats;
+  GroupStatistics(records, Geographic, block, Settings().FacIndex, GaussNumbers(), stats);
+  return stats;
+}
+
+std::vector<TensorColumn> Turned(std::vector<TensorColumn> tensors, const Matrix<3, 3>& rotation) {
+  for (TensorColumn& t : tensors) {
+    Matrix<3, 3> M;
+    TensorForm(M, t, 0);
+    Mxabat(rotation, M, M);
+    TensorForm(M, t, 1);
+  }
+  return tensors;
+}
+
+/// The angle between two axes.
+double AxisAngle(const Direction& a, const Direction& b) {
+  const double c = std::fabs(Vvmpy(DirectionToVector(1, a), DirectionToVector(1, b)));
+  return DegPerRad * std::acos(std::min(c, 1.0));
+}
+
+Direction MeanOf(const TensorStats& stats, int k) { return {stats.MeanDec[k], stats.MeanInc[k]}; }
+
+TEST(TensorStatistics, ReproducesThePublishedExample) {
+  TensorStats stats;
+  TensorStatistics(Jelinek1978, stats);
+  const struct {
+    double k, dec, inc, e1, e2;
+  } wanted[] = {{1.04239371, 167.9788, 19.0712, 0.668889, 0.099505},
+                {1.03397563, 267.1789, 24.8188, 0.669493, 0.096154},
+                {0.923630653, 44.5875, 57.8639, 0.137459, 0.046401}};
+  // The published 95 % angles stand a factor (N - 1) / N and a scaling above our standard ones.
+  const double N = 8, scale = (N - 1) / N * std::sqrt(2 * FQuantile(6) * (N - 1) / (N * (N - 2)));
+  ASSERT_EQ(stats.Errors, 3);
+  for (int k = 1; k <= 3; ++k) {
+    const auto& w = wanted[k - 1];
+    EXPECT_NEAR(stats.MeanK[k], w.k, 5e-7);  // published with every trace brought to 3
+    EXPECT_LT(AxisAngle(MeanOf(stats, k), {w.dec, w.inc}), 0.001);
+    EXPECT_NEAR(std::atan(scale * std::tan(stats.MeanE1[k] / DegPerRad)), w.e1, 2e-4);
+    EXPECT_NEAR(std::atan(scale * std::tan(stats.MeanE2[k] / DegPerRad)), w.e2, 2e-5);
+  }
+}
+
+TEST(TensorStatistics, TurnsWithTheGroupAndForgetsItsOrder) {
+  TensorStats plain, turned, mixed;
+  TensorStatistics(Jelinek1978, plain);
+  const Matrix<3, 3> rotation = OrientationMatrix(37, 52, 6, 0, 6);
+  TensorStatistics(Turned(Jelinek1978, rotation), turned);
+  std::vector<TensorColumn> backwards(Jelinek1978.rbegin(), Jelinek1978.rend());
+  TensorStatistics(backwards, mixed);
+  for (int k = 1; k <= 3; ++k) {
+    Vector<3> v = DirectionToVector(1, MeanOf(plain, k));
+    Mvmpy(rotation, v, v);
+    EXPECT_LT(AxisAngle(MeanOf(turned, k), DirectionOfVector(v)), 0.01);
+    EXPECT_NEAR(turned.MeanK[k], plain.MeanK[k], 1e-6);
+    EXPECT_NEAR(turned.MeanE1[k], plain.MeanE1[k], 0.01);
+    EXPECT_NEAR(turned.MeanE2[k], plain.MeanE2[k], 0.01);
+    EXPECT_NEAR(mixed.MeanE1[k], plain.MeanE1[k], 1e-5);
+    EXPECT_GE(plain.MeanE1[k], plain.MeanE2[k]);
+  }
+}
+
+TEST(TensorStatistics, GivesErrorsFromFiveTensorsOnAndNoneForCopies) {
+  for (std::size_t n : {0u, 1u, 4u, 5u}) {
+    TensorStats stats;
+    stats.MeanK[1] = -1;
+    const std::span<const TensorColumn> all = Jelinek1978;
+    TensorStatistics(all.first(n), stats);
+    EXPECT_EQ(stats.MeanK[1] == -1, n == 0);
+    EXPECT_EQ(stats.Errors, n < 5 ? 0 : 3) << n;
+  }
+  TensorStats copies;
+  TensorStatistics(std::vector<TensorColumn>(6, Jelinek1978[0]), copies);
+  for (int k = 1; k <= 3; ++k) EXPECT_LT(copies.MeanE1[k], 1e-4);
+
+  TensorStats equal;  // Kint and Kmin of the mean are the same: Kmax is the last to have errors
+  const std::vector<TensorColumn> round(5, TensorColumn{1.2, 0.9, 0.9, 0, 0, 0});
+  EXPECT_THROW(TensorStatistics(round, equal), Fault);
+  EXPECT_EQ(equal.Errors, 1);
+  EXPECT_EQ(equal.MeanK[3], double(0.9f));
+}
+
+TEST(FQuantile, TakesTheTableToTwentyAndTheFitsBeyond) {
+  EXPECT_EQ(FQuantile(1), 199.5);  // of another table, and kept
+  EXPECT_EQ(FQuantile(3), 9.5521);
+  const struct {
+    int n;
+    double f;
+  } published[] = {{21, 3.467}, {40, 3.232}, {100, 3.087}, {120, 3.072}, {1000, 3.005}};
+  for (const auto& p : published) EXPECT_NEAR(FQuantile(p.n), p.f, 0.004) << p.n;
+  EXPECT_THROW(FQuantile(0), Fault);
+}
+
+TEST(MeanAndStdDev, KnowSmallSamples) {
+  EXPECT_EQ(Mean(std::vector<double>{2, 4, 9}), 5);
+  EXPECT_DOUBLE_EQ(StdDev(std::vector<double>{2, 4, 9}), std::sqrt(13.0));
+  EXPECT_EQ(StdDev(std::vector<double>{7}), 0);
+  EXPECT_THROW(Mean({}), Fault);
+}
+
+TEST(Jacobi, SolvesAndSortsDescendingWithTheLaterOfEqualsFirst) {
+  std::mt19937 random(1);
+  std::uniform_real_distribution<double> uniform(-1, 1);
+  for (int round = 0; round < 200; ++round) {
+    Matrix<3, 3> A;
+    for (int i = 1; i <= 3; ++i)
+      for (int j = i; j <= 3; ++j) A(i, j) = A(j, i) = uniform(random);
+    Matrix<3, 3> copy = A, V;
+    Vector<3> D;
+    Jacobi(copy, D, V);
+    EXPECT_TRUE(D[1] >= D[2] && D[2] >= D[3]);
+    for (int i = 1; i <= 3; ++i)
+      for (int j = 1; j <= 3; ++j) {
+        double sum = 0;
+        for (int k = 1; k <= 3; ++k) sum += V(i, k) * D[k] * V(j, k);
+        EXPECT_NEAR(sum, A(i, j), 1e-14);
+      }
+  }
+  Matrix<3, 3> diagonal{1, 0, 0, 0, 3, 0, 0, 0, 3}, V;
+  Vector<3> D;
+  Jacobi(diagonal, D, V);
+  EXPECT_EQ(D, (Vector<3>{3, 3, 1}));
+  EXPECT_EQ(V(3, 1), 1);
+  EXPECT_EQ(V(2, 2), 1);
+}
+
+TEST(BootQuantiles, TakesTheNextValueOrTheMeanOfTwo) {
+  std::vector<Vector<3>> eig(500);
+  for (int i = 0; i < 500; ++i) eig[static_cast<std::size_t>(i)] = {500.0 - i, 1.0 + i, 7};
+  const BootLimits limits = BootQuantiles(eig);
+  EXPECT_EQ(limits.Lower, (Array1<double, 3>{13, 13, 7}));
+  EXPECT_EQ(limits.Upper, (Array1<double, 3>{488, 488, 7}));
+  eig.resize(40);  // 1 and 39 are whole: 461 to 500 falling, 1 to 40 rising
+  EXPECT_EQ(BootQuantiles(eig).Lower[2], 1.5);
+  EXPECT_EQ(BootQuantiles(eig).Upper[2], 39.5);
+}
+
+/// Semi-axes in degrees by a plain simulation: other generator, other eigen solver, many
+/// replicates.
+Array1<Array1<double, 2>, 3> SimulatedSemiAxes(const std::vector<TensorColumn>& tensors) {
+  TensorStats mean;
+  TensorStatistics(tensors, mean);
+  Matrix<3, 3> frame = mean.MeanVec, back;
+  for (int i = 1; i <= 3; ++i) {
+    const int j = i % 3 + 1, k = j % 3 + 1;
+    frame(i, 3) = frame(j, 1) * frame(k, 2) - frame(k, 1) * frame(j, 2);
+  }
+  Transpose(frame, back);
+  const std::vector<TensorColumn> local = Turned(tensors, back);
+  TensorColumn m, sd;
+  const double n = static_cast<double>(local.size());
+  for (int c = 1; c <= 6; ++c) {
+    for (const TensorColumn& t : local) m[c] += t[c] / n;
+    for (const TensorColumn& t : local) sd[c] += (t[c] - m[c]) * (t[c] - m[c]) / (n - 1);
+    sd[c] = std::sqrt(sd[c]);
+  }
+  std::mt19937_64 random(42);
+  std::normal_distribution<double> normal;
+  constexpr int B = 20000;
+  Array1<Array1<double, 3>, 3> square;  // of component a of vector k
+  Array1<double, 3> along;
+  for (int b = 0; b < B; ++b) {
+    TensorColumn t;
+    for (int c = 1; c <= 6; ++c) t[c] = m[c] + sd[c] * normal(random) / std::sqrt(n);
+    TensorStats one;
+    TensorStatistics(std::span(&t, 1), one);
+    for (int k = 1; k <= 3; ++k) {
+      along[k] += std::fabs(one.MeanVec(k, k)) / B;
+      for (int a = 1; a <= 3; ++a) square[k][a] += one.MeanVec(a, k) * one.MeanVec(a, k) / B;
+    }
+  }
+  const auto axis = [&](int k, int a) {
+    return DegPerRad * std::asin(std::min(1.0, std::sqrt(5.9914645464 * square[k][a]) / along[k]));
+  };
+  return {Array1<double, 2>{axis(1, 2), axis(1, 3)}, Array1<double, 2>{axis(2, 1), axis(2, 3)},
+          Array1<double, 2>{axis(3, 2), axis(3, 1)}};
+}
+
+TEST(BootStrap, AgreesWithAPlainSimulation) {
+  // Three distinct values with moderate scatter, so that no region wraps round the net.
+  std::vector<TensorColumn> tensors;
+  std::mt19937 random(7);
+  std::normal_distribution<double> normal(0, 0.01);
+  for (int i = 0; i < 20; ++i) {
+    TensorColumn t = {1.10, 1.00, 0.90, 0.02, -0.03, 0.01};
+    for (double& c : t) c += normal(random);
+    tensors.push_back(t);
+  }
+  const GroupStats stats = StatsOf(RecordsOf(tensors));
+  const auto simulated = SimulatedSemiAxes(tensors);
+  // 500 replicates know a deviation to 1 / sqrt(1000), 3.2 %; four times that is allowed.
+  for (int k = 1; k <= 3; ++k) {
+    EXPECT_NEAR(stats.BootE1[k] / simulated[k][1], 1, 0.13) << k;
+    EXPECT_NEAR(stats.BootE2[k] / simulated[k][2], 1, 0.13) << k;
+  }
+  // 95 % of the replicates lie within the contour, by the same sampling error.
+  int inside = 0;
+  for (int j = 1; j <= BootReplicates; ++j) {
+    const ShortDirection p = stats.BootPoints[3][j];
+    if (AxisAngle({p.Dec, p.Inc}, MeanOf(stats, 3)) <= std::max(stats.BootE1[3], stats.BootE2[3]))
+      ++inside;
+  }
+  EXPECT_GT(inside, 460);
+}
+
+TEST(BootStrap, IsTheSameTwiceAndPutsTheAxisEndsWhereTheyAreMeasured) {
+  const GroupStats a = StatsOf(RecordsOf(Jelinek1978)), b = StatsOf(RecordsOf(Jelinek1978));
+  EXPECT_TRUE(a == b);
+  const BootResult boot = BootStrap(Jelinek1978, BootReplicates, BootContourPoints, GaussNumbers());
+  ASSERT_EQ(boot.BootEllipse.size(), 200u);
+  for (int k = 1; k <= 3; ++k)
+    for (std::size_t p = 0; p < 100; ++p) {  // opposite points lie mirrored about the mean
+      Vector<3> sum;
+      for (int i = 1; i <= 3; ++i)
+        sum[i] = boot.BootEllipse[p](i, k) + boot.BootEllipse[p + 100](i, k);
+      const Direction d = DirectionOfVector(sum);
+      EXPECT_LT(AxisAngle(d, MeanOf(a, k)), 0.05) << k << " " << p;
+    }
+  EXPECT_TRUE(BootStrap(std::span(Jelinek1978).first(1), 500, 200, GaussNumbers()).BootVec.empty());
+  EXPECT_THROW(BootStrap(FourCopies, 500, 200, GaussNumbers()), Fault);
+}
+
+TEST(GroupStatistics, TakesWhatTheViewShowsAndLeavesFailedFactorsOut) {
+  RecordArray records = RecordsOf(Jelinek1978);
+  records[1].Active = false;
+  records[2].CoorLevel = Specimen;
+  records[3].Fac[1] = 1e9f;
+  const GroupStats stats = StatsOf(records);
+  EXPECT_EQ(stats.GroupN, 6);
+  EXPECT_EQ(stats.Reached, GroupStats::All);
+  EXPECT_FLOAT_EQ(stats.AvgKm, 0.0055f);  // records 3 to 8
+  EXPECT_FLOAT_EQ(stats.SdKm, std::sqrt(3.5f) * 0.001f);
+  double L = 0;
+  for (int i = 4; i <= 8; ++i) L += records[i].Fac[1] / 5;
+  EXPECT_FLOAT_EQ(stats.AvgFac[1], static_cast<float>(L));
+  EXPECT_NEAR(stats.MeanFac[3], stats.MeanK[1] / stats.MeanK[3], 1e-6);
+}
+
+TEST(GroupStatistics, AveragesInPhaseValuesOfAllAlsoOutOfPhase) {
+  RecordArray records = RecordsOf(Jelinek1978);
+  for (int i = 1; i <= 5; ++i) records[i].HasIm = true;
+  const GroupStats stats = StatsOf(records, OutOfPhase);
+  EXPECT_EQ(stats.GroupN, 5);
+  EXPECT_FLOAT_EQ(stats.AvgKm, 0.0045f);  // of all eight
+}
+
+TEST(GroupStatistics, KeepsOldValuesWhereAGroupIsTooSmallOrTooLarge) {
+  std::vector<TensorColumn> hundred;
+  while (hundred.size() < 100) hundred.push_back(Jelinek1978[hundred.size() % 8]);
+  GroupStats stats;
+  const auto run = [&](const std::vector<TensorColumn>& tensors) {
+    GroupStatistics(RecordsOf(tensors), Geographic, InPhase, Settings().FacIndex, GaussNumbers(),
+                    stats);
+  };
+  run(hundred);
+  const double boot = stats.BootE1[1], error = stats.MeanE1[1];
+  EXPECT_GT(boot, 0);
+  hundred.push_back({1.3, 1.0, 0.7, 0, 0.1, 0});
+  run(hundred);
+  EXPECT_EQ(stats.GroupN, 101);
+  EXPECT_EQ(stats.BootE1[1], boot);
+  EXPECT_NE(stats.MeanE1[1], error);
+  run({});
+  EXPECT_EQ(stats.GroupN, 0);
+  EXPECT_FALSE(stats.HasAverages);
+  EXPECT_FALSE(stats.HasAverage[1]);
+  run({Jelinek1978[0]});
+  EXPECT_EQ(stats.GroupN, 1);
+  EXPECT_EQ(stats.SdKm, 0);
+}
+
+TEST(GroupStatistics, FailsAtTheDivisionAndTellsHowFarItCame) {
+  const auto run = [](const std::vector<TensorColumn>& tensors, GroupStats& stats) {
+    EXPECT_THROW(GroupStatistics(RecordsOf(tensors), Geographic, InPhase, Settings().FacIndex,
+                                 GaussNumbers(), stats),
+                 Fault);
+  };
+  GroupStats copies, equal;
+  run(FourCopies, copies);  // no scatter: the bootstrap fails
+  EXPECT_EQ(copies.Reached, GroupStats::TensorErrors);
+  EXPECT_EQ(copies.GroupN, 4);
+  EXPECT_GT(copies.MeanK[1], 1);
+  run(std::vector<TensorColumn>(5, TensorColumn{1, 1, 1, 0, 0, 0}), equal);
+  EXPECT_EQ(equal.Reached, GroupStats::MeanTensor);
+  EXPECT_EQ(equal.Errors, 0);
+}
+
+}  // namespace
+}  // namespace velorix
