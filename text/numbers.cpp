@@ -105,7 +105,7 @@ Picture ReadPicture(std::string_view text) {
   if (text.substr(0, point).find_first_not_of('0') != text.npos ||
       decimals.find_first_not_of('0') != text.npos || text.size() > 300)
     FailArgument();
-  return {static_cast<int>(point), static_cast<int>(decimals.size())};
+  return {std::max(static_cast<int>(point), 1), static_cast<int>(decimals.size())};
 }
 
 /// A value rounded to decimals: Whole and Fraction counted in units of the last decimal.

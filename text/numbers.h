@@ -30,11 +30,11 @@ bool IsNumberText(std::string_view text);
 std::int16_t DigitsOfText(std::string_view text);
 
 /// `value` under a picture of zeros with at most one point, such as "0.000": at least as many whole
-/// digits, exactly as many decimals. Halves round away from zero, by the exact decimal value of
-/// the 64-bit float (0.125 under "0.00" is 0.13; 2.675, in truth 2.67499..., is 2.67). A value of 0
-/// or more, -0.0 too, gets one blank in front so that columns of signed numbers line up; a negative
-/// one its "-", also when it rounds to zero. A value that is not finite gives the empty text;
-/// another picture is "Invalid procedure call or argument".
+/// digits (one at least), exactly as many decimals. Halves round away from zero, by the exact
+/// decimal value of the 64-bit float (0.125 under "0.00" is 0.13; 2.675, in truth 2.67499...,
+/// is 2.67). A value of 0 or more, -0.0 too, gets one blank in front so that columns of signed
+/// numbers line up; a negative one its "-", also when it rounds to zero. A value that is not finite
+/// gives the empty text; another picture is "Invalid procedure call or argument".
 std::string FormatNumber(double value, std::string_view picture);
 
 /// A value as mantissa (1 <= |Mantissa| <= 10, or 0) and power of ten.

@@ -1,0 +1,202 @@
+#include "text/numbers.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <random>
+
+#include "base/fault.h"
+
+namespace velorix {
+namespace {
+
+constexpr double Infinity = std::numeric_limits<double>::infinity();
+constexpr double Largest = std::numeric_limits<double>::max();
+
+TEST(Numbers, NumberOfReadsTheLongestNumericPrefix) {
+  const struct {
+    const char* text;
+    double wanted;
+  } cases[] = {
+      // clang-format off
+      {"12.5abc", 12.5},   {"abc", 0},        {"1,5", 1},          {"", 0},
+      {"   7", 7},         {"-.5", -0.5},     {"+.5", 0.5},        {"5.", 5},
+      {"1E3", 1000},       {"1e3", 1000},     {"1D3", 1000},       {"1d-3", 0.001},
+      {"5.E+1", 50},       {"12E", 12},       {"12E+", 12},        {"12Ex", 12},
+      {"1 2", 1},          {"1.2.3", 1.2},    {"- 5", 0},          {"--5", 0},
+      {"+-5", 0},          {".", 0},          {"-", 0},            {".E5", 0},
+      {"\t7", 0},          {"inf", 0},        {"nan", 0},          {"0x10", 0},
+      {"1-2", 1},          {"1E3.5", 1000},   {"1_000", 1},        {"00012", 12},
+      // clang-format on
+  };
+  for (const auto& c : cases) EXPECT_EQ(NumberOf(c.text), c.wanted) << c.text;
+}
+
+TEST(Numbers, NumberOfNeverFailsBeyondTheRangeOfFloats) {
+  EXPECT_EQ(NumberOf("1E999"), Largest);
+  EXPECT_EQ(NumberOf("-1D+999"), -Largest);
+  EXPECT_EQ(NumberOf("1E99999999999999999999"), Largest);
+  EXPECT_EQ(NumberOf("1E-99999999999999999999"), 0);
+  EXPECT_EQ(NumberOf("0E999"), 0);
+  EXPECT_EQ(NumberOf(std::string(400, '9')), Largest);
+  EXPECT_EQ(NumberOf("0." + std::string(400, '0') + "1"), 0);
+  EXPECT_EQ(NumberOf("0." + std::string(400, '0') + "1E401"), 1);
+  EXPECT_EQ(NumberOf(std::string("1\0002", 3)), 1);
+}
+
+TEST(Numbers, IsNumberTextJudgesCharactersAndNotSense) {
+  for (const char* text : {"", "   ", "1E-3", "-1.5", "+1", " 12 ", ".5", "5.", "1E", "E", "E+"})
+    EXPECT_TRUE(IsNumberText(text)) << text;
+  for (const char* text :
+       {"-", "+", ".", " - ", "1.2.3", "12-", "1e3", "1 2", "abc", "1,5", "--1", "\t1"})
+    EXPECT_FALSE(IsNumberText(text)) << text;
+}
+
+TEST(Numbers, DigitsOfTextJoinsAllDigitsIntoASixteenBitInteger) {
+  EXPECT_EQ(DigitsOfText("1F"), 1);
+  EXPECT_EQ(DigitsOfText("F12"), 12);
+  EXPECT_EQ(DigitsOfText("a3-2.7x67"), 32767);
+  EXPECT_EQ(DigitsOfText("FS"), 0);
+  EXPECT_THROW(DigitsOfText("32768"), Fault);
+  EXPECT_THROW(DigitsOfText(std::string(100, '9')), Fault);
+}
+
+TEST(Numbers, FormatNumberRoundsHalvesAwayFromZeroByTheExactValue) {
+  const struct {
+    double value;
+    const char *picture, *wanted;
+  } cases[] = {
+      // clang-format off
+      {1.5,       "0.000", " 1.500"},    {-1.5,      "0.000", "-1.500"},
+      {0.0,       "0.000", " 0.000"},    {-0.0,      "0.000", " 0.000"},
+      {-0.0004,   "0.000", "-0.000"},    {-1e-300,   "0",     "-0"},
+      {0.5,       "0",     " 1"},        {-2.5,      "0",     "-3"},
+      {0.125,     "0.00",  " 0.13"},     {2.675,     "0.00",  " 2.67"},
+      {0.0625,    "0.000", " 0.063"},    {0.9995,    "0.000", " 1.000"},
+      {9.9996,    "0.000", " 10.000"},   {359.95,    "0.0",   " 359.9"},
+      {7,         "000",   " 007"},      {1234.5,    "0.0",   " 1234.5"},
+      {0.49999999999999994, "0", " 0"},  {1e22,      "0.0",   " 10000000000000000000000.0"},
+      {1e22,      "0",     " 10000000000000000000000"},
+      {4503599627370497.5, "0", " 4503599627370498"},
+      {0.25,      "0.0000000", " 0.2500000"},
+      {0.00390625, "0.0000000", " 0.0039063"},
+      {99.99999999, "0.0000000", " 100.0000000"},
+      {0.05,      ".0",    " 0.1"},      {12.04,     "000.0", " 012.0"},
+      // clang-format on
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(FormatNumber(c.value, c.picture), c.wanted) << c.value << " " << c.picture;
+  for (double x : {Infinity, -Infinity, std::nan("")}) EXPECT_EQ(FormatNumber(x, "0.0"), "");
+  for (const char* picture : {"0,0", "#.0", "0.0E+00", "0.0.0"})
+    EXPECT_THROW(FormatNumber(1, picture), Fault) << picture;
+}
+
+// The C library prints the exact decimal value, halves to even; beside halves both must agree.
+TEST(Numbers, FormatNumberAgreesWithTheExactPrinterOnRandomValues) {
+  std::mt19937_64 random(1);
+  const char* pictures[] = {"0", "0.0", "0.00", "0.000", "0.0000", "0.00000", "0.000000"};
+  for (int i = 0; i < 70000; ++i) {
+    const int decimals = i % 7;
+    double value = std::ldexp(static_cast<double>(random() >> 11), static_cast<int>(i % 70) - 90);
+    if (i % 3 == 0) {  // close to a half, on both sides
+      const double unit = std::pow(10, -decimals);
+      value = (static_cast<double>(random() % 1000) + 0.5) * unit;
+      value = std::nextafter(value, i % 2 ? 0 : 1e9);
+    }
+    if (std::fmod(std::ldexp(value, decimals + 1), 2) == 1) continue;
+    char text[64];
+    std::snprintf(text, sizeof text, " %.*f", decimals, value);
+    ASSERT_EQ(FormatNumber(value, pictures[decimals]), text);
+  }
+}
+
+TEST(Numbers, SplitExponentKeepsAllDigitsOfTheMantissa) {
+  EXPECT_EQ(SplitExponent(1234.5), (ExponentParts{1.2345, 3}));
+  EXPECT_EQ(SplitExponent(-0.00012), (ExponentParts{-1.2, -4}));
+  EXPECT_EQ(SplitExponent(0), (ExponentParts{0, 0}));
+  EXPECT_EQ(SplitExponent(1.2345678901234567), (ExponentParts{1.2345678901234567, 0}));
+  EXPECT_EQ(SplitExponent(Largest), (ExponentParts{1.7976931348623157, 308}));
+  EXPECT_EQ(SplitExponent(5e-324), (ExponentParts{4.9406564584124654, -324}));
+  EXPECT_EQ(SplitExponent(Infinity), (ExponentParts{0, 0}));
+}
+
+TEST(Numbers, SignificantTextRoundsTheMantissaAndCarriesIntoTheExponent) {
+  const struct {
+    double value;
+    int digits;
+    const char* wanted;
+  } cases[] = {
+      // clang-format off
+      {1234.5,   4, "1.235E+03"},  {-1234.5,  4, "-1.235E+03"},  {1.5e-5,  4, "1.500E-05"},
+      {0,        4, " 0.000E+00"}, {-0.0,     3, " 0.00E+00"},   {9.9996,  4, "1.000E+01"},
+      {9.9994,   4, "9.999E+00"},  {2.5,      1, "3E+00"},       {0.15,    1, "1E-01"},
+      {1e100,    2, "1.0E+100"},   {5e-324,   3, "4.94E-324"},   {999.95,  4, "1.000E+03"},
+      {0.0001,   4, "1.000E-04"},  {1,        1, "1E+00"},       {123456,  6, "1.23456E+05"},
+      // clang-format on
+  };
+  for (const auto& c : cases) EXPECT_EQ(SignificantText(c.value, c.digits), c.wanted) << c.value;
+  EXPECT_EQ(SignificantText(Infinity, 4), "");
+  EXPECT_THROW(SignificantText(1, 0), Fault);
+  EXPECT_EQ(SignificantParts(1234.5, 4), (ExponentParts{1.235, 3}));
+  EXPECT_EQ(SignificantParts(9.9996, 4), (ExponentParts{1, 1}));
+}
+
+TEST(Numbers, PlainTextIsTheShortestOfItsOwnWidth) {
+  EXPECT_EQ(PlainText(Number(12.3f)), "12.3");
+  EXPECT_EQ(PlainText(static_cast<double>(12.3f)), "12.300000190734863");
+  EXPECT_EQ(PlainText(Number()), "0");
+  EXPECT_EQ(PlainText(Number(-0.0)), "0");
+  EXPECT_EQ(PlainText(std::int16_t{-32768}), "-32768");
+  EXPECT_EQ(PlainText(std::numeric_limits<int>::min()), "-2147483648");
+  EXPECT_EQ(PlainText(Number(std::numeric_limits<float>::infinity())), "");
+  EXPECT_EQ(PlainText(std::nan("")), "");
+}
+
+TEST(Numbers, PlainTextTurnsToExponentsWhereTheWidthEnds) {
+  const struct {
+    double value;
+    const char *in32, *in64;
+  } cases[] = {
+      // clang-format off
+      {0.0001,       "0.0001",        "0.0001"},
+      {1.5e-5,       "1.5E-05",       "1.5E-05"},
+      {-0.00012,     "-0.00012",      "-0.00012"},
+      {1,            "1",             "1"},
+      {10.5,         "10.5",          "10.5"},
+      {1234567,      "1234567",       "1234567"},
+      {1e7,          "1E+07",         "10000000"},
+      {-12345678,    "-1.2345678E+07", "-12345678"},
+      {1e9,          "1E+09",         "1000000000"},
+      // clang-format on
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(PlainText(static_cast<float>(c.value)), c.in32);
+    EXPECT_EQ(PlainText(c.value), c.in64);
+  }
+  EXPECT_EQ(PlainText(123456789012345.0), "123456789012345");
+  EXPECT_EQ(PlainText(1e15), "1E+15");
+  EXPECT_EQ(PlainText(-1.7976931348623157e308), "-1.7976931348623157E+308");
+  EXPECT_EQ(PlainText(5e-324), "5E-324");
+}
+
+TEST(Numbers, NumberOfReadsPlainTextBackToTheSameValue) {
+  std::mt19937_64 random(2);
+  for (int i = 0; i < 20000; ++i) {
+    const std::uint64_t bits = random();
+    const double value = std::bit_cast<double>(bits);
+    if (std::isfinite(value)) {
+      ASSERT_EQ(NumberOf(PlainText(value)), value) << PlainText(value);
+    }
+    const float single = std::bit_cast<float>(static_cast<std::uint32_t>(bits));
+    if (std::isfinite(single)) {
+      ASSERT_EQ(static_cast<float>(NumberOf(PlainText(single))), single) << PlainText(single);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace velorix

@@ -1,0 +1,41 @@
+#include "text/paths.h"
+
+#include <gtest/gtest.h>
+
+namespace velorix {
+namespace {
+
+TEST(Paths, NamesAreTakenApartAtTheLastSeparatorAndTheLastPoint) {
+  const struct {
+    const char *path, *folder, *base, *extension;
+  } cases[] = {
+      {"/home/x/site 1.ams", "/home/x", "site 1", "ams"},
+      {"a.b.AMS", "", "a.b", "AMS"},
+      {"/x.d/plain", "/x.d", "plain", ""},
+      {"/top.ran", "/", "top", "ran"},
+      {"x/.ams", "x", "", "ams"},
+      {"x/ends.", "x", "ends", ""},
+      {"x/", "x", "", ""},
+      {"", "", "", ""},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(FolderOf(c.path), c.folder) << c.path;
+    EXPECT_EQ(BaseName(c.path), c.base) << c.path;
+    EXPECT_EQ(ExtensionOf(c.path), c.extension) << c.path;
+  }
+}
+
+TEST(Paths, JoinPathPutsExactlyOneSeparatorBetween) {
+  const std::string joined = std::string("folder") + PathSeparator + "name";
+  EXPECT_EQ(JoinPath("folder", "name"), joined);
+  EXPECT_EQ(JoinPath(std::string("folder") + PathSeparator, "name"), joined);
+  EXPECT_EQ(JoinPath("", "name"), "name");
+  EXPECT_EQ(JoinPath("/", "name"), "/name");
+}
+
+TEST(Paths, TextBeyondAsciiSurvivesTheWayThroughThePlatformsPath) {
+  EXPECT_EQ(Utf8Of(PathOf("Žulová/měření 岩.ams")), "Žulová/měření 岩.ams");
+}
+
+}  // namespace
+}  // namespace velorix
