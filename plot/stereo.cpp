@@ -39,10 +39,14 @@ struct StereoView {
     const Point a = OnNet(net, u1, v), b = OnNet(net, u2, v);
     DrawLine(target, a.x, a.y, b.x, b.y, pen);
   }
+  /// As in all views, but a block that is neither of the two shows no record here.
+  bool Plots(const SpecimenRecord& record) const {
+    return (reImMode == InPhase || reImMode == OutOfPhase) && IsShown(record, coorSys, reImMode);
+  }
   template <class Visit>
-  void ForEachShown(bool selected, Visit visit) const {
+  void ForEachPlotted(bool selected, Visit visit) const {
     for (const SpecimenRecord& record : records)
-      if (record.Selected == selected && IsShown(record, coorSys, reImMode)) visit(record);
+      if (record.Selected == selected && Plots(record)) visit(record);
   }
 };
 
@@ -75,11 +79,11 @@ Pen FoliPen(int i, Colour colour) {
 
 void DrawCaptions(const StereoView& view) {
   if (!view.options.chkCaption[0]) return;
-  const auto shown = std::count_if(view.records.begin(), view.records.end(), [&](const auto& r) {
-    return IsShown(r, view.coorSys, view.reImMode);
-  });
+  const auto plotted =
+      std::count_if(view.records.begin(), view.records.end(),
+                    [&](const SpecimenRecord& record) { return view.Plots(record); });
   const std::string left[] = {SystemName(view.coorSys), "Coordinate", "System"};
-  const std::string right[] = {"Equal-Area", "Projection", "N = " + std::to_string(shown)};
+  const std::string right[] = {"Equal-Area", "Projection", "N = " + std::to_string(plotted)};
   constexpr double rows[] = {0.9, 0.8, 0.7};
   for (int i = 0; i < 3; ++i) view.Text(left[i], -1.1, rows[i], LeftBaseline);
   for (int i = 0; i < 3; ++i) view.Text(right[i], 1.1, rows[i], RightBaseline);
@@ -139,7 +143,7 @@ void DrawLegend(const StereoView& view) {
 
 void DrawRecordSymbols(const StereoView& view, bool selected) {
   if (!view.options.chkData) return;
-  view.ForEachShown(selected, [&](const SpecimenRecord& record) {
+  view.ForEachPlotted(selected, [&](const SpecimenRecord& record) {
     for (int k = 1; k <= 3; ++k) {
       const Direction direction = {record.Dec[k], record.Inc[k]};
       if (!view.options.chkK[k]) continue;

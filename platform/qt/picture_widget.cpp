@@ -7,6 +7,21 @@
 
 namespace velorix {
 
+namespace {
+
+constexpr int Margin = 4;  // between picture and border, in the window system's units
+
+/// How the plane lies in a widget of that size, in pixels of which a unit has `ratio`.
+PlaneFit FitInside(PlaneSize plane, const QSizeF& size, double ratio) {
+  const double margin = Margin * ratio;
+  PlaneFit fit = FitPlane(plane, size - QSizeF(2 * margin, 2 * margin));
+  fit.dx += margin;
+  fit.dy += margin;
+  return fit;
+}
+
+}  // namespace
+
 PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) {
   setMouseTracking(true);
   setAttribute(Qt::WA_OpaquePaintEvent);  // the picture covers all of the widget
@@ -36,7 +51,9 @@ void PictureWidget::SetOverlay(DrawFunction overlay) {
   update();
 }
 
-QSize PictureWidget::sizeHint() const { return {plane_.width, plane_.height}; }
+QSize PictureWidget::sizeHint() const {
+  return {plane_.width + 2 * Margin, plane_.height + 2 * Margin};
+}
 
 // Half the plane: letters can just be read.
 QSize PictureWidget::minimumSizeHint() const { return sizeHint() / 2; }
@@ -47,7 +64,7 @@ void PictureWidget::Compose(QImage& image, const DrawFunction& draw) {
   image.setDevicePixelRatio(1);
   {
     QPainter painter(&image);
-    PainterTarget target(painter, FitPlane(plane_, image.size()));
+    PainterTarget target(painter, FitInside(plane_, image.size(), ratio));
     try {
       draw(target);
     } catch (const Fault& fault) {
@@ -79,7 +96,7 @@ void PictureWidget::paintEvent(QPaintEvent*) {
 
 void PictureWidget::Report(const MouseFunction& function, const QMouseEvent& event) {
   if (!function) return;
-  const QPointF p = FitPlane(plane_, size()).ToLogical(event.position());
+  const QPointF p = FitInside(plane_, size(), 1).ToLogical(event.position());
   function({p.x(), p.y(), event.button(), event.buttons(), event.modifiers()});
 }
 

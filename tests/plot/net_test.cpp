@@ -1,0 +1,96 @@
+#include "plot/net.h"
+
+#include <gtest/gtest.h>
+
+#include "plot/recorder.h"
+
+namespace velorix {
+namespace {
+
+constexpr Net Screen = {180, 190, 310};
+
+TEST(DrawNet, DrawsTheScreensFrameInThisOrder) {
+  Recorder recorder;
+  DrawNet(recorder, 2, EqualArea, Screen, 0x112233, 14);
+  std::string expected =
+      "ellipse (25,35) (335,345) pen 0 112233 2 brush none\n"
+      "text \"N\" (180,32) height 14 112233 align 30\n"
+      "text \"90\" (338,195) height 14 112233 align 24\n"
+      "text \"180\" (180,347) height 14 112233 align 6\n"
+      "text \"270\" (22,195) height 14 112233 align 26\n";
+  // Distances of the ticks from the centre: 155 * sqrt(1 - sin(inclination)). The tick length 5
+  // puts the ends at 2.5 to either side, which goes to 2 on even and to 2 or 3 on rounded sides.
+  const int distances[] = {141, 126, 110, 93, 75, 57, 38, 19, 0};
+  ASSERT_EQ(recorder.calls.size(), 5u + 36u);
+  EXPECT_EQ(ToText({recorder.calls.begin(), recorder.calls.begin() + 5}), expected);
+  for (int i = 0; i < 36; ++i) {
+    const int d = distances[i / 4];
+    const int dx[] = {0, 0, d, -d}, dy[] = {-d, d, 0, 0};  // declinations 0, 180, 90, 270
+    const auto& tick = std::get<PolylineCall>(recorder.calls[static_cast<std::size_t>(5 + i)]);
+    const LogicalPoint a = tick.points.at(0), b = tick.points.at(1);
+    const bool across = i % 4 < 2;
+    EXPECT_NEAR((a.x + b.x) / 2.0, 180 + dx[i % 4], 0.51) << i;
+    EXPECT_NEAR((a.y + b.y) / 2.0, 190 + dy[i % 4], 0.51) << i;
+    EXPECT_EQ(across ? a.y : a.x, across ? b.y : b.x) << i;
+    EXPECT_NEAR(across ? b.x - a.x : b.y - a.y, 5, 1) << i;
+    EXPECT_EQ(tick.pen, (Pen{.style = Solid, .colour = 0x112233, .width = 1}));
+  }
+}
+
+TEST(DrawNet, NamesTheAxesOfEachCoordinateSystem) {
+  const struct {
+    std::int16_t coorSys;
+    std::vector<std::string> names;
+  } rows[] = {
+      {0, {"0", "90", "180", "270"}}, {1, {"X", "Y", "-X", "-Y"}}, {2, {"N", "90", "180", "270"}},
+      {3, {"N", "90", "180", "270"}}, {4, {"X", "Y", "-X", "-Y"}}, {5, {"0", "90", "180", "270"}},
+  };
+  for (const auto& row : rows) {
+    Recorder recorder;
+    DrawNet(recorder, row.coorSys, EqualArea, Screen, Black, 14);
+    std::vector<std::string> names;
+    for (const DrawCall& call : recorder.calls)
+      if (const auto* text = std::get_if<TextCall>(&call)) names.push_back(text->text);
+    EXPECT_EQ(names, row.names) << row.coorSys;
+  }
+}
+
+TEST(DrawNet, TickLengthGrowsWithTheNet) {
+  for (const auto& [diameter, length] : {std::pair{340.0, 5}, {680.0, 10}, {3400.0, 50}}) {
+    Recorder recorder;
+    DrawNet(recorder, 2, EqualArea, {0, 0, diameter}, Black, 14);
+    const auto& last = std::get<PolylineCall>(recorder.calls.back());
+    EXPECT_NEAR(last.points[1].y - last.points[0].y, length, 1) << diameter;
+  }
+}
+
+TEST(DrawNet, OfNoExtentCollapsesToItsCentre) {
+  Recorder recorder;
+  DrawNet(recorder, 2, EqualArea, {40, 50, 0}, Black, 14);
+  EXPECT_EQ(ToText(recorder.calls.front()), "ellipse (40,50) (40,50) pen 0 0 2 brush none");
+  EXPECT_EQ(ToText(recorder.calls.back()), "polyline (40,50) (40,50) pen 0 0 1");
+}
+
+TEST(DrawNetSymbol, StandsWhereTheNetHasTheDirection) {
+  const struct {
+    Projection projection;
+    Direction direction;
+    LogicalPoint at;
+  } rows[] = {
+      {EqualArea, {0, 0}, {500, 0}},       {EqualArea, {90, 0}, {1000, 500}},
+      {EqualArea, {180, 0}, {500, 1000}},  {EqualArea, {0, 90}, {500, 500}},
+      {EqualArea, {0, 45}, {500, 229}},    // 500 * 0.5412 above the centre
+      {EqualAngle, {0, 45}, {500, 293}},   // 500 * 0.4142
+      {EqualArea, {200, 30}, {379, 832}},  // 500 * sqrt(0.5) = 353.55 from the centre
+      {EqualArea, {200, -30}, {379, 832}},
+  };
+  for (const auto& row : rows) {
+    Recorder recorder;
+    DrawNetSymbol(recorder, {500, 500, 1000}, row.projection, row.direction, -1, 9, Red, {});
+    EXPECT_EQ(recorder.calls, std::vector<DrawCall>({PixelCall{row.at, Red}}))
+        << row.projection << " " << row.direction.Dec << " " << row.direction.Inc;
+  }
+}
+
+}  // namespace
+}  // namespace velorix
