@@ -101,6 +101,7 @@ void SettingsWrite(const Settings& record, const std::string& path) {
   std::error_code error;
   errno = 0;
   std::ofstream file(beside, std::ios::binary | std::ios::trunc);
+  const bool opened = file.is_open();
   file << SettingsText(record);
   file.close();
   if (!file)
@@ -109,7 +110,7 @@ void SettingsWrite(const Settings& record, const std::string& path) {
     std::filesystem::rename(beside, target, error);
   if (!error) return;
   std::error_code ignored;
-  std::filesystem::remove(beside, ignored);
+  if (opened) std::filesystem::remove(beside, ignored);
   throw std::filesystem::filesystem_error("cannot write", target, error);
 }
 

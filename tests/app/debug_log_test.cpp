@@ -1,0 +1,72 @@
+#include "app/debug_log.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+#include <sstream>
+
+#include "text/paths.h"
+
+namespace velorix {
+namespace {
+
+struct DebugLogFile : ::testing::Test {
+  DebugLogFile() : Path(::testing::TempDir() + "velorix_debug_log_test.log") {}
+  ~DebugLogFile() override { std::filesystem::remove(PathOf(Path)); }
+
+  std::string Written() const {
+    std::ifstream file(PathOf(Path), std::ios::binary);
+    std::stringstream text;
+    text << file.rdbuf();
+    return text.str();
+  }
+
+  std::string Path;
+};
+
+TEST_F(DebugLogFile, EntriesCarryTimeAndIndentUnlessAsIsOrEmpty) {
+  DebugLog log;
+  log.Open(Path);
+  log.DebugPrint("start");
+  log.Indent = 2;
+  log.DebugPrint("řádek ", true);
+  log.DebugPrint("goes on", false, true);
+  log.DebugPrint("");
+  const std::regex wanted(
+      " \\d\\d:\\d\\d:\\d\\d start\n"
+      " \\d\\d:\\d\\d:\\d\\d     řádek goes on\n"
+      "\n");
+  EXPECT_TRUE(std::regex_match(Written(), wanted)) << Written();
+}
+
+TEST_F(DebugLogFile, StartsEmptyAtEachRun) {
+  {
+    DebugLog log;
+    log.Open(Path);
+    log.DebugPrint("former run");
+  }
+  DebugLog log;
+  log.Open(Path);
+  EXPECT_EQ(Written(), "");
+}
+
+TEST_F(DebugLogFile, PrintsNothingWhileOffOrNotOpened) {
+  DebugLog log;
+  log.DebugPrint("nowhere");
+  log.Open(Path);
+  log.ToFile = false;
+  log.DebugPrint("not this");
+  log.ToFile = true;
+  log.DebugPrint("this", true, true);
+  EXPECT_EQ(Written(), "this");
+}
+
+TEST(DebugLog, PlaceThatCannotBeWrittenIsAnError) {
+  DebugLog log;
+  EXPECT_THROW(log.Open(::testing::TempDir() + "no such folder/x.log"),
+               std::filesystem::filesystem_error);
+}
+
+}  // namespace
+}  // namespace velorix

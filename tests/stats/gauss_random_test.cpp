@@ -1,0 +1,83 @@
+#include "stats/gauss_random.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <numeric>
+
+namespace velorix {
+namespace {
+
+const std::vector<float>& Table() {
+  static const std::vector<float> table = [] {
+    std::vector<float> values;
+    FillGaussTable(values, {});
+    return values;
+  }();
+  return table;
+}
+
+double MeanOf(double (*of)(double)) {
+  double sum = 0;
+  for (float x : Table()) sum += of(x);
+  return sum / GaussTableSize;
+}
+
+TEST(GaussRandom, NaturalLogAgreesWithTheLibraryWithinTwoUlps) {
+  const auto check = [](double x) {
+    const double wanted = std::log(x);
+    const double ulp = std::nextafter(std::abs(wanted), 1e9) - std::abs(wanted);
+    ASSERT_LE(std::abs(NaturalLog(x) - wanted), 2 * ulp) << std::hexfloat << x;
+  };
+  UniformSource uniform;
+  for (int i = 0; i < 200000; ++i) check(0x1p-48 + uniform());
+  for (int e = -1022; e < 1024; ++e)
+    for (double m : {1.0, 1.25, 0x1.6a09e667f3bccp0, 0x1.6a09e667f3bcdp0, 0x1.fffffffffffffp0})
+      check(std::ldexp(m, e));
+  check(std::nextafter(1.0, 0));
+  check(std::nextafter(1.0, 2));
+  EXPECT_EQ(NaturalLog(1), 0);
+}
+
+TEST(GaussRandom, UniformDrawsAreMultiplesOfTwoToMinus24BelowOne) {
+  UniformSource uniform;
+  for (int i = 0; i < 100000; ++i) {
+    const float u = uniform();
+    ASSERT_TRUE(u >= 0 && u < 1);
+    ASSERT_EQ(u * 0x1p24f, std::floor(u * 0x1p24f));
+  }
+}
+
+TEST(GaussRandom, TableHoldsStandardNormalNumbers) {
+  ASSERT_EQ(Table().size(), std::size_t{2000000});
+  const double error = 4 / std::sqrt(GaussTableSize);  // four standard errors of the mean
+  EXPECT_NEAR(MeanOf([](double x) { return x; }), 0, error);
+  EXPECT_NEAR(MeanOf([](double x) { return x * x; }), 1, error * std::sqrt(2));
+  EXPECT_NEAR(MeanOf([](double x) { return x * x * x; }), 0, error * std::sqrt(15));
+  EXPECT_NEAR(MeanOf([](double x) { return x * x * x * x; }), 3, error * std::sqrt(96));
+  EXPECT_NEAR(MeanOf([](double x) { return std::abs(x) < 1.959964 ? 1.0 : 0.0; }), 0.95,
+              error * std::sqrt(0.95 * 0.05));
+}
+
+// The numbers are those of a second program, written in another language with its own logarithm. A
+// change here changes every user's confidence regions from one version to the next.
+TEST(GaussRandom, TableIsTheSameOnEveryMachine) {
+  std::uint64_t hash = 14695981039346656037u;  // FNV-1a over the bits
+  for (float x : Table()) hash = (hash ^ std::bit_cast<std::uint32_t>(x)) * 1099511628211u;
+  EXPECT_EQ(hash, 18006020579504441603u);
+  EXPECT_EQ(Table()[0], 0x1.aaa4dp-2f);
+  EXPECT_EQ(Table()[1], 0x1.0a316cp-1f);
+  EXPECT_EQ(Table()[GaussTableSize - 1], -0x1.8985f8p-3f);
+}
+
+TEST(GaussRandom, FillYieldsNowAndThenAndStartsAnewEachTime) {
+  std::vector<float> table(10, 1.0f);
+  int yields = 0;
+  FillGaussTable(table, [&yields] { ++yields; });
+  EXPECT_GE(yields, 20);
+  EXPECT_TRUE(table == Table());
+}
+
+}  // namespace
+}  // namespace velorix

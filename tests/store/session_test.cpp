@@ -1,0 +1,149 @@
+#include "store/session.h"
+
+#include <gtest/gtest.h>
+
+namespace velorix {
+namespace {
+
+RecordArray Named(std::initializer_list<const char*> names) {
+  RecordArray records;
+  for (const char* name : names) {
+    SpecimenRecord record;
+    record.Name = name;
+    record.Active = true;
+    records.Add(record);
+  }
+  return records;
+}
+
+std::string NamesIn(const RecordArray& records) {
+  std::string names;
+  for (const SpecimenRecord& record : records)
+    names += record.Name + ":" + std::to_string(record.RecordNo) + " ";
+  return names;
+}
+
+TEST(RecordArray, HoldsAtMost32767RecordsAndThenStaysAsItWas) {
+  RecordArray records = Named({"first"});
+  EXPECT_EQ(records.Grow(32766), 2);
+  records[32767].Name = "last";
+  const auto refused = [&records](int n) {
+    EXPECT_THROW(records.Grow(n), Fault) << n;
+    EXPECT_EQ(records.Count(), 32767);
+  };
+  refused(1);
+  refused(-1);
+  refused(std::numeric_limits<int>::max());
+  EXPECT_THROW(records.Add(SpecimenRecord{}), Fault);
+  EXPECT_EQ(records[1].Name, "first");
+  EXPECT_EQ(records[32767].Name, "last");
+  try {
+    records.Grow(1);
+  } catch (const Fault& fault) {
+    EXPECT_STREQ(fault.what(), "Overflow");
+  }
+}
+
+TEST(RecordArray, GrowGivesEmptyRecordsAlsoInMemoryThatWasUsed) {
+  RecordArray records = Named({"a", "b", "c"});
+  records.Truncate(1);
+  EXPECT_EQ(records.Grow(1), 2);
+  EXPECT_EQ(records[2], SpecimenRecord{});
+  records.Clear();
+  EXPECT_TRUE(records.Empty());
+  EXPECT_EQ(records.Grow(2), 1);
+  EXPECT_EQ(records[1], SpecimenRecord{});
+}
+
+TEST(Store, ReplaceStoreTakesTheRecordsAndNumbersThem) {
+  Session session;
+  RecordArray first = Named({"a", "b", "c"}), second = Named({"x", "y"});
+  ReplaceStore(session, first);
+  EXPECT_EQ(NamesIn(session.Records), "a:1 b:2 c:3 ");
+  EXPECT_TRUE(first.Empty());
+  ReplaceStore(session, second);
+  EXPECT_EQ(NamesIn(session.Records), "x:1 y:2 ");
+  EXPECT_EQ(session.RecordCount(), 2);
+  EXPECT_TRUE(second.Empty());
+  EXPECT_TRUE(session.Spare.Empty());
+
+  ClearStore(session);
+  EXPECT_EQ(session.RecordCount(), 0);
+  ClearStore(session);  // an empty store stays empty
+  EXPECT_EQ(session.RecordCount(), 0);
+}
+
+TEST(Store, RenumberGoesThroughTheWholeStore) {
+  RecordArray records;
+  records.Grow(32767);
+  Renumber(records);
+  EXPECT_EQ(records[1].RecordNo, 1);
+  EXPECT_EQ(records[32767].RecordNo, 32767);
+}
+
+TEST(Store, IsShownGoesByUseSystemAndBlock) {
+  const struct {
+    bool active;
+    std::int16_t level;
+    bool hasIm;
+    std::int16_t coorSys, block;
+    bool wanted;
+  } cases[] = {
+      // clang-format off
+      {true,  2, false, Geographic, InPhase,    true},
+      {true,  2, true,  Geographic, InPhase,    true},
+      {false, 2, true,  Geographic, InPhase,    false},
+      {true,  1, true,  Geographic, InPhase,    false},   // not rotated there
+      {true,  0, true,  Specimen,   InPhase,    false},
+      {true,  4, true,  Tectonic,   OutOfPhase, true},
+      {true,  4, false, Tectonic,   OutOfPhase, false},
+      {false, 4, true,  Tectonic,   OutOfPhase, false},
+      // clang-format on
+  };
+  Session session;
+  session.Records.Grow(1);
+  for (const auto& c : cases) {
+    SpecimenRecord& record = session.Records[1];
+    record.Active = c.active;
+    record.CoorLevel = c.level;
+    record.HasIm = c.hasIm;
+    EXPECT_EQ(IsShown(record, c.coorSys, c.block), c.wanted) << &c - cases;
+    session.CoorSys = c.coorSys;
+    session.ReImMode = c.block;
+    int visits = 0;
+    ForEachActive(session, [&visits](const SpecimenRecord&) { ++visits; });
+    EXPECT_EQ(visits, c.wanted ? 1 : 0) << &c - cases;
+  }
+}
+
+/// "S" a selected record, "." one that isn't; lower case or "," when it is disregarded.
+std::string MarksOf(const RecordArray& records) {
+  std::string marks;
+  for (const SpecimenRecord& r : records)
+    marks += r.Active ? (r.Selected ? 'S' : '.') : (r.Selected ? 's' : ',');
+  return marks;
+}
+
+TEST(Store, SelectionCommandsActOnEveryRecord) {
+  const struct {
+    const char* name;
+    void (*command)(RecordArray&);
+    const char* wanted;
+  } cases[] = {
+      {"Invert Selection", InvertSelection, ".Ss,"},
+      {"Disregard Selected Record(s)", DisregardSelected, ",.,,"},
+      {"Restore All Records", RestoreAll, "...."},
+      {"Clear Selection", ClearSelection, "..,,"},
+  };
+  for (const auto& c : cases) {
+    RecordArray records = Named({"a", "b", "c", "d"});
+    records[1].Selected = records[4].Selected = true;
+    records[3].Active = records[4].Active = false;
+    ASSERT_EQ(MarksOf(records), "S.,s");
+    c.command(records);
+    EXPECT_EQ(MarksOf(records), c.wanted) << c.name;
+  }
+}
+
+}  // namespace
+}  // namespace velorix
