@@ -14,72 +14,41 @@ namespace {
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsSign(char c) { return c == '+' || c == '-'; }
 
-/// The decimal digits of a value, d.ddd times ten to the Exponent.
-struct Decimal {
-  static constexpr int Exact = 766;  // decimals behind the first digit that show any float exactly
-
-  char Digits[Exact + 2];
-  int Count = 0, Exponent = 0;
-};
-
-/// The digits of `value`, finite and not negative: the shortest that read back to it, or with
-/// `precision...` decimals behind the first digit.
-template <class Float, class... Precision>
-void TakeDigits(Float value, Decimal& decimal, Precision... precision) {
-  char text[Decimal::Exact + 12];
-  const char* const end =
-      std::to_chars(text, std::end(text), value, std::chars_format::scientific, precision...).ptr;
-  const char* p = text;
-  decimal.Count = 0;
-  for (; *p != 'e'; ++p)
-    if (*p != '.') decimal.Digits[decimal.Count++] = *p;
-  p += p[1] == '+' ? 2 : 1;  // from_chars takes no plus sign
-  std::from_chars(p, end, decimal.Exponent);
-}
-
-char* PutExponent(char* out, int exponent) {
-  *out++ = 'E';
-  *out++ = exponent < 0 ? '-' : '+';
-  const int size = std::abs(exponent);
-  if (size < 10) *out++ = '0';
-  return std::to_chars(out, out + 4, size).ptr;
-}
-
-char* PutZeros(char* out, int count) {
-  for (; count > 0; --count) *out++ = '0';
-  return out;
-}
-
+/// The shortest text that reads back to `value`: fixed from 0.0001 to below `limit`, beyond that in
+/// exponent form. The standard's exponents have a sign and two digits as wanted; only the letter
+/// is small.
 template <class Float>
-std::string ShortestText(Float value, int exponentLimit) {
+std::string ShortestText(Float value, Float limit) {
   if (!std::isfinite(value)) return {};
   if (value == 0) return "0";
-  Decimal d;
-  TakeDigits(std::abs(value), d);
+  const Float size = std::abs(value);
+  const bool fixed = size >= static_cast<Float>(1e-4) && size < limit;
   char text[40];
-  char* out = text;
-  const auto put = [&](int from, int to) {
-    for (int i = from; i < to; ++i) *out++ = d.Digits[i];
-  };
-  if (value < 0) *out++ = '-';
-  if (d.Exponent < -4 || d.Exponent >= exponentLimit) {
-    put(0, 1);
-    if (d.Count > 1) *out++ = '.';
-    put(1, d.Count);
-    out = PutExponent(out, d.Exponent);
-  } else if (d.Exponent < 0) {
-    *out++ = '0';
-    *out++ = '.';
-    out = PutZeros(out, -d.Exponent - 1);
-    put(0, d.Count);
-  } else {
-    const int whole = d.Exponent + 1;
-    put(0, std::min(whole, d.Count));
-    out = PutZeros(out, whole - d.Count);
-    if (d.Count > whole) *out++ = '.';
-    put(whole, d.Count);
-  }
-  return {text, out};
+  char* const end = std::to_chars(text, std::end(text), value,
+                                  fixed ? std::chars_format::fixed : std::chars_format::scientific)
+                        .ptr;
+  if (!fixed) *std::find(text, end, 'e') = 'E';
+  return {text, end};
+}
+
+constexpr int ExactDecimals = 766;  // behind the first digit: they show any float exactly
+
+/// The digits of a value, d.ddd times ten to the Exponent.
+struct Decimal {
+  std::string Digits;
+  int Exponent = 0;
+};
+
+/// `value` > 0 with `decimals` decimals behind the first digit.
+Decimal DigitsOf(double value, int decimals) {
+  char text[ExactDecimals + 12];
+  const char* const end =
+      std::to_chars(text, std::end(text), value, std::chars_format::scientific, decimals).ptr;
+  const std::string_view whole(text, static_cast<std::size_t>(end - text));
+  const std::size_t e = whole.find('e');
+  Decimal decimal{std::string(whole.substr(0, e)), static_cast<int>(NumberOf(whole.substr(e + 1)))};
+  if (decimals > 0) decimal.Digits.erase(1, 1);
+  return decimal;
 }
 
 /// Adds one to the last of the decimal digits in `text`, a point among them left alone.
@@ -145,7 +114,7 @@ std::string RoundExactly(double value, int decimals) {
                               .ptr;
   std::string result(static_cast<const char*>(text), end);
   if (half) {
-    result.resize(result.size() - (decimals == 0 ? 2 : 1));
+    result.erase(result.size() - (decimals == 0 ? 2 : 1));  // the 5, and a point without decimals
     CountUp(result);
   }
   return result;
@@ -278,37 +247,36 @@ ExponentParts SplitExponent(double value) {
 }
 
 std::string SignificantText(double value, int digits) {
-  if (digits < 1 || digits > Decimal::Exact) FailArgument();
+  if (digits < 1 || digits > ExactDecimals - 2) FailArgument();
   if (!std::isfinite(value)) return {};
   const std::size_t count = static_cast<std::size_t>(digits);
-  std::string shown(count, '0');
-  int exponent = 0;
+  Decimal d{std::string(count, '0'), 0};
   if (value != 0) {
-    Decimal d;
-    TakeDigits(std::abs(value), d, digits);  // one digit more than shown, already rounded
-    if (d.Digits[digits] == '5') TakeDigits(std::abs(value), d, Decimal::Exact);
-    shown.assign(d.Digits, count);
-    exponent = d.Exponent;
-    if (d.Digits[digits] >= '5') CountUp(shown);
-    if (shown.size() > count) {
-      shown.pop_back();
-      ++exponent;
+    d = DigitsOf(std::abs(value), digits + 2);   // three digits more than shown tell how to round,
+    if (d.Digits.compare(count, 3, "500") == 0)  // unless they are themselves rounded to a half
+      d = DigitsOf(std::abs(value), ExactDecimals);
+    const bool up = d.Digits[count] >= '5';
+    d.Digits.resize(count);
+    if (up) CountUp(d.Digits);
+    if (d.Digits.size() > count) {
+      d.Digits.pop_back();
+      ++d.Exponent;
     }
   }
-  if (digits > 1) shown.insert(1, 1, '.');
-  char text[8];
-  shown.append(text, PutExponent(text, exponent));
-  if (value == 0) return ' ' + shown;  // only 0 has a blank in front: wanted
-  return value < 0 ? '-' + shown : shown;
+  if (digits > 1) d.Digits.insert(1, 1, '.');
+  const int size = std::abs(d.Exponent);
+  std::string text = value == 0 ? " " : value < 0 ? "-" : "";  // only 0 has a blank: wanted
+  text.append(d.Digits).append(d.Exponent < 0 ? "E-" : "E+").append(size < 10 ? "0" : "");
+  return text + std::to_string(size);
 }
 
 ExponentParts SignificantParts(double value, int digits) {
   return SplitExponent(NumberOf(SignificantText(value, digits)));
 }
 
-std::string PlainText(float value) { return ShortestText(value, 7); }
+std::string PlainText(float value) { return ShortestText(value, 1e7f); }
 
-std::string PlainText(double value) { return ShortestText(value, 15); }
+std::string PlainText(double value) { return ShortestText(value, 1e15); }
 
 std::string PlainText(int value) {
   char text[16];
