@@ -14,7 +14,8 @@ namespace {
 // The height of a character cell of Arial, and of Liberation Sans, in units of its em square.
 constexpr double CellPerEm = 1.117;
 
-constexpr double LargestStamp = 64;           // device pixels; a greater shape is drawn
+constexpr double LargestStamp = 64;           // device pixels; a greater shape is drawn,
+constexpr double LargestStampPen = 16;        // and one under a wider pen
 constexpr std::size_t MostStamps = 1u << 12;  // more colours than that would only fill memory
 
 QColor ToQColor(Colour colour) {
@@ -191,7 +192,7 @@ void PainterTarget::DrawShape(QPainter& painter, Kind kind, std::span<const Logi
 /// Stamps a shape that is small enough; false when it is not.
 bool PainterTarget::DrawStamp(Kind kind, std::span<const LogicalPoint> points, const Pen& pen,
                               Brush brush) {
-  if (points.size() > MaxStampPoints) return false;
+  if (points.size() > MaxStampPoints || PenWidth(pen) > LargestStampPen) return false;
   StampKey key = {.kind = kind,
                   .count = static_cast<std::int16_t>(points.size()),
                   .penStyle = pen.style,

@@ -212,7 +212,7 @@ TEST(StereoOptions, FirstPictureShowsDataMeanEllipsesAndCaptions) {
   EXPECT_FALSE(options.chkStereoColorCoding || options.chkFoli[0] || options.chkFoli[4]);
 }
 
-/// The lower right corner of what was drawn, a letter taken as wide as high.
+/// The lower right corner of what was drawn, a letter of the legend's codes taken as wide as high.
 PlaneSize Extent(const std::vector<DrawCall>& calls) {
   PlaneSize extent;
   const auto reach = [&extent](int x, int y) {
@@ -226,11 +226,10 @@ PlaneSize Extent(const std::vector<DrawCall>& calls) {
     if (const auto* ellipse = std::get_if<EllipseCall>(&call))
       reach(ellipse->box.right, ellipse->box.bottom);
     if (const auto* text = std::get_if<TextCall>(&call)) {
-      const bool fromLeft = text->style.alignment == LeftBaseline;
       const bool below = text->style.alignment == CentreTop;
+      const bool code = text->style.alignment == LeftBaseline && text->point.x > 180;
       const int length = static_cast<int>(text->text.size()) * text->style.height;
-      const bool code = text->text.size() > 4 && text->text[0] == '#';
-      reach(text->point.x + (fromLeft && code ? length : 0),
+      reach(text->point.x + (code ? length : 0),
             text->point.y + (below ? text->style.height : text->style.height / 4));
     }
   }
@@ -245,8 +244,8 @@ TEST(StereoPlane, HoldsAllThatIsDrawn) {
     geological.lstLine.push_back("L" + std::to_string(i));
   }
   StereoOptions longCodes = geological;
-  longCodes.lstFoli.push_back("#LONGFOLIATION");
-  longCodes.lstLine.push_back("#LONGERLINEATION");
+  longCodes.lstFoli.push_back("LONGFOLIATION");
+  longCodes.lstLine.push_back("LONGERLINEATION");
   for (const StereoOptions& options : {StereoOptions{}, NetOnly(), geological, longCodes}) {
     const PlaneSize plane = StereoPlane(options), extent = Extent(Drawn({}, options));
     EXPECT_LT(extent.width, plane.width);

@@ -59,6 +59,7 @@ class PainterTargetTest : public QObject {
   void TextStandsAsAligned();
   void TextHeightIsTheCells();
   void TextTurnsAgainstTheClock();
+  void PageKeepsFractions();
   void WildCoordinatesDoNoHarm();
   void WidgetKeepsItsPictureUntilToldOrResized();
   void WidgetMapsTheMouseToThePlane();
@@ -222,6 +223,18 @@ void PainterTargetTest::TextTurnsAgainstTheClock() {
   QVERIFY(turned.bottom() <= 50 && turned.right() <= 50);  // upward, the letters' feet to the right
 }
 
+void PainterTargetTest::PageKeepsFractions() {
+  QImage image(100, 100, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  {
+    QPainter painter(&image);
+    PainterTarget target(painter, {0.25, 0, 0}, Surface::Page);
+    DrawLine(target, 40, 200, 360, 200, {});
+  }
+  // A line a quarter of a pixel wide, half of it on either side of the edge at 50.
+  QVERIFY(qGray(image.pixel(50, 50)) > 180 && qGray(image.pixel(50, 50)) < 255);
+}
+
 void PainterTargetTest::WildCoordinatesDoNoHarm() {
   const auto wild = [](Target& t) {
     const LogicalPoint far[] = {{INT32_MIN, INT32_MIN}, {INT32_MAX, INT32_MAX}, {0, INT32_MIN}};
@@ -229,6 +242,7 @@ void PainterTargetTest::WildCoordinatesDoNoHarm() {
     t.Polyline(std::span(far, 1), {});
     t.Polygon({}, {}, Brush(Red));
     t.Pixel({INT32_MAX, INT32_MIN}, Red);
+    t.Ellipse({10, 10, 12, 12}, {.width = INT16_MAX}, Brush(White));
     t.Ellipse({INT32_MIN, 0, INT32_MAX, 10}, {.style = 77, .width = -5}, NoBrush);
     t.Text("", {5, 5}, {});
     t.Text("\xFF\xFE", {5, 5}, {.height = -3, .weight = -1});
