@@ -227,7 +227,7 @@ PlaneSize Extent(const std::vector<DrawCall>& calls) {
       reach(ellipse->box.right, ellipse->box.bottom);
     if (const auto* text = std::get_if<TextCall>(&call)) {
       const bool below = text->style.alignment == CentreTop;
-      const bool code = text->style.alignment == LeftBaseline && text->point.x > 180;
+      const bool code = text->style.height == 15 && text->style.alignment == LeftBaseline;
       const int length = static_cast<int>(text->text.size()) * text->style.height;
       reach(text->point.x + (code ? length : 0),
             text->point.y + (below ? text->style.height : text->style.height / 4));
