@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <regex>
 #include <sstream>
 
 #include "text/paths.h"
@@ -33,11 +32,13 @@ TEST_F(DebugLogFile, EntriesCarryTimeAndIndentUnlessAsIsOrEmpty) {
   log.DebugPrint("řádek ", true);
   log.DebugPrint("goes on", false, true);
   log.DebugPrint("");
-  const std::regex wanted(
-      " \\d\\d:\\d\\d:\\d\\d start\n"
-      " \\d\\d:\\d\\d:\\d\\d     řádek goes on\n"
-      "\n");
-  EXPECT_TRUE(std::regex_match(Written(), wanted)) << Written();
+  std::string written = Written();
+  for (char& c : written)
+    if (c >= '0' && c <= '9') c = '0';  // whatever time it is
+  EXPECT_EQ(written,
+            " 00:00:00 start\n"
+            " 00:00:00     řádek goes on\n"
+            "\n");
 }
 
 TEST_F(DebugLogFile, StartsEmptyAtEachRun) {
