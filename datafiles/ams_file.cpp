@@ -1,0 +1,176 @@
+#include "datafiles/ams_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <vector>
+
+#include "base/rounding.h"
+#include "datafiles/ams_layout.h"
+#include "datafiles/safe_write.h"
+#include "text/numbers.h"
+#include "text/paths.h"
+#include "text/upper_case.h"
+
+namespace velorix {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Records in a piece of a file: small enough to stay in the processor's cache.
+constexpr int PieceRecords = 100;
+
+bool IsZero(const Array1<Number, 6>& tensor) {
+  return std::all_of(tensor.begin(), tensor.end(), [](double k) { return k == 0; });
+}
+
+/// Fields that have no place on disk, so that nothing of an earlier use of the memory stays.
+void ResetRest(SpecimenRecord& r) {
+  r.RecordNo = r.CoorLevel = 0;
+  r.HasCoor[3] = r.HasCoor[4] = r.Selected = false;
+  r.FoliDec = r.FoliInc = r.LineDec = r.LineInc = r.PlotX = r.PlotY = {};
+  r.TensorRot = r.TensorRotIm = {};
+  r.Dec = r.Inc = r.DecIm = r.IncIm = {};
+  r.Fac = {};
+  for (int slot = 4; slot <= 6; ++slot)
+    r.K[slot] = r.KSD[slot] = r.KIm[slot] = r.KSDIm[slot] = Number();
+}
+
+/// The out-of-phase block takes the in-phase one's place, or just goes.
+void TakeOneBlock(SpecimenRecord& r, bool useIm) {
+  if (useIm) {
+    r.Km = r.KmIm;
+    r.KmSD = r.KmSDIm;
+    r.K = r.KIm;
+    r.KSD = r.KSDIm;
+    r.Tensor = r.TensorIm;
+    r.Vec = r.VecIm;
+    r.E = r.EIm;
+    r.E2 = r.E2Im;
+    r.E3 = r.E3Im;
+    r.FTest = r.FTestIm;
+  }
+  r.KmIm = r.KmSDIm = 0;
+  r.KIm = r.KSDIm = r.TensorIm = {};
+  r.VecIm = Array1<Array1<Number, 3>, 3>();
+  r.EIm = r.E2Im = r.E3Im = {};
+  r.FTestIm = {};
+  r.HasIm = false;
+  r.Active = !IsZero(r.Tensor);
+}
+
+[[noreturn]] void FailReading(const fs::path& path) {
+  const int reason = errno != 0 ? errno : EIO;
+  throw fs::filesystem_error("cannot read", path, std::error_code(reason, std::generic_category()));
+}
+
+/// Reads `n` records behind those that `records` has and hands each to `finish`.
+template <class Finish>
+void ReadRecords(const fs::path& path, int n, RecordArray& records, Finish finish) {
+  errno = 0;
+  std::ifstream in(path, std::ios::binary);
+  if (!in) FailReading(path);
+  const int before = records.Count();
+  int next = records.GrowStale(n);
+  std::vector<std::byte> piece(static_cast<std::size_t>(PieceRecords) * AmsRecordSize);
+  for (int left = n; left > 0;) {
+    const int count = std::min(left, PieceRecords);
+    const auto wanted = static_cast<std::streamsize>(count) * AmsRecordSize;
+    errno = 0;
+    in.read(reinterpret_cast<char*>(piece.data()), wanted);
+    if (in.bad()) {
+      records.Truncate(before);
+      FailReading(path);
+    }
+    std::fill(piece.begin() + in.gcount(), piece.begin() + wanted, std::byte{0});
+    for (int i = 0; i < count; ++i, ++next) {
+      DecodeAmsRecord(piece.data() + i * AmsRecordSize, records[next]);
+      finish(records[next]);
+    }
+    left -= count;
+  }
+}
+
+template <class Finish>
+Outcome ReadFile(const std::string& path, RecordArray& records, Finish finish) {
+  const std::uintmax_t size = fs::file_size(PathOf(path));
+  if (size == 0)
+    return Outcome::Refused("Input error!", "File <<" + UpperCase(path) + ">> is empty!");
+  const int n = AmsRecordCount(size);
+  if (n == 0) return Outcome::Refused();
+  ReadRecords(PathOf(path), n, records, finish);
+  return {};
+}
+
+/// What an existing file keeps when records go behind it: whole records, a broken one filled up or
+/// left out as its length rounds.
+std::vector<char> BytesToKeep(const std::string& path) {
+  const fs::path file = PathOf(path);
+  std::vector<char> kept;
+  if (!fs::exists(file)) return kept;
+  kept.resize(fs::file_size(file));
+  errno = 0;
+  std::ifstream in(file, std::ios::binary);
+  if (!in || !in.read(kept.data(), static_cast<std::streamsize>(kept.size()))) FailReading(file);
+  kept.resize(static_cast<std::size_t>(AmsRecordCount(kept.size())) * AmsRecordSize);
+  return kept;
+}
+
+void Write(std::ostream& out, const SpecimenRecord& record) {
+  std::byte bytes[AmsRecordSize];
+  EncodeAmsRecord(record, bytes);
+  out.write(reinterpret_cast<const char*>(bytes), AmsRecordSize);
+}
+
+}  // namespace
+
+int AmsRecordCount(std::uintmax_t size) {
+  return ToShort(static_cast<double>(size) / AmsRecordSize);
+}
+
+void DecodeAmsRecord(const std::byte* bytes, SpecimenRecord& record) {
+  ResetRest(record);
+  ForEachAmsRow([&](const auto& row) { row.Load(bytes + row.Offset, record); });
+  record.Active = true;
+  record.FreqIndex = DigitsOfText(record.FreqName);
+  for (int slot = 1; slot <= 2; ++slot)
+    if (!record.FoliName[slot].empty() || !record.LineName[slot].empty())
+      record.HasCoor[3] = record.HasCoor[4] = true;
+  record.HasIm = !IsZero(record.TensorIm);
+}
+
+void EncodeAmsRecord(const SpecimenRecord& record, std::byte* bytes) {
+  std::memset(bytes, 0, AmsRecordSize);
+  ForEachAmsRow([&](const auto& row) { row.Store(bytes + row.Offset, record); });
+}
+
+Outcome ReadAmsFile(const std::string& path, RecordArray& records) {
+  return ReadFile(path, records, [](SpecimenRecord&) {});
+}
+
+Outcome ReloadAmsFile(const std::string& path, RecordArray& records, bool useIm) {
+  return ReadFile(path, records, [useIm](SpecimenRecord& r) { TakeOneBlock(r, useIm); });
+}
+
+Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all) {
+  const std::vector<char> kept = append ? BytesToKeep(path) : std::vector<char>();
+  if (records.Empty()) return Outcome::Refused();
+  SafeWrite(path, [&](std::ostream& out) {
+    out.write(kept.data(), static_cast<std::streamsize>(kept.size()));
+    for (const SpecimenRecord& record : records)
+      if (all || record.Selected) Write(out, record);
+  });
+  return {};
+}
+
+Outcome WriteAmsRecord(const std::string& path, const SpecimenRecord& record) {
+  const std::vector<char> kept = BytesToKeep(path);
+  SafeWrite(path, [&](std::ostream& out) {
+    out.write(kept.data(), static_cast<std::streamsize>(kept.size()));
+    Write(out, record);
+  });
+  return {};
+}
+
+}  // namespace velorix

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+
+#include "base/outcome.h"
+#include "store/record_array.h"
+
+namespace velorix {
+
+// AMS files, the program's own format; the record is in datafiles/ams_layout.h. Paths are UTF-8.
+
+/// Appends all records of the file. Refused for an empty file, with a message, and without one for
+/// a file shorter than half a record. A last record that the file cuts off reads as far as the file
+/// goes, the rest of it zero; a rest of up to half a record goes unnoticed. "Overflow" when the
+/// array would pass its limit. A file that can't be read is a std::filesystem::filesystem_error.
+/// After any failure the array is as it was.
+Outcome ReadAmsFile(const std::string& path, RecordArray& records);
+
+/// The reading of reload, previous and next: as `ReadAmsFile`, but the block of one phase
+/// (out-of-phase when `useIm`) goes to the in-phase fields, the out-of-phase fields stay empty, and
+/// a record with a zero tensor comes back disregarded.
+Outcome ReloadAmsFile(const std::string& path, RecordArray& records, bool useIm);
+
+/// Writes all records, or only the selected ones, in their order; disregarded records are written
+/// too. Without `append` the file is new or replaced; with it the records go behind those that it
+/// has, all of them or none. Refused, silently, when there are no records at all. A failure is a
+/// std::filesystem::filesystem_error, and the old file stands.
+Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all);
+
+/// Appends one record to a file, which is made when missing.
+Outcome WriteAmsRecord(const std::string& path, const SpecimenRecord& record);
+
+/// How many records a file of `size` bytes has: the quotient rounded, halves to even. "Overflow"
+/// beyond the 16-bit range.
+int AmsRecordCount(std::uintmax_t size);
+
+/// One record from and to `AmsRecordSize` bytes. Every field of `record` is assigned.
+void DecodeAmsRecord(const std::byte* bytes, SpecimenRecord& record);
+void EncodeAmsRecord(const SpecimenRecord& record, std::byte* bytes);
+
+}  // namespace velorix

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <functional>
+#include <ostream>
+#include <string>
+
+namespace velorix {
+
+/// Writes a file so that either the old or the new one is there, whole, whatever happens: `write`
+/// fills a new file in the same folder, which is then renamed over `path` (UTF-8). A link's target
+/// is replaced, not the link; the permissions of a replaced file stay.
+///
+/// Fails with a std::filesystem::filesystem_error that carries the system's reason when the folder
+/// or an existing file can't be written, or the disk is full; the new file is then gone.
+void SafeWrite(const std::string& path, const std::function<void(std::ostream&)>& write);
+
+}  // namespace velorix

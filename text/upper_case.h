@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace velorix {
+
+/// UTF-8 text in upper case, letter by letter and without any locale: ASCII, the Latin letters up
+/// to U+017F, Greek and Cyrillic. Everything else, bytes that are no UTF-8 too, stays as it is.
+std::string UpperCase(std::string_view text);
+
+}  // namespace velorix
