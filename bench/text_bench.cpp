@@ -30,14 +30,6 @@ const std::vector<double>& Values() {
   return values;
 }
 
-template <class Write>
-void Run(benchmark::State& state, Write write) {
-  Values();
-  for (auto _ : state)
-    for (double value : Values()) benchmark::DoNotOptimize(write(value));
-  state.SetItemsProcessed(state.iterations() * Count);
-}
-
 std::string Print(const char* format, double value) {
   char text[64];
   const int size = std::snprintf(text, sizeof text, format, value);
@@ -49,23 +41,12 @@ std::string ToChars(double value) {
   return {text, std::to_chars(text, std::end(text), value).ptr};
 }
 
-const bool registered = [] {
-  const auto add = [](const char* name, auto write) {
-    benchmark::RegisterBenchmark(name, [write](benchmark::State& state) {
-      Run(state, write);
-    })->Unit(benchmark::kMillisecond);
-  };
-  add("yardstick snprintf %.3f", [](double x) { return Print("%.3f", x); });
-  add("FormatNumber 0.000", [](double x) { return FormatNumber(x, "0.000"); });
-  add("yardstick snprintf %.17g", [](double x) { return Print("%.17g", x); });
-  add("yardstick to_chars", ToChars);
-  add("PlainText 64-bit", [](double x) { return PlainText(x); });
-  add("yardstick snprintf %.9g", [](double x) { return Print("%.9g", static_cast<float>(x)); });
-  add("PlainText 32-bit", [](double x) { return PlainText(static_cast<float>(x)); });
-  add("yardstick snprintf %.3E", [](double x) { return Print("%.3E", x); });
-  add("SignificantText 4", [](double x) { return SignificantText(x, 4); });
-  return true;
-}();
+void Writing(benchmark::State& state, std::string (*write)(double)) {
+  Values();
+  for (auto _ : state)
+    for (double value : Values()) benchmark::DoNotOptimize(write(value));
+  state.SetItemsProcessed(state.iterations() * Count);
+}
 
 void Reading(benchmark::State& state, double (*read)(const std::string&)) {
   std::vector<std::string> texts;
@@ -75,12 +56,19 @@ void Reading(benchmark::State& state, double (*read)(const std::string&)) {
   state.SetItemsProcessed(state.iterations() * Count);
 }
 
-BENCHMARK_CAPTURE(Reading, yardstick strtod, [](const std::string& text) {
-  return std::strtod(text.c_str(), nullptr);
-})->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Reading, NumberOf, [](const std::string& text) {
-  return NumberOf(text);
-})->Unit(benchmark::kMillisecond);
+// clang-format off
+BENCHMARK_CAPTURE(Writing, snprintf %.3f yardstick,  [](double x) { return Print("%.3f", x); });
+BENCHMARK_CAPTURE(Writing, FormatNumber 0.000,       [](double x) { return FormatNumber(x, "0.000"); });
+BENCHMARK_CAPTURE(Writing, snprintf %.17g yardstick, [](double x) { return Print("%.17g", x); });
+BENCHMARK_CAPTURE(Writing, to_chars yardstick,       ToChars);
+BENCHMARK_CAPTURE(Writing, PlainText in 64 bits,     [](double x) { return PlainText(x); });
+BENCHMARK_CAPTURE(Writing, snprintf %.9g yardstick,  [](double x) { return Print("%.9g", static_cast<float>(x)); });
+BENCHMARK_CAPTURE(Writing, PlainText in 32 bits,     [](double x) { return PlainText(static_cast<float>(x)); });
+BENCHMARK_CAPTURE(Writing, snprintf %.3E yardstick,  [](double x) { return Print("%.3E", x); });
+BENCHMARK_CAPTURE(Writing, SignificantText of 4,     [](double x) { return SignificantText(x, 4); });
+BENCHMARK_CAPTURE(Reading, strtod yardstick, [](const std::string& s) { return std::strtod(s.c_str(), nullptr); });
+BENCHMARK_CAPTURE(Reading, NumberOf,         [](const std::string& s) { return NumberOf(s); });
+// clang-format on
 
 }  // namespace
 }  // namespace velorix

@@ -18,7 +18,10 @@ inline constexpr int FirstFactor = 0, LastFactor = 38;
 struct Guarded {
   double v;
 
-  constexpr Guarded(double x) : v(x - x == 0 ? x : std::numeric_limits<double>::quiet_NaN()) {}
+  constexpr Guarded(double x) : v(x) {
+    if (!(x - x == 0)) [[unlikely]]
+      v = std::numeric_limits<double>::quiet_NaN();
+  }
   constexpr bool Failed() const { return v != v; }
 };
 

@@ -1,5 +1,7 @@
 #include "tensor/derivation.h"
 
+#include <cmath>
+#include <cstddef>
 #include <limits>
 
 #include "tensor/aniso_factor.h"
@@ -21,28 +23,30 @@ Matrix33 BlockTensor(const SpecimenRecord& record, std::int16_t reImMode) {
 
 /// What a rotation makes of a record, gathered apart: a record is written when all of it is there.
 struct Turned {
-  std::int16_t Level = 0;
   Matrix33 K;                                   // the tensor
   Array1<Direction, 2> Foliations, Lineations;  // dip direction and dip; trend and plunge
-  Matrix33 Vectors;                             // principal vectors, one a column
-  Array1<Direction, 3> Principal;               // their directions
+  std::int16_t Level = 0;
 };
 
-Turned AsStored(const SpecimenRecord& record, std::int16_t reImMode) {
-  Turned t;
-  t.K = BlockTensor(record, reImMode);
-  for (int i = 1; i <= 2; ++i) {
-    t.Foliations[i] = {record.FoliAz[i], record.FoliDip[i]};
-    t.Lineations[i] = {record.LineTrend[i], record.LinePlunge[i]};
-  }
-  return t;
+Turned AsStored(const SpecimenRecord& r, std::int16_t reImMode) {
+  return {BlockTensor(r, reImMode),
+          {{{r.FoliAz[1], r.FoliDip[1]}, {r.FoliAz[2], r.FoliDip[2]}}},
+          {{{r.LineTrend[1], r.LinePlunge[1]}, {r.LineTrend[2], r.LinePlunge[2]}}}};
 }
 
-void DerivePrincipal(Turned& t) {
+/// The principal vectors of a tensor, one a column, and their directions.
+struct Principal {
+  Matrix33 Vectors;
+  Array1<Direction, 3> Directions;
+};
+
+/// No `MxSignCopy` follows the solution: its vectors never end in a negative component.
+Principal DerivePrincipal(const Matrix33& K) {
+  Principal principal;
   Matrix33 D;
-  EIGEN_JK(t.K, D, t.Vectors);
-  MxSignCopy(t.Vectors, t.Vectors, true);
-  t.Principal = MatrixDirections(t.Vectors);
+  EIGEN_JK(K, D, principal.Vectors);
+  principal.Directions = MatrixDirections(principal.Vectors);
+  return principal;
 }
 
 Direction TurnDirection(const Matrix33& M, const Direction& d) {
@@ -116,11 +120,10 @@ void TurnToTectonic(Turned& t, const View& view, const Direction& line) {
 
 /// Makes Kmin vertical and brings Kmax to the north-south line. No view asks for it.
 void TurnToPrincipal(Turned& t) {
-  DerivePrincipal(t);
-  const Direction kmax = t.Principal[1], kmin = t.Principal[3];
+  const Array1<Direction, 3> axes = DerivePrincipal(t.K).Directions;
+  const Direction kmax = axes[1], kmin = axes[3];
   Mxabat(FoliationMatrix({kmin.Dec - 180, 90 - kmin.Inc}, kmax), t.K, t.K);
-  DerivePrincipal(t);
-  const double trend = t.Principal[1].Dec;
+  const double trend = DerivePrincipal(t.K).Directions[1].Dec;
   const double from = AngleBetween({0, 0}, {trend, 0}) > 90 ? trend : trend - 180;
   Mxabat(VerticalRotation(-from), t.K, t.K);
 }
@@ -145,13 +148,13 @@ void TurnToView(Turned& t, const SpecimenRecord& record, const View& view) {
   if (view.CoorSys == Tectonic) TurnToTectonic(t, view, by.Line);
 }
 
-void Store(const Turned& t, SpecimenRecord& record) {
+void Store(const Turned& t, const Principal& principal, SpecimenRecord& record) {
   record.CoorLevel = t.Level;
   TensorForm(t.K, record.TensorRot, 1);
   for (int j = 1; j <= 3; ++j) {
-    record.Dec[j] = t.Principal[j].Dec;
-    record.Inc[j] = t.Principal[j].Inc;
-    for (int i = 1; i <= 3; ++i) record.Vec[i][j] = t.Vectors(i, j);
+    record.Dec[j] = principal.Directions[j].Dec;
+    record.Inc[j] = principal.Directions[j].Inc;
+    for (int i = 1; i <= 3; ++i) record.Vec[i][j] = principal.Vectors(i, j);
   }
   for (int i = 1; i <= 2; ++i) {
     record.FoliDec[i] = t.Foliations[i].Dec;
@@ -167,6 +170,15 @@ float FactorIn32(double factor) {
   return static_cast<float>(fits ? factor : FailedFactor);
 }
 
+/// Asks the memory for the whole record while its eigenvalues are computed: a store is larger than
+/// the caches, and a record spreads over more lines than a processor foresees.
+void Fetch([[maybe_unused]] const SpecimenRecord& record) {
+#if defined(__GNUC__)
+  for (std::size_t i = 0; i < sizeof record; i += 64)
+    __builtin_prefetch(reinterpret_cast<const char*>(&record) + i, 1);
+#endif
+}
+
 }  // namespace
 
 View ViewOf(const Session& session) {
@@ -177,10 +189,10 @@ View ViewOf(const Session& session) {
 bool DeriveFactors(SpecimenRecord& record, const Array1<std::int16_t, 8>& facIndex,
                    std::int16_t reImMode) {
   if (reImMode == OutOfPhase && !record.HasIm) return false;
-  Matrix33 D, W;
-  EIGEN_JK(BlockTensor(record, reImMode), D, W);
-  const FactorInput input(D(1, 1), D(2, 2), D(3, 3));
-  for (int i = 1; i <= 3; ++i) record.K[i] = D(i, i);
+  Fetch(record);
+  const Vector<3> k = EigenvaluesJK(BlockTensor(record, reImMode));
+  const FactorInput input(k[1], k[2], k[3]);
+  for (int i = 1; i <= 3; ++i) record.K[i] = k[i];
   for (int i = 1; i <= 8; ++i) record.Fac[i] = FactorIn32(AnisoFactor(facIndex[i], input));
   return true;
 }
@@ -189,10 +201,9 @@ bool RotateRecord(SpecimenRecord& record, const View& view) {
   if (view.ReImMode == OutOfPhase && !record.HasIm) return false;
   Turned t = AsStored(record, view.ReImMode);
   TurnToView(t, record, view);
-  DerivePrincipal(t);
   // The level reached is stored here with the rest, so that a rotation that fails on its way leaves
   // the record as it was instead of shown with the old directions at a new level.
-  Store(t, record);
+  Store(t, DerivePrincipal(t.K), record);
   return true;
 }
 

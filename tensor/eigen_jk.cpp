@@ -2,12 +2,24 @@
 
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 namespace velorix {
 namespace {
 
 constexpr double Tolerance = 1e-10;
 constexpr int RotationLimit = 32767;
+constexpr double Nan = std::numeric_limits<double>::quiet_NaN();
+
+// A size or an index that the compiler knows: 3 by 3 is solved without loops, run-time sizes with
+// them, by one text.
+template <int I>
+using Fixed = std::integral_constant<int, I>;
+
+/// In place of the pointer to the vectors where only the eigenvalues are asked for.
+struct NoVectors {};
+template <class Vectors>
+constexpr bool HasVectors = !std::is_same_v<Vectors, NoVectors>;
 
 /// What the thresholds start from and come down to.
 struct Levels {
@@ -15,8 +27,8 @@ struct Levels {
   bool Finite;
 };
 
-template <class M>
-Levels Measure(const M& W, const int n) {
+template <class M, class N>
+Levels Measure(const M& W, const N n) {
   double lower = 0, upper = 0, trace = 0, sumSq = 0;
   for (int i = 1; i <= n; ++i) {
     for (int j = 1; j < i; ++j) {
@@ -33,9 +45,10 @@ Levels Measure(const M& W, const int n) {
           std::isfinite(both) && std::isfinite(upper)};
 }
 
-/// One plane rotation of W, accumulated in V. The order of every operation is part of the results.
-template <class M>
-void Rotate(M& W, M& V, const int p, const int q, const int n) {
+/// One plane rotation of W, accumulated in V when there is one. The order of every operation is
+/// part of the results.
+template <class M, class Vectors, class P, class Q, class N>
+void Rotate(M& W, Vectors V, const P p, const Q q, const N n) {
   const double a = W(p, p), b = W(p, q), c = W(q, q);
   const double y = (a - c) / 2;
   double x = -1;
@@ -52,9 +65,11 @@ void Rotate(M& W, M& V, const int p, const int q, const int n) {
       W(q, k) = W(k, q) = s * t + co * u;
       W(p, k) = W(k, p) = co * t - s * u;
     }
-    const double t = V(k, p), u = V(k, q);
-    V(k, q) = s * t + co * u;
-    V(k, p) = co * t - s * u;
+    if constexpr (HasVectors<Vectors>) {
+      const double t = (*V)(k, p), u = (*V)(k, q);
+      (*V)(k, q) = s * t + co * u;
+      (*V)(k, p) = co * t - s * u;
+    }
   }
   W(p, p) = a * co * co + c * s * s - 2 * b * s * co;
   W(q, q) = a * s * s + c * co * co + 2 * b * s * co;
@@ -62,28 +77,40 @@ void Rotate(M& W, M& V, const int p, const int q, const int n) {
 }
 
 /// Whether every element above the diagonal is within `level`.
-template <class M>
-bool IsWithin(const M& W, double level, const int n) {
+template <class M, class N>
+bool IsWithin(const M& W, double level, const N n) {
   for (int q = 2; q <= n; ++q)
     for (int p = 1; p < q; ++p)
       if (std::fabs(W(p, q)) > level) return false;
   return true;
 }
 
-/// Turns W to diagonal form and leaves the product of the rotations in V.
-template <class M>
-void Diagonalise(M& W, M& V, double Thr, const double Eps, const int n) {
+/// Calls `visit` for each pair (p, q) above the diagonal, column by column.
+template <class Visit>
+void ForEachPair(const int n, Visit visit) {
+  for (int q = 2; q <= n; ++q)
+    for (int p = 1; p < q; ++p) visit(p, q);
+}
+template <class Visit>
+void ForEachPair(Fixed<3>, Visit visit) {
+  visit(Fixed<1>(), Fixed<2>());
+  visit(Fixed<1>(), Fixed<3>());
+  visit(Fixed<2>(), Fixed<3>());
+}
+
+/// Turns W to diagonal form and leaves the product of the rotations in V when there is one.
+template <class M, class Vectors, class N>
+void Diagonalise(M& W, Vectors V, double Thr, const double Eps, const N n) {
   int rotations = 0;
   for (;;) {
-    bool noRotation = true;
-    for (int q = 2; q <= n; ++q)
-      for (int p = 1; p < q; ++p)
-        if (std::fabs(W(p, q)) > Thr) {
-          if (++rotations > RotationLimit) FailOverflow();
-          Rotate(W, V, p, q, n);
-          noRotation = false;
-        }
-    if (!noRotation) continue;
+    const int before = rotations;
+    ForEachPair(n, [&](auto p, auto q) {
+      if (std::fabs(W(p, q)) > Thr) {
+        if (++rotations > RotationLimit) FailOverflow();
+        Rotate(W, V, p, q, n);
+      }
+    });
+    if (rotations > before) continue;
     if (Thr <= Eps) return;
     // No threshold to come is under Eps / n. When nothing would pass that one, the sweeps down to
     // it would find nothing either: leaving now saves them and changes no bit.
@@ -94,8 +121,8 @@ void Diagonalise(M& W, M& V, double Thr, const double Eps, const int n) {
 
 /// `order` receives the columns of the eigenvalues in descending order, `value` the values; equal
 /// ones keep the order of their columns.
-template <class V, class O>
-void SortDescending(V& value, O& order, const int n) {
+template <class V, class N>
+void SortDescending(V& value, V& order, const N n) {
   for (int k = 2; k <= n; ++k) {
     bool sorted = true;
     for (int i = 1; i <= n - k + 1; ++i)
@@ -108,20 +135,27 @@ void SortDescending(V& value, O& order, const int n) {
   }
 }
 
+/// The larger of two in front, without a branch, which would be a coin's throw.
+void Descend(double& x, double& y) {
+  const double larger = x < y ? y : x, smaller = x < y ? x : y;
+  x = larger;
+  y = smaller;
+}
+
 int Sgn(double x) { return (x > 0) - (x < 0); }
 
-template <class M>
-void Solve(const M& A, M& D, M& W, const int n) {
-  M work = A, turns = A;
+template <class M, class N>
+void Solve(const M& A, M& D, M& W, const N n) {
   const Levels levels = Measure(A, n);
   if (!levels.Finite) {
     for (int i = 1; i <= n; ++i)
-      for (int j = 1; j <= n; ++j) D(i, j) = W(i, j) = std::numeric_limits<double>::quiet_NaN();
+      for (int j = 1; j <= n; ++j) D(i, j) = W(i, j) = Nan;
     return;
   }
+  M work = A, turns = A;
   for (int i = 1; i <= n; ++i)
     for (int j = 1; j <= n; ++j) turns(i, j) = i == j;
-  Diagonalise(work, turns, levels.Thr, levels.Eps, n);
+  Diagonalise(work, &turns, levels.Thr, levels.Eps, n);
 
   auto value = work.EmptyRow(), order = work.EmptyRow();
   for (int i = 1; i <= n; ++i) value[i] = work(i, i), order[i] = i;
@@ -140,14 +174,27 @@ void Solve(const M& A, M& D, M& W, const int n) {
 
 }  // namespace
 
-void EIGEN_JK(const Matrix<3, 3>& A, Matrix<3, 3>& D, Matrix<3, 3>& W) { Solve(A, D, W, 3); }
+void EIGEN_JK(const Matrix<3, 3>& A, Matrix<3, 3>& D, Matrix<3, 3>& W) {
+  Solve(A, D, W, Fixed<3>());
+}
 
 void EIGEN_JK(const DynamicMatrix& A, DynamicMatrix& D, DynamicMatrix& W) {
   const int n = A.Rows();
-  for (const DynamicMatrix* each :
-       {&A, static_cast<const DynamicMatrix*>(&D), static_cast<const DynamicMatrix*>(&W)})
-    if (n < 2 || each->Rows() != n || each->Columns() != n) FailSubscript();
+  const auto fits = [n](const DynamicMatrix& M) { return M.Rows() == n && M.Columns() == n; };
+  if (n < 2 || !fits(A) || !fits(D) || !fits(W)) FailSubscript();
   Solve(A, D, W, n);
+}
+
+Vector<3> EigenvaluesJK(const Matrix<3, 3>& A) {
+  const Levels levels = Measure(A, Fixed<3>());
+  if (!levels.Finite) return {Nan, Nan, Nan};
+  Matrix<3, 3> work = A;
+  Diagonalise(work, NoVectors(), levels.Thr, levels.Eps, Fixed<3>());
+  double k1 = work(1, 1), k2 = work(2, 2), k3 = work(3, 3);
+  Descend(k1, k2);
+  Descend(k2, k3);
+  Descend(k1, k2);
+  return {k1, k2, k3};
 }
 
 }  // namespace velorix

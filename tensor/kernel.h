@@ -66,6 +66,8 @@ struct Matrix {
   }
   /// An empty vector as long as a row.
   static constexpr Vector<C> EmptyRow() { return {}; }
+  /// A matrix of zeros of the same shape.
+  static constexpr Matrix EmptyLike() { return {}; }
   bool operator==(const Matrix&) const = default;
 };
 
@@ -80,6 +82,7 @@ class DynamicMatrix {
   double& operator()(int i, int j) { return v_[Place(i, j)]; }
   const double& operator()(int i, int j) const { return v_[Place(i, j)]; }
   DynamicVector EmptyRow() const { return DynamicVector(columns_); }
+  DynamicMatrix EmptyLike() const { return DynamicMatrix(rows_, columns_); }
   bool operator==(const DynamicMatrix&) const = default;
 
  private:
@@ -159,7 +162,7 @@ void Mxabat(const MA& A, const MB& B, MC& C) {
   const int n = C.Rows(), m = A.Columns();
   if (C.Columns() != n || A.Rows() != n || B.Rows() != m || B.Columns() != m)
     FailKernel("Sub Mxabat", "Dimension mismatch");
-  MC result = C;
+  MC result = C.EmptyLike();
   auto w = A.EmptyRow();
   for (int i = 1; i <= n; ++i) {
     for (int j = 1; j <= m; ++j) {
