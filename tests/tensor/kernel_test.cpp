@@ -1,0 +1,255 @@
+#include "tensor/kernel.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+#include <random>
+
+#include "base/number.h"
+
+namespace velorix {
+namespace {
+
+const double Infinity = std::numeric_limits<double>::infinity();
+
+DynamicMatrix RandomMatrix(int rows, int columns, unsigned seed) {
+  std::mt19937 random(seed);
+  std::uniform_real_distribution<double> part(-2, 2);
+  DynamicMatrix M(rows, columns);
+  for (int i = 1; i <= rows; ++i)
+    for (int j = 1; j <= columns; ++j) M(i, j) = part(random);
+  return M;
+}
+
+/// The number and source of the fault that `work` ends in; {0, ""} for none.
+template <class Work>
+std::pair<int, std::string> FaultOf(Work work) {
+  try {
+    work();
+  } catch (const Fault& fault) {
+    return {fault.Number, fault.Source.empty() ? fault.what() : fault.Source + ": " + fault.what()};
+  }
+  return {};
+}
+
+using Report = std::pair<int, std::string>;
+
+TEST(ArcSin, ArcSinOfMinusOneIsThreeQuarterTurns) {
+  EXPECT_EQ(ArcSin(1), Pi32 / 2);
+  EXPECT_EQ(ArcSin(-1), 3 * Pi32 / 2);
+}
+
+TEST(ArcSin, ArcSinBeyondOneIsFinite) {
+  EXPECT_NEAR(ArcSin(0.5), std::asin(0.5), 1e-15);
+  EXPECT_NEAR(ArcSin(1.5), std::atan(1.5 / std::sqrt(1.25)), 1e-15);
+  EXPECT_NEAR(ArcSin(-1.5), -ArcSin(1.5), 1e-15);
+}
+
+TEST(ArcCos, ArcCosFailsOneRoundingBeyondOne) {
+  const Report invalid{5, "Invalid procedure call or argument"};
+  EXPECT_EQ(FaultOf([] { ArcCos(1.0000000001); }), invalid);
+  EXPECT_EQ(FaultOf([] { ArcCos(-1.0000000001); }), invalid);
+  EXPECT_EQ(FaultOf([] { ArcCos(Infinity); }), invalid);
+  EXPECT_EQ(ArcCos(1), 0);
+  EXPECT_TRUE(std::isnan(ArcCos(std::nan(""))));
+}
+
+TEST(ArcCos, TheHalfTurnIs32BitsOnlyAtMinusOne) {
+  EXPECT_EQ(ArcCos(-1), Pi32);
+  EXPECT_NEAR(ArcCos(0), std::acos(0.0), 1e-16);  // the quarter turn is exact
+  EXPECT_NEAR(ArcCos(-0.999), std::acos(-0.999), 1e-14);
+}
+
+TEST(Atan2, EveryQuadrantTakesItsHalfTurnFromThe32BitPi) {
+  struct {
+    double y, x, angle;
+  } const cases[] = {{0, 0, 0},
+                     {1, 0, Pi32 / 2},
+                     {-1, 0, -Pi32 / 2},
+                     {0, -1, Pi32},
+                     {1, 1, std::atan(1.0)},
+                     {-1, 1, -std::atan(1.0)},
+                     {1, -1, Pi32 - std::atan(1.0)},
+                     {-1, -1, std::atan(1.0) - Pi32},
+                     {-0.1, -1, std::atan(0.1) - Pi32}};
+  for (const auto& c : cases) EXPECT_EQ(Atan2(c.y, c.x), c.angle) << c.y << ", " << c.x;
+}
+
+TEST(Kernel, ProductsOfAnySizesAgreeWithFixedOnes) {
+  const Matrix<2, 3> A{1, 2, 3, 4, 5, 6};
+  DynamicMatrix B(3, 2), C(2, 2);
+  Transpose(A, B);
+  EXPECT_EQ(B(3, 1), 3);
+  Mxmpy(A, B, C);
+  Matrix<2, 2> fixed;
+  Mxmpy(A, B, fixed);
+  EXPECT_EQ(fixed, (Matrix<2, 2>{14, 32, 32, 77}));
+  for (int i = 1; i <= 2; ++i)
+    for (int j = 1; j <= 2; ++j) EXPECT_EQ(C(i, j), fixed(i, j));
+}
+
+TEST(Kernel, MvmpyMayWriteOverItsArgument) {
+  const Matrix<3, 3> A{1, 2, 3, 4, 5, 6, 7, 8, 9};
+  Vector<3> x{1, 0, -1};
+  Mvmpy(A, x, x);
+  EXPECT_EQ(x, (Vector<3>{-2, -2, -2}));
+}
+
+TEST(Mxabat, MxabatRoundsBothProductsTo32Bits) {
+  // By hand: w = 0.1 in 32 bits times 1; then 3 w rounded again.
+  const Matrix<1, 1> A{1.0 / 3}, B{0.1};
+  Matrix<1, 1> C;
+  Mxabat(A, B, C);
+  EXPECT_EQ(C(1, 1), static_cast<float>(static_cast<float>(0.1 / 3) * (1.0 / 3)));
+}
+
+TEST(Mxabat, MxabatMayWriteOverTheTensor) {
+  const DynamicMatrix A = RandomMatrix(3, 3, 1);
+  DynamicMatrix B = RandomMatrix(3, 3, 2), C(3, 3);
+  Mxabat(A, B, C);
+  Mxabat(A, B, B);
+  EXPECT_EQ(B, C);
+}
+
+TEST(Mxabat, MxabatTurnsBetweenSizes) {
+  const DynamicMatrix A = RandomMatrix(2, 3, 3), B = RandomMatrix(3, 3, 4);
+  DynamicMatrix C(2, 2), AB(2, 3), At(3, 2), expected(2, 2);
+  Mxabat(A, B, C);
+  // It takes B by rows, so it turns B transposed; for a tensor that is the same.
+  DynamicMatrix Bt(3, 3);
+  Transpose(B, Bt);
+  Transpose(A, At);
+  Mxmpy(A, Bt, AB);
+  Mxmpy(AB, At, expected);
+  for (int i = 1; i <= 2; ++i)
+    for (int j = 1; j <= 2; ++j) EXPECT_NEAR(C(j, i), expected(i, j), 1e-5);
+}
+
+TEST(MxSignCopy, OnlyColumnsWithANegativeLastElementChangeSign) {
+  const Matrix<2, 3> A{1, 2, 3, -1, 0, 1};
+  Matrix<2, 3> B;
+  MxSignCopy(A, B, true);
+  EXPECT_EQ(B, (Matrix<2, 3>{-1, 2, 3, 1, 0, 1}));
+  MxSignCopy(A, B, false);
+  EXPECT_EQ(B, A);
+}
+
+TEST(TensorForm, SlotSixIsElementThreeOne) {
+  const Array1<Number, 6> tensor = {Number(1.0), Number(2.0), Number(3.0),
+                                    Number(4.0), Number(5.0), Number(6.0)};
+  Matrix<3, 3> M;
+  TensorForm(M, tensor, 0);
+  EXPECT_EQ(M, (Matrix<3, 3>{1, 4, 6, 4, 2, 5, 6, 5, 3}));
+  M = {1, 4, -1, -1, 2, 5, 6, -1, 3};  // the other triangle isn't looked at
+  Vector<6> form;
+  TensorForm(M, form, 1);
+  EXPECT_EQ(form, (Vector<6>{1, 2, 3, 4, 5, 6}));
+}
+
+/// The determinant straight from its definition, permutations in lexical order, signs by
+/// inversions.
+double DeterminantByDefinition(const DynamicMatrix& M) {
+  std::vector<int> column(static_cast<std::size_t>(M.Rows()));
+  std::iota(column.begin(), column.end(), 1);
+  double sum = 0;
+  do {
+    double product = 1;
+    for (std::size_t i = 0; i < column.size(); ++i) {
+      product *= M(static_cast<int>(i) + 1, column[i]);
+      for (std::size_t j = 0; j < i; ++j)
+        if (column[j] > column[i]) product = -product;
+    }
+    sum += product;
+  } while (std::next_permutation(column.begin(), column.end()));
+  return sum;
+}
+
+TEST(Determinant, DeterminantAgreesWithItsDefinition) {
+  for (int n = 1; n <= 7; ++n) {
+    const DynamicMatrix M = RandomMatrix(n, n, static_cast<unsigned>(n));
+    const double expected = DeterminantByDefinition(M);
+    EXPECT_NEAR(Determinant(M), expected, 1e-12 * std::pow(4, n)) << n;
+  }
+}
+
+TEST(Determinant, CofactorsExpandTheDeterminantAlongEveryRow) {
+  const DynamicMatrix M = RandomMatrix(4, 4, 9);
+  for (int p = 1; p <= 4; ++p) {
+    double sum = 0;
+    for (int q = 1; q <= 4; ++q) sum += M(p, q) * Determinant(M, p, q);
+    EXPECT_NEAR(sum, Determinant(M), 1e-12);
+  }
+  EXPECT_EQ(Determinant(M, 2, 0), Determinant(M));  // one index alone asks for no cofactor
+}
+
+TEST(Determinant, SizesBeyondTenFail) {
+  const Report range{9, "Subscript out of range"};
+  EXPECT_EQ(FaultOf([] { Determinant(DynamicMatrix(11, 11)); }), range);
+  EXPECT_EQ(FaultOf([] { Determinant(Matrix<1, 1>{2}, 1, 1); }), range);
+  EXPECT_EQ(FaultOf([] { Determinant(Matrix<2, 2>{}, -1, 1); }), range);
+  EXPECT_EQ(Determinant(DynamicMatrix(10, 10)), 0);
+}
+
+TEST(MxInverse, TheInverseTimesTheMatrixIsTheIdentity) {
+  const DynamicMatrix M = RandomMatrix(5, 5, 11);
+  DynamicMatrix R(5, 5), product(5, 5);
+  EXPECT_EQ(MxInverse(M, R), Determinant(M));
+  Mxmpy(M, R, product);
+  for (int i = 1; i <= 5; ++i)
+    for (int j = 1; j <= 5; ++j) EXPECT_NEAR(product(i, j), i == j, 1e-11);
+}
+
+TEST(MxInverse, ASingularMatrixComesBackAsItIs) {
+  const Matrix<2, 2> M{1, 2, 2, 4};
+  Matrix<2, 2> R;
+  EXPECT_EQ(MxInverse(M, R), 0);
+  EXPECT_EQ(R, M);
+}
+
+TEST(Kernel, MismatchedShapesRaise999WithTheRoutineAsSource) {
+  DynamicMatrix m22(2, 2), m23(2, 3), m33(3, 3);
+  DynamicVector v2(2), v3(3);
+  struct {
+    const char* Source;
+    void (*Work)(DynamicMatrix&, DynamicMatrix&, DynamicMatrix&, DynamicVector&, DynamicVector&);
+  } const cases[] = {
+      {"Sub Transpose: Matrix dimension mismatch",
+       [](auto& a, auto& b, auto&, auto&, auto&) { Transpose(b, a); }},
+      {"Sub Mxmpy: Dimension mismatch",
+       [](auto& a, auto& b, auto&, auto&, auto&) { Mxmpy(b, a, b); }},
+      {"Sub Mxmpy: Dimension mismatch",
+       [](auto& a, auto& b, auto& c, auto&, auto&) { Mxmpy(b, c, a); }},
+      {"Sub Mvmpy: Dimension mismatch",
+       [](auto&, auto& b, auto&, auto& v, auto& w) { Mvmpy(b, v, w); }},
+      {"Sub Mxabat: Dimension mismatch",
+       [](auto& a, auto& b, auto&, auto&, auto&) { Mxabat(b, a, a); }},
+      {"Sub Mxabat: Dimension mismatch",
+       [](auto&, auto& b, auto& c, auto&, auto&) { Mxabat(b, c, c); }},
+      {"Sub Vvmpy: Dimension mismatch", [](auto&, auto&, auto&, auto& v, auto& w) { Vvmpy(v, w); }},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(FaultOf([&] { c.Work(m22, m23, m33, v2, v3); }), (Report{999, c.Source}));
+}
+
+TEST(MxSignCopy, DifferentShapesRaiseError13AndLeaveTheResult) {
+  const DynamicMatrix A = RandomMatrix(2, 3, 5);
+  DynamicMatrix B = RandomMatrix(3, 2, 6);
+  const DynamicMatrix before = B;
+  EXPECT_EQ(FaultOf([&] { MxSignCopy(A, B, true); }), (Report{13, "Error 13"}));
+  EXPECT_EQ(B, before);
+}
+
+TEST(Kernel, ClearingLeavesOnlyZeros) {
+  DynamicMatrix M = RandomMatrix(2, 3, 7);
+  MatrixClear(M);
+  EXPECT_EQ(M, DynamicMatrix(2, 3));
+  Vector<3> v{1, 2, 3};
+  VectorClear(v);
+  EXPECT_EQ(v, Vector<3>{});
+}
+
+}  // namespace
+}  // namespace velorix
