@@ -53,8 +53,8 @@ TEST(Timer, TimerLiesWithinTheDayAndMovesOn) {
 }
 
 TEST(LineThrough, GoesThroughBothPointsAndRefusesUprightLines) {
-  EXPECT_EQ(LineThrough(0, 1, 3, 7), (Line{2, 1}));
-  EXPECT_EQ(LineThrough(3, 7, 0, 1), (Line{2, 1}));
+  EXPECT_EQ(LineThrough(0, 1, 3, 7), (StraightLine{2, 1}));
+  EXPECT_EQ(LineThrough(3, 7, 0, 1), (StraightLine{2, 1}));
   EXPECT_THROW(LineThrough(2, 1, 2, 5), Fault);
 }
 
