@@ -120,6 +120,51 @@ std::string RoundExactly(double value, int decimals) {
   return result;
 }
 
+/// The numeric prefix of a text behind its sign; empty (End is the start) without a digit.
+struct Prefix {
+  const char *MantissaEnd = nullptr, *End = nullptr;
+  std::ptrdiff_t Size = 0;  // power of ten of the first digit that isn't 0; 0 without one
+};
+
+/// The exponent that starts at `p`, its letter included, into `exponent`; gives its end, or `p`
+/// when none stands there.
+const char* TakeExponent(const char* p, const char* end, int& exponent) {
+  if (p == end || !(*p == 'E' || *p == 'e' || *p == 'D' || *p == 'd')) return p;
+  const char* q = p + 1;
+  const bool down = q < end && *q == '-';
+  if (q < end && IsSign(*q)) ++q;
+  if (q == end || !IsDigit(*q)) return p;
+  for (; q < end && IsDigit(*q); ++q)
+    if (exponent < 100000000) exponent = exponent * 10 + (*q - '0');
+  if (down) exponent = -exponent;
+  return q;
+}
+
+Prefix FindPrefix(const char* p, const char* end) {
+  const char* const first = p;
+  Prefix prefix;
+  bool digit = false, nonzero = false, point = false;
+  for (; p < end && (IsDigit(*p) || (*p == '.' && !point)); ++p) {
+    if (*p == '.') {
+      point = true;
+      continue;
+    }
+    digit = true;
+    if (nonzero) {
+      prefix.Size += !point;
+    } else {
+      prefix.Size -= point;
+      nonzero = *p != '0';
+    }
+  }
+  if (!digit) return {first, first, 0};
+  int exponent = 0;
+  prefix.MantissaEnd = p;
+  prefix.End = TakeExponent(p, end, exponent);
+  prefix.Size = nonzero ? prefix.Size + exponent : 0;
+  return prefix;
+}
+
 }  // namespace
 
 std::string_view StripBlanks(std::string_view text) {
@@ -135,49 +180,20 @@ double NumberOf(std::string_view text) {
   const bool negative = p < end && *p == '-';
   if (p < end && IsSign(*p)) ++p;
 
-  const char* const first = p;
-  std::ptrdiff_t digits = 0, lead = 0;  // lead: power of ten of the first digit that isn't 0
-  bool nonzero = false, point = false;
-  for (; p < end && (IsDigit(*p) || (*p == '.' && !point)); ++p) {
-    if (*p == '.') {
-      point = true;
-      continue;
-    }
-    ++digits;
-    if (nonzero) {
-      lead += !point;
-    } else {
-      lead -= point;
-      nonzero = *p != '0';
-    }
-  }
-  if (digits == 0) return 0;
-
-  const char* const mantissaEnd = p;
-  int exponent = 0;
-  if (p < end && (*p == 'E' || *p == 'e' || *p == 'D' || *p == 'd')) {
-    const char* q = p + 1;
-    const bool down = q < end && *q == '-';
-    if (q < end && IsSign(*q)) ++q;
-    if (q < end && IsDigit(*q)) {
-      for (; q < end && IsDigit(*q); ++q)
-        if (exponent < 100000000) exponent = exponent * 10 + (*q - '0');
-      if (down) exponent = -exponent;
-      p = q;
-    }
-  }
-
+  const Prefix prefix = FindPrefix(p, end);
+  if (prefix.End == p) return 0;
   double value = 0;
   std::from_chars_result result{};
-  if (p > mantissaEnd && (*mantissaEnd == 'D' || *mantissaEnd == 'd')) {
-    std::string other(first, p);  // from_chars doesn't know this letter
-    other[static_cast<std::size_t>(mantissaEnd - first)] = 'e';
+  const char letter = prefix.MantissaEnd < prefix.End ? *prefix.MantissaEnd : 'e';
+  if (letter == 'D' || letter == 'd') {
+    std::string other(p, prefix.End);  // from_chars doesn't know this letter
+    other[static_cast<std::size_t>(prefix.MantissaEnd - p)] = 'e';
     result = std::from_chars(other.data(), other.data() + other.size(), value);
   } else {
-    result = std::from_chars(first, p, value);
+    result = std::from_chars(p, prefix.End, value);
   }
   if (result.ec != std::errc{} || !std::isfinite(value))
-    value = nonzero && lead + exponent > 0 ? std::numeric_limits<double>::max() : 0;
+    value = prefix.Size > 0 ? std::numeric_limits<double>::max() : 0;
   return negative ? -value : value;
 }
 
