@@ -1,13 +1,11 @@
 #include "app/settings_file.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <filesystem>
 #include <fstream>
-#include <system_error>
 
 #include "base/fault.h"
 #include "base/rounding.h"
+#include "datafiles/safe_write.h"
 #include "text/code_page.h"
 #include "text/lines.h"
 #include "text/numbers.h"
@@ -95,23 +93,7 @@ bool SettingsRead(Settings& record, const std::string& path) {
 }
 
 void SettingsWrite(const Settings& record, const std::string& path) {
-  const std::filesystem::path target = PathOf(path);
-  std::filesystem::path beside = target;
-  beside += ".new";
-  std::error_code error;
-  errno = 0;
-  std::ofstream file(beside, std::ios::binary | std::ios::trunc);
-  const bool opened = file.is_open();
-  file << SettingsText(record);
-  file.close();
-  if (!file)
-    error.assign(errno != 0 ? errno : EIO, std::generic_category());
-  else
-    std::filesystem::rename(beside, target, error);
-  if (!error) return;
-  std::error_code ignored;
-  if (opened) std::filesystem::remove(beside, ignored);
-  throw std::filesystem::filesystem_error("cannot write", target, error);
+  SafeWrite(path, [&record](std::ostream& out) { out << SettingsText(record); });
 }
 
 void LoadSettings(Settings& settings, const std::string& path) {
