@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string_view>
 #include <tuple>
 
 #include "datafiles/bytes.h"
+#include "datafiles/fixed_text.h"
 #include "store/specimen_record.h"
 
 namespace velorix {
@@ -14,10 +14,6 @@ namespace velorix {
 // is the kind of its row.
 
 inline constexpr int AmsRecordSize = 640;
-
-/// Text of a fixed width without the blanks and zero bytes at its end, and back, blank-padded.
-void LoadText(const std::byte* at, int width, std::string& text);
-void StoreText(std::byte* at, int width, std::string_view text);
 
 /// What every row has: the field's name, its place and its width in bytes.
 struct AmsRow {
