@@ -1,0 +1,143 @@
+#include "tensor/aniso_factor.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <iterator>
+#include <limits>
+#include <set>
+#include <string_view>
+
+namespace velorix {
+namespace {
+
+const double Nan = std::numeric_limits<double>::quiet_NaN();
+const double Infinity = std::numeric_limits<double>::infinity();
+
+struct Case {
+  int Index;
+  double Value;
+};
+
+/// k = (4, 2, 1): values that a person can check by head or by a pocket calculator.
+const Case FourTwoOne[] = {
+    {0, 7.0 / 3},
+    {1, 5.0 / 7},
+    {2, 4.0},
+    {3, 1.3862943611198906},
+    {4, 4},
+    {5, 1.3862943611198906},
+    {6, 75},
+    {7, 1.5},
+    {8, 9.0 / 7},
+    {9, 2},
+    {10, 0.6931471805599453},
+    {11, 6.0 / 7},
+    {12, 8.0 / 3},
+    {13, 2},
+    {14, 0.6931471805599453},
+    {15, 3},
+    {16, 1.25},
+    {17, 0.8},
+    {18, 0.5},
+    {19, 5.0 / 3},
+    {20, 6.0 / 7},
+    {21, 3.0 / 7},
+    {22, 2.8284271247461903},
+    {23, 1},
+    {24, 1},
+    {25, 2},
+    {26, 0.5},
+    {27, 1.832154},
+    {28, 1},
+    {29, 1},
+    {30, 1},
+    {31, 0},
+    {32, -1.0 / 3},
+    {33, 2},
+    {34, 0.534522483824849},
+    {35, 2},
+    {36, 0.5},
+    {37, FailedFactor},
+    {38, 2.5},
+};
+
+TEST(AnisoFactor, TheWholeCatalogueOfFourTwoOne) {
+  ASSERT_EQ(std::size(FourTwoOne), 39u);
+  for (const Case& c : FourTwoOne)
+    EXPECT_NEAR(AnisoFactor(c.Index, 4, 2, 1), c.Value, 2e-6 * (1 + c.Value)) << c.Index;
+}
+
+TEST(AnisoFactor, IndicesOutsideTheCatalogueFail) {
+  for (const int index : {-1, 39, 32767, -32768}) {
+    EXPECT_EQ(AnisoFactor(index, 4, 2, 1), FailedFactor);
+    EXPECT_EQ(FactorText(index), "");
+  }
+}
+
+TEST(AnisoFactor, TheCatalogueHas38DifferentTexts) {
+  std::set<std::string_view> texts;
+  for (int i = 1; i <= LastFactor; ++i) texts.insert(FactorText(i));
+  EXPECT_EQ(texts.size(), 38u);
+  EXPECT_EQ(texts.count(""), 0u);
+  EXPECT_EQ(FactorText(0), "");
+  EXPECT_EQ(FactorText(28), "(k2^2)/(k1*k3)");
+}
+
+TEST(AnisoFactor, IsotropicSpecimensFailWhereRangesDivide) {
+  // 2 and 3 fail by the trifle under their root, the others by a division by zero.
+  const std::set<int> failing = {2, 3, 19, 24, 25, 26, 27, 29, 30, 31, 32, 33, 36, 37, 38};
+  for (int i = FirstFactor; i <= LastFactor; ++i)
+    EXPECT_EQ(AnisoFactor(i, 1, 1, 1) == FailedFactor, failing.count(i) == 1) << i;
+  EXPECT_EQ(AnisoFactor(25, 2, 1, 1), FailedFactor);
+  EXPECT_EQ(AnisoFactor(26, 2, 1, 1), 0);  // a root of 0 or a 0 above the line is no failure
+  EXPECT_EQ(AnisoFactor(35, 2, 1, 0), 0);
+}
+
+TEST(AnisoFactor, EverySingleStepIsGuarded) {
+  // In plain floating point k2 / k3 = -0, k1 / k2 is infinite, and (-1) / infinity ends in a finite
+  // 0.
+  EXPECT_EQ(AnisoFactor(30, 1, 0, -1), FailedFactor);
+  EXPECT_EQ(AnisoFactor(18, 1, 0, -1), FailedFactor);
+  EXPECT_EQ(AnisoFactor(5, 1, 0.5, 0), FailedFactor);
+  EXPECT_EQ(AnisoFactor(22, 1, 0.5, -1), FailedFactor);           // root of a negative
+  EXPECT_EQ(AnisoFactor(35, 1, 0.5, -1), FailedFactor);           // also the cube root
+  EXPECT_EQ(AnisoFactor(22, 1e200, 1e200, 1e200), FailedFactor);  // b * c overflows on its way
+  EXPECT_EQ(AnisoFactor(12, 1, 1e308, 1e308), FailedFactor);      // 2 / infinity would be 0
+}
+
+TEST(AnisoFactor, OnlyWhatAFactorUsesCanFailIt) {
+  EXPECT_EQ(AnisoFactor(9, 4, 2, -1), 2);  // no logarithms where c <= 0
+  EXPECT_EQ(AnisoFactor(2, 4, 2, -1), FailedFactor);
+  EXPECT_EQ(AnisoFactor(31, 4, 2, -1), FailedFactor);
+  EXPECT_EQ(AnisoFactor(8, 1e308, 1e308, 1e308), FailedFactor);  // the sum under m overflows
+  EXPECT_EQ(AnisoFactor(9, 1e308, 1e308, 1e308), 1);
+}
+
+TEST(AnisoFactor, WhollyNegativeSetsAreMirroredButForTheRawFormulas) {
+  const double a = 3, b = 2, c = 1;
+  const Case cases[] = {{4, a / c},
+                        {9, a / b},
+                        {13, b / c},
+                        {35, std::cbrt(6)},
+                        {19, (2 * -1.0 + 2 + 3) / (-1.0 + 3)},  // as given: 1.5
+                        {32, (2 * -2.0 + 1 + 3) / (-1.0 + 3)},  // 0
+                        {0, -2},
+                        {34, -std::sqrt(2.0 / 3) / 2}};  // the mean is negative
+  for (const Case& x : cases) EXPECT_NEAR(AnisoFactor(x.Index, -1, -2, -3), x.Value, 1e-12);
+}
+
+TEST(AnisoFactor, MixedSetsAreNotMirrored) {
+  EXPECT_EQ(AnisoFactor(4, 2, 1, -1), -2);
+  EXPECT_EQ(AnisoFactor(4, 0, -1, -2), 0);  // k1 isn't below 0
+}
+
+TEST(AnisoFactor, ValuesThatAreNotFiniteFailEveryFactor) {
+  for (const double bad : {Nan, Infinity, -Infinity})
+    for (int i = FirstFactor; i <= LastFactor; ++i)
+      EXPECT_EQ(AnisoFactor(i, bad, bad, bad), FailedFactor) << i;
+  EXPECT_EQ(AnisoFactor(4, 1, 1, Infinity), FailedFactor);  // 1 / infinity would be 0
+}
+
+}  // namespace
+}  // namespace velorix

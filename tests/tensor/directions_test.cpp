@@ -1,0 +1,167 @@
+#include "tensor/directions.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "tensor/projection.h"
+
+namespace velorix {
+namespace {
+
+constexpr double Close = 1e-4;  // degrees; the 32-bit constants reach no further
+
+void ExpectDirection(const Direction& d, double dec, double inc, double tolerance = Close) {
+  EXPECT_NEAR(d.Dec, dec, tolerance);
+  EXPECT_NEAR(d.Inc, inc, tolerance);
+}
+
+TEST(Directions, AxesHaveTheirDirections) {
+  struct {
+    Vector<3> v;
+    double Dec, Inc;
+  } const cases[] = {{{1, 0, 0}, 0, 0},    {{0, 1, 0}, 90, 0},  {{-1, 0, 0}, 180, 0},
+                     {{0, -1, 0}, 270, 0}, {{0, 0, 1}, 0, 90},  {{0, 0, -1}, 0, -90},
+                     {{1, 1, 0}, 45, 0},   {{2, -2, 0}, 315, 0}};
+  for (const auto& c : cases) {
+    ExpectDirection(DirectionOfVector(c.v), c.Dec, c.Inc);
+    const DirectionAndLength d = VectorToDirection(c.v);
+    ExpectDirection({d.Dec, d.Inc}, c.Dec, c.Inc);
+    EXPECT_DOUBLE_EQ(d.Length, std::sqrt(Vvmpy(c.v, c.v)));
+  }
+}
+
+TEST(Directions, AZeroVectorHasDirectionZero) {
+  EXPECT_EQ(DirectionOfVector({0, 0, 0}), (Direction{0, 0}));
+  const DirectionAndLength d = VectorToDirection({0, 0, 0});
+  EXPECT_EQ(d.Dec, 0);
+  EXPECT_EQ(d.Inc, 0);
+  EXPECT_EQ(d.Length, 0);
+}
+
+TEST(Directions, NorthFallsBelowZeroByTheConstantsAndIsNotWrapped) {
+  const double dec = VectorToDirection({1, 0, 0}).Dec;
+  EXPECT_LT(dec, 0);
+  EXPECT_GT(dec, -1e-5);
+}
+
+TEST(Directions, DirectionsSurviveTheWayToVectorsAndBack) {
+  for (double dec = 5; dec < 360; dec += 10)
+    for (double inc = -85; inc <= 85; inc += 10) {
+      const DirectionAndLength d = VectorToDirection(DirectionToVector(7, {dec, inc}));
+      ExpectDirection({d.Dec, d.Inc}, dec, inc);
+      EXPECT_NEAR(d.Length, 7, 1e-12);
+    }
+}
+
+TEST(Directions, MatrixDirectionsReadsColumns) {
+  const auto d = MatrixDirections({0, 0, 0, 1, 0, 0, 0, 1, 0});
+  ExpectDirection(d[1], 90, 0);
+  ExpectDirection(d[2], 0, 90);
+  EXPECT_EQ(d[3], Direction());
+}
+
+TEST(Directions, PoleOfPlaneIsItsOwnInverse) {
+  EXPECT_EQ(PoleOfPlane({10, 30}), (Direction{190, 60}));
+  EXPECT_EQ(PoleOfPlane({120, 30}), (Direction{300, 60}));
+  EXPECT_EQ(PoleOfPlane({200, 30}), (Direction{20, 60}));
+  EXPECT_EQ(PoleOfPlane({180, 90}), (Direction{0, 0}));
+  EXPECT_EQ(PoleOfPlane(PoleOfPlane({10, 30})), (Direction{10, 30}));
+}
+
+TEST(Directions, LowerHemisphereTurnsOnlyUpwardOnes) {
+  EXPECT_EQ(LowerHemisphere({30, -20}), (Direction{210, 20}));
+  EXPECT_EQ(LowerHemisphere({200, -20}), (Direction{20, 20}));
+  EXPECT_EQ(LowerHemisphere({30, 0}), (Direction{30, 0}));
+}
+
+TEST(Directions, AnglesAreThoseOfTheSphere) {
+  EXPECT_NEAR(AngleBetween({0, 0}, {90, 0}), 90, Close);
+  EXPECT_NEAR(AngleBetween({0, 60}, {180, 60}), 60, Close);
+  EXPECT_NEAR(AngleBetween({20, 10}, {200, -10}), 180, 0.01);
+  const NormalAndAngle n = AngleAndNormal({0, 0}, {90, 0});
+  EXPECT_NEAR(n.Angle, 90, Close);
+  EXPECT_NEAR(n.Normal.Inc, 90, Close);
+}
+
+TEST(Directions, ParallelDirectionsHaveTheZeroNormal) {
+  const NormalAndAngle n = AngleAndNormal({0, 0}, {0, 0});
+  EXPECT_EQ(n.Angle, 0);
+  EXPECT_EQ(n.Normal, Direction());
+  EXPECT_EQ(PoleOfPlane({n.Normal.Dec, n.Normal.Inc}), (Direction{180, 90}));
+}
+
+TEST(Directions, AnAngleIsNotClampedAgainstRounding) {
+  // Some direction's product with itself rounds beyond 1, and then the angle fails.
+  int failures = 0;
+  for (double dec = 0; dec < 360; dec += 0.5) {
+    const Vector<3> v = DirectionToVector(1, {dec, 0});
+    if (Vvmpy(v, v) > 1) {
+      EXPECT_THROW(AngleBetween({dec, 0}, {dec, 0}), Fault) << dec;
+      ++failures;
+    } else {
+      EXPECT_NO_THROW(AngleBetween({dec, 0}, {dec, 0})) << dec;
+    }
+  }
+  EXPECT_GT(failures, 0);
+}
+
+TEST(Directions, NanGoesThroughWithoutAFailure) {
+  const double nan = std::nan("");
+  EXPECT_TRUE(std::isnan(VectorToDirection({nan, nan, nan}).Dec));
+  EXPECT_TRUE(std::isnan(AngleBetween({nan, nan}, {0, 0})));
+  EXPECT_TRUE(std::isnan(LowerHemisphere(PoleOfPlane({nan, nan})).Inc));
+}
+
+TEST(Projection, PlacesOnTheNet) {
+  struct {
+    Projection Kind;
+    Direction d;
+    double x, y;
+  } const cases[] = {
+      {EqualArea, {90, 0}, 1, 0},
+      {EqualArea, {0, 90}, 0, 0},
+      {EqualArea, {0, 45}, 0, std::sqrt(1 - std::sin(std::atan(1.0)))},
+      {EqualAngle, {0, 45}, 0, std::tan(std::atan(1.0) / 2)},
+      {EqualAngle, {180, 0}, 0, -1},
+      {EqualArea, {90, -45}, 0.541196, 0},  // an upward direction isn't turned over
+      {Plain, {180, -45}, 2, -0.5},
+      {static_cast<Projection>(3), {90, 0}, 0, 0},
+  };
+  for (const auto& c : cases) {
+    const Point p = ProjectDirection(c.Kind, c.d);
+    EXPECT_NEAR(p.x, c.x, 1e-6);
+    EXPECT_NEAR(p.y, c.y, 1e-6);
+  }
+}
+
+TEST(Projection, TheReadOutFindsTheDirectionAgain) {
+  for (double dec = 0.5; dec < 360; dec += 10)
+    for (double inc = 5; inc < 90; inc += 10) {
+      const Direction d = InverseEqualArea(ProjectDirection(EqualArea, {dec, inc}));
+      ExpectDirection(d, dec, inc, 0.05);  // near east and west the arc sine is blunt
+    }
+  EXPECT_EQ(InverseEqualArea({0, 0}), (Direction{0, 90}));
+  EXPECT_LT(InverseEqualArea({0.8, 0.8}).Inc, 0);  // outside the circle
+}
+
+TEST(Projection, TheReadOutShows270AtRadiusRootTwo) {
+  EXPECT_NEAR(InverseEqualArea({std::sqrt(2.0), 0}).Inc, 270, Close);
+  EXPECT_NEAR(InverseEqualArea({-0.5, 0}).Dec, 270, Close);
+}
+
+TEST(Projection, TwoPointsFixTheMap) {
+  const Point p = MapPoint({5, 5}, {0, 0}, {100, 200}, {10, 10}, {200, 100});
+  EXPECT_EQ(p, (Point{150, 150}));
+  EXPECT_EQ(NetToTarget({1, 1}, {200, 200}, 310), (Point{355, 45}));
+  EXPECT_EQ(NetToTarget({0.3, -0.4}, {200, 200}, 0), (Point{200, 200}));
+}
+
+TEST(Projection, AMapFromALineFails) {
+  EXPECT_THROW(MapPoint({0, 0}, {1, 0}, {0, 0}, {1, 5}, {9, 9}), Fault);
+  EXPECT_THROW(MapPoint({0, 0}, {0, 3}, {0, 0}, {1, 3}, {9, 9}), Fault);
+}
+
+}  // namespace
+}  // namespace velorix

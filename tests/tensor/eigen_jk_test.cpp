@@ -1,0 +1,272 @@
+#include "tensor/eigen_jk.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <random>
+
+namespace velorix {
+namespace {
+
+using Matrix33 = Matrix<3, 3>;
+
+Matrix33 Symmetric(double k11, double k22, double k33, double k12, double k23, double k13) {
+  return {k11, k12, k13, k12, k22, k23, k13, k23, k33};
+}
+
+/// Tensors of all kinds: nearly isotropic, of widely different sizes, with equal values.
+std::vector<Matrix33> ManyTensors() {
+  std::vector<Matrix33> tensors = {
+      Symmetric(1.1, 1, 0.9, 0, 0, 0),
+      Symmetric(0.9, 1, 1.1, 0, 0, 0),
+      Symmetric(1, 1, 1, 0.1, 0.1, 0.1),
+      Symmetric(1, 1, 1, 1e-16, 0, 0),
+      Symmetric(2, 2, 1, 0, 0, 0),
+      Symmetric(-1, -2, -3, 0.5, -0.2, 0.1),
+      Symmetric(1e-6, 2e-6, 3e-6, 1e-7, 0, 0),
+      Symmetric(1e5, 2e5, 3e-5, 1, 2, 3),
+  };
+  std::mt19937 random(3);
+  std::normal_distribution<double> part;
+  for (const double spread : {1e-12, 1e-3, 0.05, 1.0, 100.0})
+    for (int i = 0; i < 200; ++i) {
+      const auto x = [&] { return spread * part(random); };
+      tensors.push_back(Symmetric(1 + x(), 1 + x(), 1 + x(), x(), x(), x()));
+    }
+  return tensors;
+}
+
+double LargestElement(const Matrix33& A) {
+  double largest = 0;
+  for (const double element : A.v) largest = std::max(largest, std::fabs(element));
+  return largest;
+}
+
+/// Eigenvalues from the characteristic polynomial by the cosine formula (Smith O.K., 1961,
+/// Communications of the ACM 4, 168).
+Vector<3> ValuesByPolynomial(const Matrix33& A) {
+  const double q = (A(1, 1) + A(2, 2) + A(3, 3)) / 3;
+  Matrix33 B = A;
+  double square = 0;
+  for (int i = 1; i <= 3; ++i) B(i, i) -= q;
+  for (const double element : B.v) square += element * element;
+  const double p = std::sqrt(square / 6);
+  if (p == 0) return {q, q, q};
+  for (double& element : B.v) element /= p;
+  const double r = std::clamp(Determinant(B) / 2, -1.0, 1.0);
+  const double phi = std::acos(r) / 3, third = 2 * std::acos(-1.0) / 3;
+  const double k1 = q + 2 * p * std::cos(phi), k3 = q + 2 * p * std::cos(phi + third);
+  return {k1, 3 * q - k1 - k3, k3};
+}
+
+/// The solution written down plainly, step by step with nothing saved: what EIGEN_JK must equal to
+/// the last bit.
+void SolvePlainly(const Matrix33& A, Matrix33& D, Matrix33& W) {
+  W = A;
+  D = {1, 0, 0, 0, 1, 0, 0, 0, 1};
+  double sum = 0, trace = 0, sumSq = 0;
+  for (int i = 1; i <= 3; ++i) {
+    for (int j = 1; j < i; ++j) sum += W(i, j) * W(i, j);
+    trace += W(i, i);
+    sumSq += W(i, i) * W(i, i);
+  }
+  const double offMean = 2 * sum / 6, diagVar = (sumSq - trace * trace / 3) / 3;
+  const double Eps = diagVar + offMean >= 0 ? 1e-10 * std::sqrt((diagVar + offMean) / 2) : 0;
+  double Thr = std::sqrt(offMean);
+  for (bool done = false; !done;) {
+    bool noRotation = true;
+    for (int q = 2; q <= 3; ++q)
+      for (int p = 1; p < q; ++p) {
+        if (!(std::fabs(W(p, q)) > Thr)) continue;
+        noRotation = false;
+        const double a = W(p, p), b = W(p, q), c = W(q, q), y = (a - c) / 2;
+        double x = y == 0 ? -1 : -(y > 0 ? 1 : -1) * b / std::sqrt(y * y + b * b);
+        if (x < -1) x = -1;
+        const double s = x / std::sqrt(2 * (1 + std::sqrt(1 - x * x)));
+        const double co = std::sqrt(1 - s * s);
+        for (int k = 1; k <= 3; ++k) {
+          double t = W(k, p), u = W(k, q);
+          if (k != p && k != q) {
+            W(q, k) = W(k, q) = s * t + co * u;
+            W(p, k) = W(k, p) = co * t - s * u;
+          }
+          t = D(k, p), u = D(k, q);
+          D(k, q) = s * t + co * u;
+          D(k, p) = co * t - s * u;
+        }
+        W(p, p) = a * co * co + c * s * s - 2 * b * s * co;
+        W(q, q) = a * s * s + c * co * co + 2 * b * s * co;
+        W(p, q) = W(q, p) = (a - c) * s * co + (co * co - s * s) * b;
+      }
+    if (noRotation && Thr > Eps)
+      Thr /= 3;
+    else
+      done = noRotation;
+  }
+  const Matrix33 turns = D;
+  std::pair<double, int> order[] = {{W(1, 1), 1}, {W(2, 2), 2}, {W(3, 3), 3}};
+  std::stable_sort(order, order + 3, [](auto& x, auto& y) { return x.first > y.first; });
+  for (int j = 1; j <= 3; ++j)
+    for (int i = 1; i <= 3; ++i) {
+      const auto [value, m] = order[j - 1];
+      const double last = turns(3, m);
+      W(i, j) = turns(i, m) * ((last > 0) - (last < 0));
+      D(i, j) = i == j ? value : 0;
+    }
+}
+
+TEST(EigenJk, EveryBitIsThatOfThePlainSolution) {
+  auto tensors = ManyTensors();
+  // Tensors turned in 32 bits are a rounding short of symmetric.
+  for (Matrix33 tensor : ManyTensors()) {
+    for (int i = 1; i <= 3; ++i) tensor(i, i % 3 + 1) = Round32(tensor(i, i % 3 + 1));
+    tensors.push_back(tensor);
+  }
+  for (const Matrix33& A : tensors) {
+    Matrix33 D, W, D2, W2;
+    EIGEN_JK(A, D, W);
+    SolvePlainly(A, D2, W2);
+    ASSERT_EQ(D, D2);
+    ASSERT_EQ(W, W2);
+    const Vector<3> values = EigenvaluesJK(A);
+    for (int i = 1; i <= 3; ++i) ASSERT_EQ(values[i], D(i, i));
+  }
+}
+
+TEST(EigenJk, ValuesAgreeWithTheCharacteristicPolynomial) {
+  for (const Matrix33& A : ManyTensors()) {
+    const Vector<3> ours = EigenvaluesJK(A), other = ValuesByPolynomial(A);
+    // The formula loses half of its digits where two values nearly meet.
+    const double range = other[1] - other[3];
+    const bool meet = std::min(other[1] - other[2], other[2] - other[3]) < 0.01 * range;
+    const double tolerance = 1e-12 * LargestElement(A) + (meet ? 1e-7 * range : 0);
+    for (int i = 1; i <= 3; ++i) ASSERT_NEAR(ours[i], other[i], tolerance);
+  }
+}
+
+TEST(EigenJk, VectorsAndValuesRebuildTheMatrix) {
+  for (const Matrix33& A : ManyTensors()) {
+    Matrix33 D, W;
+    EIGEN_JK(A, D, W);
+    bool whole = true;  // no vector lost to a last component of 0
+    for (int j = 1; j <= 3; ++j) {
+      ASSERT_GE(W(3, j), 0);
+      whole = whole && W(3, j) > 0;
+    }
+    ASSERT_GE(D(1, 1), D(2, 2));
+    ASSERT_GE(D(2, 2), D(3, 3));
+    if (!whole) continue;
+    Matrix33 WD, Wt, rebuilt;
+    Transpose(W, Wt);
+    Mxmpy(W, D, WD);
+    Mxmpy(WD, Wt, rebuilt);
+    // What is left off the diagonal is at most 1e-10 of the scatter.
+    const double tolerance = 1e-12 * LargestElement(A) + 1e-10 * (D(1, 1) - D(3, 3));
+    for (int i = 0; i < 9; ++i) ASSERT_NEAR(rebuilt.v[i], A.v[i], tolerance);
+  }
+}
+
+TEST(EigenJk, VectorsOfDiagonalMatricesAreZeroButOne) {
+  struct {
+    Matrix33 A;
+    Vector<3> Values;
+    Matrix33 W;
+  } const cases[] = {
+      {{}, {0, 0, 0}, {0, 0, 0, 0, 0, 0, 0, 0, 1}},
+      {Symmetric(1.1, 1, 0.9, 0, 0, 0), {1.1, 1, 0.9}, {0, 0, 0, 0, 0, 0, 0, 0, 1}},
+      {Symmetric(0.9, 1, 1.1, 0, 0, 0), {1.1, 1, 0.9}, {0, 0, 0, 0, 0, 0, 1, 0, 0}},
+      {Symmetric(2, 2, 2, 0, 0, 0), {2, 2, 2}, {0, 0, 0, 0, 0, 0, 0, 0, 1}},
+      {Symmetric(1, 3, 1, 0, 0, 0), {3, 1, 1}, {0, 0, 0, 0, 0, 0, 0, 0, 1}},
+  };
+  for (const auto& c : cases) {
+    Matrix33 D, W;
+    EIGEN_JK(c.A, D, W);
+    EXPECT_EQ(W, c.W);
+    for (int i = 1; i <= 3; ++i) EXPECT_EQ(D(i, i), c.Values[i]);
+  }
+}
+
+TEST(EigenJk, EqualDiagonalElementsTurnBy45Degrees) {
+  Matrix33 D, W;
+  EIGEN_JK(Symmetric(1, 3, 1, 0, 0, 0.5), D, W);
+  const double half = std::sqrt(0.5);
+  EXPECT_NEAR(D(1, 1), 3, 1e-15);
+  EXPECT_NEAR(D(2, 2), 1.5, 1e-15);
+  EXPECT_NEAR(D(3, 3), 0.5, 1e-15);
+  EXPECT_NEAR(W(1, 2), half, 1e-15);
+  EXPECT_NEAR(W(3, 2), half, 1e-15);
+  EXPECT_NEAR(W(1, 3), -half, 1e-15);
+}
+
+TEST(EigenJk, ValuesThatAreNotFiniteReturnAtOnceAsNan) {
+  const double bad[] = {std::nan(""), std::numeric_limits<double>::infinity(),
+                        -std::numeric_limits<double>::infinity(), 1e200};
+  for (const double value : bad)
+    for (int place = 0; place < 9; ++place) {
+      Matrix33 A = Symmetric(1.1, 1, 0.9, 0.1, 0.1, 0.1), D, W;
+      A.v[place] = value;
+      if (value == 1e200) A.v[place] = A.v[place % 3 * 3 + place / 3] = value;  // overflows squared
+      EIGEN_JK(A, D, W);
+      for (int i = 0; i < 9; ++i)
+        EXPECT_TRUE(std::isnan(D.v[i]) && std::isnan(W.v[i])) << value << " at " << place;
+      EXPECT_TRUE(std::isnan(EigenvaluesJK(A)[1]));
+    }
+}
+
+TEST(EigenJk, NoPatternOf32BitFloatsHangs) {
+  std::mt19937 random(7);
+  for (int round = 0; round < 20000; ++round) {
+    float f[6];
+    for (float& x : f) x = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
+    Matrix33 D, W;
+    EIGEN_JK(Symmetric(f[0], f[1], f[2], f[3], f[4], f[5]), D, W);
+  }
+  const double tiny[] = {5e-324, 1e-310, 1e-200, 1e-160, 1};
+  for (const double a : tiny)
+    for (const double b : tiny)
+      for (const double c : tiny) {
+        Matrix33 D, W;
+        EIGEN_JK(Symmetric(a, b, a, c, a, b), D, W);
+      }
+}
+
+TEST(EigenJk, RunTimeSizesGiveTheSameBits) {
+  for (const Matrix33& A : ManyTensors()) {
+    Matrix33 D, W;
+    EIGEN_JK(A, D, W);
+    DynamicMatrix A2(3, 3), D2(3, 3), W2(3, 3);
+    for (int i = 1; i <= 3; ++i)
+      for (int j = 1; j <= 3; ++j) A2(i, j) = A(i, j);
+    EIGEN_JK(A2, D2, W2);
+    for (int i = 1; i <= 3; ++i)
+      for (int j = 1; j <= 3; ++j)
+        ASSERT_TRUE(D2(i, j) == D(i, j) && W2(i, j) == W(i, j)) << i << j;
+  }
+}
+
+TEST(EigenJk, SixBySixVectorsSatisfyTheirEquation) {
+  std::mt19937 random(5);
+  std::normal_distribution<double> part;
+  DynamicMatrix A(6, 6), D(6, 6), W(6, 6), AW(6, 6), WD(6, 6);
+  for (int i = 1; i <= 6; ++i)
+    for (int j = i; j <= 6; ++j) A(i, j) = A(j, i) = part(random);
+  EIGEN_JK(A, D, W);
+  Mxmpy(A, W, AW);
+  Mxmpy(W, D, WD);
+  for (int i = 1; i <= 6; ++i)
+    for (int j = 1; j <= 6; ++j) EXPECT_NEAR(AW(i, j), WD(i, j), 1e-9);  // the stopping level
+}
+
+TEST(EigenJk, ShapesThatDoNotFitFail) {
+  DynamicMatrix m11(1, 1), m22(2, 2), m23(2, 3);
+  EXPECT_THROW(EIGEN_JK(m11, m11, m11), Fault);
+  EXPECT_THROW(EIGEN_JK(m23, m22, m22), Fault);
+  EXPECT_THROW(EIGEN_JK(m22, m22, m23), Fault);
+}
+
+}  // namespace
+}  // namespace velorix
