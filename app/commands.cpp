@@ -86,7 +86,7 @@ void TurnTensor(const Matrix<3, 3>& rotation, Array1<Number, 6>& tensor) {
   for (int i = 1; i <= 6; ++i) tensor[i] = form[i];
 }
 
-constexpr auto Plain = Command::Plain;
+constexpr auto Action = Command::Action;
 constexpr auto Check = Command::Check;
 constexpr auto Radio = Command::Radio;
 
@@ -105,29 +105,29 @@ constexpr Menu MenuTable[] = {
 // Key spellings in the tips ("Crtl") are the program's own. Selection item 4 is a separator.
 constexpr Command CommandTable[] = {
     // name, menu, caption, key, button, tip, icon, look, hidden, run, checked, separator before
-    {"mnuNew", "mnuFile", "New", "", 0, "", "", Plain, false, New, nullptr, false},
-    {"mnuOpen", "mnuFile", "Open", "Ctrl+O", 1, "Open Data File(s) [Crtl+O]", "open", Plain, false, Open, nullptr, false},
-    {"mnuOpenPrevious", "mnuFile", "Open Previous", "Ctrl+P", 2, "Open Previous Data File [Crtl+P]", "previous", Plain, false, Previous, nullptr, false},
-    {"mnuOpenNext", "mnuFile", "Open Next", "Ctrl+N", 3, "Open Next Data File [Crtl+N]", "next", Plain, false, Next, nullptr, false},
-    {"mnuReload", "mnuFile", "Reload", "Ctrl+R", 4, "Reload Current Data File [Crtl+R]", "reload", Plain, false, Reload, nullptr, false},
-    {"mnuSave", "mnuFile", "Save", "", 0, "", "", Plain, true, SaveFile, nullptr, false},
-    {"mnuSaveAs", "mnuFile", "Save As", "Ctrl+S", 5, "Save Current Data File As [Crtl+S]", "save", Plain, false, SaveAs, nullptr, true},
-    {"mnuSaveSelectedAs", "mnuFile", "Save Select Record(s) As", "Ctrl+A", 6, "Save Selected Record(s) As [Crtl+A]", "save-selected", Plain, false, SaveSelectedAs, nullptr, false},
-    {"mnuExport", "mnuFile", "Export", "Ctrl+E", 7, "Export Data [Crtl+E]", "export", Plain, false, nullptr, nullptr, false},
-    {"mnuClose", "mnuFile", "Close", "Ctrl+X", 0, "", "", Plain, false, CloseFile, nullptr, true},
-    {"mnuExit", "mnuFile", "Exit Program", "Ctrl+Q", 0, "", "", Plain, false, [](Velorix& v) { v.Views.Exit(); }, nullptr, true},
+    {"mnuNew", "mnuFile", "New", "", 0, "", "", Action, false, New, nullptr, false},
+    {"mnuOpen", "mnuFile", "Open", "Ctrl+O", 1, "Open Data File(s) [Crtl+O]", "open", Action, false, Open, nullptr, false},
+    {"mnuOpenPrevious", "mnuFile", "Open Previous", "Ctrl+P", 2, "Open Previous Data File [Crtl+P]", "previous", Action, false, Previous, nullptr, false},
+    {"mnuOpenNext", "mnuFile", "Open Next", "Ctrl+N", 3, "Open Next Data File [Crtl+N]", "next", Action, false, Next, nullptr, false},
+    {"mnuReload", "mnuFile", "Reload", "Ctrl+R", 4, "Reload Current Data File [Crtl+R]", "reload", Action, false, Reload, nullptr, false},
+    {"mnuSave", "mnuFile", "Save", "", 0, "", "", Action, true, SaveFile, nullptr, false},
+    {"mnuSaveAs", "mnuFile", "Save As", "Ctrl+S", 5, "Save Current Data File As [Crtl+S]", "save", Action, false, SaveAs, nullptr, true},
+    {"mnuSaveSelectedAs", "mnuFile", "Save Select Record(s) As", "Ctrl+A", 6, "Save Selected Record(s) As [Crtl+A]", "save-selected", Action, false, SaveSelectedAs, nullptr, false},
+    {"mnuExport", "mnuFile", "Export", "Ctrl+E", 7, "Export Data [Crtl+E]", "export", Action, false, nullptr, nullptr, false},
+    {"mnuClose", "mnuFile", "Close", "Ctrl+X", 0, "", "", Action, false, CloseFile, nullptr, true},
+    {"mnuExit", "mnuFile", "Exit Program", "Ctrl+Q", 0, "", "", Action, false, [](Velorix& v) { v.Views.Exit(); }, nullptr, true},
 
-    {"mnuGraphicsCopy", "mnuGraphics", "Copy To Clipboard", "Ctrl+C", 9, "Copy Graphics To Clipboard [Crtl+C]", "copy-picture", Plain, false, nullptr, nullptr, false},
-    {"mnuGraphicsSave", "mnuGraphics", "Save To File", "Ctrl+F", 10, "Save Graphics To File [Crtl+F]", "save-picture", Plain, false, nullptr, nullptr, false},
-    {"mnuGraphicRedraw", "mnuGraphics", "Redraw", "", 0, "", "", Plain, true, AnisoView_DisplayAllPlots, nullptr, false},
+    {"mnuGraphicsCopy", "mnuGraphics", "Copy To Clipboard", "Ctrl+C", 9, "Copy Graphics To Clipboard [Crtl+C]", "copy-picture", Action, false, nullptr, nullptr, false},
+    {"mnuGraphicsSave", "mnuGraphics", "Save To File", "Ctrl+F", 10, "Save Graphics To File [Crtl+F]", "save-picture", Action, false, nullptr, nullptr, false},
+    {"mnuGraphicRedraw", "mnuGraphics", "Redraw", "", 0, "", "", Action, true, AnisoView_DisplayAllPlots, nullptr, false},
 
     {"mnuEdit(1)", "mnuEditt", "Edit Orientation Data", "F2", 12, "Edit Orientation Data [F2]", "edit-orientation", Check, false, nullptr, nullptr, false},
-    {"mnuEdit(2)", "mnuEditt", "Rotate Data", "", 0, "", "", Plain, true, nullptr, nullptr, false},
+    {"mnuEdit(2)", "mnuEditt", "Rotate Data", "", 0, "", "", Action, true, nullptr, nullptr, false},
 
     {"mnuAnalysis(1)", "mnuStatistics", "Group Statistics", "F9", 14, "Group Statistics [F9]", "statistics", Check, false, nullptr, nullptr, false},
-    {"mnuAnalysis(2)", "mnuStatistics", "Bootstrap Statistics", "F11", 0, "", "", Plain, true, nullptr, nullptr, false},
+    {"mnuAnalysis(2)", "mnuStatistics", "Bootstrap Statistics", "F11", 0, "", "", Action, true, nullptr, nullptr, false},
     {"mnuAnalysis(3)", "mnuStatistics", "Contour Plot", "F12", 15, "Contour Plot [F12]", "contour", Check, false, nullptr, nullptr, false},
-    {"mnuAnalysis(4)", "mnuStatistics", "Calculate Field Independent Tensor", "Ctrl+I", 0, "", "", Plain, true, nullptr, nullptr, false},
+    {"mnuAnalysis(4)", "mnuStatistics", "Calculate Field Independent Tensor", "Ctrl+I", 0, "", "", Action, true, nullptr, nullptr, false},
 
     {"mnuDataTable", "mnuViewMain", "Data Table", "F1", 17, "View Data Table [F1]", "table", Check, false, nullptr, nullptr, false},
     {"mnuAnisoReIm(1)", "mnuViewMain", "Kre", "F3", 19, "Show In-Phase AMS [F3]", "kre", Radio, false, SetBlock<InPhase>, IsBlock<InPhase>, true},
@@ -139,15 +139,15 @@ constexpr Command CommandTable[] = {
     {"tecto(1)", "", "", "", 27, "Paleohorizontal", "paleohorizontal", Radio, false, SetPlane<Horizontal>, IsPlane<Horizontal>, false},
     {"tecto(2)", "", "", "", 28, "Paleovertical", "paleovertical", Radio, false, SetPlane<Vertical>, IsPlane<Vertical>, false},
 
-    {"mnuSelection(1)", "mnuSelectionMain", "Invert Selection", "Ctrl+Ins", 30, "Invert Selection [Ctrl + Ins]", "invert", Plain, false, Select<InvertSelection>, nullptr, false},
-    {"mnuSelection(2)", "mnuSelectionMain", "Disregard Selected Record(s)", "Del", 31, "Disregard Selected Record(s) [Del]", "disregard", Plain, false, Select<DisregardSelected>, nullptr, false},
-    {"mnuSelection(3)", "mnuSelectionMain", "Restore All Records", "Alt+Backspace", 32, "Restore All Records  [Alt + Bksp]", "restore", Plain, false, Select<RestoreAll>, nullptr, false},
-    {"mnuSelection(5)", "mnuSelectionMain", "Clear Selection", "Shift+Ctrl+F12", 33, "Clear Selection [Shift + Ctrl +F12]", "clear", Plain, false, Select<ClearSelection>, nullptr, true},
-    {"rotate", "", "", "", 35, "", "rotate", Plain, false, Rotate, nullptr, false},
+    {"mnuSelection(1)", "mnuSelectionMain", "Invert Selection", "Ctrl+Ins", 30, "Invert Selection [Ctrl + Ins]", "invert", Action, false, Select<InvertSelection>, nullptr, false},
+    {"mnuSelection(2)", "mnuSelectionMain", "Disregard Selected Record(s)", "Del", 31, "Disregard Selected Record(s) [Del]", "disregard", Action, false, Select<DisregardSelected>, nullptr, false},
+    {"mnuSelection(3)", "mnuSelectionMain", "Restore All Records", "Alt+Backspace", 32, "Restore All Records  [Alt + Bksp]", "restore", Action, false, Select<RestoreAll>, nullptr, false},
+    {"mnuSelection(5)", "mnuSelectionMain", "Clear Selection", "Shift+Ctrl+F12", 33, "Clear Selection [Shift + Ctrl +F12]", "clear", Action, false, Select<ClearSelection>, nullptr, true},
+    {"rotate", "", "", "", 35, "", "rotate", Action, false, Rotate, nullptr, false},
 
-    {"mnuOPAR", "mnuSetting", "Orientation Parameters", "", 0, "", "", Plain, false, nullptr, nullptr, false},
-    {"mnuAnisoFac", "mnuSetting", "Anisotropy Quantitative Factors", "", 0, "", "", Plain, false, nullptr, nullptr, false},
-    {"mnuAbout", "mnuHelp", "About", "", 0, "", "", Plain, false, [](Velorix& v) { v.Views.ShowAbout(); }, nullptr, false},
+    {"mnuOPAR", "mnuSetting", "Orientation Parameters", "", 0, "", "", Action, false, nullptr, nullptr, false},
+    {"mnuAnisoFac", "mnuSetting", "Anisotropy Quantitative Factors", "", 0, "", "", Action, false, nullptr, nullptr, false},
+    {"mnuAbout", "mnuHelp", "About", "", 0, "", "", Action, false, [](Velorix& v) { v.Views.ShowAbout(); }, nullptr, false},
 };
 // clang-format on
 
@@ -189,7 +189,7 @@ std::span<const Command> Commands() { return CommandTable; }
 const Command& CommandNamed(const std::string& name) {
   for (const Command& command : CommandTable)
     if (name == command.Name) return command;
-  assert(!"no command of this name");
+  assert(false && "no command of this name");
   FailSubscript();
 }
 

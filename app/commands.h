@@ -17,7 +17,7 @@ std::span<const Menu> Menus();
 
 /// One command: its menu item, its tool-bar button, or both.
 struct Command {
-  enum Kind { Plain, Check, Radio };
+  enum Kind { Action, Check, Radio };
 
   const char* Name;       // of the menu item, "mnuOpen"
   const char* Menu;       // name of its menu; empty: tool bar only
