@@ -20,11 +20,4 @@ double ArcCos(double x) {
   return std::atan(-x / std::sqrt(square)) + 2 * std::atan(1.0);
 }
 
-double Atan2(double y, double x) {
-  if (x == 0) return y > 0 ? Pi32 / 2 : y < 0 ? -Pi32 / 2 : 0;
-  const double angle = std::atan(y / x);
-  if (x > 0) return angle;
-  return y >= 0 ? angle + Pi32 : angle - Pi32;
-}
-
 }  // namespace velorix

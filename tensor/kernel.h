@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cassert>
+#include <cmath>
 #include <cstddef>
 #include <utility>
 #include <vector>
@@ -21,7 +22,12 @@ double ArcCos(double x);
 
 /// Angle of the point (x, y) in radians, from minus pi to pi, half turns from the 32-bit pi. The
 /// first argument is the ordinate; (0, 0) gives 0.
-double Atan2(double y, double x);
+inline double Atan2(double y, double x) {
+  if (x == 0) return y > 0 ? Pi32 / 2 : y < 0 ? -Pi32 / 2 : 0;
+  const double angle = std::atan(y / x);
+  if (x > 0) return angle;
+  return y >= 0 ? angle + Pi32 : angle - Pi32;
+}
 
 /// A vector of `N` numbers counted from 1.
 template <int N>
@@ -158,7 +164,7 @@ void Mvmpy(const MA& A, const VX& x, VY& y) {
 /// Both products are rounded to 32 bits, element by element, and this is wanted: the published
 /// digits of rotated tensors carry it. It also makes C a rounding or two short of symmetric.
 template <class MA, class MB, class MC>
-void Mxabat(const MA& A, const MB& B, MC& C) {
+inline void Mxabat(const MA& A, const MB& B, MC& C) {
   const int n = C.Rows(), m = A.Columns();
   if (C.Columns() != n || A.Rows() != n || B.Rows() != m || B.Columns() != m)
     FailKernel("Sub Mxabat", "Dimension mismatch");
