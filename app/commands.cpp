@@ -169,6 +169,7 @@ std::string FailureText(std::exception_ptr failure) {
   }
 }
 
+/// Tells a failure in log and status line, and lets the views follow the store.
 void ReportFailure(Velorix& velorix, const std::string& text) {
   velorix.Log.DebugPrint("Error: " + text);
   try {  // so that no view goes on showing what is no longer so
@@ -178,7 +179,6 @@ void ReportFailure(Velorix& velorix, const std::string& text) {
     velorix.Log.DebugPrint(std::string("Error while refreshing: ") + error.what());
   }
   velorix.Views.ShowStatus(text);
-  velorix.Dialogs.Ask(ProgramTitle, text, {"&OK"});
 }
 
 }  // namespace
@@ -197,9 +197,13 @@ bool Guarded(Velorix& velorix, const std::function<void()>& work) {
   try {
     work();
     return true;
+  } catch (const StatisticsFault& fault) {
+    ReportFailure(velorix, fault.what());
+    return false;
   } catch (...) {
     const std::string text = FailureText(std::current_exception());
     ReportFailure(velorix, text);
+    velorix.Dialogs.Ask(ProgramTitle, text, {"&OK"});
     return false;
   }
 }

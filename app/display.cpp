@@ -21,6 +21,20 @@ void ShowSelectedCodes(Velorix& velorix) {
   velorix.Stereo.lstLine = velorix.Lists.lstLine.SelectedCodes();
 }
 
+/// The group statistics of the records in view. A geologist hears what may be the cause.
+void ComputeGroup(Velorix& velorix) {
+  const Session& session = velorix.Session;
+  try {
+    GroupStatistics(session.Records, session.CoorSys, session.ReImMode, session.Settings.FacIndex,
+                    velorix.GaussTable, velorix.GroupStats);
+  } catch (const Fault& fault) {
+    throw StatisticsFault(
+        fault.Number, std::string("Group statistics incomplete: specimens too much alike, or mean "
+                                  "principal values equal (") +
+                          fault.what() + ")");
+  }
+}
+
 /// Position of `path`'s last separator, or npos.
 std::size_t LastSeparator(const std::string& path) { return path.find_last_of("/\\"); }
 
@@ -42,6 +56,7 @@ void DisplayData(Velorix& velorix, bool resetLists) {
     DeriveFactors(record, session.Settings.FacIndex, session.ReImMode);
     RotateRecord(record, view);
   }
+  ComputeGroup(velorix);
   RefreshViews(velorix);
 }
 

@@ -1,11 +1,19 @@
 #pragma once
 
 #include "app/velorix.h"
+#include "base/fault.h"
 
 namespace velorix {
 
+/// A numeric failure of the group statistics. What they computed before it stands, and all else of
+/// the display does; so it is told beside the views, not in a box.
+struct StatisticsFault : Fault {
+  using Fault::Fault;
+};
+
 /// The whole road from the store to the screen: codes into the lists (emptied first of the data's
-/// codes when `resetLists`), factors and rotation of every record in use, then `RefreshViews`.
+/// codes when `resetLists`), factors and rotation of every record in use, group statistics, then
+/// `RefreshViews`. Statistics that fail end it there with a `StatisticsFault`.
 void DisplayData(Velorix& velorix, bool resetLists);
 
 /// Grid and plots from the values at hand.

@@ -10,6 +10,7 @@
 #include "app/views.h"
 #include "plot/stereo.h"
 #include "stats/contour_grid.h"
+#include "stats/group_statistics.h"
 #include "store/session.h"
 
 namespace velorix {
@@ -36,6 +37,7 @@ struct Velorix {
   velorix::Session Session = {};
   CodeLists Lists = {};
   StereoOptions Stereo = {};
+  velorix::GroupStats GroupStats = {};
   std::vector<float> GaussTable = {};
   velorix::ContourGrid ContourGrid = {};
   DebugLog Log = {};

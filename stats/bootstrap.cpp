@@ -102,6 +102,9 @@ void SolveAll(std::span<const Matrix<3, 3>> rep, BootResult& result) {
   }
 }
 
+/// Ascending, with what is no number at the end.
+bool NumbersFirst(double a, double b) { return a < b || (std::isnan(b) && !std::isnan(a)); }
+
 /// The components across direction `i`, in the order in which an ellipse takes them.
 struct Across {
   int a, b;
@@ -164,7 +167,7 @@ BootLimits BootQuantiles(std::span<const Vector<3>> Eig) {
   for (int c = 1; c <= 3; ++c) {
     std::vector<double> column;
     for (const Vector<3>& values : Eig) column.push_back(values[c]);
-    std::sort(column.begin(), column.end());
+    std::sort(column.begin(), column.end(), NumbersFirst);
     limits.Lower[c] = point(column, 0.025);
     limits.Upper[c] = point(column, 0.975);
   }

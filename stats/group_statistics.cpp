@@ -106,4 +106,26 @@ void GroupStatistics(const RecordArray& records, std::int16_t coorSys, std::int1
   stats.Reached = GroupStats::All;
 }
 
+bool ShowsMean(const GroupStats& stats) { return stats.GroupN > 0; }
+
+bool ShowsErrors(const GroupStats& stats, int k) { return stats.GroupN >= 5 && stats.Errors >= k; }
+
+bool ShowsBootstrap(const GroupStats& stats) {
+  return stats.GroupN >= 5 && stats.GroupN <= BootMaxN && stats.Reached >= GroupStats::Bootstrap;
+}
+
+bool ShowsMeanFac(const GroupStats& stats, int slot) {
+  return ShowsMean(stats) && stats.FactorsDone >= slot;
+}
+
+bool ShowsAvgKm(const GroupStats& stats) {
+  return ShowsMean(stats) && stats.Reached >= GroupStats::AverageKm && stats.HasAverages;
+}
+
+bool ShowsAvgFac(const GroupStats& stats, int slot) {
+  return ShowsMeanFac(stats, slot) && stats.HasAverage[slot];
+}
+
+bool ShowsDeviations(const GroupStats& stats) { return stats.GroupN >= 2; }
+
 }  // namespace velorix

@@ -49,4 +49,13 @@ void GroupStatistics(const RecordArray& records, std::int16_t coorSys, std::int1
                      const Array1<std::int16_t, 8>& facIndex, std::span<const float> gaussTable,
                      GroupStats& stats);
 
+// What a view may show of the last run: what the group is large enough for, and what was reached.
+bool ShowsMean(const GroupStats& stats);           // MeanK, MeanDec, MeanInc, MeanVec
+bool ShowsErrors(const GroupStats& stats, int k);  // MeanE1, MeanE2, MeanRot of direction k
+bool ShowsBootstrap(const GroupStats& stats);      // BootE1, BootE2, BootPoints, BootContour
+bool ShowsMeanFac(const GroupStats& stats, int slot);
+bool ShowsAvgKm(const GroupStats& stats);
+bool ShowsAvgFac(const GroupStats& stats, int slot);
+bool ShowsDeviations(const GroupStats& stats);  // besides, of what has an average
+
 }  // namespace velorix

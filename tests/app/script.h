@@ -11,6 +11,7 @@
 #include "app/display.h"
 #include "app/velorix.h"
 #include "datafiles/ams_file.h"
+#include "stats/gauss_random.h"
 #include "text/paths.h"
 
 namespace velorix {
@@ -73,6 +74,12 @@ class ProgramTest : public testing::Test {
              (std::string("velorix-") + info->test_suite_name() + "-" + info->name());
     std::filesystem::remove_all(Folder);
     std::filesystem::create_directories(Folder);
+    static const std::vector<float> gauss = [] {
+      std::vector<float> table;
+      FillGaussTable(table, [] {});
+      return table;
+    }();
+    Program.GaussTable = gauss;
   }
   ~ProgramTest() override {
     std::error_code ignored;

@@ -1,0 +1,120 @@
+#include "platform/host/host.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "text/paths.h"
+#include "text/upper_case.h"
+
+#ifdef _WIN32
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
+#endif
+
+namespace velorix {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path Variable(const char* name) {
+  const char* const value = std::getenv(name);
+  return value ? fs::path(value) : fs::path();
+}
+
+#ifdef _WIN32
+fs::path UserDataFolder() { return Variable("LOCALAPPDATA") / "velorix"; }
+fs::path DataRootFolder() { return "C:\\Zelmor\\Data"; }
+#else
+fs::path HomeFolder() {
+  const fs::path home = Variable("HOME");
+  return home.empty() ? fs::temp_directory_path() : home;
+}
+fs::path UserDataFolder() {
+#ifdef __APPLE__
+  return HomeFolder() / "Library" / "Application Support" / "velorix";
+#else
+  const fs::path data = Variable("XDG_DATA_HOME");
+  return (data.is_absolute() ? data : HomeFolder() / ".local" / "share") / "velorix";
+#endif
+}
+fs::path DataRootFolder() { return HomeFolder() / "Zelmor" / "Data"; }
+#endif
+
+/// Whether a file can be made in the folder, found out by making one: permissions don't tell.
+bool CanWrite(const fs::path& folder) {
+  const fs::path probe = folder / ".velorix-probe";
+  std::error_code ignored;
+  if (!std::ofstream(probe)) return false;
+  fs::remove(probe, ignored);
+  return true;
+}
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// The run of digits at `at`, which moves behind it, without leading zeros.
+std::string TakeDigits(const std::string& text, std::size_t& at) {
+  const std::size_t first = at;
+  while (at < text.size() && IsDigit(text[at])) ++at;
+  const std::string digits = text.substr(first, at - first);
+  return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
+}
+
+}  // namespace
+
+std::string ExecutablePath(const std::string& argv0) {
+#ifdef _WIN32
+  wchar_t name[32768];
+  const DWORD length = GetModuleFileNameW(nullptr, name, 32768);
+  if (length > 0) return Utf8Of(fs::path(std::wstring(name, length)));
+#else
+  std::error_code error;
+  const fs::path self = fs::read_symlink("/proc/self/exe", error);
+  if (!error) return Utf8Of(self);
+#endif
+  return Utf8Of(fs::absolute(PathOf(argv0)));
+}
+
+Host MakeHost(const std::string& executablePath) {
+  fs::path folder = PathOf(executablePath).parent_path();
+  if (!CanWrite(folder)) {
+    folder = UserDataFolder();
+    fs::create_directories(folder);
+  }
+  return {Utf8Of(folder), Utf8Of(DataRootFolder()), ListFolder};
+}
+
+std::vector<std::string> ListFolder(const std::string& folder, const std::string& extension) {
+  const std::string wanted = UpperCase(extension);
+  std::vector<std::string> names;
+  std::error_code error;
+  for (fs::directory_iterator file(PathOf(folder), error), end; !error && file != end;
+       file.increment(error)) {
+    std::error_code ignored;
+    const std::string name = Utf8Of(file->path().filename());
+    if (file->is_regular_file(ignored) && UpperCase(ExtensionOf(name)) == wanted)
+      names.push_back(name);
+  }
+  std::sort(names.begin(), names.end(), NameBefore);
+  return names;
+}
+
+bool NameBefore(const std::string& a, const std::string& b) {
+  const std::string x = UpperCase(a), y = UpperCase(b);
+  std::size_t i = 0, j = 0;
+  while (i < x.size() && j < y.size()) {
+    if (IsDigit(x[i]) && IsDigit(y[j])) {
+      const std::string m = TakeDigits(x, i), n = TakeDigits(y, j);
+      if (m != n) return m.size() != n.size() ? m.size() < n.size() : m < n;
+    } else if (x[i] != y[j]) {
+      return static_cast<unsigned char>(x[i]) < static_cast<unsigned char>(y[j]);
+    } else {
+      ++i, ++j;
+    }
+  }
+  if (x.size() - i != y.size() - j) return i == x.size();
+  return a < b;  // names that differ in case or zeros alone still have an order
+}
+
+}  // namespace velorix

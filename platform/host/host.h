@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/velorix.h"
+
+namespace velorix {
+
+/// Full path of the running program, UTF-8; from the system where it tells, else from `argv0`.
+std::string ExecutablePath(const std::string& argv0);
+
+/// What the program asks of this system. `AppFolder` is the folder of the executable when it can be
+/// written, otherwise the user's data folder for this program, which is made; `DataRoot` is
+/// Zelmor/Data in the user's home, on Windows the fixed C:\Zelmor\Data.
+Host MakeHost(const std::string& executablePath);
+
+/// Names of the regular files in `folder` with `extension`, in any case, in the order in which file
+/// dialogs show them: `NameBefore`. A folder that can't be read has none.
+std::vector<std::string> ListFolder(const std::string& folder, const std::string& extension);
+
+/// Whether name `a` stands before `b`: letters regardless of case, runs of digits by their value.
+bool NameBefore(const std::string& a, const std::string& b);
+
+}  // namespace velorix
