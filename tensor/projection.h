@@ -20,7 +20,8 @@ Point ProjectDirection(Projection projection, const Direction& d);
 
 /// The direction at a point of the equal-area net, for the cursor read-out; the centre gives (0,
 /// 90). Outside the primitive circle the inclination is negative, and 270 where the radius is the
-/// root of 2.
+/// root of
+/// 2. A point nearer to the centre than a 32-bit radius can tell fails with "Division by zero".
 Direction InverseEqualArea(const Point& p);
 
 /// The linear map, each axis by itself, that takes `p1` to `q1` and `p2` to `q2`. Points p1 and p2

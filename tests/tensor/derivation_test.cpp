@@ -260,6 +260,15 @@ TEST(RotateRecord, TheLineGoesToTheEndOfTheAxisThatTheViewNames) {
   }
 }
 
+TEST(RotateRecord, ALineThatCameToPointUpwardEndsAtTheOtherEnd) {
+  SpecimenRecord r = Oriented();  // the line plunges 20 down the dip of a plane that dips 30
+  r.LineTrend[1] = 300;
+  RotateRecord(r, ViewIn(Paleogeographic));
+  ExpectAxis(r.LineDec[1], r.LineInc[1], 120, 0);
+  RotateRecord(r, ViewIn(Tectonic));
+  ExpectAxis(r.LineDec[1], r.LineInc[1], 180, 0);
+}
+
 TEST(RotateRecord, PrincipalVectorsBelongToTheRotatedTensor) {
   for (int coorSys = 0; coorSys <= 4; ++coorSys) {
     SpecimenRecord r = Oriented();

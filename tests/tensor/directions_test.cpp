@@ -151,6 +151,13 @@ TEST(Projection, TheReadOutShows270AtRadiusRootTwo) {
   EXPECT_NEAR(InverseEqualArea({-0.5, 0}).Dec, 270, Close);
 }
 
+TEST(Projection, TheReadOutDividesByA32BitRadius) {
+  // 0.3 in 32 bits is a little more than 0.3, and the arc sine makes a visible angle of it.
+  EXPECT_NEAR(InverseEqualArea({0.3, 0}).Dec, 89.984, 1e-3);
+  EXPECT_NEAR(InverseEqualArea({0.5, 0}).Dec, 90, Close);
+  EXPECT_THROW(InverseEqualArea({1e-60, 0}), Fault);
+}
+
 TEST(Projection, TwoPointsFixTheMap) {
   const Point p = MapPoint({5, 5}, {0, 0}, {100, 200}, {10, 10}, {200, 100});
   EXPECT_EQ(p, (Point{150, 150}));
