@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QDialog>
+
+namespace velorix {
+
+/// The window shown while the program starts.
+class frmSplash : public QWidget {
+ public:
+  frmSplash();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+/// The window of the command "About".
+class frmAbout : public QDialog {
+ public:
+  explicit frmAbout(QWidget* parent);
+};
+
+}  // namespace velorix

@@ -1,0 +1,114 @@
+#include "platform/qt/qt_dialogs.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "platform/qt/busy_cursor.h"
+#include "platform/qt/widgets.h"
+
+namespace velorix {
+namespace {
+
+/// Shows the file dialog until the answer has room, or the user gives up.
+std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion& question,
+                                         bool save) {
+  PauseBusyCursor();
+  const QList<NameFilter> filters = SplitFilters(question.Filter);
+  QStringList names;
+  for (const NameFilter& filter : filters) names += filter.ForDialog();
+
+  QFileDialog dialog(dialogs.Owner, ToQString(question.Title));
+  dialog.setObjectName("dlgFile");
+  dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(question.Multi ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
+  // The program asks about existing files itself, in its own words.
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  dialog.setOption(QFileDialog::HideNameFilterDetails);
+  dialog.setNameFilters(names);
+  if (!question.Folder.empty()) dialog.setDirectory(ToQString(question.Folder));
+  if (!question.DefaultName.empty()) dialog.selectFile(ToQString(question.DefaultName));
+  const auto chosen = [&] { return static_cast<int>(names.indexOf(dialog.selectedNameFilter())); };
+  const auto follow = [&] {
+    if (chosen() >= 0) dialog.setDefaultSuffix(filters[chosen()].Suffix());
+  };
+  if (save) {
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+    follow();
+  }
+  while (dialog.exec() == QDialog::Accepted) {
+    const QStringList paths = dialog.selectedFiles();
+    const std::string list = JoinFileList(paths);
+    const qsizetype length = ToQString(list).size();
+    if (length <= question.MaxFileSize) return FileAnswer{list, chosen() < 0 ? 1 : chosen() + 1};
+    dialogs.Ask(question.Title,
+                "The names of the chosen files have " + std::to_string(length) +
+                    " characters together; " + std::to_string(question.MaxFileSize) +
+                    " are allowed.\nChoose fewer files at a time.",
+                {"&OK"}, 0);
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+QString NameFilter::ForDialog() const {
+  return QString("%1 (%2 %3)").arg(Text, Pattern.toLower(), Pattern.toUpper());
+}
+
+QString NameFilter::Suffix() const { return Pattern.section('.', -1); }
+
+QList<NameFilter> SplitFilters(const std::string& filter) {
+  const QStringList parts = ToQString(filter).split('|');
+  QList<NameFilter> filters;
+  for (int i = 0; i + 1 < parts.size(); i += 2) filters += {parts[i], parts[i + 1]};
+  return filters;
+}
+
+std::string JoinFileList(const QStringList& paths) {
+  if (paths.size() == 1) return QDir::toNativeSeparators(paths.front()).toStdString();
+  if (paths.isEmpty()) return {};
+  const QString folder = QFileInfo(paths.front()).path();
+  std::string list = QDir::toNativeSeparators(folder).toStdString() + '\0';
+  for (const QString& path : paths) {
+    const QFileInfo file(path);
+    const QString name = file.path() == folder ? file.fileName() : QDir::toNativeSeparators(path);
+    list += name.toStdString() + '\0';
+  }
+  return list;
+}
+
+std::optional<FileAnswer> QtDialogs::ShowOpen(const FileQuestion& question) {
+  return ShowFileDialog(*this, question, false);
+}
+
+std::optional<FileAnswer> QtDialogs::ShowSave(const FileQuestion& question) {
+  return ShowFileDialog(*this, question, true);
+}
+
+int QtDialogs::Ask(const std::string& title, const std::string& text,
+                   const std::vector<std::string>& buttons, int defaultButton) {
+  PauseBusyCursor();
+  QMessageBox box(Owner);
+  box.setObjectName("frmMessage");
+  box.setWindowTitle(ToQString(title));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToQString(text));
+  box.setIcon(buttons.size() > 1 ? QMessageBox::Question : QMessageBox::Information);
+  std::vector<QPushButton*> made;
+  for (const std::string& caption : buttons) {
+    // One role for all keeps them in the order given on every desktop.
+    QPushButton* button = box.addButton(ToQString(caption), QMessageBox::ActionRole);
+    if (static_cast<int>(made.size()) == defaultButton) box.setDefaultButton(button);
+    made.push_back(button);
+  }
+  box.setEscapeButton(made.back());
+  box.exec();
+  for (std::size_t i = 0; i < made.size(); ++i)
+    if (box.clickedButton() == made[i]) return static_cast<int>(i);
+  return static_cast<int>(made.size()) - 1;
+}
+
+}  // namespace velorix

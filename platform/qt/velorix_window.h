@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+
+#include "app/velorix.h"
+#include "platform/qt/command_bars.h"
+
+class QLabel;
+class QSplitter;
+
+namespace velorix {
+
+class ColumnPlots;
+class GridPanel;
+class StereoPanel;
+class ViewLists;
+
+/// The main window. It decides nothing: controls call the commands, and the commands tell it what
+/// to show.
+class frmVelorix : public QMainWindow, public Views {
+ public:
+  frmVelorix();
+  ~frmVelorix() override;
+
+  /// Makes all controls and puts the session of `velorix` into its first state.
+  void Load(Velorix& velorix);
+  /// The time of the start-up in the status panel `picStat(2)`.
+  void ShowStartTime(float seconds);
+
+  void SetCaption(const std::string& caption) override;
+  int CaptionRoom() override;
+  void ShowChoices() override;
+  void ShowCodeLists() override;
+  void ShowGridHeader() override;
+  void FillGrid() override;
+  void RedrawStereo() override;
+  void ShowAbout() override;
+  void Exit() override;
+  void ShowStatus(const std::string& text) override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  QWidget* MakeTopRow();
+  QWidget* MakeViews();
+  void MakeStatusBar();
+  void Widen(int width);
+  void CountRecords();
+
+  Velorix* velorix_ = nullptr;  // whose Views this window is
+  CommandBars bars_;
+  ViewLists* lists_ = nullptr;
+  GridPanel* grid_ = nullptr;
+  StereoPanel* stereo_ = nullptr;
+  std::unique_ptr<ColumnPlots> plots_;
+  QSplitter *main_ = nullptr, *column_ = nullptr, *pairs_ = nullptr;
+  QLabel *counts_ = nullptr, *startTime_ = nullptr;
+};
+
+}  // namespace velorix

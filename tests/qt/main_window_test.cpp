@@ -1,0 +1,374 @@
+#include <QCheckBox>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QListWidget>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QToolButton>
+#include <QUrl>
+#include <limits>
+
+#include "platform/qt/picture_widget.h"
+#include "tests/qt/test_window.h"
+
+using namespace velorix;
+
+class MainWindowTest : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<TestWindow> window_;
+  TestWindow& W() { return *window_; }
+  Session& S() { return W().Program.Session; }
+
+  /// All controls that show the coordinate system, as one text: "GEO 23 mnuView(2)".
+  QString ShownSystem() {
+    QString text = W().The<QComboBox>("cboCoor(1)").currentText();
+    for (int button = 22; button <= 25; ++button)
+      if (W().The<QAction>(QString("Toolbar1(%1)").arg(button)).isChecked())
+        text += QString(" %1").arg(button);
+    for (int item = 1; item <= 4; ++item) {
+      const QString name = QString("mnuView(%1)").arg(item);
+      if (W().The<QAction>(name).isChecked()) text += " " + name;
+    }
+    return text;
+  }
+  void Drop(const QList<QUrl>& urls) {
+    QMimeData data;
+    data.setUrls(urls);
+    QDragEnterEvent enter({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&W().Window, &enter);
+    if (!enter.isAccepted()) return;
+    QDropEvent drop({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&W().Window, &drop);
+    QCoreApplication::processEvents();
+  }
+
+ private slots:
+  void init() { window_ = std::make_unique<TestWindow>(); }
+  void cleanup() { window_.reset(); }
+
+  void startsInGeographicCoordinatesWithoutAFile() {
+    QCOMPARE(W().Window.windowTitle(), "Velorix5");
+    QCOMPARE(ShownSystem(), "GEO 23 mnuView(2)");
+    QVERIFY(W().The<QAction>("mnuAnisoReIm(1)").isChecked());
+    QVERIFY(W().The<QAction>("Toolbar1(27)").isChecked());
+    QCOMPARE(W().The<QComboBox>("cboCoor(3)").currentText(), "North");
+    QCOMPARE(W().Grid().model()->rowCount(), 0);
+    QCOMPARE(W().Grid().model()->columnCount(), 25);
+    W().Window.ShowStartTime(2.34f);
+    QCOMPARE(W().The<QLabel>("picStat(2)").text(), " 2.3");
+  }
+
+  void everyCommandHasItsItemAndButton() {
+    for (const Command& command : Commands()) {
+      const bool usable = command.Run && !command.Hidden;
+      if (*command.Menu) {
+        const QAction& item = W().The<QAction>(command.Name);
+        QCOMPARE(item.text(), command.Caption);
+        QCOMPARE(item.shortcut(), QKeySequence(command.Key));
+        QCOMPARE(item.shortcut().isEmpty(), !*command.Key);
+        QCOMPARE(item.isEnabled(), usable);
+        QCOMPARE(item.isVisible(), !command.Hidden);
+      }
+      if (command.Button) {
+        const auto& button = W().The<QToolButton>(QString("Toolbar1(%1)").arg(command.Button));
+        QCOMPARE(button.isEnabled(), usable);
+        QVERIFY(!button.icon().isNull());
+        QCOMPARE(button.toolTip().left(QString(command.Tip).size()), command.Tip);
+        QCOMPARE(button.toolTip().contains("later version"), !command.Run);
+        QVERIFY2(button.isVisible(), command.Name);
+      }
+    }
+  }
+
+  void openShowsTheFileEverywhere() {
+    W().Open(W().WriteFile("site", 5));
+    QCOMPARE(W().Specimens(), "site1 site2 site3 site4 site5");
+    QVERIFY(W().Window.windowTitle().endsWith("site.ams]     (N = 5)"));
+    QCOMPARE(W().The<QComboBox>("odclFoli").currentText(), "A");
+    QCOMPARE(W().The<QComboBox>("odclFoli").count(), 2);
+    QCOMPARE(W().The<QComboBox>("odclLine").currentText(), "L");
+    QCOMPARE(W().The<QListWidget>("lstFoli").item(0)->checkState(), Qt::Checked);
+    QCOMPARE(W().The<QListWidget>("lstFoli").item(1)->checkState(), Qt::Unchecked);
+    QCOMPARE(W().The<QLabel>("lblRecords").text(), "5 of 5 records in view, 0 selected");
+  }
+
+  void thePictureShowsTheDirections() {
+    const auto redPixels = [this] {
+      const QImage picture = W().The<PictureWidget>("picStereo").grab().toImage();
+      int n = 0;
+      for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x) n += picture.pixel(x, y) == 0xFFFF0000;
+      return n;
+    };
+    const int legend = redPixels();
+    QVERIFY(legend > 0);
+    W().Open(W().WriteFile("site", 5));
+    QVERIFY(redPixels() > 2 * legend);
+    W().The<QCheckBox>("chkK(1)").click();
+    QCOMPARE(redPixels(), 0);
+    QVERIFY(!W().Program.Stereo.chkK[1]);
+  }
+
+  void keysMenuButtonsAndListsShowOneState() {
+    W().Open(W().WriteFile("site", 4));
+    const QStringList shown = {"SPEC 22 mnuView(1)", "GEO 23 mnuView(2)", "PALEO 24 mnuView(3)",
+                               "TECTO 25 mnuView(4)"};
+    for (int system : {3, 0, 2, 1, 1}) {  // the last repeats what is shown already
+      W().Key(Qt::Key_F5 + system);
+      QCOMPARE(ShownSystem(), shown[system]);
+      QCOMPARE(S().CoorSys, system + 1);
+    }
+    for (int system : {2, 1, 3, 3, 0}) {
+      W().Press(QString("Toolbar1(%1)").arg(22 + system));
+      QCOMPARE(ShownSystem(), shown[system]);
+    }
+    auto& list = W().The<QComboBox>("cboCoor(1)");
+    list.setFocus();
+    QTest::keyClick(&list, Qt::Key_Down);
+    QCOMPARE(ShownSystem(), shown[1]);
+    QCOMPARE(S().Records[1].CoorLevel, Geographic);
+  }
+
+  void theBlockKeysChooseWhatIsInView() {
+    W().Open(W().WriteFile("site", 5));
+    W().Key(Qt::Key_F4);
+    QCOMPARE(W().Specimens(), "site2 site4");
+    QVERIFY(W().The<QAction>("Toolbar1(20)").isChecked());
+    QVERIFY(!W().The<QAction>("mnuAnisoReIm(1)").isChecked());
+    W().Press("Toolbar1(19)");
+    QCOMPARE(W().Grid().model()->rowCount(), 5);
+    QVERIFY(W().The<QAction>("mnuAnisoReIm(1)").isChecked());
+  }
+
+  void theListsSetPlaneAxisAndCodes() {
+    W().Open(W().WriteFile("site", 6));
+    const struct {
+      const char *list, *entry;
+      std::function<bool()> set;
+    } cases[] = {
+        {"cboCoor(2)", "Vertical", [this] { return S().TectoPlane == Vertical; }},
+        {"cboCoor(3)", "North-South", [this] { return S().TectoNorthSouth && !S().TectoEastWest; }},
+        {"odclFoli", "B", [this] { return S().FoliCode == "B"; }},
+    };
+    for (const auto& c : cases) {
+      auto& list = W().The<QComboBox>(c.list);
+      QTest::keyClick(&list, Qt::Key_Down);
+      QCOMPARE(list.currentText(), c.entry);
+      QVERIFY2(c.set(), c.list);
+    }
+    QVERIFY(W().The<QAction>("Toolbar1(28)").isChecked());
+    QTest::keyClick(&W().The<QComboBox>("cboCoor(1)"), Qt::Key_Down);
+    QCOMPARE(W().Specimens(), "site3 site6");  // those with foliation "B"
+    W().Press("Toolbar1(27)");                 // a button puts the lists back on the first code
+    QCOMPARE(W().The<QComboBox>("odclFoli").currentText(), "A");
+    QCOMPARE(W().The<QComboBox>("cboCoor(2)").currentText(), "Horizontal");
+  }
+
+  void rowsAndRecordsAreSelectedTogether() {
+    W().Open(W().WriteFile("site", 8));
+    W().ClickRow(1);
+    W().ClickRow(3, Qt::ShiftModifier);
+    W().ClickRow(6, Qt::ControlModifier);
+    QCOMPARE(W().Selected(), (QList<int>{2, 3, 4, 7}));
+    W().Key(Qt::Key_Insert, Qt::ControlModifier);
+    QCOMPARE(W().Selected(), (QList<int>{1, 5, 6, 8}));
+    QCOMPARE(W().SelectedRows(), (QList<int>{1, 5, 6, 8}));
+    W().ClickRow(4, Qt::ControlModifier);
+    QCOMPARE(W().Selected(), (QList<int>{1, 6, 8}));
+    QHeaderView* header = W().Grid().horizontalHeader();
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, {15, header->height() / 2});
+    QCOMPARE(W().Selected(), QList<int>());
+    QCOMPARE(W().SelectedRows(), QList<int>());
+  }
+
+  void disregardedRecordsLeaveTheGridUntilRestored() {
+    W().Open(W().WriteFile("s", 5));
+    W().ClickRow(1);
+    W().ClickRow(3, Qt::ControlModifier);
+    W().Key(Qt::Key_Delete);
+    QCOMPARE(W().Specimens(), "s1 s3 s5");
+    W().ClickRow(1);  // the second row, the third record
+    QCOMPARE(W().Selected(), QList<int>{3});
+    W().Key(Qt::Key_F12, Qt::ShiftModifier | Qt::ControlModifier);
+    QCOMPARE(W().Selected(), QList<int>());
+    W().Key(Qt::Key_Backspace, Qt::AltModifier);
+    QCOMPARE(W().Specimens(), "s1 s2 s3 s4 s5");
+  }
+
+  void theLastRowStaysInViewWhenTheGridGetsShorter() {
+    W().Open(W().WriteFile("s", 300));
+    W().Grid().scrollToBottom();
+    std::vector<int> half;
+    for (int i = 1; i <= 150; ++i) half.push_back(i);
+    SelectRecords(W().Program, half);
+    W().Key(Qt::Key_Delete);
+    QCoreApplication::processEvents();
+    QCOMPARE(W().Grid().model()->rowCount(), 150);
+    const QRect last = W().Grid().visualRect(W().Grid().model()->index(149, 0));
+    QVERIFY(W().Grid().viewport()->rect().intersects(last));
+    QVERIFY(W().Grid().rowAt(0) > 100);
+  }
+
+  void theGridKeepsItsPlaceThroughADisplay() {
+    W().Open(W().WriteFile("s", 300));
+    W().Grid().verticalScrollBar()->setValue(120);
+    W().Key(Qt::Key_F5);
+    QCoreApplication::processEvents();
+    QCOMPARE(W().Grid().rowAt(0), 120);
+  }
+
+  void theGridWidensAndShrinks() {
+    W().Window.resize(1700, 900);
+    auto& frame = W().The<QFrame>("fraAnisoView");
+    auto& button = W().The<QToolButton>("cmdExpand");
+    QCOMPARE(frame.width(), 177);  // 2655 twips
+    QCOMPARE(button.toolTip(), "Expand ->");
+    W().Press("cmdExpand");
+    QCOMPARE(frame.width(), 993);  // 14895 twips
+    QCOMPARE(button.toolTip(), "<- Shrink");
+    W().Press("cmdExpand");
+    QCOMPARE(frame.width(), 177);
+  }
+
+  void framesOpenAndShutAndTheirButtonsTellTheState() {
+    W().Press("cmdColumnPlots");
+    W().Press("cmdPairPlots");
+    for (const auto& [button, frame] : {std::pair{"cmdStereoProperties", "fraStereoProperties"},
+                                        {"cmdHistoProperties", "fraHistoProperties"},
+                                        {"cmdXYPlot1", "fraXYPlot1"},
+                                        {"cmdXYPlot2", "fraXYPlot2"},
+                                        {"cmdPlot1Properties", "fraPlot1Properties"},
+                                        {"cmdPlot2Properties", "fraPlot2Properties"}}) {
+      const auto& properties = W().The<QFrame>(frame);
+      const auto picture = [&] { return W().The<QToolButton>(button).icon().pixmap(16).toImage(); };
+      QVERIFY(properties.isVisible());
+      const QImage open = picture();
+      QVERIFY(!open.isNull());
+      W().Press(button);
+      QVERIFY2(!properties.isVisible(), frame);
+      QVERIFY(picture() != open);
+      W().Press(button);
+      QVERIFY2(properties.isVisible(), frame);
+      QCOMPARE(picture(), open);
+    }
+  }
+
+  void theListsOfColumnsTakeTheGridsHeadersAndColours() {
+    const auto& histo = W().The<QComboBox>("odclHisto");
+    QCOMPARE(histo.itemText(0), "Kmean");
+    QCOMPARE(histo.count(), 21);
+    const auto& xy = W().The<QComboBox>("odclXYPlot2(3)");
+    QCOMPARE(xy.itemText(0), "Field");
+    QCOMPARE(xy.count(), 23);
+    QVERIFY(!xy.isEnabled());
+    W().The<QCheckBox>("chkXYPlot2ColorCoding").setChecked(true);
+    QVERIFY(xy.isEnabled());
+    QCOMPARE(xy.itemData(11, Qt::BackgroundRole).value<QColor>(), QColor(0xFF, 0xC0, 0xC0));
+    S().Settings.FacName[1] = "k1/k3";
+    W().Window.ShowGridHeader();
+    QCOMPARE(W().The<QComboBox>("odclXYPlot1(1)").itemText(3), "k1/k3");
+    QCOMPARE(W().Grid().model()->headerData(5, Qt::Horizontal).toString(), "k1/k3");
+  }
+
+  void droppedFilesOpenLikeAMultipleOpen() {
+    const auto url = [](const std::string& path) {
+      return QUrl::fromLocalFile(QString::fromStdString(path));
+    };
+    const QUrl a = url(W().WriteFile("a", 2)), b = url(W().WriteFile("b", 1));
+    Drop({a, b});
+    QCOMPARE(W().Specimens(), "a1 a2 b1");
+    QCOMPARE(S().OpenFiles.size(), 2u);
+    Drop({QUrl("http://example.org/x.ams")});
+    Drop({url(W().Path("picture.png"))});
+    QCOMPARE(W().Specimens(), "a1 a2 b1");
+    QCOMPARE(W().Asked.Boxes.size(), 1u);
+  }
+
+  void aFailedReadLeavesTheSession() {
+    W().Open(W().WriteFile("a", 3));
+    const QString caption = W().Window.windowTitle();
+    W().Open(W().WriteFile("b", 2), 2);  // not a RAN file
+    QCOMPARE(W().Asked.Boxes.size(), 1u);
+    QCOMPARE(W().Specimens(), "a1 a2 a3");
+    QCOMPARE(W().Window.windowTitle(), caption);
+    W().Asked.Files = {std::nullopt};
+    W().Key(Qt::Key_O, Qt::ControlModifier);  // cancelled: not a word
+    QCOMPARE(W().Asked.Boxes.size(), 1u);
+  }
+
+  void stepsThroughTheFolder() {
+    W().WriteFile("a", 1);
+    W().WriteFile("c", 3);
+    W().Open(W().WriteFile("b", 2));
+    W().Key(Qt::Key_N, Qt::ControlModifier);
+    QCOMPARE(W().Specimens(), "c1 c2 c3");
+    W().Press("Toolbar1(3)");
+    QCOMPARE(W().Specimens(), "a1");
+    W().Key(Qt::Key_P, Qt::ControlModifier);
+    QVERIFY(W().Window.windowTitle().endsWith("c.ams]     (N = 3)"));
+    W().Key(Qt::Key_X, Qt::ControlModifier);
+    QCOMPARE(W().Window.windowTitle(), "Velorix5");
+    QCOMPARE(W().Grid().model()->rowCount(), 0);
+  }
+
+  void savesUnderTheNameOfTheDialog() {
+    W().Open(W().WriteFile("a", 3));
+    W().Asked.Files = {FileAnswer{W().Path("copy.ams"), 1}};
+    W().Key(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(QFileInfo(W().Folder.filePath("copy.ams")).size(), 3 * 640);
+    W().ClickRow(1);
+    W().Asked.Files = {FileAnswer{W().Path("one.ams"), 1}};
+    W().Key(Qt::Key_A, Qt::ControlModifier);  // and not the grid's "select all"
+    QCOMPARE(QFileInfo(W().Folder.filePath("one.ams")).size(), 640);
+    QCOMPARE(W().Selected(), QList<int>{2});
+  }
+
+  void cellsWithoutANumberAreEmpty() {
+    RecordArray records;
+    records.Grow(1);
+    SpecimenRecord& r = records[1];
+    r.Active = r.HasCoor[2] = true;
+    r.Tensor[1] = std::numeric_limits<float>::quiet_NaN();
+    r.Field = std::numeric_limits<float>::infinity();
+    r.Frequency = 976;
+    ReplaceStore(S(), records);
+    DisplayData(W().Program, true);
+    QCOMPARE(W().Cell(0, 3), "");
+    QCOMPARE(W().Cell(0, 4), "976");
+    QCOMPARE(W().Cell(0, 14), "");
+    W().The<PictureWidget>("picStereo").grab();  // draws without it
+    QVERIFY(W().Asked.Boxes.empty());
+  }
+
+  void aFullStoreIsShownAndAnOverfullOneRefused() {
+    W().Open(W().WriteFile("full", 32767));
+    QCOMPARE(W().Grid().model()->rowCount(), 32767);
+    QCOMPARE(W().Cell(32766, 1), "32767");
+    W().ClickRow(2);
+    W().Key(Qt::Key_Insert, Qt::ControlModifier);
+    QCOMPARE(W().Selected().size(), 32766);
+    W().Open(W().Path("full.ams"), 1);
+    const std::string one = W().WriteFile("one", 1);
+    W().Asked.Files = {FileAnswer{
+        W().Folder.path().toStdString() + '\0' + "full.ams" + '\0' + "one.ams" + '\0', 1}};
+    W().Key(Qt::Key_O, Qt::ControlModifier);
+    QVERIFY(!W().Asked.Boxes.empty());
+    QCOMPARE(W().Asked.Boxes.back(), "Velorix5|Overflow|&OK");
+    QCOMPARE(W().Grid().model()->rowCount(), 32767);
+  }
+
+  void exitAsksFirst() {
+    W().Asked.Buttons = {1, 0};
+    W().Key(Qt::Key_Q, Qt::ControlModifier);
+    QCOMPARE(W().Asked.Boxes.back(), "Velorix5|EXIT PROGRAM?|&Yes|&No");
+    QVERIFY(W().Window.isVisible());
+    W().Key(Qt::Key_Q, Qt::ControlModifier);
+    QVERIFY(!W().Window.isVisible());
+  }
+};
+
+QTEST_MAIN(MainWindowTest)
+#include "main_window_test.moc"

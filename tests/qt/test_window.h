@@ -1,0 +1,118 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QComboBox>
+#include <QDir>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "app/display.h"
+#include "platform/qt/velorix_window.h"
+#include "tests/app/script.h"
+
+namespace velorix {
+
+/// The real main window over scripted dialogs, with folders of its own. Controls are found by their
+/// system names.
+struct TestWindow {
+  TestWindow() {
+    Program.Host.AppFolder = Program.Host.DataRoot = Folder.path().toStdString();
+    Program.Host.ListFolder = [](const std::string& folder, const std::string& extension) {
+      std::vector<std::string> names;
+      const QString pattern = "*." + QString::fromStdString(extension);
+      const QDir dir(QString::fromStdString(folder));
+      for (const QString& name : dir.entryList({pattern}, QDir::Files, QDir::Name))
+        names.push_back(name.toStdString());
+      return names;
+    };
+    Window.Load(Program);
+    Window.show();
+    Window.activateWindow();
+    if (!QTest::qWaitForWindowActive(&Window)) qWarning("the window does not get active");
+  }
+
+  template <class Control>
+  Control& The(const QString& name) {
+    auto* control = Window.findChild<Control*>(name);
+    if (!control) qFatal("no control %s", qPrintable(name));
+    return *control;
+  }
+  QTableView& Grid() { return The<QTableView>("scgAnisoView"); }
+  QString Cell(int row, int column) {
+    return Grid().model()->index(row, column - 1).data().toString();
+  }
+  QString Specimens() {
+    QStringList names;
+    for (int row = 0; row < Grid().model()->rowCount(); ++row) names += Cell(row, 2);
+    return names.join(' ');
+  }
+  void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(&Window, static_cast<Qt::Key>(key), modifiers);
+  }
+  void Press(const QString& button) {
+    QTest::mouseClick(&The<QAbstractButton>(button), Qt::LeftButton);
+    QCoreApplication::processEvents();  // for the layout
+  }
+  void ClickRow(int row, Qt::KeyboardModifiers modifiers = {}) {
+    const QPoint centre = Grid().visualRect(Grid().model()->index(row, 0)).center();
+    QTest::mouseClick(Grid().viewport(), Qt::LeftButton, modifiers, centre);
+  }
+  /// Numbers of the selected records, as the store has them.
+  QList<int> Selected() const {
+    QList<int> ids;
+    for (const SpecimenRecord& record : Program.Session.Records)
+      if (record.Selected) ids += record.RecordNo;
+    return ids;
+  }
+  /// Rows that the grid shows as selected, from 1.
+  QList<int> SelectedRows() {
+    QList<int> rows;
+    for (const QModelIndex& index : Grid().selectionModel()->selectedRows())
+      rows += index.row() + 1;
+    std::sort(rows.begin(), rows.end());
+    return rows;
+  }
+
+  std::string Path(const char* name) const { return Folder.filePath(name).toStdString(); }
+  /// An AMS file with records "<name>1" and so on; every second one has an out-of-phase tensor, and
+  /// all have a foliation, of code "A" or "B", and a lineation.
+  std::string WriteFile(const std::string& name, int count) const {
+    RecordArray records;
+    records.Grow(count);
+    for (int i = 1; i <= count; ++i) {
+      SpecimenRecord& r = records[i];
+      r.Name = name + std::to_string(i);
+      r.Active = true;
+      for (int system = 1; system <= 4; ++system) r.HasCoor[system] = true;
+      r.OP = {6, 0, 6, 0};
+      r.Km = 1e-4;
+      r.OrientAz = static_cast<float>(i % 360);
+      r.OrientInc = 20;
+      r.Tensor = {Number(1.05f), Number(1.0f),  Number(0.95f),
+                  Number(0.01f), Number(0.02f), Number(-0.01f)};
+      if (i % 2 == 0) r.TensorIm = r.Tensor;
+      r.FoliName[1] = i % 3 ? "A" : "B";
+      r.FoliAz[1] = 120;
+      r.FoliDip[1] = 40;
+      r.LineName[1] = "L";
+      r.LineTrend[1] = 150;
+      r.LinePlunge[1] = 30;
+    }
+    const std::string path = Path((name + ".ams").c_str());
+    if (!WriteAmsFile(path, records, false, true)) qFatal("no test file");
+    return path;
+  }
+  void Open(const std::string& path, int filter = 1) {
+    Asked.Files.push_back(FileAnswer{path, filter});
+    Key(Qt::Key_O, Qt::ControlModifier);
+  }
+
+  QTemporaryDir Folder;
+  ScriptedDialogs Asked;
+  frmVelorix Window;
+  Velorix Program{Asked, Window, {}};
+};
+
+}  // namespace velorix
