@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace velorix {
+
+/// What the command line asks for. Indices are those of the program's lists.
+struct Arguments {
+  std::vector<std::string> Files;
+  int Filter = 0;  // 1 to 6, 0 by extension
+  bool Reload = false;
+  int Next = 0, Previous = 0;
+  std::string SettingsFile;
+  int CoorSys = 1, Block = 0, Plane = 0, Axis = 0;  // list positions from 0
+  std::string FoliCode, LineCode;
+  std::vector<int> Select, Disregard;
+  std::string Records, Stats, Save, SaveSelected;  // outputs; "-" is standard output for JSON
+  bool Force = false, Quiet = false;
+
+  /// The outputs named, in the order in which they are made.
+  std::vector<std::string> Outputs() const;
+};
+
+/// Something to print, and the status to end with: help, version, or wrong usage.
+struct EarlyEnd {
+  int Status = 0;
+  std::string Text;  // for standard output with status 0, for standard error else
+};
+
+/// The arguments of `argv`, or why there is nothing to do.
+std::variant<Arguments, EarlyEnd> ParseArguments(int argc, const char* const* argv);
+
+}  // namespace velorix

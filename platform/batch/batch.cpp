@@ -1,0 +1,203 @@
+#include "platform/batch/batch.h"
+
+#include <algorithm>
+#include <deque>
+#include <filesystem>
+#include <iostream>
+
+#include "app/commands.h"
+#include "app/display.h"
+#include "app/settings_file.h"
+#include "datafiles/safe_write.h"
+#include "platform/batch/json.h"
+#include "platform/batch/summary.h"
+#include "stats/gauss_random.h"
+#include "text/paths.h"
+
+namespace velorix {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Dialogs that the arguments answer. A box is a complaint on standard error, but for the question
+/// whether to overwrite: without leave to do so no output is begun.
+struct BatchDialogs : Dialogs {
+  std::deque<FileAnswer> Answers;
+  bool Complained = false;
+
+  std::optional<FileAnswer> Next() {
+    if (Answers.empty()) return std::nullopt;
+    const FileAnswer answer = Answers.front();
+    Answers.pop_front();
+    return answer;
+  }
+  std::optional<FileAnswer> ShowOpen(const FileQuestion&) override { return Next(); }
+  std::optional<FileAnswer> ShowSave(const FileQuestion&) override { return Next(); }
+  int Ask(const std::string& title, const std::string& text,
+          const std::vector<std::string>& buttons, int) override {
+    if (buttons.front() == "&Yes") return 0;
+    std::cerr << title << ": " << text << "\n";
+    Complained = true;
+    return 0;
+  }
+};
+
+/// Views that show nothing but a failure of the statistics, on standard error.
+struct BatchViews : Views {
+  std::string Status;
+
+  void SetCaption(const std::string&) override {}
+  int CaptionRoom() override { return 80; }
+  void ShowChoices() override {}
+  void ShowCodeLists() override {}
+  void ShowGridHeader() override {}
+  void FillGrid() override {}
+  void RedrawStereo() override {}
+  void ShowAbout() override {}
+  void Exit() override {}
+  void ShowStatus(const std::string& text) override { Status = text; }
+};
+
+/// A run on the program's objects.
+class Batch {
+ public:
+  Batch(const Arguments& arguments, const Host& host)
+      : a_(arguments), velorix_{dialogs_, views_, host} {}
+
+  int Run() {
+    if (!OutputsAreFree() || !TakeSettings()) return 1;
+    ChooseView();
+    if (!Open()) return 1;
+    if (!Step()) return 1;
+    ChooseCodes();
+    if (!ChooseRecords()) return 2;
+    if (!views_.Status.empty() && !dialogs_.Complained) std::cerr << views_.Status << "\n";
+    if (!WriteOutputs()) return 1;
+    if (a_.Outputs().empty() && !a_.Quiet) std::cout << Summary(velorix_);
+    return 0;
+  }
+
+ private:
+  /// Runs a menu command; false when it had to complain.
+  bool Command(const char* name) {
+    views_.Status.clear();
+    dialogs_.Complained = false;
+    RunMenu(velorix_, CommandNamed(name));
+    return !dialogs_.Complained;
+  }
+
+  bool OutputsAreFree() const {
+    if (a_.Force) return true;
+    for (const std::string& output : a_.Outputs())
+      if (output != "-" && fs::exists(PathOf(output))) {
+        std::cerr << output << ": This file already exists. Use --force to overwrite it.\n";
+        return false;
+      }
+    return true;
+  }
+
+  bool TakeSettings() {
+    Session& session = velorix_.Session;
+    session.SettingsFile = a_.SettingsFile.empty()
+                               ? JoinPath(velorix_.Host.AppFolder, "MarloAniso.sav")
+                               : a_.SettingsFile;
+    return Guarded(velorix_, [&] {
+      LoadSettings(session.Settings, session.SettingsFile);
+      FillGaussTable(velorix_.GaussTable, [] {});
+    });
+  }
+
+  void ChooseView() {
+    ChooseTectoAxis(velorix_, a_.Axis);
+    ChooseTectoPlane(velorix_, a_.Plane);
+    ChooseCoorSys(velorix_, a_.CoorSys);
+    velorix_.Session.ReImMode = static_cast<std::int16_t>(a_.Block + 1);
+  }
+
+  static std::string Absolute(const std::string& path) {
+    return Utf8Of(fs::absolute(PathOf(path)).lexically_normal());
+  }
+
+  bool Open() {
+    std::string names = Absolute(a_.Files.front());
+    if (a_.Files.size() > 1) {
+      names = FolderOf(names) + '\0';
+      for (const std::string& file : a_.Files) names += Absolute(file) + '\0';
+    }
+    dialogs_.Answers = {FileAnswer{names, a_.Filter}};
+    if (!Command("mnuOpen")) return false;
+    if (velorix_.Session.RecordCount() > 0) return true;
+    std::cerr << a_.Files.front() << ": no record could be read.\n";
+    return false;
+  }
+
+  bool Step() {
+    bool good = !a_.Reload || Command("mnuReload");
+    for (int i = 0; good && i < a_.Next; ++i) good = Command("mnuOpenNext");
+    for (int i = 0; good && i < a_.Previous; ++i) good = Command("mnuOpenPrevious");
+    return good;
+  }
+
+  /// A code in the list is chosen there; another one is in use all the same and matches no record.
+  void ChooseCodes() {
+    const auto choose = [](const std::string& code, CodeList& list, std::string& inUse) {
+      if (code.empty()) return false;
+      inUse = code;
+      for (std::size_t i = 0; i < list.Entries.size(); ++i)
+        if (list.Entries[i].Text == code) list.ListIndex = static_cast<int>(i);
+      return true;
+    };
+    const bool foli = choose(a_.FoliCode, velorix_.Lists.odclFoli, velorix_.Session.FoliCode);
+    const bool line = choose(a_.LineCode, velorix_.Lists.odclLine, velorix_.Session.LineCode);
+    if (foli || line) Guarded(velorix_, [&] { DisplayData(velorix_, false); });
+  }
+
+  bool ChooseRecords() {
+    const int count = velorix_.Session.RecordCount();
+    for (const std::vector<int>* ids : {&a_.Select, &a_.Disregard})
+      for (int id : *ids)
+        if (id < 1 || id > count) {
+          std::cerr << "There is no record " << id << ": the store has 1 to " << count << ".\n";
+          return false;
+        }
+    if (!a_.Disregard.empty()) {
+      SelectRecords(velorix_, a_.Disregard);
+      Command("mnuSelection(2)");
+    }
+    SelectRecords(velorix_, a_.Select);
+    return true;
+  }
+
+  void Write(const std::string& output, const std::string& text) {
+    if (output == "-")
+      std::cout << text;
+    else
+      SafeWrite(output, [&](std::ostream& out) { out << text; });
+  }
+
+  bool WriteOutputs() {
+    const bool written = Guarded(velorix_, [&] {
+      if (!a_.Records.empty()) Write(a_.Records, RecordsJson(velorix_.Session));
+      if (!a_.Stats.empty())
+        Write(a_.Stats, StatsJson(velorix_.GroupStats, velorix_.Session.Settings));
+    });
+    const auto save = [&](const std::string& output, const char* command) {
+      if (output.empty()) return true;
+      dialogs_.Answers = {FileAnswer{Absolute(output), 1}};
+      return Command(command);
+    };
+    return written && save(a_.Save, "mnuSaveAs") && save(a_.SaveSelected, "mnuSaveSelectedAs") &&
+           std::cout.flush();
+  }
+
+  const Arguments& a_;
+  BatchDialogs dialogs_;
+  BatchViews views_;
+  Velorix velorix_;
+};
+
+}  // namespace
+
+int RunBatch(const Arguments& arguments, const Host& host) { return Batch(arguments, host).Run(); }
+
+}  // namespace velorix

@@ -1,0 +1,53 @@
+#include "platform/batch/summary.h"
+
+#include "app/display.h"
+#include "text/numbers.h"
+
+namespace velorix {
+namespace {
+
+/// `text` at the right end of `width` characters.
+std::string Right(const std::string& text, std::size_t width) {
+  return text.size() < width ? std::string(width - text.size(), ' ') + text : text;
+}
+
+std::string Cell(bool shown, double value, const char* picture, std::size_t width) {
+  return Right(shown ? FormatNumber(value, picture) : "-", width);
+}
+
+constexpr Array1<const char*, 3> AxisNames = {"Kmax", "Kint", "Kmin"};
+
+std::string MeanTensor(const GroupStats& stats) {
+  std::string text = "         K       Dec    Inc     Std. Err.      Bootstrap\n";
+  const bool boot = ShowsBootstrap(stats);
+  for (int k = 1; k <= 3; ++k) {
+    const bool errors = ShowsErrors(stats, k);
+    text += AxisNames[k];
+    text += Cell(true, stats.MeanK[k], "0.0000", 9) + Cell(true, stats.MeanDec[k], "0.0", 8) +
+            Cell(true, stats.MeanInc[k], "0.0", 7) + Cell(errors, stats.MeanE1[k], "0.0", 8) +
+            Cell(errors, stats.MeanE2[k], "0.0", 7) + Cell(boot, stats.BootE1[k], "0.0", 8) +
+            Cell(boot, stats.BootE2[k], "0.0", 7) + "\n";
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string Summary(const Velorix& velorix) {
+  const Session& session = velorix.Session;
+  int shown = 0;
+  ForEachActive(session, [&shown](const SpecimenRecord&) { ++shown; });
+  std::string text;
+  for (const std::string& file : session.OpenFiles)
+    text += (text.empty() ? "Files    " : "         ") + file + "\n";
+  text += "Records  " + std::to_string(session.RecordCount()) + ", " + std::to_string(shown) +
+          " shown\n";
+  text += std::string("View     ") + CoorSysNames[session.CoorSys - 1] +
+          (session.ReImMode == OutOfPhase ? ", Kim" : ", Kre") + "\n";
+  if (ShowsMean(velorix.GroupStats))
+    text += "Mean tensor, N = " + std::to_string(velorix.GroupStats.GroupN) + "\n" +
+            MeanTensor(velorix.GroupStats);
+  return text;
+}
+
+}  // namespace velorix
