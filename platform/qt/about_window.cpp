@@ -68,9 +68,9 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
 void frmSplash::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), palette().window());
-  painter.fillRect(QRect(0, height() - 6, width(), 6), QColor(0x22, 0x50, 0x7F));
   painter.setPen(QColor(0x9F, 0xB4, 0xC8));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  painter.fillRect(QRect(0, height() - 6, width(), 6), QColor(0x22, 0x50, 0x7F));
 }
 
 frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {

@@ -41,7 +41,7 @@ void AddLabelled(PlotPanel& panel, const char* text, QWidget* control) {
   auto* label = new QLabel(text, panel.Frame);
   label->setBuddy(control);
   label->setToolTip(control->toolTip());
-  label->setMinimumWidth(label->fontMetrics().horizontalAdvance("Column "));
+  label->setMinimumWidth(label->fontMetrics().horizontalAdvance("Column"));
   row->addWidget(label);
   row->addWidget(control, 1);
   panel.Options->addLayout(row);
@@ -102,7 +102,7 @@ PlotPanel* ColumnPlots::MakePairs(int plot, QWidget* parent) {
 
 QComboBox* ColumnPlots::AddColumns(PlotPanel& panel, const char* label, const QString& name,
                                    const char* tip, int first) {
-  QComboBox* list = MakeList(name, tip, 10, panel.Frame);
+  QComboBox* list = MakeList(name, tip, 9, panel.Frame);
   lists_.push_back({list, first});
   AddLabelled(panel, label, list);
   return list;

@@ -27,16 +27,26 @@ struct ChoiceGroups {
   }
 };
 
+constexpr char Later[] = "This comes with a later version.";
+
+/// A button without an item goes by its tip; one without either by its name.
+QString TextOf(const Command& command) {
+  if (*command.Caption) return command.Caption;
+  if (*command.Tip) return command.Tip;
+  const QString name = command.Name;
+  return name.left(1).toUpper() + name.mid(1);
+}
+
 QString TipOf(const Command& command) {
-  const QString tip = *command.Tip ? command.Tip : command.Caption;
-  return command.Run ? tip : tip + "\nThis comes with a later version.";
+  const QString tip = *command.Tip ? command.Tip : TextOf(command);
+  return command.Run ? tip : tip + "\n" + Later;
 }
 
 }  // namespace
 
 QAction* CommandBars::MakeAction(QMainWindow& window, const Command& command,
                                  void (*run)(Velorix&, const Command&)) {
-  auto* action = new QAction(OwnIcon(command.Icon), command.Caption, &window);
+  auto* action = new QAction(OwnIcon(command.Icon), TextOf(command), &window);
   action->setCheckable(command.Look != Command::Action);
   action->setEnabled(command.Run && !command.Hidden);
   action->setVisible(!command.Hidden);
@@ -71,7 +81,7 @@ void CommandBars::Build(QMainWindow& window, Velorix& velorix) {
       QAction* action = MakeAction(window, command, RunMenu);
       action->setObjectName(command.Name);
       action->setShortcut(QKeySequence(command.Key));
-      if (!command.Run) action->setToolTip("This comes with a later version.");
+      if (!command.Run) action->setToolTip(Later);
       menu->addAction(action);
       items.Add(action, command, command.SeparatorBefore);
     }

@@ -19,7 +19,7 @@ namespace {
 /// would be another number.
 int CharactersOf(int column) {
   if (column == 1) return 5;
-  if (column == 2) return 11;
+  if (column == 2) return 13;
   if (column <= 4) return 9;
   if (column == 5) return 22;
   if (column <= 13) return 11;
@@ -88,6 +88,7 @@ GridPanel::GridPanel(Velorix& velorix, QWidget* parent)
   connect(scgAnisoView_->horizontalHeader(), &QHeaderView::sectionClicked, this,
           [this] { scgAnisoView_->clearSelection(); });
   ShowWidth();
+  scgAnisoView_->setFocus();
 }
 
 void GridPanel::ShowWidth() {

@@ -53,7 +53,6 @@ void Start(Program& program) {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("velorix");
-  QApplication::setApplicationDisplayName("");  // captions are the program's own
   QApplication::setDesktopFileName("velorix");
   QApplication::setStyle(QStyleFactory::create("Fusion"));
   try {

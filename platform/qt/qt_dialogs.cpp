@@ -12,6 +12,14 @@
 namespace velorix {
 namespace {
 
+/// Position of the filter that a dialog names; it may hide the last parenthesis. The first one when
+/// there is none of the name.
+int IndexOf(const QList<NameFilter>& filters, const QString& name) {
+  for (int i = 0; i < filters.size(); ++i)
+    if (name == filters[i].ForDialog() || name.trimmed() == filters[i].Text) return i;
+  return 0;
+}
+
 /// Shows the file dialog until the answer has room, or the user gives up.
 std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion& question,
                                          bool save) {
@@ -30,10 +38,8 @@ std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion&
   dialog.setNameFilters(names);
   if (!question.Folder.empty()) dialog.setDirectory(ToQString(question.Folder));
   if (!question.DefaultName.empty()) dialog.selectFile(ToQString(question.DefaultName));
-  const auto chosen = [&] { return static_cast<int>(names.indexOf(dialog.selectedNameFilter())); };
-  const auto follow = [&] {
-    if (chosen() >= 0) dialog.setDefaultSuffix(filters[chosen()].Suffix());
-  };
+  const auto chosen = [&] { return IndexOf(filters, dialog.selectedNameFilter()); };
+  const auto follow = [&] { dialog.setDefaultSuffix(filters.value(chosen()).Suffix()); };
   if (save) {
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
     follow();
@@ -42,7 +48,7 @@ std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion&
     const QStringList paths = dialog.selectedFiles();
     const std::string list = JoinFileList(paths);
     const qsizetype length = ToQString(list).size();
-    if (length <= question.MaxFileSize) return FileAnswer{list, chosen() < 0 ? 1 : chosen() + 1};
+    if (length <= question.MaxFileSize) return FileAnswer{list, chosen() + 1};
     dialogs.Ask(question.Title,
                 "The names of the chosen files have " + std::to_string(length) +
                     " characters together; " + std::to_string(question.MaxFileSize) +

@@ -95,18 +95,18 @@ void StereoPanel::AddChecks() {
     });
     Options->addWidget(box);
     if (box->objectName() == "chkFoli(3)")
-      lstFoli_ = AddCodes("Codes", "lstFoli", "Foliations shown, by their codes", ShowFoliation);
+      lstFoli_ = AddCodes("lstFoli", "Foliations shown, by their codes", ShowFoliation);
     if (box->objectName() == "chkFoli(4)")
-      lstLine_ = AddCodes("Codes", "lstLine", "Lineations shown, by their codes", ShowLineation);
+      lstLine_ = AddCodes("lstLine", "Lineations shown, by their codes", ShowLineation);
   }
 }
 
-QListWidget* StereoPanel::AddCodes(const char* label, const char* name, const char* tip,
+QListWidget* StereoPanel::AddCodes(const char* name, const char* tip,
                                    void (*choose)(Velorix&, int, bool)) {
   auto* list = new QListWidget(Frame);
   list->setObjectName(name);
   list->setToolTip(tip);
-  list->setAccessibleName(label);
+  list->setAccessibleName(tip);
   list->setFixedHeight(3 * (list->fontMetrics().height() + 4) + 4);
   list->setMinimumWidth(90);
   list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);

@@ -20,8 +20,7 @@ class StereoPanel : public PlotPanel {
 
  private:
   void AddChecks();
-  QListWidget* AddCodes(const char* label, const char* name, const char* tip,
-                        void (*choose)(Velorix&, int, bool));
+  QListWidget* AddCodes(const char* name, const char* tip, void (*choose)(Velorix&, int, bool));
   void FillCodes(QListWidget& list, const CodeList& codes);
 
   Velorix& velorix_;

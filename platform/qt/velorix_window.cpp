@@ -120,7 +120,7 @@ QWidget* frmVelorix::MakeViews() {
   left->setSizes({500, 200});
   whole->setStretchFactor(0, 1);
   whole->setStretchFactor(1, 0);
-  whole->setSizes({900, 380});
+  whole->setSizes({850, 430});
   grid_->OnWiden = [this](int width) { Widen(width); };
   return whole;
 }

@@ -10,6 +10,7 @@
 
 #include "app/display.h"
 #include "platform/qt/velorix_window.h"
+#include "stats/gauss_random.h"
 #include "tests/app/script.h"
 
 namespace velorix {
@@ -27,10 +28,21 @@ struct TestWindow {
         names.push_back(name.toStdString());
       return names;
     };
+    Program.GaussTable = Gauss();
     Window.Load(Program);
     Window.show();
     Window.activateWindow();
     if (!QTest::qWaitForWindowActive(&Window)) qWarning("the window does not get active");
+  }
+
+  /// The table of the start-up, made once for all windows.
+  static const std::vector<float>& Gauss() {
+    static const std::vector<float> table = [] {
+      std::vector<float> made;
+      FillGaussTable(made, [] {});
+      return made;
+    }();
+    return table;
   }
 
   template <class Control>
