@@ -1,7 +1,8 @@
 #include <QApplication>
+#include <QEventLoop>
 #include <QMessageBox>
+#include <QScreen>
 #include <QStyleFactory>
-#include <QThread>
 #include <QTimer>
 
 #include "app/startup.h"
@@ -33,6 +34,7 @@ void Start(Program& program) {
   program.Window.Load(program.Running);
 
   frmSplash splash;
+  splash.move(splash.screen()->availableGeometry().center() - splash.rect().center());
   splash.show();
   const float start = Timer();
   yield();
@@ -42,6 +44,8 @@ void Start(Program& program) {
   pause.exec();
   splash.close();
 
+  const QSize room = program.Window.screen()->availableSize();
+  program.Window.resize(program.Window.size().boundedTo(room));
   program.Window.show();
   program.Window.activateWindow();
   yield();

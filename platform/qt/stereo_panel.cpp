@@ -107,8 +107,9 @@ QListWidget* StereoPanel::AddCodes(const char* name, const char* tip,
   list->setObjectName(name);
   list->setToolTip(tip);
   list->setAccessibleName(tip);
-  list->setFixedHeight(3 * (list->fontMetrics().height() + 4) + 4);
+  list->setFixedHeight(3 * (list->fontMetrics().height() + 6));
   list->setMinimumWidth(90);
+  list->setSpacing(1);
   list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   connect(list, &QListWidget::itemChanged, this, [this, list, choose](QListWidgetItem* item) {
     if (filling_) return;

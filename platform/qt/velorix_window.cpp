@@ -80,6 +80,7 @@ void frmVelorix::Load(Velorix& velorix) {
   setCentralWidget(centre);
   MakeStatusBar();
   resize(1280, 800);
+  statusBar()->showMessage("Open a data file with Ctrl+O, or drop one on this window.");
 
   ResetSession(*velorix_);
   ShowCodeLists();
@@ -147,6 +148,7 @@ void frmVelorix::ShowStartTime(float seconds) {
 void frmVelorix::SetCaption(const std::string& caption) {
   // "[*]" in a title is the toolkit's place for a mark; doubled it is itself.
   setWindowTitle(ToQString(caption).replace("[*]", "[*][*]"));
+  if (velorix_->Session.RecordCount() > 0) statusBar()->clearMessage();
 }
 
 int frmVelorix::CaptionRoom() {

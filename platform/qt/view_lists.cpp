@@ -21,11 +21,11 @@ void Fill(QComboBox& list, const CodeList& codes) {
 ViewLists::ViewLists(Velorix& velorix, QWidget* parent) : QWidget(parent), velorix_(velorix) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
-  cboCoor_[0] = Add("&Coordinates", "cboCoor(1)", "Coordinate system in view", 7, ChooseCoorSys);
+  cboCoor_[0] = Add("&Coordinates", "cboCoor(1)", "Coordinate system in view", 0, ChooseCoorSys);
   cboCoor_[1] = Add("&Plane", "cboCoor(2)",
-                    "What the foliation becomes in the paleogeographic and tectonic systems", 10,
+                    "What the foliation becomes in the paleogeographic and tectonic systems", 0,
                     ChooseTectoPlane);
-  cboCoor_[2] = Add("&Axis", "cboCoor(3)", "Where the lineation goes in the tectonic system", 11,
+  cboCoor_[2] = Add("&Axis", "cboCoor(3)", "Where the lineation goes in the tectonic system", 0,
                     ChooseTectoAxis);
   odclFoli_ = Add("&Foliation", "odclFoli", "Code of the foliation that the rotation uses", 6,
                   ChooseFoliation);

@@ -57,7 +57,8 @@ QComboBox* MakeList(const QString& name, const QString& tip, int characters, QWi
   auto* list = new QComboBox(parent);
   list->setObjectName(name);
   list->setToolTip(tip);
-  list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  list->setSizeAdjustPolicy(characters == 0 ? QComboBox::AdjustToContents
+                                            : QComboBox::AdjustToMinimumContentsLengthWithIcon);
   list->setMinimumContentsLength(characters);
   list->setMaxVisibleItems(25);
   return list;

@@ -27,7 +27,8 @@ QIcon OwnIcon(const std::string& name);
 /// is open.
 void AddEntry(QComboBox& list, const QString& text, Colour colour);
 
-/// A list with its system name and tip, as wide as `characters`.
+/// A list with its system name and tip, as wide as `characters`, or with 0 as its
+/// widest entry.
 QComboBox* MakeList(const QString& name, const QString& tip, int characters, QWidget* parent);
 
 }  // namespace velorix

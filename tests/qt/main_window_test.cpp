@@ -112,6 +112,20 @@ class MainWindowTest : public QObject {
     QVERIFY(!W().Program.Stereo.chkK[1]);
   }
 
+  void everyExampleShowsSomethingInItsFolder() {
+    const QDir folder(VELORIX_SOURCE_DIR "/examples");
+    const QStringList files = folder.entryList({"*.ams"}, QDir::Files, QDir::Name);
+    QVERIFY(files.size() >= 3);
+    W().Open(folder.filePath(files.front()).toStdString());
+    for (const QString& file : files) {
+      QVERIFY2(W().Window.windowTitle().contains(file), qPrintable(W().Window.windowTitle()));
+      QVERIFY2(W().Grid().model()->rowCount() > 0, qPrintable(file));
+      QVERIFY(!W().Cell(0, 14).isEmpty());
+      W().Key(Qt::Key_N, Qt::ControlModifier);
+    }
+    QVERIFY(W().Asked.Boxes.empty());
+  }
+
   void keysMenuButtonsAndListsShowOneState() {
     W().Open(W().WriteFile("site", 4));
     const QStringList shown = {"SPEC 22 mnuView(1)", "GEO 23 mnuView(2)", "PALEO 24 mnuView(3)",
