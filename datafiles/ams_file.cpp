@@ -76,56 +76,68 @@ void TakeOneBlock(SpecimenRecord& r, bool useIm) {
   throw fs::filesystem_error("cannot read", path, std::error_code(reason, std::generic_category()));
 }
 
-/// Reads `n` records behind those that `records` has and hands each to `finish`.
-template <class Finish>
-void ReadRecords(const fs::path& path, int n, RecordArray& records, Finish finish) {
-  errno = 0;
-  std::ifstream in(path, std::ios::binary);
-  if (!in) FailReading(path);
-  const int before = records.Count();
-  int next = records.GrowStale(n);
-  std::vector<std::byte> piece(PieceSize);
-  for (int left = n; left > 0;) {
-    const int count = std::min(left, PieceRecords);
-    const auto wanted = static_cast<std::streamsize>(count) * AmsRecordSize;
-    errno = 0;
-    in.read(reinterpret_cast<char*>(piece.data()), wanted);
-    if (in.bad()) {
-      records.Truncate(before);
-      FailReading(path);
-    }
-    std::fill(piece.begin() + in.gcount(), piece.begin() + wanted, std::byte{0});
-    for (int i = 0; i < count; ++i, ++next) {
-      if (next < records.Count()) Prefetch(records[next + 1]);
-      DecodeAmsRecord(piece.data() + i * AmsRecordSize, records[next]);
-      finish(records[next]);
-    }
-    left -= count;
-  }
-}
-
-template <class Finish>
-Outcome ReadFile(const std::string& path, RecordArray& records, Finish finish) {
-  const std::uintmax_t size = fs::file_size(PathOf(path));
+/// Reads the records of `size` bytes behind those that `records` has and hands each to `finish`.
+/// `fetch(to, wanted)` gives the next bytes, as many as there are. After a failure `records` is as
+/// it was.
+template <class Fetch, class Finish>
+Outcome ReadRecords(std::uintmax_t size, const std::string& path, RecordArray& records, Fetch fetch,
+                    Finish finish) {
   if (size == 0)
     return Outcome::Refused("Input error!", "File <<" + UpperCase(path) + ">> is empty!");
   const int n = AmsRecordCount(size);
   if (n == 0) return Outcome::Refused();
-  ReadRecords(PathOf(path), n, records, finish);
+  const int before = records.Count();
+  int next = records.GrowStale(n);
+  try {
+    std::vector<std::byte> piece(PieceSize);
+    for (int left = n; left > 0; left -= PieceRecords) {
+      const int count = std::min(left, PieceRecords);
+      const std::size_t wanted = static_cast<std::size_t>(count) * AmsRecordSize;
+      const std::size_t got = fetch(piece.data(), wanted);
+      std::memset(piece.data() + got, 0, wanted - got);
+      for (int i = 0; i < count; ++i, ++next) {
+        if (next < records.Count()) Prefetch(records[next + 1]);
+        DecodeAmsRecord(piece.data() + i * AmsRecordSize, records[next]);
+        finish(records[next]);
+      }
+    }
+  } catch (...) {
+    records.Truncate(before);
+    throw;
+  }
   return {};
 }
 
-/// What an existing file keeps when records go behind it: whole records, a broken one filled up or
-/// left out as its length rounds.
-std::vector<char> BytesToKeep(const std::string& path) {
+template <class Finish>
+Outcome ReadFile(const std::string& path, RecordArray& records, Finish finish) {
+  const fs::path file = PathOf(path);
+  const std::uintmax_t size = fs::file_size(file);
+  errno = 0;
+  std::ifstream in(file, std::ios::binary);
+  if (!in) FailReading(file);
+  const auto fetch = [&](std::byte* to, std::size_t wanted) {
+    errno = 0;
+    in.read(reinterpret_cast<char*>(to), static_cast<std::streamsize>(wanted));
+    if (in.bad()) FailReading(file);
+    return static_cast<std::size_t>(in.gcount());
+  };
+  return ReadRecords(size, path, records, fetch, finish);
+}
+
+/// What an existing file keeps when `more` records go behind it: whole records, a broken one filled
+/// up or left out as its length rounds. "Overflow" when there would be more than a file holds.
+std::vector<char> BytesToKeep(const std::string& path, int more) {
   const fs::path file = PathOf(path);
   std::vector<char> kept;
   if (!fs::exists(file)) return kept;
-  kept.resize(fs::file_size(file));
+  const std::uintmax_t size = fs::file_size(file);
+  const int n = AmsRecordCount(size);
+  if (n > RecordArray::Limit - more) FailOverflow();
+  kept.resize(size);
   errno = 0;
   std::ifstream in(file, std::ios::binary);
   if (!in || !in.read(kept.data(), static_cast<std::streamsize>(kept.size()))) FailReading(file);
-  kept.resize(static_cast<std::size_t>(AmsRecordCount(kept.size())) * AmsRecordSize);
+  kept.resize(static_cast<std::size_t>(n) * AmsRecordSize);
   return kept;
 }
 
@@ -176,19 +188,38 @@ Outcome ReadAmsFile(const std::string& path, RecordArray& records) {
   return ReadFile(path, records, [](SpecimenRecord&) {});
 }
 
+Outcome ReadAmsBytes(std::span<const std::byte> bytes, const std::string& path,
+                     RecordArray& records) {
+  const std::size_t size = bytes.size();
+  const auto fetch = [&](std::byte* to, std::size_t wanted) {
+    const std::size_t got = std::min(wanted, bytes.size());
+    std::copy_n(bytes.data(), got, to);
+    bytes = bytes.subspan(got);
+    return got;
+  };
+  return ReadRecords(size, path, records, fetch, [](SpecimenRecord&) {});
+}
+
 Outcome ReloadAmsFile(const std::string& path, RecordArray& records, bool useIm) {
   return ReadFile(path, records, [useIm](SpecimenRecord& r) { TakeOneBlock(r, useIm); });
 }
 
 Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all) {
-  const std::vector<char> kept = append ? BytesToKeep(path) : std::vector<char>();
   if (records.Empty()) return Outcome::Refused();
+  const auto isWanted = [all](const SpecimenRecord& r) { return all || r.Selected; };
+  const auto count = std::count_if(records.begin(), records.end(), isWanted);
+  if (count == 0) {
+    // Nothing takes the place of the old file, which goes all the same: this is wanted.
+    if (!append && fs::is_regular_file(PathOf(path))) fs::remove(PathOf(path));
+    return {};
+  }
+  const auto kept = append ? BytesToKeep(path, static_cast<int>(count)) : std::vector<char>();
   SafeWrite(path, [&](std::ostream& out) {
     out.write(kept.data(), static_cast<std::streamsize>(kept.size()));
     PieceWriter writer(out);
     for (int i = 1; i <= records.Count(); ++i) {
       if (i < records.Count()) Prefetch(records[i + 1]);
-      if (all || records[i].Selected) writer.Add(records[i]);
+      if (isWanted(records[i])) writer.Add(records[i]);
     }
     writer.Flush();
   });
@@ -196,14 +227,9 @@ Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool a
 }
 
 Outcome WriteAmsRecord(const std::string& path, const SpecimenRecord& record) {
-  const std::vector<char> kept = BytesToKeep(path);
-  SafeWrite(path, [&](std::ostream& out) {
-    out.write(kept.data(), static_cast<std::streamsize>(kept.size()));
-    PieceWriter writer(out);
-    writer.Add(record);
-    writer.Flush();
-  });
-  return {};
+  RecordArray one;
+  one.Add(record);
+  return WriteAmsFile(path, one, true, true);
 }
 
 }  // namespace velorix

@@ -18,6 +18,10 @@ namespace velorix {
 /// After any failure the array is as it was.
 Outcome ReadAmsFile(const std::string& path, RecordArray& records);
 
+/// The same from the bytes of a file; `path` is for the message.
+Outcome ReadAmsBytes(std::span<const std::byte> bytes, const std::string& path,
+                     RecordArray& records);
+
 /// The reading of reload, previous and next: as `ReadAmsFile`, but the block of one phase
 /// (out-of-phase when `useIm`) goes to the in-phase fields, the out-of-phase fields stay empty, and
 /// a record with a zero tensor comes back disregarded.
@@ -25,8 +29,11 @@ Outcome ReloadAmsFile(const std::string& path, RecordArray& records, bool useIm)
 
 /// Writes all records, or only the selected ones, in their order; disregarded records are written
 /// too. Without `append` the file is new or replaced; with it the records go behind those that it
-/// has, all of them or none. Refused, silently, when there are no records at all. A failure is a
-/// std::filesystem::filesystem_error, and the old file stands.
+/// has, all of them or none. Refused, silently, when there are no records at all; the file then
+/// stands. When there are some but none is selected, no file is made, and without `append` an old
+/// one is removed. A failure is a
+/// std::filesystem::filesystem_error, or "Overflow" when an append would bring the file over 32767
+/// records; the old file then stands.
 Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all);
 
 /// Appends one record to a file, which is made when missing.

@@ -123,7 +123,10 @@ template <auto Member>
 struct F32s : AmsRow {
   static constexpr const char* Kind = "32-bit floats";
   void Load(const std::byte* at, SpecimenRecord& r) const {
-    for (int i = 0; i < Width / 4; ++i) (r.*Member).v[i] = LoadLittle<float>(at + 4 * i);
+    // By way of a copy: bytes might lie in the record, and the numbers would be written one by one.
+    float numbers[6];
+    for (int i = 0; i < Width / 4; ++i) numbers[i] = LoadLittle<float>(at + 4 * i);
+    for (int i = 0; i < Width / 4; ++i) (r.*Member).v[i] = numbers[i];
   }
   void Store(std::byte* at, const SpecimenRecord& r) const {
     for (int i = 0; i < Width / 4; ++i) StoreLittle(at + 4 * i, (r.*Member).v[i].Single());
@@ -143,8 +146,10 @@ template <auto Member>
 struct MatrixF32 : AmsRow {
   static constexpr const char* Kind = "9 32-bit floats, first index fastest";
   void Load(const std::byte* at, SpecimenRecord& r) const {
+    float numbers[9];
+    for (int i = 0; i < 9; ++i) numbers[i] = LoadLittle<float>(at + 4 * i);
     for (int j = 1; j <= 3; ++j)
-      for (int i = 1; i <= 3; ++i) (r.*Member)[i][j] = LoadLittle<float>(at + 12 * j + 4 * i - 16);
+      for (int i = 1; i <= 3; ++i) (r.*Member)[i][j] = numbers[3 * j + i - 4];
   }
   void Store(std::byte* at, const SpecimenRecord& r) const {
     for (int j = 1; j <= 3; ++j)

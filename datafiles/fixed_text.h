@@ -14,12 +14,18 @@ namespace velorix {
 
 namespace fixed_text {
 
-/// `width` bytes, at most 8, as one number with the first byte lowest.
+/// `width` bytes, at most 8, as one number with the first byte lowest. Two overlapping pieces,
+/// since a piecewise copy into a word has the processor wait for the word.
 inline std::uint64_t LoadPart(const std::byte* at, int width) {
+  const auto both = [&]<class Piece>(Piece low) {
+    constexpr int size = sizeof low;
+    const std::uint64_t high = LoadLittle<Piece>(at + width - size);
+    return low | high << 8 * (width - size);
+  };
   if (width == 8) return LoadLittle<std::uint64_t>(at);
-  std::byte bytes[8] = {};
-  std::memcpy(bytes, at, static_cast<std::size_t>(width));
-  return LoadLittle<std::uint64_t>(bytes);
+  if (width >= 4) return both(LoadLittle<std::uint32_t>(at));
+  if (width >= 2) return both(LoadLittle<std::uint16_t>(at));
+  return width == 1 ? LoadLittle<std::uint8_t>(at) : 0;
 }
 
 /// The length without the blanks and zero bytes at the end.
@@ -64,7 +70,7 @@ inline void StoreText(std::byte* at, int width, std::string_view text) {
     text = converted;
   }
   const std::size_t length = std::min(text.size(), size);
-  std::memcpy(at, text.data(), length);
+  if (length > 0) std::memcpy(at, text.data(), length);
   std::memset(at + length, ' ', size - length);
 }
 

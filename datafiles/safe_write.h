@@ -10,7 +10,8 @@ namespace velorix {
 
 /// Writes a file so that either the old or the new one is there, whole, whatever happens: `write`
 /// fills a new file in the same folder, which is then renamed over `path` (UTF-8). A link's target
-/// is replaced, not the link; the permissions of a replaced file stay.
+/// is replaced, not the link; the permissions of a replaced file stay. What is no regular file,
+/// such as a device or a pipe, is written as it stands.
 ///
 /// Fails with a std::filesystem::filesystem_error that carries the system's reason when the folder
 /// or an existing file can't be written, or the disk is full; the new file is then gone.

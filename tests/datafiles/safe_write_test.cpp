@@ -1,0 +1,99 @@
+#include "datafiles/safe_write.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "tests/datafiles/temp_folder.h"
+
+namespace velorix {
+namespace {
+
+namespace fs = std::filesystem;
+
+void Write(const std::string& path, const std::string& bytes) {
+  SafeWrite(path, [&](std::ostream& out) { out << bytes; });
+}
+
+TEST(SafeWrite, MakesAndReplacesFilesAndLeavesNothingBeside) {
+  const TempFolder folder;
+  for (const char* name : {"plain", "日本 ü.txt"}) {
+    Write(folder.File(name), std::string("a\r\n\0b", 5));
+    EXPECT_EQ(BytesOf(folder.File(name)), std::string("a\r\n\0b", 5));
+    Write(folder.File(name), "");
+    EXPECT_EQ(BytesOf(folder.File(name)), "");
+  }
+  EXPECT_EQ(folder.FileCount(), 2);
+}
+
+TEST(SafeWrite, AFailureOnTheWayLeavesTheOldFileWhole) {
+  const TempFolder folder;
+  PutFile(folder.File("x"), "old");
+  const auto stop = [](std::ostream& out) {
+    out << std::string(100000, 'n') << std::flush;
+    throw std::runtime_error("stopped");
+  };
+  EXPECT_THROW(SafeWrite(folder.File("x"), stop), std::runtime_error);
+  EXPECT_THROW(SafeWrite(folder.File("new"), stop), std::runtime_error);
+  // A stream that went bad, as of a full disk, need not throw by itself.
+  const auto fill = [](std::ostream& out) { out.setstate(std::ios::badbit); };
+  EXPECT_THROW(SafeWrite(folder.File("x"), fill), fs::filesystem_error);
+  EXPECT_EQ(BytesOf(folder.File("x")), "old");
+  EXPECT_EQ(folder.FileCount(), 1);
+}
+
+TEST(SafeWrite, APlaceThatCannotBeWrittenIsNamedWithTheReason) {
+  const TempFolder folder;
+  PutFile(folder.File("file"), "old");
+  for (const std::string& path : {folder.File("missing/x"), folder.File("file/x")}) {
+    try {
+      Write(path, "new");
+      ADD_FAILURE() << path;
+    } catch (const fs::filesystem_error& fault) {
+      EXPECT_NE(fault.code().value(), 0) << path;
+    }
+  }
+  EXPECT_ANY_THROW(Write(Utf8Of(folder.Path), "new"));  // a folder is no file
+  EXPECT_EQ(BytesOf(folder.File("file")), "old");
+  EXPECT_EQ(folder.FileCount(), 1);
+}
+
+#ifndef _WIN32
+TEST(SafeWrite, AFullDiskIsTheReason) {
+  if (!fs::exists("/dev/full")) GTEST_SKIP() << "this system has no full device";
+  try {
+    Write("/dev/full", std::string(100000, 'x'));
+    ADD_FAILURE();
+  } catch (const fs::filesystem_error& fault) {
+    EXPECT_EQ(fault.code(), std::errc::no_space_on_device);
+  }
+  EXPECT_TRUE(fs::is_character_file("/dev/full"));
+}
+
+TEST(SafeWrite, ALinksTargetIsReplacedAndTheLinkStays) {
+  const TempFolder folder;
+  fs::create_directory(folder.Path / "far");
+  PutFile(folder.File("far/target"), "old");
+  fs::create_symlink("far/target", folder.Path / "one");
+  fs::create_symlink("one", folder.Path / "two");
+  fs::create_symlink("far/none", folder.Path / "dangling");
+  Write(folder.File("two"), "new");
+  EXPECT_EQ(BytesOf(folder.File("far/target")), "new");
+  Write(folder.File("dangling"), "made");
+  EXPECT_EQ(BytesOf(folder.File("far/none")), "made");
+  for (const char* link : {"one", "two", "dangling"})
+    EXPECT_TRUE(fs::is_symlink(folder.Path / link)) << link;
+}
+
+TEST(SafeWrite, ThePermissionsOfAReplacedFileStay) {
+  const TempFolder folder;
+  const auto permissions = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
+  PutFile(folder.File("x"), "old");
+  fs::permissions(folder.Path / "x", permissions);
+  Write(folder.File("x"), "new");
+  EXPECT_EQ(fs::status(folder.Path / "x").permissions(), permissions);
+}
+#endif
+
+}  // namespace
+}  // namespace velorix
