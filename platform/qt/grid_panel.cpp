@@ -15,16 +15,16 @@
 namespace velorix {
 namespace {
 
-/// Characters that a column has room for: the longest number of its width, since a number cut off
-/// would be another number.
+/// Characters that a column has room for: the usual longest number of its width. A longer one is
+/// shown cut off, with dots; the tip has it whole.
 int CharactersOf(int column) {
   if (column == 1) return 5;
   if (column == 2) return 13;
   if (column <= 4) return 9;
   if (column == 5) return 22;
-  if (column <= 13) return 11;
+  if (column <= 13) return 12;
   if (column <= 19) return 18;
-  return 11;
+  return 12;
 }
 
 QTableView* MakeGrid(QWidget* parent) {

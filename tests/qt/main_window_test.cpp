@@ -6,10 +6,12 @@
 #include <QListWidget>
 #include <QMimeData>
 #include <QScrollBar>
+#include <QThread>
 #include <QToolButton>
 #include <QUrl>
 #include <limits>
 
+#include "platform/qt/busy_cursor.h"
 #include "platform/qt/picture_widget.h"
 #include "tests/qt/test_window.h"
 
@@ -374,13 +376,33 @@ class MainWindowTest : public QObject {
     QCOMPARE(W().Grid().model()->rowCount(), 32767);
   }
 
+  void theBusyCursorShowsOnlyInLongWork() {
+    const auto cursorAfter = [this](int milliseconds) {
+      bool shown = false;
+      Work(W().Program, [&] {
+        QThread::msleep(milliseconds);
+        RefreshViews(W().Program);
+        shown = QGuiApplication::overrideCursor() != nullptr;
+      });
+      return shown;
+    };
+    QVERIFY(!cursorAfter(0));
+    QVERIFY(cursorAfter(310));
+    QVERIFY(!QGuiApplication::overrideCursor());
+  }
+
   void exitAsksFirst() {
+    const std::string log = W().Path("log");
+    W().Program.Log.Open(log);
     W().Asked.Buttons = {1, 0};
     W().Key(Qt::Key_Q, Qt::ControlModifier);
     QCOMPARE(W().Asked.Boxes.back(), "Velorix5|EXIT PROGRAM?|&Yes|&No");
     QVERIFY(W().Window.isVisible());
     W().Key(Qt::Key_Q, Qt::ControlModifier);
     QVERIFY(!W().Window.isVisible());
+    QFile diary(QString::fromStdString(log));
+    QVERIFY(diary.open(QIODevice::ReadOnly));
+    QVERIFY(diary.readAll().endsWith(">> frmVelorix_Terminate\n"));
   }
 };
 

@@ -12,6 +12,7 @@
 #include "platform/qt/about_window.h"
 #include "platform/qt/picture_widget.h"
 #include "platform/qt/qt_dialogs.h"
+#include "platform/qt/start_up.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;
@@ -106,6 +107,29 @@ class WindowsTest : public QObject {
     QCOMPARE(splash.findChild<QLabel*>("lblVersion")->text(), QString("Version ") + Version);
     QCOMPARE(splash.findChild<QLabel*>("lblRelease")->text(), "06-April-2018");
     QVERIFY(!splash.isModal());
+  }
+
+  void theMainWindowComesAfterTheSplash() {
+    const QTemporaryDir folder;
+    ScriptedDialogs asked;
+    frmVelorix window;
+    Velorix program{asked, window, {}};
+    program.Host.AppFolder = folder.filePath("program").toStdString();
+    program.Host.DataRoot = folder.filePath("data").toStdString();
+    bool splashAlone = false;
+    QTimer::singleShot(1000, &window, [&] {  // events run while the splash stands
+      for (const QWidget* top : QApplication::topLevelWidgets())
+        if (top->objectName() == "frmSplash" && top->isVisible()) splashAlone = !window.isVisible();
+    });
+    StartUp(program, window);
+    QVERIFY(splashAlone);
+    QVERIFY(window.isVisible());
+    QCOMPARE(QApplication::activeWindow(), &window);
+    const double seconds = window.findChild<QLabel*>("picStat(2)")->text().toDouble();
+    QVERIFY2(seconds >= 2.0 && seconds < 10.0, qPrintable(QString::number(seconds)));
+    QCOMPARE(program.GaussTable.size(), 2000000u);
+    QVERIFY(QDir(folder.filePath("data/RawData")).exists());
+    QVERIFY(QFile::exists(folder.filePath("program/MarloAniso.sav")));
   }
 
   void aboutShowsTheVersion() {
