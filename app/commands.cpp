@@ -70,6 +70,17 @@ bool IsPlane(const Velorix& v) {
   return v.Session.TectoPlane == Plane;
 }
 
+template <bool OpenWindows::*Window>
+void Toggle(Velorix& v) {
+  v.Windows.*Window = !(v.Windows.*Window);
+  v.Views.ShowWindows();
+  v.Views.ShowChoices();
+}
+template <bool OpenWindows::*Window>
+bool IsOpen(const Velorix& v) {
+  return v.Windows.*Window;
+}
+
 void Rotate(Velorix& v) {
   v.Dialogs.Ask(ProgramTitle, "Rotate", {"&OK"});
   RotateAllNinety(v);
@@ -124,7 +135,7 @@ constexpr Command CommandTable[] = {
     {"mnuEdit(1)", "mnuEditt", "Edit Orientation Data", "F2", 12, "Edit Orientation Data [F2]", "edit-orientation", Check, false, nullptr, nullptr, false},
     {"mnuEdit(2)", "mnuEditt", "Rotate Data", "", 0, "", "", Action, true, nullptr, nullptr, false},
 
-    {"mnuAnalysis(1)", "mnuStatistics", "Group Statistics", "F9", 14, "Group Statistics [F9]", "statistics", Check, false, nullptr, nullptr, false},
+    {"mnuAnalysis(1)", "mnuStatistics", "Group Statistics", "F9", 14, "Group Statistics [F9]", "statistics", Check, false, Toggle<&OpenWindows::GroupStatistics>, IsOpen<&OpenWindows::GroupStatistics>, false},
     {"mnuAnalysis(2)", "mnuStatistics", "Bootstrap Statistics", "F11", 0, "", "", Action, true, nullptr, nullptr, false},
     {"mnuAnalysis(3)", "mnuStatistics", "Contour Plot", "F12", 15, "Contour Plot [F12]", "contour", Check, false, nullptr, nullptr, false},
     {"mnuAnalysis(4)", "mnuStatistics", "Calculate Field Independent Tensor", "Ctrl+I", 0, "", "", Action, true, nullptr, nullptr, false},

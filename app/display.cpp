@@ -63,6 +63,7 @@ void DisplayData(Velorix& velorix, bool resetLists) {
 void RefreshViews(Velorix& velorix) {
   velorix.Views.ShowChoices();
   velorix.Views.FillGrid();
+  velorix.Views.RefreshGroupStatistics();
   AnisoView_DisplayAllPlots(velorix);
 }
 

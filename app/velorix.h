@@ -27,6 +27,11 @@ struct Host {
       ListFolder;
 };
 
+/// Which of the windows beside the main one stand open.
+struct OpenWindows {
+  bool GroupStatistics = false;
+};
+
 /// The running program: the session, the tables made at start-up, what the controls of the windows
 /// decide, and the ways to the user. `main` owns the one object; every command gets it.
 struct Velorix {
@@ -37,6 +42,7 @@ struct Velorix {
   velorix::Session Session = {};
   CodeLists Lists = {};
   StereoOptions Stereo = {};
+  OpenWindows Windows = {};
   velorix::GroupStats GroupStats = {};
   std::vector<float> GaussTable = {};
   velorix::ContourGrid ContourGrid = {};

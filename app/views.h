@@ -21,6 +21,10 @@ struct Views {
   virtual void FillGrid() = 0;
   /// The stereonet is drawn again.
   virtual void RedrawStereo() = 0;
+  /// The windows beside the main one open and shut as `Velorix::Windows` says.
+  virtual void ShowWindows() = 0;
+  /// The group statistics have changed.
+  virtual void RefreshGroupStatistics() = 0;
   virtual void ShowAbout() = 0;
   /// Asks the main window to close, which asks the exit question.
   virtual void Exit() = 0;

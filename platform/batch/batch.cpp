@@ -53,6 +53,8 @@ struct BatchViews : Views {
   void ShowGridHeader() override {}
   void FillGrid() override {}
   void RedrawStereo() override {}
+  void ShowWindows() override {}
+  void RefreshGroupStatistics() override {}
   void ShowAbout() override {}
   void Exit() override {}
   void ShowStatus(const std::string& text) override { Status = text; }

@@ -20,6 +20,7 @@
 #include "platform/qt/busy_cursor.h"
 #include "platform/qt/column_plots.h"
 #include "platform/qt/grid_panel.h"
+#include "platform/qt/group_statistics_window.h"
 #include "platform/qt/stereo_panel.h"
 #include "platform/qt/view_lists.h"
 #include "platform/qt/widgets.h"
@@ -171,6 +172,7 @@ void frmVelorix::ShowCodeLists() {
 void frmVelorix::ShowGridHeader() {
   grid_->ShowHeader();
   plots_->ShowGridHeader();
+  if (group_) group_->AnisoFacName_Show();
 }
 
 void frmVelorix::FillGrid() {
@@ -190,6 +192,30 @@ void frmVelorix::CountRecords() {
                        .arg(grid_->RowCount())
                        .arg(velorix_->Session.RecordCount())
                        .arg(selected));
+}
+
+void frmVelorix::ShowWindows() {
+  const bool open = velorix_->Windows.GroupStatistics;
+  if (open && !group_) {
+    group_ = new frmGroupStatistics(*velorix_, this);
+    group_->OnClose = [this] {
+      Work(*velorix_, [this] {
+        velorix_->Windows.GroupStatistics = false;
+        ShowWindows();
+        ShowChoices();
+      });
+    };
+    group_->show();
+  } else if (!open && group_) {
+    group_->OnClose = nullptr;
+    group_->close();
+    group_->deleteLater();
+    group_ = nullptr;
+  }
+}
+
+void frmVelorix::RefreshGroupStatistics() {
+  if (group_) group_->AnisoView_DisplayGroupStatistics();
 }
 
 void frmVelorix::ShowAbout() {

@@ -12,6 +12,7 @@ class QSplitter;
 namespace velorix {
 
 class ColumnPlots;
+class frmGroupStatistics;
 class GridPanel;
 class StereoPanel;
 class ViewLists;
@@ -35,6 +36,8 @@ class frmVelorix : public QMainWindow, public Views {
   void ShowGridHeader() override;
   void FillGrid() override;
   void RedrawStereo() override;
+  void ShowWindows() override;
+  void RefreshGroupStatistics() override;
   void ShowAbout() override;
   void Exit() override;
   void ShowStatus(const std::string& text) override;
@@ -57,6 +60,7 @@ class frmVelorix : public QMainWindow, public Views {
   ViewLists* lists_ = nullptr;
   GridPanel* grid_ = nullptr;
   StereoPanel* stereo_ = nullptr;
+  frmGroupStatistics* group_ = nullptr;  // only while it is open
   std::unique_ptr<ColumnPlots> plots_;
   QSplitter *main_ = nullptr, *column_ = nullptr, *pairs_ = nullptr;
   QLabel *counts_ = nullptr, *startTime_ = nullptr;

@@ -51,7 +51,7 @@ struct ScriptedDialogs : Dialogs {
 /// Views that keep the caption and count what was told.
 struct RecordedViews : Views {
   std::string Caption, Status;
-  int Room = 200, Grids = 0, Stereos = 0, CodeListsShown = 0;
+  int Room = 200, Grids = 0, Stereos = 0, Groups = 0, CodeListsShown = 0;
 
   void SetCaption(const std::string& caption) override { Caption = caption; }
   int CaptionRoom() override { return Room; }
@@ -60,6 +60,8 @@ struct RecordedViews : Views {
   void ShowGridHeader() override {}
   void FillGrid() override { ++Grids; }
   void RedrawStereo() override { ++Stereos; }
+  void ShowWindows() override {}
+  void RefreshGroupStatistics() override { ++Groups; }
   void ShowAbout() override {}
   void Exit() override {}
   void ShowStatus(const std::string& text) override { Status = text; }
