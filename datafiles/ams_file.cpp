@@ -205,13 +205,12 @@ Outcome ReloadAmsFile(const std::string& path, RecordArray& records, bool useIm)
 }
 
 Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all) {
-  if (records.Empty()) return Outcome::Refused();
   const auto isWanted = [all](const SpecimenRecord& r) { return all || r.Selected; };
   const auto count = std::count_if(records.begin(), records.end(), isWanted);
   if (count == 0) {
     // Nothing takes the place of the old file, which goes all the same: this is wanted.
     if (!append && fs::is_regular_file(PathOf(path))) fs::remove(PathOf(path));
-    return {};
+    return records.Empty() ? Outcome::Refused() : Outcome();
   }
   const auto kept = append ? BytesToKeep(path, static_cast<int>(count)) : std::vector<char>();
   SafeWrite(path, [&](std::ostream& out) {

@@ -29,9 +29,8 @@ Outcome ReloadAmsFile(const std::string& path, RecordArray& records, bool useIm)
 
 /// Writes all records, or only the selected ones, in their order; disregarded records are written
 /// too. Without `append` the file is new or replaced; with it the records go behind those that it
-/// has, all of them or none. Refused, silently, when there are no records at all; the file then
-/// stands. When there are some but none is selected, no file is made, and without `append` an old
-/// one is removed. A failure is a
+/// has, all of them or none. Refused, silently, when there are no records at all. When none is to
+/// be written, no file is made, and without `append` an old one is removed. A failure is a
 /// std::filesystem::filesystem_error, or "Overflow" when an append would bring the file over 32767
 /// records; the old file then stands.
 Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all);
