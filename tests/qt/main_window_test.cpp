@@ -252,22 +252,27 @@ class MainWindowTest : public QObject {
   void framesOpenAndShutAndTheirButtonsTellTheState() {
     W().Press("cmdColumnPlots");
     W().Press("cmdPairPlots");
-    for (const auto& [button, frame] : {std::pair{"cmdStereoProperties", "fraStereoProperties"},
-                                        {"cmdHistoProperties", "fraHistoProperties"},
-                                        {"cmdXYPlot1", "fraXYPlot1"},
-                                        {"cmdXYPlot2", "fraXYPlot2"},
-                                        {"cmdPlot1Properties", "fraPlot1Properties"},
-                                        {"cmdPlot2Properties", "fraPlot2Properties"}}) {
-      const auto& properties = W().The<QFrame>(frame);
-      const auto picture = [&] { return W().The<QToolButton>(button).icon().pixmap(16).toImage(); };
+    const struct {
+      const char *button, *frame;
+    } cases[] = {{"cmdStereoProperties", "fraStereoProperties"},
+                 {"cmdHistoProperties", "fraHistoProperties"},
+                 {"cmdXYPlot1", "fraXYPlot1"},
+                 {"cmdXYPlot2", "fraXYPlot2"},
+                 {"cmdPlot1Properties", "fraPlot1Properties"},
+                 {"cmdPlot2Properties", "fraPlot2Properties"}};
+    for (const auto& c : cases) {
+      const auto& properties = W().The<QFrame>(c.frame);
+      const auto picture = [&] {
+        return W().The<QToolButton>(c.button).icon().pixmap(16).toImage();
+      };
       QVERIFY(properties.isVisible());
       const QImage open = picture();
       QVERIFY(!open.isNull());
-      W().Press(button);
-      QVERIFY2(!properties.isVisible(), frame);
+      W().Press(c.button);
+      QVERIFY2(!properties.isVisible(), c.frame);
       QVERIFY(picture() != open);
-      W().Press(button);
-      QVERIFY2(properties.isVisible(), frame);
+      W().Press(c.button);
+      QVERIFY2(properties.isVisible(), c.frame);
       QCOMPARE(picture(), open);
     }
   }
