@@ -59,7 +59,7 @@ void Derive(const SpecimenRecord& record) {
         view.CoorSys = coorSys;
         view.ReImMode = block;
         view.FoliCode = record.FoliName[1];
-        view.LineCode = strike ? "0" : record.LineName[1];
+        view.LineCode = strike ? std::string_view("0") : std::string_view(record.LineName[1]);
         view.TectoPlane = strike ? Vertical : Horizontal;
         view.TectoNorthSouth = strike;
         view.TectoEastWest = !strike;
