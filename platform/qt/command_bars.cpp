@@ -12,6 +12,12 @@
 namespace velorix {
 namespace {
 
+/// Views and windows are switched by function keys, and these work from the program's other windows
+/// too.
+bool IsFunctionKey(const std::string& key) {
+  return key.size() > 1 && key[0] == 'F' && key[1] >= '1' && key[1] <= '9';
+}
+
 constexpr int IconSize = 24;
 
 /// Puts runs of neighbouring choices into one exclusive group each, so that they look like one.
@@ -81,6 +87,7 @@ void CommandBars::Build(QMainWindow& window, Velorix& velorix) {
       QAction* action = MakeAction(window, command, RunMenu);
       action->setObjectName(command.Name);
       action->setShortcut(QKeySequence(command.Key));
+      if (IsFunctionKey(command.Key)) action->setShortcutContext(Qt::ApplicationShortcut);
       if (!command.Run) action->setToolTip(Later);
       menu->addAction(action);
       items.Add(action, command, command.SeparatorBefore);

@@ -1,0 +1,91 @@
+// The window of the group statistics, driven by the names of its labels.
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <memory>
+
+#include "platform/qt/group_statistics_window.h"
+#include "tests/qt/test_window.h"
+
+namespace velorix {
+namespace {
+
+class GroupStatisticsTest : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<TestWindow> window_;
+
+  frmGroupStatistics* Group() {
+    for (QWidget* widget : QApplication::topLevelWidgets())
+      if (widget->objectName() == "frmGroupStatistics" && widget->isVisible())
+        return static_cast<frmGroupStatistics*>(widget);
+    return nullptr;
+  }
+  QString Label(const char* name, int index) {
+    return Group()->findChild<QLabel*>(QString("%1(%2)").arg(name).arg(index))->text();
+  }
+  bool Checked() {
+    return window_->The<QAction>("mnuAnalysis(1)").isChecked() &&
+           window_->The<QAbstractButton>("Toolbar1(14)").isChecked();
+  }
+
+ private slots:
+  void init() { window_ = std::make_unique<TestWindow>(); }
+  void cleanup() { window_.reset(); }
+
+  void keyButtonAndItsOwnCloseToggleIt() {
+    QVERIFY(!Group());
+    window_->Key(Qt::Key_F9);
+    QVERIFY(Group() && Checked());
+    window_->Press("Toolbar1(14)");
+    QVERIFY(!Group() && !Checked());
+    window_->Key(Qt::Key_F9);
+    Group()->close();
+    QVERIFY(!Group() && !Checked());
+    window_->Key(Qt::Key_F9);
+    QVERIFY(Group());
+  }
+
+  void showsWhatTheGroupIsLargeEnoughForAndFollowsTheDisplay() {
+    window_->Key(Qt::Key_F9);
+    const struct {
+      int count;
+      bool mean, deviations, errors, boot;
+    } cases[] = {{1, true, false, false, false}, {2, true, true, false, false},
+                 {4, true, true, false, false},  {5, true, true, true, true},
+                 {100, true, true, true, true},  {101, true, true, true, false}};
+    QCOMPARE(Label("lblJelinek", 60), QString());
+    for (const auto& c : cases) {
+      window_->Open(window_->WriteFile("n" + std::to_string(c.count), c.count));
+      QCOMPARE(Label("lblJelinek", 60), QString("N = %1").arg(c.count));
+      for (int index : {2, 3, 16, 34, 41, 42, 50})
+        QCOMPARE(!Label("lblJelinek", index).isEmpty(), c.mean);
+      for (int index : {51, 52, 59}) QCOMPARE(!Label("lblJelinek", index).isEmpty(), c.deviations);
+      for (int index : {5, 6, 11, 18}) QCOMPARE(!Label("lblJelinek", index).isEmpty(), c.errors);
+      for (int index = 1; index <= 6; ++index)
+        QCOMPARE(!Label("lblBootStat", index).isEmpty(), c.boot);
+    }
+    QCOMPARE(Label("lblJelinek", 33), QString("N/A"));
+    window_->Key(Qt::Key_X, Qt::ControlModifier);
+    for (int index : {2, 33, 42, 60}) QCOMPARE(Label("lblJelinek", index), QString());
+  }
+
+  void copiesItsNumbersAsText() {
+    window_->Open(window_->WriteFile("a", 6));
+    window_->Key(Qt::Key_F9);
+    QTest::mouseClick(Group()->findChild<QAbstractButton*>("cmdCopy"), Qt::LeftButton);
+    const QStringList lines = QApplication::clipboard()->text().split('\n');
+    QCOMPARE(lines.size(), 15);  // two headings, three directions, Km, eight factors, the end
+    QVERIFY(lines[0].startsWith("N = 6\tMean Tensor"));
+    QCOMPARE(lines[1].split('\t').size(), 8);
+    QCOMPARE(lines[6].split('\t')[0], QString("L"));
+  }
+};
+
+}  // namespace
+}  // namespace velorix
+
+using velorix::GroupStatisticsTest;
+QTEST_MAIN(GroupStatisticsTest)
+#include "group_statistics_test.moc"
