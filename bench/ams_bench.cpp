@@ -3,10 +3,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <vector>
 
+#include "bench/ratio.h"
 #include "datafiles/ams_file.h"
 #include "datafiles/ams_layout.h"
 #include "text/paths.h"
@@ -42,82 +43,62 @@ void MakeFile() {
   if (!made) std::abort();
 }
 
-/// Seconds of the fastest of some runs of `work`.
-template <class Work>
-double Fastest(Work work, int runs = 15) {
-  double best = 1e9;
-  for (int run = 0; run < runs; ++run) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    best = std::min(
-        best, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-  }
-  return best;
+/// Reading the bytes alone, through a buffer that stays.
+void ReadBytes(std::vector<char>& buffer) {
+  std::ifstream in(PathOf(Path), std::ios::binary);
+  while (in.read(buffer.data(), static_cast<std::streamsize>(buffer.size())))
+    benchmark::ClobberMemory();
 }
 
-/// Reading the bytes alone, through a buffer of this size that stays.
-double ReadBytes(std::size_t buffer) {
-  std::vector<char> bytes(buffer);
-  return Fastest([&] {
-    std::ifstream in(PathOf(Path), std::ios::binary);
-    while (in.read(bytes.data(), static_cast<std::streamsize>(buffer))) {
-      benchmark::DoNotOptimize(bytes.data());
-      benchmark::ClobberMemory();
-    }
-  });
-}
-
-void Compare(benchmark::State& state, double yardstick, double ours) {
-  state.counters["ms"] = ours * 1e3;
-  state.counters["yardstick_ms"] = yardstick * 1e3;
+void Compare(benchmark::State& state, const std::array<double, 2>& yardstickAndOurs) {
+  const auto [yardstick, ours] = yardstickAndOurs;
+  state.counters["ms"] = ours * 1e-6;
+  state.counters["yardstick_ms"] = yardstick * 1e-6;
   state.counters["ratio"] = ours / yardstick;
 }
 
+/// To reach: a ratio of at most 40.
 void FirstRead(benchmark::State& state) {
   MakeFile();
-  for (auto _ : state) {
-    const double yardstick = ReadBytes(64 * 1024);
-    Compare(state, yardstick,
-            Fastest(
-                [] {
-                  RecordArray records;
-                  if (!ReadAmsFile(Path, records)) std::abort();
-                },
-                5));
-  }
+  std::vector<char> buffer(64 * 1024);
+  for (auto _ : state)
+    Compare(state, bench::MediansInTurn(
+                       11, [&] { ReadBytes(buffer); },
+                       [] {
+                         RecordArray records;
+                         if (!ReadAmsFile(Path, records)) std::abort();
+                       }));
 }
 
+/// To reach: a ratio of at most 6.
 void ReadAgainIntoKeptMemory(benchmark::State& state) {
   MakeFile();
+  std::vector<char> buffer(static_cast<std::size_t>(state.range(0)));
   RecordArray records;
-  for (auto _ : state) {
-    const double yardstick = ReadBytes(static_cast<std::size_t>(state.range(0)));
-    Compare(state, yardstick, Fastest([&] {
-              records.Clear();
-              if (!ReloadAmsFile(Path, records, false)) std::abort();
-            }));
-  }
+  for (auto _ : state)
+    Compare(state, bench::MediansInTurn(
+                       31, [&] { ReadBytes(buffer); },
+                       [&] {
+                         records.Clear();
+                         if (!ReloadAmsFile(Path, records, false)) std::abort();
+                       }));
 }
 
+void WriteOneByOne() {
+  std::filesystem::remove(PathOf(Path));
+  const std::byte bytes[AmsRecordSize] = {};
+  for (int i = 1; i <= RecordArray::Limit; ++i)
+    std::ofstream(PathOf(Path), std::ios::binary | std::ios::app)
+        .write(reinterpret_cast<const char*>(bytes), AmsRecordSize);
+}
+
+/// To reach: a ratio of at most 0.125.
 void Write(benchmark::State& state) {
   const RecordArray records = FullStore();
-  for (auto _ : state) {
-    const double yardstick = Fastest(
-        [&] {
-          std::filesystem::remove(PathOf(Path));
-          std::byte bytes[AmsRecordSize] = {};
-          for (int i = 1; i <= records.Count(); ++i)
-            std::ofstream(PathOf(Path), std::ios::binary | std::ios::app)
-                .write(reinterpret_cast<const char*>(bytes), AmsRecordSize);
-        },
-        3);
-    Compare(state, yardstick,
-            Fastest(
-                [&] {
-                  if (!WriteAmsFile(Path, records, false, true)) std::abort();
-                },
-                5));
-  }
+  for (auto _ : state)
+    Compare(state, bench::MediansInTurn(7, WriteOneByOne, [&] {
+              if (!WriteAmsFile(Path, records, false, true)) std::abort();
+            }));
 }
 
 BENCHMARK(FirstRead)->Iterations(1);
