@@ -36,6 +36,7 @@ std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion&
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setNameFilters(names);
+  dialog.resize(800, 520);  // room for names, sizes and dates
   if (!question.Folder.empty()) dialog.setDirectory(ToQString(question.Folder));
   if (!question.DefaultName.empty()) dialog.selectFile(ToQString(question.DefaultName));
   const auto chosen = [&] { return IndexOf(filters, dialog.selectedNameFilter()); };
@@ -102,7 +103,7 @@ int QtDialogs::Ask(const std::string& title, const std::string& text,
   box.setWindowTitle(ToQString(title));
   box.setTextFormat(Qt::PlainText);
   box.setText(ToQString(text));
-  box.setIcon(buttons.size() > 1 ? QMessageBox::Question : QMessageBox::Information);
+  box.setIconPixmap(OwnIcon("velorix").pixmap(QSize(48, 48), box.devicePixelRatioF()));
   std::vector<QPushButton*> made;
   for (const std::string& caption : buttons) {
     // One role for all keeps them in the order given on every desktop.
