@@ -18,8 +18,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Records in a piece of a file: small enough to stay in the processor's cache.
-constexpr int PieceRecords = 100;
+/// Records in a piece of a file: whole pages, and few enough to stay in the processor's cache.
+constexpr int PieceRecords = 128;
 constexpr std::size_t PieceSize = std::size_t{PieceRecords} * AmsRecordSize;
 
 /// Calls the lines of a record into the processor's cache, ahead of their use: going through a full

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <tuple>
+#include <type_traits>
 
 #include "datafiles/bytes.h"
 #include "datafiles/fixed_text.h"
@@ -124,7 +125,7 @@ struct F32s : AmsRow {
   static constexpr const char* Kind = "32-bit floats";
   void Load(const std::byte* at, SpecimenRecord& r) const {
     // By way of a copy: bytes might lie in the record, and the numbers would be written one by one.
-    float numbers[6];
+    float numbers[std::remove_reference_t<decltype(r.*Member)>::Size];
     for (int i = 0; i < Width / 4; ++i) numbers[i] = LoadLittle<float>(at + 4 * i);
     for (int i = 0; i < Width / 4; ++i) (r.*Member).v[i] = numbers[i];
   }

@@ -85,6 +85,29 @@ TEST(SafeWrite, ALinksTargetIsReplacedAndTheLinkStays) {
     EXPECT_TRUE(fs::is_symlink(folder.Path / link)) << link;
 }
 
+TEST(SafeWrite, AReadOnlyFileOrFolderStaysAsItIs) {
+  const TempFolder folder;
+  fs::create_directory(folder.Path / "locked");
+  PutFile(folder.File("locked/x"), "old");
+  PutFile(folder.File("x"), "old");
+  fs::permissions(folder.Path / "x", fs::perms::owner_read);
+  if (std::ofstream(folder.Path / "x", std::ios::app))
+    GTEST_SKIP() << "the superuser may write anything";
+  fs::permissions(folder.Path / "locked", fs::perms::owner_read | fs::perms::owner_exec);
+  for (const char* name : {"x", "locked/x", "locked/new"}) {
+    try {
+      Write(folder.File(name), "new");
+      ADD_FAILURE() << name;
+    } catch (const fs::filesystem_error& fault) {
+      EXPECT_EQ(fault.code(), std::errc::permission_denied) << name;
+    }
+  }
+  fs::permissions(folder.Path / "locked", fs::perms::owner_all);
+  EXPECT_EQ(BytesOf(folder.File("x")), "old");
+  EXPECT_EQ(BytesOf(folder.File("locked/x")), "old");
+  EXPECT_FALSE(fs::exists(folder.Path / "locked/new"));
+}
+
 TEST(SafeWrite, ThePermissionsOfAReplacedFileStay) {
   const TempFolder folder;
   const auto permissions = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
