@@ -163,7 +163,7 @@ constexpr Command CommandTable[] = {
 // clang-format on
 
 /// What went wrong, in the host's words.
-std::string FailureText(std::exception_ptr failure) {
+std::string FailureText(const std::exception_ptr& failure) {
   try {
     std::rethrow_exception(failure);
   } catch (const Fault& fault) {

@@ -137,7 +137,7 @@ std::string CompactPath(const std::string& path, int room) {
   if (cut == std::string::npos) return path;
   const std::string name = path.substr(cut);
   while (cut != std::string::npos) {
-    const std::string shorter = path.substr(0, cut) + path[cut] + "..." + name;
+    std::string shorter = path.substr(0, cut) + path[cut] + "..." + name;
     if (length(shorter) <= room) return shorter;
     cut = cut == 0 ? std::string::npos : path.find_last_of("/\\", cut - 1);
   }

@@ -173,7 +173,8 @@ void DrawNetPolyline(Target& target, const Net& net, Projection projection,
   };
   for (const Direction& d : directions)
     if (!std::isfinite(d.Dec) || !std::isfinite(d.Inc)) return;
-  const Direction* previous = directions.empty() ? nullptr : &directions.front();
+  if (directions.empty()) return;
+  const Direction* previous = &directions.front();
   for (const Direction& d : directions) {
     if (Sgn(d.Inc) != Sgn(previous->Inc)) {
       Direction rim = {previous->Inc < 0 ? previous->Dec + 180 : previous->Dec, 0};

@@ -46,7 +46,7 @@ class RecordArray {
   /// As `Grow`, but a record may still hold what an earlier use of the memory left in it.
   int GrowStale(int n) {
     if (n < 0 || n > Limit - count_) FailOverflow();
-    const std::size_t size = static_cast<std::size_t>(count_ + n);
+    const std::size_t size = static_cast<std::size_t>(count_) + static_cast<std::size_t>(n);
     if (slots_.size() < size) slots_.resize(size);
     count_ += n;
     return count_ - n + 1;
