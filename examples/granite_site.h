@@ -102,18 +102,20 @@ inline ExampleFile GraniteFile() {
     FillBlock(OutOfPhaseOf(r), tensorIm, Decimals(km * share, 1e9), sigmaIm);
     r.HasIm = true;
 
-    if (i % 8 == 5) {  // fell off the outcrop
-      r.HasCoor[2] = false;
-      r.OrientAz = r.OrientInc = 0;
-    }
     const auto without = [](auto& names, auto& first, auto& second, int slot) {
       names[slot] = "";
       first[slot] = second[slot] = 0;
     };
-    if (i % 6 == 4) without(r.FoliName, r.FoliAz, r.FoliDip, 1);
-    if (i % 4 >= 2) without(r.FoliName, r.FoliAz, r.FoliDip, 2);
-    if (i % 5 == 3) without(r.LineName, r.LineTrend, r.LinePlunge, 1);
-    if (i % 3 != 0) without(r.LineName, r.LineTrend, r.LinePlunge, 2);
+    // A loose block tells neither how it lay nor where its planes and lines point.
+    const bool loose = i % 8 == 5;
+    if (loose) {
+      r.HasCoor[2] = false;
+      r.OrientAz = r.OrientInc = 0;
+    }
+    if (loose || i % 6 == 4) without(r.FoliName, r.FoliAz, r.FoliDip, 1);
+    if (loose || i % 4 >= 2) without(r.FoliName, r.FoliAz, r.FoliDip, 2);
+    if (loose || i % 5 == 3) without(r.LineName, r.LineTrend, r.LinePlunge, 1);
+    if (loose || i % 3 != 0) without(r.LineName, r.LineTrend, r.LinePlunge, 2);
     file.Records.push_back(r);
   }
   return file;

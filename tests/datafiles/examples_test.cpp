@@ -129,12 +129,13 @@ TEST(Examples, TheSyntheticSiteHasSomethingToShowInEverySystemAndBlock) {
       for (SpecimenRecord& r : records) {
         if (!r.HasCoor[coorSys]) continue;
         ASSERT_TRUE(RotateRecord(r, ViewIn(coorSys, block)));
+        EXPECT_TRUE(coorSys == Specimen || r.HasCoor[2]) << r.Name;  // a loose block
         reached += r.CoorLevel == coorSys;
       }
       if (coorSys == Specimen)
         EXPECT_EQ(reached, 24);
       else
-        EXPECT_TRUE(reached >= 15 && reached < 24) << coorSys << ": " << reached;
+        EXPECT_TRUE(reached >= 12 && reached < 24) << coorSys << ": " << reached;
     }
 }
 
