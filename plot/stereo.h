@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "base/slots.h"
 #include "plot/net.h"
+#include "stats/group_statistics.h"
 #include "store/record_array.h"
 
 namespace velorix {
@@ -43,10 +45,20 @@ struct StereoGeometry {
 /// The plane that holds all that `DrawStereo` draws with `options` in the screen's geometry.
 PlaneSize StereoPlane(const StereoOptions& options);
 
-/// Draws the stereo view of the records that the view shows (`IsShown`), layer upon layer. A symbol
-/// whose direction is not finite is left out; its record still counts in "N = ".
+/// Draws the stereo view of the records that the view shows (`IsShown`) and of their group, layer
+/// upon layer. What has an angle that is not finite is left out; its record still counts in "N = ".
+/// What `stats` didn't reach isn't drawn. The settings name the factors on the colour scale.
 void DrawStereo(const RecordArray& records, std::int16_t coorSys, Target& target,
-                const StereoGeometry& geometry, const StereoOptions& options,
-                std::int16_t reImMode);
+                const StereoGeometry& geometry, const StereoOptions& options, std::int16_t reImMode,
+                const GroupStats& stats = GroupStats(), const Settings& settings = Settings());
+
+/// Directions with a value each as coloured circles on a net, a colour strip at its left.
+/// Directions that are not finite are left out.
+struct FieldPoint {
+  velorix::Direction Direction;
+  float Value = 0;
+};
+void DrawFieldNet(Target& target, std::int16_t coorSys, const StereoGeometry& geometry,
+                  std::span<const FieldPoint> points);
 
 }  // namespace velorix

@@ -172,6 +172,7 @@ void frmVelorix::ShowCodeLists() {
 void frmVelorix::ShowGridHeader() {
   grid_->ShowHeader();
   plots_->ShowGridHeader();
+  stereo_->ShowGridHeader();
   if (group_) group_->AnisoFacName_Show();
 }
 
