@@ -2,8 +2,8 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <iterator>
-#include <map>
+#include <charconv>
+#include <filesystem>
 
 #include "app/open_flow.h"
 #include "text/paths.h"
@@ -12,102 +12,167 @@
 namespace velorix {
 namespace {
 
-using Names = std::map<std::string, int>;
-
-const Names CoorSysOption = {{"spec", 0}, {"geo", 1}, {"paleo", 2}, {"tecto", 3}};
-const Names BlockOption = {{"kre", 0}, {"kim", 1}};
-const Names PlaneOption = {{"horizontal", 0}, {"vertical", 1}};
-const Names AxisOption = {{"north", 0}, {"north-south", 1}, {"east", 2}, {"east-west", 3}};
-
-/// Options whose work comes with a later version. They are known, so that a script fails with a
-/// clear word and not halfway.
-struct LaterOption {
-  const char* Name;
-  bool TakesValue;
-  const char* Help;
+/// A choice among the words of the option's value, given as the chosen one's position.
+struct Choice {
+  int Arguments::*Position;
+  int First;  // position of the first word
 };
+
+/// Where an option's value goes. An option without such a place comes with a later version: it is
+/// known, so that a script fails with a clear word and not halfway.
+using Place = std::variant<std::monostate, Choice, bool Arguments::*, int Arguments::*,
+                           std::string Arguments::*, std::vector<int> Arguments::*>;
+constexpr std::monostate Later;
+
+struct OptionRow {
+  const char* Name;
+  std::string Value;  // what the help calls it; words to choose from stand between bars; "": a flag
+  const char* Help;
+  velorix::Place Place;
+  bool Repeats = false;
+};
+
+std::string FormatNames() {
+  std::string names;
+  for (const OpenFilter& filter : OpenFilters())
+    names += std::string(names.empty() ? "" : "|") + filter.Name;
+  return names;
+}
+
 // clang-format off
-constexpr LaterOption LaterOptions[] = {
-    {"--ged",           true,  "geological file to read; may be repeated"},
-    {"--assign-ged",    false, "orientations from the geological files, by specimen name"},
-    {"--grid",          true,  "the record grid as delimited text"},
-    {"--delimiter",     true,  "comma, space, semicolon or tab, for --grid"},
-    {"--append",        false, "append to an existing --grid file"},
-    {"--table",         true,  "the data table as tab-separated text"},
-    {"--page",          true,  "the graphics page, type by extension"},
-    {"--contour",       true,  "counts the density of kmax, kint, kmin, foli or line"},
-    {"--smooth",        true,  "smoothing of --contour"},
-    {"--contour-json",  true,  "the counted grid as JSON"},
-    {"--contour-image", true,  "the contour picture"},
-    {"--geo-json",      true,  "the geological records as JSON"},
-    {"--write-ged",     true,  "the geological records as a geological file"},
+const OptionRow Options[] = {
+    {"--format",        FormatNames(),               "reader of all files; default: by the extension", Choice{&Arguments::Filter, 1}},
+    {"--reload",        "",                          "after opening, reload",                           &Arguments::Reload},
+    {"--next",          "N",                         "after opening, open the next file N times",       &Arguments::Next},
+    {"--previous",      "N",                         "after opening, open the previous file N times",   &Arguments::Previous},
+    {"--settings",      "FILE",                      "settings to use; mended when missing or bad",     &Arguments::SettingsFile},
+    {"--ged",           "FILE",                      "geological file to read; may be repeated",        Later, true},
+    {"--assign-ged",    "",                          "orientations from the geological files",          Later},
+    {"--coor",          "spec|geo|paleo|tecto",      "coordinate system; default geo",                  Choice{&Arguments::CoorSys, 0}},
+    {"--block",         "kre|kim",                   "in-phase or out-of-phase tensor; default kre",    Choice{&Arguments::Block, 0}},
+    {"--plane",         "horizontal|vertical",       "what the foliation becomes; default horizontal",  Choice{&Arguments::Plane, 0}},
+    {"--axis",          "north|north-south|east|east-west", "where the lineation goes; default north",  Choice{&Arguments::Axis, 0}},
+    {"--foli",          "CODE",                      "foliation; default: the first in the data",       &Arguments::FoliCode},
+    {"--line",          "CODE",                      "lineation; default: the first in the data",       &Arguments::LineCode},
+    {"--select",        "ID[,ID...]",                "records to select, by number",                    &Arguments::Select, true},
+    {"--disregard",     "ID[,ID...]",                "records to disregard, by number",                 &Arguments::Disregard, true},
+    {"--records",       "FILE",                      "every record as JSON; - is standard output",      &Arguments::Records},
+    {"--grid",          "FILE",                      "the record grid as delimited text",               Later},
+    {"--delimiter",     "comma|space|semicolon|tab", "for --grid; default comma",                       Later},
+    {"--append",        "",                          "append to an existing --grid file",               Later},
+    {"--table",         "FILE",                      "the data table as tab-separated text",            Later},
+    {"--stats",         "FILE",                      "the group statistics as JSON; - is standard output", &Arguments::Stats},
+    {"--page",          "FILE",                      "the graphics page; its type by the extension",    Later},
+    {"--contour",       "kmax|kint|kmin|foli|line",  "counts the density",                              Later},
+    {"--smooth",        "N",                         "smoothing of --contour",                          Later},
+    {"--contour-json",  "FILE",                      "the counted grid as JSON",                        Later},
+    {"--contour-image", "FILE",                      "the contour picture",                             Later},
+    {"--save",          "FILE",                      "all records, as .ams",                            &Arguments::Save},
+    {"--save-selected", "FILE",                      "the selected records, as .ams",                   &Arguments::SaveSelected},
+    {"--geo-json",      "FILE",                      "the geological records as JSON",                  Later},
+    {"--write-ged",     "FILE",                      "the geological records as a geological file",     Later},
+    {"--force",         "",                          "overwrite existing outputs",                      &Arguments::Force},
+    {"--quiet",         "",                          "no progress and no summary",                      &Arguments::Quiet},
 };
 // clang-format on
 
-EarlyEnd WrongUsage(const std::string& text) {
-  return {2, text + "\nRun velorix-batch --help for the options.\n"};
+std::vector<std::string> Split(const std::string& text, char separator) {
+  std::vector<std::string> parts(1);
+  for (char c : text)
+    if (c == separator)
+      parts.emplace_back();
+    else
+      parts.back() += c;
+  return parts;
 }
 
-/// The values of the options that come later; each is given when it is not empty.
-struct LaterValues {
-  std::vector<std::vector<std::string>> Values =
-      std::vector<std::vector<std::string>>(std::size(LaterOptions));
-  std::vector<char> Flags = std::vector<char>(std::size(LaterOptions), 0);
+/// A count in decimal digits, up to the limit of the store; anything else is wrong usage.
+int CountOf(const OptionRow& row, const std::string& text) {
+  int count = -1;
+  const char* const end = text.data() + text.size();
+  const auto [rest, error] = std::from_chars(text.data(), end, count);
+  if (error != std::errc() || rest != end || count < 0 || count > 32767)
+    throw CLI::ValidationError(row.Name, "'" + text + "' is no count from 0 to 32767.");
+  return count;
+}
+
+/// Puts the text of an option where it belongs.
+struct TakeValue {
+  Arguments& To;
+  const OptionRow& Row;
+  const std::string& Text;
+
+  void operator()(std::monostate) const {}
+  void operator()(bool Arguments::*member) const { To.*member = true; }
+  void operator()(std::string Arguments::*member) const { To.*member = Text; }
+  void operator()(int Arguments::*member) const { To.*member = CountOf(Row, Text); }
+  void operator()(std::vector<int> Arguments::*member) const {
+    for (const std::string& id : Split(Text, ',')) (To.*member).push_back(CountOf(Row, id));
+  }
+  void operator()(const Choice& choice) const {
+    const auto words = Split(Row.Value, '|');
+    const auto word = std::find(words.begin(), words.end(), Text);
+    if (word == words.end())
+      throw CLI::ValidationError(Row.Name, "'" + Text + "' is none of " + Row.Value + ".");
+    To.*choice.Position = choice.First + static_cast<int>(word - words.begin());
+  }
 };
 
-void AddLaterOptions(CLI::App& app, LaterValues& later, std::vector<CLI::Option*>& options) {
-  for (std::size_t i = 0; i < std::size(LaterOptions); ++i) {
-    const LaterOption& row = LaterOptions[i];
-    const std::string help = std::string(row.Help) + " (not available yet)";
-    options.push_back(row.TakesValue
-                          ? app.add_option(row.Name, later.Values[i], help)->allow_extra_args(false)
-                          : app.add_flag(row.Name, later.Flags[i], help));
-  }
-}
-
-void AddOptions(CLI::App& app, Arguments& a, Names& filters) {
-  int index = 0;
-  for (const OpenFilter& filter : OpenFilters()) filters[filter.Name] = ++index;
-  const auto choice = [&app](const char* name, int& value, const Names& names, const char* help) {
-    app.add_option(name, value, help)
-        ->transform(CLI::CheckedTransformer(names).description(""))
-        ->type_name("NAME");
+/// Lets the parser know an option; a later one that is given is noted in `later`.
+void AddOption(CLI::App& app, Arguments& a, const OptionRow& row, std::string& later) {
+  const bool built = row.Place.index() != 0;
+  const std::string help = std::string(row.Help) + (built ? "" : " (not available yet)");
+  const auto take = [&a, &row, &later, built](const std::string& text) {
+    if (!built && later.empty()) later = row.Name;
+    std::visit(TakeValue{a, row, text}, row.Place);
   };
-  app.add_option("FILE", a.Files, "files to read, all by one reader, in this order")->type_name("");
-  choice("--format", a.Filter, filters,
-         "reader: ams, ran, are, asc, si2b, spin; else by extension");
-  app.add_flag("--reload", a.Reload, "reload after opening");
-  app.add_option("--next", a.Next, "after opening, open the next file N times")
-      ->check(CLI::Range(0, 1000000).description(""))
-      ->type_name("N");
-  app.add_option("--previous", a.Previous, "after opening, open the previous file N times")
-      ->check(CLI::Range(0, 1000000).description(""))
-      ->type_name("N");
-  app.add_option("--settings", a.SettingsFile, "settings file to use; mended when missing or bad")
-      ->type_name("FILE");
-  choice("--coor", a.CoorSys, CoorSysOption, "coordinates: spec, geo (default), paleo, tecto");
-  choice("--block", a.Block, BlockOption, "tensor: kre (in-phase, default), kim (out-of-phase)");
-  choice("--plane", a.Plane, PlaneOption, "the foliation becomes: horizontal (default), vertical");
-  choice("--axis", a.Axis, AxisOption,
-         "the lineation goes to: north (default), north-south, east, east-west");
-  app.add_option("--foli", a.FoliCode, "foliation code; default: the first in the data")
-      ->type_name("CODE");
-  app.add_option("--line", a.LineCode, "lineation code; default: the first in the data")
-      ->type_name("CODE");
-  for (auto [name, ids, help] : {std::tuple{"--select", &a.Select, "select records by number"},
-                                 std::tuple{"--disregard", &a.Disregard, "disregard records"}})
-    app.add_option(name, *ids, help)->delimiter(',')->allow_extra_args(false)->type_name("ID,...");
-  for (auto [name, file, help] :
-       {std::tuple{"--records", &a.Records, "every record as JSON, - for standard output"},
-        std::tuple{"--stats", &a.Stats, "the group statistics as JSON, - for standard output"},
-        std::tuple{"--save", &a.Save, "save all records (.ams)"},
-        std::tuple{"--save-selected", &a.SaveSelected, "save the selected records (.ams)"}})
-    app.add_option(name, *file, help)->type_name("FILE");
-  app.add_flag("--force", a.Force, "overwrite existing outputs");
-  app.add_flag("--quiet", a.Quiet, "no progress and no summary");
+  if (row.Value.empty()) {
+    app.add_flag_callback(
+        row.Name, [take] { take(""); }, help);
+    return;
+  }
+  const auto takeAll = [take](const std::vector<std::string>& texts) {
+    for (const std::string& text : texts) take(text);
+  };
+  CLI::Option* const option =
+      app.add_option_function<std::vector<std::string>>(row.Name, takeAll, help);
+  option->type_name(row.Value)->allow_extra_args(false)->expected(1);
+  option->multi_option_policy(row.Repeats ? CLI::MultiOptionPolicy::TakeAll
+                                          : CLI::MultiOptionPolicy::Throw);
 }
 
-/// What is wrong with arguments that parsed, or nothing.
+/// Whether two paths lead to one file, links and other spellings included.
+bool SameFile(const std::string& a, const std::string& b) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  if (fs::equivalent(PathOf(a), PathOf(b), error)) return true;
+  const auto place = [&error](const std::string& path) {
+    const fs::path full = fs::absolute(PathOf(path), error);
+    const fs::path found = fs::weakly_canonical(full, error);
+    return (error ? full : found).lexically_normal();
+  };
+  return a == b || place(a) == place(b);
+}
+
+/// What is wrong with the files named, or nothing. Settings are read, and written when bad: so they
+/// must be no file of another use.
+std::string FilesComplaint(const Arguments& a) {
+  const std::vector<std::string> outputs = a.Outputs();
+  for (auto output = outputs.begin(); output != outputs.end(); ++output) {
+    for (auto other = outputs.begin(); other != output; ++other)
+      if (SameFile(*other, *output)) return *output + " is named for two outputs.";
+    for (const std::string& input : a.Files)
+      if (SameFile(input, *output)) return *output + " is both read and written.";
+    if (!a.SettingsFile.empty() && SameFile(a.SettingsFile, *output))
+      return *output + " is the settings file.";
+  }
+  for (const std::string& input : a.Files)
+    if (!a.SettingsFile.empty() && SameFile(a.SettingsFile, input))
+      return input + " is the settings file.";
+  return {};
+}
+
+/// What is wrong with arguments that parsed, or nothing. Chooses the reader by the extension.
 std::string Complaint(Arguments& a) {
   if (a.Files.empty()) return "No FILE is given.";
   if (a.Filter == 0) a.Filter = FilterOfExtension(ExtensionOf(a.Files.front()));
@@ -118,36 +183,31 @@ std::string Complaint(Arguments& a) {
     if (extension == "RAN") return *file + ": writing RAN files is not available yet.";
     if (!file->empty() && extension != "AMS") return *file + ": records are saved as .ams files.";
   }
-  const std::vector<std::string> outputs = a.Outputs();
-  for (const std::string& output : outputs) {
-    if (std::count(outputs.begin(), outputs.end(), output) > 1)
-      return output + " is named for two outputs.";
-    for (const std::string& input : a.Files)
-      if (PathOf(output).lexically_normal() == PathOf(input).lexically_normal())
-        return output + " is both read and written.";
-  }
-  return {};
+  return FilesComplaint(a);
+}
+
+EarlyEnd WrongUsage(const std::string& text) {
+  return {2, text + "\nRun velorix-batch --help for the options.\n"};
 }
 
 }  // namespace
 
 std::vector<std::string> Arguments::Outputs() const {
   std::vector<std::string> outputs;
-  for (const std::string* output : {&Records, &Stats, &Save, &SaveSelected})
+  for (const std::string* output : {&Save, &SaveSelected, &Records, &Stats})
     if (!output->empty()) outputs.push_back(*output);
   return outputs;
 }
 
 std::variant<Arguments, EarlyEnd> ParseArguments(int argc, const char* const* argv) {
   Arguments a;
-  LaterValues later;
-  Names filters;
-  std::vector<CLI::Option*> laterOptions;
+  std::string later;
   CLI::App app("Velorix without a window: the same routines on the same files, for scripts.",
                "velorix-batch");
+  app.allow_windows_style_options(false);
   app.set_version_flag("--version", std::string("velorix-batch ") + Version);
-  AddOptions(app, a, filters);
-  AddLaterOptions(app, later, laterOptions);
+  app.add_option("FILE", a.Files, "files to read, all by one reader, in this order")->type_name("");
+  for (const OptionRow& row : Options) AddOption(app, a, row, later);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
@@ -157,8 +217,7 @@ std::variant<Arguments, EarlyEnd> ParseArguments(int argc, const char* const* ar
   } catch (const CLI::ParseError& error) {
     return WrongUsage(error.what());
   }
-  for (const CLI::Option* option : laterOptions)
-    if (option->count() > 0) return EarlyEnd{2, option->get_name() + " is not available yet.\n"};
+  if (!later.empty()) return EarlyEnd{2, later + " is not available yet.\n"};
   const std::string complaint = Complaint(a);
   if (!complaint.empty()) return WrongUsage(complaint);
   return a;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <iostream>
 
 #include "app/commands.h"
@@ -10,6 +11,7 @@
 #include "app/settings_file.h"
 #include "datafiles/safe_write.h"
 #include "platform/batch/json.h"
+#include "platform/batch/progress.h"
 #include "platform/batch/summary.h"
 #include "stats/gauss_random.h"
 #include "text/paths.h"
@@ -76,7 +78,9 @@ class Batch {
     if (!views_.Status.empty() && !dialogs_.Complained) std::cerr << views_.Status << "\n";
     if (!WriteOutputs()) return 1;
     if (a_.Outputs().empty() && !a_.Quiet) std::cout << Summary(velorix_);
-    return 0;
+    if (std::cout.flush()) return 0;
+    std::cerr << "Standard output could not be written.\n";
+    return 1;
   }
 
  private:
@@ -88,11 +92,22 @@ class Batch {
     return !dialogs_.Complained;
   }
 
+  /// What keeps an output from being begun, or nothing.
+  const char* Obstacle(const std::string& output) const {
+    if (output == "-") return nullptr;
+    const fs::path path = fs::absolute(PathOf(output));
+    if (fs::is_directory(path)) return "This is a folder.";
+    if (!fs::is_directory(path.parent_path())) return "There is no such folder.";
+    if (fs::exists(path) && !a_.Force)
+      return "This file already exists. Use --force to overwrite it.";
+    return nullptr;
+  }
+
+  /// Told before anything is read or written.
   bool OutputsAreFree() const {
-    if (a_.Force) return true;
     for (const std::string& output : a_.Outputs())
-      if (output != "-" && fs::exists(PathOf(output))) {
-        std::cerr << output << ": This file already exists. Use --force to overwrite it.\n";
+      if (const char* const obstacle = Obstacle(output)) {
+        std::cerr << output << ": " << obstacle << "\n";
         return false;
       }
     return true;
@@ -151,7 +166,9 @@ class Batch {
     };
     const bool foli = choose(a_.FoliCode, velorix_.Lists.odclFoli, velorix_.Session.FoliCode);
     const bool line = choose(a_.LineCode, velorix_.Lists.odclLine, velorix_.Session.LineCode);
-    if (foli || line) Guarded(velorix_, [&] { DisplayData(velorix_, false); });
+    if (!foli && !line) return;
+    views_.Status.clear();
+    Guarded(velorix_, [&] { DisplayData(velorix_, false); });
   }
 
   bool ChooseRecords() {
@@ -170,26 +187,31 @@ class Batch {
     return true;
   }
 
-  void Write(const std::string& output, const std::string& text) {
+  static void Write(const std::string& output, const std::function<void(std::ostream&)>& write) {
     if (output == "-")
-      std::cout << text;
-    else
-      SafeWrite(output, [&](std::ostream& out) { out << text; });
+      write(std::cout);
+    else if (!output.empty())
+      SafeWrite(output, write);
+  }
+
+  void WriteRecords(std::ostream& out) const {
+    Progress progress("Writing records", velorix_.Session.RecordCount(), !a_.Quiet && IsTerminal());
+    WriteRecordsJson(out, velorix_.Session, [&progress](int done) { progress.Tell(done); });
   }
 
   bool WriteOutputs() {
-    const bool written = Guarded(velorix_, [&] {
-      if (!a_.Records.empty()) Write(a_.Records, RecordsJson(velorix_.Session));
-      if (!a_.Stats.empty())
-        Write(a_.Stats, StatsJson(velorix_.GroupStats, velorix_.Session.Settings));
-    });
     const auto save = [&](const std::string& output, const char* command) {
       if (output.empty()) return true;
       dialogs_.Answers = {FileAnswer{Absolute(output), 1}};
       return Command(command);
     };
-    return written && save(a_.Save, "mnuSaveAs") && save(a_.SaveSelected, "mnuSaveSelectedAs") &&
-           std::cout.flush();
+    return save(a_.Save, "mnuSaveAs") && save(a_.SaveSelected, "mnuSaveSelectedAs") &&
+           Guarded(velorix_, [&] {
+             Write(a_.Records, [&](std::ostream& out) { WriteRecords(out); });
+             Write(a_.Stats, [&](std::ostream& out) {
+               WriteStatsJson(out, velorix_.GroupStats, velorix_.Session.Settings);
+             });
+           });
   }
 
   const Arguments& a_;

@@ -11,6 +11,8 @@ using Json = nlohmann::ordered_json;
 
 Json ToJson(double value) { return std::isfinite(value) ? Json(value) : Json(); }
 Json ToJson(float value) { return ToJson(static_cast<double>(value)); }
+Json ToJson(const Json& value) { return value; }
+Json ToJson(int value) { return value; }
 Json ToJson(const Number& value) { return ToJson(static_cast<double>(value)); }
 Json ToJson(std::int16_t value) { return value; }
 Json ToJson(bool value) { return value; }
@@ -42,12 +44,45 @@ Json ToJson(const Matrix<3, 3>& matrix) {
   return rows;
 }
 
-Json RecordJson(const SpecimenRecord& record) {
-  Json json = Json::object();
-  ForEachField(record, [&json](std::string_view name, const auto& field) {
-    if (name != "PlotX" && name != "PlotY") json[std::string(name)] = ToJson(field);
+/// Writes an object as it comes, a field a line: a full store's JSON is far larger than the store.
+class ObjectWriter {
+ public:
+  ObjectWriter(std::ostream& out, int depth) : out_(out), depth_(depth) { out_ << '{'; }
+
+  /// Begins a field; its value is written next.
+  std::ostream& Field(std::string_view name) {
+    NextLine(empty_ ? "" : ",", depth_ + 1);
+    empty_ = false;
+    return out_ << Text(std::string(name)) << ": ";
+  }
+  template <class T>
+  void Add(std::string_view name, const T& value) {
+    Field(name) << Text(ToJson(value));
+  }
+  void End() {
+    NextLine("", depth_);
+    out_ << '}';
+  }
+
+ private:
+  static std::string Text(const Json& json) {
+    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+  }
+  void NextLine(const char* before, int indent) {
+    out_ << before << '\n' << std::string(static_cast<std::size_t>(indent), ' ');
+  }
+
+  std::ostream& out_;
+  int depth_;
+  bool empty_ = true;
+};
+
+void WriteRecord(std::ostream& out, const SpecimenRecord& record) {
+  ObjectWriter object(out, 2);
+  ForEachField(record, [&object](std::string_view name, const auto& field) {
+    if (name != "PlotX" && name != "PlotY") object.Add(name, field);
   });
-  return json;
+  object.End();
 }
 
 /// A list of the slots for which `shown` holds, null for the others; one null when none does.
@@ -73,23 +108,30 @@ Json PointsJson(const GroupStats& stats) {
   return clouds;
 }
 
-std::string Text(const Json& json) {
-  return json.dump(1, ' ', false, Json::error_handler_t::replace) + "\n";
-}
-
 }  // namespace
 
-std::string RecordsJson(const Session& session) {
-  Json json = {{"CurrentFile", session.CurrentFile}, {"RecordCount", session.RecordCount()},
-               {"CoorSys", session.CoorSys},         {"ReImMode", session.ReImMode},
-               {"FoliCode", session.FoliCode},       {"LineCode", session.LineCode}};
-  json["Records"] = Json::array();
-  for (const SpecimenRecord& record : session.Records)
-    json["Records"].push_back(RecordJson(record));
-  return Text(json);
+void WriteRecordsJson(std::ostream& out, const Session& session,
+                      const std::function<void(int)>& tell) {
+  ObjectWriter object(out, 0);
+  object.Add("CurrentFile", session.CurrentFile);
+  object.Add("RecordCount", session.RecordCount());
+  object.Add("CoorSys", session.CoorSys);
+  object.Add("ReImMode", session.ReImMode);
+  object.Add("FoliCode", session.FoliCode);
+  object.Add("LineCode", session.LineCode);
+  object.Field("Records") << '[';
+  int done = 0;
+  for (const SpecimenRecord& record : session.Records) {
+    out << (done == 0 ? "\n  " : ",\n  ");
+    WriteRecord(out, record);
+    tell(++done);
+  }
+  out << (done == 0 ? "]" : "\n ]");
+  object.End();
+  out << '\n';
 }
 
-std::string StatsJson(const GroupStats& stats, const Settings& settings) {
+void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings) {
   const auto when = [](bool shown, const auto& field) { return shown ? ToJson(field) : Json(); };
   const bool mean = ShowsMean(stats), boot = ShowsBootstrap(stats);
   const bool deviations = ShowsDeviations(stats);
@@ -97,26 +139,27 @@ std::string StatsJson(const GroupStats& stats, const Settings& settings) {
   const auto meanFac = [&](int slot) { return ShowsMeanFac(stats, slot); };
   const auto avgFac = [&](int slot) { return ShowsAvgFac(stats, slot); };
   const auto sdFac = [&](int slot) { return deviations && avgFac(slot); };
-  Json json = Json::object();
-  json["GroupN"] = stats.GroupN;
-  json["MeanK"] = when(mean, stats.MeanK);
-  json["MeanVec"] = when(mean, stats.MeanVec);
-  json["MeanDec"] = when(mean, stats.MeanDec);
-  json["MeanInc"] = when(mean, stats.MeanInc);
-  json["MeanE1"] = SlotsJson(stats.MeanE1, error);
-  json["MeanE2"] = SlotsJson(stats.MeanE2, error);
-  json["MeanRot"] = SlotsJson(stats.MeanRot, error);
-  json["MeanFac"] = SlotsJson(stats.MeanFac, meanFac);
-  json["AvgKm"] = when(ShowsAvgKm(stats), stats.AvgKm);
-  json["AvgFac"] = SlotsJson(stats.AvgFac, avgFac);
-  json["SdKm"] = when(deviations && ShowsAvgKm(stats), stats.SdKm);
-  json["SdFac"] = SlotsJson(stats.SdFac, sdFac);
-  json["BootE1"] = when(boot, stats.BootE1);
-  json["BootE2"] = when(boot, stats.BootE2);
-  json["BootContour"] = when(boot, stats.BootContour);
-  json["BootPoints"] = boot ? PointsJson(stats) : Json();
-  json["FacName"] = ToJson(settings.FacName);
-  return Text(json);
+  ObjectWriter object(out, 0);
+  object.Add("GroupN", stats.GroupN);
+  object.Add("MeanK", when(mean, stats.MeanK));
+  object.Add("MeanVec", when(mean, stats.MeanVec));
+  object.Add("MeanDec", when(mean, stats.MeanDec));
+  object.Add("MeanInc", when(mean, stats.MeanInc));
+  object.Add("MeanE1", SlotsJson(stats.MeanE1, error));
+  object.Add("MeanE2", SlotsJson(stats.MeanE2, error));
+  object.Add("MeanRot", SlotsJson(stats.MeanRot, error));
+  object.Add("MeanFac", SlotsJson(stats.MeanFac, meanFac));
+  object.Add("AvgKm", when(ShowsAvgKm(stats), stats.AvgKm));
+  object.Add("AvgFac", SlotsJson(stats.AvgFac, avgFac));
+  object.Add("SdKm", when(deviations && ShowsAvgKm(stats), stats.SdKm));
+  object.Add("SdFac", SlotsJson(stats.SdFac, sdFac));
+  object.Add("BootE1", when(boot, stats.BootE1));
+  object.Add("BootE2", when(boot, stats.BootE2));
+  object.Add("BootContour", when(boot, stats.BootContour));
+  object.Add("BootPoints", boot ? PointsJson(stats) : Json());
+  object.Add("FacName", settings.FacName);
+  object.End();
+  out << '\n';
 }
 
 }  // namespace velorix

@@ -1,19 +1,23 @@
 #pragma once
 
-#include <string>
+#include <functional>
+#include <ostream>
 
 #include "app/velorix.h"
 
 namespace velorix {
 
-// JSON for scripts. Numbers read back to the same 64-bit value; what is not finite is null. Arrays
-// are written from their first slot, matrices as lists of rows.
+// JSON for scripts, a field a line. Numbers read back to the same 64-bit value, 32-bit ones to the
+// 64-bit value that they widen to; what is not finite is null, an unset number is 0. Arrays are
+// written from their first slot, matrices as lists of rows.
 
-/// The store: file, view, and every record with every field under its own name.
-std::string RecordsJson(const Session& session);
+/// The store: file, view, and every record with every field under its own name. `tell` gets the
+/// number of records written so far.
+void WriteRecordsJson(std::ostream& out, const Session& session,
+                      const std::function<void(int)>& tell);
 
 /// The group statistics under the names of their fields; null where the group is too small for a
 /// field, or the statistics failed before it.
-std::string StatsJson(const GroupStats& stats, const Settings& settings);
+void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings);
 
 }  // namespace velorix

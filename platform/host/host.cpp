@@ -80,7 +80,8 @@ Host MakeHost(const std::string& executablePath) {
   fs::path folder = PathOf(executablePath).parent_path();
   if (!CanWrite(folder)) {
     folder = UserDataFolder();
-    fs::create_directories(folder);
+    std::error_code ignored;  // whoever writes there hears of it
+    fs::create_directories(folder, ignored);
   }
   return {Utf8Of(folder), Utf8Of(DataRootFolder()), ListFolder};
 }
