@@ -11,8 +11,8 @@ namespace velorix {
 std::string ExecutablePath(const std::string& argv0);
 
 /// What the program asks of this system. `AppFolder` is the folder of the executable when it can be
-/// written, otherwise the user's data folder for this program, which is made; `DataRoot` is
-/// Zelmor/Data in the user's home, on Windows the fixed C:\Zelmor\Data.
+/// written, otherwise the user's data folder for this program, which is made if it can be;
+/// `DataRoot` is Zelmor/Data in the user's home, on Windows the fixed C:\Zelmor\Data.
 Host MakeHost(const std::string& executablePath);
 
 /// Names of the regular files in `folder` with `extension`, in any case, in the order in which file

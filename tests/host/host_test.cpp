@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -10,6 +10,8 @@
 
 namespace velorix {
 namespace {
+
+namespace fs = std::filesystem;
 
 TEST(NameBefore, OrdersNamesAsPeopleDo) {
   const std::vector<std::string> ordered = {"A1.ams", "a2.ams",  "a10.ams", "a010b.ams", "B.ams",
@@ -27,27 +29,60 @@ TEST(NameBefore, TellsNamesApartThatDifferInCaseOrZerosAlone) {
 }
 
 TEST(ListFolder, TakesRegularFilesOfTheExtensionInAnyCase) {
-  const auto folder = std::filesystem::temp_directory_path() / "velorix-ListFolder";
-  std::filesystem::remove_all(folder);
-  std::filesystem::create_directories(folder / "sub.ams");
+  const auto folder = fs::temp_directory_path() / "velorix-ListFolder";
+  fs::remove_all(folder);
+  fs::create_directories(folder / "sub.ams");
   for (const char* name : {"b10.ams", "b9.AMS", "c.ran", "ams", "d.ams.bak"})
     std::ofstream(folder / name) << "x";
   EXPECT_EQ(ListFolder(Utf8Of(folder), "ams"), (std::vector<std::string>{"b9.AMS", "b10.ams"}));
   EXPECT_TRUE(ListFolder(Utf8Of(folder / "gone"), "ams").empty());
-  std::filesystem::remove_all(folder);
+  fs::remove_all(folder);
 }
 
+#ifndef _WIN32
+/// The variables that say where the user's folders are, put back at the end.
+struct UserFolders {
+  std::string Home = ValueOf("HOME"), Data = ValueOf("XDG_DATA_HOME");
+
+  static std::string ValueOf(const char* name) {
+    const char* const value = std::getenv(name);
+    return value ? value : "";
+  }
+  static void Set(const std::string& home, const std::string& data) {
+    setenv("HOME", home.c_str(), 1);
+    setenv("XDG_DATA_HOME", data.c_str(), 1);
+  }
+  ~UserFolders() { Set(Home, Data); }
+};
+
 TEST(MakeHost, UsesTheProgramsFolderOnlyWhenItCanBeWritten) {
-  const auto folder = std::filesystem::temp_directory_path() / "velorix-MakeHost";
-  std::filesystem::create_directories(folder / "bin");
-  EXPECT_EQ(MakeHost(Utf8Of(folder / "bin" / "velorix")).AppFolder, Utf8Of(folder / "bin"));
-  EXPECT_TRUE(std::filesystem::is_empty(folder / "bin"));
-  const Host elsewhere = MakeHost(Utf8Of(folder / "gone" / "velorix"));
-  EXPECT_TRUE(std::filesystem::is_directory(PathOf(elsewhere.AppFolder)));
-  EXPECT_EQ(BaseName(elsewhere.AppFolder), "velorix");
-  EXPECT_EQ(PathOf(elsewhere.DataRoot).filename(), "Data");
-  std::filesystem::remove_all(folder);
+  const UserFolders before;
+  const fs::path folder = fs::temp_directory_path() / "velorix-MakeHost";
+  fs::remove_all(folder);
+  fs::create_directories(folder / "bin");
+  const std::string home = Utf8Of(folder / "home"), data = Utf8Of(folder / "data");
+  const auto here = Utf8Of(folder / "bin" / "velorix"), gone = Utf8Of(folder / "gone" / "velorix");
+  // clang-format off
+  const struct {
+    std::string program, data, appFolder;
+  } cases[] = {{here, data,       Utf8Of(folder / "bin")},
+               {gone, data,       data + "/velorix"},
+               {gone, "",         home + "/.local/share/velorix"},
+               {gone, "relative", home + "/.local/share/velorix"}};
+  // clang-format on
+  for (const auto& c : cases) {
+    UserFolders::Set(home, c.data);
+    const Host host = MakeHost(c.program);
+    EXPECT_EQ(host.AppFolder, c.appFolder);
+    EXPECT_TRUE(fs::is_directory(PathOf(host.AppFolder)));
+    EXPECT_EQ(host.DataRoot, home + "/Zelmor/Data");
+  }
+  EXPECT_TRUE(fs::is_empty(folder / "bin"));
+  UserFolders::Set("/dev/null", "");  // no folder can be made there: told when it is written to
+  EXPECT_EQ(MakeHost(gone).AppFolder, "/dev/null/.local/share/velorix");
+  fs::remove_all(folder);
 }
+#endif
 
 }  // namespace
 }  // namespace velorix
