@@ -6,7 +6,9 @@ namespace {
 /// Strike sticks on the rim. An unselected record gets one, a selected one the two at right angles
 /// to its dip direction: this difference is wanted.
 void DrawSticks(const StereoView& view, double poleDec, bool selected, Colour colour) {
+  constexpr double NoDeclination = 30000;  // a damaged file may hold any number
   const auto stick = [&](double dec) {
+    if (std::fabs(dec) > NoDeclination) return;
     const auto type = static_cast<std::int16_t>(1000 + ToShort(dec));
     DrawNetSymbol(view.target, view.net, EqualArea, {dec, 0}, type, view.SymbolSize(1), White,
                   {.colour = colour});

@@ -110,9 +110,10 @@ std::optional<ColourCoding> DrawColourScale(const StereoView& view) {
   const ScalePlace place = PlaceOf(view);
   const ColourCoding coding = {ParameterScale(view.options.odclStereoColorCoding, lower, upper),
                                place.perAxis};
-  if (place.axesOn == 0) return coding;
-  DrawBars(view, place);
-  if (coding.scale.upper > coding.scale.lower) DrawTicks(view, place, coding.scale);
+  if (place.axesOn > 0) {
+    DrawBars(view, place);
+    if (coding.scale.upper > coding.scale.lower) DrawTicks(view, place, coding.scale);
+  }
   DrawTitle(view, place, coding.scale);
   return coding;
 }
