@@ -29,6 +29,23 @@ struct Result {
   std::string Out, Err;
 };
 
+SpecimenRecord Record(const std::string& name, int i) {
+  SpecimenRecord r;
+  r.Name = name;
+  r.Active = r.HasCoor[1] = r.HasCoor[2] = true;
+  r.OP = {6, 0, 6, 0};
+  r.OrientAz = static_cast<float>(30 * i);
+  r.OrientInc = 20;
+  r.FoliName[1] = "S0";
+  r.FoliAz[1] = 120;
+  r.FoliDip[1] = 40;
+  r.Field = 12.3f;
+  r.RunStamp = {1, 2, 3, 4, 5, 6, 7, 255};
+  const double tensor[] = {1.05, 1.0, 0.95, 0.01 * i, 0.02, -0.01};
+  for (int c = 1; c <= 6; ++c) r.Tensor[c] = static_cast<float>(tensor[c - 1]);
+  return r;
+}
+
 class Batch : public testing::Test {
  protected:
   Batch() {
@@ -55,26 +72,13 @@ class Batch : public testing::Test {
 #endif
   }
 
-  static SpecimenRecord Record(const std::string& name, int i) {
-    SpecimenRecord r;
-    r.Name = name;
-    r.Active = r.HasCoor[1] = r.HasCoor[2] = true;
-    r.OP = {6, 0, 6, 0};
-    r.OrientAz = static_cast<float>(30 * i);
-    r.OrientInc = 20;
-    r.FoliName[1] = "S0";
-    r.FoliAz[1] = 120;
-    r.FoliDip[1] = 40;
-    r.Field = 12.3f;
-    r.RunStamp = {1, 2, 3, 4, 5, 6, 7, 255};
-    const double tensor[] = {1.05, 1.0, 0.95, 0.01 * i, 0.02, -0.01};
-    for (int c = 1; c <= 6; ++c) r.Tensor[c] = static_cast<float>(tensor[c - 1]);
-    return r;
-  }
   void WriteFile(const std::string& name, int count) const {
     RecordArray records;
     for (int i = 1; i <= count; ++i) records.Add(Record(name + std::to_string(i), i));
-    ASSERT_TRUE(WriteAmsFile(Utf8Of(Folder / PathOf(name + ".ams")), records, false, true));
+    WriteRecords(name + ".ams", records);
+  }
+  void WriteRecords(const std::string& file, const RecordArray& records) const {
+    ASSERT_TRUE(WriteAmsFile(Utf8Of(Folder / PathOf(file)), records, false, true));
   }
 
   fs::path Folder;
@@ -122,17 +126,18 @@ TEST_F(Batch, GivesNullForStatisticsThatAGroupIsTooSmallFor) {
   EXPECT_EQ(six["FacName"][0], "L");
 }
 
+/// Specimens too much alike for the statistics.
+SpecimenRecord Alike(const std::string& name) {
+  SpecimenRecord r = Record(name, 0);
+  r.OrientInc = r.OrientAz = r.FoliAz[1] = r.FoliDip[1] = 0;
+  r.Tensor = {Number(1.1f), Number(1.0f), Number(0.9f), Number(0.0f), Number(0.0f), Number(0.0f)};
+  return r;
+}
+
 TEST_F(Batch, GoesOnAfterStatisticsThatFail) {
   RecordArray records;
-  for (int i = 1; i <= 5; ++i) {
-    SpecimenRecord r = Record("same", 0);
-    r.OrientInc = 0;
-    r.OrientAz = 0;
-    const float tensor[] = {1.1f, 1.0f, 0.9f};
-    for (int c = 1; c <= 6; ++c) r.Tensor[c] = c <= 3 ? tensor[c - 1] : 0.0f;
-    records.Add(r);
-  }
-  ASSERT_TRUE(WriteAmsFile(Utf8Of(Folder / "same.ams"), records, false, true));
+  for (int i = 1; i <= 5; ++i) records.Add(Alike("same"));
+  WriteRecords("same.ams", records);
   const Result result = Run("--stats - same.ams");
   EXPECT_EQ(result.Status, 0);
   EXPECT_NE(result.Err.find("Division by zero"), std::string::npos) << result.Err;
@@ -140,6 +145,16 @@ TEST_F(Batch, GoesOnAfterStatisticsThatFail) {
   EXPECT_EQ(json["GroupN"], 5);
   EXPECT_FALSE(json["MeanK"].is_null());
   EXPECT_TRUE(json["AvgKm"].is_null());
+}
+
+TEST_F(Batch, TellsFailedStatisticsOfTheChosenViewOnly) {
+  RecordArray records;
+  for (int i = 1; i <= 5; ++i) records.Add(Alike("same"));
+  for (int i = 1; i <= 5; ++i) records.Add(Record("other", i));
+  for (int i = 6; i <= 10; ++i) records[i].FoliName[1] = "S1";
+  WriteRecords("two.ams", records);
+  EXPECT_NE(Run("--coor paleo two.ams").Err, "");  // S0, the first found
+  EXPECT_EQ(Run("--coor paleo --foli S1 two.ams").Err, "");
 }
 
 TEST_F(Batch, WritesNullForWhatIsNotFinite) {
@@ -151,7 +166,7 @@ TEST_F(Batch, WritesNullForWhatIsNotFinite) {
   record.Tensor[2] = NotANumber;
   record.FTest[1] = -Infinity;
   records.Add(record);
-  ASSERT_TRUE(WriteAmsFile(Utf8Of(Folder / "wild.ams"), records, false, true));
+  WriteRecords("wild.ams", records);
   const Result result = Run("--records - wild.ams");
   EXPECT_EQ(result.Status, 0) << result.Err;
   const auto json = Parsed(result.Out)["Records"][0];
