@@ -1,6 +1,7 @@
 #include "plot/net_curves.h"
 
 #include <cmath>
+#include <optional>
 #include <vector>
 
 #include "base/rounding.h"
@@ -30,6 +31,18 @@ struct Degrees {
 const Degrees& WholeDegrees() {
   static const Degrees table;
   return table;
+}
+
+/// `x` rounded to a whole number, where that is beyond doubt: it lies within the range of any
+/// screen or page, and not so near to a half that the way it was computed decides.
+std::optional<std::int32_t> RoundBeyondDoubt(double x, double doubt) {
+  constexpr double Shift = 1 << 20;  // makes it positive, so that cutting off rounds down
+  const double shifted = x + Shift + 0.5;
+  if (!(shifted > 0 && shifted < 2 * Shift)) return std::nullopt;
+  const auto whole = static_cast<std::int32_t>(shifted);
+  const double rest = shifted - whole;
+  if (rest < doubt || rest > 1 - doubt) return std::nullopt;
+  return whole - static_cast<std::int32_t>(Shift);
 }
 
 /// Collects the points of a curve that is given by vectors, and draws them arc by arc.
@@ -72,63 +85,66 @@ class Curve {
     return ToLogical(p.x, p.y);
   }
 
-  /// The same point straight from the vector, without an arc function: in the equal-area net the
-  /// horizontal part has the length sqrt(1 - |z|). Close to the border between two pixels the way
-  /// by the direction decides, since its 32-bit constants do.
+  /// The same point straight from the vector, without an arc function. In the equal-area net the
+  /// horizontal part h gets the length sqrt(1 - |z| / l), and h h = (l - |z|) (l + |z|), so it is
+  /// multiplied by 1 / sqrt(l (l + |z|)). Close to the border between two pixels the way by the
+  /// direction decides, since its 32-bit constants do.
   LogicalPoint Place(const Vector<3>& w) const {
-    const double h2 = w[1] * w[1] + w[2] * w[2], length = std::sqrt(h2 + w[3] * w[3]);
-    if (projection_ != EqualArea || h2 < 1e-12 * length * length) return PlaceByDirection(w);
-    const double r = std::sqrt(1 - std::fabs(w[3]) / length) / std::sqrt(h2);
-    const double scale = 0.5 * net_.diameter * (!showUpper_ && w[3] < 0 ? -r : r);
-    const double x = net_.cx + scale * w[2], y = net_.cy - scale * w[1];
-    if (IsAmbiguous(x) || IsAmbiguous(y)) return PlaceByDirection(w);
-    return ToLogical(x, y);
-  }
-  bool IsAmbiguous(double x) const {
-    return std::fabs(x - std::floor(x) - 0.5) < 1e-4 + 1e-6 * net_.diameter;
+    const double h2 = w[1] * w[1] + w[2] * w[2], l2 = h2 + w[3] * w[3], l = std::sqrt(l2);
+    if (projection_ != EqualArea || h2 < 1e-12 * l2) return PlaceByDirection(w);
+    const double scale = 0.5 * net_.diameter / std::sqrt(l * (l + std::fabs(w[3])));
+    const double side = !showUpper_ && w[3] < 0 ? -scale : scale;
+    const auto x = RoundBeyondDoubt(net_.cx + side * w[2], doubt_);
+    const auto y = RoundBeyondDoubt(net_.cy - side * w[1], doubt_);
+    return x && y ? LogicalPoint{*x, *y} : PlaceByDirection(w);
   }
 
   Target& target_;
   const Net net_;
   const Projection projection_;
   const bool showUpper_;
+  const double doubt_ = 1e-4 + 1e-6 * net_.diameter;
   Pen pen_;
   std::vector<LogicalPoint> points_;
   int sign_ = 0;
 };
 
-/// The points of an ellipse as vectors, a in whole degrees.
+/// The sum a A + b B + c C.
+Vector<3> Combined(double a, const Vector<3>& A, double b, const Vector<3>& B, double c,
+                   const Vector<3>& C) {
+  return {a * A[1] + b * B[1] + c * C[1], a * A[2] + b * B[2] + c * C[2],
+          a * A[3] + b * B[3] + c * C[3]};
+}
+
+Vector<3> ColumnOf(const Matrix<3, 3>& M, int k) { return {M(1, k), M(2, k), M(3, k)}; }
+
+/// The points of an ellipse as vectors, a in whole degrees: cos(a) toward one semi-axis, sin(a)
+/// toward the other, cos(rho) along the direction.
 class EllipseVectors {
  public:
-  explicit EllipseVectors(const ConfidenceEllipse& e)
-      : e_(e),
-        sinE1_(std::sin(e.E1 / DegPerRad)),
-        sinE2_(std::sin(e.E2 / DegPerRad)),
-        cosR_(std::cos(-e.rotation / DegPerRad)),
-        sinR_(std::sin(-e.rotation / DegPerRad)) {
+  explicit EllipseVectors(const ConfidenceEllipse& e) {
+    const int i2 = e.axis % 3 + 1, i3 = i2 % 3 + 1;
+    const Vector<3> second = ColumnOf(e.vectors, i2), third = ColumnOf(e.vectors, i3);
+    const double cosR = std::cos(-e.rotation / DegPerRad), sinR = std::sin(-e.rotation / DegPerRad);
+    const double sinE1 = std::sin(e.E1 / DegPerRad), sinE2 = std::sin(e.E2 / DegPerRad);
+    along_ = ColumnOf(e.vectors, e.axis);
+    first_ = Combined(sinE1 * cosR, third, sinE1 * sinR, second, 0, along_);
+    second_ = Combined(-sinE2 * sinR, third, sinE2 * cosR, second, 0, along_);
     // rho repeats in the four quarters, so a quarter of the roots and cosines is enough; what the
     // table's last digits differ by lies far below a pixel.
     for (int a = 0; a <= 90; ++a) {
-      const double c = WholeDegrees().cosine[a], s = WholeDegrees().sine[a];
-      const double rho = std::sqrt(e.E1 * e.E1 * c * c + e.E2 * e.E2 * s * s);
-      cosRho_[a] = std::cos(rho / DegPerRad);
+      const double c = e.E1 * WholeDegrees().cosine[a], s = e.E2 * WholeDegrees().sine[a];
+      cosRho_[a] = std::cos(std::sqrt(c * c + s * s) / DegPerRad);
     }
   }
   Vector<3> At(int a) const {
-    const int i2 = e_.axis % 3 + 1, i3 = i2 % 3 + 1;
-    const double c = sinE1_ * WholeDegrees().cosine[a], s = sinE2_ * WholeDegrees().sine[a];
-    Vector<3> v, w;
     const int half = a <= 180 ? a : 360 - a;
-    v[e_.axis] = cosRho_[half <= 90 ? half : 180 - half];
-    v[i3] = c * cosR_ - s * sinR_;
-    v[i2] = c * sinR_ + s * cosR_;
-    Mvmpy(e_.vectors, v, w);
-    return w;
+    return Combined(WholeDegrees().cosine[a], first_, WholeDegrees().sine[a], second_,
+                    cosRho_[half <= 90 ? half : 180 - half], along_);
   }
 
  private:
-  const ConfidenceEllipse& e_;
-  double sinE1_, sinE2_, cosR_, sinR_;
+  Vector<3> first_, second_, along_;
   Slots<double, 0, 90> cosRho_;
 };
 
@@ -152,10 +168,9 @@ void DrawGreatCircle(Target& target, const Net& net, Projection projection, int 
   if (!std::isfinite(pole.Dec) || !std::isfinite(pole.Inc)) return;
   Matrix<3, 3> R;
   Mxmpy(VerticalRotation(pole.Dec), AxisRotation({0, 1, 0}, -pole.Inc), R);
-  const auto at = [&R](int a) {
-    Vector<3> w;
-    Mvmpy(R, Vector<3>{0, WholeDegrees().cosine[a], WholeDegrees().sine[a]}, w);
-    return w;
+  const Vector<3> along = ColumnOf(R, 1), first = ColumnOf(R, 2), second = ColumnOf(R, 3);
+  const auto at = [&](int a) {
+    return Combined(WholeDegrees().cosine[a], first, WholeDegrees().sine[a], second, 0, along);
   };
   Curve curve(target, net, projection, showUpper, pen);
   curve.Start(at(0));
