@@ -1,5 +1,6 @@
 #include "app/save.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "datafiles/ams_file.h"
@@ -36,7 +37,20 @@ void Report(Velorix& velorix, const Outcome& outcome) {
   if (!outcome && !outcome.Text.empty()) velorix.Dialogs.Ask(outcome.Title, outcome.Text, {"&OK"});
 }
 
+/// Whether there is something to save; the user hears it when there is not. Writers take the old
+/// file away when they get nothing to write, so it must not come to that by an oversight.
+bool HasRecords(Velorix& velorix, const char* title, bool all) {
+  const RecordArray& records = velorix.Session.Records;
+  if (std::any_of(records.begin(), records.end(),
+                  [all](const SpecimenRecord& r) { return all || r.Selected; }))
+    return true;
+  velorix.Dialogs.Ask(title, all ? "There is no record to save." : "No record is selected.",
+                      {"&OK"});
+  return false;
+}
+
 void AskAndSave(Velorix& velorix, const char* title, bool all) {
+  if (!HasRecords(velorix, title, all)) return;
   FileQuestion question;
   question.Title = title;
   question.Folder = velorix.Session.DataFolder;

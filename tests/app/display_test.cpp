@@ -188,6 +188,12 @@ TEST_F(Display, SavesUnderANewNameAndAsksBeforeItOverwrites) {
   EXPECT_EQ(Asked.FileQuestions.back().Filter, "AMS file (*.ams)|*.ams|RAN file (*.ran)|*.ran|");
   EXPECT_EQ(std::filesystem::file_size(Folder / "copy.ams"), 3u * 640);
 
+  Asked.Boxes.clear();
+  Menu("mnuSaveSelectedAs");  // nothing is selected: told before a name is asked for
+  EXPECT_EQ(Asked.Boxes,
+            std::vector<std::string>{"Save Selected Record(s) As|No record is selected.|&OK"});
+  EXPECT_EQ(Asked.FileQuestions.size(), 2u);
+
   SelectRecords(Program, {2});
   Asked.Buttons = {1, 0};  // "&No" shows the dialog again
   Asked.Files = {FileAnswer{Path("copy.ams"), 1}, FileAnswer{Path("copy.ams"), 1}};
@@ -234,6 +240,26 @@ TEST_F(Display, AFailureInACommandIsToldAndTheViewsFollowTheStore) {
   EXPECT_EQ(Asked.Boxes.back(), "Velorix5|Sub Mxmpy: Dimension mismatch|&OK");
   EXPECT_EQ(Seen.Status, "Sub Mxmpy: Dimension mismatch");
   EXPECT_EQ(Seen.Grids, grids + 1);
+}
+
+TEST_F(Display, StatisticsThatFailAreToldBesideTheViewsAndTheNextCommandWorks) {
+  SpecimenRecord same = Record("same");
+  same.OrientAz = same.OrientInc = 0;
+  const float diagonal[] = {1.1f, 1.0f, 0.9f, 0, 0, 0};
+  for (int i = 1; i <= 6; ++i) same.Tensor[i] = diagonal[i - 1];
+  RecordArray records;
+  for (int i = 0; i < 5; ++i) records.Add(same);
+  ASSERT_TRUE(WriteAmsFile(Path("same.ams"), records, false, true));
+  const int grids = Seen.Grids;
+  OpenFile(Path("same.ams"));
+  EXPECT_TRUE(Asked.Boxes.empty());
+  EXPECT_NE(Seen.Status.find("Division by zero"), std::string::npos) << Seen.Status;
+  EXPECT_EQ(Seen.Grids, grids + 1);
+  EXPECT_TRUE(Seen.Caption.ends_with("(N = 5)")) << Seen.Caption;
+  EXPECT_EQ(Program.GroupStats.GroupN, 5);
+  EXPECT_NE(Program.GroupStats.Reached, GroupStats::All);
+  OpenFile(WriteFile("a", 3));
+  EXPECT_EQ(Program.GroupStats.Reached, GroupStats::All);
 }
 
 TEST(CompactPath, ShortensTheFoldersAndKeepsTheName) {
