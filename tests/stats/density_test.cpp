@@ -1,0 +1,296 @@
+#include "stats/density.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <numeric>
+#include <random>
+
+#include "base/fault.h"
+#include "base/rounding.h"
+#include "stats/density_sums.h"
+#include "tensor/directions.h"
+
+namespace velorix {
+namespace {
+
+ContourData RandomData(int count, unsigned seed) {
+  std::mt19937 random(seed);
+  std::uniform_real_distribution<double> uniform(0, 1);
+  ContourData data;
+  for (int i = 0; i < count; ++i)
+    data.Add(360 * uniform(random), std::asin(uniform(random)) * DegPerRad);
+  return data;
+}
+
+/// Directions within a few degrees of one.
+ContourData Cluster(int count, double dec, double inc) {
+  std::mt19937 random(7);
+  std::normal_distribution<double> noise(0, 3);
+  ContourData data;
+  for (int i = 0; i < count; ++i) data.Add(dec + noise(random), inc + noise(random));
+  return data;
+}
+
+/// The sum at one node as it is told, term by term.
+float PlainSum(float x, float y, float z, const ContourData& data, float smooth) {
+  float density = 0;
+  for (std::size_t d = 0; d < data.X.size(); ++d) {
+    const float c = std::abs(x * data.X[d] + y * data.Y[d] + z * data.Z[d]);
+    density = static_cast<float>(density + std::exp(static_cast<double>(smooth * c * c)));
+  }
+  return density;
+}
+
+struct Density : ::testing::Test {
+  Density() { BuildContourGrid(Grid, 0, 300, 3); }
+  std::size_t At(int i, int j) const { return static_cast<std::size_t>(Grid.Index(i, j)); }
+  float Of(int i, int j) const { return Grid.Density[At(i, j)]; }
+  bool Run(const ContourData& data, int smooth, int threads = 1) {
+    return CountDensity(Grid, data, static_cast<std::int16_t>(smooth), Count, {}, threads);
+  }
+  template <class Visit>
+  void ForComputed(Visit visit) const {
+    for (int j = 0; j <= 300; j += 3)
+      for (int i = 0; i <= 300; i += 3)
+        if (Grid.Inside[At(i, j)]) visit(i, j);
+  }
+
+  ContourGrid Grid;
+  DensityCount Count;
+};
+
+// Every count of nodes and data, so that no tail of a block is forgotten.
+TEST(SumDensity, EqualsThePlainLoopBitForBit) {
+  for (const float smooth : {0.0f, 1.0f, 20.0f, 50.0f, 88.0f, -30.0f})
+    for (const int nodeCount : {1, 2, 7, 8, 15, 16, 31, 33, 77, 101})
+      for (const int count : {0, 1, 3, 64, 65, 500}) {
+        const ContourData nodes = RandomData(nodeCount, 11), data = RandomData(count, 12);
+        const std::size_t size = nodes.X.size();
+        std::vector<float> sums(size, -1);
+        SumDensity({nodes.X.data(), nodes.Y.data(), nodes.Z.data(), size},
+                   {data.X.data(), data.Y.data(), data.Z.data(), data.X.size()}, smooth,
+                   sums.data());
+        for (std::size_t n = 0; n < size; ++n)
+          ASSERT_EQ(std::bit_cast<std::uint32_t>(sums[n]),
+                    std::bit_cast<std::uint32_t>(
+                        PlainSum(nodes.X[n], nodes.Y[n], nodes.Z[n], data, smooth)))
+              << "smooth " << smooth << ", node " << n << " of " << size << ", data " << count;
+      }
+}
+
+TEST_F(Density, IsThePlainSumInMultiplesOfItsMean) {
+  const ContourData data = RandomData(137, 1);
+  ASSERT_TRUE(Run(data, 20));
+  double total = 0;
+  ForComputed([&](int i, int j) {
+    const std::size_t n = At(i, j);
+    total += PlainSum(Grid.X[n], Grid.Y[n], Grid.Z[n], data, 20);
+  });
+  const double mean = total / 7845;
+  ForComputed([&](int i, int j) {
+    const std::size_t n = At(i, j);
+    ASSERT_EQ(Of(i, j),
+              static_cast<float>(PlainSum(Grid.X[n], Grid.Y[n], Grid.Z[n], data, 20) / mean));
+  });
+  EXPECT_EQ(Count.ContourNodeCount, 7845);
+  EXPECT_EQ(Count.ContourDataCount, 137);
+}
+
+TEST_F(Density, HasAMeanOfOneOverTheComputedNodes) {
+  for (const int smooth : {1, 20, 80}) {
+    ASSERT_TRUE(Run(RandomData(50, 2), smooth));
+    double total = 0;
+    ForComputed([&](int i, int j) { total += Of(i, j); });
+    EXPECT_NEAR(total / 7845, 1, 1e-6) << smooth;
+  }
+}
+
+TEST_F(Density, OfOneDatumPeaksThereAndAtItsOppositeEnd) {
+  ContourData data;
+  data.Add(90, 0);  // the rim: right and left
+  ASSERT_TRUE(Run(data, 20));
+  EXPECT_EQ(Of(300, 150), Count.ContourMax);
+  EXPECT_FLOAT_EQ(Of(0, 150), Count.ContourMax);
+  for (int i = 150; i < 300; i += 3) EXPECT_LT(Of(i, 150), Of(i + 3, 150)) << i;
+  // Right across the direction the weight is exp(0), the least.
+  EXPECT_FLOAT_EQ(Of(150, 0), Count.ContourMin);
+  EXPECT_NEAR(Count.ContourMax / Count.ContourMin, std::exp(20.0), std::exp(20.0) * 1e-5);
+}
+
+TEST_F(Density, TakesADirectionAndItsOppositeAlike) {
+  ContourData data, opposite;
+  for (const auto& [dec, inc] : {std::pair{20.0, 30.0}, {140.0, 5.0}, {300.0, 80.0}}) {
+    data.Add(dec, inc);
+    opposite.Add(dec, inc);
+    for (auto* component : {&opposite.X, &opposite.Y, &opposite.Z})
+      component->back() = -component->back();
+  }
+  ASSERT_TRUE(Run(data, 20));
+  const std::vector<float> density = Grid.Density;
+  ASSERT_TRUE(Run(opposite, 20));
+  EXPECT_EQ(Grid.Density, density);
+}
+
+TEST_F(Density, TurnsWithTheData) {
+  const ContourData data = RandomData(60, 3);
+  ContourData turned;
+  for (std::size_t d = 0; d < data.Dec.size(); ++d) turned.Add(data.Dec[d] + 90, data.Inc[d]);
+  ASSERT_TRUE(Run(data, 20));
+  const std::vector<float> density = Grid.Density;
+  ASSERT_TRUE(Run(turned, 20));
+  // East and west the nodes' declinations stand on an arc sine near 1, true to 0.02 degrees.
+  ForComputed([&](int i, int j) {
+    const float before = density[At(i, j)];
+    ASSERT_NEAR(Of(300 - j, i), before, 4e-3f * (1 + before)) << i << " " << j;
+  });
+}
+
+TEST_F(Density, IsSharperWithAGreaterSmooth) {
+  float last = 1;
+  for (const int smooth : {1, 5, 20, 50, 80}) {
+    ASSERT_TRUE(Run(Cluster(20, 200, 40), smooth));
+    EXPECT_GT(Count.ContourMax, last) << smooth;
+    last = Count.ContourMax;
+  }
+  const Direction peak = {Grid.Dec[Count.MaxNode], Grid.Inc[Count.MaxNode]};
+  EXPECT_LT(AngleBetween(peak, {200, 40}), 5);
+}
+
+TEST_F(Density, WithASmoothOfZeroIsUniform) {
+  ASSERT_TRUE(Run(RandomData(77, 4), 0));
+  for (std::size_t n = 0; n < Grid.Density.size(); ++n)
+    ASSERT_EQ(Grid.Density[n], Grid.Inside[n] ? 1 : 0);
+  EXPECT_EQ(LevelsOf(Count.ContourMax).Values, std::vector<std::int16_t>{1});
+}
+
+TEST_F(Density, LiesOnStraightLinesBetweenComputedNodes) {
+  ASSERT_TRUE(Run(RandomData(30, 5), 40));
+  for (const int i : {60, 150, 219})
+    for (const int j : {90, 150, 210})
+      for (int step = 1; step <= 2; ++step) {
+        const double share = step / 3.0, tolerance = 1e-6 * Count.ContourMax;
+        EXPECT_NEAR(Of(i + step, j), Of(i, j) + (Of(i + 3, j) - Of(i, j)) * share, tolerance);
+        EXPECT_NEAR(Of(i, j + step), Of(i, j) + (Of(i, j + 3) - Of(i, j)) * share, tolerance);
+        // Within a square first along the rows, then along the columns.
+        const double upper = Of(i, j) + (Of(i + 3, j) - Of(i, j)) * share;
+        const double lower = Of(i, j + 3) + (Of(i + 3, j + 3) - Of(i, j + 3)) * share;
+        EXPECT_NEAR(Of(i + step, j + step), upper + (lower - upper) * share, tolerance);
+      }
+}
+
+TEST_F(Density, GoesOnUnchangedFromTheLastComputedNodeToTheRim) {
+  ASSERT_TRUE(Run(RandomData(30, 5), 40));
+  // In row 3 the circle reaches from 121 to 179, the computed nodes from 123 to 177.
+  for (const int i : {121, 122}) EXPECT_EQ(Of(i, 3), Of(123, 3)) << i;
+  for (const int i : {178, 179}) EXPECT_EQ(Of(i, 3), Of(177, 3)) << i;
+  for (const int j : {121, 122}) EXPECT_EQ(Of(3, j), Of(3, 123)) << j;
+  for (std::size_t n = 0; n < Grid.Density.size(); ++n)
+    ASSERT_EQ(Grid.Density[n] > 0, Grid.Inside[n] == 1) << n;
+}
+
+TEST_F(Density, IsTheSameOnAnyNumberOfThreads) {
+  const ContourData data = RandomData(2000, 6);
+  ASSERT_TRUE(Run(data, 20, 1));
+  const std::vector<float> density = Grid.Density;
+  for (const int threads : {2, 3, 8, 0}) {
+    std::fill(Grid.Density.begin(), Grid.Density.end(), 0.0f);
+    ASSERT_TRUE(Run(data, 20, threads));
+    ASSERT_EQ(Grid.Density, density) << threads;
+  }
+}
+
+TEST_F(Density, ReportsEachRowAndStopsWhenTold) {
+  const ContourData data = RandomData(40, 8);
+  ASSERT_TRUE(Run(data, 20));
+  const std::vector<float> density = Grid.Density;
+  std::vector<double> shares;
+  ASSERT_TRUE(CountDensity(
+      Grid, data, 30, Count,
+      [&shares](double share) {
+        shares.push_back(share);
+        return true;
+      },
+      1));
+  EXPECT_EQ(shares.size(), 101u);
+  EXPECT_TRUE(std::is_sorted(shares.begin(), shares.end()));
+  EXPECT_EQ(shares.back(), 1);
+  EXPECT_NE(Grid.Density, density);
+
+  const std::vector<float> finished = Grid.Density;
+  const float maximum = Count.ContourMax;
+  for (const int threads : {1, 4}) {
+    int rows = 0;
+    EXPECT_FALSE(CountDensity(
+        Grid, RandomData(3000, 9), 60, Count, [&rows](double) { return ++rows < 3; }, threads));
+    EXPECT_EQ(rows, 3);
+    EXPECT_EQ(Grid.Density, finished);
+    EXPECT_EQ(Count.ContourMax, maximum);
+  }
+}
+
+TEST_F(Density, OfNoDataLeavesEverything) {
+  ASSERT_TRUE(Run(RandomData(5, 1), 20));
+  const std::vector<float> density = Grid.Density;
+  EXPECT_FALSE(Run({}, 20));
+  EXPECT_EQ(Grid.Density, density);
+  EXPECT_EQ(Count.ContourDataCount, 5);
+}
+
+TEST_F(Density, BeyondThe32BitRangeIsRefusedAndChangesNothing) {
+  const struct {
+    const char* what;
+    ContourData data;
+    std::int16_t smooth;
+    bool fits;
+  } cases[] = {
+      {"exp(88) is 1.7e38", RandomData(1, 1), 88, true},
+      {"exp(89) is 4.5e38", RandomData(1, 1), 89, false},
+      {"one direction, a thousand times", Cluster(1000, 10, 50), 83, false},
+      {"a thousand that are scattered", RandomData(1000, 1), 83, true},
+      {"the greatest of all", RandomData(1, 1), 32767, false},
+      {"no data", {}, 100, true},
+  };
+  ASSERT_TRUE(Run(RandomData(5, 1), 20));
+  for (const auto& c : cases) {
+    EXPECT_EQ(DensityFits(Grid, c.data, c.smooth), c.fits) << c.what;
+    if (c.fits || c.data.Dec.empty()) continue;
+    const std::vector<float> density = Grid.Density;
+    EXPECT_THROW(Run(c.data, c.smooth), Fault) << c.what;
+    EXPECT_EQ(Grid.Density, density) << c.what;
+  }
+}
+
+TEST(ContourData, HoldsAsManyAsTheStoreDoes) {
+  ContourData data;
+  for (int i = 0; i < 32767; ++i) data.Add(0, 90);
+  EXPECT_EQ(data.Count(), 32767);
+  EXPECT_THROW(data.Add(0, 90), Fault);
+}
+
+TEST(ContourLevels, StepByOneBelowTenAndAsFinelyAsFourteenAllowAbove) {
+  const auto every = [](int step, int last) {
+    std::vector<std::int16_t> values;
+    for (int value = 1; value <= last; value += step)
+      values.push_back(static_cast<std::int16_t>(value));
+    return values;
+  };
+  const struct {
+    float maximum;
+    int step, last;
+  } cases[] = {{0.5f, 1, 1},   {1, 1, 1},    {1.9f, 1, 1},     {2, 1, 2},
+               {9.9f, 1, 9},   {10, 1, 10},  {11.5f, 1, 11},   {15.5f, 1, 15},
+               {25.3f, 2, 25}, {100, 7, 99}, {175.9f, 12, 169}};
+  for (const auto& c : cases) {
+    const ContourLevels levels = LevelsOf(c.maximum);
+    EXPECT_EQ(levels.Step, c.step) << c.maximum;
+    EXPECT_EQ(levels.Values, every(c.step, c.last)) << c.maximum;
+    EXPECT_EQ(levels.Top(), c.last) << c.maximum;
+  }
+  EXPECT_THROW(LevelsOf(32768), Fault);
+  EXPECT_THROW(LevelsOf(std::nanf("")), Fault);
+}
+
+}  // namespace
+}  // namespace velorix
