@@ -18,6 +18,9 @@ void Recorder::Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) {
 void Recorder::Pixel(LogicalPoint point, Colour colour) {
   calls.push_back(PixelCall{point, colour});
 }
+void Recorder::Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) {
+  calls.push_back(RasterCall{corner, width, {pixels.begin(), pixels.end()}});
+}
 void Recorder::Text(std::string_view text, LogicalPoint point, const TextStyle& style) {
   calls.push_back(TextCall{std::string(text), point, style});
 }
@@ -31,6 +34,7 @@ struct Player {
   void operator()(const PolylineCall& c) const { target.Polyline(c.points, c.pen); }
   void operator()(const EllipseCall& c) const { target.Ellipse(c.box, c.pen, c.brush); }
   void operator()(const PixelCall& c) const { target.Pixel(c.point, c.colour); }
+  void operator()(const RasterCall& c) const { target.Raster(c.corner, c.width, c.pixels); }
   void operator()(const TextCall& c) const { target.Text(c.text, c.point, c.style); }
 };
 
@@ -71,6 +75,15 @@ struct Writer {
   }
   std::string operator()(const PixelCall& c) const {
     return "pixel" + Of(c.point) + " " + Hex(c.colour);
+  }
+  std::string operator()(const RasterCall& c) const {
+    std::string text = "raster" + Of(c.corner) + " width " + std::to_string(c.width) + ":";
+    for (std::size_t n = 0, end = 0; n < c.pixels.size(); n = end) {
+      while (end < c.pixels.size() && c.pixels[end] == c.pixels[n]) ++end;
+      text += " " + std::to_string(end - n) + " " +
+              (c.pixels[n] == NoColour ? std::string("none") : Hex(c.pixels[n]));
+    }
+    return text;
   }
   std::string operator()(const TextCall& c) const {
     std::string text = "text \"" + c.text + "\"" + Of(c.point) + " height " +

@@ -35,6 +35,12 @@ struct PixelCall {
   velorix::Colour colour = Black;
   bool operator==(const PixelCall&) const = default;
 };
+struct RasterCall {
+  LogicalPoint corner;
+  int width = 0;
+  std::vector<Colour> pixels;
+  bool operator==(const RasterCall&) const = default;
+};
 struct TextCall {
   std::string text;
   LogicalPoint point;
@@ -42,8 +48,8 @@ struct TextCall {
   bool operator==(const TextCall&) const = default;
 };
 
-using DrawCall =
-    std::variant<TransparentCall, PolygonCall, PolylineCall, EllipseCall, PixelCall, TextCall>;
+using DrawCall = std::variant<TransparentCall, PolygonCall, PolylineCall, EllipseCall, PixelCall,
+                              RasterCall, TextCall>;
 
 /// A target that remembers what was drawn on it, in order.
 struct Recorder : Target {
@@ -54,6 +60,7 @@ struct Recorder : Target {
   void Polyline(std::span<const LogicalPoint> points, const Pen& pen) override;
   void Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) override;
   void Pixel(LogicalPoint point, Colour colour) override;
+  void Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) override;
   void Text(std::string_view text, LogicalPoint point, const TextStyle& style) override;
 };
 
@@ -61,7 +68,8 @@ struct Recorder : Target {
 void Replay(const std::vector<DrawCall>& calls, Target& target);
 
 /// One call as one line of text without a line end, for tests and golden files, such as
-/// `polyline (1,2) (3,4) pen 0 FF 1` (style, colour in hexadecimal, width).
+/// `polyline (1,2) (3,4) pen 0 FF 1` (style, colour in hexadecimal, width). A raster is told in
+/// runs of like pixels, as `raster (0,0) width 4: 2 none 1 FF 1 0`.
 std::string ToText(const DrawCall& call);
 /// All calls, one a line.
 std::string ToText(const std::vector<DrawCall>& calls);

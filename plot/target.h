@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -71,6 +72,9 @@ struct TextStyle {
   bool operator==(const TextStyle&) const = default;
 };
 
+/// The mark of a unit of a raster that is left as it was.
+inline constexpr Colour NoColour = 0xFFFFFFFF;
+
 /// What everything is drawn on: a picture on the screen, an image, a page, a metafile, a recorder.
 /// No call leaves a pen, brush or font behind, so every call says all that it needs.
 struct Target {
@@ -81,6 +85,16 @@ struct Target {
   virtual void Polyline(std::span<const LogicalPoint> points, const Pen& pen) = 0;
   virtual void Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) = 0;
   virtual void Pixel(LogicalPoint point, Colour colour) = 0;
+  /// Pixels row by row, `width` of them a row, from `corner` to the right and downward; `NoColour`
+  /// leaves a unit as it was. The same as a `Pixel` for each, which is what a target does that
+  /// knows no better.
+  virtual void Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) {
+    for (std::size_t n = 0; n < pixels.size(); ++n)
+      if (pixels[n] != NoColour)
+        Pixel({corner.x + static_cast<int>(n % static_cast<std::size_t>(width)),
+               corner.y + static_cast<int>(n / static_cast<std::size_t>(width))},
+              pixels[n]);
+  }
   /// `text` is UTF-8.
   virtual void Text(std::string_view text, LogicalPoint point, const TextStyle& style) = 0;
 };
