@@ -1,0 +1,263 @@
+#include "plot/contour.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "plot/colour_scales.h"
+#include "plot/recorder.h"
+#include "store/session.h"
+
+namespace velorix {
+namespace {
+
+struct ContourPicture : ::testing::Test {
+  ContourPicture() { BuildContourGrid(Grid, 0, 300, 3); }
+
+  void Run(int smooth) {
+    ASSERT_TRUE(CountDensity(Grid, Data, static_cast<std::int16_t>(smooth), Count));
+  }
+  std::vector<DrawCall> Draw() {
+    Recorder recorder;
+    DrawContour(recorder, Grid, Data, Count, Geographic, Options);
+    return recorder.calls;
+  }
+  /// The picture of the nodes, empty when there is none.
+  RasterCall Nodes() {
+    for (const DrawCall& call : Draw())
+      if (const auto* raster = std::get_if<RasterCall>(&call);
+          raster && raster->corner == LogicalPoint{30, 30})
+        return *raster;
+    return {};
+  }
+  std::vector<std::string> Texts() {
+    std::vector<std::string> texts;
+    for (const DrawCall& call : Draw())
+      if (const auto* text = std::get_if<TextCall>(&call)) texts.push_back(text->text);
+    return texts;
+  }
+  std::size_t At(int i, int j) const { return static_cast<std::size_t>(Grid.Index(i, j)); }
+
+  ContourGrid Grid;
+  ContourData Data;
+  DensityCount Count;
+  ContourOptions Options;
+};
+
+TEST_F(ContourPicture, IsMadeOfTheseCalls) {
+  BuildContourGrid(Grid, 0, 12, 3);
+  Data.Add(90, 30);
+  Run(2);
+  Options.chkShowGridPoints = true;
+  Recorder net;
+  DrawNet(net, Geographic, EqualArea, {180, 180, 300}, Black, 14);
+  // The nodes: computed ones yellow, lines black, below level 1 white, levels 1 and 2.
+  const std::string nodes =
+      "raster (30,30) width 13: "
+      "6 none 1 FFFF 9 none 5 FFFFFF 2 0 5 none 6 FFFFFF 1 0 1 8080FF 1 0 3 none "
+      "2 FFFFFF 1 FFFF 2 FFFFFF 1 FFFF 1 0 1 8080FF 1 FFFF 1 8080FF 1 0 2 none "
+      "1 0 5 FFFFFF 1 0 1 8080FF 1 0 1 8080FF 1 0 2 none "
+      "1 0 4 FFFFFF 1 0 1 8080FF 4 0 1 none "
+      "1 FFFF 1 0 1 FFFFFF 1 FFFF 2 FFFFFF 1 FFFF 1 8080FF 1 0 1 FFFF 2 0 1 FFFF 1 none "
+      "1 0 4 FFFFFF 4 0 1 8080FF 1 0 2 none 6 FFFFFF 1 0 3 8080FF 1 0 2 none "
+      "2 FFFFFF 1 FFFF 2 FFFFFF 1 FFFF 2 0 1 FFFF 1 8080FF 1 0 3 none "
+      "6 FFFFFF 1 0 1 8080FF 1 0 5 none 5 FFFFFF 2 0 9 none 1 FFFF 6 none\n";
+  const std::string legend =
+      "text \"Kmax\" (366,28) height 16 0 align 24 weight 700\n"
+      "text \"N = 1\" (366,48) height 14 0 align 24\n"
+      "polygon (366,312) (386,312) (386,336) (366,336) pen 0 0 1 brush FFFFFF\n"
+      "text \"0\" (394,328) height 14 0 align 24\n"
+      "polygon (366,288) (386,288) (386,312) (366,312) pen 0 0 1 brush 8080FF\n"
+      "text \"1\" (394,304) height 14 0 align 24\n"
+      "polygon (366,264) (386,264) (386,288) (366,288) pen 0 0 1 brush FF\n"
+      "text \"2\" (394,280) height 14 0 align 24\n"
+      "text \"Max 2.5\" (366,256) height 14 0 align 24\n";
+  EXPECT_EQ(ToText(Draw()), "transparent\n" + nodes + ToText(net.calls) +
+                                "polygon (284,178) (284,182) (289,182) (289,178) "
+                                "pen 0 0 1 brush FF\n" +
+                                legend);
+}
+
+TEST_F(ContourPicture, ColoursNodesByLevelOrByDensity) {
+  Data.Add(45, 60);
+  Data.Add(200, 30);
+  Options.chkShowContours = false;
+  for (const int smooth : {5, 20}) {  // steps 1 and above
+    Run(smooth);
+    const ContourLevels levels = LevelsOf(Count.ContourMax);
+    for (std::int16_t display = 1; display <= 5; ++display)
+      for (const bool discrete : {true, false}) {
+        Options.optDisplay = display;
+        Options.optDiscrete = discrete;
+        const RasterCall nodes = Nodes();
+        ASSERT_EQ(nodes.width, 301);
+        ASSERT_EQ(nodes.pixels.size(), 301u * 301u);
+        for (std::size_t n = 0; n < nodes.pixels.size(); ++n) {
+          const float density = Grid.Density[n];
+          const float index = std::floor(density / static_cast<float>(levels.Step));
+          float t = discrete ? ((index - 1) * levels.Step + 1) / levels.Top()
+                             : density / Count.ContourMax;
+          ASSERT_EQ(nodes.pixels[n], Grid.Inside[n]
+                                         ? BlendColor(ContourDisplays[display].Colour, White, t)
+                                         : NoColour)
+              << n;
+          // White below the first level, and where a step above 1 makes its place negative.
+          if (discrete && density < 1) {
+            ASSERT_TRUE(nodes.pixels[n] == White || !Grid.Inside[n]) << n;
+          }
+        }
+      }
+  }
+  Options.optDisplay = 1;
+  EXPECT_EQ(Nodes().pixels[Count.MaxNode], 255u);
+}
+
+TEST_F(ContourPicture, HasBlackLinesWhereTheLevelOfTheNextNodeDiffers) {
+  Data.Add(45, 60);
+  Run(20);
+  const std::int16_t step = LevelsOf(Count.ContourMax).Step;
+  const RasterCall lines = Nodes();
+  Options.chkShowContours = false;
+  const RasterCall plain = Nodes();
+  const auto level = [&](int i, int j) { return std::floor(Grid.Density[At(i, j)] / step); };
+  int black = 0;
+  for (int j = 0; j <= 300; ++j)
+    for (int i = 0; i <= 300; ++i) {
+      const bool line = Grid.Inside[At(i, j)] && ((i < 300 && level(i, j) != level(i + 1, j)) ||
+                                                  (j < 300 && level(i, j) != level(i, j + 1)));
+      ASSERT_EQ(lines.pixels[At(i, j)], line ? Black : plain.pixels[At(i, j)]) << i << " " << j;
+      black += line;
+    }
+  EXPECT_GT(black, 500);
+}
+
+TEST_F(ContourPicture, MarksTheComputedNodesWhenWanted) {
+  Data.Add(45, 60);
+  Run(20);
+  const RasterCall plain = Nodes();
+  Options.chkShowGridPoints = true;
+  const RasterCall marked = Nodes();
+  int marks = 0;
+  for (int j = 0; j <= 300; ++j)
+    for (int i = 0; i <= 300; ++i) {
+      const bool computed = i % 3 == 0 && j % 3 == 0 && Grid.Inside[At(i, j)];
+      ASSERT_EQ(marked.pixels[At(i, j)], computed ? Yellow : plain.pixels[At(i, j)]);
+      marks += computed;
+    }
+  EXPECT_EQ(marks, 7845);
+}
+
+TEST_F(ContourPicture, ShowsEachDatumInTheSymbolOfItsKind) {
+  const struct {
+    std::int16_t display, symbol, size;
+    Colour colour;
+  } cases[] = {{1, 1, 5, 255},
+               {2, 1, 5, 65280},
+               {3, 3, 6, 0xFF0000},
+               {4, 3, 6, 0xC0C000},
+               {5, 1, 5, 0x800080}};
+  Data.Add(20, 30);
+  Data.Add(110, -10);  // drawn at (110, 10), as everything upward is
+  for (const auto& c : cases) {
+    Options.optDisplay = c.display;
+    Recorder expected;
+    for (const Direction d : {Direction{20, 30}, {110, 10}})
+      DrawNetSymbol(expected, {180, 180, 300}, EqualArea, d, c.symbol, c.size, c.colour,
+                    {.width = 0});
+    Options.chkDataPoint = true;
+    const std::string with = ToText(Draw());
+    EXPECT_NE(with.find(ToText(expected.calls)), std::string::npos) << c.display;
+    Run(20);
+    Options.chkDataPoint = false;
+    EXPECT_EQ(ToText(Draw()).find(ToText(expected.calls)), std::string::npos) << c.display;
+    Count = {};
+  }
+}
+
+TEST_F(ContourPicture, IsTheNetWithItsDataUntilCounted) {
+  Data.Add(20, 30);
+  Options.chkDataPoint = false;
+  EXPECT_TRUE(Nodes().pixels.empty());
+  EXPECT_EQ(Texts(), (std::vector<std::string>{"N", "90", "180", "270", "Kmax", "N = 1"}));
+  Recorder net, symbol;
+  DrawNet(net, Geographic, EqualArea, {180, 180, 300}, Black, 14);
+  const std::string drawn = ToText(Draw());
+  EXPECT_NE(drawn.find(ToText(net.calls)), std::string::npos);
+  EXPECT_NE(drawn.find("brush FF"), std::string::npos);
+}
+
+TEST_F(ContourPicture, LegendTellsLevelsMaximumAndCount) {
+  for (int i = 0; i < 12; ++i) Data.Add(45 + i, 60);
+  Run(20);
+  Count.ContourMax = 25.3f;
+  using Words = std::vector<std::string>;
+  Words levels = {"0"};
+  for (int value = 1; value <= 25; value += 2) levels.push_back(std::to_string(value));
+  Words expected = {"N", "90", "180", "270", "Kmax", "N = 12"};
+  expected.insert(expected.end(), levels.begin(), levels.end());
+  expected.push_back("Max 25.3");
+  EXPECT_EQ(Texts(), expected);
+  Options.optDiscrete = false;
+  EXPECT_EQ(Texts(), expected);
+}
+
+TEST_F(ContourPicture, StaysOnItsPlaneForEveryNumberOfLevels) {
+  Data.Add(45, 60);
+  for (const int smooth : {0, 1, 2, 5, 7, 8, 9, 20, 40, 88})
+    for (const bool discrete : {true, false}) {
+      Options.optDiscrete = discrete;
+      Run(smooth);
+      double lowest = 1e9;
+      for (const DrawCall& call : Draw())
+        if (const auto* text = std::get_if<TextCall>(&call); text && text->point.x > 360) {
+          ASSERT_TRUE(text->point.y >= 14 && text->point.y <= ContourPlane.height - 4) << smooth;
+          // Labels of the bar stand one above the other, with room for each.
+          if (text->point.x < 380 || text->text == "0") {
+            lowest = 1e9;
+            continue;
+          }
+          ASSERT_LE(text->point.y, lowest - 13) << smooth << " " << text->text;
+          lowest = text->point.y;
+        }
+    }
+}
+
+TEST_F(ContourPicture, KnowsTheNodeUnderAPlace) {
+  const struct {
+    double x, y;
+    int i, j;  // -1: none
+  } cases[] = {{180, 180, 150, 150},     {180.9, 180.9, 150, 150}, {30.5, 180.5, 0, 150},
+               {330.5, 180.5, 300, 150}, {29.9, 180.5, -1, 0},     {331, 180.5, -1, 0},
+               {40, 40, -1, 0},          {1e9, -1e9, -1, 0},       {std::nan(""), 1, -1, 0}};
+  for (const auto& c : cases) {
+    const auto node = ContourNodeAt(Grid, c.x, c.y);
+    ASSERT_EQ(node.has_value(), c.i >= 0) << c.x << " " << c.y;
+    if (node) {
+      EXPECT_EQ(*node, At(c.i, c.j)) << c.x << " " << c.y;
+    }
+  }
+  EXPECT_TRUE(IsOnContourLegend(380, 200));
+  EXPECT_FALSE(IsOnContourLegend(300, 200));
+  EXPECT_FALSE(IsOnContourLegend(500, 200));
+}
+
+TEST(Raster, IsAPixelForEachUnitOnATargetThatKnowsNoBetter) {
+  struct PlainTarget : Recorder {
+    void Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) override {
+      Target::Raster(corner, width, pixels);
+    }
+  } target;
+  const Colour pixels[] = {Red, NoColour, Blue, Black, Black, NoColour};
+  target.Raster({10, 20}, 3, pixels);
+  EXPECT_EQ(ToText(target.calls),
+            "pixel (10,20) FF\npixel (12,20) FF0000\npixel (10,21) 0\npixel (11,21) 0\n");
+  Recorder recorder, again;
+  recorder.Raster({10, 20}, 3, pixels);
+  EXPECT_EQ(ToText(recorder.calls), "raster (10,20) width 3: 1 FF 1 none 1 FF0000 2 0 1 none\n");
+  Replay(recorder.calls, again);
+  EXPECT_EQ(again.calls, recorder.calls);
+}
+
+}  // namespace
+}  // namespace velorix
