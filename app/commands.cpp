@@ -137,7 +137,7 @@ constexpr Command CommandTable[] = {
 
     {"mnuAnalysis(1)", "mnuStatistics", "Group Statistics", "F9", 14, "Group Statistics [F9]", "statistics", Check, false, Toggle<&OpenWindows::GroupStatistics>, IsOpen<&OpenWindows::GroupStatistics>, false},
     {"mnuAnalysis(2)", "mnuStatistics", "Bootstrap Statistics", "F11", 0, "", "", Action, true, nullptr, nullptr, false},
-    {"mnuAnalysis(3)", "mnuStatistics", "Contour Plot", "F12", 15, "Contour Plot [F12]", "contour", Check, false, nullptr, nullptr, false},
+    {"mnuAnalysis(3)", "mnuStatistics", "Contour Plot", "F12", 15, "Contour Plot [F12]", "contour", Check, false, Toggle<&OpenWindows::Contour>, IsOpen<&OpenWindows::Contour>, false},
     {"mnuAnalysis(4)", "mnuStatistics", "Calculate Field Independent Tensor", "Ctrl+I", 0, "", "", Action, true, nullptr, nullptr, false},
 
     {"mnuDataTable", "mnuViewMain", "Data Table", "F1", 17, "View Data Table [F1]", "table", Check, false, nullptr, nullptr, false},

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/code_lists.h"
+#include "app/contour_session.h"
 #include "app/debug_log.h"
 #include "app/dialogs.h"
 #include "app/views.h"
@@ -30,6 +31,7 @@ struct Host {
 /// Which of the windows beside the main one stand open.
 struct OpenWindows {
   bool GroupStatistics = false;
+  bool Contour = false;
 };
 
 /// The running program: the session, the tables made at start-up, what the controls of the windows
@@ -46,6 +48,7 @@ struct Velorix {
   velorix::GroupStats GroupStats = {};
   std::vector<float> GaussTable = {};
   velorix::ContourGrid ContourGrid = {};
+  ContourSession Contour = {};
   DebugLog Log = {};
 };
 
