@@ -41,6 +41,7 @@ class PainterTarget : public Target {
   void Polyline(std::span<const LogicalPoint> points, const Pen& pen) override;
   void Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) override;
   void Pixel(LogicalPoint point, Colour colour) override;
+  void Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) override;
   void Text(std::string_view text, LogicalPoint point, const TextStyle& style) override;
 
  private:
