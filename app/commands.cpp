@@ -81,6 +81,12 @@ bool IsOpen(const Velorix& v) {
   return v.Windows.*Window;
 }
 
+/// The values in the records stay as they are until the next display.
+void ChooseFactors(Velorix& v) {
+  v.Views.ShowFactorChoice();
+  v.Views.ShowGridHeader();
+}
+
 void Rotate(Velorix& v) {
   v.Dialogs.Ask(ProgramTitle, "Rotate", {"&OK"});
   RotateAllNinety(v);
@@ -139,8 +145,9 @@ constexpr Command CommandTable[] = {
     {"mnuAnalysis(2)", "mnuStatistics", "Bootstrap Statistics", "F11", 0, "", "", Action, true, nullptr, nullptr, false},
     {"mnuAnalysis(3)", "mnuStatistics", "Contour Plot", "F12", 15, "Contour Plot [F12]", "contour", Check, false, Toggle<&OpenWindows::Contour>, IsOpen<&OpenWindows::Contour>, false},
     {"mnuAnalysis(4)", "mnuStatistics", "Calculate Field Independent Tensor", "Ctrl+I", 0, "", "", Action, true, nullptr, nullptr, false},
+    {"mnuFoliLine", "mnuStatistics", "Plane from Lineations", "", 0, "", "", Check, false, Toggle<&OpenWindows::FoliLine>, IsOpen<&OpenWindows::FoliLine>, true},
 
-    {"mnuDataTable", "mnuViewMain", "Data Table", "F1", 17, "View Data Table [F1]", "table", Check, false, nullptr, nullptr, false},
+    {"mnuDataTable", "mnuViewMain", "Data Table", "F1", 17, "View Data Table [F1]", "table", Check, false, Toggle<&OpenWindows::DataTable>, IsOpen<&OpenWindows::DataTable>, false},
     {"mnuAnisoReIm(1)", "mnuViewMain", "Kre", "F3", 19, "Show In-Phase AMS [F3]", "kre", Radio, false, SetBlock<InPhase>, IsBlock<InPhase>, true},
     {"mnuAnisoReIm(2)", "mnuViewMain", "Kim", "F4", 20, "Show Out-Of-Phase AMS [F4]", "kim", Radio, false, SetBlock<OutOfPhase>, IsBlock<OutOfPhase>, false},
     {"mnuView(1)", "mnuViewMain", "Specimen", "F5", 22, "Specimen Coordinate System [F5]", "specimen", Radio, false, SetSystem<Specimen>, IsSystem<Specimen>, true},
@@ -156,8 +163,8 @@ constexpr Command CommandTable[] = {
     {"mnuSelection(5)", "mnuSelectionMain", "Clear Selection", "Shift+Ctrl+F12", 33, "Clear Selection [Shift + Ctrl +F12]", "clear", Action, false, Select<ClearSelection>, nullptr, true},
     {"rotate", "", "", "", 35, "", "rotate", Action, false, Rotate, nullptr, false},
 
-    {"mnuOPAR", "mnuSetting", "Orientation Parameters", "", 0, "", "", Action, false, nullptr, nullptr, false},
-    {"mnuAnisoFac", "mnuSetting", "Anisotropy Quantitative Factors", "", 0, "", "", Action, false, nullptr, nullptr, false},
+    {"mnuOPAR", "mnuSetting", "Orientation Parameters", "", 0, "", "", Action, false, [](Velorix& v) { v.Views.ShowOrientationParameters(); }, nullptr, false},
+    {"mnuAnisoFac", "mnuSetting", "Anisotropy Quantitative Factors", "", 0, "", "", Action, false, ChooseFactors, nullptr, false},
     {"mnuAbout", "mnuHelp", "About", "", 0, "", "", Action, false, [](Velorix& v) { v.Views.ShowAbout(); }, nullptr, false},
 };
 // clang-format on

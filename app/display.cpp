@@ -63,11 +63,21 @@ void DisplayData(Velorix& velorix, bool resetLists) {
 void RefreshViews(Velorix& velorix) {
   velorix.Views.ShowChoices();
   velorix.Views.FillGrid();
+  velorix.Views.FillDataTable();
   velorix.Views.RefreshGroupStatistics();
   AnisoView_DisplayAllPlots(velorix);
 }
 
-void AnisoView_DisplayAllPlots(Velorix& velorix) { velorix.Views.RedrawStereo(); }
+void AnisoView_DisplayAllPlots(Velorix& velorix) {
+  velorix.Views.RedrawStereo();
+  velorix.Views.RedrawHisto();
+  // Both plots take the switch of the first one: the second has its own only from a change of one
+  // of its controls to the next display. This is wanted.
+  for (const int plot : {1, 2}) {
+    velorix.XYLines[plot] = velorix.XYPlot[1].lines;
+    velorix.Views.RedrawXYPlot(plot);
+  }
+}
 
 void RotateAndRefresh(Velorix& velorix) {
   const View view = ViewOf(velorix.Session);
@@ -116,11 +126,44 @@ void ShowLineation(Velorix& velorix, int index, bool shown) {
   velorix.Views.RedrawStereo();
 }
 
+void ChangeXYPlot(Velorix& velorix, int plot, const XYPlotOptions& options) {
+  velorix.XYPlot[plot] = options;
+  velorix.XYLines[plot] = options.lines;
+  velorix.Views.RedrawXYPlot(plot);
+}
+
+void ChooseHisto(Velorix& velorix, int parameter) {
+  velorix.HistoParameter = parameter;
+  velorix.Views.RedrawHisto();
+}
+
+XYPlotOptions ShownXYPlot(const Velorix& velorix, int plot) {
+  XYPlotOptions options = velorix.XYPlot[plot];
+  options.lines = velorix.XYLines[plot];
+  return options;
+}
+
+void ChooseFirstPlots(Velorix& velorix) {
+  constexpr int P = 4, T = 31;       // of the catalogue
+  constexpr int FirstParameter = 4;  // that is a factor
+  const auto parameterOf = [&](int factor, int slotWithoutIt) {
+    for (int slot = 1; slot <= 8; ++slot)
+      if (velorix.Session.Settings.FacIndex[slot] == factor) return FirstParameter + slot - 1;
+    return FirstParameter + slotWithoutIt - 1;
+  };
+  const int degree = parameterOf(P, 3), shape = parameterOf(T, 5);
+  velorix.XYPlot[1].x = KmeanParameter;
+  velorix.XYPlot[1].y = velorix.XYPlot[2].x = degree;
+  velorix.XYPlot[2].y = shape;
+  for (const int plot : {1, 2}) velorix.XYPlot[plot].colour = KmeanParameter;
+}
+
 void SelectRecords(Velorix& velorix, const std::vector<int>& ids) {
   RecordArray& records = velorix.Session.Records;
   ClearSelection(records);
   for (int id : ids)  // record numbers are the records' indices
     if (id >= 1 && id <= records.Count()) records[id].Selected = true;
+  velorix.Views.ShowSelection();
   AnisoView_DisplayAllPlots(velorix);
 }
 

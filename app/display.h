@@ -37,8 +37,17 @@ void ChooseLineation(Velorix& velorix, int index);
 void ShowFoliation(Velorix& velorix, int index, bool shown);
 void ShowLineation(Velorix& velorix, int index, bool shown);
 
-/// A change of the grid's selection: `Selected` is cleared on all records and set on those whose
-/// `RecordNo` is in `ids`; then all plots are drawn.
+/// A change in one of the lists or check boxes of an XY plot: that plot alone is drawn again.
+void ChangeXYPlot(Velorix& velorix, int plot, const XYPlotOptions& options);
+/// The list `odclHisto`; `parameter` as in plot/parameters.h.
+void ChooseHisto(Velorix& velorix, int parameter);
+/// What an XY plot shows now: its options, with the lines that it is drawn with.
+XYPlotOptions ShownXYPlot(const Velorix& velorix, int plot);
+/// The plots that a newcomer sees: Km and P, P and T where the settings have them.
+void ChooseFirstPlots(Velorix& velorix);
+
+/// A change of the selection in grid or data table: `Selected` is cleared on all records and set on
+/// those whose `RecordNo` is in `ids`; the other one follows; then all plots are drawn.
 void SelectRecords(Velorix& velorix, const std::vector<int>& ids);
 
 /// The main window's caption for the open file.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,7 +10,9 @@
 #include "app/debug_log.h"
 #include "app/dialogs.h"
 #include "app/views.h"
+#include "plot/parameters.h"
 #include "plot/stereo.h"
+#include "plot/xy_plot.h"
 #include "stats/contour_grid.h"
 #include "stats/group_statistics.h"
 #include "store/session.h"
@@ -30,7 +33,9 @@ struct Host {
 
 /// Which of the windows beside the main one stand open.
 struct OpenWindows {
+  bool DataTable = false;
   bool GroupStatistics = false;
+  bool FoliLine = false;
   bool Contour = false;
 };
 
@@ -44,6 +49,10 @@ struct Velorix {
   velorix::Session Session = {};
   CodeLists Lists = {};
   StereoOptions Stereo = {};
+  Array1<XYPlotOptions, 2> XYPlot = {};              // of `picXYPlot1` and `picXYPlot2`
+  Array1<bool, 2> XYLines = {};                      // whether each is drawn with lines now
+  Array1<std::optional<XYPlotAxes>, 2> XYAxes = {};  // of the plots on the screen
+  int HistoParameter = KmeanParameter;
   OpenWindows Windows = {};
   velorix::GroupStats GroupStats = {};
   std::vector<float> GaussTable = {};

@@ -19,13 +19,22 @@ struct Views {
   virtual void ShowGridHeader() = 0;
   /// The record grid is filled from the store again, selected rows with it.
   virtual void FillGrid() = 0;
-  /// The stereonet is drawn again.
+  /// The data table is filled from the store again, in its order.
+  virtual void FillDataTable() = 0;
+  /// The rows of grid and data table that are selected follow the store.
+  virtual void ShowSelection() = 0;
+  /// A picture is drawn again; `plot` is 1 or 2.
   virtual void RedrawStereo() = 0;
+  virtual void RedrawHisto() = 0;
+  virtual void RedrawXYPlot(int plot) = 0;
   /// The windows beside the main one open and shut as `Velorix::Windows` says.
   virtual void ShowWindows() = 0;
   /// The group statistics have changed.
   virtual void RefreshGroupStatistics() = 0;
   virtual void ShowAbout() = 0;
+  /// Modal dialogs; they return when the user has closed them.
+  virtual void ShowOrientationParameters() = 0;
+  virtual void ShowFactorChoice() = 0;
   /// Asks the main window to close, which asks the exit question.
   virtual void Exit() = 0;
   /// A line of the status bar, for a short time.

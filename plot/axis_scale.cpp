@@ -13,7 +13,10 @@ namespace {
 constexpr double Ln10 = 2.302585092994046;
 
 double RawStep(double lower, double upper) {
-  if (upper != lower) return (upper - lower) / 10;
+  if (upper != lower) {
+    const double width = upper - lower;
+    return std::isfinite(width) ? width / 10 : upper / 10 - lower / 10;
+  }
   return upper == 0 ? 0.1 : std::fabs(upper) / 10;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+
 namespace velorix {
 
 /// An axis: its ends, the first major tick, the spacing of major and minor ticks.
@@ -21,12 +23,21 @@ const char* TickPicture(double step);
 /// The same for ticks divided by the power of ten of `lower`, up to five decimals.
 const char* PowerTickPicture(double lower, double step);
 
-/// Calls `visit(value)` for the major ticks of the axis, at most `MaxTicks` of them.
+/// Calls `visit(value)` for the ticks of the axis, `step` apart, at most `most` of them.
+template <class Visit>
+void ForEachTick(const AxisRange& axis, double step, int most, Visit visit) {
+  for (int i = 0; i < most; ++i) {
+    const double value = axis.first + i * step;
+    if (!(value <= axis.upper + 0.001 * step)) break;
+    if (value >= axis.lower - 0.001 * step)
+      visit(std::fabs(value) < 1e-9 * step ? 0 : value);  // a rounding error of 0 has a sign
+  }
+}
+
+/// The same for the major ticks, at most `MaxTicks`.
 template <class Visit>
 void ForEachTick(const AxisRange& axis, Visit visit) {
-  double value = axis.first;
-  for (int i = 0; i < MaxTicks && value <= axis.upper + 0.001 * axis.step; ++i, value += axis.step)
-    if (value >= axis.lower - 0.001 * axis.step) visit(value);
+  ForEachTick(axis, axis.step, MaxTicks, visit);
 }
 
 }  // namespace velorix

@@ -89,29 +89,41 @@ double ParameterValue(int index, const SpecimenRecord& record, std::int16_t reIm
   return p.Value ? p.Value(record, reImMode == OutOfPhase) : number;
 }
 
-AxisRange ParameterScale(int index, double lower, double upper) {
-  AxisRange axis = AxisScale(lower, upper);
+Extent ImposeBounds(int index, const Extent& values) {
   switch (At(index).Bounds) {
     case Bounds::Free:
-      break;
+      return values;
     case Bounds::FromZero:
-      axis.lower = axis.first = 0;
-      break;
+      return {0, values.upper};
     case Bounds::FromOne:
-      axis.lower = axis.first = 1;
-      break;
+      return {1, values.upper};
     case Bounds::PlusMinusOne:
-      axis.lower = axis.first = -1;
-      axis.upper = 1;
-      break;
+      return {-1, 1};
     case Bounds::Declination:
-      axis = {0, 360, 0, 30, 10};
-      break;
+      return {0, 360};
     case Bounds::Inclination:
-      axis = {0, 90, 0, 10, 2};
-      break;
+      return {0, 90};
   }
-  if (index == 0) axis.upper = upper;  // the largest running number
+  return values;
+}
+
+AxisRange ParameterScale(int index, double lower, double upper) {
+  if (At(index).Bounds == Bounds::Declination) return {0, 360, 0, 30, 10};
+  if (At(index).Bounds == Bounds::Inclination) return {0, 90, 0, 10, 2};
+  AxisRange axis = AxisScale(lower, upper);
+  const Extent imposed = ImposeBounds(index, {axis.lower, axis.upper});
+  if (imposed.lower != axis.lower) axis.first = imposed.lower;
+  axis.lower = imposed.lower;
+  axis.upper = index == 0 ? upper : imposed.upper;  // of #, the largest running number
+  return axis;
+}
+
+Axis ParameterAxis(int index, double lower, double upper, const Settings& settings) {
+  Axis axis;
+  axis.range = ParameterScale(index, lower, upper);
+  axis.label = index == ParameterCount - 1 ? "E13" : ParameterTitle(index, settings);
+  axis.unit = ParameterUnit(index);
+  axis.power = index == KmeanParameter;
   return axis;
 }
 

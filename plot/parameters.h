@@ -1,10 +1,12 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <optional>
 #include <string>
 
-#include "plot/axis_scale.h"
+#include "plot/plot_axis.h"
 #include "store/session.h"
 
 namespace velorix {
@@ -27,5 +29,24 @@ double ParameterValue(int index, const SpecimenRecord& record, std::int16_t reIm
 
 /// The automatic scale with the fixed ends and steps that the parameter has.
 AxisRange ParameterScale(int index, double lower, double upper);
+
+/// The smallest and the largest of the finite values that were added.
+struct Extent {
+  double lower = INFINITY, upper = -INFINITY;
+
+  bool IsEmpty() const { return lower > upper; }
+  void Add(double value) {
+    if (!std::isfinite(value)) return;
+    lower = std::min(lower, value);
+    upper = std::max(upper, value);
+  }
+};
+
+/// `values` with the fixed ends that the parameter has.
+Extent ImposeBounds(int index, const Extent& values);
+
+/// The axis of the parameter for values from `lower` to `upper`: its `ParameterScale` and its
+/// words.
+Axis ParameterAxis(int index, double lower, double upper, const Settings& settings);
 
 }  // namespace velorix

@@ -49,22 +49,15 @@ void DrawBars(const StereoView& view, const ScalePlace& place) {
   }
 }
 
-/// Text of a tick; those of the mean susceptibility are divided by the power of ten in the title.
-std::string TickText(int parameter, const AxisRange& scale, double value) {
-  if (parameter != KmeanParameter) return FormatNumber(value, TickPicture(scale.step));
-  const int exponent = SplitExponent(scale.lower).Exponent;
-  return FormatNumber(value / std::pow(10, exponent), PowerTickPicture(scale.lower, scale.step));
-}
-
-void DrawTicks(const StereoView& view, const ScalePlace& place, const AxisRange& scale) {
+void DrawTicks(const StereoView& view, const ScalePlace& place, const Axis& scale) {
   const std::int16_t height = view.Scaled(0.9, view.geometry.fontHeight);
   const double left = place.Left();
-  ForEachTick(scale, [&](double value) {
-    const double share = (value - scale.lower) / (scale.upper - scale.lower);
-    const double y = place.bottom - place.height * share;
-    DrawText(view.target, TickText(view.options.odclStereoColorCoding, scale, value),
-             place.perAxis ? left + 5 : left - 5, y + 5,
-             {.height = height, .alignment = RightBaseline});
+  const TickLabels labels(scale, place.height, height, false);
+  ForEachTick(scale.range, [&](double value) {
+    const double y = place.bottom - place.height * scale.ShareOf(value);
+    if (labels.Has(value))
+      DrawText(view.target, TickText(scale, value), place.perAxis ? left + 5 : left - 5, y + 5,
+               {.height = height, .alignment = RightBaseline});
     const int bars = place.perAxis ? place.axesOn : 1;
     for (int bar = 0; bar < bars; ++bar) {
       const double x = left + (place.perAxis ? BarWidth * (bar + 1) : 0);
@@ -73,16 +66,9 @@ void DrawTicks(const StereoView& view, const ScalePlace& place, const AxisRange&
   });
 }
 
-void DrawTitle(const StereoView& view, const ScalePlace& place, const AxisRange& scale) {
-  const int parameter = view.options.odclStereoColorCoding;
-  std::string title = ParameterTitle(parameter, view.settings) + " ";
-  std::string unit = ParameterUnit(parameter);
-  const int exponent = SplitExponent(scale.lower).Exponent;
-  if (parameter == KmeanParameter && exponent != 0)
-    unit = "10^" + std::to_string(exponent) + " " + unit;
-  if (!unit.empty()) title += "[" + unit + "]";
+void DrawTitle(const StereoView& view, const ScalePlace& place, const Axis& scale) {
   DrawTextVertical(
-      view.target, title, place.base - 55, view.net.cy + place.height / 2.0,
+      view.target, AxisTitle(scale), place.base - 55, view.net.cy + place.height / 2.0,
       {.height = view.geometry.fontHeight, .alignment = CentreBaseline, .weight = 600});
 }
 
@@ -99,23 +85,21 @@ Colour ColourCoding::Fill(double value, Colour axisColour) const {
 
 std::optional<ColourCoding> DrawColourScale(const StereoView& view) {
   if (!view.options.chkData || !view.options.chkStereoColorCoding) return std::nullopt;
-  double lower = INFINITY, upper = -INFINITY;
+  Extent values;
   view.ForEachPlotted(false, [&](const SpecimenRecord& record, int number) {
-    const double value = ColourCoding::Value(view, record, number);
-    if (!std::isfinite(value)) return;
-    lower = std::min(lower, value);
-    upper = std::max(upper, value);
+    values.Add(ColourCoding::Value(view, record, number));
   });
-  if (lower > upper) return std::nullopt;
+  if (values.IsEmpty()) return std::nullopt;
   const ScalePlace place = PlaceOf(view);
-  const ColourCoding coding = {ParameterScale(view.options.odclStereoColorCoding, lower, upper),
-                               place.perAxis};
+  const int parameter = view.options.odclStereoColorCoding;
+  Axis scale = ParameterAxis(parameter, values.lower, values.upper, view.settings);
+  scale.label = ParameterTitle(parameter, view.settings);
   if (place.axesOn > 0) {
     DrawBars(view, place);
-    if (coding.scale.upper > coding.scale.lower) DrawTicks(view, place, coding.scale);
+    if (!scale.IsEmpty()) DrawTicks(view, place, scale);
   }
-  DrawTitle(view, place, coding.scale);
-  return coding;
+  DrawTitle(view, place, scale);
+  return ColourCoding{scale.range, place.perAxis};
 }
 
 void DrawFieldNet(Target& target, std::int16_t coorSys, const StereoGeometry& geometry,

@@ -54,7 +54,11 @@ struct BatchViews : Views {
   void ShowCodeLists() override {}
   void ShowGridHeader() override {}
   void FillGrid() override {}
+  void FillDataTable() override {}
+  void ShowSelection() override {}
   void RedrawStereo() override {}
+  void RedrawHisto() override {}
+  void RedrawXYPlot(int) override {}
   void ShowWindows() override {}
   void RefreshGroupStatistics() override {}
   void ShowAbout() override {}

@@ -17,20 +17,26 @@ class ColumnPlots {
 
   /// The lists of columns take the grid's headers again and keep their place.
   void ShowGridHeader();
+  void RedrawHisto();
+  void RedrawXYPlot(int plot);
 
  private:
-  struct ColumnList {
+  /// A list of parameters, from `first` on (plot/parameters.h).
+  struct ParameterList {
     QComboBox* list;
-    int first;  // column of the grid that is the list's first entry
+    int first, chosen;  // parameter of the first entry; index of the chosen one
   };
   PlotPanel* MakeHisto(QWidget* parent);
   PlotPanel* MakeXYPlot(int plot, QWidget* parent);
-  PlotPanel* MakePairs(int plot, QWidget* parent);
-  QComboBox* AddColumns(PlotPanel& panel, const char* label, const QString& name, const char* tip,
-                        int first);
+  void MakePairs(int plot, QWidget* parent);
+  QComboBox* AddParameters(PlotPanel& panel, const char* label, const QString& name,
+                           const char* tip, int first, int chosen,
+                           const std::function<void(int parameter)>& choose);
 
   Velorix& velorix_;
-  std::vector<ColumnList> lists_;
+  std::vector<ParameterList> lists_;
+  PlotPanel* histo_;
+  Array1<PlotPanel*, 2> xyPlots_;
 };
 
 }  // namespace velorix

@@ -2,11 +2,9 @@
 
 #include <QFrame>
 #include <functional>
-#include <vector>
 
-#include "platform/qt/grid_model.h"
+#include "platform/qt/record_table.h"
 
-class QTableView;
 class QToolButton;
 
 namespace velorix {
@@ -18,25 +16,17 @@ class GridPanel : public QFrame {
 
   GridPanel(Velorix& velorix, QWidget* parent);
 
-  void FillGrid();
-  void ShowHeader() { model_.RefreshHeader(); }
-  int RowCount() const { return model_.rowCount(); }
+  RecordTable* Grid;
 
   /// Called with the width that the frame wants when the button has been pressed.
   std::function<void(int width)> OnWiden;
 
  private:
   void ShowWidth();
-  void SelectFromStore();
-  std::vector<int> SelectedIds() const;
-  void TellSelection();
 
   Velorix& velorix_;
-  GridModel model_;
-  QTableView* scgAnisoView_;
   QToolButton* cmdExpand_;
   bool wide_ = false;
-  bool filling_ = false;  // the store selects rows, not the user
 };
 
 }  // namespace velorix

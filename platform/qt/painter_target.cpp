@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 namespace velorix {
 
@@ -78,7 +79,21 @@ void PainterTarget::Polygon(std::span<const LogicalPoint> points, const Pen& pen
 }
 
 void PainterTarget::Polyline(std::span<const LogicalPoint> points, const Pen& pen) {
+  if (surface_ == Surface::Pixels && points.size() == 2) FillToNeighbour(points, pen);
   Draw(Kind::Polyline, points, pen, NoBrush);
+}
+
+/// Colour bars are made of level lines one unit apart. Where a unit has more pixels than the pen,
+/// paper would show between them; so the colour of such a line reaches up to the one before.
+void PainterTarget::FillToNeighbour(std::span<const LogicalPoint> points, const Pen& pen) {
+  const LogicalBox line = {points[0].x, points[0].y, points[1].x, points[1].y};
+  const LogicalBox last = std::exchange(lastLine_, line);
+  if (line.top != line.bottom || last.top != last.bottom || pen.style != Solid ||
+      line.left != last.left || line.right != last.right || last.top - line.top != 1)
+    return;
+  const QPointF from = Snapped(points[0]), to = Snapped(points[1]);
+  painter_.fillRect(QRectF(from, QPointF(to.x() + 1, Snapped({last.left, last.top}).y())),
+                    ToQColor(pen.colour));
 }
 
 void PainterTarget::Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) {

@@ -66,6 +66,7 @@ class PainterTarget : public Target {
   };
 
   void Draw(Kind kind, std::span<const LogicalPoint> points, const Pen& pen, Brush brush);
+  void FillToNeighbour(std::span<const LogicalPoint> points, const Pen& pen);
   bool DrawStamp(Kind kind, std::span<const LogicalPoint> points, const Pen& pen, Brush brush);
   void DrawShape(QPainter& painter, Kind kind, std::span<const LogicalPoint> points,
                  const QPointF& first, const Pen& pen, Brush brush) const;
@@ -78,6 +79,7 @@ class PainterTarget : public Target {
   QPainter& painter_;
   PlaneFit fit_;
   Surface surface_;
+  LogicalBox lastLine_;  // the last line of two points
   std::unordered_map<StampKey, Stamp, StampHash> stamps_;
 };
 

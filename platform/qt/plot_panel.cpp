@@ -34,11 +34,11 @@ PlotPanel::PlotPanel(const PlotNames& names, const std::string& appFolder, QWidg
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(3);
-  QHBoxLayout* title = MakeTitleRow(names.Title, this);
+  title_ = MakeTitleRow(names.Title, this);
   button_ = MakeFlatButton(names.Button, this);
   button_->setToolTip(names.ButtonTip);
-  title->addWidget(button_);
-  column->addLayout(title);
+  title_->addWidget(button_);
+  column->addLayout(title_);
 
   auto* row = new QHBoxLayout;
   row->setSpacing(3);
@@ -74,6 +74,15 @@ PlotPanel::PlotPanel(const PlotNames& names, const std::string& appFolder, QWidg
 void PlotPanel::SetOpen(bool open) {
   scroll_->setVisible(open);
   button_->setIcon(open ? up_ : down_);
+}
+
+QLabel* PlotPanel::AddReadOut(const QString& name, const QString& tip) {
+  auto* label = new QLabel(this);
+  label->setObjectName(name);
+  label->setToolTip(tip);
+  label->setMinimumWidth(1);  // the plot's width isn't the text's
+  title_->insertWidget(title_->count() - 1, label);
+  return label;
 }
 
 bool PlotPanel::IsOpen() const { return !scroll_->isHidden(); }

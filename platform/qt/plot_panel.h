@@ -5,6 +5,7 @@
 #include "platform/qt/picture_widget.h"
 
 class QHBoxLayout;
+class QLabel;
 class QScrollArea;
 class QToolButton;
 class QVBoxLayout;
@@ -26,12 +27,15 @@ class PlotPanel : public QFrame {
   /// Opens or shuts the property frame.
   void SetOpen(bool open);
   bool IsOpen() const;
+  /// A label in the title's row for what the mouse reads off the plot.
+  QLabel* AddReadOut(const QString& name, const QString& tip);
 
   PictureWidget* Picture;
   QFrame* Frame;         // of the properties
   QVBoxLayout* Options;  // within the frame
 
  private:
+  QHBoxLayout* title_;
   QToolButton* button_;
   QScrollArea* scroll_;
   QIcon up_, down_;

@@ -11,7 +11,8 @@
 #include "app/display.h"
 #include "app/record_grid.h"
 #include "platform/qt/busy_cursor.h"
-#include "platform/qt/grid_model.h"
+#include "platform/qt/plot_mouse.h"
+#include "platform/qt/record_model.h"
 #include "platform/qt/widgets.h"
 
 namespace velorix {
@@ -56,12 +57,14 @@ constexpr OptionCheck Checks[] = {
 };
 // clang-format on
 
-constexpr PlotNames Names = {"Stereonet",
-                             "picStereo",
-                             "cmdStereoProperties",
-                             "fraStereoProperties",
-                             "Principal directions on the lower hemisphere",
-                             "Options of the stereonet"};
+constexpr PlotNames Names = {
+    "Stereonet",
+    "picStereo",
+    "cmdStereoProperties",
+    "fraStereoProperties",
+    "Principal directions on the lower hemisphere. Draw a box to select records. "
+    "Hold CTRL-Kmax, ALT-Kint, SHIFT-Kmin",
+    "Options of the stereonet"};
 
 QLabel* MakeHeading(const char* text, QWidget* parent) {
   auto* heading = new QLabel(text, parent);
@@ -94,6 +97,23 @@ StereoPanel::StereoPanel(Velorix& velorix, QWidget* parent)
     DrawStereo(session.Records, session.CoorSys, target, StereoGeometry{}, velorix_.Stereo,
                session.ReImMode, velorix_.GroupStats, session.Settings);
   });
+  QLabel* dec = AddReadOut("lblStereoCursorPos(1)", "Declination under the mouse");
+  QLabel* inc = AddReadOut("lblStereoCursorPos(2)", "Inclination under the mouse");
+  AttachMouse(*Picture, {.ReadOut =
+                             [=](double x, double y) {
+                               const StereoReadOut read = ReadStereo(x, y);
+                               dec->setText(ToQString(read.dec));
+                               inc->setText(ToQString(read.inc));
+                             },
+                         .Leave =
+                             [=] {
+                               dec->clear();
+                               inc->clear();
+                             },
+                         .Select =
+                             [this](const MouseBox& box, int keys) {
+                               Work(velorix_, [&] { SelectInStereo(velorix_, box, keys); });
+                             }});
   Picture->OnFault = [this](const Fault& fault) {
     velorix_.Log.DebugPrint(std::string("Error: stereonet: ") + fault.what());
     velorix_.Views.ShowStatus(std::string("Stereonet: ") + fault.what());

@@ -19,8 +19,13 @@
 #include "platform/qt/about_window.h"
 #include "platform/qt/busy_cursor.h"
 #include "platform/qt/column_plots.h"
+#include "platform/qt/contour_window.h"
+#include "platform/qt/data_table_window.h"
+#include "platform/qt/factor_window.h"
+#include "platform/qt/foli_line_window.h"
 #include "platform/qt/grid_panel.h"
 #include "platform/qt/group_statistics_window.h"
+#include "platform/qt/opar_window.h"
 #include "platform/qt/stereo_panel.h"
 #include "platform/qt/view_lists.h"
 #include "platform/qt/widgets.h"
@@ -38,16 +43,17 @@ QSplitter* MakeSplitter(Qt::Orientation orientation, QWidget* parent) {
   return splitter;
 }
 
-/// A button that shows and hides `panel`, which starts hidden.
+/// A button that shows and hides `panel`.
 QToolButton* MakePanelButton(const char* name, const char* text, const char* tip, QWidget* panel,
-                             QWidget* parent) {
+                             bool shown, QWidget* parent) {
   auto* button = new QToolButton(parent);
   button->setObjectName(name);
   button->setText(text);
   button->setToolTip(tip);
   button->setCheckable(true);
   button->setFocusPolicy(Qt::StrongFocus);
-  panel->hide();
+  button->setChecked(shown);
+  panel->setVisible(shown);
   QObject::connect(button, &QToolButton::toggled, panel, &QWidget::setVisible);
   return button;
 }
@@ -70,6 +76,7 @@ void frmVelorix::Load(Velorix& velorix) {
   velorix_ = &velorix;
   setWindowIcon(OwnIcon("velorix"));
   setAcceptDrops(true);
+  ChooseFirstPlots(*velorix_);
   bars_.Build(*this, *velorix_);
   auto* centre = new QWidget(this);
   auto* rows = new QVBoxLayout(centre);
@@ -96,10 +103,12 @@ QWidget* frmVelorix::MakeTopRow() {
   lists_ = new ViewLists(*velorix_, top);
   row->addWidget(lists_);
   row->addStretch(1);
-  row->addWidget(MakePanelButton("cmdColumnPlots", "Histogram, XY plots",
-                                 "Show or hide the histogram and the XY plots", column_, top));
+  row->addWidget(columnButton_ = MakePanelButton("cmdColumnPlots", "Histogram, XY plots",
+                                                 "Show or hide the histogram and the XY plots",
+                                                 column_, true, top));
   row->addWidget(MakePanelButton("cmdPairPlots", "Plots 1, 2",
-                                 "Show or hide the two plots of parameter pairs", pairs_, top));
+                                 "Show or hide the two plots of parameter pairs", pairs_, false,
+                                 top));
   return top;
 }
 
@@ -120,15 +129,21 @@ QWidget* frmVelorix::MakeViews() {
   left->setStretchFactor(0, 1);
   left->setStretchFactor(1, 0);
   left->setSizes({500, 200});
-  whole->setStretchFactor(0, 1);
-  whole->setStretchFactor(1, 0);
+  whole->setStretchFactor(0, 2);
+  whole->setStretchFactor(1, 1);
   whole->setSizes({850, 430});
   grid_->OnWiden = [this](int width) { Widen(width); };
   return whole;
 }
 
+/// The wide grid has no room beside the histogram and the XY plots: they go until it is narrow.
 void frmVelorix::Widen(int width) {
-  main_->setSizes({width, main_->width() - main_->handleWidth() - width});
+  if (width == GridPanel::Wide) columnBesideNarrow_ = columnButton_->isChecked();
+  columnButton_->setChecked(width != GridPanel::Wide && columnBesideNarrow_);
+  // When the splitter has given away the room.
+  QTimer::singleShot(0, this, [this, width] {
+    main_->setSizes({width, main_->width() - main_->handleWidth() - width});
+  });
 }
 
 void frmVelorix::MakeStatusBar() {
@@ -170,7 +185,8 @@ void frmVelorix::ShowCodeLists() {
 }
 
 void frmVelorix::ShowGridHeader() {
-  grid_->ShowHeader();
+  grid_->Grid->ShowHeader();
+  if (table_) table_->Table->ShowHeader();
   plots_->ShowGridHeader();
   stereo_->ShowGridHeader();
   if (group_) group_->AnisoFacName_Show();
@@ -178,7 +194,7 @@ void frmVelorix::ShowGridHeader() {
 
 void frmVelorix::FillGrid() {
   ShowBusyCursor();
-  grid_->FillGrid();
+  grid_->Grid->Fill();
 }
 
 void frmVelorix::RedrawStereo() {
@@ -190,30 +206,53 @@ void frmVelorix::CountRecords() {
   int selected = 0;
   for (const SpecimenRecord& record : velorix_->Session.Records) selected += record.Selected;
   counts_->setText(QString("%1 of %2 records in view, %3 selected")
-                       .arg(grid_->RowCount())
+                       .arg(grid_->Grid->Rows().rowCount())
                        .arg(velorix_->Session.RecordCount())
                        .arg(selected));
 }
 
-void frmVelorix::ShowWindows() {
-  const bool open = velorix_->Windows.GroupStatistics;
-  if (open && !group_) {
-    group_ = new frmGroupStatistics(*velorix_, this);
-    group_->OnClose = [this] {
-      Work(*velorix_, [this] {
-        velorix_->Windows.GroupStatistics = false;
+/// Opens or shuts a window beside this one as the session says. A window that the user closes
+/// tells the session.
+template <class Window>
+void frmVelorix::ShowWindow(bool OpenWindows::*isOpen, Window*& window) {
+  const bool open = velorix_->Windows.*isOpen;
+  if (open && !window) {
+    window = new Window(*velorix_, this);
+    window->OnClose = [this, isOpen] {
+      Work(*velorix_, [this, isOpen] {
+        velorix_->Windows.*isOpen = false;
         ShowWindows();
         ShowChoices();
       });
     };
-    group_->show();
-  } else if (!open && group_) {
-    group_->OnClose = nullptr;
-    group_->close();
-    group_->deleteLater();
-    group_ = nullptr;
+    window->show();
+  } else if (!open && window) {
+    window->OnClose = nullptr;
+    window->close();
+    window->deleteLater();
+    window = nullptr;
   }
 }
+
+void frmVelorix::ShowWindows() {
+  ShowWindow(&OpenWindows::DataTable, table_);
+  ShowWindow(&OpenWindows::GroupStatistics, group_);
+  ShowWindow(&OpenWindows::Contour, contour_);
+  ShowWindow(&OpenWindows::FoliLine, foliLine_);
+}
+
+void frmVelorix::FillDataTable() {
+  if (table_) table_->Table->Fill();
+}
+
+void frmVelorix::ShowSelection() {
+  grid_->Grid->ShowSelection();
+  if (table_) table_->Table->ShowSelection();
+}
+
+void frmVelorix::RedrawHisto() { plots_->RedrawHisto(); }
+
+void frmVelorix::RedrawXYPlot(int plot) { plots_->RedrawXYPlot(plot); }
 
 void frmVelorix::RefreshGroupStatistics() {
   if (group_) group_->AnisoView_DisplayGroupStatistics();
@@ -222,6 +261,16 @@ void frmVelorix::RefreshGroupStatistics() {
 void frmVelorix::ShowAbout() {
   frmAbout about(this);
   about.exec();
+}
+
+void frmVelorix::ShowOrientationParameters() {
+  frmOPAR parameters(*velorix_, this);
+  parameters.exec();
+}
+
+void frmVelorix::ShowFactorChoice() {
+  frmAnisoFac factors(*velorix_, this);
+  factors.exec();
 }
 
 void frmVelorix::Exit() { close(); }

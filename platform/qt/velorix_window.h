@@ -8,10 +8,14 @@
 
 class QLabel;
 class QSplitter;
+class QToolButton;
 
 namespace velorix {
 
 class ColumnPlots;
+class frmContour;
+class frmDataTable;
+class frmFoliLine;
 class frmGroupStatistics;
 class GridPanel;
 class StereoPanel;
@@ -37,8 +41,14 @@ class frmVelorix : public QMainWindow, public Views {
   void FillGrid() override;
   void RedrawStereo() override;
   void ShowWindows() override;
+  void FillDataTable() override;
+  void ShowSelection() override;
+  void RedrawHisto() override;
+  void RedrawXYPlot(int plot) override;
   void RefreshGroupStatistics() override;
   void ShowAbout() override;
+  void ShowOrientationParameters() override;
+  void ShowFactorChoice() override;
   void Exit() override;
   void ShowStatus(const std::string& text) override;
 
@@ -54,15 +64,22 @@ class frmVelorix : public QMainWindow, public Views {
   void MakeStatusBar();
   void Widen(int width);
   void CountRecords();
+  template <class Window>
+  void ShowWindow(bool OpenWindows::*isOpen, Window*& window);
 
   Velorix* velorix_ = nullptr;  // whose Views this window is
   CommandBars bars_;
   ViewLists* lists_ = nullptr;
   GridPanel* grid_ = nullptr;
   StereoPanel* stereo_ = nullptr;
-  frmGroupStatistics* group_ = nullptr;  // only while it is open
+  frmGroupStatistics* group_ = nullptr;  // these only while they are open
+  frmDataTable* table_ = nullptr;
+  frmContour* contour_ = nullptr;
+  frmFoliLine* foliLine_ = nullptr;
   std::unique_ptr<ColumnPlots> plots_;
   QSplitter *main_ = nullptr, *column_ = nullptr, *pairs_ = nullptr;
+  QToolButton* columnButton_ = nullptr;
+  bool columnBesideNarrow_ = true;
   QLabel *counts_ = nullptr, *startTime_ = nullptr;
 };
 

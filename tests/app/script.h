@@ -52,17 +52,25 @@ struct ScriptedDialogs : Dialogs {
 struct RecordedViews : Views {
   std::string Caption, Status;
   int Room = 200, Grids = 0, Stereos = 0, Groups = 0, CodeListsShown = 0;
+  int Tables = 0, Selections = 0, Histos = 0, GridHeaders = 0;
+  std::string XYPlots;  // numbers of the plots drawn, in order
 
   void SetCaption(const std::string& caption) override { Caption = caption; }
   int CaptionRoom() override { return Room; }
   void ShowChoices() override {}
   void ShowCodeLists() override { ++CodeListsShown; }
-  void ShowGridHeader() override {}
+  void ShowGridHeader() override { ++GridHeaders; }
   void FillGrid() override { ++Grids; }
+  void FillDataTable() override { ++Tables; }
+  void ShowSelection() override { ++Selections; }
   void RedrawStereo() override { ++Stereos; }
+  void RedrawHisto() override { ++Histos; }
+  void RedrawXYPlot(int plot) override { XYPlots += std::to_string(plot); }
   void ShowWindows() override {}
   void RefreshGroupStatistics() override { ++Groups; }
   void ShowAbout() override {}
+  void ShowOrientationParameters() override {}
+  void ShowFactorChoice() override {}
   void Exit() override {}
   void ShowStatus(const std::string& text) override { Status = text; }
 };

@@ -245,12 +245,13 @@ class MainWindowTest : public QObject {
     W().Press("cmdExpand");
     QCOMPARE(frame.width(), 993);  // 14895 twips
     QCOMPARE(button.toolTip(), "<- Shrink");
+    QVERIFY(!W().The<QWidget>("picHisto").isVisible());  // it would have no room
     W().Press("cmdExpand");
     QCOMPARE(frame.width(), 177);
+    QVERIFY(W().The<QWidget>("picHisto").isVisible());
   }
 
   void framesOpenAndShutAndTheirButtonsTellTheState() {
-    W().Press("cmdColumnPlots");
     W().Press("cmdPairPlots");
     const struct {
       const char *button, *frame;

@@ -52,6 +52,7 @@ class PainterTargetTest : public QObject {
   void LinesFillWholePixels();
   void PensKeepAtLeastAPixelAndScaleUp();
   void PenStylesLeaveGaps();
+  void ColourBarsHaveNoStripesAtAnyScale();
   void HollowShapesLeaveWhatLiesUnderThem();
   void PixelCoversItsUnit();
   void StampsEqualDrawnShapes();
@@ -114,6 +115,17 @@ void PainterTargetTest::PensKeepAtLeastAPixelAndScaleUp() {
     const QImage image =
         Picture(row.scale, [&](Target& t) { DrawLine(t, 10, 50, 90, 50, {.width = row.width}); });
     QCOMPARE(Ink(image).height(), row.pixels);
+  }
+}
+
+void PainterTargetTest::ColourBarsHaveNoStripesAtAnyScale() {
+  for (const double scale : {1.0, 1.2, 1.4, 1.55, 1.9, 2.45}) {
+    const QImage image = Picture(scale, [](Target& target) {
+      for (int y = 80; y >= 20; --y) DrawLine(target, 30, y, 40, y, {.colour = Blue});
+    });
+    for (int y = static_cast<int>(21 * scale); y < 80 * scale; ++y)
+      QVERIFY2(image.pixel(static_cast<int>(35 * scale), y) == QColor(Qt::blue).rgb(),
+               qPrintable(QString("scale %1, row %2").arg(scale).arg(y)));
   }
 }
 

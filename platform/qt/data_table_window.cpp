@@ -1,0 +1,77 @@
+#include "platform/qt/data_table_window.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "app/data_table.h"
+#include "platform/qt/widgets.h"
+
+namespace velorix {
+
+frmDataTable::frmDataTable(Velorix& velorix, QWidget* owner)
+    : QWidget(owner, Qt::Window), velorix_(velorix) {
+  setObjectName("frmDataTable");
+  setWindowTitle("Data Table");
+  setAttribute(Qt::WA_QuitOnClose, false);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(6, 6, 6, 6);
+  Table = new RecordTable(velorix, DataTableRecordColumns, this);
+  Table->setToolTip(
+      "Every value of the records in view. A click on a header sorts by its column, Ctrl+C copies "
+      "the selected rows");
+  column->addWidget(Table, 1);
+
+  auto* row = new QHBoxLayout;
+  const auto button = [&](const char* name, const char* caption, const char* tip) {
+    auto* made = new QPushButton(caption, this);
+    made->setObjectName(name);
+    made->setToolTip(tip);
+    row->addWidget(made);
+    return made;
+  };
+  row->addStretch(1);
+  connect(button("cmdCopy", "Copy", "Copy the selected rows as tab-separated text [Ctrl+C]"),
+          &QPushButton::clicked, this, [this] { Copy(); });
+  connect(button("cmdCLOSE", "CLOSE", "Close the data table [F1]"), &QPushButton::clicked, this,
+          &QWidget::close);
+  column->addLayout(row);
+  connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, [this] { Copy(); });
+  connect(Table->horizontalHeader(), &QHeaderView::sectionClicked, this,
+          [this](int section) { SortBy(section); });
+
+  // Over the main window, a little smaller, so that its edges stay in reach.
+  constexpr int Inset = 3, Narrower = 7, Lower = 87;
+  const QWidget* main = owner->window();
+  setGeometry(main->x() + Inset, main->y(), main->width() - Narrower, main->height() - Lower);
+  Table->Fill();
+}
+
+/// A second click on a column turns its order round; another column starts upward.
+void frmDataTable::SortBy(int column) {
+  QHeaderView* header = Table->horizontalHeader();
+  const bool downward = header->isSortIndicatorShown() &&
+                        header->sortIndicatorSection() == column &&
+                        header->sortIndicatorOrder() == Qt::AscendingOrder;
+  header->setSortIndicator(column, downward ? Qt::DescendingOrder : Qt::AscendingOrder);
+  header->setSortIndicatorShown(true);
+  Table->Sort(column, downward);
+}
+
+void frmDataTable::Copy() {
+  const std::vector<int> ids = Table->SelectedIds();
+  if (ids.empty()) return velorix_.Views.ShowStatus("No row of the data table is selected.");
+  QApplication::clipboard()->setText(ToQString(DataTableText(ids, velorix_.Session)));
+}
+
+void frmDataTable::closeEvent(QCloseEvent* event) {
+  QWidget::closeEvent(event);
+  if (OnClose) OnClose();
+}
+
+}  // namespace velorix

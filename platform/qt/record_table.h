@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QTableView>
+#include <vector>
+
+#include "platform/qt/record_model.h"
+
+namespace velorix {
+
+/// A table of the records in view whose selected rows are the selected records.
+class RecordTable : public QTableView {
+ public:
+  RecordTable(Velorix& velorix, const RecordColumns& columns, QWidget* parent);
+
+  /// Takes the rows from the store again; the table stays where the user has scrolled it.
+  void Fill();
+  /// Selects the rows of the selected records. Nothing happens when they are selected already.
+  void ShowSelection();
+  void ShowHeader() { model_.RefreshHeader(); }
+  /// Sorts by a column of the data table.
+  void Sort(int column, bool downward);
+  /// Record numbers of the selected rows, in the order of the rows.
+  std::vector<int> SelectedIds() const;
+
+  const RecordModel& Rows() const { return model_; }
+
+ private:
+  void SelectFromStore();
+  void TellSelection();
+
+  Velorix& velorix_;
+  RecordModel model_;
+  bool filling_ = false;  // the store selects rows, not the user
+};
+
+}  // namespace velorix
