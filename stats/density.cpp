@@ -71,6 +71,7 @@ class RowWork {
       Rows(progress);
       joiner.Finished = true;
     }
+    if (!stopped_ && threads > 1 && progress && !progress(1)) stopped_ = true;
     return !stopped_;
   }
 
