@@ -1,5 +1,6 @@
 #include "plot/contour.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -114,13 +115,15 @@ void DrawRampBar(const ContourView& view) {
                   view.ColourAt(1 - (static_cast<float>(y) + 0.5f) / static_cast<float>(Height)));
   view.target.Raster({LegendLeft, BarTop}, BarWidth, pixels);
   DrawBox(view.target, LegendLeft, BarTop, LegendLeft + BarWidth, BarBottom, {});
-  const auto label = [&view](int value) {
+  constexpr double LabelHeight = 13;
+  const auto label = [&view](int value, double lower) {
     const double y = BarBottom - value / static_cast<double>(view.count.ContourMax) * Height;
     DrawLine(view.target, LegendLeft + BarWidth, y, LegendLeft + BarWidth + 4, y, {});
-    view.Text(PlainText(value), LabelLeft, y + HalfDigit);
+    view.Text(PlainText(value), LabelLeft, y + lower + HalfDigit);
   };
-  label(0);
-  for (const std::int16_t value : view.levels.Values) label(value);
+  const double firstLevel = Height / static_cast<double>(view.count.ContourMax);
+  label(0, std::max(LabelHeight - firstLevel, 0.0));  // level 1 may lie close above 0
+  for (const std::int16_t value : view.levels.Values) label(value, 0);
   view.Text("Max" + FormatNumber(view.count.ContourMax, "0.0"), LegendLeft, BarTop - 8);
 }
 
