@@ -13,21 +13,12 @@
 #include "platform/qt/picture_widget.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/start_up.h"
+#include "tests/qt/on_modal.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;
 
 namespace {
-
-/// Does `act` to the next modal window of a kind, once it is up.
-template <class Modal>
-void OnModal(std::function<void(Modal&)> act) {
-  QTimer::singleShot(0, [act] {
-    auto* window = qobject_cast<Modal*>(QApplication::activeModalWidget());
-    if (!window) return OnModal<Modal>(act);
-    act(*window);
-  });
-}
 
 /// Where a widget lies on the screen.
 QRect Place(const QWidget& widget) { return {widget.mapToGlobal(QPoint()), widget.size()}; }

@@ -1,0 +1,148 @@
+// The dialog of the orientation parameters, driven by the names of its controls.
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QPushButton>
+
+#include "app/settings_file.h"
+#include "tests/qt/on_modal.h"
+#include "tests/qt/test_window.h"
+
+namespace velorix {
+namespace {
+
+class OparWindowTest : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<TestWindow> window_;
+  TestWindow& W() { return *window_; }
+  velorix::Settings& Settings() { return W().Program.Session.Settings; }
+
+  /// Opens the dialog from the menu, lets `act` use it, and returns when it is closed.
+  void Show(const std::function<void(QDialog&)>& act) {
+    bool seen = false;
+    OnModal<QDialog>([&](QDialog& dialog) {
+      QTRY_COMPARE(QApplication::activeWindow(), &dialog);
+      act(dialog);
+      seen = true;
+      if (dialog.isVisible()) dialog.reject();
+    });
+    W().The<QAction>("mnuOPAR").trigger();
+    QVERIFY(seen);
+  }
+  static QPushButton& Ok(QDialog& d) { return *d.findChild<QPushButton*>("cmdOK"); }
+  static QComboBox& List(QDialog& d, int i) {
+    return *d.findChild<QComboBox*>(QString("cboOP(%1)").arg(i));
+  }
+  static QCheckBox& Demag(QDialog& d) { return *d.findChild<QCheckBox*>("chkDemagFac"); }
+  static QString Values(const QComboBox& list) {
+    QStringList values;
+    for (int i = 0; i < list.count(); ++i) values += list.itemText(i);
+    return values.join(' ');
+  }
+
+ private slots:
+  void init() {
+    window_ = std::make_unique<TestWindow>();
+    W().Program.Session.SettingsFile = W().Path("settings.sav");
+  }
+  void cleanup() { window_.reset(); }
+
+  void isLockedUntilChangeIsClicked() {
+    Settings().P = {12, 90, 3, 90};
+    Settings().DemagFac = false;
+    Show([this](QDialog& d) {
+      QCOMPARE(d.objectName(), "frmOPAR");
+      QCOMPARE(d.windowTitle(), "Orientation Parameters");
+      const char* values[] = {"3 6 9 12", "0 90", "3 6 9 12", "0 90"};
+      for (int i = 1; i <= 4; ++i) {
+        QCOMPARE(Values(List(d, i)), values[i - 1]);
+        QCOMPARE(List(d, i).currentText(), QString::number(Settings().P[i]));
+        QVERIFY(!List(d, i).isEnabled());
+        QVERIFY(!List(d, i).toolTip().isEmpty());
+      }
+      QVERIFY(!Demag(d).isEnabled() && !Demag(d).isChecked());
+      QCOMPARE(Demag(d).text(), "Use Demagnetizing Factor");
+      QCOMPARE(Ok(d).text(), "CHANGE");
+      QCOMPARE(Ok(d).toolTip(), "(Enter)");
+      QCOMPARE(d.findChild<QPushButton*>("cmdCancel")->text(), "CANCEL");
+      QCOMPARE(d.findChild<QPushButton*>("cmdCancel")->toolTip(), "Close without saving (Esc)");
+
+      QTest::keyClick(&d, Qt::Key_Return);
+      QVERIFY(d.isVisible());
+      QCOMPARE(Ok(d).text(), "OK");
+      QVERIFY(Ok(d).isDefault());
+      QCOMPARE(Ok(d).palette().color(QPalette::Button), QColor(0x80, 0xFF, 0x80));
+      QVERIFY(Demag(d).isEnabled() && List(d, 4).isEnabled());
+      QVERIFY(List(d, 1).hasFocus());
+    });
+  }
+
+  void aChangeLeavesAnEmptySession() {
+    W().Open(W().WriteFile("site", 5));
+    QCOMPARE(W().Grid().model()->rowCount(), 5);
+    Show([this](QDialog& d) {
+      QTest::mouseClick(&Ok(d), Qt::LeftButton);
+      List(d, 2).setCurrentText("90");
+      Demag(d).setChecked(false);
+      QTest::keyClick(&d, Qt::Key_Return);
+      QVERIFY(!d.isVisible());
+    });
+    QCOMPARE(W().Asked.Boxes.back(),
+             "Anisotropy settings|Orientation parameters were changed!\n"
+             "Currently open data file is closed.|&OK");
+    QCOMPARE(W().Grid().model()->rowCount(), 0);
+    QCOMPARE(W().Window.windowTitle(), "Velorix5");
+    velorix::Settings written;
+    QVERIFY(SettingsRead(written, W().Program.Session.SettingsFile));
+    QVERIFY(written == Settings());
+    QCOMPARE(written.P[2], 90);
+    QVERIFY(!written.DemagFac);
+  }
+
+  void cancelAndEscapeChangeNothing() {
+    W().Open(W().WriteFile("site", 5));
+    for (const bool escape : {false, true}) {
+      Show([&](QDialog& d) {
+        QTest::mouseClick(&Ok(d), Qt::LeftButton);
+        List(d, 1).setCurrentText("12");
+        if (escape)
+          QTest::keyClick(&d, Qt::Key_Escape);
+        else
+          QTest::mouseClick(d.findChild<QPushButton*>("cmdCancel"), Qt::LeftButton);
+        QVERIFY(!d.isVisible());
+      });
+      QVERIFY(Settings() == velorix::Settings());
+      QCOMPARE(W().Grid().model()->rowCount(), 5);
+      QVERIFY(!QFile::exists(QString::fromStdString(W().Program.Session.SettingsFile)));
+    }
+  }
+
+  void aValueThatIsNotOnOfferStaysAsItIs() {
+    Settings().P = {5, 0, 6, 0};
+    Show([](QDialog& d) {
+      QCOMPARE(List(d, 1).currentIndex(), -1);
+      Ok(d).click();
+      Ok(d).click();
+    });
+    QCOMPARE(Settings().P[1], 5);
+  }
+
+  void settingsThatCannotBeWrittenKeepItOpen() {
+    W().Program.Session.SettingsFile = W().Path("no folder/settings.sav");
+    Show([this](QDialog& d) {
+      Ok(d).click();
+      Ok(d).click();
+      QCOMPARE(W().Asked.Boxes.size(), 1u);
+      QVERIFY(W().Asked.Boxes[0].starts_with("Velorix5|"));
+      QVERIFY(d.isVisible());
+    });
+  }
+};
+
+}  // namespace
+}  // namespace velorix
+
+using velorix::OparWindowTest;
+QTEST_MAIN(OparWindowTest)
+#include "opar_window_test.moc"
