@@ -207,4 +207,12 @@ bool RotateRecord(SpecimenRecord& record, const View& view) {
   return true;
 }
 
+Vector<6> RotatedTensor(const SpecimenRecord& record, const View& view) {
+  Turned t = AsStored(record, view.ReImMode);
+  TurnToView(t, record, view);
+  Vector<6> tensor;
+  TensorForm(t.K, tensor, 1);
+  return tensor;
+}
+
 }  // namespace velorix

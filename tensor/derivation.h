@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "store/session.h"
+#include "tensor/kernel.h"
 
 namespace velorix {
 
@@ -34,5 +35,9 @@ bool DeriveFactors(SpecimenRecord& record, const Array1<std::int16_t, 8>& facInd
 /// an angle) the record is untouched too. A tensor with NaN or infinity gives NaN directions and no
 /// failure.
 bool RotateRecord(SpecimenRecord& record, const View& view);
+
+/// The tensor alone that `RotateRecord` would store in `TensorRot`, for a writer that needs no
+/// directions; the record stays as it is. Fails like `RotateRecord`.
+Vector<6> RotatedTensor(const SpecimenRecord& record, const View& view);
 
 }  // namespace velorix

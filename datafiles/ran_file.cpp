@@ -1,0 +1,302 @@
+#include "datafiles/ran_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <vector>
+
+#include "base/rounding.h"
+#include "datafiles/ran_layout.h"
+#include "datafiles/safe_write.h"
+#include "tensor/derivation.h"
+#include "text/lines.h"
+#include "text/numbers.h"
+#include "text/paths.h"
+#include "text/upper_case.h"
+
+namespace velorix {
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void FailReading(const fs::path& path) {
+  const int reason = errno != 0 ? errno : EIO;
+  throw fs::filesystem_error("cannot read", path, std::error_code(reason, std::generic_category()));
+}
+
+/// The first `size` bytes of a file, as many as there are.
+std::vector<std::byte> BytesOfFile(const fs::path& path, std::uintmax_t size) {
+  std::vector<std::byte> bytes(static_cast<std::size_t>(size));
+  errno = 0;
+  std::ifstream in(path, std::ios::binary);
+  if (!in) FailReading(path);
+  in.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  if (in.bad()) FailReading(path);
+  bytes.resize(static_cast<std::size_t>(in.gcount()));
+  return bytes;
+}
+
+/// `value` as a 32-bit float; "Overflow" when it is finite and too large for one.
+float ToSingle(double value) {
+  if (std::isfinite(value) && std::fabs(value) > std::numeric_limits<float>::max()) FailOverflow();
+  return static_cast<float>(value);
+}
+
+// ---- Reading
+
+/// The value of a text that must be a number as a whole; a blank one is 0.
+float CoordinateOf(std::string_view text) {
+  text = StripBlanks(text);
+  if (text.empty()) return 0;
+  std::string_view digits = text;
+  if (digits.front() == '+' || digits.front() == '-') digits.remove_prefix(1);
+  if (digits.empty() ||
+      !(digits.front() == '.' || (digits.front() >= '0' && digits.front() <= '9')))
+    FailType();
+  double ignored;
+  const char* const end = digits.data() + digits.size();
+  if (std::from_chars(digits.data(), end, ignored).ptr != end) FailType();
+  return ToSingle(NumberOf(text));
+}
+
+/// A record with what the header tells of each specimen.
+SpecimenRecord RecordOfHeader(const RanHeader& header, const Settings& settings) {
+  SpecimenRecord r;
+  const std::string_view site = header.Site;
+  r.Site = StripBlanks(site.substr(0, site.find('\0')));
+  r.Rock = StripBlanks(header.Rock);
+  r.Strat = StripBlanks(header.Strat);
+  r.Litho = StripBlanks(header.Litho);
+  r.Regio = StripBlanks(header.Regio);
+  // Longitude from the second place, though the writer puts it into the first: a file of our own
+  // comes back with the two exchanged. This is wanted.
+  if (!header.Coordinate2.empty() && static_cast<unsigned char>(header.Coordinate2.front()) >= 34) {
+    r.Lon = CoordinateOf(header.Coordinate2);
+    r.Lat = CoordinateOf(header.Coordinate1);
+  }
+  int j = 0;
+  for (const std::string* text : {&header.P1, &header.P2, &header.P3, &header.P4}) {
+    const double value = NumberOf(*text);
+    ++j;
+    r.OP[j] = value != 0 ? ToShort(value) : settings.P[j];
+  }
+  r.OP[4] = 0;  // whatever the header says: wanted
+  r.SourceProgram = "Marlo";
+  r.Active = true;
+  return r;
+}
+
+/// The instrument told by the file's extension and the two numbers of a specimen.
+const char* InstrumentOf(bool isAre, double A, double B) {
+  if (isAre) return "PW-6";
+  if (std::fabs(std::fabs(A) - std::fabs(B)) <= 0.5) return "TQB-3";
+  return A >= 1000 ? "NVR1" : "TQB-4";
+}
+
+/// Field and frequency of the multi-frequency instrument: the first character of A's text is the
+/// index of the frequency, the last three are the field.
+void UnpackFrequency(float A, SpecimenRecord& r) {
+  const std::string text = PlainText(A);
+  r.FreqIndex = ToShort(NumberOf(std::string_view(text).substr(0, 1)));
+  r.FreqName = PlainText(r.FreqIndex) + "F";
+  r.Field = static_cast<float>(NumberOf(text.size() < 3 ? "" : text.substr(text.size() - 3)));
+  constexpr float Frequencies[] = {0, 976, 3904, 15616};
+  r.Frequency = r.FreqIndex <= 3 ? Frequencies[r.FreqIndex] : 0;
+}
+
+void UnpackField(float A, SpecimenRecord& r) {
+  const auto fixed = [&r](double field, const char* freqName, float frequency) {
+    r.Field = ToSingle(field);
+    r.FreqName = freqName;
+    r.Frequency = frequency;
+  };
+  if (r.Instrument == "TQB-2") fixed(423, "F0", 920);  // none is told apart as such
+  if (r.Instrument == "TQB-3") fixed(423, "F0", 875);
+  if (r.Instrument == "TQB-4") fixed(RoundHalfEven(double{A} * 1.41), "F0", 875);
+  if (r.Instrument == "PW-6") fixed(RoundHalfEven(A), "N/A", 0);
+  if (r.Instrument == "NVR1") UnpackFrequency(A, r);
+}
+
+/// A character of a code pair; there is none below "1" in the character table.
+std::string CodeOf(char character) {
+  if (static_cast<unsigned char>(character) < '1') return {};
+  return UpperCase(FromCodePage({&character, 1}));
+}
+
+void UnpackSlot(const CodePair& codes, const RanAngles& angles, int slot, SpecimenRecord& r) {
+  r.FoliName[slot] = CodeOf(codes[0]);
+  r.LineName[slot] = CodeOf(codes[1]);
+  // A lineation alone does not open the two upper systems: wanted.
+  if (!r.FoliName[slot].empty()) r.HasCoor[3] = r.HasCoor[4] = true;
+  r.FoliAz[slot] = angles[1];
+  r.FoliDip[slot] = angles[2];
+  r.LineTrend[slot] = angles[3];
+  r.LinePlunge[slot] = angles[4];
+}
+
+void UnpackSpecimen(const RanSpecimen& s, bool isAre, SpecimenRecord& r) {
+  r.Name = StripBlanks(StripControls(s.Name));
+  r.Instrument = InstrumentOf(isAre, s.A, s.B);
+  UnpackField(s.A, r);
+  for (int i = 1; i <= 6; ++i) r.Tensor[i] = s.Tensor[i];
+  const double sum = double{s.Tensor[1]} + s.Tensor[2] + s.Tensor[3];
+  r.Km = sum * s.B / 3 / 1000000;
+  if (s.Codes1 == CodePair{'S', 'S'}) {
+    r.HasCoor[1] = true;
+    return;
+  }
+  r.HasCoor[2] = true;
+  UnpackSlot(s.Codes1, s.Angles1, 1, r);
+  UnpackSlot(s.Codes2, s.Angles2, 2, r);
+  for (int i = 1; i <= 3; ++i) r.E[i] = r.E2[i] = r.E3[i] = 0.0f;
+  for (int i = 0; i <= 3; ++i) r.FTest[i] = 0.0f;
+}
+
+// ---- Writing
+
+RanHeader HeaderOf(const SpecimenRecord& r) {
+  return {0,
+          r.Site,
+          PlainText(r.Lon),
+          PlainText(r.Lat),
+          r.Rock,
+          r.Strat,
+          r.Litho,
+          r.Regio,
+          PlainText(r.OP[1]),
+          PlainText(r.OP[2]),
+          PlainText(r.OP[3]),
+          PlainText(r.OP[4])};
+}
+
+/// Two characters of both codes one behind the other, so that a foliation code of two characters
+/// leaves no place for the lineation's: wanted.
+CodePair PairOf(const std::string& foliation, const std::string& lineation) {
+  const std::string codes =
+      ToCodePage((foliation.empty() ? "0" : foliation) + (lineation.empty() ? "0" : lineation));
+  return {codes[0], codes[1]};
+}
+
+RanAngles AnglesOf(const SpecimenRecord& r, int slot) {
+  return {ToShort(r.FoliAz[slot]), ToShort(r.FoliDip[slot]), ToShort(r.LineTrend[slot]),
+          ToShort(r.LinePlunge[slot])};
+}
+
+RanSpecimen SpecimenOf(const SpecimenRecord& r, const std::string& suffix) {
+  RanSpecimen s;
+  s.Name = r.Name + suffix;
+  s.A = ToSingle(r.FreqIndex * 1000.0 + r.Field);
+  s.B = ToSingle(std::fabs(r.Km * 1000000));
+  View view;
+  view.CoorSys = r.HasCoor[2] ? Geographic : Specimen;
+  const Vector<6> tensor = RotatedTensor(r, view);
+  for (int i = 1; i <= 6; ++i) s.Tensor[i] = ToSingle(tensor[i]);
+  if (!r.HasCoor[2]) {
+    s.Codes1 = {'S', 'S'};
+    return s;
+  }
+  // A foliation "S" with a lineation "S" reads as the specimen system: wanted.
+  s.Codes1 = PairOf(r.FoliName[1], r.LineName[1]);
+  s.Codes2 = PairOf(r.FoliName[2], r.LineName[2]);
+  s.Angles1 = AnglesOf(r, 1);
+  s.Angles2 = AnglesOf(r, 2);
+  return s;
+}
+
+/// What an existing file keeps when records go behind it: whole records of 64 bytes, a broken one
+/// filled up or left out as its length rounds.
+std::vector<std::byte> BytesToKeep(const std::string& path) {
+  const fs::path file = PathOf(path);
+  if (!fs::exists(file)) return {};
+  const std::uintmax_t size = fs::file_size(file);
+  const int n = ToShort(static_cast<double>(size) / RanRecordSize);
+  std::vector<std::byte> kept = BytesOfFile(file, size);
+  kept.resize(static_cast<std::size_t>(n) * RanRecordSize);
+  return kept;
+}
+
+}  // namespace
+
+int RanSpecimenCount(std::uintmax_t size) {
+  return std::max<int>(ToShort(static_cast<double>(size) / RanRecordSize - 1), 0);
+}
+
+Outcome ReadRanBytes(std::span<const std::byte> bytes, const std::string& path,
+                     RecordArray& records, const Settings& settings) {
+  if (bytes.empty())
+    return Outcome::Refused("Input error!", "File <<" + UpperCase(path) + ">> is empty!");
+  const int n = RanSpecimenCount(bytes.size());
+  if (n == 0) return Outcome::Refused();
+  RanHeader header;
+  LoadRanRecord(RanHeaderLayout, bytes.data(), header);
+  const SpecimenRecord common = RecordOfHeader(header, settings);
+  const bool isAre = ExtensionOf(path) == "are";  // "ARE" is read as a RAN file: wanted
+  const int before = records.Count();
+  int next = records.GrowStale(n);
+  try {
+    RanSpecimen specimen;
+    for (int i = 1; i <= n; ++i, ++next) {
+      const auto rest = bytes.subspan(static_cast<std::size_t>(i) * RanRecordSize);
+      std::byte filled[RanRecordSize] = {};
+      if (rest.size() < RanRecordSize) std::copy(rest.begin(), rest.end(), filled);
+      LoadRanRecord(RanSpecimenLayout, rest.size() < RanRecordSize ? filled : rest.data(),
+                    specimen);
+      records[next] = common;
+      UnpackSpecimen(specimen, isAre, records[next]);
+    }
+  } catch (...) {
+    records.Truncate(before);
+    throw;
+  }
+  return {};
+}
+
+Outcome ReadRanFile(const std::string& path, RecordArray& records, const Settings& settings) {
+  const fs::path file = PathOf(path);
+  const std::uintmax_t size = fs::file_size(file);
+  (void)RanSpecimenCount(size);  // before the memory is asked for
+  return ReadRanBytes(BytesOfFile(file, size), path, records, settings);
+}
+
+Outcome WriteRanFile(const std::string& path, const RecordArray& records, bool append, bool all,
+                     const std::string& suffix) {
+  const auto isWanted = [all](const SpecimenRecord& r) { return all || r.Selected; };
+  const auto count = std::count_if(records.begin(), records.end(), isWanted);
+  if (count == 0) {
+    // Nothing takes the place of the old file, which goes all the same: this is wanted.
+    if (!append && fs::is_regular_file(PathOf(path))) fs::remove(PathOf(path));
+    return records.Empty() ? Outcome::Refused() : Outcome();
+  }
+  std::vector<std::byte> bytes = append ? BytesToKeep(path) : std::vector<std::byte>();
+  const bool keepsHeader = bytes.size() > RanRecordSize;
+  std::size_t end = std::max<std::size_t>(bytes.size(), RanRecordSize);
+  const std::size_t size = end + static_cast<std::size_t>(count) * RanRecordSize;
+  const std::int16_t headerCount = ToShort(static_cast<double>(size / RanRecordSize + 1));
+  bytes.resize(size);
+  const auto first = std::find_if(records.begin(), records.end(), isWanted);
+  if (!keepsHeader) StoreRanRecord(RanHeaderLayout, HeaderOf(*first), bytes.data());
+  StoreLittle(bytes.data(), headerCount);
+  for (const SpecimenRecord& r : records) {
+    if (!isWanted(r)) continue;
+    StoreRanRecord(RanSpecimenLayout, SpecimenOf(r, suffix), bytes.data() + end);
+    end += RanRecordSize;
+  }
+  SafeWrite(path, [&](std::ostream& out) {
+    out.write(reinterpret_cast<const char*>(bytes.data()),
+              static_cast<std::streamsize>(bytes.size()));
+  });
+  return {};
+}
+
+Outcome WriteRanRecord(const std::string& path, const SpecimenRecord& record,
+                       const std::string& suffix) {
+  RecordArray one;
+  one.Add(record);
+  return WriteRanFile(path, one, true, true, suffix);
+}
+
+}  // namespace velorix
