@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "datafiles/ams_file.h"
+#include "datafiles/ran_file.h"
 #include "text/paths.h"
 
 namespace velorix {
@@ -11,20 +12,24 @@ namespace {
 
 constexpr char Separator = static_cast<char>(std::filesystem::path::preferred_separator);
 
-Outcome ReloadAmsInPhase(const std::string& path, RecordArray& records) {
+Outcome ReadAms(const std::string& path, RecordArray& records, const Settings&) {
+  return ReadAmsFile(path, records);
+}
+
+Outcome ReloadAmsInPhase(const std::string& path, RecordArray& records, const Settings&) {
   return ReloadAmsFile(path, records, false);
 }
 
-Outcome ReadLater(const std::string& path, RecordArray&) {
+Outcome ReadLater(const std::string& path, RecordArray&, const Settings&) {
   return Outcome::Refused("Open File(s)",
                           path + "\nThis version cannot read files of this type yet.");
 }
 
 // clang-format off
 constexpr OpenFilter Filters[] = {
-    {"ams",  "ams", "AMS-file(s) (*.ams)|*.ams|",      ReadAmsFile, ReloadAmsInPhase},
-    {"ran",  "ran", "RAN-file(s) (*.ran)|*.ran|",      ReadLater,   ReadLater},
-    {"are",  "are", "ARE-file(s) (*.are)|*.are|",      ReadLater,   ReadLater},
+    {"ams",  "ams", "AMS-file(s) (*.ams)|*.ams|",      ReadAms,     ReloadAmsInPhase},
+    {"ran",  "ran", "RAN-file(s) (*.ran)|*.ran|",      ReadRanFile, ReadRanFile},
+    {"are",  "are", "ARE-file(s) (*.are)|*.are|",      ReadRanFile, ReadRanFile},
     {"asc",  "asc", "ASC-file(s) (*.asc)|*.asc|",      ReadLater,   ReadLater},
     {"si2b", "AMS", "SI2B AMS-file(s) (*.AMS)|*.AMS|", ReadLater,   ReadLater},
     {"spin", "txt", "AMSSpin-file(s) (*.txt)|*.txt",   ReadLater,   ReadLater},
@@ -50,11 +55,11 @@ std::string InFolder(const std::string& folder, const std::string& name) {
 
 /// Runs one of the readers over all files into one array, in the order of the files. False, with
 /// the reader's message shown, when one refuses.
-bool ReadAll(Velorix& velorix, Outcome (*reader)(const std::string&, RecordArray&),
-             const std::vector<std::string>& paths, RecordArray& records) {
+bool ReadAll(Velorix& velorix, FileReader reader, const std::vector<std::string>& paths,
+             RecordArray& records) {
   std::swap(records, velorix.Session.Spare);
   for (const std::string& path : paths) {
-    const Outcome outcome = reader(path, records);
+    const Outcome outcome = reader(path, records, velorix.Session.Settings);
     if (outcome) continue;
     if (!outcome.Text.empty()) velorix.Dialogs.Ask(outcome.Title, outcome.Text, {"&OK"});
     return false;

@@ -9,13 +9,17 @@
 
 namespace velorix {
 
+/// Appends the records of a file; what the file leaves open comes from the settings.
+using FileReader = Outcome (*)(const std::string& path, RecordArray& records,
+                               const Settings& settings);
+
 /// One row of the open dialog's filters, with the reader that it chooses.
 struct OpenFilter {
   const char* Name;       // as the console names it: "ams"
   const char* Extension;  // "ams"
   const char* Text;       // "AMS-file(s) (*.ams)|*.ams|"
-  Outcome (*Read)(const std::string& path, RecordArray& records);
-  Outcome (*Reload)(const std::string& path, RecordArray& records);
+  FileReader Read;
+  FileReader Reload;
 };
 
 /// The six filters, in the order of their index 1 to 6.

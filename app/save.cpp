@@ -4,20 +4,22 @@
 #include <filesystem>
 
 #include "datafiles/ams_file.h"
+#include "datafiles/ran_file.h"
 #include "text/paths.h"
 
 namespace velorix {
 namespace {
 
 constexpr char Title[] = "Save Record(s) As";
+constexpr char SaveTitle[] = "Save";
 constexpr char SelectedTitle[] = "Save Selected Record(s) As";
 
 Outcome WriteAms(const std::string& path, const RecordArray& records, bool all) {
   return WriteAmsFile(path, records, false, all);
 }
 
-Outcome WriteLater(const std::string& path, const RecordArray&, bool) {
-  return Outcome::Refused(Title, path + "\nThis version cannot write files of this type yet.");
+Outcome WriteRan(const std::string& path, const RecordArray& records, bool all) {
+  return WriteRanFile(path, records, false, all);
 }
 
 struct SaveFilter {
@@ -28,7 +30,7 @@ struct SaveFilter {
 // clang-format off
 constexpr SaveFilter Filters[] = {
     {"AMS file (*.ams)|*.ams|", WriteAms},
-    {"RAN file (*.ran)|*.ran|", WriteLater},
+    {"RAN file (*.ran)|*.ran|", WriteRan},
 };
 // clang-format on
 
@@ -75,7 +77,9 @@ void SaveAs(Velorix& velorix) { AskAndSave(velorix, Title, true); }
 void SaveSelectedAs(Velorix& velorix) { AskAndSave(velorix, SelectedTitle, false); }
 
 void SaveFile(Velorix& velorix) {
-  Report(velorix, WriteLater(velorix.Session.CurrentFile, velorix.Session.Records, true));
+  // A RAN file under whatever name the open file has, one that ends in ".ams" too: this is wanted.
+  if (!HasRecords(velorix, SaveTitle, true)) return;
+  Report(velorix, WriteRan(velorix.Session.CurrentFile, velorix.Session.Records, true));
 }
 
 }  // namespace velorix

@@ -8,7 +8,7 @@ namespace velorix {
 void SaveAs(Velorix& velorix);
 /// As `SaveAs`, with the selected records only.
 void SaveSelectedAs(Velorix& velorix);
-/// Writes the store over the open file.
+/// Writes the store over the open file, as a RAN file whatever the file was.
 void SaveFile(Velorix& velorix);
 
 }  // namespace velorix

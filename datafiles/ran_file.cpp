@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "base/rounding.h"
@@ -262,29 +263,38 @@ Outcome ReadRanFile(const std::string& path, RecordArray& records, const Setting
   return ReadRanBytes(BytesOfFile(file, size), path, records, settings);
 }
 
-Outcome WriteRanFile(const std::string& path, const RecordArray& records, bool append, bool all,
-                     const std::string& suffix) {
+std::vector<std::byte> RanBytes(std::vector<std::byte> kept, const RecordArray& records, bool all,
+                                const std::string& suffix) {
   const auto isWanted = [all](const SpecimenRecord& r) { return all || r.Selected; };
   const auto count = std::count_if(records.begin(), records.end(), isWanted);
-  if (count == 0) {
+  const bool keepsHeader = kept.size() > RanRecordSize;  // a header alone gives way
+  std::size_t end = std::max<std::size_t>(kept.size(), RanRecordSize);
+  const std::size_t size = end + static_cast<std::size_t>(count) * RanRecordSize;
+  const std::int16_t headerCount = ToShort(static_cast<double>(size / RanRecordSize + 1));
+  std::vector<std::byte> bytes = std::move(kept);
+  bytes.resize(size);
+  for (const SpecimenRecord& r : records) {
+    if (!isWanted(r)) continue;
+    if (end == RanRecordSize && !keepsHeader)
+      StoreRanRecord(RanHeaderLayout, HeaderOf(r), bytes.data());
+    StoreRanRecord(RanSpecimenLayout, SpecimenOf(r, suffix), bytes.data() + end);
+    end += RanRecordSize;
+  }
+  StoreLittle(bytes.data(), headerCount);
+  return bytes;
+}
+
+Outcome WriteRanFile(const std::string& path, const RecordArray& records, bool append, bool all,
+                     const std::string& suffix) {
+  const bool isSome = std::any_of(records.begin(), records.end(),
+                                  [all](const SpecimenRecord& r) { return all || r.Selected; });
+  if (!isSome) {
     // Nothing takes the place of the old file, which goes all the same: this is wanted.
     if (!append && fs::is_regular_file(PathOf(path))) fs::remove(PathOf(path));
     return records.Empty() ? Outcome::Refused() : Outcome();
   }
-  std::vector<std::byte> bytes = append ? BytesToKeep(path) : std::vector<std::byte>();
-  const bool keepsHeader = bytes.size() > RanRecordSize;
-  std::size_t end = std::max<std::size_t>(bytes.size(), RanRecordSize);
-  const std::size_t size = end + static_cast<std::size_t>(count) * RanRecordSize;
-  const std::int16_t headerCount = ToShort(static_cast<double>(size / RanRecordSize + 1));
-  bytes.resize(size);
-  const auto first = std::find_if(records.begin(), records.end(), isWanted);
-  if (!keepsHeader) StoreRanRecord(RanHeaderLayout, HeaderOf(*first), bytes.data());
-  StoreLittle(bytes.data(), headerCount);
-  for (const SpecimenRecord& r : records) {
-    if (!isWanted(r)) continue;
-    StoreRanRecord(RanSpecimenLayout, SpecimenOf(r, suffix), bytes.data() + end);
-    end += RanRecordSize;
-  }
+  const std::vector<std::byte> bytes =
+      RanBytes(append ? BytesToKeep(path) : std::vector<std::byte>(), records, all, suffix);
   SafeWrite(path, [&](std::ostream& out) {
     out.write(reinterpret_cast<const char*>(bytes.data()),
               static_cast<std::streamsize>(bytes.size()));

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "base/outcome.h"
 #include "store/record_array.h"
@@ -42,6 +43,11 @@ Outcome WriteRanFile(const std::string& path, const RecordArray& records, bool a
 /// Adds one specimen to a file, which is made when missing.
 Outcome WriteRanRecord(const std::string& path, const SpecimenRecord& record,
                        const std::string& suffix = {});
+
+/// The bytes of a file of all records or the selected ones, one at least, behind those in `kept`:
+/// an older file in whole records of 64 bytes, or nothing. Fails like `WriteRanFile`.
+std::vector<std::byte> RanBytes(std::vector<std::byte> kept, const RecordArray& records, bool all,
+                                const std::string& suffix = {});
 
 /// How many specimens a file of `size` bytes has: the quotient less the header, rounded, halves to
 /// even; 0 for a file that has no whole one. "Overflow" beyond the 16-bit range.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fstream>
 
+#include "datafiles/ran_file.h"
 #include "tests/app/script.h"
 
 namespace velorix {
@@ -82,15 +83,47 @@ TEST_F(OpenFlow, LeavesTheSessionAsItWasWhenAnyFileIsRefused) {
   EXPECT_TRUE(Asked.Boxes[0].ends_with("EMPTY.AMS>> is empty!|&OK")) << Asked.Boxes[0];
   OpenFile(Path("short.ams"));
   EXPECT_EQ(Asked.Boxes.size(), 1u);  // refused without a word
-  for (int filter = 2; filter <= 6; ++filter) {
+  for (int filter = 4; filter <= 6; ++filter) {
     OpenFile(Path("a.ams"), filter);
-    EXPECT_EQ(Asked.Boxes.size(), static_cast<std::size_t>(filter));
+    EXPECT_EQ(Asked.Boxes.size(), static_cast<std::size_t>(filter - 2));
   }
   OpenFile(Utf8Of(Folder));  // a folder is no file: asked again, and cancelled
   EXPECT_EQ(Names(), "a1 a2 ");
   EXPECT_EQ(Program.Session.CurrentFile, Path("a.ams"));
   EXPECT_EQ(Program.Session.OpenFiles.size(), 1u);
   EXPECT_EQ(Program.Session.CurrentFilter, 1);
+}
+
+TEST_F(OpenFlow, RanAndAreFilesTakeWhatTheyLackFromTheSettings) {
+  RecordArray records;
+  records.Add(Record("r1"));
+  records[1].OP = {12, 0, 3, 0};
+  records[1].Lon = 15;
+  records[1].Lat = 49;
+  for (const char* name : {"x.ran", "x.are"})
+    ASSERT_TRUE(WriteRanFile(Path(name), records, false, true));
+  Program.Session.Settings.P = {6, 90, 6, 0};
+  for (const int filter : {2, 3}) {
+    OpenFile(Path(filter == 2 ? "x.ran" : "x.are"), filter);
+    for (const char* again : {"", "mnuReload"}) {
+      if (*again != '\0') Menu(again);
+      const SpecimenRecord& r = Program.Session.Records[1];
+      EXPECT_EQ(Names(), "r1 ");
+      EXPECT_EQ(r.OP, (Array1<std::int16_t, 4>{12, 90, 3, 0}));
+      EXPECT_EQ(r.Lon, 49);
+      EXPECT_EQ(r.Instrument == "PW-6", filter == 3);
+      EXPECT_EQ(r.CoorLevel, Geographic);
+    }
+  }
+  EXPECT_TRUE(Asked.Boxes.empty());
+}
+
+TEST_F(OpenFlow, ARanFileWithAWrongCoordinateLeavesTheStore) {
+  OpenFile(WriteFile("a", 2));
+  std::ofstream(Folder / "bad.ran") << std::string(256, 'x');
+  OpenFile(Path("bad.ran"), 2);
+  EXPECT_EQ(Asked.Boxes, std::vector<std::string>{"Velorix5|Type mismatch|&OK"});
+  EXPECT_EQ(Names(), "a1 a2 ");
 }
 
 TEST_F(OpenFlow, RefusesMoreThan32767RecordsWithOverflow) {
