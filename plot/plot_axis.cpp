@@ -28,7 +28,7 @@ std::string TickText(const Axis& axis, double value) {
 
 TickLabels::TickLabels(const Axis& axis, double length, std::int16_t height, bool alongText)
     : step_(axis.range.step) {
-  constexpr double DigitHeight = 0.8, DigitWidth = 0.5, Gap = 0.6;  // of the height
+  constexpr double DigitHeight = 0.75, DigitWidth = 0.5, Gap = 0.6;  // of the height
   double room = DigitHeight * height;
   if (alongText)
     for (const double end : {axis.range.first, axis.range.upper}) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <string>
 
@@ -17,7 +18,10 @@ struct Axis {
   bool power = false;  // ticks show the value divided by the power of ten of the lower end
   bool grid = false;   // a dotted grey line at each tick
 
-  bool IsEmpty() const { return !(range.upper > range.lower); }
+  /// Nothing can be placed on it: it has no extent, or one beyond all numbers.
+  bool IsEmpty() const {
+    return !(range.upper > range.lower) || !std::isfinite(range.upper - range.lower);
+  }
   /// Where a value lies, 0 at the lower end and 1 at the upper one; and the value there.
   double ShareOf(double value) const { return (value - range.lower) / (range.upper - range.lower); }
   double ValueAt(double share) const { return range.lower + share * (range.upper - range.lower); }

@@ -43,24 +43,13 @@ frmDataTable::frmDataTable(Velorix& velorix, QWidget* owner)
   column->addLayout(row);
   connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, [this] { Copy(); });
   connect(Table->horizontalHeader(), &QHeaderView::sectionClicked, this,
-          [this](int section) { SortBy(section); });
+          [this](int section) { Table->SortBy(section); });
 
   // Over the main window, a little smaller, so that its edges stay in reach.
   constexpr int Inset = 3, Narrower = 7, Lower = 87;
   const QWidget* main = owner->window();
   setGeometry(main->x() + Inset, main->y(), main->width() - Narrower, main->height() - Lower);
   Table->Fill();
-}
-
-/// A second click on a column turns its order round; another column starts upward.
-void frmDataTable::SortBy(int column) {
-  QHeaderView* header = Table->horizontalHeader();
-  const bool downward = header->isSortIndicatorShown() &&
-                        header->sortIndicatorSection() == column &&
-                        header->sortIndicatorOrder() == Qt::AscendingOrder;
-  header->setSortIndicator(column, downward ? Qt::DescendingOrder : Qt::AscendingOrder);
-  header->setSortIndicatorShown(true);
-  Table->Sort(column, downward);
 }
 
 void frmDataTable::Copy() {

@@ -22,7 +22,6 @@ class frmDataTable : public QWidget {
 
  private:
   void Copy();
-  void SortBy(int column);
 
   Velorix& velorix_;
 };

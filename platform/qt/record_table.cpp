@@ -49,6 +49,7 @@ void RecordTable::Fill() {
   filling_ = true;
   setUpdatesEnabled(false);
   horizontalHeader()->setSortIndicatorShown(false);
+  sortedBy_ = -1;
   model_.Fill();
   SelectFromStore();
   if (const int rows = model_.rowCount(); current >= 0 && rows > 0) {
@@ -69,8 +70,13 @@ void RecordTable::ShowSelection() {
   filling_ = false;
 }
 
-void RecordTable::Sort(int column, bool downward) {
-  model_.SortRows(column, downward);
+void RecordTable::SortBy(int column) {
+  downward_ = sortedBy_ == column && !downward_;
+  sortedBy_ = column;
+  model_.SortRows(column, downward_);
+  horizontalHeader()->setSortIndicator(column,
+                                       downward_ ? Qt::DescendingOrder : Qt::AscendingOrder);
+  horizontalHeader()->setSortIndicatorShown(true);
   ShowSelection();
 }
 

@@ -17,8 +17,9 @@ class RecordTable : public QTableView {
   /// Selects the rows of the selected records. Nothing happens when they are selected already.
   void ShowSelection();
   void ShowHeader() { model_.RefreshHeader(); }
-  /// Sorts by a column of the data table.
-  void Sort(int column, bool downward);
+  /// Sorts by a column of the data table, upward, or the other way round if it was sorted by it.
+  /// The next `Fill` brings back the store's order.
+  void SortBy(int column);
   /// Record numbers of the selected rows, in the order of the rows.
   std::vector<int> SelectedIds() const;
 
@@ -30,6 +31,8 @@ class RecordTable : public QTableView {
 
   Velorix& velorix_;
   RecordModel model_;
+  int sortedBy_ = -1;  // column, or none
+  bool downward_ = false;
   bool filling_ = false;  // the store selects rows, not the user
 };
 

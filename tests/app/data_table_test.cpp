@@ -1,0 +1,121 @@
+#include "app/data_table.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "tests/app/script.h"
+
+namespace velorix {
+namespace {
+
+SpecimenRecord Filled() {
+  SpecimenRecord r;
+  r.Name = "S1";
+  r.Active = r.HasIm = true;
+  r.CoorLevel = Geographic;
+  r.MeasMode = -1;
+  r.Field = 12.3f;
+  r.Frequency = 976;
+  r.Km = 1.23456e-4;
+  r.KmIm = -5e-6;
+  for (int i = 1; i <= 3; ++i) {
+    r.K[i] = 1.2 - 0.1 * i;
+    r.KSD[i] = 0.00126;
+    r.Dec[i] = 100.0 * i;
+    r.Inc[i] = -20.04;
+    r.E[i] = 1.0 * i;
+    r.EIm[i] = 10.0 * i;
+    r.FTest[i - 1] = 7.25;
+  }
+  for (int i = 1; i <= 8; ++i) r.Fac[i] = 1;
+  return r;
+}
+
+TEST(DataTable, ShowsEachValueInItsFormat) {
+  SpecimenRecord r = Filled();
+  r.RecordNo = 7;
+  r.Fac[2] = 1e9f;
+  const char* const wanted[] = {
+      "7",       "S1",      "AMS(H)",  "12.3",    "976",     "1.235E-04", " 0.000E+00",
+      " 1.1000", " 0.0013", " 1.0000", " 0.0013", " 0.9000", " 0.0013",   " 100.0",
+      "-20.0",   " 200.0",  "-20.0",   " 300.0",  "-20.0",   " 1.000",    "",
+      " 1.000",  " 1.000",  " 1.000",  " 1.000",  " 1.000",  " 1.000",    " 7.3",
+      " 7.3",    " 7.3",    " 2.000",  " 3.000",  " 1.000"};
+  for (int c = -1; c < DataTableColumns; ++c)
+    EXPECT_EQ(DataTableCell(c, r, InPhase), wanted[c + 1]) << "column " << c;
+  // Out of phase: mean, F tests and angles are the block's; the deviations stay in-phase.
+  EXPECT_EQ(DataTableCell(4, r, OutOfPhase), "-5.000E-06");
+  EXPECT_EQ(DataTableCell(7, r, OutOfPhase), " 0.0013");
+  EXPECT_EQ(DataTableCell(31, r, OutOfPhase), " 10.000");
+  r.Dec[1] = std::nan("");
+  EXPECT_EQ(DataTableCell(12, r, InPhase), "");
+}
+
+TEST(DataTable, HeadersHaveTwoRowsAndTheNamesOfTheFactors) {
+  Settings settings;
+  settings.FacName[1] = "k1/k2";
+  EXPECT_EQ(DataTableHeader(-2, -1, settings) + DataTableHeader(-1, -1, settings), "IDID");
+  EXPECT_EQ(DataTableHeader(-2, 2, settings), "Field");
+  EXPECT_EQ(DataTableHeader(-1, 2, settings), "FreqName");  // one column early, and wanted
+  EXPECT_EQ(DataTableHeader(-2, 18, settings), "k1/k2");
+  EXPECT_EQ(DataTableHeader(-1, 18, settings), "k1/k2");
+  EXPECT_EQ(DataTableHeader(-1, 31, settings), "E13");
+}
+
+TEST(DataTable, SortsByTextOrByNumberAndKeepsEqualRowsInOrder) {
+  Session session;
+  const struct {
+    const char* name;
+    float field, factor;
+  } rows[] = {{"b10", 9, 2}, {"a", 10, 1e9f}, {"b9", 9, 1}, {"B", -1, 3}};
+  for (const auto& row : rows) {
+    SpecimenRecord r = Filled();
+    r.Name = row.name;
+    r.Field = row.field;
+    r.Fac[1] = row.factor;
+    session.Records.Add(r);
+  }
+  Renumber(session.Records);
+  const auto sorted = [&](int column, bool downward) {
+    std::vector<int> ids = DataTableRows(session);
+    SortDataTable(ids, column, downward, session);
+    return ids;
+  };
+  using Ids = std::vector<int>;
+  EXPECT_EQ(sorted(0, false), (Ids{4, 2, 1, 3}));   // text: "b10" before "b9"
+  EXPECT_EQ(sorted(2, false), (Ids{4, 1, 3, 2}));   // number: 9 before 10
+  EXPECT_EQ(sorted(2, true), (Ids{2, 1, 3, 4}));    // equal ones as they were
+  EXPECT_EQ(sorted(18, false), (Ids{3, 1, 4, 2}));  // an empty cell last
+  EXPECT_EQ(sorted(18, true), (Ids{4, 1, 3, 2}));   // both ways
+  EXPECT_EQ(sorted(-1, true), (Ids{4, 3, 2, 1}));
+}
+
+TEST(DataTable, ValuesOfAParameterAreThoseOfTheCells) {
+  Session session;
+  session.Records.Add(Filled());
+  session.Records.Add(Filled());
+  session.Records.Add(Filled());
+  session.Records[1].Fac[5] = 1e9f;
+  session.Records[2].CoorLevel = Specimen;  // not in view
+  Renumber(session.Records);
+  using Values = std::vector<double>;
+  EXPECT_EQ(DataTableValues(3, session), (Values{1.235e-4, 1.235e-4}));  // as the cell rounds it
+  EXPECT_EQ(DataTableValues(8, session), (Values{0, 1}));                // the empty cell is 0
+  EXPECT_EQ(DataTableValues(13, session), (Values{-20, -20}));
+  EXPECT_EQ(DataTableValues(23, session), (Values{1, 1}));
+}
+
+TEST(DataTable, IsTabSeparatedTextUnderItsTwoHeaders) {
+  Session session;
+  EXPECT_EQ(DataTableText(session).substr(0, 17), "ID\tSpecimen\tMode\t");
+  session.Records.Add(Filled());
+  Renumber(session.Records);
+  const std::string text = DataTableText(session);
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 3);
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\t'), 3 * 32);
+  EXPECT_EQ(DataTableText({1}, session, "\r\n").substr(0, 14), "1\tS1\tAMS(H)\t12");
+}
+
+}  // namespace
+}  // namespace velorix

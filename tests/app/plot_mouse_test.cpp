@@ -1,0 +1,129 @@
+#include "app/plot_mouse.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "plot/recorder.h"
+#include "tests/app/script.h"
+
+namespace velorix {
+namespace {
+
+class PlotMouse : public ProgramTest {
+ protected:
+  /// A record whose axes plunge like this: Kmax north, Kint east, Kmin at the centre, all moved by
+  /// `turn` degrees of declination.
+  void Add(double turn) {
+    SpecimenRecord r = Record("r");
+    r.CoorLevel = Geographic;
+    const double dec[] = {0, 90, 0}, inc[] = {30, 30, 90};
+    for (int k = 1; k <= 3; ++k) {
+      r.Dec[k] = dec[k - 1] + turn;
+      r.Inc[k] = inc[k - 1];
+    }
+    Program.Session.Records.Add(r);
+    Renumber(Program.Session.Records);
+  }
+  std::string Selected() const {
+    std::string ids;
+    for (const SpecimenRecord& r : Program.Session.Records)
+      if (r.Selected) ids += std::to_string(r.RecordNo) + " ";
+    return ids;
+  }
+  /// Draws a box round the place of a direction on the screen's net, from lower right to upper
+  /// left.
+  std::string Select(double dec, double inc, int keys = NoKeys, float half = 4) {
+    const double r = 155 * std::sqrt(1 - std::sin(inc / 57.29578));
+    const float x = static_cast<float>(180 + r * std::sin(dec / 57.29578));
+    const float y = static_cast<float>(190 - r * std::cos(dec / 57.29578));
+    SelectInStereo(Program, {x + half, y + half, x - half, y - half}, keys);
+    return Selected();
+  }
+};
+
+TEST_F(PlotMouse, SelectsByAnyShownAxisOrByTheOneOfTheKey) {
+  Add(0);
+  Add(90);
+  Add(180);
+  EXPECT_EQ(Select(0, 30), "1 ");
+  EXPECT_EQ(Select(90, 30), "1 2 ");  // Kint of the first, Kmax of the second
+  EXPECT_EQ(Select(90, 30, CtrlKey), "2 ");
+  EXPECT_EQ(Select(90, 30, AltKey), "1 ");
+  EXPECT_EQ(Select(90, 30, ShiftKey), "");
+  EXPECT_EQ(Select(0, 90, ShiftKey), "1 2 3 ");
+  EXPECT_EQ(Select(0, 90, CtrlKey | AltKey), "");
+  Program.Stereo.chkK[1] = false;
+  EXPECT_EQ(Select(90, 30), "1 ");
+  EXPECT_EQ(Select(90, 30, CtrlKey), "");
+}
+
+TEST_F(PlotMouse, AClickClearsAndNothingHappensWithoutData) {
+  Add(0);
+  EXPECT_EQ(Select(0, 30), "1 ");
+  SelectInStereo(Program, {50, 50, 50, 50}, NoKeys);
+  EXPECT_EQ(Selected(), "");
+  Select(0, 30);
+  Program.Stereo.chkData = false;
+  SelectInStereo(Program, {50, 50, 50, 50}, NoKeys);
+  EXPECT_EQ(Selected(), "1 ");
+}
+
+TEST_F(PlotMouse, LeavesOutDisregardedRecordsAndThoseOfAnotherSystem) {
+  for (int i = 0; i < 3; ++i) Add(0);
+  Program.Session.Records[1].Active = false;
+  Program.Session.Records[2].CoorLevel = Specimen;
+  for (const SpecimenRecord& r : Program.Session.Records)
+    const_cast<SpecimenRecord&>(r).Selected = true;
+  EXPECT_EQ(Select(0, 30), "3 ");
+}
+
+TEST_F(PlotMouse, SelectsBySymbolsPlacesOnAPlot) {
+  for (int i = 0; i < 4; ++i) Add(0);
+  for (int i = 1; i <= 3; ++i) {
+    Program.Session.Records[i].PlotX[3] = 10.0 * i;
+    Program.Session.Records[i].PlotY[3] = 100.0;
+  }
+  Program.Session.Records[2].PlotX[3] = std::nan("");  // it has no symbol; the fourth never had
+  SelectInPlot(Program, 3, {30, 100, 0, 0});
+  EXPECT_EQ(Selected(), "1 3 ");  // edges included
+  EXPECT_EQ(Seen.Selections, 1);
+  EXPECT_EQ(Seen.XYPlots, "12");
+  SelectInPlot(Program, 4, {-10, -10, 500, 500});
+  EXPECT_EQ(Selected(), "");
+}
+
+TEST_F(PlotMouse, ReadsDirectionsOffTheNet) {
+  EXPECT_EQ(ReadStereo(180, 190).dec + " " + ReadStereo(180, 190).inc, "Dec =  0.0 Inc =  90.0");
+  EXPECT_EQ(ReadStereo(335, 190).dec + " " + ReadStereo(335, 190).inc, "Dec =  90.0 Inc =  0.0");
+  EXPECT_EQ(ReadStereo(180, 345).dec, "Dec =  180.0");
+  EXPECT_EQ(ReadStereo(336, 190).dec + ReadStereo(-900, 5000).inc, "");  // outside
+  for (double x = 20; x < 340; x += 0.37)                                // no place fails
+    for (const double y : {35.0, 189.99, 190.0, 190.0001, 344.9}) EXPECT_NO_THROW(ReadStereo(x, y));
+}
+
+TEST_F(PlotMouse, ReadsValuesOffAnXYPlot) {
+  EXPECT_EQ(ReadXYPlot(Program, 1, 100, 100), "");  // nothing drawn yet
+  XYPlotAxes axes;
+  axes.x.label = "Field";
+  axes.x.range = {0, 10, 0, 1, 0.5};
+  axes.y = {{2e-4, 4e-4, 2e-4, 1e-5, 1e-6}, "Kmean", "SI"};
+  axes.y.power = true;
+  Program.XYAxes[1] = axes;
+  EXPECT_EQ(ReadXYPlot(Program, 1, 202.5, 142.5), "Field =  5.000   Kmean =  3.000 10^-4");
+  EXPECT_EQ(ReadXYPlot(Program, 1, 59, 142.5), "");
+  EXPECT_EQ(ReadXYPlot(Program, 2, 202.5, 142.5), "");
+}
+
+TEST_F(PlotMouse, TheCrossReachesPastTheEdges) {
+  Recorder recorder;
+  DrawMeasuringCross(recorder, 100, 50);
+  EXPECT_EQ(
+      ToText(recorder.calls),
+      "polyline (100,50) (100,8000) pen 0 80C0FF 1\npolyline (100,50) (100,0) pen 0 80C0FF 1\n"
+      "polyline (100,50) (0,50) pen 0 80C0FF 1\n"
+      "polyline (100,50) (11300,50) pen 0 80C0FF 1\n");
+}
+
+}  // namespace
+}  // namespace velorix

@@ -1,0 +1,228 @@
+// The histogram, the XY plots and the data table, with the mouse on every picture.
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QLabel>
+#include <QTest>
+
+#include "platform/qt/data_table_window.h"
+#include "platform/qt/picture_widget.h"
+#include "tests/qt/test_window.h"
+
+using namespace velorix;
+
+namespace {
+
+constexpr const char* Examples = VELORIX_SOURCE_DIR "/examples/";
+
+/// Where a place of a picture's plane lies in its widget: the plane fills the widget but for a
+/// margin of 4, undistorted and centred.
+QPoint InWidget(const QWidget& picture, QSizeF plane, QPointF place) {
+  const double w = picture.width() - 8, h = picture.height() - 8;
+  const double scale = std::min(w / plane.width(), h / plane.height());
+  return (QPointF(4 + (w - scale * plane.width()) / 2, 4 + (h - scale * plane.height()) / 2) +
+          scale * place)
+      .toPoint();
+}
+
+}  // namespace
+
+class PlotsTest : public QObject {
+  Q_OBJECT
+  std::unique_ptr<TestWindow> window_;
+
+  TestWindow& W() { return *window_; }
+  RecordArray& Records() { return W().Program.Session.Records; }
+  PictureWidget& Picture(const char* name) {
+    auto* picture = dynamic_cast<PictureWidget*>(&W().The<QWidget>(name));
+    if (!picture) qFatal("no picture %s", name);
+    return *picture;
+  }
+  frmDataTable& Table() { return W().The<frmDataTable>("frmDataTable"); }
+  /// All events that are due, paint events too.
+  void Settle() {
+    QCoreApplication::processEvents();
+    QTest::qWait(1);
+  }
+  void Choose(const char* list, int index) {
+    auto& box = W().The<QComboBox>(list);
+    box.setCurrentIndex(index);
+    emit box.activated(index);
+  }
+  void Drag(PictureWidget& picture, QPoint from, QPoint to, Qt::MouseButton button,
+            Qt::KeyboardModifiers keys = {}) {
+    QTest::mousePress(&picture, button, keys, from);
+    QMouseEvent move(QEvent::MouseMove, to, picture.mapToGlobal(to), Qt::NoButton, button, keys);
+    QCoreApplication::sendEvent(&picture, &move);
+    QTest::mouseRelease(&picture, button, keys, to);
+  }
+
+ private slots:
+  void init() {
+    window_ = std::make_unique<TestWindow>();
+    W().Open(std::string(Examples) + "u1359b.ams");
+    Settle();
+  }
+  void cleanup() { window_.reset(); }
+
+  void theFirstPlotsAreThoseOfTheField() {
+    QCOMPARE(W().The<QComboBox>("odclHisto").currentText(), "Kmean");
+    QCOMPARE(W().The<QComboBox>("odclXYPlot1(1)").currentText(), "Kmean");
+    QCOMPARE(W().The<QComboBox>("odclXYPlot1(2)").currentText(), "P");
+    QCOMPARE(W().The<QComboBox>("odclXYPlot2(1)").currentText(), "P");
+    QCOMPARE(W().The<QComboBox>("odclXYPlot2(2)").currentText(), "T");
+    QCOMPARE(W().Program.XYAxes[2]->y.label, "T");
+    Choose("odclXYPlot2(2)", 20);
+    Settle();
+    QCOMPARE(W().Program.XYAxes[2]->y.label, "E12");  // the entry's own column
+  }
+
+  void theSameBoxSelectsTheSameRecordsAtAnySize() {
+    Choose("odclXYPlot1(1)", 12);  // Kmax_Inc
+    QList<int> first;
+    for (const QSize size : {QSize(1280, 800), QSize(1600, 1000), QSize(2560, 1600)}) {
+      W().Window.resize(size);
+      Settle();
+      PictureWidget& picture = Picture("picXYPlot1");
+      const auto at = [&](double x, double y) {
+        return InWidget(picture, {360, 290}, QPointF(x, y));
+      };
+      Drag(picture, at(251, 200), at(60, 100), Qt::LeftButton);
+      const QList<int> selected = W().Selected();
+      QVERIFY(selected.size() > 3 && selected.size() < 130);
+      // Those whose symbol the box encloses, give or take a pixel at its edges.
+      int inside = 0;
+      for (const SpecimenRecord& r : Records()) {
+        const double x = r.PlotX[3], y = r.PlotY[3];
+        if (x > 61 && x < 250 && y > 101 && y < 199) {
+          ++inside;
+          QVERIFY2(r.Selected, qPrintable(QString::number(r.RecordNo)));
+        }
+        if (x > 252 || y < 99 || y > 201) QVERIFY(!r.Selected);
+      }
+      QVERIFY(inside > 3);
+      QCOMPARE(W().SelectedRows(), selected);  // the grid follows
+      if (first.isEmpty()) first = selected;
+      QVERIFY(std::abs(first.size() - selected.size()) <= 3);
+    }
+  }
+
+  void theNetSelectsByItsKeysAndReadsOut() {
+    PictureWidget& net = Picture("picStereo");
+    const auto at = [&](double x, double y) { return InWidget(net, {360, 366}, QPointF(x, y)); };
+    Drag(net, at(0, 0), at(359, 365), Qt::LeftButton);
+    QCOMPARE(W().Selected().size(), Records().Count());
+    Drag(net, at(140, 150), at(220, 230), Qt::LeftButton, Qt::ShiftModifier);
+    const auto steep = W().Selected().size();
+    QVERIFY(steep > 50);  // the foliation lies flat: Kmin at the centre
+    Drag(net, at(140, 150), at(220, 230), Qt::LeftButton, Qt::ControlModifier);
+    QVERIFY(W().Selected().size() < steep / 4);
+    QTest::mouseMove(&net, at(180, 190));
+    QMouseEvent move(QEvent::MouseMove, at(180, 190), net.mapToGlobal(at(180, 190)), Qt::NoButton,
+                     Qt::NoButton, {});
+    QCoreApplication::sendEvent(&net, &move);
+    const QString inc = W().The<QLabel>("lblStereoCursorPos(2)").text();
+    QVERIFY2(inc.startsWith("Inc = ") && inc.mid(6).toDouble() > 85, qPrintable(inc));
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(&net, &leave);
+    QCOMPARE(W().The<QLabel>("lblStereoCursorPos(2)").text(), "");
+  }
+
+  void bandAndCrossLeaveNoTraces() {
+    PictureWidget& plot = Picture("picXYPlot2");
+    const QImage before = plot.grab().toImage();
+    const QPoint from(80, 60), to(150, 110);
+    for (const auto button : {Qt::LeftButton, Qt::MiddleButton}) {
+      QTest::mousePress(&plot, button, {}, from);
+      QMouseEvent move(QEvent::MouseMove, to, plot.mapToGlobal(to), Qt::NoButton, button, {});
+      QCoreApplication::sendEvent(&plot, &move);
+      QVERIFY(plot.grab().toImage() != before);
+      QTest::mouseRelease(&plot, button, {}, button == Qt::LeftButton ? from : to);
+      QCOMPARE(plot.grab().toImage(), before);
+    }
+  }
+
+  void aCrossSelectsNothing() {
+    W().ClickRow(2);
+    Drag(Picture("picXYPlot1"), {50, 50}, {120, 90}, Qt::MiddleButton);
+    Drag(Picture("picXYPlot1"), {50, 50}, {120, 90}, Qt::LeftButton,
+         Qt::ControlModifier | Qt::ShiftModifier);
+    Drag(Picture("picHisto"), {50, 50}, {120, 90}, Qt::LeftButton);
+    QCOMPARE(W().Selected(), QList<int>{3});
+    Drag(Picture("picXYPlot1"), {50, 50}, {50, 50}, Qt::LeftButton);  // a click clears
+    QCOMPARE(W().Selected(), QList<int>{});
+  }
+
+  void linesOfBothPlotsFollowTheFirstUntilTheSecondIsTouched() {
+    const auto shown = [&](int plot) { return ShownXYPlot(W().Program, plot).lines; };
+    W().The<QCheckBox>("chkXYPLot1Lines").setChecked(true);
+    QVERIFY(shown(1) && !shown(2));
+    W().Key(Qt::Key_F6);
+    QVERIFY(shown(1) && shown(2));
+    Choose("odclXYPlot2(1)", 4);
+    QVERIFY(!shown(2));
+  }
+
+  void aColouredPlotMakesRoomForItsScale() {
+    PictureWidget& plot = Picture("picXYPlot1");
+    const QSize before = plot.sizeHint();
+    W().The<QCheckBox>("chkXYPlot1ColorCoding").setChecked(true);
+    QCOMPARE(plot.sizeHint().width(), before.width() + 70);
+  }
+
+  void theDataTableOpensSortsSelectsAndCloses() {
+    W().Key(Qt::Key_F1);
+    Settle();
+    RecordTable& table = *Table().Table;
+    const auto cell = [&](int row, int column) {
+      return table.model()->index(row, column).data().toString();
+    };
+    QCOMPARE(table.model()->rowCount(), Records().Count());
+    QCOMPARE(table.model()->columnCount(), 33);
+    const auto click = [&](int column) {
+      const QHeaderView& header = *table.horizontalHeader();
+      QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
+                        {header.sectionViewportPosition(column) + 8, 5});
+    };
+    click(13);  // Kmax_Dec
+    for (int row = 1; row < table.model()->rowCount(); ++row)
+      QVERIFY(cell(row - 1, 13).toDouble() <= cell(row, 13).toDouble());
+    click(13);
+    QVERIFY2(cell(0, 13).toDouble() > 350, qPrintable(cell(0, 13)));
+
+    const QRect third = table.visualRect(table.model()->index(2, 0));
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, third.center());
+    const int id = cell(2, 0).toInt();
+    QCOMPARE(W().Selected(), QList<int>{id});
+    QCOMPARE(W().SelectedRows(), QList<int>{id});
+    QTest::keyClick(&Table(), Qt::Key_C, Qt::ControlModifier);
+    const QString copied = QGuiApplication::clipboard()->text();
+    QVERIFY(copied.startsWith(QString("%1\t").arg(id)));
+    QCOMPARE(copied.count('\n'), 1);
+    QCOMPARE(copied.count('\t'), 32);
+
+    W().ClickRow(4);  // and the other way round
+    QCOMPARE(table.SelectedIds(), std::vector<int>{5});
+    W().Key(Qt::Key_F6);
+    QCOMPARE(cell(0, 0), "1");  // a display brings back the store's order
+    QVERIFY(W().The<QAction>("mnuDataTable").isChecked());
+    QTest::mouseClick(&W().The<QAbstractButton>("cmdCLOSE"), Qt::LeftButton);
+    Settle();
+    QVERIFY(!W().The<QAction>("mnuDataTable").isChecked());
+    QVERIFY(!W().Window.findChild<frmDataTable*>("frmDataTable"));
+  }
+
+  void anEmptyStoreShowsEmptyPlots() {
+    W().Key(Qt::Key_F1);
+    W().Key(Qt::Key_X, Qt::ControlModifier);
+    Settle();
+    QCOMPARE(Table().Table->model()->rowCount(), 0);
+    QVERIFY(!W().Program.XYAxes[1]);
+    Drag(Picture("picXYPlot1"), {10, 10}, {100, 90}, Qt::LeftButton);
+  }
+};
+
+QTEST_MAIN(PlotsTest)
+#include "plots_test.moc"
