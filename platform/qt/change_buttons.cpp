@@ -20,6 +20,15 @@ QPushButton* MakeButton(const char* name, const char* caption, const char* tip, 
   return button;
 }
 
+/// Locked controls are there to be read.
+void KeepLockedReadable(QDialog& dialog) {
+  QPalette palette = dialog.palette();
+  for (const QPalette::ColorRole role :
+       {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+    palette.setColor(QPalette::Disabled, role, QColor(0x50, 0x50, 0x50));
+  dialog.setPalette(palette);
+}
+
 void MakeReady(QPushButton& button) {
   button.setText("OK");
   button.setDefault(true);
@@ -33,6 +42,7 @@ void MakeReady(QPushButton& button) {
 
 QHBoxLayout* MakeChangeButtons(Velorix& velorix, QDialog& dialog, std::function<void()> unlock,
                                std::function<void()> take) {
+  KeepLockedReadable(dialog);
   auto* ok = MakeButton("cmdOK", "CHANGE", "(Enter)", &dialog);
   auto* cancel = MakeButton("cmdCancel", "CANCEL", "Close without saving (Esc)", &dialog);
   cancel->setAutoDefault(false);

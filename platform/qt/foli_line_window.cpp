@@ -16,7 +16,7 @@
 namespace velorix {
 namespace {
 
-constexpr int FieldWidth = 84;
+constexpr int FieldWidth = 100;
 constexpr Colour DoubtColour = 0xC0C0FF;  // light red
 
 QLabel* MakeLabel(const char* name, const QString& text, QWidget* parent) {
@@ -121,7 +121,7 @@ QWidget* frmFoliLine::MakeInputs() {
   table->addWidget(input2_, 2, 0);
   table->addWidget(dec2_ = MakeInput("txtDec2"), 2, 1);
   table->addWidget(inc2_ = MakeInput("txtInc2"), 2, 2);
-  table->setColumnStretch(0, 1);
+  table->setColumnMinimumWidth(0, FieldWidth);
   return frame;
 }
 
@@ -137,7 +137,7 @@ QWidget* frmFoliLine::MakeOutputs() {
   table->addWidget(inc_, 0, 2);
   table->addWidget(MakeLabel("lblAngleName", "Angle", this), 1, 0);
   table->addWidget(angle_, 1, 1, 1, 2);
-  table->setColumnStretch(0, 1);
+  table->setColumnMinimumWidth(0, FieldWidth);
   return frame;
 }
 
