@@ -60,7 +60,7 @@ const OptionRow Options[] = {
     {"--grid",          "FILE",                      "the record grid as delimited text",               Later},
     {"--delimiter",     "comma|space|semicolon|tab", "for --grid; default comma",                       Later},
     {"--append",        "",                          "append to an existing --grid file",               Later},
-    {"--table",         "FILE",                      "the data table as tab-separated text",            Later},
+    {"--table",         "FILE",                      "the data table as tab-separated text",            &Arguments::Table},
     {"--stats",         "FILE",                      "the group statistics as JSON; - is standard output", &Arguments::Stats},
     {"--page",          "FILE",                      "the graphics page; its type by the extension",    Later},
     {"--contour",       "kmax|kint|kmin|foli|line",  "counts the density",                              Later},
@@ -194,7 +194,7 @@ EarlyEnd WrongUsage(const std::string& text) {
 
 std::vector<std::string> Arguments::Outputs() const {
   std::vector<std::string> outputs;
-  for (const std::string* output : {&Save, &SaveSelected, &Records, &Stats})
+  for (const std::string* output : {&Save, &SaveSelected, &Records, &Table, &Stats})
     if (!output->empty()) outputs.push_back(*output);
   return outputs;
 }

@@ -16,7 +16,7 @@ struct Arguments {
   int CoorSys = 1, Block = 0, Plane = 0, Axis = 0;  // list positions from 0
   std::string FoliCode, LineCode;
   std::vector<int> Select, Disregard;
-  std::string Records, Stats, Save, SaveSelected;  // outputs; "-": standard output, JSON only
+  std::string Records, Table, Stats, Save, SaveSelected;  // outputs; "-": standard output, JSON only
   bool Force = false, Quiet = false;
 
   /// The outputs named, in the order in which they are made.

@@ -7,6 +7,7 @@
 #include <iostream>
 
 #include "app/commands.h"
+#include "app/data_table.h"
 #include "app/display.h"
 #include "app/settings_file.h"
 #include "datafiles/safe_write.h"
@@ -62,6 +63,8 @@ struct BatchViews : Views {
   void ShowWindows() override {}
   void RefreshGroupStatistics() override {}
   void ShowAbout() override {}
+  void ShowOrientationParameters() override {}
+  void ShowFactorChoice() override {}
   void Exit() override {}
   void ShowStatus(const std::string& text) override { Status = text; }
 };
@@ -212,6 +215,7 @@ class Batch {
     return save(a_.Save, "mnuSaveAs") && save(a_.SaveSelected, "mnuSaveSelectedAs") &&
            Guarded(velorix_, [&] {
              Write(a_.Records, [&](std::ostream& out) { WriteRecords(out); });
+             Write(a_.Table, [&](std::ostream& out) { out << DataTableText(velorix_.Session); });
              Write(a_.Stats, [&](std::ostream& out) {
                WriteStatsJson(out, velorix_.GroupStats, velorix_.Session.Settings);
              });
