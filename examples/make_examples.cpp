@@ -3,6 +3,7 @@
 
 #include "datafiles/safe_write.h"
 #include "examples/example_sites.h"
+#include "examples/ran_sites.h"
 
 // make_examples FOLDER: writes the example files.
 int main(int argc, char** argv) {
@@ -11,9 +12,13 @@ int main(int argc, char** argv) {
     return 2;
   }
   try {
-    for (const auto& file : velorix::examples::ExampleFiles())
-      velorix::SafeWrite(std::string(argv[1]) + "/" + file.Name,
-                         [&](std::ostream& out) { out << velorix::examples::FileBytes(file); });
+    const auto write = [&](const std::string& name, const std::string& bytes) {
+      velorix::SafeWrite(std::string(argv[1]) + "/" + name,
+                         [&](std::ostream& out) { out << bytes; });
+    };
+    using namespace velorix::examples;
+    for (const ExampleFile& file : ExampleFiles()) write(file.Name, FileBytes(file));
+    for (const ExampleFile& file : RanExampleFiles()) write(file.Name, RanFileBytes(file));
   } catch (const std::exception& fault) {
     std::cerr << fault.what() << "\n";
     return 1;

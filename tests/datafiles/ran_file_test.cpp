@@ -10,6 +10,7 @@
 
 #include "base/fault.h"
 #include "datafiles/ams_file.h"
+#include "examples/ran_sites.h"
 #include "tensor/derivation.h"
 #include "tests/datafiles/golden_ran.h"
 #include "tests/datafiles/temp_folder.h"
@@ -558,6 +559,38 @@ TEST(RanRoundTrip, AmsToRanToAmsKeepsTheTurnedTensorAndTheFirstCharactersOfTexts
   for (int i = 0; i <= 3; ++i) expected.FTest[i] = expected.FTestIm[i] = 0.0f;
   for (int i = 1; i <= 6; ++i) expected.TensorIm[i] = 0.0f;
   EXPECT_EQ(again[1], expected);
+}
+
+TEST(RanExamples, CommittedFilesAreWhatTheMakerWrites) {
+  for (const examples::ExampleFile& file : examples::RanExampleFiles()) {
+    const std::string committed = BytesOf(VELORIX_SOURCE_DIR "/examples/" + file.Name);
+    EXPECT_TRUE(committed == examples::RanFileBytes(file)) << file.Name;
+  }
+}
+
+TEST(RanExamples, TheSameSiteHasTheSameGeographicTensorsFromBothFormats) {
+  const struct {
+    const char *Ams, *Other;
+  } sites[] = {{"granite.ams", "granite.ran"}, {"tr245.ams", "tr245.are"}};
+  for (const auto& site : sites) {
+    const std::string folder = VELORIX_SOURCE_DIR "/examples/";
+    RecordArray ams, other;
+    ASSERT_TRUE(ReadAmsFile(folder + site.Ams, ams));
+    ASSERT_TRUE(ReadRanFile(folder + site.Other, other, {}));
+    ASSERT_EQ(ams.Count(), other.Count());
+    for (int i = 1; i <= ams.Count(); ++i) {
+      EXPECT_EQ(ams[i].HasCoor[2], other[i].HasCoor[2]) << i;  // not so for a loose block
+      View view;
+      view.CoorSys = ams[i].HasCoor[2] ? Geographic : Specimen;
+      ASSERT_TRUE(RotateRecord(ams[i], view) && RotateRecord(other[i], view));
+      EXPECT_EQ(ams[i].CoorLevel, other[i].CoorLevel) << i;
+      for (int j = 1; j <= 3; ++j) {
+        EXPECT_NEAR(ams[i].Dec[j], other[i].Dec[j], 1e-3) << site.Other << i;
+        EXPECT_NEAR(ams[i].Inc[j], other[i].Inc[j], 1e-3) << site.Other << i;
+      }
+      EXPECT_NEAR(ams[i].Km / other[i].Km, 1, 1e-6) << i;
+    }
+  }
 }
 
 }  // namespace
