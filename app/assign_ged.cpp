@@ -1,0 +1,95 @@
+#include "app/assign_ged.h"
+
+#include <algorithm>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "text/numbers.h"
+#include "text/upper_case.h"
+
+namespace velorix {
+namespace {
+
+constexpr std::size_t NamesInLine = 12;
+
+bool HasCode(const EditRow& row, int slot) {
+  return !row[FoliationColumn(slot)].empty() || !row[LineationColumn(slot)].empty();
+}
+
+/// What a sample puts into the row of a record.
+void PutSample(const SpecimenRecord& sample, const EditRow& cells, int row,
+               std::vector<CellText>& texts) {
+  const auto put = [&](int first, int count) {
+    for (int column = first; column < first + count; ++column)
+      texts.push_back({row, column, cells[column]});
+  };
+  if (sample.OrientAz != 0 || sample.OrientInc != 0) put(OrientationColumn, 2);
+  for (int slot = 1; slot <= 2; ++slot)
+    if (HasCode(cells, slot)) put(FoliationColumn(slot), 6);
+}
+
+}  // namespace
+
+std::string ListedNames(const std::vector<std::string>& names, std::size_t limit,
+                        const char* between) {
+  std::string text;
+  for (std::size_t i = 0; i < std::min(names.size(), limit); ++i)
+    text += (i == 0 ? "" : between) + names[i];
+  if (names.size() > limit)
+    text += between + ("and " + std::to_string(names.size() - limit) + " more");
+  return text;
+}
+
+GedMatches AssignGed(EditGrid& grid, const RecordArray& records, const RecordArray& samples) {
+  GedMatches matches;
+  std::unordered_map<std::string_view, int> firstOf;
+  std::unordered_set<std::string> upperNames;
+  for (int i = 1; i <= samples.Count(); ++i) {
+    const std::string& name = samples[i].Name;
+    if (!firstOf.emplace(name, i).second) matches.Repeated.push_back(name);
+    upperNames.insert(UpperCase(name));
+  }
+  const std::vector<EditRow> cells = RowsOfSamples(samples);
+  const int rows = std::min(grid.RowCount(), records.Count());
+  matches.Rows.resize(static_cast<std::size_t>(grid.RowCount()));
+  std::vector<CellText> texts;
+  for (int row = 1; row <= rows; ++row) {
+    const std::string& name = records[row].Name;
+    const auto found = firstOf.find(name);
+    if (found != firstOf.end()) {
+      matches.Rows[static_cast<std::size_t>(row - 1)] = 1;
+      ++matches.Count;
+      const int sample = found->second;
+      PutSample(samples[sample], cells[static_cast<std::size_t>(sample - 1)], row, texts);
+      continue;
+    }
+    matches.Without.push_back(name);
+    if (upperNames.contains(UpperCase(name))) matches.CaseDiffers.push_back(name);
+  }
+  ChangeCells(grid, std::move(texts));
+  return matches;
+}
+
+std::string MatchLine(const GedMatches& matches) {
+  const std::size_t records = static_cast<std::size_t>(matches.Count) + matches.Without.size();
+  std::string line =
+      PlainText(matches.Count) + " of " + std::to_string(records) + " record(s) matched.";
+  const auto add = [&line](const char* what, const std::vector<std::string>& names) {
+    if (!names.empty()) line += what + ListedNames(names, NamesInLine, ", ") + ".";
+  };
+  add(" Without a sample: ", matches.Without);
+  add(" Only the case of letters differs: ", matches.CaseDiffers);
+  add(" Repeated samples, of which the first counts: ", matches.Repeated);
+  return line;
+}
+
+GedMatches AssignGedToStore(RecordArray& records, const RecordArray& samples) {
+  EditGrid grid;
+  FillGrid(grid, RowsOf(records));
+  const GedMatches matches = AssignGed(grid, records, samples);
+  CommitGrid(grid, records);
+  return matches;
+}
+
+}  // namespace velorix

@@ -1,0 +1,300 @@
+#include "app/edit_grid.h"
+
+#include <gtest/gtest.h>
+
+#include "base/fault.h"
+
+namespace velorix {
+namespace {
+
+SpecimenRecord Oriented(const std::string& name) {
+  SpecimenRecord r;
+  r.Name = name;
+  r.HasCoor = {true, true, true, true};
+  r.OP = {6, 0, 9, 90};
+  r.OrientAz = 40.5f;
+  r.OrientInc = -20;
+  for (int s = 1; s <= 2; ++s) {
+    const auto at = static_cast<float>(s);
+    r.FoliName[s] = s == 1 ? "S" : "C";
+    r.FoliAz[s] = 100 + at;
+    r.FoliDip[s] = 30 + at;
+    r.LineName[s] = s == 1 ? "L" : "M";
+    r.LineTrend[s] = 200 + at;
+    r.LinePlunge[s] = 10.25f + at;
+  }
+  return r;
+}
+
+/// The cells of a row from `first` on, with bars between.
+std::string Row(const EditGrid& grid, int row, int first = 1, int count = EditColumns) {
+  std::string text;
+  for (int c = first; c < first + count; ++c) text += (c == first ? "" : "|") + grid.Cell(row, c);
+  return text;
+}
+
+/// A store of one record or two, its grid, and what comes of it.
+struct Editor {
+  RecordArray Records;
+  EditGrid Grid;
+
+  explicit Editor(const SpecimenRecord& record, int count = 1) {
+    for (int i = 1; i <= count; ++i) {
+      Records.Add(record);
+      Records[i].RecordNo = static_cast<std::int16_t>(i);
+    }
+    FillGrid(Grid, RowsOf(Records));
+  }
+  bool Type(int column, const std::string& text, int row = 1) {
+    return ChangeCells(Grid, {{row, column, text}});
+  }
+  const SpecimenRecord& Commit() {
+    CommitGrid(Grid, Records);
+    return Records[1];
+  }
+};
+
+TEST(EditGrid, ShowsTheFieldsInTheirColumns) {
+  Editor e(Oriented("S1"));
+  EXPECT_EQ(Row(e.Grid, 1), "1|S1|40.5|-20|S|101|31|L|201|11.25|C|102|32|M|202|12.25|6|0|9|90");
+  const char* headers[] = {"#",    "Specimen", "Dec", "Inc",  "Code", "Dec", "Inc",
+                           "Code", "Dec",      "Inc", "Code", "Dec",  "Inc", "Code",
+                           "Dec",  "Inc",      "OP1", "OP2",  "OP3",  "OP4"};
+  for (int c = 1; c <= EditColumns; ++c) EXPECT_STREQ(EditColumnAt(c).Header, headers[c - 1]);
+}
+
+TEST(EditGrid, ShowsNothingWhereARecordHasNothing) {
+  SpecimenRecord r;
+  r.Name = "S1";
+  r.OrientAz = 40;  // without the flag it is no orientation
+  r.LineTrend[2] = 7;
+  EXPECT_EQ(Row(Editor(r).Grid, 1), "1|S1|||||||||||||7|0|0|0|0|0");
+}
+
+TEST(EditGrid, ShowsASampleAsOrientedAndItsCodeZeroAsNone) {
+  RecordArray samples;
+  samples.Add(Oriented("A"));
+  samples[1].HasCoor = {};
+  samples[1].FoliName[1] = "0";
+  samples[1].LineName[2] = "0";
+  samples[1].LineTrend[2] = samples[1].LinePlunge[2] = 0;
+  EditGrid grid;
+  FillGrid(grid, RowsOfSamples(samples));
+  EXPECT_EQ(Row(grid, 1), "1|A|40.5|-20||101|31|L|201|11.25|C|102|32||||6|0|9|90");
+}
+
+TEST(EditGrid, CommitOfWhatItShowsChangesNothing) {
+  SpecimenRecord bare;
+  bare.OP = {12, 90, 3, 0};
+  for (const SpecimenRecord& record : {Oriented("S1"), bare}) {
+    Editor e(record);
+    SpecimenRecord wanted = record;
+    wanted.RecordNo = 1;
+    EXPECT_EQ(e.Commit(), wanted);
+  }
+}
+
+TEST(EditGrid, CommitReadsTextsByTheirNumericPrefix) {
+  const struct {
+    const char* Text;
+    float Angle;
+  } rows[] = {{"12a", 12},  {"a", 0},    {"12,5", 12},  {"-.5", -0.5f},
+              {"1E2", 100}, {"  7 ", 7}, {"12 34", 12}, {"12.5", 12.5f}};
+  for (const auto& row : rows) {
+    Editor e(Oriented("S1"));
+    e.Type(OrientationColumn, row.Text);
+    e.Type(FoliationColumn(2) + 2, row.Text);
+    EXPECT_EQ(e.Commit().OrientAz, row.Angle) << row.Text;
+    EXPECT_EQ(e.Records[1].FoliDip[2], row.Angle) << row.Text;
+  }
+}
+
+TEST(EditGrid, ARecordWithoutAnyOrientationCellHasNoOrientation) {
+  Editor e(Oriented("S1"));
+  e.Type(OrientationColumn, " ");
+  EXPECT_TRUE(e.Commit().HasCoor[2]);  // one of the two is enough
+  EXPECT_EQ(e.Records[1].OrientAz, 0);
+  e.Type(OrientationColumn + 1, "");
+  EXPECT_FALSE(e.Commit().HasCoor[2]);
+  EXPECT_EQ(e.Records[1].OrientInc, 0);
+}
+
+TEST(EditGrid, CodesDecideOnPairsAndTheSecondSlotNeverClearsAFlag) {
+  const struct {
+    const char *Foli1, *Line1, *Foli2, *Line2;
+    bool HasPlanes, HasSlot1, HasSlot2;
+  } rows[] = {
+      {"S", "L", "C", "M", true, true, true}, {"S", "", "", "", true, true, false},
+      {"", "L", "", "", true, true, false},   {"", "", "C", "", true, false, true},
+      {"", "", "", "M", true, false, true},   {"", "", "", "", false, false, false},
+  };
+  for (const auto& row : rows) {
+    Editor e(Oriented("S1"));
+    e.Type(FoliationColumn(1), row.Foli1);
+    e.Type(LineationColumn(1), row.Line1);
+    e.Type(FoliationColumn(2), row.Foli2);
+    e.Type(LineationColumn(2), row.Line2);
+    const SpecimenRecord& r = e.Commit();
+    EXPECT_EQ(r.HasCoor[3], row.HasPlanes);
+    EXPECT_EQ(r.HasCoor[4], row.HasPlanes);
+    for (int s = 1; s <= 2; ++s) {
+      const bool has = s == 1 ? row.HasSlot1 : row.HasSlot2;
+      EXPECT_EQ(r.FoliName[s], s == 1 ? row.Foli1 : row.Foli2);
+      EXPECT_EQ(r.FoliAz[s] != 0 && r.FoliDip[s] != 0, has);
+      EXPECT_EQ(r.LineTrend[s] != 0 && r.LinePlunge[s] != 0, has);
+    }
+  }
+}
+
+TEST(EditGrid, ParametersRoundHalvesToEven) {
+  Editor e(Oriented("S1"));
+  for (int p = 1; p <= 4; ++p) e.Type(ParameterColumn(p), std::to_string(p) + ".5");
+  EXPECT_EQ(e.Commit().OP, (Array1<std::int16_t, 4>{2, 2, 4, 4}));
+}
+
+TEST(EditGrid, ANumberWithoutRoomIsAnOverflowThatChangesNoRecord) {
+  const struct {
+    int Column;
+    const char *Text, *Cell;
+  } rows[] = {{OrientationColumn, "1E400", "Row 2, Orientation Dec"},
+              {LineationColumn(2) + 2, "-1E39", "Row 2, Lineation2 Inc"},
+              {ParameterColumn(3), "32768", "Row 2, Orientation Parameters OP3"}};
+  for (const auto& row : rows) {
+    Editor e(Oriented("S1"), 2);
+    const SpecimenRecord before = e.Records[1];
+    e.Type(OrientationColumn, "77");
+    e.Type(row.Column, row.Text, 2);
+    try {
+      e.Commit();
+      ADD_FAILURE() << row.Text;
+    } catch (const Fault& fault) {
+      EXPECT_STREQ(fault.what(), "Overflow");
+      EXPECT_EQ(fault.Source, row.Cell);
+    }
+    EXPECT_EQ(e.Records[1], before);
+  }
+}
+
+TEST(EditGrid, StepsLeadBackAndForth) {
+  Editor e(Oriented("S1"));
+  const std::string at0 = Row(e.Grid, 1);
+  EXPECT_TRUE(ChangeCells(e.Grid, {{1, 3, "1"}, {1, 3, "2"}, {1, 4, "3"}}));
+  EXPECT_FALSE(e.Type(4, " 3 "));  // as it is: no step
+  const std::string at1 = Row(e.Grid, 1);
+  EXPECT_TRUE(e.Type(5, "Q"));
+  const std::string at2 = Row(e.Grid, 1);
+
+  EXPECT_TRUE(Undo(e.Grid));
+  EXPECT_EQ(Row(e.Grid, 1), at1);
+  EXPECT_TRUE(Undo(e.Grid));
+  EXPECT_EQ(Row(e.Grid, 1), at0);
+  EXPECT_FALSE(Undo(e.Grid));
+  EXPECT_TRUE(Redo(e.Grid));
+  EXPECT_TRUE(Redo(e.Grid));
+  EXPECT_FALSE(Redo(e.Grid));
+  EXPECT_EQ(Row(e.Grid, 1), at2);
+  Undo(e.Grid);
+  e.Type(6, "9");  // what was undone is gone
+  EXPECT_FALSE(Redo(e.Grid));
+}
+
+TEST(EditGrid, StepsAreForgottenBeyondAMeasureButNeverTheLast) {
+  constexpr int Rows = RecordArray::Limit, Many = 8;
+  EditGrid grid;
+  FillGrid(grid, std::vector<EditRow>(Rows));
+  for (int step = 1; step <= Many; ++step) {
+    std::vector<CellText> texts;
+    for (int row = 1; row <= Rows; ++row)
+      for (int c = OrientationColumn; c <= EditColumns; ++c)
+        texts.push_back({row, c, std::to_string(step)});
+    ChangeCells(grid, std::move(texts));
+  }
+  int undone = 0;
+  while (Undo(grid)) ++undone;
+  EXPECT_GE(undone, 1);
+  EXPECT_LT(undone, Many);
+  EXPECT_EQ(grid.Cell(1, 3), std::to_string(Many - undone));
+}
+
+TEST(EditGrid, NumberAndNameStayAndCellsOutsideAreNone) {
+  Editor e(Oriented("S1"));
+  EXPECT_FALSE(ChangeCells(e.Grid, {{1, 1, "9"},
+                                    {1, 2, "X"},
+                                    {0, 3, "9"},
+                                    {2, 3, "9"},
+                                    {1, 0, "9"},
+                                    {1, 21, "9"},
+                                    {-5, -5, "9"}}));
+}
+
+TEST(EditGrid, WhatIsCopiedPastesAsItWas) {
+  Editor from(Oriented("S1"), 2), to(SpecimenRecord{}, 2);
+  from.Type(4, "", 2);  // an empty cell at a line's end
+  const CellBlock block{1, 3, 2, 2};
+  const std::string lines = CopyBlock(from.Grid, block);
+  EXPECT_EQ(lines, "40.5\t-20\n40.5\t\n");
+  ChangeCells(to.Grid, PasteBlock(lines, {1, 3, 1, 1}));
+  EXPECT_EQ(CopyBlock(to.Grid, block), lines);
+}
+
+TEST(EditGrid, PasteTakesTheLinesOfAnySpreadsheet) {
+  const struct {
+    const char *Lines, *Row1, *Row2;
+  } rows[] = {
+      {"1\t2\r\n3\t4\r\n", "1|2|S", "3|4|S"},
+      {"1\t2\n3\t4", "1|2|S", "3|4|S"},
+      {"1\n3\n", "1|-20|S", "3|-20|S"},
+      {"1\t\t\n", "1||", "40.5|-20|S"},
+      {"\n3", "|-20|S", "3|-20|S"},
+      {"1\t2\n3\t4\n5\t6\n", "1|2|S", "3|4|S"},  // the third line has no row
+      {" 12,5 \t\x01x\n", "12,5|x|S", "40.5|-20|S"},
+      {"5", "5|5|S", "5|5|S"},  // one text fills the block
+      {"", "||S", "||S"},
+  };
+  for (const auto& row : rows) {
+    Editor e(Oriented("S1"), 2);
+    ChangeCells(e.Grid, PasteBlock(row.Lines, {1, 3, 2, 2}));
+    EXPECT_EQ(Row(e.Grid, 1, 3, 3), row.Row1) << row.Lines;
+    EXPECT_EQ(Row(e.Grid, 2, 3, 3), row.Row2) << row.Lines;
+  }
+}
+
+TEST(EditGrid, DoubtsTellWhatACellComesTo) {
+  const struct {
+    int Column;
+    const char *Text, *Doubt;
+  } rows[] = {
+      {3, "12.5", ""},
+      {3, "", ""},
+      {3, "12,5", "A comma is no decimal point. This is read as 12."},
+      {3, "12a", "This is read as 12."},
+      {3, "north", "This is read as 0."},
+      {3, "1E400", "This number is too large."},
+      {5, "12,5", ""},  // codes are free
+      {6, "x", "This is read as 0."},
+      {17, "12", ""},
+      {17, "7", "The values on offer are 3, 6, 9, 12."},
+      {18, "90", ""},
+      {20, "6", "The values on offer are 0, 90."},
+      {20, "90000", "This number is too large."},
+  };
+  for (const auto& row : rows) {
+    Editor e(Oriented("S1"));
+    e.Type(row.Column, row.Text);
+    EXPECT_EQ(CellDoubt(e.Grid, 1, row.Column), row.Doubt) << row.Text;
+    EXPECT_EQ(CountDoubts(e.Grid), *row.Doubt ? 1 : 0) << row.Text;
+  }
+}
+
+TEST(EditGrid, AnglesWithoutACodeAreDoubtful) {
+  Editor e(Oriented("S1"));
+  e.Type(FoliationColumn(1), "");
+  EXPECT_EQ(CountDoubts(e.Grid), 0);  // the lineation's code keeps the pair
+  e.Type(LineationColumn(1), "");
+  EXPECT_EQ(CountDoubts(e.Grid), 4);
+  EXPECT_EQ(CellDoubt(e.Grid, 1, FoliationColumn(1) + 1),
+            "Without a code these angles are not saved.");
+}
+
+}  // namespace
+}  // namespace velorix
