@@ -53,13 +53,25 @@ std::string InFolder(const std::string& folder, const std::string& name) {
   return PathOf(name).is_absolute() ? name : folder + Separator + name;
 }
 
+/// One file by one of the readers. A fault comes with the file's name, since many files may be
+/// open.
+Outcome ReadOne(FileReader reader, const std::string& path, RecordArray& records,
+                const Settings& settings) {
+  try {
+    return reader(path, records, settings);
+  } catch (const Fault& fault) {
+    if (std::string_view(fault.what()).find(path) != std::string_view::npos) throw;
+    throw Fault(fault.Number, path + "\n" + fault.what(), fault.Source);
+  }
+}
+
 /// Runs one of the readers over all files into one array, in the order of the files. False, with
 /// the reader's message shown, when one refuses.
 bool ReadAll(Velorix& velorix, FileReader reader, const std::vector<std::string>& paths,
              RecordArray& records) {
   std::swap(records, velorix.Session.Spare);
   for (const std::string& path : paths) {
-    const Outcome outcome = reader(path, records, velorix.Session.Settings);
+    const Outcome outcome = ReadOne(reader, path, records, velorix.Session.Settings);
     if (outcome) continue;
     if (!outcome.Text.empty()) velorix.Dialogs.Ask(outcome.Title, outcome.Text, {"&OK"});
     return false;

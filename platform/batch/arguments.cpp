@@ -67,8 +67,8 @@ const OptionRow Options[] = {
     {"--smooth",        "N",                         "smoothing of --contour",                          Later},
     {"--contour-json",  "FILE",                      "the counted grid as JSON",                        Later},
     {"--contour-image", "FILE",                      "the contour picture",                             Later},
-    {"--save",          "FILE",                      "all records, as .ams",                            &Arguments::Save},
-    {"--save-selected", "FILE",                      "the selected records, as .ams",                   &Arguments::SaveSelected},
+    {"--save",          "FILE",                      "all records, as .ams or .ran",                    &Arguments::Save},
+    {"--save-selected", "FILE",                      "the selected records, as .ams or .ran",           &Arguments::SaveSelected},
     {"--geo-json",      "FILE",                      "the geological records as JSON",                  Later},
     {"--write-ged",     "FILE",                      "the geological records as a geological file",     Later},
     {"--force",         "",                          "overwrite existing outputs",                      &Arguments::Force},
@@ -180,8 +180,8 @@ std::string Complaint(Arguments& a) {
     return a.Files.front() + ": the extension tells no format; give one with --format.";
   for (const std::string* file : {&a.Save, &a.SaveSelected}) {
     const std::string extension = UpperCase(ExtensionOf(*file));
-    if (extension == "RAN") return *file + ": writing RAN files is not available yet.";
-    if (!file->empty() && extension != "AMS") return *file + ": records are saved as .ams files.";
+    if (!file->empty() && extension != "AMS" && extension != "RAN")
+      return *file + ": records are saved as .ams or .ran files.";
   }
   return FilesComplaint(a);
 }

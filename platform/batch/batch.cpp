@@ -16,6 +16,7 @@
 #include "platform/batch/summary.h"
 #include "stats/gauss_random.h"
 #include "text/paths.h"
+#include "text/upper_case.h"
 
 namespace velorix {
 namespace {
@@ -209,7 +210,8 @@ class Batch {
   bool WriteOutputs() {
     const auto save = [&](const std::string& output, const char* command) {
       if (output.empty()) return true;
-      dialogs_.Answers = {FileAnswer{Absolute(output), 1}};
+      const bool isRan = UpperCase(ExtensionOf(output)) == "RAN";
+      dialogs_.Answers = {FileAnswer{Absolute(output), isRan ? 2 : 1}};
       return Command(command);
     };
     return save(a_.Save, "mnuSaveAs") && save(a_.SaveSelected, "mnuSaveSelectedAs") &&

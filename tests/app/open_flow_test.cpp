@@ -122,7 +122,7 @@ TEST_F(OpenFlow, ARanFileWithAWrongCoordinateLeavesTheStore) {
   OpenFile(WriteFile("a", 2));
   std::ofstream(Folder / "bad.ran") << std::string(256, 'x');
   OpenFile(Path("bad.ran"), 2);
-  EXPECT_EQ(Asked.Boxes, std::vector<std::string>{"Velorix5|Type mismatch|&OK"});
+  EXPECT_EQ(Asked.Boxes, std::vector{"Velorix5|" + Path("bad.ran") + "\nType mismatch|&OK"});
   EXPECT_EQ(Names(), "a1 a2 ");
 }
 
@@ -131,7 +131,7 @@ TEST_F(OpenFlow, RefusesMoreThan32767RecordsWithOverflow) {
   OpenFile(WriteFile("a", 1));
   OpenFile(Utf8Of(Folder) + '\0' + "big.ams" + '\0' + "big.ams" + '\0');
   ASSERT_EQ(Asked.Boxes.size(), 1u);
-  EXPECT_EQ(Asked.Boxes[0], "Velorix5|Overflow|&OK");
+  EXPECT_EQ(Asked.Boxes[0], "Velorix5|" + big + "\nOverflow|&OK");
   EXPECT_EQ(Names(), "a1 ");
   OpenFile(big);
   EXPECT_EQ(Program.Session.RecordCount(), 20000);

@@ -103,9 +103,12 @@ int main(int argc, char** argv) {
   const fs::path folder = fs::canonical(fs::temp_directory_path()) /
                           ("velorix-transcript-" + std::to_string(std::random_device()()));
   fs::create_directories(folder);
-  for (const auto& example : fs::directory_iterator(argv[2]))
-    if (example.path().extension() == ".ams")
-      fs::copy_file(example.path(), folder / example.path().filename());
+  for (const auto& example : fs::directory_iterator(argv[2])) {
+    // Their maker lives among them.
+    const std::string extension = example.path().extension().string();
+    if (extension == ".h" || extension == ".cpp" || extension == ".md") continue;
+    fs::copy_file(example.path(), folder / example.path().filename());
+  }
   const std::string told = ContentOf(file);
   const std::string played = PlayedAgain(told, argv[1], folder);
   std::error_code ignored;
