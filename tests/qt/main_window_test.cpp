@@ -378,7 +378,7 @@ class MainWindowTest : public QObject {
         W().Folder.path().toStdString() + '\0' + "full.ams" + '\0' + "one.ams" + '\0', 1}};
     W().Key(Qt::Key_O, Qt::ControlModifier);
     QVERIFY(!W().Asked.Boxes.empty());
-    QCOMPARE(W().Asked.Boxes.back(), "Velorix5|Overflow|&OK");
+    QCOMPARE(W().Asked.Boxes.back(), "Velorix5|" + one + "\nOverflow|&OK");
     QCOMPARE(W().Grid().model()->rowCount(), 32767);
   }
 
