@@ -1,0 +1,69 @@
+#include "datafiles/text_file.h"
+
+#include <cerrno>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+
+#include "datafiles/bytes.h"
+#include "text/numbers.h"
+#include "text/paths.h"
+#include "text/upper_case.h"
+
+namespace velorix {
+
+std::string TextOfFile(const std::string& path) {
+  namespace fs = std::filesystem;
+  const fs::path file = PathOf(path);
+  std::string text(static_cast<std::size_t>(fs::file_size(file)), '\0');
+  errno = 0;
+  std::ifstream in(file, std::ios::binary);
+  if (in) in.read(text.data(), static_cast<std::streamsize>(text.size()));
+  if (!in.is_open() || in.bad()) {
+    const int reason = errno != 0 ? errno : EIO;
+    throw fs::filesystem_error("cannot read", file,
+                               std::error_code(reason, std::generic_category()));
+  }
+  text.resize(static_cast<std::size_t>(in.gcount()));
+  return text;
+}
+
+std::string_view TextLines::Next() {
+  if (AtEnd()) FailEndOfFile();
+  ++Line;
+  const std::size_t end = Rest.find('\n');
+  std::string_view line = Rest.substr(0, end);
+  Rest.remove_prefix(end == Rest.npos ? Rest.size() : end + 1);
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  return line;
+}
+
+float SingleOf(std::string_view text) {
+  const double value = NumberOf(text);
+  if (std::fabs(value) > std::numeric_limits<float>::max()) FailOverflow();
+  return static_cast<float>(value);
+}
+
+double Finite(double value) {
+  if (!std::isfinite(value)) FailOverflow();
+  return value;
+}
+
+std::array<std::uint8_t, 4> BytesOfSingle(float value) {
+  std::array<std::uint8_t, 4> bytes;
+  StoreLittle(reinterpret_cast<std::byte*>(bytes.data()), value);
+  return bytes;
+}
+
+Outcome RefuseEmptyFile(const std::string& path) {
+  return Outcome::Refused("Input error!", "File <<" + UpperCase(path) + ">> is empty!");
+}
+
+Fault FaultInLine(const Fault& fault, const std::string& path, int line) {
+  return Fault(fault.Number,
+               std::string(fault.what()) + " (" + path + ", line " + PlainText(line) + ")",
+               fault.Source);
+}
+
+}  // namespace velorix
