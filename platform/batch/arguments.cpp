@@ -6,6 +6,8 @@
 #include <filesystem>
 
 #include "app/open_flow.h"
+#include "platform/batch/contour_output.h"
+#include "platform/host/picture_file.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
 
@@ -63,10 +65,10 @@ const OptionRow Options[] = {
     {"--table",         "FILE",                      "the data table as tab-separated text",            &Arguments::Table},
     {"--stats",         "FILE",                      "the group statistics as JSON; - is standard output", &Arguments::Stats},
     {"--page",          "FILE",                      "the graphics page; its type by the extension",    Later},
-    {"--contour",       "kmax|kint|kmin|foli|line",  "counts the density",                              Later},
-    {"--smooth",        "N",                         "smoothing of --contour",                          Later},
-    {"--contour-json",  "FILE",                      "the counted grid as JSON",                        Later},
-    {"--contour-image", "FILE",                      "the contour picture",                             Later},
+    {"--contour",       ContourWords,                "counts the density",                              Choice{&Arguments::Contour, 1}},
+    {"--smooth",        "N",                         "smoothing of --contour; default 20",              &Arguments::Smooth},
+    {"--contour-json",  "FILE",                      "the counted grid as JSON; - is standard output",  &Arguments::ContourJson},
+    {"--contour-image", "FILE",                      "the contour picture, png",                        &Arguments::ContourImage},
     {"--save",          "FILE",                      "all records, as .ams or .ran",                    &Arguments::Save},
     {"--save-selected", "FILE",                      "the selected records, as .ams or .ran",           &Arguments::SaveSelected},
     {"--geo-json",      "FILE",                      "the geological records as JSON",                  Later},
@@ -183,6 +185,12 @@ std::string Complaint(Arguments& a) {
     if (!file->empty() && extension != "AMS" && extension != "RAN")
       return *file + ": records are saved as .ams or .ran files.";
   }
+  if (a.Contour == 0 && (a.Smooth >= 0 || !a.ContourJson.empty() || !a.ContourImage.empty()))
+    return "--smooth, --contour-json and --contour-image need --contour.";
+  if (!a.ContourImage.empty()) {
+    const std::string complaint = PictureComplaint(a.ContourImage);
+    if (!complaint.empty()) return a.ContourImage + ": " + complaint;
+  }
   return FilesComplaint(a);
 }
 
@@ -194,7 +202,8 @@ EarlyEnd WrongUsage(const std::string& text) {
 
 std::vector<std::string> Arguments::Outputs() const {
   std::vector<std::string> outputs;
-  for (const std::string* output : {&Save, &SaveSelected, &Records, &Table, &Stats})
+  for (const std::string* output :
+       {&Save, &SaveSelected, &Records, &Table, &Stats, &ContourJson, &ContourImage})
     if (!output->empty()) outputs.push_back(*output);
   return outputs;
 }

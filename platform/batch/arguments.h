@@ -16,7 +16,11 @@ struct Arguments {
   int CoorSys = 1, Block = 0, Plane = 0, Axis = 0;  // list positions from 0
   std::string FoliCode, LineCode;
   std::vector<int> Select, Disregard;
-  std::string Records, Table, Stats, Save, SaveSelected;  // outputs; "-": standard output, JSON only
+  int Contour = 0;  // 1 to 5, 0 none
+  int Smooth = -1;  // -1: the window's
+  std::string ContourJson, ContourImage;
+  std::string Records, Table, Stats, Save,
+      SaveSelected;  // outputs; "-": standard output, JSON only
   bool Force = false, Quiet = false;
 
   /// The outputs named, in the order in which they are made.

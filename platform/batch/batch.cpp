@@ -7,13 +7,16 @@
 #include <iostream>
 
 #include "app/commands.h"
+#include "app/contour.h"
 #include "app/data_table.h"
 #include "app/display.h"
 #include "app/settings_file.h"
 #include "datafiles/safe_write.h"
+#include "platform/batch/contour_output.h"
 #include "platform/batch/json.h"
 #include "platform/batch/progress.h"
 #include "platform/batch/summary.h"
+#include "platform/host/picture_file.h"
 #include "stats/gauss_random.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
@@ -84,8 +87,12 @@ class Batch {
     ChooseCodes();
     if (!ChooseRecords()) return 2;
     if (!views_.Status.empty() && !dialogs_.Complained) std::cerr << views_.Status << "\n";
+    if (!Count()) return 1;
     if (!WriteOutputs()) return 1;
-    if (a_.Outputs().empty() && !a_.Quiet) std::cout << Summary(velorix_);
+    if (a_.Outputs().empty() && !a_.Quiet) {
+      std::cout << Summary(velorix_);
+      if (a_.Contour != 0) std::cout << ContourSummary(velorix_);
+    }
     if (std::cout.flush()) return 0;
     std::cerr << "Standard output could not be written.\n";
     return 1;
@@ -195,6 +202,22 @@ class Batch {
     return true;
   }
 
+  bool Count() {
+    if (a_.Contour == 0) return true;
+    const int smooth = a_.Smooth < 0 ? velorix_.Contour.Options.txtSmooth : a_.Smooth;
+    return CountForBatch(velorix_, a_.Contour, smooth, !a_.Quiet && IsTerminal());
+  }
+
+  bool WriteContourImage() {
+    if (a_.ContourImage.empty()) return true;
+    constexpr double Scale = 3;  // pixels of a unit
+    const Outcome outcome =
+        WritePicture(a_.ContourImage, ContourPlane, Scale,
+                     [this](Target& target) { DrawContourPicture(velorix_, target); });
+    if (!outcome) std::cerr << outcome.Title << ": " << outcome.Text << "\n";
+    return outcome.Done;
+  }
+
   static void Write(const std::string& output, const std::function<void(std::ostream&)>& write) {
     if (output == "-")
       write(std::cout);
@@ -215,13 +238,18 @@ class Batch {
       return Command(command);
     };
     return save(a_.Save, "mnuSaveAs") && save(a_.SaveSelected, "mnuSaveSelectedAs") &&
-           Guarded(velorix_, [&] {
-             Write(a_.Records, [&](std::ostream& out) { WriteRecords(out); });
-             Write(a_.Table, [&](std::ostream& out) { out << DataTableText(velorix_.Session); });
-             Write(a_.Stats, [&](std::ostream& out) {
-               WriteStatsJson(out, velorix_.GroupStats, velorix_.Session.Settings);
-             });
-           });
+           Guarded(velorix_,
+                   [&] {
+                     Write(a_.Records, [&](std::ostream& out) { WriteRecords(out); });
+                     Write(a_.Table,
+                           [&](std::ostream& out) { out << DataTableText(velorix_.Session); });
+                     Write(a_.Stats, [&](std::ostream& out) {
+                       WriteStatsJson(out, velorix_.GroupStats, velorix_.Session.Settings);
+                     });
+                     Write(a_.ContourJson,
+                           [&](std::ostream& out) { WriteContourJson(out, velorix_); });
+                   }) &&
+           WriteContourImage();
   }
 
   const Arguments& a_;

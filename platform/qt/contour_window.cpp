@@ -18,8 +18,8 @@
 #include <filesystem>
 
 #include "app/contour.h"
+#include "platform/host/picture_file.h"
 #include "platform/qt/busy_cursor.h"
-#include "platform/qt/picture_file.h"
 #include "platform/qt/picture_widget.h"
 #include "platform/qt/widgets.h"
 #include "text/paths.h"

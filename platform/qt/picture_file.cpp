@@ -1,6 +1,7 @@
-#include "platform/qt/picture_file.h"
+#include "platform/host/picture_file.h"
 
 #include <QBuffer>
+#include <QGuiApplication>
 #include <QImage>
 #include <QImageWriter>
 #include <QPainter>
@@ -8,6 +9,7 @@
 #include <QSaveFile>
 #include <QSvgGenerator>
 #include <cmath>
+#include <memory>
 
 #include "platform/qt/painter_target.h"
 #include "text/paths.h"
@@ -34,6 +36,22 @@ constexpr PictureType Types[] = {
     {"Portable Document Format (*.pdf)|*.pdf|",   " pdf "},
 };
 // clang-format on
+
+QByteArray TypeOf(const std::string& path) {
+  return QByteArray::fromStdString(ExtensionOf(path)).toLower();
+}
+
+/// Texts need the toolkit at work; a program without windows starts it without a screen and without
+/// its remarks on the desktop.
+std::unique_ptr<QGuiApplication> MakePainting() {
+  if (QCoreApplication::instance()) return nullptr;
+  static int count = 1;
+  static char name[] = "velorix", platform[] = "offscreen";
+  static char* arguments[] = {name, nullptr};
+  qputenv("QT_QPA_PLATFORM", platform);
+  qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+  return std::make_unique<QGuiApplication>(count, arguments);
+}
 
 QByteArray Pixels(const QByteArray& type, PlaneSize plane, double scale, const Draw& draw) {
   QImage image(static_cast<int>(std::ceil(plane.width * scale)),
@@ -88,13 +106,18 @@ std::string PictureFilter() {
   return filter;
 }
 
-Outcome WritePicture(const std::string& path, PlaneSize plane, double scale, const Draw& draw) {
-  const QByteArray type = QByteArray::fromStdString(ExtensionOf(path)).toLower();
-  bool known = false;
+std::string PictureComplaint(const std::string& path) {
+  const QByteArray type = TypeOf(path);
   for (const PictureType& row : Types)
-    known = known || QByteArray(row.Extensions).contains(" " + type + " ");
-  if (!known || type.isEmpty())
-    return Outcome::Refused(Title, path + "\nThe extension tells no type of picture.");
+    if (!type.isEmpty() && QByteArray(row.Extensions).contains(" " + type + " ")) return {};
+  return "Pictures are files of type png, bmp, jpg, tif, svg or pdf.";
+}
+
+Outcome WritePicture(const std::string& path, PlaneSize plane, double scale, const Draw& draw) {
+  const std::string complaint = PictureComplaint(path);
+  if (!complaint.empty()) return Outcome::Refused(Title, path + "\n" + complaint);
+  const std::unique_ptr<QGuiApplication> painting = MakePainting();
+  const QByteArray type = TypeOf(path);
   const QByteArray bytes = type == "svg"   ? Svg(plane, draw)
                            : type == "pdf" ? Pdf(plane, draw)
                                            : Pixels(type, plane, scale, draw);
