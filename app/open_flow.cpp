@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "datafiles/ams_file.h"
+#include "datafiles/asc_file.h"
 #include "datafiles/ran_file.h"
 #include "text/paths.h"
 
@@ -12,8 +13,10 @@ namespace {
 
 constexpr char Separator = static_cast<char>(std::filesystem::path::preferred_separator);
 
-Outcome ReadAms(const std::string& path, RecordArray& records, const Settings&) {
-  return ReadAmsFile(path, records);
+/// A reader whose files leave nothing to the settings.
+template <Outcome (*Read)(const std::string&, RecordArray&)>
+Outcome Plain(const std::string& path, RecordArray& records, const Settings&) {
+  return Read(path, records);
 }
 
 Outcome ReloadAmsInPhase(const std::string& path, RecordArray& records, const Settings&) {
@@ -27,12 +30,12 @@ Outcome ReadLater(const std::string& path, RecordArray&, const Settings&) {
 
 // clang-format off
 constexpr OpenFilter Filters[] = {
-    {"ams",  "ams", "AMS-file(s) (*.ams)|*.ams|",      ReadAms,     ReloadAmsInPhase},
-    {"ran",  "ran", "RAN-file(s) (*.ran)|*.ran|",      ReadRanFile, ReadRanFile},
-    {"are",  "are", "ARE-file(s) (*.are)|*.are|",      ReadRanFile, ReadRanFile},
-    {"asc",  "asc", "ASC-file(s) (*.asc)|*.asc|",      ReadLater,   ReadLater},
-    {"si2b", "AMS", "SI2B AMS-file(s) (*.AMS)|*.AMS|", ReadLater,   ReadLater},
-    {"spin", "txt", "AMSSpin-file(s) (*.txt)|*.txt",   ReadLater,   ReadLater},
+    {"ams",  "ams", "AMS-file(s) (*.ams)|*.ams|",      Plain<ReadAmsFile>, ReloadAmsInPhase},
+    {"ran",  "ran", "RAN-file(s) (*.ran)|*.ran|",      ReadRanFile,        ReadRanFile},
+    {"are",  "are", "ARE-file(s) (*.are)|*.are|",      ReadRanFile,        ReadRanFile},
+    {"asc",  "asc", "ASC-file(s) (*.asc)|*.asc|",      Plain<ReadAscFile>, Plain<ReadAscFile>},
+    {"si2b", "AMS", "SI2B AMS-file(s) (*.AMS)|*.AMS|", ReadLater,          ReadLater},
+    {"spin", "txt", "AMSSpin-file(s) (*.txt)|*.txt",   ReadLater,          ReadLater},
 };
 // clang-format on
 
