@@ -237,19 +237,17 @@ class Batch {
       dialogs_.Answers = {FileAnswer{Absolute(output), isRan ? 2 : 1}};
       return Command(command);
     };
-    return save(a_.Save, "mnuSaveAs") && save(a_.SaveSelected, "mnuSaveSelectedAs") &&
-           Guarded(velorix_,
-                   [&] {
-                     Write(a_.Records, [&](std::ostream& out) { WriteRecords(out); });
-                     Write(a_.Table,
-                           [&](std::ostream& out) { out << DataTableText(velorix_.Session); });
-                     Write(a_.Stats, [&](std::ostream& out) {
-                       WriteStatsJson(out, velorix_.GroupStats, velorix_.Session.Settings);
-                     });
-                     Write(a_.ContourJson,
-                           [&](std::ostream& out) { WriteContourJson(out, velorix_); });
-                   }) &&
-           WriteContourImage();
+    const bool written =
+        save(a_.Save, "mnuSaveAs") && save(a_.SaveSelected, "mnuSaveSelectedAs") &&
+        Guarded(velorix_, [&] {
+          Write(a_.Records, [&](std::ostream& out) { WriteRecords(out); });
+          Write(a_.Table, [&](std::ostream& out) { out << DataTableText(velorix_.Session); });
+          Write(a_.Stats, [&](std::ostream& out) {
+            WriteStatsJson(out, velorix_.GroupStats, velorix_.Session.Settings);
+          });
+          Write(a_.ContourJson, [&](std::ostream& out) { WriteContourJson(out, velorix_); });
+        });
+    return written && WriteContourImage();
   }
 
   const Arguments& a_;
