@@ -81,6 +81,11 @@ bool IsOpen(const Velorix& v) {
   return v.Windows.*Window;
 }
 
+void EditOrientations(Velorix& v) {
+  v.Views.ShowOrientationEditor();
+  ShowStore(v);
+}
+
 /// The values in the records stay as they are until the next display.
 void ChooseFactors(Velorix& v) {
   v.Views.ShowFactorChoice();
@@ -138,7 +143,7 @@ constexpr Command CommandTable[] = {
     {"mnuGraphicsSave", "mnuGraphics", "Save To File", "Ctrl+F", 10, "Save Graphics To File [Crtl+F]", "save-picture", Action, false, nullptr, nullptr, false},
     {"mnuGraphicRedraw", "mnuGraphics", "Redraw", "", 0, "", "", Action, true, AnisoView_DisplayAllPlots, nullptr, false},
 
-    {"mnuEdit(1)", "mnuEditt", "Edit Orientation Data", "F2", 12, "Edit Orientation Data [F2]", "edit-orientation", Check, false, nullptr, nullptr, false},
+    {"mnuEdit(1)", "mnuEditt", "Edit Orientation Data", "F2", 12, "Edit Orientation Data [F2]", "edit-orientation", Check, false, EditOrientations, nullptr, false},
     {"mnuEdit(2)", "mnuEditt", "Rotate Data", "", 0, "", "", Action, true, nullptr, nullptr, false},
 
     {"mnuAnalysis(1)", "mnuStatistics", "Group Statistics", "F9", 14, "Group Statistics [F9]", "statistics", Check, false, Toggle<&OpenWindows::GroupStatistics>, IsOpen<&OpenWindows::GroupStatistics>, false},

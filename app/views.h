@@ -33,6 +33,7 @@ struct Views {
   virtual void RefreshGroupStatistics() = 0;
   virtual void ShowAbout() = 0;
   /// Modal dialogs; they return when the user has closed them.
+  virtual void ShowOrientationEditor() = 0;
   virtual void ShowOrientationParameters() = 0;
   virtual void ShowFactorChoice() = 0;
   /// Asks the main window to close, which asks the exit question.

@@ -67,6 +67,7 @@ struct BatchViews : Views {
   void ShowWindows() override {}
   void RefreshGroupStatistics() override {}
   void ShowAbout() override {}
+  void ShowOrientationEditor() override {}
   void ShowOrientationParameters() override {}
   void ShowFactorChoice() override {}
   void Exit() override {}

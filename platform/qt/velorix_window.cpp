@@ -21,6 +21,7 @@
 #include "platform/qt/column_plots.h"
 #include "platform/qt/contour_window.h"
 #include "platform/qt/data_table_window.h"
+#include "platform/qt/edit_data_window.h"
 #include "platform/qt/factor_window.h"
 #include "platform/qt/foli_line_window.h"
 #include "platform/qt/grid_panel.h"
@@ -261,6 +262,11 @@ void frmVelorix::RefreshGroupStatistics() {
 void frmVelorix::ShowAbout() {
   frmAbout about(this);
   about.exec();
+}
+
+void frmVelorix::ShowOrientationEditor() {
+  frmEditData editor(*velorix_, this);
+  editor.exec();
 }
 
 void frmVelorix::ShowOrientationParameters() {

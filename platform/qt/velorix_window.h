@@ -47,6 +47,7 @@ class frmVelorix : public QMainWindow, public Views {
   void RedrawXYPlot(int plot) override;
   void RefreshGroupStatistics() override;
   void ShowAbout() override;
+  void ShowOrientationEditor() override;
   void ShowOrientationParameters() override;
   void ShowFactorChoice() override;
   void Exit() override;

@@ -1,0 +1,92 @@
+#include "platform/qt/edit_data_window.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include "platform/qt/busy_cursor.h"
+#include "platform/qt/edit_table.h"
+#include "platform/qt/widgets.h"
+
+namespace velorix {
+
+frmEditData::frmEditData(Velorix& velorix, QWidget* owner) : QDialog(owner), velorix_(velorix) {
+  setObjectName("frmEditData");
+  setWindowTitle("Edit Orientation Data");
+  LoadEditor(editor_, velorix_);
+  table_ = new EditTable(editor_, this);
+  line_ = new QLabel(this);
+  line_->setObjectName("lblAssigned");
+  line_->setWordWrap(true);
+  line_->setTextFormat(Qt::PlainText);
+  line_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  doubts_ = new QLabel(this);
+  doubts_->setObjectName("lblDoubts");
+  doubts_->setToolTip("A cell tells by its tip what is wrong with it");
+
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(8, 8, 8, 8);
+  column->addWidget(table_, 1);
+  auto* lines = new QHBoxLayout;
+  lines->addWidget(line_, 1);
+  lines->addWidget(doubts_);
+  column->addLayout(lines);
+  column->addLayout(MakeButtons());
+
+  connect(&table_->Cells(), &QAbstractItemModel::dataChanged, this, [this] { ShowLines(); });
+  connect(&table_->Cells(), &QAbstractItemModel::modelReset, this, [this] { ShowLines(); });
+  table_->Refresh();
+  table_->setCurrentIndex(table_->Cells().index(0, OrientationColumn - 1));
+  const QMargins margins = column->contentsMargins();
+  const QSize room = screen()->availableSize() * 0.95;
+  resize(QSize(table_->FullWidth() + margins.left() + margins.right(), 560).boundedTo(room));
+  table_->setFocus();
+}
+
+/// A button whose work is a command; the table follows the editor then.
+void frmEditData::AddButton(QHBoxLayout& row, const char* name, const char* caption,
+                            const char* tip, const std::function<void()>& work) {
+  auto* button = new QPushButton(caption, this);
+  button->setObjectName(name);
+  button->setToolTip(tip);
+  button->setMinimumWidth(96);
+  button->setAutoDefault(false);  // Return belongs to the cells
+  connect(button, &QPushButton::clicked, this, [this, work] {
+    table_->EndTyping();
+    Work(velorix_, work);
+    table_->Refresh();
+    ShowLines();
+    table_->setFocus();
+  });
+  row.addWidget(button);
+}
+
+QHBoxLayout* frmEditData::MakeButtons() {
+  auto* row = new QHBoxLayout;
+  AddButton(*row, "cmdOpenGED", "OpenGED", "Read geological file(s) and show their samples",
+            [this] { OpenGed(editor_, velorix_, "Open"); });
+  AddButton(*row, "cmdGEDASSign", "AssignGED",
+            "Give each record the orientation, foliations and lineations of the sample of its name",
+            [this] { AssignGed(editor_, velorix_); });
+  AddButton(*row, "cmdWrite", "Write", "Show the records as they are, without what was typed here",
+            [this] { WriteGrid(editor_, velorix_); });
+  row->addStretch(1);
+  AddButton(*row, "cmdRead", "SAVE",
+            "Put the grid into the records and write the open file (.ams, .ran); then close",
+            [this] {
+              if (SaveGrid(editor_, velorix_)) accept();
+            });
+  AddButton(*row, "cmdCancel", "CANCEL", "Close without saving (Esc)", [this] { reject(); });
+  return row;
+}
+
+void frmEditData::ShowLines() {
+  line_->setText(ToQString(editor_.Line));
+  const int doubts = CountDoubts(editor_.Shown());
+  doubts_->setText(doubts == 0   ? QString()
+                   : doubts == 1 ? QString("1 cell is marked as doubtful")
+                                 : QString("%1 cells are marked as doubtful").arg(doubts));
+}
+
+}  // namespace velorix
