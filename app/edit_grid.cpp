@@ -163,6 +163,9 @@ void CommitRow(const EditRow& row, SpecimenRecord& record) {
   CommitSlot(row, 1, record);
   CommitSlot(row, 2, record);
   for (int p = 1; p <= 4; ++p) record.OP[p] = ToShort(NumberOf(row[ParameterColumn(p)]));
+  // The display leaves a record alone that lacks the system in view: it must not go on standing
+  // where an earlier display put it.
+  if (record.CoorLevel != 0 && !record.HasCoor[record.CoorLevel]) record.CoorLevel = 0;
 }
 
 }  // namespace

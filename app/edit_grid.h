@@ -89,7 +89,8 @@ int CountDoubts(const EditGrid& grid);
 /// Writes the rows into the records, the first row into the first record and so on: orientation,
 /// foliations, lineations, parameters and the flags that say what a record has. A record without
 /// any orientation cell loses its orientation; a slot without a code loses its angles. Texts are
-/// read by their numeric prefix. "Overflow", which names the cell, for an angle beyond 32 bits or a
+/// read by their numeric prefix. A record is in no view until the next display when it has lost the
+/// system that it was last turned to. "Overflow", which names the cell, for an angle beyond 32 bits or a
 /// parameter beyond 16; no record has changed then.
 void CommitGrid(const EditGrid& grid, RecordArray& records);
 

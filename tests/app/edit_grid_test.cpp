@@ -119,6 +119,16 @@ TEST(EditGrid, ARecordWithoutAnyOrientationCellHasNoOrientation) {
   EXPECT_EQ(e.Records[1].OrientInc, 0);
 }
 
+TEST(EditGrid, ARecordLeavesTheViewThatItHasLost) {
+  for (const std::int16_t level : {1, 2, 3, 4}) {
+    Editor e(Oriented("S1"));
+    e.Records[1].CoorLevel = level;
+    EXPECT_EQ(e.Commit().CoorLevel, level);
+    for (const int column : {3, 4, 5, 8, 11, 14}) e.Type(column, "");
+    EXPECT_EQ(e.Commit().CoorLevel, level == 1 ? 1 : 0);
+  }
+}
+
 TEST(EditGrid, CodesDecideOnPairsAndTheSecondSlotNeverClearsAFlag) {
   const struct {
     const char *Foli1, *Line1, *Foli2, *Line2;

@@ -1,0 +1,289 @@
+// The window of the orientation editor, driven by the names of its controls.
+
+#include <QClipboard>
+#include <QComboBox>
+#include <QDialog>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+
+#include "app/edit_grid.h"
+#include "tests/qt/on_modal.h"
+#include "tests/qt/test_window.h"
+
+namespace velorix {
+namespace {
+
+class EditDataWindowTest : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<TestWindow> window_;
+  QDialog* dialog_ = nullptr;
+  TestWindow& W() { return *window_; }
+  const SpecimenRecord& Record(int i) { return W().Program.Session.Records[i]; }
+  std::vector<std::string>& Boxes() { return W().Asked.Boxes; }
+
+  /// Opens the window by its command, lets `act` use it, and returns when it is closed.
+  void Show(const std::function<void()>& act) {
+    bool seen = false;
+    OnModal<QDialog>([&](QDialog& dialog) {
+      QTRY_COMPARE(QApplication::activeWindow(), &dialog);
+      dialog_ = &dialog;
+      act();
+      seen = true;
+      if (dialog.isVisible()) dialog.reject();
+      dialog_ = nullptr;
+    });
+    W().The<QAction>("mnuEdit(1)").trigger();
+    QVERIFY(seen);
+  }
+  QTableView& Table() { return *dialog_->findChild<QTableView*>("scgDataTable"); }
+  QModelIndex At(int row, int column) { return Table().model()->index(row - 1, column - 1); }
+  QString Cell(int row, int column) { return At(row, column).data().toString(); }
+  QColor Back(int row, int column) {
+    return At(row, column).data(Qt::BackgroundRole).value<QColor>();
+  }
+  QString Line() { return dialog_->findChild<QLabel*>("lblAssigned")->text(); }
+  QString Doubts() { return dialog_->findChild<QLabel*>("lblDoubts")->text(); }
+  void Press(const char* button) {
+    QTest::mouseClick(dialog_->findChild<QPushButton*>(button), Qt::LeftButton);
+  }
+  void Select(int row, int column, int rows = 1, int columns = 1) {
+    Table().setCurrentIndex(At(row, column));
+    Table().selectionModel()->select(
+        QItemSelection(At(row, column), At(row + rows - 1, column + columns - 1)),
+        QItemSelectionModel::ClearAndSelect);
+  }
+  void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(&Table(), static_cast<Qt::Key>(key), modifiers);
+  }
+  /// Types a text over a cell, without an end.
+  void Type(int row, int column, const QString& text) {
+    Select(row, column);
+    Key(Qt::Key_F2);
+    QTest::keyClicks(QApplication::focusWidget(), text);
+  }
+  void TypeAndEnter(int row, int column, const QString& text) {
+    Type(row, column, text);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCoreApplication::processEvents();
+  }
+
+ private slots:
+  void init() { window_ = std::make_unique<TestWindow>(); }
+  void cleanup() { window_.reset(); }
+
+  void showsTheStoreUnderItsCaptions() {
+    W().Open(W().WriteFile("site", 3));
+    Show([this] {
+      QCOMPARE(dialog_->objectName(), "frmEditData");
+      QVERIFY(dialog_->isModal());
+      QCOMPARE(Table().model()->rowCount(), 3);
+      QStringList row, captions;
+      for (int c = 1; c <= EditColumns; ++c) {
+        row += Cell(2, c);
+        captions += Table().model()->headerData(c - 1, Qt::Horizontal, Qt::UserRole).toString() +
+                    " " + Table().model()->headerData(c - 1, Qt::Horizontal).toString();
+      }
+      QCOMPARE(row.join('|'), "2|site2|2|20|A|120|40|L|150|30|||||||6|0|6|0");
+      QCOMPARE(captions[4], "Foliation1 Code");
+      QCOMPARE(captions[15], "Lineation2 Inc");
+      QCOMPARE(captions[19], "Orientation Parameters OP4");
+      const struct {
+        const char *Name, *Caption;
+      } buttons[] = {{"cmdOpenGED", "OpenGED"},
+                     {"cmdGEDASSign", "AssignGED"},
+                     {"cmdWrite", "Write"},
+                     {"cmdRead", "SAVE"},
+                     {"cmdCancel", "CANCEL"}};
+      for (const auto& b : buttons)
+        QCOMPARE(dialog_->findChild<QPushButton*>(b.Name)->text(), b.Caption);
+    });
+  }
+
+  void saveWritesFileAndStoreAndRedraws() {
+    const std::string path = W().WriteFile("site", 3);
+    W().Open(path);
+    const QString before = W().Cell(0, 14);
+    Show([this] {
+      TypeAndEnter(1, 3, "200");
+      QCOMPARE(Table().currentIndex(), At(2, 3));  // the next one of the column
+      Type(1, 4, "70.5");                          // SAVE takes what is still being typed
+      Press("cmdRead");
+      QVERIFY(!dialog_->isVisible());
+    });
+    QVERIFY(Boxes().empty());
+    RecordArray written;
+    QVERIFY(ReadAmsFile(path, written));
+    QCOMPARE(written.Count(), 3);
+    QCOMPARE(written[1].OrientAz, 200.0f);
+    QCOMPARE(written[1].OrientInc, 70.5f);
+    QCOMPARE(Record(1).OrientInc, 70.5f);
+    QVERIFY(W().Cell(0, 14) != before);
+  }
+
+  void cancelEscapeAndTitleBarChangeNothing() {
+    W().Open(W().WriteFile("site", 3));
+    const SpecimenRecord before = Record(1);
+    for (int way = 0; way < 3; ++way)
+      Show([this, way] {
+        TypeAndEnter(1, 3, "200");
+        if (way == 0) Press("cmdCancel");
+        if (way == 1) Key(Qt::Key_Escape);
+        if (way == 2) dialog_->close();
+        QVERIFY(!dialog_->isVisible());
+      });
+    QCOMPARE(Record(1).OrientAz, before.OrientAz);
+    QCOMPARE(Record(1).HasCoor[2], true);
+  }
+
+  void clearedOrientationDropsTheRecordFromTheGeographicSystem() {
+    W().Open(W().WriteFile("site", 3));
+    Show([this] {
+      Select(2, 3, 1, 2);
+      Key(Qt::Key_Delete);
+      QCOMPARE(Cell(2, 3) + Cell(2, 4), "");
+      Press("cmdRead");
+    });
+    QCOMPARE(W().Specimens(), "site1 site3");
+  }
+
+  void writeFillsFromTheStoreAgainAndCanBeUndone() {
+    W().Open(W().WriteFile("site", 3));
+    Show([this] {
+      TypeAndEnter(1, 3, "200");
+      Press("cmdWrite");
+      QCOMPARE(Cell(1, 3), "1");
+      QCOMPARE(Line(), "What was typed is discarded; Ctrl+Z brings it back.");
+      Key(Qt::Key_Z, Qt::ControlModifier);
+      QCOMPARE(Cell(1, 3), "200");
+      Key(Qt::Key_Z, Qt::ControlModifier);
+      QCOMPARE(Cell(1, 3), "1");
+      Key(Qt::Key_Y, Qt::ControlModifier);
+      QCOMPARE(Cell(1, 3), "200");
+    });
+  }
+
+  void blocksGoToAndFromASpreadsheet() {
+    W().Open(W().WriteFile("site", 4));
+    Show([this] {
+      QApplication::clipboard()->setText("10\t11\r\n20\t21\r\n30\t31\r\n");
+      Select(2, 3);
+      Key(Qt::Key_V, Qt::ControlModifier);
+      QCOMPARE(Cell(1, 3), "1");
+      QCOMPARE(Cell(2, 3) + " " + Cell(3, 4) + " " + Cell(4, 4), "10 21 31");
+      QCOMPARE(Line(), "");
+      Select(3, 3);
+      Key(Qt::Key_V, Qt::ControlModifier);
+      QCOMPARE(Line(), "2 pasted cell(s) found no place.");
+      Key(Qt::Key_Z, Qt::ControlModifier);
+      Select(2, 2, 2, 3);
+      Key(Qt::Key_C, Qt::ControlModifier);
+      QCOMPARE(QApplication::clipboard()->text(), "site2\t10\t11\nsite3\t20\t21\n");
+      Select(2, 3, 2, 2);
+      Key(Qt::Key_X, Qt::ControlModifier);
+      QCOMPARE(Cell(2, 3) + Cell(3, 4), "");
+      QCOMPARE(QApplication::clipboard()->text(), "10\t11\n20\t21\n");
+    });
+  }
+
+  void aFullStoreTakesAPasteOfAllItsCells() {
+    W().Open(W().WriteFile("s", RecordArray::Limit));
+    Show([this] {
+      QString lines;
+      for (int i = 0; i < RecordArray::Limit + 10; ++i)
+        lines += QString("%1\t20\tS\t1\t2\tL\t3\t4\tC\t5\t6\tM\t7\t8\t6\t0\t6\t0\n").arg(i % 360);
+      QApplication::clipboard()->setText(lines);
+      Select(1, 3);
+      Key(Qt::Key_V, Qt::ControlModifier);
+      QCOMPARE(Cell(RecordArray::Limit, 16), "8");
+      QCOMPARE(Line(), "180 pasted cell(s) found no place.");
+      Key(Qt::Key_Z, Qt::ControlModifier);
+      QCOMPARE(Cell(RecordArray::Limit, 16), "");
+    });
+  }
+
+  void parametersAreChosenFromTheirLists() {
+    W().Open(W().WriteFile("site", 3));
+    const char* values[] = {"3 6 9 12", "0 90", "3 6 9 12", "0 90"};
+    for (int p = 1; p <= 4; ++p)
+      Show([&] {
+        Table().edit(At(1, ParameterColumn(p)));
+        auto* list = Table().findChild<QComboBox*>("cboOP");
+        QVERIFY(list);
+        QStringList offered;
+        for (int i = 0; i < list->count(); ++i) offered += list->itemText(i);
+        QCOMPARE(offered.join(' '), values[p - 1]);
+        QCOMPARE(list->currentText(), Cell(1, ParameterColumn(p)));
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        auto* choices = QApplication::activePopupWidget()->findChild<QAbstractItemView*>();
+        QTest::keyClick(choices, Qt::Key_End);
+        QTest::keyClick(choices, Qt::Key_Return);
+        QTRY_COMPARE(Cell(1, ParameterColumn(p)), offered.back());
+      });
+  }
+
+  void doubtfulCellsAreMarkedAndCounted() {
+    W().Open(W().WriteFile("site", 3));
+    Show([this] {
+      QCOMPARE(Doubts(), "");
+      TypeAndEnter(1, 3, "12,5");
+      QCOMPARE(Back(1, 3), QColor(0xFF, 0xC0, 0xC0));
+      QCOMPARE(At(1, 3).data(Qt::ToolTipRole).toString(),
+               "A comma is no decimal point. This is read as 12.");
+      QCOMPARE(Doubts(), "1 cell is marked as doubtful");
+      TypeAndEnter(2, 3, "12a");
+      QCOMPARE(Doubts(), "2 cells are marked as doubtful");
+      Press("cmdRead");
+    });
+    QCOMPARE(Record(1).OrientAz, 12.0f);
+    QCOMPARE(Record(2).OrientAz, 12.0f);
+  }
+
+  void aNumberTooLargeKeepsItOpenAndTheStoreAsItWas() {
+    W().Open(W().WriteFile("site", 3));
+    Show([this] {
+      TypeAndEnter(1, 3, "200");
+      TypeAndEnter(2, 3, "1E400");
+      Press("cmdRead");
+      QVERIFY(dialog_->isVisible());
+      QCOMPARE(Boxes().size(), 1u);
+      QCOMPARE(Boxes()[0], "Velorix5|Row 2, Orientation Dec: Overflow|&OK");
+      QCOMPARE(Cell(2, 3), "1E400");
+    });
+    QCOMPARE(Record(1).OrientAz, 1.0f);
+  }
+
+  void aDiskThatRefusesKeepsItOpenWithTheEdits() {
+    W().Open(W().WriteFile("site", 3));
+    W().Program.Session.CurrentFile = W().Path("no folder/site.ams");
+    Show([this] {
+      TypeAndEnter(1, 3, "200");
+      Press("cmdRead");
+      QVERIFY(dialog_->isVisible());
+      QCOMPARE(Boxes().size(), 1u);
+      QVERIFY(Boxes()[0].starts_with("Velorix5|" + W().Path("no folder/site.ams")));
+      QCOMPARE(Cell(1, 3), "200");
+    });
+  }
+
+  void anEmptyStoreIsAnEmptyGrid() {
+    Show([this] {
+      QCOMPARE(Table().model()->rowCount(), 0);
+      Key(Qt::Key_V, Qt::ControlModifier);
+      Key(Qt::Key_Delete);
+      Press("cmdGEDASSign");
+      QCOMPARE(Line(), "No geological file is open: OpenGED reads one.");
+      Press("cmdRead");
+      QVERIFY(!dialog_->isVisible());
+    });
+    QVERIFY(Boxes().empty());
+  }
+};
+
+}  // namespace
+}  // namespace velorix
+
+using velorix::EditDataWindowTest;
+QTEST_MAIN(EditDataWindowTest)
+#include "edit_data_window_test.moc"
