@@ -12,6 +12,12 @@
 #include <random>
 #include <stdexcept>
 
+#if defined(__GLIBC__) && defined(__x86_64__)
+#pragma GCC diagnostic ignored "-Wuninitialized"  // in the header
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#include <immintrin.h>
+#endif
+
 #include "base/rounding.h"
 #include "bench/ratio.h"
 #include "stats/density.h"
@@ -68,6 +74,53 @@ void Sums(benchmark::State& state) {
     state.counters["ratio"] = ours / yardstick;
   }
 }
+
+#if defined(__GLIBC__) && defined(__x86_64__)
+extern "C" __m256d _ZGVdN4v_exp(__m256d);  // the C library's, four and eight at a time
+extern "C" __m512d _ZGVeN8v_exp(__m512d);
+
+[[gnu::target("avx2")]] double FourAtATime(const std::vector<double>& x, std::size_t terms) {
+  __m256d sum = _mm256_setzero_pd();
+  for (std::size_t i = 0; i < terms; i += 4)
+    sum = _mm256_add_pd(sum, _ZGVdN4v_exp(_mm256_loadu_pd(x.data() + i % x.size())));
+  return sum[0];
+}
+[[gnu::target("avx512f")]] double EightAtATime(const std::vector<double>& x, std::size_t terms) {
+  __m512d sum = _mm512_setzero_pd();
+  for (std::size_t i = 0; i < terms; i += 8)
+    sum = _mm512_add_pd(sum, _ZGVeN8v_exp(_mm512_loadu_pd(x.data() + i % x.size())));
+  return sum[0];
+}
+
+/// The sums beside as many vectorised exponentials alone.
+void SumsBesideExponentials(benchmark::State& state) {
+  ContourGrid grid;
+  BuildContourGrid(grid, 0, 300, 3);
+  const ContourData nodes = Nodes(grid), data = RandomData(32767);
+  const auto way = static_cast<SumWay>(state.range(0));
+  if (!CanSum(way)) {
+    state.SkipWithError("not on this machine");
+    return;
+  }
+  std::vector<double> exponents(4096);
+  for (std::size_t i = 0; i < exponents.size(); ++i)
+    exponents[i] = Smooth * static_cast<double>(i) / static_cast<double>(exponents.size());
+  std::vector<float> sums(nodes.X.size());
+  const std::size_t terms = sums.size() * data.X.size();
+  for (auto _ : state) {
+    const auto [ours, yardstick] = bench::MediansInTurn(
+        5, [&] { SumDensity(VectorsOf(nodes), VectorsOf(data), Smooth, sums.data(), way); },
+        [&] {
+          benchmark::DoNotOptimize(way == SumWay::Lanes4 ? FourAtATime(exponents, terms)
+                                                         : EightAtATime(exponents, terms));
+        });
+    state.counters["ms"] = ours / 1e6;
+    state.counters["yardstick_ms"] = yardstick / 1e6;
+    state.counters["ratio"] = ours / yardstick;
+  }
+}
+BENCHMARK(SumsBesideExponentials)->ArgName("way")->Arg(1)->Arg(2)->Iterations(1);
+#endif
 
 /// The whole count on one thread and on two.
 void Threads(benchmark::State& state) {
