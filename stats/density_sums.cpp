@@ -58,32 +58,47 @@ void PlainSums(const UnitVectors& nodes, const UnitVectors& data, float smooth, 
   AddPlain(nodes.X, nodes.Y, nodes.Z, nodes.Size, data, 0, data.Size, smooth, sums);
 }
 
-/// Written so that compilers find the lanes.
+namespace {
+
+/// exp of exponents from 0 to 120. Written, as what follows, so that compilers find the lanes.
+void Exponentials(const float* exponents, double* results, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const double t = static_cast<double>(exponents[i]) * Log2E;
+    const double m = t + Whole, f = t - (m - Whole);
+    double p = P[8];
+    for (int k = 7; k >= 0; --k) p = p * f + P[k];
+    p = p * f + 1;
+    const std::uint64_t power = std::bit_cast<std::uint64_t>(m) << 52;
+    results[i] = std::bit_cast<double>(std::bit_cast<std::uint64_t>(p) + power);
+  }
+}
+
+}  // namespace
+
 void SumPortable(const float* x, const float* y, const float* z, const UnitVectors& data,
                  float smooth, float* sums) {
   constexpr std::size_t Lanes = PortableLanes;
   double sum[Lanes] = {};
   for (std::size_t begin = 0; begin < data.Size; begin += GroupSize) {
     const std::size_t end = std::min(begin + GroupSize, data.Size);
+    float exponents[GroupSize * Lanes];
+    for (std::size_t d = begin; d < end; ++d)
+      for (std::size_t n = 0; n < Lanes; ++n) {
+        const float c = x[n] * data.X[d] + y[n] * data.Y[d] + z[n] * data.Z[d];
+        exponents[(d - begin) * Lanes + n] = smooth * c * c;
+      }
+    double terms[GroupSize * Lanes];
+    Exponentials(exponents, terms, (end - begin) * Lanes);
+
     double before[Lanes];
     std::copy(sum, sum + Lanes, before);
     std::uint64_t near[Lanes] = {};  // negative where a sum was too close to call
-    for (std::size_t d = begin; d < end; ++d) {
-      const float dx = data.X[d], dy = data.Y[d], dz = data.Z[d];
+    for (std::size_t d = 0; d < end - begin; ++d)
       for (std::size_t n = 0; n < Lanes; ++n) {
-        const float c = x[n] * dx + y[n] * dy + z[n] * dz;
-        const double t = static_cast<double>(smooth * c * c) * Log2E;
-        const double m = t + Whole, f = t - (m - Whole);
-        double p = P[8];
-        for (int i = 7; i >= 0; --i) p = p * f + P[i];
-        p = p * f + 1;
-        const std::uint64_t power = std::bit_cast<std::uint64_t>(m) << 52;
-        const double e = std::bit_cast<double>(std::bit_cast<std::uint64_t>(p) + power);
-        const std::uint64_t up = std::bit_cast<std::uint64_t>(sum[n] + e) + Half;
+        const std::uint64_t up = std::bit_cast<std::uint64_t>(sum[n] + terms[d * Lanes + n]) + Half;
         near[n] |= (up & ~Kept) - 2 * Near;
         sum[n] = std::bit_cast<double>(up & Kept);
       }
-    }
     std::uint64_t any = 0;
     for (const std::uint64_t lane : near) any |= lane;
     if (any >> 63 != 0) {
