@@ -18,8 +18,8 @@ bool HasCode(const EditRow& row, int slot) {
 }
 
 /// What a sample puts into the row of a record.
-void PutSample(const SpecimenRecord& sample, const EditRow& cells, int row,
-               std::vector<CellText>& texts) {
+void PutSample(const SpecimenRecord& sample, int row, std::vector<CellText>& texts) {
+  const EditRow cells = RowOfSample(sample, row);
   const auto put = [&](int first, int count) {
     for (int column = first; column < first + count; ++column)
       texts.push_back({row, column, cells[column]});
@@ -50,7 +50,6 @@ GedMatches AssignGed(EditGrid& grid, const RecordArray& records, const RecordArr
     if (!firstOf.emplace(name, i).second) matches.Repeated.push_back(name);
     upperNames.insert(UpperCase(name));
   }
-  const std::vector<EditRow> cells = RowsOfSamples(samples);
   const int rows = std::min(grid.RowCount(), records.Count());
   matches.Rows.resize(static_cast<std::size_t>(grid.RowCount()));
   std::vector<CellText> texts;
@@ -60,8 +59,7 @@ GedMatches AssignGed(EditGrid& grid, const RecordArray& records, const RecordArr
     if (found != firstOf.end()) {
       matches.Rows[static_cast<std::size_t>(row - 1)] = 1;
       ++matches.Count;
-      const int sample = found->second;
-      PutSample(samples[sample], cells[static_cast<std::size_t>(sample - 1)], row, texts);
+      PutSample(samples[found->second], row, texts);
       continue;
     }
     matches.Without.push_back(name);

@@ -183,10 +183,14 @@ std::vector<EditRow> RowsOf(const RecordArray& records) {
   return rows;
 }
 
+EditRow RowOfSample(const SpecimenRecord& sample, int number) {
+  return RowOf(sample, number, true, SampleCode);
+}
+
 std::vector<EditRow> RowsOfSamples(const RecordArray& samples) {
   std::vector<EditRow> rows;
   rows.reserve(static_cast<std::size_t>(samples.Count()));
-  for (int i = 1; i <= samples.Count(); ++i) rows.push_back(RowOf(samples[i], i, true, SampleCode));
+  for (int i = 1; i <= samples.Count(); ++i) rows.push_back(RowOfSample(samples[i], i));
   return rows;
 }
 

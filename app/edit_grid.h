@@ -56,8 +56,9 @@ struct EditGrid {
 /// those of a code without one; two angles of 0 beside an empty code are empty too. Numbers are in
 /// their shortest form.
 std::vector<EditRow> RowsOf(const RecordArray& records);
-/// The rows of a geological file's samples: all of them have an orientation, and the code "0" is
-/// none. The first column counts them.
+/// The row of a geological file's sample, which always has an orientation; the code "0" is none.
+EditRow RowOfSample(const SpecimenRecord& sample, int number);
+/// The rows of all samples, counted in the first column.
 std::vector<EditRow> RowsOfSamples(const RecordArray& samples);
 
 /// Fills the grid, which has no step to undo then.
@@ -90,8 +91,8 @@ int CountDoubts(const EditGrid& grid);
 /// foliations, lineations, parameters and the flags that say what a record has. A record without
 /// any orientation cell loses its orientation; a slot without a code loses its angles. Texts are
 /// read by their numeric prefix. A record is in no view until the next display when it has lost the
-/// system that it was last turned to. "Overflow", which names the cell, for an angle beyond 32 bits or a
-/// parameter beyond 16; no record has changed then.
+/// system that it was last turned to. "Overflow", which names the cell, for an angle beyond 32 bits
+/// or a parameter beyond 16; no record has changed then.
 void CommitGrid(const EditGrid& grid, RecordArray& records);
 
 }  // namespace velorix

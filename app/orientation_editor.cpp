@@ -99,6 +99,9 @@ void LoadEditor(OrientationEditor& editor, Velorix& velorix) {
   editor = {};
   velorix.Session.EditRecords.Clear();
   FillGrid(editor.Grid, RowsOf(velorix.Session.Records));
+  editor.Line =
+      "Type in a cell, or paste a block of cells from a spreadsheet with Ctrl+V. Ctrl+Z takes the "
+      "last change back.";
 }
 
 void OpenGed(OrientationEditor& editor, Velorix& velorix, const std::string& action) {

@@ -20,6 +20,8 @@ frmEditData::frmEditData(Velorix& velorix, QWidget* owner) : QDialog(owner), vel
   line_->setObjectName("lblAssigned");
   line_->setWordWrap(true);
   line_->setTextFormat(Qt::PlainText);
+  line_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  line_->setMinimumHeight(2 * line_->fontMetrics().lineSpacing());  // the grid keeps its height
   line_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   doubts_ = new QLabel(this);
   doubts_->setObjectName("lblDoubts");
@@ -30,7 +32,7 @@ frmEditData::frmEditData(Velorix& velorix, QWidget* owner) : QDialog(owner), vel
   column->addWidget(table_, 1);
   auto* lines = new QHBoxLayout;
   lines->addWidget(line_, 1);
-  lines->addWidget(doubts_);
+  lines->addWidget(doubts_, 0, Qt::AlignTop);
   column->addLayout(lines);
   column->addLayout(MakeButtons());
 

@@ -120,7 +120,7 @@ TEST(EditGrid, ARecordWithoutAnyOrientationCellHasNoOrientation) {
 }
 
 TEST(EditGrid, ARecordLeavesTheViewThatItHasLost) {
-  for (const std::int16_t level : {1, 2, 3, 4}) {
+  for (std::int16_t level = 1; level <= 4; ++level) {
     Editor e(Oriented("S1"));
     e.Records[1].CoorLevel = level;
     EXPECT_EQ(e.Commit().CoorLevel, level);
