@@ -78,7 +78,8 @@ void ChooseContourDisplay(Velorix& velorix, int index) {
 bool CountContour(Velorix& velorix, const CountProgress& progress) {
   const Session& session = velorix.Session;
   ContourSession& contour = velorix.Contour;
-  const std::int16_t smooth = contour.Options.txtSmooth;
+  // The count listens to the window system, so all is taken down before it.
+  const std::int16_t smooth = contour.Options.txtSmooth, coorSys = session.CoorSys;
   ContourData data =
       BuildContourData(session, contour.Options.optDisplay, session.FoliCode, session.LineCode);
   if (data.Count() == 0) return false;
@@ -94,7 +95,7 @@ bool CountContour(Velorix& velorix, const CountProgress& progress) {
   DensityCount count;
   if (!CountDensity(velorix.ContourGrid, data, smooth, count, progress)) return false;
   contour.Data = std::move(data);
-  contour.CoorSys = session.CoorSys;
+  contour.CoorSys = coorSys;
   contour.Smooth = smooth;
   contour.Count = count;
   return true;
