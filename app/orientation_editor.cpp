@@ -85,7 +85,8 @@ void NoteChange(OrientationEditor& editor, const std::string& line = {}) {
 }
 
 Outcome WriteCurrentFile(const Session& session) {
-  // Wanted: "AMS" in upper case matches nothing, and other files are not written at all.
+  // Wanted: "AMS" in upper case matches nothing, other files are not written at all, and of several
+  // open files the first one gets the records of all.
   if (session.CurrentExt == "ams")
     return WriteAmsFile(session.CurrentFile, session.Records, false, true);
   if (session.CurrentExt == "ran")

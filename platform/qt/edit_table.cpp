@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <QTimer>
@@ -35,7 +36,9 @@ class CellDelegate : public QStyledItemDelegate {
       emit self->commitData(list);
       emit self->closeEditor(list);
     });
-    QTimer::singleShot(0, list, &QComboBox::showPopup);
+    QTimer::singleShot(0, list, [list] {
+      if (list->isVisible()) list->showPopup();
+    });
     return list;
   }
 
@@ -150,6 +153,20 @@ int EditTable::FullWidth() const {
 }
 
 void EditTable::EndTyping() { setFocus(); }
+
+/// A key that opens a list goes to the first entry that begins with it; Return takes the entry. The
+/// list itself would take it at once, and leave the second digit of "12" to open it again.
+bool EditTable::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+  const bool key = trigger == AnyKeyPressed && event && event->type() == QEvent::KeyPress;
+  if (!key || EditColumnAt(index.column() + 1).Kind != EditKind::Parameter)
+    return QTableView::edit(index, trigger, event);
+  if (!QTableView::edit(index, trigger, nullptr)) return false;
+  if (auto* list = viewport()->findChild<QComboBox*>("cboOP")) {
+    const int entry = list->findText(static_cast<QKeyEvent*>(event)->text(), Qt::MatchStartsWith);
+    if (entry >= 0) list->setCurrentIndex(entry);
+  }
+  return true;
+}
 
 /// Return leads to the cell below, so that a column can be typed from a field book.
 void EditTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {

@@ -35,6 +35,7 @@ class EditTable : public QTableView {
   int FullWidth() const;
 
  protected:
+  bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
  private:

@@ -223,6 +223,19 @@ class EditDataWindowTest : public QObject {
       });
   }
 
+  void aKeyOpensTheListAtItsValue() {
+    W().Open(W().WriteFile("site", 3));
+    Show([&] {
+      Select(2, ParameterColumn(3));
+      Key(Qt::Key_1);
+      QTRY_VERIFY(QApplication::activePopupWidget());
+      QTest::keyClick(QApplication::activePopupWidget()->findChild<QAbstractItemView*>(),
+                      Qt::Key_Return);
+      QTRY_COMPARE(Cell(2, ParameterColumn(3)), "12");
+      QCOMPARE(Cell(1, ParameterColumn(3)), "6");
+    });
+  }
+
   void doubtfulCellsAreMarkedAndCounted() {
     W().Open(W().WriteFile("site", 3));
     Show([this] {
