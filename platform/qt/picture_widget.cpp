@@ -30,19 +30,21 @@ PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) {
 
 void PictureWidget::SetPicture(PlaneSize plane, DrawFunction draw) {
   draw_ = std::move(draw);
-  Redraw();
+  picture_ = QImage();
   SetPlane(plane);
+  update();
 }
 
 void PictureWidget::SetPlane(PlaneSize plane) {
   if (plane == plane_) return;
   plane_ = plane;
+  picture_ = QImage();
   updateGeometry();
-  Redraw();
+  update();
 }
 
 void PictureWidget::Redraw() {
-  picture_ = QImage();
+  stale_ = true;
   update();
 }
 
@@ -59,11 +61,15 @@ QSize PictureWidget::sizeHint() const {
 QSize PictureWidget::minimumSizeHint() const { return sizeHint() / 2; }
 
 /// Draws on the image, whose pixels are the target's for the time being.
-void PictureWidget::Compose(QImage& image, const DrawFunction& draw) {
+void PictureWidget::Compose(QImage& image, const DrawFunction& draw, const QRegion& clip) {
   const qreal ratio = image.devicePixelRatio();
   image.setDevicePixelRatio(1);
   {
     QPainter painter(&image);
+    if (!clip.isEmpty()) {
+      painter.setClipRegion(clip);
+      painter.fillRect(image.rect(), Qt::white);
+    }
     PainterTarget target(painter, FitInside(plane_, image.size(), ratio));
     try {
       draw(target);
@@ -74,6 +80,40 @@ void PictureWidget::Compose(QImage& image, const DrawFunction& draw) {
   image.setDevicePixelRatio(ratio);
 }
 
+void PictureWidget::DrawAll() {
+  picture_.fill(Qt::white);
+  marks_.clear();
+  if (!draw_) return;
+  Compose(picture_, [this](Target& target) {
+    CallMarks marks(&target);
+    draw_(marks);
+    marks_ = std::move(marks.marks);
+  });
+}
+
+/// A composition that fails leaves no marks, so that the next one is drawn whole.
+void PictureWidget::DrawChanges() {
+  if (!draw_ || marks_.empty()) return DrawAll();
+  CallMarks now;
+  try {
+    draw_(now);
+  } catch (const Fault&) {
+    return DrawAll();
+  }
+  const std::optional<Tiles> tiles = ChangedTiles(marks_, now.marks, plane_);
+  if (!tiles || tiles->AreMost()) return DrawAll();
+  marks_ = std::move(now.marks);
+  if (tiles->IsEmpty()) return;
+  const PlaneFit fit = FitInside(plane_, picture_.size(), picture_.devicePixelRatio());
+  Compose(
+      picture_,
+      [&](Target& target) {
+        TileTarget changed(target, *tiles);
+        draw_(changed);
+      },
+      tiles->OnDevice(fit, picture_.size()));
+}
+
 void PictureWidget::paintEvent(QPaintEvent*) {
   const qreal ratio = devicePixelRatioF();
   const QSize pixels(static_cast<int>(std::ceil(width() * ratio)),
@@ -81,9 +121,11 @@ void PictureWidget::paintEvent(QPaintEvent*) {
   if (picture_.size() != pixels || picture_.devicePixelRatio() != ratio) {
     picture_ = QImage(pixels, QImage::Format_RGB32);
     picture_.setDevicePixelRatio(ratio);
-    picture_.fill(Qt::white);
-    if (draw_) Compose(picture_, draw_);
+    DrawAll();
+  } else if (stale_) {
+    DrawChanges();
   }
+  stale_ = false;
   QPainter painter(this);
   if (overlay_) {
     QImage both = picture_;

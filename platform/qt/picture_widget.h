@@ -3,9 +3,11 @@
 #include <QImage>
 #include <QWidget>
 #include <functional>
+#include <vector>
 
 #include "base/fault.h"
 #include "platform/qt/painter_target.h"
+#include "platform/qt/picture_changes.h"
 #include "plot/target.h"
 
 namespace velorix {
@@ -19,7 +21,8 @@ struct PictureMouse {
 };
 
 /// Shows a picture of a fixed logical plane, whole and undistorted in whatever room it has and
-/// crisp on every screen. What was drawn is kept until `Redraw`, or until size or screen change.
+/// crisp on every screen. What was drawn is kept until `Redraw`, which draws only what has changed,
+/// or until size or screen change.
 class PictureWidget : public QWidget {
  public:
   using DrawFunction = std::function<void(Target&)>;
@@ -53,12 +56,16 @@ class PictureWidget : public QWidget {
   void leaveEvent(QEvent* event) override;
 
  private:
-  void Compose(QImage& image, const DrawFunction& draw);
+  void Compose(QImage& image, const DrawFunction& draw, const QRegion& clip = {});
+  void DrawAll();
+  void DrawChanges();
   void Report(const MouseFunction& function, const QMouseEvent& event);
 
   PlaneSize plane_ = {360, 366};
   DrawFunction draw_, overlay_;
-  QImage picture_;  // null: to be drawn again
+  QImage picture_;  // null: to be drawn whole
+  bool stale_ = false;
+  std::vector<CallMark> marks_;  // of the calls that made the picture
 };
 
 }  // namespace velorix

@@ -312,7 +312,7 @@ class MainWindowTest : public QObject {
   void aFailedReadLeavesTheSession() {
     W().Open(W().WriteFile("a", 3));
     const QString caption = W().Window.windowTitle();
-    W().Open(W().WriteFile("b", 2), 2);  // not a RAN file
+    W().Open(W().Path("gone.ams"));
     QCOMPARE(W().Asked.Boxes.size(), 1u);
     QCOMPARE(W().Specimens(), "a1 a2 a3");
     QCOMPARE(W().Window.windowTitle(), caption);
