@@ -18,7 +18,7 @@ constexpr int Spacing = 3;                 // of the computed nodes
 // The legend: title and count, below them the bar from `BarTop` (maximum) to `BarBottom` (0).
 constexpr int LegendLeft = 366, TitleLine = 28, CountLine = 48;
 constexpr int BarWidth = 20, BarTop = 88, BarBottom = 336, LabelLeft = LegendLeft + BarWidth + 8;
-constexpr TextStyle LegendStyle = {.height = 14};
+constexpr std::int16_t FontHeight = 14;
 constexpr double HalfDigit = 4;  // a label's baseline lies this far below its middle
 
 struct ContourView {
@@ -45,7 +45,7 @@ struct ContourView {
                                : ColourAt(density / count.ContourMax);
   }
   void Text(const std::string& text, double x, double y) const {
-    DrawText(target, text, x, y, LegendStyle);
+    DrawText(target, text, x, y, {.height = FontHeight});
   }
 };
 
@@ -149,7 +149,7 @@ void DrawContour(Target& target, ContourGrid& grid, const ContourData& data,
     if (options.chkShowContours) BlackenContours(grid);
     PaintNodes(view, grid);
   }
-  DrawNet(target, coorSys, EqualArea, ContourNet, Black, LegendStyle.height);
+  DrawNet(target, coorSys, EqualArea, ContourNet, Black, FontHeight);
   if (options.chkDataPoint || !view.Counted()) DrawDataPoints(view, data);
   DrawContourLegend(view, data);
 }

@@ -38,8 +38,8 @@ using CountProgress = std::function<bool(double share)>;
 /// `smooth` gives sharper peaks.
 ///
 /// c, smooth c c and the sum of a node are 32-bit, the exponential 64-bit, and each node adds its
-/// data in their order, so that the digits depend neither on the machine nor on `threads` (0: as
-/// many as it has). True when it finished; false without data, or when `progress` answered no:
+/// data in their order, so that the digits don't depend on `threads` (0: as many as the machine
+/// has). True when it finished; false without data, or when `progress` answered no:
 /// then grid and `count` are as they were. "Overflow" where a sum leaves the 32-bit range (see
 /// `DensityFits`).
 bool CountDensity(ContourGrid& grid, const ContourData& data, std::int16_t smooth,
