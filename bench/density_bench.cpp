@@ -13,8 +13,10 @@
 #include <stdexcept>
 
 #if defined(__GLIBC__) && defined(__x86_64__)
-#pragma GCC diagnostic ignored "-Wuninitialized"  // in the header
+#ifndef __clang__  // this compiler warns of its own header
+#pragma GCC diagnostic ignored "-Wuninitialized"
 #pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
 #include <immintrin.h>
 #endif
 
