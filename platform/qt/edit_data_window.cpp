@@ -56,7 +56,9 @@ void frmEditData::AddButton(QHBoxLayout& row, const char* name, const char* capt
   button->setAutoDefault(false);  // Return belongs to the cells
   connect(button, &QPushButton::clicked, this, [this, work] {
     table_->EndTyping();
+    PauseBusyCursor();  // this is a command of its own within the one that opened the window
     Work(velorix_, work);
+    PauseBusyCursor();
     table_->Refresh();
     ShowLines();
     table_->setFocus();
