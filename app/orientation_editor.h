@@ -35,7 +35,8 @@ void AssignGed(OrientationEditor& editor, Velorix& velorix);
 /// discarded. It can be undone.
 void WriteGrid(OrientationEditor& editor, Velorix& velorix);
 /// "SAVE": commits the grid and writes the open file when it is of a kind that can be written, with
-/// the extension in lower case. False when the writer refused, with its message shown, and a fault
+/// the extension in lower case. While samples are shown it commits the rows of the store that wait
+/// behind them. False when the writer refused, with its message shown, and a fault
 /// when the disk did; the records in memory are changed then. An overflow changes nothing.
 bool SaveGrid(OrientationEditor& editor, Velorix& velorix);
 
