@@ -1,21 +1,13 @@
 #include "app/plane_from_lineations.h"
 
 #include <algorithm>
-#include <cmath>
 
-#include "base/fault.h"
-#include "base/rounding.h"
+#include "datafiles/text_file.h"
 #include "tensor/directions.h"
 #include "text/numbers.h"
 
 namespace velorix {
 namespace {
-
-double AngleOf(const std::string& text) {
-  const double angle = Round32(NumberOf(text));
-  if (!std::isfinite(angle)) FailOverflow();
-  return angle;
-}
 
 std::string Degrees(double angle) { return std::string(StripBlanks(FormatNumber(angle, "0.0"))); }
 
@@ -27,8 +19,8 @@ CalculatorLabels LabelsOf(CalculatorMode mode) {
 }
 
 CalculatorResult PlaneFromLineations(CalculatorMode mode, const CalculatorInput& input) {
-  const Direction first{AngleOf(input.Dec1), AngleOf(input.Inc1)};
-  const Direction second{AngleOf(input.Dec2), AngleOf(input.Inc2)};
+  const Direction first{SingleOf(input.Dec1), SingleOf(input.Inc1)};
+  const Direction second{SingleOf(input.Dec2), SingleOf(input.Inc2)};
   NormalAndAngle found;
   Direction d;
   if (mode == CalculatorMode::Lineations) {
