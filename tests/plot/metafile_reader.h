@@ -1,0 +1,143 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace velorix {
+
+/// A metafile read back record by record, held against its format on the way.
+struct MetafileReader {
+  struct Record {
+    int function = 0;
+    std::vector<int> words;  // parameters, with a sign
+    std::string bytes;
+  };
+
+  std::vector<Record> records;  // the end included
+  int tableSize = 0;
+
+  explicit MetafileReader(const std::string& bits) : bits_(bits) {
+    if (bits.size() < 18 || bits.size() % 2 != 0) {
+      ADD_FAILURE() << "no metafile of " << bits.size() << " bytes";
+      return;
+    }
+    EXPECT_EQ(WordAt(0), 1);
+    EXPECT_EQ(WordAt(2), 9);
+    EXPECT_EQ(WordAt(4), 0x0300);
+    EXPECT_EQ(LongAt(6) * 2, bits.size());
+    tableSize = WordAt(10);
+    EXPECT_EQ(WordAt(16), 0);
+    std::size_t longest = 0;
+    for (std::size_t at = 18; at < bits.size();) {
+      const std::size_t size = at + 6 <= bits.size() ? 2 * LongAt(at) : 0;
+      if (size < 6 || at + size > bits.size()) {
+        ADD_FAILURE() << "record of " << size << " bytes at " << at;
+        return;
+      }
+      Record record{WordAt(at + 4), {}, bits.substr(at + 6, size - 6)};
+      for (std::size_t i = at + 6; i < at + size; i += 2)
+        record.words.push_back(static_cast<std::int16_t>(WordAt(i)));
+      EXPECT_EQ(record.function == 0, at + size == bits.size()) << "the end at " << at;
+      CheckSize(record);
+      FollowObjects(record);
+      longest = std::max(longest, size);
+      records.push_back(std::move(record));
+      at += size;
+    }
+    EXPECT_EQ(LongAt(12) * 2, longest);
+    EXPECT_EQ(std::count(objects_.begin(), objects_.end(), 0), std::ssize(objects_))
+        << "an object was not deleted";
+    EXPECT_LE(std::ssize(objects_), tableSize);
+  }
+
+  std::vector<Record> Of(int function) const {
+    std::vector<Record> found;
+    for (const Record& record : records)
+      if (record.function == function) found.push_back(record);
+    return found;
+  }
+
+ private:
+  int WordAt(std::size_t at) const {
+    return static_cast<unsigned char>(bits_[at]) | static_cast<unsigned char>(bits_[at + 1]) << 8;
+  }
+  std::uint32_t LongAt(std::size_t at) const {
+    return static_cast<std::uint32_t>(WordAt(at)) | static_cast<std::uint32_t>(WordAt(at + 2))
+                                                        << 16;
+  }
+
+  /// How many parameters each function has; for those with lists it is told within.
+  void CheckSize(const Record& r) const {
+    const int size = static_cast<int>(r.words.size());
+    int wanted = -1;
+    switch (r.function) {
+      case 0x0000:
+      case 0x001E:
+        wanted = 0;
+        break;
+      case 0x0102:
+      case 0x0103:
+      case 0x0127:
+      case 0x012D:
+      case 0x012E:
+      case 0x01F0:
+        wanted = 1;
+        break;
+      case 0x0209:
+      case 0x020C:
+        wanted = 2;
+        break;
+      case 0x02FA:
+        wanted = 5;
+        break;
+      case 0x02FB:
+        wanted = 25;
+        break;
+      case 0x02FC:
+      case 0x0418:
+      case 0x041F:
+        wanted = 4;
+        break;
+      case 0x0324:
+      case 0x0325:
+        wanted = size > 0 ? 1 + 2 * r.words[0] : -1;
+        break;
+      case 0x0521:
+        wanted = size > 0 ? 3 + (r.words[0] + 1) / 2 : -1;
+        break;
+    }
+    EXPECT_EQ(size, wanted) << "function " << std::hex << r.function;
+  }
+
+  /// The object table as a player keeps it: a new object takes the first free place. Selected ones
+  /// may not be deleted, and none may be selected that isn't there.
+  void FollowObjects(const Record& r) {
+    if (r.function >= 0x02FA && r.function <= 0x02FC) {
+      auto free = std::find(objects_.begin(), objects_.end(), 0);
+      if (free == objects_.end()) free = objects_.insert(free, 0);
+      *free = r.function;
+    } else if (r.function == 0x012D) {
+      ASSERT_TRUE(Has(r.words[0])) << "selects " << r.words[0];
+      selected_[objects_[r.words[0]] - 0x02FA] = r.words[0];
+    } else if (r.function == 0x01F0) {
+      ASSERT_TRUE(Has(r.words[0])) << "deletes " << r.words[0];
+      for (int place : selected_) EXPECT_NE(place, r.words[0]) << "deletes what is selected";
+      objects_[r.words[0]] = 0;
+    } else if (r.function == 0x0127) {
+      std::fill(selected_, selected_ + 3, -1);
+    }
+  }
+  bool Has(int place) const {
+    return place >= 0 && place < std::ssize(objects_) && objects_[place] != 0;
+  }
+
+  const std::string& bits_;
+  std::vector<int> objects_;  // what each place holds, 0 nothing
+  int selected_[3] = {-1, -1, -1};
+};
+
+}  // namespace velorix
