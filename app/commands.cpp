@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "app/display.h"
+#include "app/export_grid.h"
 #include "app/open_flow.h"
 #include "app/save.h"
 #include "tensor/derivation.h"
@@ -135,7 +136,7 @@ constexpr Command CommandTable[] = {
     {"mnuSave", "mnuFile", "Save", "", 0, "", "", Action, true, SaveFile, nullptr, false},
     {"mnuSaveAs", "mnuFile", "Save As", "Ctrl+S", 5, "Save Current Data File As [Crtl+S]", "save", Action, false, SaveAs, nullptr, true},
     {"mnuSaveSelectedAs", "mnuFile", "Save Select Record(s) As", "Ctrl+A", 6, "Save Selected Record(s) As [Crtl+A]", "save-selected", Action, false, SaveSelectedAs, nullptr, false},
-    {"mnuExport", "mnuFile", "Export", "Ctrl+E", 7, "Export Data [Crtl+E]", "export", Action, false, nullptr, nullptr, false},
+    {"mnuExport", "mnuFile", "Export", "Ctrl+E", 7, "Export Data [Crtl+E]", "export", Action, false, ExportData, nullptr, false},
     {"mnuClose", "mnuFile", "Close", "Ctrl+X", 0, "", "", Action, false, CloseFile, nullptr, true},
     {"mnuExit", "mnuFile", "Exit Program", "Ctrl+Q", 0, "", "", Action, false, [](Velorix& v) { v.Views.Exit(); }, nullptr, true},
 
