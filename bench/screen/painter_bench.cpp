@@ -198,16 +198,16 @@ void SelectOne(benchmark::State& state) {
   QImage image(900, 915, QImage::Format_RGB32);
   image.fill(Qt::white);
   const PlaneFit fit = FitPlane(Plane, image.size());
-  CallMarks before;
+  CallMarks before(Plane);
   draw(before);
   session.Records[session.RecordCount() / 2].Selected = true;
   for (auto _ : state) {
     const auto [changes, whole] = bench::MediansInTurn(
         3,
         [&] {
-          CallMarks after;
+          CallMarks after(Plane);
           draw(after);
-          const auto tiles = ChangedTiles(before.marks, after.marks, Plane);
+          const auto tiles = ChangedTiles(before.Marks, after.Marks, Plane);
           QPainter painter(&image);
           painter.setClipRegion(tiles->OnDevice(fit, image.size()));
           painter.fillRect(image.rect(), Qt::white);

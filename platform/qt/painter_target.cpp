@@ -52,6 +52,38 @@ QRect Inked(const QImage& image) {
   return inked.isEmpty() ? QRect(0, 0, 1, 1) : inked;
 }
 
+/// Whether a line goes on in its direction at `b`; curves of whole units do so at most points, and
+/// each corner costs time.
+bool GoesStraightOn(LogicalPoint a, LogicalPoint b, LogicalPoint c) {
+  const std::int64_t ux = std::int64_t{b.x} - a.x, uy = std::int64_t{b.y} - a.y;
+  const std::int64_t vx = std::int64_t{c.x} - b.x, vy = std::int64_t{c.y} - b.y;
+  constexpr std::int64_t Far = 1 << 20;  // beyond, the products could overflow
+  if (std::max({std::abs(ux), std::abs(uy), std::abs(vx), std::abs(vy)}) > Far) return false;
+  return ux * vy == uy * vx && ux * vx + uy * vy >= 0;
+}
+
+/// A line in pieces that share their ends: the painter's time grows with the square of a path that
+/// crosses itself. Pieces outside the clip cost nothing. Dashes would begin anew, so they stay
+/// whole.
+void DrawInPieces(QPainter& painter, const QPolygonF& line) {
+  constexpr qsizetype Piece = 4;
+  const qsizetype step = painter.pen().style() == Qt::SolidLine ? Piece : line.size();
+  const QRegion clip = painter.hasClipping() ? painter.clipRegion() : QRegion();
+  const double rim = painter.pen().widthF() + 1;
+  for (qsizetype i = 0; i + 1 < line.size(); i += step) {
+    const QPointF* piece = line.constData() + i;
+    const qsizetype count = std::min(step + 1, line.size() - i);
+    if (!clip.isEmpty()) {
+      QRectF box(*piece, QSizeF());
+      for (const QPointF& p : std::span(piece, static_cast<std::size_t>(count)))
+        box = {QPointF(std::min(box.left(), p.x()), std::min(box.top(), p.y())),
+               QPointF(std::max(box.right(), p.x()), std::max(box.bottom(), p.y()))};
+      if (!clip.intersects(box.adjusted(-rim, -rim, rim, rim).toAlignedRect())) continue;
+    }
+    painter.drawPolyline(piece, static_cast<int>(count));
+  }
+}
+
 }  // namespace
 
 QPointF PlaneFit::ToLogical(const QPointF& p) const {
@@ -161,7 +193,7 @@ QPen PainterTarget::ToQPen(const Pen& pen, Kind kind) const {
   // A solid line covers its end points too; dashes would run together.
   return QPen(ToQColor(pen.colour), PenWidth(pen), style,
               style == Qt::SolidLine ? Qt::SquareCap : Qt::FlatCap,
-              kind == Kind::Polyline ? Qt::RoundJoin : Qt::MiterJoin);
+              kind == Kind::Polyline ? Qt::BevelJoin : Qt::MiterJoin);
 }
 
 void PainterTarget::Draw(Kind kind, std::span<const LogicalPoint> points, const Pen& pen,
@@ -182,7 +214,11 @@ void PainterTarget::DrawShape(QPainter& painter, Kind kind, std::span<const Logi
   const double half = pixels && std::fmod(PenWidth(pen), 2) == 1 ? 0.5 : 0;
   QPolygonF polygon;
   polygon.reserve(static_cast<qsizetype>(points.size()));
-  for (const LogicalPoint p : points) {
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const LogicalPoint p = points[i];
+    if (kind == Kind::Polyline && i > 0 && i + 1 < points.size() &&
+        GoesStraightOn(points[i - 1], p, points[i + 1]))
+      continue;
     double x = (static_cast<double>(p.x) - points[0].x) * fit_.scale;
     double y = (static_cast<double>(p.y) - points[0].y) * fit_.scale;
     if (pixels) x = std::round(x), y = std::round(y);
@@ -196,7 +232,7 @@ void PainterTarget::DrawShape(QPainter& painter, Kind kind, std::span<const Logi
       painter.drawPolygon(polygon);
       break;
     case Kind::Polyline:
-      painter.drawPolyline(polygon);
+      DrawInPieces(painter, polygon);
       break;
     case Kind::Ellipse:
       painter.drawEllipse(QRectF(polygon[0], polygon[1]));

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <unordered_map>
 
 namespace velorix {
@@ -95,28 +94,45 @@ void CallMarks::SetTransparent() {
   if (next_) next_->SetTransparent();
 }
 
+void CallMarks::Begin(std::uint64_t hash) {
+  Marks.calls.push_back({hash, static_cast<std::uint32_t>(Marks.tiles.size()), 0});
+}
+
+/// The tiles of a box belong to the last call; most are those of the segment before.
+void CallMarks::Cover(const LogicalBox& box) {
+  CallMark& call = Marks.calls.back();
+  grid_.ForEach(box, [&](std::uint16_t tile) {
+    constexpr std::uint32_t Window = 16;
+    const auto recent = Marks.tiles.end() - std::min(call.tileCount, Window);
+    if (std::find(recent, Marks.tiles.end(), tile) != Marks.tiles.end()) return;
+    Marks.tiles.push_back(tile);
+    ++call.tileCount;
+  });
+}
+
 void CallMarks::Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) {
-  marks.push_back(
-      {(Hash() << PolygonKind << points << pen << FillOf(brush)).Value(), BoxOf(points, pen)});
+  Begin((Hash() << PolygonKind << points << pen << FillOf(brush)).Value());
+  Cover(BoxOf(points, pen));
   if (next_) next_->Polygon(points, pen, brush);
 }
 
 void CallMarks::Polyline(std::span<const LogicalPoint> points, const Pen& pen) {
-  marks.push_back({(Hash() << PolylineKind << points << pen).Value(), BoxOf(points, pen)});
+  Begin((Hash() << PolylineKind << points << pen).Value());
+  for (std::size_t i = 1; i < points.size(); ++i) Cover(BoxOf(points.subspan(i - 1, 2), pen));
   if (next_) next_->Polyline(points, pen);
 }
 
 void CallMarks::Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) {
   const LogicalPoint corners[] = {{box.left, box.top}, {box.right, box.bottom}};
-  marks.push_back(
-      {(Hash() << EllipseKind << std::span<const LogicalPoint>(corners) << pen << FillOf(brush))
-           .Value(),
-       BoxOf(box, pen)});
+  Begin((Hash() << EllipseKind << std::span<const LogicalPoint>(corners) << pen << FillOf(brush))
+            .Value());
+  Cover(BoxOf(box, pen));
   if (next_) next_->Ellipse(box, pen, brush);
 }
 
 void CallMarks::Pixel(LogicalPoint point, Colour colour) {
-  marks.push_back({(Hash() << PixelKind << point << colour).Value(), BoxOf(point, 1, 1)});
+  Begin((Hash() << PixelKind << point << colour).Value());
+  Cover(BoxOf(point, 1, 1));
   if (next_) next_->Pixel(point, colour);
 }
 
@@ -124,7 +140,8 @@ void CallMarks::Raster(LogicalPoint corner, int width, std::span<const Colour> p
   Hash hash;
   hash << RasterKind << corner << static_cast<std::uint64_t>(width);
   for (const Colour colour : pixels) hash << colour;
-  marks.push_back({hash.Value(), BoxOf(corner, width, pixels.size())});
+  Begin(hash.Value());
+  Cover(BoxOf(corner, width, pixels.size()));
   if (next_) next_->Raster(corner, width, pixels);
 }
 
@@ -135,39 +152,37 @@ void CallMarks::Text(std::string_view text, LogicalPoint point, const TextStyle&
        {static_cast<int>(style.height), style.alignment, style.weight, style.rotation})
     hash << static_cast<std::uint64_t>(value);
   hash << style.colour;
-  marks.push_back({hash.Value(), BoxOf(text, point, style)});
+  Begin(hash.Value());
+  Cover(BoxOf(text, point, style));
   if (next_) next_->Text(text, point, style);
 }
 
-Tiles::Tiles(PlaneSize plane)
-    : columns_(std::max(1, (plane.width + TileSide - 1) / TileSide)),
-      rows_(std::max(1, (plane.height + TileSide - 1) / TileSide)),
-      tiles_(static_cast<std::size_t>(columns_ * rows_)) {}
+TileGrid::TileGrid(PlaneSize plane)
+    : columns(std::clamp((plane.width + TileSide - 1) / TileSide, 1, 255)),
+      rows(std::clamp((plane.height + TileSide - 1) / TileSide, 1, 255)) {}
 
-Tiles::Range Tiles::RangeOf(const LogicalBox& box) const {
+LogicalBox TileGrid::RangeOf(const LogicalBox& box) const {
   const auto tile = [](std::int32_t place, int count) {
     return std::clamp(place < 0 ? 0 : place / TileSide, 0, count - 1);
   };
-  return {tile(box.left, columns_), tile(box.top, rows_), tile(box.right, columns_),
-          tile(box.bottom, rows_)};
+  return {tile(box.left, columns), tile(box.top, rows), tile(box.right, columns),
+          tile(box.bottom, rows)};
 }
 
-void Tiles::Add(const LogicalBox& box) {
-  const Range range = RangeOf(box);
-  for (int row = range.top; row <= range.bottom; ++row)
-    for (int column = range.left; column <= range.right; ++column) {
-      auto tile = tiles_[static_cast<std::size_t>(row * columns_ + column)];
-      count_ += !tile;
-      tile = true;
-    }
+Tiles::Tiles(PlaneSize plane)
+    : grid_(plane), tiles_(static_cast<std::size_t>(grid_.columns * grid_.rows)) {}
+
+void Tiles::Add(std::span<const std::uint16_t> tiles) {
+  for (const std::uint16_t tile : tiles) {
+    count_ += !tiles_[tile];
+    tiles_[tile] = true;
+  }
 }
 
 bool Tiles::Touch(const LogicalBox& box) const {
-  const Range range = RangeOf(box);
-  for (int row = range.top; row <= range.bottom; ++row)
-    for (int column = range.left; column <= range.right; ++column)
-      if (tiles_[static_cast<std::size_t>(row * columns_ + column)]) return true;
-  return false;
+  bool touched = false;
+  grid_.ForEach(box, [&](std::uint16_t tile) { touched = touched || tiles_[tile]; });
+  return touched;
 }
 
 QRegion Tiles::OnDevice(const PlaneFit& fit, const QSize& image) const {
@@ -176,43 +191,44 @@ QRegion Tiles::OnDevice(const PlaneFit& fit, const QSize& image) const {
     if (tile >= count) return end;
     return static_cast<int>(std::floor(tile * TileSide * fit.scale + offset));
   };
+  const auto has = [&](int row, int column) {
+    return column < grid_.columns && tiles_[static_cast<std::size_t>(row * grid_.columns + column)];
+  };
   QRegion region;
-  for (int row = 0; row < rows_; ++row) {
-    const int top = edge(row, rows_, fit.dy, image.height());
-    const int bottom = edge(row + 1, rows_, fit.dy, image.height()) + 1;
-    for (int column = 0; column < columns_; ++column) {
-      if (!tiles_[static_cast<std::size_t>(row * columns_ + column)]) continue;
+  for (int row = 0; row < grid_.rows; ++row) {
+    const int top = edge(row, grid_.rows, fit.dy, image.height());
+    const int bottom = edge(row + 1, grid_.rows, fit.dy, image.height()) + 1;
+    for (int column = 0; column < grid_.columns; ++column) {
+      if (!has(row, column)) continue;
       const int first = column;
-      while (column + 1 < columns_ && tiles_[static_cast<std::size_t>(row * columns_ + column + 1)])
-        ++column;
-      const int left = edge(first, columns_, fit.dx, image.width());
-      const int right = edge(column + 1, columns_, fit.dx, image.width()) + 1;
+      while (has(row, column + 1)) ++column;
+      const int left = edge(first, grid_.columns, fit.dx, image.width());
+      const int right = edge(column + 1, grid_.columns, fit.dx, image.width()) + 1;
       region += QRect(QPoint(left, top), QPoint(right - 1, bottom - 1));
     }
   }
   return region & QRect(QPoint(), image);
 }
 
-std::optional<Tiles> ChangedTiles(const std::vector<CallMark>& before,
-                                  const std::vector<CallMark>& after, PlaneSize plane) {
+std::optional<Tiles> ChangedTiles(const Marks& before, const Marks& after, PlaneSize plane) {
   std::unordered_map<std::uint64_t, int> surplus;  // of `after` over `before`
-  surplus.reserve(after.size());
-  for (const CallMark& mark : after) ++surplus[mark.hash];
-  for (const CallMark& mark : before) --surplus[mark.hash];
-  const auto changed = [&](const CallMark& mark) { return surplus.find(mark.hash)->second != 0; };
+  surplus.reserve(after.calls.size());
+  for (const CallMark& call : after.calls) ++surplus[call.hash];
+  for (const CallMark& call : before.calls) --surplus[call.hash];
+  const auto changed = [&](const CallMark& call) { return surplus.find(call.hash)->second != 0; };
 
   Tiles tiles(plane);
-  auto old = before.begin();
+  auto old = before.calls.begin();
   const auto skipChanged = [&] {
-    for (; old != before.end() && changed(*old); ++old) tiles.Add(old->box);
+    for (; old != before.calls.end() && changed(*old); ++old) tiles.Add(before.TilesOf(*old));
   };
-  for (const CallMark& mark : after) {
-    if (changed(mark)) {
-      tiles.Add(mark.box);
+  for (const CallMark& call : after.calls) {
+    if (changed(call)) {
+      tiles.Add(after.TilesOf(call));
       continue;
     }
     skipChanged();
-    if (old->hash != mark.hash) return std::nullopt;
+    if (old->hash != call.hash) return std::nullopt;
     ++old;
   }
   skipChanged();
@@ -224,7 +240,8 @@ void TileTarget::Polygon(std::span<const LogicalPoint> points, const Pen& pen, B
 }
 
 void TileTarget::Polyline(std::span<const LogicalPoint> points, const Pen& pen) {
-  if (tiles_.Touch(BoxOf(points, pen))) next_.Polyline(points, pen);
+  for (std::size_t i = 1; i < points.size(); ++i)
+    if (tiles_.Touch(BoxOf(points.subspan(i - 1, 2), pen))) return next_.Polyline(points, pen);
 }
 
 void TileTarget::Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) {

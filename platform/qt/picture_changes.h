@@ -13,18 +13,45 @@ namespace velorix {
 // A picture that is drawn again is mostly what it was. So it remembers what each call was and where
 // it drew, and only the tiles of the plane where calls came, went or changed are drawn again.
 
-/// A call of a composition: a number that tells it from others, and the box that holds its ink.
+/// The square tiles of a plane, counted row by row; those at its edge reach beyond it.
+struct TileGrid {
+  explicit TileGrid(PlaneSize plane);
+
+  int columns, rows;
+
+  /// Calls `visit(tile)` for each tile that the box touches.
+  template <class Visit>
+  void ForEach(const LogicalBox& box, Visit visit) const {
+    const LogicalBox range = RangeOf(box);
+    for (int row = range.top; row <= range.bottom; ++row)
+      for (int column = range.left; column <= range.right; ++column)
+        visit(static_cast<std::uint16_t>(row * columns + column));
+  }
+
+ private:
+  LogicalBox RangeOf(const LogicalBox& box) const;
+};
+
+/// What tells a call of a composition from others, and the tiles that hold its ink.
 struct CallMark {
   std::uint64_t hash = 0;
-  LogicalBox box;
+  std::uint32_t firstTile = 0, tileCount = 0;
+};
+struct Marks {
+  std::vector<CallMark> calls;
+  std::vector<std::uint16_t> tiles;
+
+  std::span<const std::uint16_t> TilesOf(const CallMark& call) const {
+    return std::span(tiles).subspan(call.firstTile, call.tileCount);
+  }
 };
 
 /// Marks each call, and passes it on when there is another target.
 class CallMarks : public Target {
  public:
-  explicit CallMarks(Target* next = nullptr) : next_(next) {}
+  explicit CallMarks(PlaneSize plane, Target* next = nullptr) : grid_(plane), next_(next) {}
 
-  std::vector<CallMark> marks;
+  velorix::Marks Marks;
 
   void SetTransparent() override;
   void Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) override;
@@ -35,15 +62,19 @@ class CallMarks : public Target {
   void Text(std::string_view text, LogicalPoint point, const TextStyle& style) override;
 
  private:
+  void Begin(std::uint64_t hash);
+  void Cover(const LogicalBox& box);
+
+  TileGrid grid_;
   Target* next_;
 };
 
-/// Square tiles of a plane; those at its edge reach beyond it.
+/// A set of tiles.
 class Tiles {
  public:
   explicit Tiles(PlaneSize plane);
 
-  void Add(const LogicalBox& box);
+  void Add(std::span<const std::uint16_t> tiles);
   bool Touch(const LogicalBox& box) const;
   bool IsEmpty() const { return count_ == 0; }
   bool AreMost() const { return 2 * count_ > static_cast<int>(tiles_.size()); }
@@ -51,19 +82,14 @@ class Tiles {
   QRegion OnDevice(const PlaneFit& fit, const QSize& image) const;
 
  private:
-  struct Range {
-    int left, top, right, bottom;
-  };
-  Range RangeOf(const LogicalBox& box) const;
-
-  int columns_, rows_, count_ = 0;
+  TileGrid grid_;
+  int count_ = 0;
   std::vector<bool> tiles_;
 };
 
 /// The tiles where two compositions differ; none when the calls that both have stand in another
 /// order, and all has to be drawn again.
-std::optional<Tiles> ChangedTiles(const std::vector<CallMark>& before,
-                                  const std::vector<CallMark>& after, PlaneSize plane);
+std::optional<Tiles> ChangedTiles(const Marks& before, const Marks& after, PlaneSize plane);
 
 /// Passes on only the calls that touch the tiles.
 class TileTarget : public Target {

@@ -82,27 +82,27 @@ void PictureWidget::Compose(QImage& image, const DrawFunction& draw, const QRegi
 
 void PictureWidget::DrawAll() {
   picture_.fill(Qt::white);
-  marks_.clear();
+  marks_ = {};
   if (!draw_) return;
   Compose(picture_, [this](Target& target) {
-    CallMarks marks(&target);
+    CallMarks marks(plane_, &target);
     draw_(marks);
-    marks_ = std::move(marks.marks);
+    marks_ = std::move(marks.Marks);
   });
 }
 
 /// A composition that fails leaves no marks, so that the next one is drawn whole.
 void PictureWidget::DrawChanges() {
-  if (!draw_ || marks_.empty()) return DrawAll();
-  CallMarks now;
+  if (!draw_ || marks_.calls.empty()) return DrawAll();
+  CallMarks now(plane_);
   try {
     draw_(now);
   } catch (const Fault&) {
     return DrawAll();
   }
-  const std::optional<Tiles> tiles = ChangedTiles(marks_, now.marks, plane_);
+  const std::optional<Tiles> tiles = ChangedTiles(marks_, now.Marks, plane_);
   if (!tiles || tiles->AreMost()) return DrawAll();
-  marks_ = std::move(now.marks);
+  marks_ = std::move(now.Marks);
   if (tiles->IsEmpty()) return;
   const PlaneFit fit = FitInside(plane_, picture_.size(), picture_.devicePixelRatio());
   Compose(

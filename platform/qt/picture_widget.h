@@ -3,7 +3,6 @@
 #include <QImage>
 #include <QWidget>
 #include <functional>
-#include <vector>
 
 #include "base/fault.h"
 #include "platform/qt/painter_target.h"
@@ -65,7 +64,7 @@ class PictureWidget : public QWidget {
   DrawFunction draw_, overlay_;
   QImage picture_;  // null: to be drawn whole
   bool stale_ = false;
-  std::vector<CallMark> marks_;  // of the calls that made the picture
+  Marks marks_;  // of the calls that made the picture
 };
 
 }  // namespace velorix

@@ -20,10 +20,10 @@ QImage Whole(const PictureWidget& like, const PictureWidget::DrawFunction& draw)
   return fresh.grab().toImage();
 }
 
-std::vector<CallMark> MarksOf(const PictureWidget::DrawFunction& draw) {
-  CallMarks marks;
+Marks MarksOf(const PictureWidget::DrawFunction& draw) {
+  CallMarks marks(Plane);
   draw(marks);
-  return marks.marks;
+  return marks.Marks;
 }
 
 }  // namespace
