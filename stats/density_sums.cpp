@@ -132,9 +132,16 @@ void SumDensity(const UnitVectors& nodes, const UnitVectors& data, float smooth,
   }
   switch (way) {
 #ifdef VELORIX_LANES
-    case SumWay::Lanes8:
-      SumBlocks(nodes, data, smooth, sums, SumLanes8, Lanes8Nodes);
+    case SumWay::Lanes8: {
+      // A row of nodes is short: what is left over behind its blocks fills a narrower one better.
+      const std::size_t left = nodes.Size % Lanes8Nodes;
+      const std::size_t wide =
+          left <= Lanes4Nodes && CanSum(SumWay::Lanes4) ? nodes.Size - left : nodes.Size;
+      SumBlocks({nodes.X, nodes.Y, nodes.Z, wide}, data, smooth, sums, SumLanes8, Lanes8Nodes);
+      SumBlocks({nodes.X + wide, nodes.Y + wide, nodes.Z + wide, nodes.Size - wide}, data, smooth,
+                sums + wide, SumLanes4, Lanes4Nodes);
       return;
+    }
     case SumWay::Lanes4:
       SumBlocks(nodes, data, smooth, sums, SumLanes4, Lanes4Nodes);
       return;

@@ -23,7 +23,7 @@ std::string WordOf(int display) {
 bool CountForBatch(Velorix& velorix, int display, int smooth, bool shown) {
   velorix.Contour.Options.optDisplay = static_cast<std::int16_t>(display);
   velorix.Contour.Options.txtSmooth = static_cast<std::int16_t>(smooth);
-  constexpr int Steps = 10000;
+  constexpr int Steps = 100;
   Progress progress("Counting the density", Steps, shown);
   Guarded(velorix, [&] {
     BuildContourGrid(velorix.ContourGrid, 0, 300, 3);

@@ -13,6 +13,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <filesystem>
@@ -252,9 +253,10 @@ QPushButton* frmContour::AddCommand(QLayout& row, const char* name, const char* 
 }
 
 void frmContour::AddCommands(QVBoxLayout& column) {
-  count_ = AddCommand(column, "cmdCount", "Count", "Count the density of the data in view [Return]",
-                      &frmContour::Count);
-  count_->setDefault(true);
+  AddCommand(column, "cmdCount", "Count", "Count the density of the data in view [Return]",
+             &frmContour::Count);
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
+    connect(new QShortcut(key, this), &QShortcut::activated, this, [this] { Count(); });
   AddCommand(column, "cmdRedraw", "&Redraw", "Draw the picture again, without a count",
              &frmContour::Redraw);
   column.addSpacing(8);

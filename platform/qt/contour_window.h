@@ -60,7 +60,7 @@ class frmContour : public QWidget {
   QLabel *caption_ = nullptr, *levels_ = nullptr, *cursor_ = nullptr, *time_ = nullptr,
          *clip_ = nullptr;
   QProgressBar* bar_ = nullptr;
-  QPushButton *count_ = nullptr, *cancel_ = nullptr;
+  QPushButton* cancel_ = nullptr;
   QElapsedTimer events_;  // since the window system was last listened to
   bool counting_ = false, cancelled_ = false;
 };

@@ -101,6 +101,15 @@ class ContourWindowTest : public QObject {
     QVERIFY(Picture() != before);
   }
 
+  void ReturnCounts() {
+    window_->Open(window_->WriteFile("a", 6));
+    window_->Key(Qt::Key_F12);
+    Contour()->activateWindow();
+    QTRY_COMPARE(QApplication::activeWindow(), Contour());
+    QTest::keyClick(Contour(), Qt::Key_Return);
+    QVERIFY(State().Counted());
+  }
+
   void EachDisplayShowsItsDataAndWaitsForItsCount() {
     OpenAndCount();
     const struct {
