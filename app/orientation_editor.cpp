@@ -85,6 +85,8 @@ void NoteChange(OrientationEditor& editor, const std::string& line = {}) {
 }
 
 Outcome WriteCurrentFile(const Session& session) {
+  // Writers take the old file away when they get nothing to write.
+  if (session.Records.Empty()) return {};
   // Wanted: "AMS" in upper case matches nothing, other files are not written at all, and of several
   // open files the first one gets the records of all.
   if (session.CurrentExt == "ams")
