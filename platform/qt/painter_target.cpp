@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <utility>
 
 namespace velorix {
 
@@ -115,17 +114,20 @@ void PainterTarget::Polyline(std::span<const LogicalPoint> points, const Pen& pe
   Draw(Kind::Polyline, points, pen, NoBrush);
 }
 
-/// Colour bars are made of level lines one unit apart. Where a unit has more pixels than the pen,
-/// paper would show between them; so the colour of such a line reaches up to the one before.
+/// Colour bars, up to three side by side, are made of level lines one unit apart. Where a unit has
+/// more pixels than the pen, paper would show between them; so the colour of such a line reaches up
+/// to the one before.
 void PainterTarget::FillToNeighbour(std::span<const LogicalPoint> points, const Pen& pen) {
   const LogicalBox line = {points[0].x, points[0].y, points[1].x, points[1].y};
-  const LogicalBox last = std::exchange(lastLine_, line);
-  if (line.top != line.bottom || last.top != last.bottom || pen.style != Solid ||
-      line.left != last.left || line.right != last.right || last.top - line.top != 1)
-    return;
-  const QPointF from = Snapped(points[0]), to = Snapped(points[1]);
-  painter_.fillRect(QRectF(from, QPointF(to.x() + 1, Snapped({last.left, last.top}).y())),
-                    ToQColor(pen.colour));
+  if (line.top != line.bottom || pen.style != Solid) return;
+  const LogicalBox neighbour = {line.left, line.top + 1, line.right, line.bottom + 1};
+  if (std::find(lastLines_.begin(), lastLines_.end(), neighbour) != lastLines_.end()) {
+    const QPointF from = Snapped(points[0]), to = Snapped(points[1]);
+    const double below = Snapped({neighbour.left, neighbour.top}).y();
+    painter_.fillRect(QRectF(from, QPointF(to.x() + 1, below)), ToQColor(pen.colour));
+  }
+  std::rotate(lastLines_.begin(), lastLines_.begin() + 1, lastLines_.end());
+  lastLines_.back() = line;
 }
 
 void PainterTarget::Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) {

@@ -79,7 +79,7 @@ class PainterTarget : public Target {
   QPainter& painter_;
   PlaneFit fit_;
   Surface surface_;
-  LogicalBox lastLine_;  // the last line of two points
+  std::array<LogicalBox, 3> lastLines_ = {};  // the last level lines
   std::unordered_map<StampKey, Stamp, StampHash> stamps_;
 };
 

@@ -121,11 +121,13 @@ void PainterTargetTest::PensKeepAtLeastAPixelAndScaleUp() {
 void PainterTargetTest::ColourBarsHaveNoStripesAtAnyScale() {
   for (const double scale : {1.0, 1.2, 1.4, 1.55, 1.9, 2.45}) {
     const QImage image = Picture(scale, [](Target& target) {
-      for (int y = 80; y >= 20; --y) DrawLine(target, 30, y, 40, y, {.colour = Blue});
+      for (int y = 80; y >= 20; --y)  // two bars side by side, drawn row by row
+        for (int x : {30, 40}) DrawLine(target, x, y, x + 10, y, {.colour = Blue});
     });
     for (int y = static_cast<int>(21 * scale); y < 80 * scale; ++y)
-      QVERIFY2(image.pixel(static_cast<int>(35 * scale), y) == QColor(Qt::blue).rgb(),
-               qPrintable(QString("scale %1, row %2").arg(scale).arg(y)));
+      for (const int x : {35, 45})
+        QVERIFY2(image.pixel(static_cast<int>(x * scale), y) == QColor(Qt::blue).rgb(),
+                 qPrintable(QString("scale %1, row %2").arg(scale).arg(y)));
   }
 }
 
