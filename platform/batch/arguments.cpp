@@ -49,7 +49,7 @@ const OptionRow Options[] = {
     {"--previous",      "N",                         "after opening, open the previous file N times",   &Arguments::Previous},
     {"--settings",      "FILE",                      "settings to use; mended when missing or bad",     &Arguments::SettingsFile},
     {"--ged",           "FILE",                      "geological file to read; may be repeated",        Later, true},
-    {"--assign-ged",    "",                          "orientations from the geological files",          Later},
+    {"--assign-ged",    "",                          "orientations from the geological files",          &Arguments::AssignGed},
     {"--coor",          "spec|geo|paleo|tecto",      "coordinate system; default geo",                  Choice{&Arguments::CoorSys, 0}},
     {"--block",         "kre|kim",                   "in-phase or out-of-phase tensor; default kre",    Choice{&Arguments::Block, 0}},
     {"--plane",         "horizontal|vertical",       "what the foliation becomes; default horizontal",  Choice{&Arguments::Plane, 0}},

@@ -13,6 +13,7 @@ struct Arguments {
   bool Reload = false;
   int Next = 0, Previous = 0;
   std::string SettingsFile;
+  bool AssignGed = false;
   int CoorSys = 1, Block = 0, Plane = 0, Axis = 0;  // list positions from 0
   std::string FoliCode, LineCode;
   std::vector<int> Select, Disregard;

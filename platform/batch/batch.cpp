@@ -6,6 +6,7 @@
 #include <functional>
 #include <iostream>
 
+#include "app/assign_ged.h"
 #include "app/commands.h"
 #include "app/contour.h"
 #include "app/data_table.h"
@@ -85,6 +86,7 @@ class Batch {
     ChooseView();
     if (!Open()) return 1;
     if (!Step()) return 1;
+    if (!AssignOrientations()) return 1;
     ChooseCodes();
     if (!ChooseRecords()) return 2;
     if (!views_.Status.empty() && !dialogs_.Complained) std::cerr << views_.Status << "\n";
@@ -169,6 +171,20 @@ class Batch {
     for (int i = 0; good && i < a_.Next; ++i) good = Command("mnuOpenNext");
     for (int i = 0; good && i < a_.Previous; ++i) good = Command("mnuOpenPrevious");
     return good;
+  }
+
+  /// Which records had no sample is told on standard error: the rest goes on without them.
+  bool AssignOrientations() {
+    if (!a_.AssignGed) return true;
+    views_.Status.clear();
+    dialogs_.Complained = false;
+    Session& session = velorix_.Session;
+    Guarded(velorix_, [&] {
+      const GedMatches matches = AssignGedToStore(session.Records, session.GeoRecords);
+      if (!a_.Quiet) std::cerr << MatchLine(matches) << "\n";
+      DisplayData(velorix_, true);
+    });
+    return !dialogs_.Complained;
   }
 
   /// A code in the list is chosen there; another one is in use all the same and matches no record.
