@@ -39,11 +39,12 @@ std::string_view TextLines::Next() {
   return line;
 }
 
-float SingleOf(std::string_view text) {
-  const double value = NumberOf(text);
+float ToSingle(double value) {
   if (std::fabs(value) > std::numeric_limits<float>::max()) FailOverflow();
   return static_cast<float>(value);
 }
+
+float SingleOf(std::string_view text) { return ToSingle(NumberOf(text)); }
 
 double Finite(double value) {
   if (!std::isfinite(value)) FailOverflow();

@@ -9,6 +9,7 @@
 #include "base/fault.h"
 #include "tests/datafiles/fault_of.h"
 #include "tests/datafiles/temp_folder.h"
+#include "text/lines.h"
 
 namespace velorix {
 namespace {
@@ -186,9 +187,13 @@ TEST(ReadAscFile, NamesAreFifteenCharactersWithoutControlsAndBlanksAtTheEnds) {
   for (const auto& c : cases) EXPECT_EQ(Only(With(Name, c.Line)).Name, c.Name) << c.Line;
 }
 
-TEST(ReadAscFile, ALineTooShortForANameIsPassedOver) {
-  const std::string report = Joined(Report());
-  for (const char* start : {"\n", "\f\n", "x\n"}) EXPECT_EQ(Read(start + report)[1], Expected());
+TEST(ReadAscFile, TheFirstLineIsTheNamesHoweverShort) {
+  for (const char* name : {"", "x", "\fx"}) {
+    SpecimenRecord expected = Expected();
+    expected.Name = StripControls(name);
+    EXPECT_EQ(Only(With(Name, name)), expected);
+    EXPECT_EQ(Read(Joined(Report()) + "\f\n" + Joined(With(Name, name)))[2], expected);
+  }
 }
 
 TEST(ReadAscFile, CodesOfZeroAreNoneAndOpenNoSystem) {
