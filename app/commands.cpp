@@ -6,6 +6,7 @@
 
 #include "app/display.h"
 #include "app/export_grid.h"
+#include "app/graphics_page.h"
 #include "app/open_flow.h"
 #include "app/save.h"
 #include "tensor/derivation.h"
@@ -140,9 +141,10 @@ constexpr Command CommandTable[] = {
     {"mnuClose", "mnuFile", "Close", "Ctrl+X", 0, "", "", Action, false, CloseFile, nullptr, true},
     {"mnuExit", "mnuFile", "Exit Program", "Ctrl+Q", 0, "", "", Action, false, [](Velorix& v) { v.Views.Exit(); }, nullptr, true},
 
-    {"mnuGraphicsCopy", "mnuGraphics", "Copy To Clipboard", "Ctrl+C", 9, "Copy Graphics To Clipboard [Crtl+C]", "copy-picture", Action, false, nullptr, nullptr, false},
-    {"mnuGraphicsSave", "mnuGraphics", "Save To File", "Ctrl+F", 10, "Save Graphics To File [Crtl+F]", "save-picture", Action, false, nullptr, nullptr, false},
+    {"mnuGraphicsCopy", "mnuGraphics", "Copy To Clipboard", "Ctrl+C", 9, "Copy Graphics To Clipboard [Crtl+C]", "copy-picture", Action, false, CopyGraphics, nullptr, false},
+    {"mnuGraphicsSave", "mnuGraphics", "Save To File", "Ctrl+F", 10, "Save Graphics To File [Crtl+F]", "save-picture", Action, false, SaveGraphics, nullptr, false},
     {"mnuGraphicRedraw", "mnuGraphics", "Redraw", "", 0, "", "", Action, true, AnisoView_DisplayAllPlots, nullptr, false},
+    {"mnuGraphicsPrint", "mnuGraphics", "Print", "Ctrl+Shift+P", 0, "", "", Action, false, PrintGraphics, nullptr, true},
 
     {"mnuEdit(1)", "mnuEditt", "Edit Orientation Data", "F2", 12, "Edit Orientation Data [F2]", "edit-orientation", Check, false, EditOrientations, nullptr, false},
     {"mnuEdit(2)", "mnuEditt", "Rotate Data", "", 0, "", "", Action, true, nullptr, nullptr, false},

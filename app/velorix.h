@@ -10,6 +10,7 @@
 #include "app/debug_log.h"
 #include "app/dialogs.h"
 #include "app/views.h"
+#include "base/outcome.h"
 #include "plot/parameters.h"
 #include "plot/stereo.h"
 #include "plot/xy_plot.h"
@@ -29,6 +30,23 @@ struct Host {
   /// Names of the files in `folder` with the extension, in any case, in name order.
   std::function<std::vector<std::string>(const std::string& folder, const std::string& extension)>
       ListFolder;
+  // Pictures, where the host can make them; `draw` draws on the plane.
+  using DrawPicture = std::function<void(Target&)>;
+  /// A file of the type that the extension tells; `scale` pixels make a unit of the plane.
+  std::function<Outcome(const std::string& path, PlaneSize plane, double scale,
+                        const DrawPicture& draw)>
+      WritePicture = {};
+  /// On the clipboard, as the bytes of a metafile's file and in the host's own vectors.
+  std::function<void(const std::string& metafile, PlaneSize plane, const DrawPicture& draw)>
+      CopyPicture = {};
+  /// Asks for a printer and prints on it, the plane whole and undistorted.
+  std::function<Outcome(const std::string& document, PlaneSize plane, const DrawPicture& draw)>
+      PrintPicture = {};
+};
+
+/// Which plots go on the page of `ExportGraphics`, each under its check box's name.
+struct PageOptions {
+  bool chkStereo = true, chkHisto = true, chkXYPLot1 = true, chkXYPlot2 = true;
 };
 
 /// Which of the windows beside the main one stand open.
@@ -53,6 +71,7 @@ struct Velorix {
   Array1<bool, 2> XYLines = {};                      // whether each is drawn with lines now
   Array1<std::optional<XYPlotAxes>, 2> XYAxes = {};  // of the plots on the screen
   int HistoParameter = KmeanParameter;
+  PageOptions Page = {};
   OpenWindows Windows = {};
   velorix::GroupStats GroupStats = {};
   std::vector<float> GaussTable = {};

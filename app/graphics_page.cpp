@@ -1,0 +1,162 @@
+#include "app/graphics_page.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+
+#include "app/data_table.h"
+#include "app/display.h"
+#include "base/rounding.h"
+#include "datafiles/safe_write.h"
+#include "plot/histogram.h"
+#include "plot/metafile_target.h"
+#include "text/paths.h"
+#include "text/upper_case.h"
+
+namespace velorix {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char SaveTitle[] = "Save graphics", ExportTitle[] = "Export graphics";
+constexpr char PrintTitle[] = "Print", DocumentName[] = "Pelt4Q";
+
+// clang-format off
+constexpr StereoGeometry StereoPlace = {.cx = 220, .cy = 200, .diameter = 320, .symbolSize = 8, .fontHeight = 14};
+constexpr PlotGeometry HistoPlace = {.left = 530, .bottom = 340, .width = 320, .height = 240, .fontHeight = 14};
+constexpr PlotGeometry XYPlotPlaces[] = {
+    {.left = 60,  .bottom = 620, .width = 320, .height = 180, .fontHeight = 14, .symbolSize = 9},
+    {.left = 530, .bottom = 620, .width = 320, .height = 180, .fontHeight = 14, .symbolSize = 9}};
+
+/// Types of files. The first is the metafile; for all others the extension alone counts.
+constexpr const char* Filters[] = {
+    "Windows metafile (*.wmf)|*.wmf|",
+    "Bitmap Files (*.bmp)|*.bmp|",
+    "Graphics Interchange Format (*.gif)|*.gif|",
+    "Tagged Image Format (*.tif)|*.tif|",
+    "Portable Network Graphics (*.png)|*.png|",
+    "Joint Photographic Experts Group (*.jpg)|*.jpg|",
+    "Scalable Vector Graphics (*.svg)|*.svg|",
+    "Portable Document Format (*.pdf)|*.pdf|",
+};
+constexpr int MetafileFilter = 1;
+
+struct Encoder {
+  const char* Extension;
+  double Scale;
+};
+constexpr Encoder Encoders[] = {
+    {"PNG", BitmapScale}, {"GIF", BitmapScale},  {"JPG", BitmapScale}, {"JPEG", BitmapScale},
+    {"TIF", BitmapScale}, {"TIFF", BitmapScale}, {"BMP", BitmapScale}, {"SVG", 1}, {"PDF", 1},
+};
+// clang-format on
+
+std::int16_t Scaled(std::int16_t size, double s) { return ToShort(size * s); }
+
+StereoGeometry Scaled(const StereoGeometry& g, double s) {
+  return {g.cx * s, g.cy * s, g.diameter * s, Scaled(g.symbolSize, s), Scaled(g.fontHeight, s)};
+}
+
+PlotGeometry Scaled(const PlotGeometry& g, double s) {
+  return {g.left * s,
+          g.bottom * s,
+          g.width * s,
+          g.height * s,
+          Scaled(g.fontHeight, s),
+          Scaled(g.symbolSize, s)};
+}
+
+PlaneSize Scaled(PlaneSize plane, double s) {
+  return {ToLong(plane.width * s), ToLong(plane.height * s)};
+}
+
+bool WriteMetafile(Velorix& velorix, const std::string& path) {
+  const std::string bytes = GraphicsMetafile(velorix);
+  try {
+    SafeWrite(path, [&](std::ostream& out) { out << bytes; });
+    return true;
+  } catch (const fs::filesystem_error& error) {
+    // The user isn't told: this is wanted.
+    velorix.Log.DebugPrint("Metafile failed: " + path + ": " + error.code().message());
+    return false;
+  }
+}
+
+}  // namespace
+
+void DrawGraphicsPage(const Velorix& velorix, Target& target, double s) {
+  const Session& session = velorix.Session;
+  const PageOptions& page = velorix.Page;
+  if (page.chkStereo)
+    DrawStereo(session.Records, session.CoorSys, target, Scaled(StereoPlace, s), velorix.Stereo,
+               session.ReImMode, velorix.GroupStats, session.Settings);
+  if (page.chkHisto)
+    DrawHisto(target, Scaled(HistoPlace, s), DataTableValues(velorix.HistoParameter, session),
+              velorix.HistoParameter, session.Settings);
+  for (int plot : {1, 2})
+    if (plot == 1 ? page.chkXYPLot1 : page.chkXYPlot2)
+      DrawXYPlot(session, target, Scaled(XYPlotPlaces[plot - 1], s), ShownXYPlot(velorix, plot));
+}
+
+std::string GraphicsMetafile(const Velorix& velorix) {
+  MetafileTarget target(GraphicsPage);
+  DrawGraphicsPage(velorix, target, 1);
+  return PlaceableHeader(GraphicsPage, PageUnitsPerInch) + target.Bits();
+}
+
+void SaveGraphics(Velorix& velorix) {
+  FileQuestion question;
+  question.Title = SaveTitle;
+  question.Folder = velorix.Session.DataFolder;
+  question.DefaultName = BaseName(velorix.Session.CurrentFile);
+  for (const char* filter : Filters) question.Filter += filter;
+  for (;;) {
+    const auto answer = velorix.Dialogs.ShowSave(question);
+    if (!answer) return;
+    if (fs::exists(PathOf(answer->Filename)) &&
+        velorix.Dialogs.Ask(SaveTitle, "This file already exists.\nOverwrite existing file?",
+                            {"&Yes", "&No"}, 1) != 0)
+      continue;
+    ExportGraphics(velorix, answer->Filename, answer->FilterIndex != MetafileFilter);
+    return;
+  }
+}
+
+bool ExportGraphics(Velorix& velorix, const std::string& path, bool asBitmap) {
+  if (!asBitmap) return WriteMetafile(velorix, path);
+  const auto draw = [&velorix](Target& target, double s) { DrawGraphicsPage(velorix, target, s); };
+  const Outcome outcome = SaveBitmapAs(velorix.Host, draw, path);
+  if (outcome) return true;
+  velorix.Log.DebugPrint("Picture failed: " + outcome.Text);
+  velorix.Dialogs.Ask(ExportTitle, path + "\nFile was not saved!", {"&OK"});
+  return false;
+}
+
+Outcome SaveBitmapAs(const Host& host, const std::function<void(Target&, double s)>& picture,
+                     const std::string& path) {
+  const std::string extension = UpperCase(ExtensionOf(path));
+  const auto encoder = std::find_if(std::begin(Encoders), std::end(Encoders),
+                                    [&](const Encoder& e) { return extension == e.Extension; });
+  if (encoder == std::end(Encoders))
+    return Outcome::Refused(ExportTitle, path + "\nNo encoder has this extension.");
+  if (!host.WritePicture)
+    return Outcome::Refused(ExportTitle, path + "\nThis build has no encoders.");
+  const double s = encoder->Scale;
+  return host.WritePicture(path, Scaled(GraphicsPage, s), 1,
+                           [&](Target& target) { picture(target, s); });
+}
+
+void CopyGraphics(Velorix& velorix) {
+  if (!velorix.Host.CopyPicture) return;
+  velorix.Host.CopyPicture(GraphicsMetafile(velorix), GraphicsPage,
+                           [&](Target& target) { DrawGraphicsPage(velorix, target, 1); });
+}
+
+void PrintGraphics(Velorix& velorix) {
+  if (!velorix.Host.PrintPicture) return;
+  const Outcome outcome = velorix.Host.PrintPicture(
+      DocumentName, GraphicsPage, [&](Target& target) { DrawGraphicsPage(velorix, target, 1); });
+  if (!outcome && !outcome.Text.empty()) velorix.Dialogs.Ask(PrintTitle, outcome.Text, {"&OK"});
+}
+
+}  // namespace velorix
