@@ -6,6 +6,8 @@
 #include "datafiles/ams_file.h"
 #include "datafiles/asc_file.h"
 #include "datafiles/ran_file.h"
+#include "datafiles/si2b_file.h"
+#include "datafiles/spin_file.h"
 #include "text/paths.h"
 
 namespace velorix {
@@ -23,19 +25,14 @@ Outcome ReloadAmsInPhase(const std::string& path, RecordArray& records, const Se
   return ReloadAmsFile(path, records, false);
 }
 
-Outcome ReadLater(const std::string& path, RecordArray&, const Settings&) {
-  return Outcome::Refused("Open File(s)",
-                          path + "\nThis version cannot read files of this type yet.");
-}
-
 // clang-format off
 constexpr OpenFilter Filters[] = {
     {"ams",  "ams", "AMS-file(s) (*.ams)|*.ams|",      Plain<ReadAmsFile>, ReloadAmsInPhase},
     {"ran",  "ran", "RAN-file(s) (*.ran)|*.ran|",      ReadRanFile,        ReadRanFile},
     {"are",  "are", "ARE-file(s) (*.are)|*.are|",      ReadRanFile,        ReadRanFile},
     {"asc",  "asc", "ASC-file(s) (*.asc)|*.asc|",      Plain<ReadAscFile>, Plain<ReadAscFile>},
-    {"si2b", "AMS", "SI2B AMS-file(s) (*.AMS)|*.AMS|", ReadLater,          ReadLater},
-    {"spin", "txt", "AMSSpin-file(s) (*.txt)|*.txt",   ReadLater,          ReadLater},
+    {"si2b", "AMS", "SI2B AMS-file(s) (*.AMS)|*.AMS|", ReadSi2bFile,       ReadSi2bFile},
+    {"spin", "txt", "AMSSpin-file(s) (*.txt)|*.txt",   ReadSpinFile,       ReadSpinFile},
 };
 // clang-format on
 
