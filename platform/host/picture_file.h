@@ -15,7 +15,7 @@ namespace velorix {
 std::string PictureFilter();
 
 /// What is wrong with the name of a picture file, or nothing: the extension tells the type, one of
-/// png, bmp, jpg, jpeg, tif, tiff (pixels), svg, pdf.
+/// png, bmp, gif, jpg, jpeg, tif, tiff (pixels), svg, pdf.
 std::string PictureComplaint(const std::string& path);
 
 /// Writes what `draw` draws on the plane; where the type is one of pixels, `scale` of them make a

@@ -3,6 +3,7 @@
 #include <QStyleFactory>
 
 #include "platform/host/host.h"
+#include "platform/qt/page_output.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/start_up.h"
 #include "platform/qt/velorix_window.h"
@@ -13,7 +14,10 @@ using namespace velorix;
 
 /// The program's objects, each behind those that it refers to.
 struct Program {
-  explicit Program(Host host) : Running{Asked, Window, std::move(host)} { Asked.Owner = &Window; }
+  explicit Program(Host host) : Running{Asked, Window, std::move(host)} {
+    Asked.Owner = &Window;
+    GivePictures(Running.Host, &Window);
+  }
 
   QtDialogs Asked;
   frmVelorix Window;
