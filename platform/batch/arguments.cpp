@@ -59,12 +59,12 @@ const OptionRow Options[] = {
     {"--select",        "ID[,ID...]",                "records to select, by number",                    &Arguments::Select, true},
     {"--disregard",     "ID[,ID...]",                "records to disregard, by number",                 &Arguments::Disregard, true},
     {"--records",       "FILE",                      "every record as JSON; - is standard output",      &Arguments::Records},
-    {"--grid",          "FILE",                      "the record grid as delimited text",               Later},
-    {"--delimiter",     "comma|space|semicolon|tab", "for --grid; default comma",                       Later},
-    {"--append",        "",                          "append to an existing --grid file",               Later},
+    {"--grid",          "FILE",                      "the record grid as delimited text",               &Arguments::Grid},
+    {"--delimiter",     "comma|space|semicolon|tab", "for --grid; default comma",                       Choice{&Arguments::Delimiter, 0}},
+    {"--append",        "",                          "append to an existing --grid file",               &Arguments::Append},
     {"--table",         "FILE",                      "the data table as tab-separated text",            &Arguments::Table},
     {"--stats",         "FILE",                      "the group statistics as JSON; - is standard output", &Arguments::Stats},
-    {"--page",          "FILE",                      "the graphics page; its type by the extension",    Later},
+    {"--page",          "FILE",                      "the graphics page; its type by the extension",    &Arguments::Page},
     {"--contour",       ContourWords,                "counts the density",                              Choice{&Arguments::Contour, 1}},
     {"--smooth",        "N",                         "smoothing of --contour; default 20",              &Arguments::Smooth},
     {"--contour-json",  "FILE",                      "the counted grid as JSON; - is standard output",  &Arguments::ContourJson},
@@ -187,6 +187,13 @@ std::string Complaint(Arguments& a) {
   }
   if (a.Contour == 0 && (a.Smooth >= 0 || !a.ContourJson.empty() || !a.ContourImage.empty()))
     return "--smooth, --contour-json and --contour-image need --contour.";
+  if (a.Grid.empty() && (a.Delimiter >= 0 || a.Append))
+    return "--delimiter and --append need --grid.";
+  if (a.Grid == "-") return "--grid needs the name of a file.";
+  if (!a.Page.empty() && UpperCase(ExtensionOf(a.Page)) != "WMF") {
+    const std::string complaint = PictureComplaint(a.Page);
+    if (!complaint.empty()) return a.Page + ": " + complaint + " A page can be a wmf too.";
+  }
   if (!a.ContourImage.empty()) {
     const std::string complaint = PictureComplaint(a.ContourImage);
     if (!complaint.empty()) return a.ContourImage + ": " + complaint;
@@ -203,7 +210,7 @@ EarlyEnd WrongUsage(const std::string& text) {
 std::vector<std::string> Arguments::Outputs() const {
   std::vector<std::string> outputs;
   for (const std::string* output :
-       {&Save, &SaveSelected, &Records, &Table, &Stats, &ContourJson, &ContourImage})
+       {&Save, &SaveSelected, &Records, &Grid, &Table, &Stats, &Page, &ContourJson, &ContourImage})
     if (!output->empty()) outputs.push_back(*output);
   return outputs;
 }

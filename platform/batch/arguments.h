@@ -20,7 +20,9 @@ struct Arguments {
   int Contour = 0;  // 1 to 5, 0 none
   int Smooth = -1;  // -1: the window's
   std::string ContourJson, ContourImage;
-  std::string Records, Table, Stats, Save,
+  int Delimiter = -1;   // of the grid, from 0; -1: comma
+  bool Append = false;  // the grid to its file
+  std::string Records, Grid, Table, Stats, Page, Save,
       SaveSelected;  // outputs; "-": standard output, JSON only
   bool Force = false, Quiet = false;
 

@@ -11,6 +11,8 @@
 #include "app/contour.h"
 #include "app/data_table.h"
 #include "app/display.h"
+#include "app/export_grid.h"
+#include "app/graphics_page.h"
 #include "app/settings_file.h"
 #include "datafiles/safe_write.h"
 #include "platform/batch/contour_output.h"
@@ -79,7 +81,9 @@ struct BatchViews : Views {
 class Batch {
  public:
   Batch(const Arguments& arguments, const Host& host)
-      : a_(arguments), velorix_{dialogs_, views_, host} {}
+      : a_(arguments), velorix_{dialogs_, views_, host} {
+    velorix_.Host.WritePicture = WritePicture;
+  }
 
   int Run() {
     if (!OutputsAreFree() || !TakeSettings()) return 1;
@@ -116,7 +120,8 @@ class Batch {
     const fs::path path = fs::absolute(PathOf(output));
     if (fs::is_directory(path)) return "This is a folder.";
     if (!fs::is_directory(path.parent_path())) return "There is no such folder.";
-    if (fs::exists(path) && !a_.Force)
+    const bool goesOn = a_.Append && output == a_.Grid;
+    if (fs::exists(path) && !a_.Force && !goesOn)
       return "This file already exists. Use --force to overwrite it.";
     return nullptr;
   }
@@ -138,6 +143,7 @@ class Batch {
                                : a_.SettingsFile;
     return Guarded(velorix_, [&] {
       LoadSettings(session.Settings, session.SettingsFile);
+      ChooseFirstPlots(velorix_);
       FillGaussTable(velorix_.GaussTable, [] {});
     });
   }
@@ -225,6 +231,23 @@ class Batch {
     return CountForBatch(velorix_, a_.Contour, smooth, !a_.Quiet && IsTerminal());
   }
 
+  bool WriteGrid() {
+    if (a_.Grid.empty()) return true;
+    const ExportForm form = {.Delimiter = ExportFilters[std::max(a_.Delimiter, 0)].Delimiter,
+                             .Append = a_.Append};
+    if (ExportGrid(RecordGridTexts(velorix_.Session), Absolute(a_.Grid), form)) return true;
+    std::cerr << a_.Grid << ": The grid could not be written.\n";
+    return false;
+  }
+
+  bool WritePage() {
+    if (a_.Page.empty()) return true;
+    const bool asBitmap = UpperCase(ExtensionOf(a_.Page)) != "WMF";
+    const bool written = ExportGraphics(velorix_, Absolute(a_.Page), asBitmap);
+    if (!written && !asBitmap) std::cerr << a_.Page << ": The page could not be written.\n";
+    return written;
+  }
+
   bool WriteContourImage() {
     if (a_.ContourImage.empty()) return true;
     constexpr double Scale = 3;  // pixels of a unit
@@ -264,7 +287,7 @@ class Batch {
           });
           Write(a_.ContourJson, [&](std::ostream& out) { WriteContourJson(out, velorix_); });
         });
-    return written && WriteContourImage();
+    return written && WriteGrid() && WritePage() && WriteContourImage();
   }
 
   const Arguments& a_;
