@@ -69,6 +69,20 @@ class EditDataWindowTest : public QObject {
     QCoreApplication::processEvents();
   }
 
+  /// The samples site1, SITE2 and site3.
+  static void FillSamples(RecordArray& samples) {
+    for (const char* name : {"site1", "SITE2", "site3"}) {
+      SpecimenRecord s;
+      s.Name = name;
+      s.OrientAz = static_cast<float>(100 * (samples.Count() + 1));
+      s.OrientInc = 30;
+      s.FoliName[1] = "Q";
+      s.FoliAz[1] = 250;
+      s.OP = {12, 90, 12, 90};
+      samples.Add(s);
+    }
+  }
+
  private slots:
   void init() { window_ = std::make_unique<TestWindow>(); }
   void cleanup() { window_.reset(); }
@@ -278,6 +292,33 @@ class EditDataWindowTest : public QObject {
       QVERIFY(Boxes()[0].starts_with("Velorix5|" + W().Path("no folder/site.ams")));
       QCOMPARE(Cell(1, 3), "200");
     });
+  }
+
+  void matchedRowsAreMarkedUntilTheNextChange() {
+    const std::string path = W().WriteFile("site", 3);
+    W().Open(path);
+    Show([this] {
+      FillSamples(W().Program.Session.EditRecords);
+      TypeAndEnter(2, 3, "77");
+      Press("cmdGEDASSign");
+      QCOMPARE(Cell(1, 2) + " " + Cell(1, 3) + " " + Cell(1, 5), "site1 100 Q");
+      QCOMPARE(Cell(2, 3), "77");
+      QCOMPARE(Back(1, 3), QColor(0xC0, 0xFF, 0xC0));
+      QVERIFY(Back(2, 3) != Back(1, 3));
+      QCOMPARE(Line(),
+               "2 of 3 record(s) matched. Without a sample: site2. Only the case of letters "
+               "differs: site2.");
+      TypeAndEnter(2, 3, "78");
+      QVERIFY(Back(1, 3) != QColor(0xC0, 0xFF, 0xC0));
+      QCOMPARE(Line(), "");
+      Press("cmdRead");
+    });
+    RecordArray written;
+    QVERIFY(ReadAmsFile(path, written));
+    QCOMPARE(written[1].OrientAz, 100.0f);
+    QCOMPARE(written[2].OrientAz, 78.0f);
+    QCOMPARE(written[3].FoliName[1], "Q");
+    QCOMPARE(written[3].OP[2], 0);
   }
 
   void anEmptyStoreIsAnEmptyGrid() {
