@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "tests/datafiles/temp_folder.h"
 #include "text/paths.h"
 
 namespace velorix {
@@ -125,12 +126,10 @@ TEST(SettingsFile, ShortFilesMissingTokensAndOverflowsAreRefused) {
 }
 
 struct SettingsOnDisk : ::testing::Test {
-  SettingsOnDisk() : Folder(PathOf(::testing::TempDir()) / "velorix_settings_test_ž") {
-    std::filesystem::remove_all(Folder);
+  SettingsOnDisk() {
     std::filesystem::create_directories(Folder);
     Path = Utf8Of(Folder / "MarloAniso.sav");
   }
-  ~SettingsOnDisk() override { std::filesystem::remove_all(Folder); }
 
   void Put(std::string_view bytes) const { std::ofstream(PathOf(Path), std::ios::binary) << bytes; }
   std::string Bytes() const {
@@ -140,7 +139,8 @@ struct SettingsOnDisk : ::testing::Test {
     return text.str();
   }
 
-  std::filesystem::path Folder;
+  TempFolder Own;
+  std::filesystem::path Folder = Own.Path / PathOf("ž");
   std::string Path;
 };
 
