@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -22,8 +23,10 @@ class Pictures : public ProgramTest {
   void SetUp() override { OpenFile(std::string(VELORIX_SOURCE_DIR) + "/examples/jelinek1978.ams"); }
 
   static void ExpectGolden(const std::string& name, const Recorder& recorder) {
+    ExpectGolden(name, ToText(recorder.calls));
+  }
+  static void ExpectGolden(const std::string& name, const std::string& drawn) {
     const std::string path = std::string(VELORIX_SOURCE_DIR) + "/tests/app/golden/" + name + ".txt";
-    const std::string drawn = ToText(recorder.calls);
     if (std::getenv("VELORIX_APPROVE")) std::ofstream(path, std::ios::binary) << drawn;
     std::ifstream in(path, std::ios::binary);
     const std::string golden{std::istreambuf_iterator<char>(in), {}};
@@ -45,6 +48,67 @@ TEST_F(Pictures, AreDrawnAsApproved) {
   ExpectGolden("xy_plot_coloured", coloured);
   DrawHisto(histogram, PlotGeometry(), DataTableValues(6, session), 6, session.Settings);
   ExpectGolden("histogram", histogram);
+}
+
+// Each layer by its option: what drawing gains when it is switched on. Long layers show their first
+// calls and their number.
+TEST_F(Pictures, GainEachLayerByItsOption) {
+  struct Layer {
+    const char* name;
+    void (*on)(StereoOptions&);
+  };
+  const Layer layers[] = {
+      {"chkCaption(0)", [](StereoOptions& o) { o.chkCaption[0] = true; }},
+      {"chkCaption(1)", [](StereoOptions& o) { o.chkCaption[1] = true; }},
+      {"chkFoli(0) circles",
+       [](StereoOptions& o) {
+         o.chkFoli = {true, true, false, false, false};
+       }},
+      {"chkFoli(0) poles",
+       [](StereoOptions& o) {
+         o.chkFoli = {true, false, true, false, false};
+       }},
+      {"chkFoli(0) strikes",
+       [](StereoOptions& o) {
+         o.chkFoli = {true, false, false, true, false};
+       }},
+      {"chkFoli(4)", [](StereoOptions& o) { o.chkFoli[4] = true; }},
+      {"chkBootStrap", [](StereoOptions& o) { o.chkBootStrap = true; }},
+      {"chkBootstrapEllips", [](StereoOptions& o) { o.chkBootstrapEllips = true; }},
+      {"chkData", [](StereoOptions& o) { o.chkData = true; }},
+      {"chkDataLines", [](StereoOptions& o) { o.chkData = o.chkDataLines = true; }},
+      {"chkDataEllipses", [](StereoOptions& o) { o.chkData = o.chkDataEllipses = true; }},
+      {"chkStereoColorCoding", [](StereoOptions& o) { o.chkData = o.chkStereoColorCoding = true; }},
+      {"chkGC(1)", [](StereoOptions& o) { o.chkGC[1] = true; }},
+      {"chkMean", [](StereoOptions& o) { o.chkMean = true; }},
+      {"chkMeanEllipses", [](StereoOptions& o) { o.chkMeanEllipses = true; }}};
+  Session& session = Program.Session;
+  OpenFile(std::string(VELORIX_SOURCE_DIR) + "/examples/granite.ams");
+  session.Records[2].Selected = true;
+  const auto draw = [&](const StereoOptions& options) {
+    Recorder recorder;
+    DrawStereo(session.Records, session.CoorSys, recorder, StereoGeometry{}, options,
+               session.ReImMode, Program.GroupStats, session.Settings);
+    return recorder.calls;
+  };
+  StereoOptions none = Program.Stereo;
+  none.chkCaption = {};
+  none.chkData = none.chkMean = none.chkMeanEllipses = false;
+  const std::vector<DrawCall> bare = draw(none);
+  std::string text;
+  for (const Layer& layer : layers) {
+    StereoOptions options = none;
+    layer.on(options);
+    std::vector<DrawCall> gained = draw(options);
+    for (const DrawCall& call : bare)
+      if (const auto same = std::find(gained.begin(), gained.end(), call); same != gained.end())
+        gained.erase(same);
+    text += std::string("# ") + layer.name + ": " + std::to_string(gained.size()) + " calls\n";
+    constexpr std::size_t Shown = 12;
+    if (gained.size() > Shown) gained.resize(Shown);
+    text += ToText(gained);
+  }
+  ExpectGolden("stereonet_layers", text);
 }
 
 // The page's, the metafile's and the image's pictures are the screen's, times one factor.
