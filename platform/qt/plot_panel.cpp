@@ -1,5 +1,6 @@
 #include "platform/qt/plot_panel.h"
 
+#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScrollArea>
@@ -83,6 +84,15 @@ QLabel* PlotPanel::AddReadOut(const QString& name, const QString& tip) {
   label->setMinimumWidth(1);  // the plot's width isn't the text's
   title_->insertWidget(title_->count() - 1, label);
   return label;
+}
+
+void PlotPanel::AddPageBox(const char* name, bool& onPage) {
+  auto* box = new QCheckBox("Page", this);
+  box->setObjectName(name);
+  box->setToolTip("Put this plot on the page that is saved, copied or printed");
+  box->setChecked(onPage);
+  connect(box, &QCheckBox::toggled, this, [&onPage](bool on) { onPage = on; });
+  title_->insertWidget(title_->count() - 1, box);
 }
 
 bool PlotPanel::IsOpen() const { return !scroll_->isHidden(); }

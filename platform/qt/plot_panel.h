@@ -29,6 +29,8 @@ class PlotPanel : public QFrame {
   bool IsOpen() const;
   /// A label in the title's row for what the mouse reads off the plot.
   QLabel* AddReadOut(const QString& name, const QString& tip);
+  /// A check box in the title's row that puts the plot on the graphics page.
+  void AddPageBox(const char* name, bool& onPage);
 
   PictureWidget* Picture;
   QFrame* Frame;         // of the properties

@@ -114,6 +114,7 @@ StereoPanel::StereoPanel(Velorix& velorix, QWidget* parent)
                              [this](const MouseBox& box, int keys) {
                                Work(velorix_, [&] { SelectInStereo(velorix_, box, keys); });
                              }});
+  AddPageBox("chkStereo", velorix.Page.chkStereo);
   Picture->OnFault = [this](const Fault& fault) {
     velorix_.Log.DebugPrint(std::string("Error: stereonet: ") + fault.what());
     velorix_.Views.ShowStatus(std::string("Stereonet: ") + fault.what());
