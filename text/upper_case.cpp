@@ -18,9 +18,21 @@ unsigned Upper(unsigned c) {
   return c;
 }
 
-}  // namespace
+/// Lower case of a character below U+0800.
+unsigned Lower(unsigned c) {
+  const auto within = [c](unsigned first, unsigned last) { return c >= first && c <= last; };
+  if (within('A', 'Z')) return c + 0x20;
+  if (within(0xC0, 0xDE) && c != 0xD7) return c + 0x20;
+  if (c == 0x178) return 0xFF;
+  if (within(0x139, 0x148) || within(0x179, 0x17E)) return c % 2 == 1 ? c + 1 : c;
+  if (within(0x100, 0x137) || within(0x14A, 0x177)) return c % 2 == 0 ? c + 1 : c;
+  if (within(0x391, 0x3A9)) return c + 0x20;
+  if (within(0x410, 0x42F)) return c + 0x20;
+  if (within(0x400, 0x40F)) return c + 0x50;
+  return c;
+}
 
-std::string UpperCase(std::string_view text) {
+std::string LetterByLetter(std::string_view text, unsigned (*change)(unsigned)) {
   std::string result;
   result.reserve(text.size());
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -32,15 +44,21 @@ std::string UpperCase(std::string_view text) {
     }
     const unsigned c =
         pair ? (byte & 0x1Fu) << 6 | (static_cast<unsigned char>(text[++i]) & 0x3Fu) : byte;
-    const unsigned upper = Upper(c);
-    if (upper < 0x80) {
-      result += static_cast<char>(upper);
+    const unsigned changed = change(c);
+    if (changed < 0x80) {
+      result += static_cast<char>(changed);
     } else {
-      result += static_cast<char>(0xC0 | upper >> 6);
-      result += static_cast<char>(0x80 | (upper & 0x3F));
+      result += static_cast<char>(0xC0 | changed >> 6);
+      result += static_cast<char>(0x80 | (changed & 0x3F));
     }
   }
   return result;
 }
+
+}  // namespace
+
+std::string UpperCase(std::string_view text) { return LetterByLetter(text, Upper); }
+
+std::string LowerCase(std::string_view text) { return LetterByLetter(text, Lower); }
 
 }  // namespace velorix

@@ -9,4 +9,7 @@ namespace velorix {
 /// to U+017F, Greek and Cyrillic. Everything else, bytes that are no UTF-8 too, stays as it is.
 std::string UpperCase(std::string_view text);
 
+/// The same in lower case.
+std::string LowerCase(std::string_view text);
+
 }  // namespace velorix

@@ -19,5 +19,12 @@ TEST(UpperCase, KnowsTheLettersOfEuropeAndKeepsTheRest) {
   for (const auto& c : cases) EXPECT_EQ(UpperCase(c.text), c.wanted);
 }
 
+TEST(LowerCase, IsTheWayBack) {
+  EXPECT_EQ(LowerCase("ŽLUŤOUČKÝ KŮŇ Ÿ.GED"), "žluťoučký kůň ÿ.ged");
+  EXPECT_EQ(LowerCase("ŁÓDŹ Ğ × ΚΛΣ ПОРОДА Ё"), "łódź ğ × κλσ порода ё");
+  for (const char* letter : {"a", "é", "ğ", "ł", "ž", "λ", "ж", "ђ"})
+    EXPECT_EQ(LowerCase(UpperCase(letter)), letter);
+}
+
 }  // namespace
 }  // namespace velorix
