@@ -148,6 +148,7 @@ constexpr Command CommandTable[] = {
 
     {"mnuEdit(1)", "mnuEditt", "Edit Orientation Data", "F2", 12, "Edit Orientation Data [F2]", "edit-orientation", Check, false, EditOrientations, nullptr, false},
     {"mnuEdit(2)", "mnuEditt", "Rotate Data", "", 0, "", "", Action, true, nullptr, nullptr, false},
+    {"mnuGedEditor", "mnuEditt", "Geological File Editor", "", 0, "", "", Action, false, [](Velorix& v) { v.Views.ShowGedEditor(); }, nullptr, false},
 
     {"mnuAnalysis(1)", "mnuStatistics", "Group Statistics", "F9", 14, "Group Statistics [F9]", "statistics", Check, false, Toggle<&OpenWindows::GroupStatistics>, IsOpen<&OpenWindows::GroupStatistics>, false},
     {"mnuAnalysis(2)", "mnuStatistics", "Bootstrap Statistics", "F11", 0, "", "", Action, true, nullptr, nullptr, false},

@@ -36,6 +36,8 @@ struct Views {
   virtual void ShowOrientationEditor() = 0;
   virtual void ShowOrientationParameters() = 0;
   virtual void ShowFactorChoice() = 0;
+  /// Opens the editor of geological files, or raises the one that is open.
+  virtual void ShowGedEditor() = 0;
   /// Asks the main window to close, which asks the exit question.
   virtual void Exit() = 0;
   /// A line of the status bar, for a short time.

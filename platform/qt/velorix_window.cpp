@@ -24,6 +24,7 @@
 #include "platform/qt/edit_data_window.h"
 #include "platform/qt/factor_window.h"
 #include "platform/qt/foli_line_window.h"
+#include "platform/qt/ged_editor_window.h"
 #include "platform/qt/grid_panel.h"
 #include "platform/qt/group_statistics_window.h"
 #include "platform/qt/opar_window.h"
@@ -277,6 +278,13 @@ void frmVelorix::ShowOrientationParameters() {
 void frmVelorix::ShowFactorChoice() {
   frmAnisoFac factors(*velorix_, this);
   factors.exec();
+}
+
+void frmVelorix::ShowGedEditor() {
+  if (!gedEditor_) gedEditor_ = new frmGEDEditor(*velorix_, this);
+  gedEditor_->show();
+  gedEditor_->raise();
+  gedEditor_->activateWindow();
 }
 
 void frmVelorix::Exit() { close(); }

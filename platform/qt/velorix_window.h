@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <memory>
 
 #include "app/velorix.h"
@@ -16,6 +17,7 @@ class ColumnPlots;
 class frmContour;
 class frmDataTable;
 class frmFoliLine;
+class frmGEDEditor;
 class frmGroupStatistics;
 class GridPanel;
 class StereoPanel;
@@ -50,6 +52,7 @@ class frmVelorix : public QMainWindow, public Views {
   void ShowOrientationEditor() override;
   void ShowOrientationParameters() override;
   void ShowFactorChoice() override;
+  void ShowGedEditor() override;
   void Exit() override;
   void ShowStatus(const std::string& text) override;
 
@@ -77,6 +80,7 @@ class frmVelorix : public QMainWindow, public Views {
   frmDataTable* table_ = nullptr;
   frmContour* contour_ = nullptr;
   frmFoliLine* foliLine_ = nullptr;
+  QPointer<frmGEDEditor> gedEditor_;
   std::unique_ptr<ColumnPlots> plots_;
   QSplitter *main_ = nullptr, *column_ = nullptr, *pairs_ = nullptr;
   QToolButton* columnButton_ = nullptr;

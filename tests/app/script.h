@@ -72,6 +72,7 @@ struct RecordedViews : Views {
   void ShowOrientationEditor() override {}
   void ShowOrientationParameters() override {}
   void ShowFactorChoice() override {}
+  void ShowGedEditor() override {}
   void Exit() override {}
   void ShowStatus(const std::string& text) override { Status = text; }
 };
