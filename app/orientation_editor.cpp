@@ -5,6 +5,7 @@
 
 #include "app/open_flow.h"
 #include "datafiles/ams_file.h"
+#include "datafiles/ged_file.h"
 #include "datafiles/ran_file.h"
 #include "text/numbers.h"
 #include "text/paths.h"
@@ -46,11 +47,6 @@ Answer JudgeName(Velorix& velorix, const std::string& action, const FileList& li
   const int answer = velorix.Dialogs.Ask(
       title, list.FirstName + "\nThis file does not exist.\nCreate new file?", {"&Yes", "&No"}, 1);
   return answer == 0 ? Answer::NoFile : Answer::Again;
-}
-
-Outcome ReadGedFile(const std::string& path, RecordArray&) {
-  return Outcome::Refused("Open File(s)",
-                          path + "\nThis version cannot read files of this type yet.");
 }
 
 /// Reads all files into the working copy. False, with the reader's message shown, when one refuses.

@@ -1,5 +1,8 @@
 #include "app/orientation_editor.h"
 
+#include <fstream>
+
+#include "datafiles/ged_file.h"
 #include "datafiles/ran_file.h"
 #include "tests/app/script.h"
 
@@ -8,6 +11,48 @@ namespace {
 
 constexpr char OpenTitle[] = "Open File(s)";
 
+/// A line of a geological file: the fields, filled to their widths, and the end.
+std::string GedLine(std::initializer_list<std::pair<const char*, std::size_t>> fields) {
+  std::string line;
+  for (const auto& [text, width] : fields) {
+    std::string field = text;
+    field.resize(width, ' ');
+    line += field;
+  }
+  line.resize(62, ' ');
+  return line + "\r\n";
+}
+std::string GedHeader() {
+  return GedLine({{"4", 4},
+                  {"SITE", 16},
+                  {"0", 7},
+                  {"0", 7},
+                  {"", 4},
+                  {"", 4},
+                  {"", 4},
+                  {"", 4},
+                  {"12", 3},
+                  {"90", 3},
+                  {"3", 3},
+                  {"90", 3}});
+}
+/// A sample with an orientation and the foliation S 120/40.
+std::string GedSample(const char* name, const char* az, const char* inc) {
+  return GedLine({{name, 12},
+                  {az, 4},
+                  {inc, 4},
+                  {"S0", 4},
+                  {"120", 4},
+                  {"40", 4},
+                  {"0", 4},
+                  {"0", 4},
+                  {"00", 4},
+                  {"0", 4},
+                  {"0", 4},
+                  {"0", 4},
+                  {"0", 4}});
+}
+
 class OrientationEditing : public ProgramTest {
  protected:
   OrientationEditor Editor;
@@ -15,6 +60,10 @@ class OrientationEditing : public ProgramTest {
   void Load(int count = 3) {
     OpenFile(WriteFile("a", count));
     LoadEditor(Editor, Program);
+  }
+  std::string WriteText(const std::string& name, const std::string& text) const {
+    std::ofstream(PathOf(Path(name)), std::ios::binary) << text;
+    return Path(name);
   }
   void Answer(const std::string& path, int filter = 1) {
     Asked.Files.push_back(FileAnswer{path, filter});
@@ -44,6 +93,49 @@ TEST_F(OrientationEditing, OpenGedAsksForGeologicalFilesFirst) {
   EXPECT_FALSE(Editor.ShowsSamples);
 }
 
+TEST_F(OrientationEditing, OpenGedListsTheNamesAndShowsTheSamplesOfAllFiles) {
+  Load();
+  WriteText("b.ged", GedHeader() + GedSample("a1", "10", "20") + GedSample("x", "30", "40"));
+  WriteText("c.ged", GedHeader() + GedSample("a3", "50", "60"));
+  using namespace std::string_literals;
+  Answer(Utf8Of(Folder) + "\0b.ged\0c.ged\0"s);
+  Open();
+  EXPECT_EQ(Asked.Boxes, (std::vector<std::string>{"Open File(s)|a1\nx\na3|&OK"}));
+  ASSERT_TRUE(Editor.ShowsSamples);
+  ASSERT_EQ(Editor.Shown().RowCount(), 3);
+  EXPECT_EQ(Cell(3, 2) + " " + Cell(3, 3) + " " + Cell(3, 5) + Cell(3, 8), "a3 50 S");
+  EXPECT_EQ(Editor.Grid.Cell(3, 3), "40");
+  EXPECT_EQ(Program.Session.RecordCount(), 3);
+}
+
+TEST_F(OrientationEditing, OpenGedShowsNoMoreNamesThanAScreenHasRoomFor) {
+  Load();
+  std::string text = GedHeader(), names;
+  for (int i = 1; i <= 50; ++i) text += GedSample(("n" + std::to_string(i)).c_str(), "1", "2");
+  for (int i = 1; i <= 40; ++i) names += "n" + std::to_string(i) + "\n";
+  Answer(WriteText("many.ged", text));
+  Open();
+  EXPECT_EQ(Asked.Boxes.back(), "Open File(s)|" + names + "and 10 more|&OK");
+}
+
+TEST_F(OrientationEditing, TheWholeWayGivesTheOrientationOfTheSampleAndKeepsTheParameters) {
+  Load();
+  Answer(WriteText("b.ged", GedHeader() + GedSample("a2", "10", "20")));
+  Open();
+  AssignGed(Editor, Program);
+  EXPECT_FALSE(Editor.ShowsSamples);
+  EXPECT_EQ(Editor.Matched, (std::vector<char>{0, 1, 0}));
+  EXPECT_EQ(Editor.Line, "1 of 3 record(s) matched. Without a sample: a1, a3.");
+  EXPECT_EQ(Program.Session.Records[2].OrientAz, 40);  // nothing reaches the store before SAVE
+  EXPECT_TRUE(SaveGrid(Editor, Program));
+  RecordArray written;
+  ASSERT_TRUE(ReadAmsFile(Path("a.ams"), written));
+  EXPECT_EQ(written[1].OrientAz, 40);
+  EXPECT_EQ(written[2].OrientAz, 10);
+  EXPECT_EQ(written[2].FoliName[1], "S");
+  EXPECT_EQ(written[2].OP, (Array1<std::int16_t, 4>{6, 0, 6, 0}));
+}
+
 TEST_F(OrientationEditing, MatchedRowsAreMarkedUntilTheNextChange) {
   Load();
   Program.Session.EditRecords.Add(Record("a2"));
@@ -67,6 +159,43 @@ TEST_F(OrientationEditing, MatchedRowsAreMarkedUntilTheNextChange) {
   }
 }
 
+TEST_F(OrientationEditing, SamplesAreOnlyLookedAt) {
+  Load();
+  Type(1, 3, "77");
+  Answer(WriteText("b.ged", GedHeader() + GedSample("a2", "10", "20")));
+  Open();
+  Type(1, 3, "55");
+  PasteCells(Editor, "55", {1, 3, 1, 1});
+  RedoEdit(Editor);
+  EXPECT_EQ(Cell(1, 3), "10");
+  EXPECT_TRUE(SaveGrid(Editor, Program));
+  EXPECT_EQ(Program.Session.Records[1].OrientAz, 77);
+  EXPECT_EQ(Program.Session.Records[2].OrientAz, 40);
+  UndoEdit(Editor);  // leads back to the records with what was typed
+  EXPECT_EQ(Cell(1, 3), "77");
+  UndoEdit(Editor);
+  EXPECT_EQ(Cell(1, 3), "40");
+}
+
+TEST_F(OrientationEditing, AFileThatFailsLosesNothingThatWasTyped) {
+  Load();
+  Type(1, 3, "77");
+  const struct {
+    const char* Text;
+    const char* Complaint;
+  } files[] = {{"", "File is empty!"}, {"short\r\n", "Error in line: 1"}};
+  for (const auto& file : files) {
+    Asked.Boxes.clear();
+    Answer(WriteText("bad.ged", file.Text));
+    Open();
+    ASSERT_EQ(Asked.Boxes.size(), 1u);
+    EXPECT_NE(Asked.Boxes[0].find(file.Complaint), std::string::npos) << Asked.Boxes[0];
+    EXPECT_FALSE(Editor.ShowsSamples);
+    EXPECT_EQ(Cell(1, 3), "77");
+    EXPECT_EQ(Program.Session.EditRecords.Count(), 0);
+  }
+}
+
 TEST_F(OrientationEditing, AMissingFileAsksAndYesEmptiesTheStore) {
   Load();
   Asked.Buttons = {1, 0};
@@ -82,6 +211,24 @@ TEST_F(OrientationEditing, AMissingFileAsksAndYesEmptiesTheStore) {
   EXPECT_EQ(Editor.Shown().RowCount(), 0);
   EXPECT_TRUE(SaveGrid(Editor, Program));
   EXPECT_TRUE(std::filesystem::exists(PathOf(Path("a.ams"))));  // an empty store takes no file away
+}
+
+TEST_F(OrientationEditing, AnExistingFileAsksUnderNewAndSave) {
+  Load();
+  const std::string path = WriteText("b.ged", GedHeader() + GedSample("a2", "10", "20"));
+  for (const auto& [action, title] : {std::pair{"New", "New File"}, {"Save", "Save Data"}}) {
+    Asked.Boxes.clear();
+    Asked.Buttons = {1, 0};
+    Answer(path);
+    Answer(path);
+    Open(action);
+    const std::string box = std::string(title) +
+                            "|b.ged\nThis file already exists.\n"
+                            "Append to existing file?|&Yes|&No";
+    ASSERT_EQ(Asked.Boxes.size(), 3u);
+    EXPECT_EQ(Asked.Boxes[1], box);
+    EXPECT_EQ(Asked.Boxes[2], std::string(title) + "|a2|&OK");
+  }
 }
 
 TEST_F(OrientationEditing, OtherFiltersReadNothing) {
@@ -140,6 +287,42 @@ TEST_F(OrientationEditing, ADiskThatRefusesLeavesTheEditsAndTheOldFile) {
   EXPECT_THROW(SaveGrid(Editor, Program), std::filesystem::filesystem_error);
   EXPECT_EQ(Cell(1, 3), "77");
   EXPECT_TRUE(std::filesystem::is_directory(Folder / "full.ams"));
+}
+
+/// Directions and principal values of the group in the geographic system.
+std::string Group(const Velorix& program) {
+  const GroupStats& g = program.GroupStats;
+  std::string text = std::to_string(g.GroupN);
+  for (int k = 1; k <= 3; ++k)
+    text += " " + std::to_string(g.MeanDec[k]) + "/" + std::to_string(g.MeanInc[k]);
+  return text + " " + std::to_string(g.MeanK[1]);
+}
+
+TEST_F(OrientationEditing, AnExampleOrientedByItsGeologicalFileIsTheGroupOrientedFromTheStart) {
+  OpenFile(VELORIX_SOURCE_DIR "/examples/granite.ams");
+  const std::string wanted = Group(Program);
+  ASSERT_NE(wanted.substr(0, 2), "0 ");
+  RecordArray records = Program.Session.Records;
+  ASSERT_TRUE(WriteGedFile(Path("site.ged"), records));
+  for (SpecimenRecord& r : records) {
+    r.HasCoor = {true, false, false, false};
+    r.OrientAz = r.OrientInc = 0;
+    for (int slot = 1; slot <= 2; ++slot) r.FoliName[slot] = r.LineName[slot] = "";
+  }
+  ASSERT_TRUE(WriteAmsFile(Path("site.ams"), records, false, true));
+  OpenFile(Path("site.ams"));
+  EXPECT_EQ(Program.GroupStats.GroupN, 0);
+
+  LoadEditor(Editor, Program);
+  Answer(Path("site.ged"));
+  Open();
+  AssignGed(Editor, Program);
+  ASSERT_TRUE(SaveGrid(Editor, Program));
+  for (const bool again : {false, true}) {  // in memory, and from the disk
+    if (again) OpenFile(Path("site.ams"));
+    DisplayData(Program, true);
+    EXPECT_EQ(Group(Program), wanted);
+  }
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <QPushButton>
 
 #include "app/edit_grid.h"
+#include "datafiles/ged_file.h"
 #include "tests/qt/on_modal.h"
 #include "tests/qt/test_window.h"
 
@@ -319,6 +320,46 @@ class EditDataWindowTest : public QObject {
     QCOMPARE(written[2].OrientAz, 78.0f);
     QCOMPARE(written[3].FoliName[1], "Q");
     QCOMPARE(written[3].OP[2], 0);
+  }
+
+  void openGedShowsTheSamplesAndKeepsWhatWasTyped() {
+    W().Open(W().WriteFile("site", 3));
+    RecordArray samples;
+    FillSamples(samples);
+    const std::string path = W().Path("site.ged");
+    QVERIFY(WriteGedFile(path, samples));
+    W().Asked.Files.push_back(FileAnswer{path, 1});
+    Show([this] {
+      TypeAndEnter(2, 3, "77");
+      Press("cmdOpenGED");
+      QCOMPARE(Boxes(), std::vector<std::string>{"Open File(s)|site1\nSITE2\nsite3|&OK"});
+      QCOMPARE(Cell(2, 2) + " " + Cell(2, 3) + " " + Cell(2, 5), "SITE2 200 Q");
+      QVERIFY(!(Table().model()->flags(At(2, 3)) & Qt::ItemIsEditable));
+      QCOMPARE(Line(),
+               "The geological file has 3 sample(s). AssignGED gives them to the records, Ctrl+Z "
+               "shows the records again.");
+      Press("cmdGEDASSign");
+      QCOMPARE(Cell(1, 2) + " " + Cell(1, 3), "site1 100");
+      QCOMPARE(Cell(2, 2) + " " + Cell(2, 3), "site2 77");
+    });
+  }
+
+  void aBadGeologicalFileLosesNothing() {
+    W().Open(W().WriteFile("site", 3));
+    const std::string path = W().Path("bad.ged");
+    QFile file(QString::fromStdString(path));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("too short\r\n");
+    file.close();
+    W().Asked.Files.push_back(FileAnswer{path, 1});
+    Show([this] {
+      TypeAndEnter(2, 3, "77");
+      Press("cmdOpenGED");
+      QCOMPARE(Boxes(), std::vector<std::string>{
+                            "Error in opening file: <<bad.ged>>|Error in line: 1\n|&OK"});
+      QCOMPARE(Cell(2, 3), "77");
+      QVERIFY(dialog_->isVisible());
+    });
   }
 
   void anEmptyStoreIsAnEmptyGrid() {
