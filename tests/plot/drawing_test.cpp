@@ -45,43 +45,24 @@ TEST(DrawSymbol, DrawsTheShapesOfTheCatalogue) {
     std::string shapes;
   } rows[] = {
       // clang-format off
-      {-1, "pixel (100,100)"},
-      {0, diamond},
-      {1, square},
-      {11, square + dot},
+      {-1, "pixel (100,100)"}, {0, diamond}, {1, square}, {2, triangle}, {3, circle},
+      {11, square + dot}, {21, triangle + dot}, {31, circle + dot},
       {12, square + " | " + vertical + " | " + horizontal},
       {13, square + " | polyline (97,96) (104,104) | " + rising},
-      {14, square + " | " + vertical},
-      {15, square + " | " + horizontal},
-      {2, triangle},
-      {21, triangle + dot},
-      {3, circle},
-      {31, circle + dot},
+      {14, square + " | " + vertical}, {15, square + " | " + horizontal},
       {32, circle + " | " + vertical + " | " + horizontal},
       {33, circle + " | polyline (96,96) (104,104) | " + rising},
-      {34, circle + " | " + vertical},
-      {35, circle + " | " + horizontal},
-      {4, horizontal},
-      {41, "polyline (100,100) (95,100)"},
-      {42, "polyline (100,100) (105,100)"},
-      {6, vertical},
-      {61, "polyline (100,100) (100,105)"},
-      {62, "polyline (100,100) (100,95)"},
+      {34, circle + " | " + vertical}, {35, circle + " | " + horizontal},
+      {4, horizontal}, {41, "polyline (100,100) (95,100)"}, {42, "polyline (100,100) (105,100)"},
+      {6, vertical}, {61, "polyline (100,100) (100,105)"}, {62, "polyline (100,100) (100,95)"},
       {7, vertical + " | " + horizontal},
       {8, "polyline (95,95) (105,105) | polyline (95,105) (105,95)"},
-      {91, square + " | text \"X\" (100,105)"},
-      {92, square + " | text \"Y\" (100,105)"},
-      {93, square + " | text \"Z\" (100,105)"},
-      {94, square + " | text \"N\" (100,105)"},
-      {95, square + " | text \"E\" (100,105)"},
-      {96, square + " | text \"D\" (100,105)"},
-      {97, "text \"1\" (100,105)"},
-      {98, "text \"2\" (100,105)"},
-      {99, "text \"3\" (100,105)"},
-      {1000, "polyline (100,100) (100,90)"},
-      {1045, "polyline (100,100) (107,93)"},
-      {1090, "polyline (100,100) (110,100)"},
-      {1180, "polyline (100,100) (100,110)"},
+      {91, square + " | text \"X\" (100,105)"}, {92, square + " | text \"Y\" (100,105)"},
+      {93, square + " | text \"Z\" (100,105)"}, {94, square + " | text \"N\" (100,105)"},
+      {95, square + " | text \"E\" (100,105)"}, {96, square + " | text \"D\" (100,105)"},
+      {97, "text \"1\" (100,105)"}, {98, "text \"2\" (100,105)"}, {99, "text \"3\" (100,105)"},
+      {1000, "polyline (100,100) (100,90)"}, {1045, "polyline (100,100) (107,93)"},
+      {1090, "polyline (100,100) (110,100)"}, {1180, "polyline (100,100) (100,110)"},
       {1360, "polyline (100,100) (100,90)"},
       {-2, ""}, {5, ""}, {10, ""}, {16, ""}, {22, ""}, {30, ""}, {36, ""}, {90, ""}, {100, ""},
       {999, ""}, {-32768, ""},
@@ -100,10 +81,6 @@ TEST(DrawSymbol, DrawsBodyDotAndMarksWithThePenAndFillsBodyAndDot) {
       EXPECT_EQ(text.find(" brush FF00") == std::string::npos, text.starts_with("polyline"))
           << type << ": " << text;
     }
-}
-
-TEST(DrawSymbol, MinusOneIsOnePixelInTheFillColour) {
-  EXPECT_EQ(SymbolAt100(-1).calls, std::vector<DrawCall>({PixelCall{{100, 100}, Green}}));
 }
 
 TEST(DrawSymbol, LettersStandOnAWhiteTileInAFixedHeightAndDigitsAloneInTheirOwn) {
@@ -187,27 +164,6 @@ TEST(Coordinates, OutsideTheIntegersOverflow) {
     EXPECT_THROW(DrawText(recorder, "t", x, 0, {}), Fault) << x;
   }
   EXPECT_TRUE(recorder.calls.empty());
-}
-
-TEST(DrawTextVertical, TurnsTheTextUpward) {
-  Recorder recorder;
-  DrawTextVertical(recorder, "Km [SI]", 5, 6,
-                   {.height = 12, .colour = Blue, .alignment = CentreBaseline, .weight = 600});
-  EXPECT_EQ(ToText(recorder.calls),
-            "text \"Km [SI]\" (5,6) height 12 FF0000 align 30 weight 600 rotation 900\n");
-}
-
-TEST(SortRectangle, OrdersEachAxisByItself) {
-  float x1 = 9, y1 = 2, x2 = 3, y2 = 7;
-  SortRectangle(x1, y1, x2, y2);
-  EXPECT_EQ(std::vector({x1, y1, x2, y2}), std::vector({3.f, 2.f, 9.f, 7.f}));
-  SortRectangle(x2, y2, x1, y1);
-  EXPECT_EQ(std::vector({x2, y2, x1, y1}), std::vector({3.f, 2.f, 9.f, 7.f}));
-}
-
-TEST(Distance, IsEuclidean) {
-  EXPECT_EQ(Distance(1, 2, 3, 3, 5, 9), 7.f);
-  EXPECT_EQ(Distance(0, 0, 0, 0.1, 0, 0), 0.1f);
 }
 
 TEST(Recorder, ReplayMakesTheSameCalls) {

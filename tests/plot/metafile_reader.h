@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -73,43 +74,14 @@ struct MetafileReader {
   /// How many parameters each function has; for those with lists it is told within.
   void CheckSize(const Record& r) const {
     const int size = static_cast<int>(r.words.size());
-    int wanted = -1;
-    switch (r.function) {
-      case 0x0000:
-      case 0x001E:
-        wanted = 0;
-        break;
-      case 0x0102:
-      case 0x0103:
-      case 0x0127:
-      case 0x012D:
-      case 0x012E:
-      case 0x01F0:
-        wanted = 1;
-        break;
-      case 0x0209:
-      case 0x020C:
-        wanted = 2;
-        break;
-      case 0x02FA:
-        wanted = 5;
-        break;
-      case 0x02FB:
-        wanted = 25;
-        break;
-      case 0x02FC:
-      case 0x0418:
-      case 0x041F:
-        wanted = 4;
-        break;
-      case 0x0324:
-      case 0x0325:
-        wanted = size > 0 ? 1 + 2 * r.words[0] : -1;
-        break;
-      case 0x0521:
-        wanted = size > 0 ? 3 + (r.words[0] + 1) / 2 : -1;
-        break;
-    }
+    const std::map<int, int> fixed = {{0x0000, 0}, {0x001E, 0}, {0x0102, 1}, {0x0103, 1},
+                                      {0x0127, 1}, {0x012D, 1}, {0x012E, 1}, {0x01F0, 1},
+                                      {0x0209, 2}, {0x020C, 2}, {0x02FA, 5}, {0x02FB, 25},
+                                      {0x02FC, 4}, {0x0418, 4}, {0x041F, 4}};
+    const auto found = fixed.find(r.function);
+    int wanted = found == fixed.end() ? -1 : found->second;
+    if (size > 0 && (r.function == 0x0324 || r.function == 0x0325)) wanted = 1 + 2 * r.words[0];
+    if (size > 0 && r.function == 0x0521) wanted = 3 + (r.words[0] + 1) / 2;
     EXPECT_EQ(size, wanted) << "function " << std::hex << r.function;
   }
 

@@ -9,34 +9,6 @@ namespace {
 
 constexpr Net Screen = {180, 190, 310};
 
-TEST(DrawNet, DrawsTheScreensFrameInThisOrder) {
-  Recorder recorder;
-  DrawNet(recorder, 2, EqualArea, Screen, 0x112233, 14);
-  std::string expected =
-      "ellipse (25,35) (335,345) pen 0 112233 2 brush none\n"
-      "text \"N\" (180,32) height 14 112233 align 30\n"
-      "text \"90\" (338,195) height 14 112233 align 24\n"
-      "text \"180\" (180,347) height 14 112233 align 6\n"
-      "text \"270\" (22,195) height 14 112233 align 26\n";
-  // Distances of the ticks from the centre: 155 * sqrt(1 - sin(inclination)). The tick length 5
-  // puts the ends at 2.5 to either side, which goes to 2 on even and to 2 or 3 on rounded sides.
-  const int distances[] = {141, 126, 110, 93, 75, 57, 38, 19, 0};
-  ASSERT_EQ(recorder.calls.size(), 5u + 36u);
-  EXPECT_EQ(ToText({recorder.calls.begin(), recorder.calls.begin() + 5}), expected);
-  for (int i = 0; i < 36; ++i) {
-    const int d = distances[i / 4];
-    const int dx[] = {0, 0, d, -d}, dy[] = {-d, d, 0, 0};  // declinations 0, 180, 90, 270
-    const auto& tick = std::get<PolylineCall>(recorder.calls[static_cast<std::size_t>(5 + i)]);
-    const LogicalPoint a = tick.points.at(0), b = tick.points.at(1);
-    const bool across = i % 4 < 2;
-    EXPECT_NEAR((a.x + b.x) / 2.0, 180 + dx[i % 4], 0.51) << i;
-    EXPECT_NEAR((a.y + b.y) / 2.0, 190 + dy[i % 4], 0.51) << i;
-    EXPECT_EQ(across ? a.y : a.x, across ? b.y : b.x) << i;
-    EXPECT_NEAR(across ? b.x - a.x : b.y - a.y, 5, 1) << i;
-    EXPECT_EQ(tick.pen, (Pen{.style = Solid, .colour = 0x112233, .width = 1}));
-  }
-}
-
 TEST(DrawNet, NamesTheAxesOfEachCoordinateSystem) {
   const struct {
     std::int16_t coorSys;

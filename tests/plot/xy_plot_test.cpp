@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 
-#include "plot/colour_scales.h"
 #include "plot/parameters.h"
 #include "plot/recorder.h"
 
@@ -38,13 +36,6 @@ std::vector<Call> CallsOf(const Recorder& recorder) {
   return found;
 }
 
-/// Fills of the circles drawn, which are the points' symbols.
-std::vector<Colour> Fills(const Recorder& recorder) {
-  std::vector<Colour> fills;
-  for (const EllipseCall& call : CallsOf<EllipseCall>(recorder)) fills.push_back(*call.brush);
-  return fills;
-}
-
 TEST(XYPlot, PlacesPointsByTheirAxesAndKeepsThePlaces) {
   Session session = Records({{0, 0}, {6, 4}, {3.5, 1.8}});
   Recorder recorder;
@@ -72,32 +63,6 @@ TEST(XYPlot, LeavesOutWhatIsNoNumberOrOutsideAnImposedRange) {
   EXPECT_EQ(CallsOf<EllipseCall>(recorder).size(), 1u);
   for (int i : {1, 2, 3}) EXPECT_TRUE(std::isnan(session.Records[i].PlotX[3])) << i;
   EXPECT_FALSE(std::isnan(session.Records[4].PlotX[3]));
-}
-
-TEST(XYPlot, DrawsSelectedRecordsLastAndYellow) {
-  Session session = Records({{1, 1}, {2, 2}, {3, 3}});
-  session.Records[1].Selected = true;
-  Recorder recorder;
-  DrawXYPlot(session, recorder, PlotGeometry(), {.x = Field, .y = FTest});
-  const std::vector<Colour> fills = Fills(recorder);
-  ASSERT_EQ(fills.size(), 3u);
-  EXPECT_EQ(fills[2], Yellow);
-  EXPECT_NE(fills[0], Yellow);
-  EXPECT_EQ(fills[0], fills[1]);
-}
-
-TEST(XYPlot, ColoursByAThirdColumnWithItsScale) {
-  Session session = Records({{1, 0}, {2, 6}});
-  const XYPlotOptions options = {.x = Field, .y = FTest, .colour = FTest, .coding = true};
-  Recorder recorder;
-  DrawXYPlot(session, recorder, PlotGeometry(), options);
-  EXPECT_EQ(Fills(recorder), (std::vector<Colour>{ColorScale(0), ColorScale(6.0f / 7)}));
-  const auto bar = [](const PolylineCall& line) {
-    return line.points[0].x == 400 && line.points[1].x == 410 &&
-           line.points[0].y == line.points[1].y && line.pen.colour != Black;  // that is a tick
-  };
-  const auto lines = CallsOf<PolylineCall>(recorder);
-  EXPECT_EQ(std::count_if(lines.begin(), lines.end(), bar), 206);  // a line a unit, ends included
 }
 
 TEST(XYPlot, LinesGoInStoreOrderAndEndAtTheFrame) {
