@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -14,6 +15,12 @@ namespace {
 
 const Array1<std::int16_t, 8> DefaultFactors = Settings().FacIndex;
 
+Array1<Number, 6> TensorOf(const std::array<double, 6>& elements) {
+  Array1<Number, 6> tensor;
+  for (int i = 1; i <= 6; ++i) tensor[i] = elements[static_cast<std::size_t>(i - 1)];
+  return tensor;
+}
+
 /// A specimen with an orientation, a foliation "S1" 300/30 and a lineation "L1" 200/20.
 SpecimenRecord Oriented() {
   SpecimenRecord r;
@@ -21,12 +28,8 @@ SpecimenRecord Oriented() {
   r.OP = {6, 0, 6, 0};
   r.OrientAz = 70;
   r.OrientInc = 20;
-  const double tensor[] = {1.03, 1.00, 0.97, 0.01, -0.02, 0.005};
-  const double other[] = {0.9, 1.0, 1.1, 0.02, 0.01, -0.03};
-  for (int i = 1; i <= 6; ++i) {
-    r.Tensor[i] = tensor[i - 1];
-    r.TensorIm[i] = other[i - 1];
-  }
+  r.Tensor = TensorOf({1.03, 1.00, 0.97, 0.01, -0.02, 0.005});
+  r.TensorIm = TensorOf({0.9, 1.0, 1.1, 0.02, 0.01, -0.03});
   r.FoliName[1] = "S1";
   r.FoliAz[1] = 300;
   r.FoliDip[1] = 30;
@@ -56,7 +59,8 @@ void ExpectAxis(double dec, double inc, double expectedDec, double expectedInc) 
 // 204 by the right-hand rule and dip 25, is our FoliAz = 204 + 90 and FoliDip = 25, with the line
 // along the strike ("0").
 struct Published {
-  double Specimen[6], Azimuth, Plunge, Geographic[6], Tilt[6];
+  std::array<double, 6> Specimen;
+  double Azimuth, Plunge, Geographic[6], Tilt[6];
 };
 // clang-format off
 const Published Tr245[] = {
@@ -90,7 +94,7 @@ const Published Tr245[] = {
 TEST(RotateRecord, PublishedTensorsComeOutInGeographicAndTiltCorrectedCoordinates) {
   for (const Published& p : Tr245) {
     SpecimenRecord r = Oriented();
-    for (int i = 1; i <= 6; ++i) r.Tensor[i] = p.Specimen[i - 1];
+    r.Tensor = TensorOf(p.Specimen);
     r.OrientAz = static_cast<float>(p.Azimuth);
     r.OrientInc = static_cast<float>(p.Plunge);
     r.FoliAz[1] = 204 + 90;
@@ -129,9 +133,7 @@ TEST(DeriveFactors, ABlockThatDoesNotExistIsTheZeroTensor) {
 
 TEST(DeriveFactors, AFactorBeyond32BitsCountsAsFailed) {
   SpecimenRecord r;
-  r.Tensor[1] = 1e30;
-  r.Tensor[2] = 1.0;
-  r.Tensor[3] = 1e-30;
+  r.Tensor = TensorOf({1e30, 1.0, 1e-30});
   ASSERT_TRUE(DeriveFactors(r, {4, 4, 4, 4, 4, 4, 4, 4}, InPhase));
   EXPECT_EQ(r.Fac[1], 1e9f);
 }
@@ -292,9 +294,7 @@ TEST(RotateRecord, ThePrincipalSystemHasKminVerticalAndKmaxOnTheMeridian) {
 
 TEST(RotateRecord, ADiagonalTensorHasTwoZeroVectors) {
   SpecimenRecord r;
-  r.Tensor[1] = 1.1;
-  r.Tensor[2] = 1.0;
-  r.Tensor[3] = 0.9;
+  r.Tensor = TensorOf({1.1, 1.0, 0.9});
   RotateRecord(r, ViewIn(Specimen));
   for (int j = 1; j <= 2; ++j) {
     EXPECT_EQ(r.Dec[j], 0);
@@ -314,10 +314,8 @@ TEST(RotateRecord, AFailureLeavesTheRecordAsItWas) {
 }
 
 TEST(Derivation, TensorsThatAreNotFiniteGiveNanAndNoFailure) {
-  const float bad[] = {std::numeric_limits<float>::quiet_NaN(),
-                       std::numeric_limits<float>::infinity(),
-                       -std::numeric_limits<float>::infinity()};
-  for (const float value : bad)
+  const float infinity = std::numeric_limits<float>::infinity();
+  for (const float value : {std::nanf(""), infinity, -infinity})
     for (int slot = 1; slot <= 6; ++slot)
       for (int coorSys = 0; coorSys <= 4; ++coorSys) {
         SpecimenRecord r = Oriented();
@@ -336,7 +334,7 @@ TEST(Derivation, AnglesThatAreNotFiniteGiveNanAndNoFailure) {
     SpecimenRecord r = Oriented();
     float* const angles[] = {&r.OrientAz,   &r.OrientInc,    &r.FoliAz[1],
                              &r.FoliDip[1], &r.LineTrend[1], &r.LinePlunge[1]};
-    *angles[angle] = std::numeric_limits<float>::quiet_NaN();
+    *angles[angle] = std::nanf("");
     ASSERT_TRUE(RotateRecord(r, ViewIn(Tectonic)));
     EXPECT_TRUE(std::isnan(r.Dec[1])) << angle;
   }

