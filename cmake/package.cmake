@@ -60,8 +60,8 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 if(VELORIX_GUI)
-  # Loaded at run time, so unseen by the linker: the screen, TIFF files, Arial's metrics.
-  set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation, qt6-image-formats-plugins, qt6-qpa-plugins")
+  # Loaded at run time, so unseen by the linker: the screen, TIFF files, the fonts of windows and plots.
+  set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-dejavu-core, fonts-liberation, qt6-image-formats-plugins, qt6-qpa-plugins")
   set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-wayland)
 endif()
 include(CPack)
