@@ -41,26 +41,17 @@ TEST_F(DebugLogFile, EntriesCarryTimeAndIndentUnlessAsIsOrEmpty) {
             "\n");
 }
 
-TEST_F(DebugLogFile, StartsEmptyAtEachRun) {
-  {
+TEST_F(DebugLogFile, StartsEmptyAtEachRunAndPrintsNothingWhileOffOrNotOpened) {
+  for (int run = 1; run <= 2; ++run) {
     DebugLog log;
+    log.DebugPrint("nowhere");
     log.Open(Path);
-    log.DebugPrint("former run");
+    log.ToFile = false;
+    log.DebugPrint("not this");
+    log.ToFile = true;
+    log.DebugPrint("this", true, true);
+    EXPECT_EQ(Written(), "this");
   }
-  DebugLog log;
-  log.Open(Path);
-  EXPECT_EQ(Written(), "");
-}
-
-TEST_F(DebugLogFile, PrintsNothingWhileOffOrNotOpened) {
-  DebugLog log;
-  log.DebugPrint("nowhere");
-  log.Open(Path);
-  log.ToFile = false;
-  log.DebugPrint("not this");
-  log.ToFile = true;
-  log.DebugPrint("this", true, true);
-  EXPECT_EQ(Written(), "this");
 }
 
 TEST(DebugLog, PlaceThatCannotBeWrittenIsAnError) {

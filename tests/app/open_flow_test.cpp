@@ -221,11 +221,5 @@ TEST_F(OpenFlow, OpensDroppedFilesByTheExtensionOfTheFirst) {
   EXPECT_EQ(Names(), "a1 b1 b2 ");
 }
 
-TEST_F(OpenFlow, NamesNeedNotBeAscii) {
-  OpenFile(WriteFile("Žulová-μ", 2));
-  EXPECT_EQ(Program.Session.RecordCount(), 2);
-  EXPECT_EQ(Program.Session.FolderFiles, std::vector<std::string>{"Žulová-μ.ams"});
-}
-
 }  // namespace
 }  // namespace velorix
