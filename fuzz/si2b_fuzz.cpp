@@ -1,0 +1,12 @@
+#include "datafiles/si2b_file.h"
+#include "fuzz/text_reader.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace velorix;
+  RecordArray records;
+  const bool done = fuzz::ReadsOrLeaves(
+      [&](RecordArray& into) { return ReadSi2bText(fuzz::TextOf(data, size), "x.AMS", into, {}); },
+      records);
+  for (int i = 2; done && i <= records.Count(); ++i) fuzz::Hold(records[i].Active);
+  return 0;
+}
