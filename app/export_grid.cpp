@@ -20,42 +20,47 @@ namespace fs = std::filesystem;
 
 constexpr char Title[] = "Export Data";
 constexpr std::size_t PrintZone = 14;
+constexpr std::size_t BlockSize = 1u << 16;  // bytes that are written at a time
 
-bool IsAscii(const std::string& text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; });
-}
-
-/// Appends the cell and what parts it from the next one. An empty delimiter means print zones.
-void AppendCell(const std::string& cell, std::string_view delimiter, bool stripBlanks,
-                std::string& line) {
-  const std::size_t start = line.size();
-  line += IsAscii(cell) ? cell : ToCodePage(cell);
+/// Brings the cell that begins at `start` into the file's form and appends what parts it from the
+/// next one. An empty delimiter means print zones.
+void EndCell(std::string& text, std::size_t start, std::string_view delimiter, bool stripBlanks) {
+  const std::string_view cell = std::string_view(text).substr(start);
+  if (std::any_of(cell.begin(), cell.end(), [](char c) { return (c & 0x80) != 0; }))
+    text.replace(start, text.npos, ToCodePage(cell));
   if (stripBlanks)
-    line.erase(std::remove(line.begin() + static_cast<std::ptrdiff_t>(start), line.end(), ' '),
-               line.end());
+    text.erase(std::remove(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(), ' '),
+               text.end());
   if (delimiter.empty()) {
-    const std::size_t length = line.size() - start;
+    const std::size_t length = text.size() - start;
     // A text that fills its zone leaves no blank before the next value: this is wanted.
     const std::size_t zones = std::max<std::size_t>(1, (length + PrintZone - 1) / PrintZone);
-    line.append(zones * PrintZone - length, ' ');
+    text.append(zones * PrintZone - length, ' ');
   } else {
     // Behind the last value too: this is wanted.
-    line.append(1, ' ').append(delimiter);
+    text.append(1, ' ').append(delimiter);
   }
 }
 
 void WriteRows(const GridTexts& grid, const ExportForm& form, bool header, std::ostream& out) {
   std::string_view delimiter = form.Delimiter;
   if (StripBlanks(delimiter).empty()) delimiter = {};  // a tab is no blank
-  std::string line;
+  std::string block;
+  const auto write = [&] {
+    out.write(block.data(), static_cast<std::streamsize>(block.size()));
+    block.clear();
+  };
   for (int row = header ? -form.HeaderRows : 0; row < grid.Rows; ++row) {
     if (row >= 0 && form.SelectedOnly && !grid.IsSelected(row)) continue;
-    line.clear();
-    for (int column = -grid.RowHeaderColumns; column < grid.Columns; ++column)
-      AppendCell(grid.Cell(row, column), delimiter, form.StripBlanks, line);
-    line += "\r\n";
-    out.write(line.data(), static_cast<std::streamsize>(line.size()));
+    for (int column = -grid.RowHeaderColumns; column < grid.Columns; ++column) {
+      const std::size_t start = block.size();
+      grid.AppendCell(block, row, column);
+      EndCell(block, start, delimiter, form.StripBlanks);
+    }
+    block += "\r\n";
+    if (block.size() >= BlockSize) write();
   }
+  write();
 }
 
 /// All of a file; less is a failure of `out`.
@@ -77,9 +82,11 @@ GridTexts RecordGridTexts(const Session& session) {
   grid.Rows = static_cast<int>(rows->size());
   grid.RowHeaderColumns = 1;
   grid.Columns = GridColumns - 1;
-  grid.Cell = [&session, record](int row, int column) {
-    return row < 0 ? GridHeader(column + 2, session.Settings)
-                   : GridCell(column + 2, record(row), session.ReImMode);
+  grid.AppendCell = [&session, record](std::string& text, int row, int column) {
+    if (row < 0)
+      text += GridHeader(column + 2, session.Settings);
+    else
+      AppendGridCell(text, column + 2, record(row), session.ReImMode);
   };
   grid.IsSelected = [record](int row) { return record(row).Selected; };
   return grid;

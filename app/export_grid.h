@@ -11,7 +11,8 @@ namespace velorix {
 /// numbers.
 struct GridTexts {
   int Rows = 0, Columns = 0, RowHeaderColumns = 0;
-  std::function<std::string(int row, int column)> Cell = {};
+  /// Puts a cell behind `text`.
+  std::function<void(std::string& text, int row, int column)> AppendCell = {};
   std::function<bool(int row)> IsSelected = {};
 };
 

@@ -12,37 +12,37 @@ namespace {
 struct GridColumn {
   const char* Header;
   int Factor;
-  std::string (*Cell)(const SpecimenRecord& record, bool im);
+  void (*Append)(std::string& text, const SpecimenRecord& record, bool im);
 };
 
 template <int Slot>
-std::string FactorCell(const SpecimenRecord& record, bool) {
-  return PlainText(record.Fac[Slot]);
+void FactorCell(std::string& text, const SpecimenRecord& record, bool) {
+  AppendPlainText(text, record.Fac[Slot]);
 }
 template <int Axis>
-std::string DecCell(const SpecimenRecord& record, bool) {
-  return PlainText(record.Dec[Axis]);
+void DecCell(std::string& text, const SpecimenRecord& record, bool) {
+  AppendPlainText(text, record.Dec[Axis]);
 }
 template <int Axis>
-std::string IncCell(const SpecimenRecord& record, bool) {
-  return PlainText(record.Inc[Axis]);
+void IncCell(std::string& text, const SpecimenRecord& record, bool) {
+  AppendPlainText(text, record.Inc[Axis]);
 }
 template <int Slot>
-std::string FTestCell(const SpecimenRecord& record, bool im) {
-  return PlainText((im ? record.FTestIm : record.FTest)[Slot]);
+void FTestCell(std::string& text, const SpecimenRecord& record, bool im) {
+  AppendPlainText(text, (im ? record.FTestIm : record.FTest)[Slot]);
 }
 template <int Slot>
-std::string AngleCell(const SpecimenRecord& record, bool im) {
-  return PlainText((im ? record.EIm : record.E)[Slot]);
+void AngleCell(std::string& text, const SpecimenRecord& record, bool im) {
+  AppendPlainText(text, (im ? record.EIm : record.E)[Slot]);
 }
 
 // clang-format off
 constexpr GridColumn Columns[] = {
-    {"ID",        0, [](const SpecimenRecord& r, bool) { return PlainText(r.RecordNo); }},
-    {"Specimen",  0, [](const SpecimenRecord& r, bool) { return r.Name; }},
-    {"Field",     0, [](const SpecimenRecord& r, bool) { return PlainText(r.Field); }},
-    {"Frequency", 0, [](const SpecimenRecord& r, bool) { return PlainText(r.Frequency); }},
-    {"Kmean",     0, [](const SpecimenRecord& r, bool im) { return PlainText(im ? r.KmIm : r.Km); }},
+    {"ID",        0, [](std::string& t, const SpecimenRecord& r, bool) { AppendPlainText(t, r.RecordNo); }},
+    {"Specimen",  0, [](std::string& t, const SpecimenRecord& r, bool) { t += r.Name; }},
+    {"Field",     0, [](std::string& t, const SpecimenRecord& r, bool) { AppendPlainText(t, r.Field); }},
+    {"Frequency", 0, [](std::string& t, const SpecimenRecord& r, bool) { AppendPlainText(t, r.Frequency); }},
+    {"Kmean",     0, [](std::string& t, const SpecimenRecord& r, bool im) { AppendPlainText(t, im ? r.KmIm : r.Km); }},
     {"", 1, FactorCell<1>}, {"", 2, FactorCell<2>}, {"", 3, FactorCell<3>}, {"", 4, FactorCell<4>},
     {"", 5, FactorCell<5>}, {"", 6, FactorCell<6>}, {"", 7, FactorCell<7>}, {"", 8, FactorCell<8>},
     {"Kmax_Dec",  0, DecCell<1>},   {"Kmax_Inc",  0, IncCell<1>},
@@ -67,7 +67,14 @@ std::string GridHeader(int column, const Settings& settings) {
 }
 
 std::string GridCell(int column, const SpecimenRecord& record, std::int16_t reImMode) {
-  return Column(column).Cell(record, reImMode == OutOfPhase);
+  std::string text;
+  AppendGridCell(text, column, record, reImMode);
+  return text;
+}
+
+void AppendGridCell(std::string& text, int column, const SpecimenRecord& record,
+                    std::int16_t reImMode) {
+  Column(column).Append(text, record, reImMode == OutOfPhase);
 }
 
 }  // namespace velorix

@@ -17,5 +17,8 @@ std::string GridHeader(int column, const Settings& settings);
 /// for its own width; empty for a number that is not finite. Km, the F tests and the angles are
 /// those of the block in view.
 std::string GridCell(int column, const SpecimenRecord& record, std::int16_t reImMode);
+/// The same behind `text`.
+void AppendGridCell(std::string& text, int column, const SpecimenRecord& record,
+                    std::int16_t reImMode);
 
 }  // namespace velorix

@@ -18,9 +18,12 @@ bool IsSign(char c) { return c == '+' || c == '-'; }
 /// exponent form. The standard's exponents have a sign and two digits as wanted; only the letter
 /// is small.
 template <class Float>
-std::string ShortestText(Float value, Float limit) {
-  if (!std::isfinite(value)) return {};
-  if (value == 0) return "0";
+void AppendShortest(std::string& to, Float value, Float limit) {
+  if (!std::isfinite(value)) return;
+  if (value == 0) {
+    to += '0';
+    return;
+  }
   const Float size = std::abs(value);
   const bool fixed = size >= static_cast<Float>(1e-4) && size < limit;
   char text[40];
@@ -28,7 +31,7 @@ std::string ShortestText(Float value, Float limit) {
                                   fixed ? std::chars_format::fixed : std::chars_format::scientific)
                         .ptr;
   if (!fixed) *std::find(text, end, 'e') = 'E';
-  return {text, end};
+  to.append(text, end);
 }
 
 constexpr int ExactDecimals = 766;  // behind the first digit: they show any float exactly
@@ -290,25 +293,24 @@ ExponentParts SignificantParts(double value, int digits) {
   return SplitExponent(NumberOf(SignificantText(value, digits)));
 }
 
-std::string PlainText(float value) { return ShortestText(value, 1e7f); }
+void AppendPlainText(std::string& text, float value) { AppendShortest(text, value, 1e7f); }
 
-std::string PlainText(double value) { return ShortestText(value, 1e15); }
+void AppendPlainText(std::string& text, double value) { AppendShortest(text, value, 1e15); }
 
-std::string PlainText(int value) {
-  char text[16];
-  return {text, std::to_chars(text, std::end(text), value).ptr};
+void AppendPlainText(std::string& text, int value) {
+  char digits[16];
+  text.append(digits, std::to_chars(digits, std::end(digits), value).ptr);
 }
 
-std::string PlainText(const Number& value) {
+void AppendPlainText(std::string& text, const Number& value) {
   switch (value.width()) {
     case Number::Width::Single:
-      return PlainText(value.Single());
+      return AppendPlainText(text, value.Single());
     case Number::Width::Double:
-      return PlainText(static_cast<double>(value));
+      return AppendPlainText(text, static_cast<double>(value));
     case Number::Width::Unset:
-      break;
+      text += '0';
   }
-  return "0";
 }
 
 }  // namespace velorix

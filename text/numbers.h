@@ -56,13 +56,20 @@ std::string SignificantText(double value, int digits);
 /// `SplitExponent` of what `SignificantText` shows.
 ExponentParts SignificantParts(double value, int digits);
 
-/// The plain text of a number: the shortest that reads back to the same value of its own width.
-/// Fixed notation ("0.0001"), or exponent form ("1.5E-05", "1E+09") when the decimal exponent is
-/// below -4, or at least 7 for a 32-bit and 15 for a 64-bit float. 0, -0.0 and an unset number give
-/// "0", a value that is not finite the empty text.
-std::string PlainText(float value);
-std::string PlainText(double value);
-std::string PlainText(int value);
-std::string PlainText(const Number& value);
+/// Puts the plain text of a number behind `text`: the shortest that reads back to the same value of
+/// its own width. Fixed notation ("0.0001"), or exponent form ("1.5E-05", "1E+09") when the decimal
+/// exponent is below -4, or at least 7 for a 32-bit and 15 for a 64-bit float. 0, -0.0 and an unset
+/// number give "0", a value that is not finite nothing.
+void AppendPlainText(std::string& text, float value);
+void AppendPlainText(std::string& text, double value);
+void AppendPlainText(std::string& text, int value);
+void AppendPlainText(std::string& text, const Number& value);
+/// The plain text alone.
+template <class Value>
+std::string PlainText(const Value& value) {
+  std::string text;
+  AppendPlainText(text, value);
+  return text;
+}
 
 }  // namespace velorix

@@ -23,10 +23,10 @@ GridTexts SmallGrid() {
   GridTexts grid;
   grid.Rows = grid.Columns = 2;
   grid.RowHeaderColumns = 1;
-  grid.Cell = [](int row, int column) {
+  grid.AppendCell = [](std::string& text, int row, int column) {
     const char* const texts[4][3] = {
         {"", "up per", ""}, {"ID", "Name", "Km"}, {"1", "µ 1", ""}, {"2", "漢", "-1.5E-05"}};
-    return std::string(texts[row + 2][column + 1]);
+    text += texts[row + 2][column + 1];
   };
   grid.IsSelected = [](int row) { return row == 1; };
   return grid;
@@ -72,9 +72,9 @@ TEST_F(ExportGridTest, FillsPrintZonesOfFourteen) {
   GridTexts grid;
   grid.Rows = 6;
   grid.Columns = 1;
-  grid.Cell = [](int row, int) {
+  grid.AppendCell = [](std::string& text, int row, int) {
     const int lengths[] = {0, 13, 14, 15, 28, 29};
-    return std::string(static_cast<std::size_t>(lengths[row]), 'x') + (row == 1 ? " " : "");
+    text.append(static_cast<std::size_t>(lengths[row]), 'x').append(row == 1 ? " " : "");
   };
   const std::size_t wanted[] = {14, 14, 14, 28, 28, 42};
   for (const char* delimiter : {"", "   "}) {
@@ -105,7 +105,7 @@ TEST_F(ExportGridTest, HeaderGoesOnlyIntoAFileWithoutContent) {
   EXPECT_EQ(BytesOf(Path("line")), "kept without an end" + rows);
   ASSERT_TRUE(ExportGrid(grid, Path("line"), {.Append = false}));
   EXPECT_EQ(BytesOf(Path("line")), whole);
-  ASSERT_TRUE(ExportGrid({.Columns = 1, .Cell = grid.Cell}, Path("none"), {}));
+  ASSERT_TRUE(ExportGrid({.Columns = 1, .AppendCell = grid.AppendCell}, Path("none"), {}));
   EXPECT_EQ(BytesOf(Path("none")), "Name ,\r\n");
 }
 
@@ -113,9 +113,8 @@ TEST_F(ExportGridTest, FailureLeavesTheOldFileAndSaysNothing) {
   OpenFile(WriteFile("a", 2));
   EXPECT_FALSE(ExportGrid(SmallGrid(), Path("none/out.csv"), {}));
   GridTexts failing = SmallGrid();
-  failing.Cell = [](int row, int) -> std::string {
+  failing.AppendCell = [](std::string&, int row, int) {
     if (row == 1) FailSubscript();
-    return "x";
   };
   PutFile(Path("old"), "old");
   EXPECT_THROW(ExportGrid(failing, Path("old"), {}), Fault);
