@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "plot/colour_scales.h"
-#include "plot/recorder.h"
+#include "tests/plot/calls.h"
 
 namespace velorix {
 namespace {
@@ -20,11 +20,10 @@ struct Bar {
 
 std::vector<Bar> Bars(const std::vector<DrawCall>& calls, Colour colour, double highest) {
   std::vector<Bar> bars;
-  for (const DrawCall& call : calls)
-    if (const auto* p = std::get_if<PolygonCall>(&call);
-        p && p->brush == colour && p->pen.style == Solid)
+  for (const PolygonCall& p : CallsOf<PolygonCall>(calls))
+    if (p.brush == colour && p.pen.style == Solid)
       bars.push_back(
-          {p->points[0].x, static_cast<int>(std::lround((245 - p->points[2].y) * highest / 205))});
+          {p.points[0].x, static_cast<int>(std::lround((245 - p.points[2].y) * highest / 205))});
   return bars;
 }
 
@@ -51,10 +50,7 @@ TEST(Histogram, FixedRangesMakeTheClasses) {
 }
 
 TEST(Histogram, KmeanIsDividedByItsPowerOfTen) {
-  std::string texts;
-  for (const DrawCall& call : Histo({4.9e-4, 5.6e-4, 5.75e-4}, Kmean))
-    if (const auto* text = std::get_if<TextCall>(&call)) texts += text->text + "|";
-  EXPECT_EQ(texts,
+  EXPECT_EQ(WordsOf(Histo({4.9e-4, 5.6e-4, 5.75e-4}, Kmean)),
             "Kmean| 5.00| 5.20| 5.40| 5.60| 5.80|Kmean [10^-4 SI]| 0.0| 0.2| 0.4| 0.6| 0.8| 1.0| "
             "1.2|Counts |");
 }

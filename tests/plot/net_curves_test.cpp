@@ -5,8 +5,8 @@
 #include <cmath>
 #include <random>
 
-#include "plot/recorder.h"
 #include "tensor/rotations.h"
+#include "tests/plot/calls.h"
 
 namespace velorix {
 namespace {
@@ -15,9 +15,7 @@ constexpr Net Screen = {180, 190, 310};
 using Line = std::vector<LogicalPoint>;
 
 std::vector<PolylineCall> LinesOf(const Recorder& recorder) {
-  std::vector<PolylineCall> lines;
-  for (const DrawCall& call : recorder.calls) lines.push_back(std::get<PolylineCall>(call));
-  return lines;
+  return CallsOf<PolylineCall>(recorder.calls);
 }
 
 /// Columns: the direction and two at right angles to it.

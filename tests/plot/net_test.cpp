@@ -2,28 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include "plot/recorder.h"
+#include "tests/plot/calls.h"
 
 namespace velorix {
 namespace {
 
-constexpr Net Screen = {180, 190, 310};
-
 TEST(DrawNet, NamesTheAxesOfEachCoordinateSystem) {
-  const struct {
-    std::int16_t coorSys;
-    std::vector<std::string> names;
-  } rows[] = {
-      {0, {"0", "90", "180", "270"}}, {1, {"X", "Y", "-X", "-Y"}}, {2, {"N", "90", "180", "270"}},
-      {3, {"N", "90", "180", "270"}}, {4, {"X", "Y", "-X", "-Y"}}, {5, {"0", "90", "180", "270"}},
-  };
-  for (const auto& row : rows) {
+  const char* const names[] = {"0|90|180|270|", "X|Y|-X|-Y|", "N|90|180|270|",
+                               "N|90|180|270|", "X|Y|-X|-Y|", "0|90|180|270|"};
+  for (std::int16_t coorSys = 0; coorSys <= 5; ++coorSys) {
     Recorder recorder;
-    DrawNet(recorder, row.coorSys, EqualArea, Screen, Black, 14);
-    std::vector<std::string> names;
-    for (const DrawCall& call : recorder.calls)
-      if (const auto* text = std::get_if<TextCall>(&call)) names.push_back(text->text);
-    EXPECT_EQ(names, row.names) << row.coorSys;
+    DrawNet(recorder, coorSys, EqualArea, {180, 190, 310}, Black, 14);
+    EXPECT_EQ(WordsOf(recorder.calls), names[coorSys]) << coorSys;
   }
 }
 

@@ -4,9 +4,9 @@
 
 #include <algorithm>
 
-#include "plot/recorder.h"
 #include "plot/stereo.h"
 #include "store/session.h"
+#include "tests/plot/calls.h"
 
 namespace velorix {
 

@@ -98,17 +98,15 @@ TEST(StereoRecords, EllipsesTakeTheBlockInViewAndNothingThatIsNoNumber) {
   records[1].HasIm = true;
   records[1].E[3] = records[1].E2[3] = 10.0;
   const auto ellipses = [&](std::int16_t block) {
-    const auto calls = OverTheNet(records, options, GroupStats(), Geographic, block);
-    return std::count_if(calls.begin(), calls.end(), [](const DrawCall& call) {
-      return std::holds_alternative<PolylineCall>(call);
-    });
+    return CallsOf<PolylineCall>(OverTheNet(records, options, GroupStats(), Geographic, block))
+        .size();
   };
-  EXPECT_EQ(ellipses(InPhase), 1);
-  EXPECT_EQ(ellipses(OutOfPhase), 0);
+  EXPECT_EQ(ellipses(InPhase), 1u);
+  EXPECT_EQ(ellipses(OutOfPhase), 0u);
   records[1].EIm[3] = records[1].E2Im[3] = 10.0;
-  EXPECT_EQ(ellipses(OutOfPhase), 1);
+  EXPECT_EQ(ellipses(OutOfPhase), 1u);
   records[1].E2[3] = NAN;
-  EXPECT_EQ(ellipses(InPhase), 0);
+  EXPECT_EQ(ellipses(InPhase), 0u);
 }
 
 TEST(StereoRecords, DataLinesRunToTheOriginForRecordsOutOfView) {
@@ -162,12 +160,7 @@ TEST(StereoColours, KmeanTakesAPowerOfTenAndNumbersCountTheShown) {
   RecordArray records = Uprights(4, 2);
   double km = 0.002;
   for (SpecimenRecord& r : records) r.Km = km += 0.001;
-  const auto textsOf = [&] {
-    std::string texts;
-    for (const DrawCall& call : OverTheNet(records, options))
-      if (const auto* text = std::get_if<TextCall>(&call)) texts += text->text + "|";
-    return texts;
-  };
+  const auto textsOf = [&] { return WordsOf(OverTheNet(records, options)); };
   EXPECT_EQ(textsOf(), " 3.0| 3.5| 4.0| 4.5| 5.0| 5.5| 6.0| 6.5|Kmean [10^-3 SI]|");
   options.odclStereoColorCoding = 0;
   records[1].Active = false;  // the selected record is number 1 now, the others 2 and 3
@@ -183,8 +176,8 @@ TEST(FieldNet, ColoursItsPointsAndShowsAStrip) {
   const FieldPoint points[] = {{{0, 90}, 5}, {{90, 0}, 7}, {{10, NAN}, 6}};
   DrawFieldNet(recorder, Geographic, {}, points);
   std::vector<Brush> fills;
-  for (const DrawCall& call : recorder.calls)
-    if (const auto* circle = std::get_if<EllipseCall>(&call)) fills.push_back(circle->brush);
+  for (const EllipseCall& circle : CallsOf<EllipseCall>(recorder.calls))
+    fills.push_back(circle.brush);
   EXPECT_EQ(fills, (std::vector<Brush>{NoBrush, Red, Blue}));  // the primitive circle first
   EXPECT_EQ(std::get<PolylineCall>(recorder.calls.back()).pen.colour, Blue);
 }

@@ -2,17 +2,13 @@
 
 #include <limits>
 
-#include "plot/axes.h"
 #include "tests/plot/stereo_drawing.h"
 
 namespace velorix {
 namespace {
 
-std::string TextStartingWith(const std::vector<DrawCall>& calls, std::string_view start) {
-  for (const DrawCall& call : calls)
-    if (const auto* text = std::get_if<TextCall>(&call); text && text->text.starts_with(start))
-      return text->text;
-  return {};
+bool Says(const std::vector<DrawCall>& calls, const std::string& word) {
+  return ("|" + WordsOf(calls)).find("|" + word + "|") != std::string::npos;
 }
 
 TEST(DrawStereo, BeginsTransparentAndWithTheBlackNet) {
@@ -25,9 +21,9 @@ TEST(DrawStereo, BeginsTransparentAndWithTheBlackNet) {
 TEST(DrawStereo, ACaptionNamesTheSystemInView) {
   StereoOptions options = NetOnly();
   options.chkCaption[0] = true;
-  EXPECT_EQ(TextStartingWith(Drawn({}, options, Specimen), "Spec"), "Specimen");
-  EXPECT_EQ(TextStartingWith(Drawn({}, options, Paleogeographic), "Pal"), "Paleogeographic");
-  EXPECT_EQ(TextStartingWith(Drawn({}, options, Tectonic), "Tec"), "Tectonic");
+  EXPECT_TRUE(Says(Drawn({}, options, Specimen), "Specimen"));
+  EXPECT_TRUE(Says(Drawn({}, options, Paleogeographic), "Paleogeographic"));
+  EXPECT_TRUE(Says(Drawn({}, options, Tectonic), "Tectonic"));
 }
 
 TEST(DrawStereo, LegendHasARowForEachAxisThatIsOn) {
@@ -75,21 +71,15 @@ TEST(DrawStereo, LeavesOutRecordsThatTheViewDoesNotShow) {
   store[4].HasIm = true;
   const struct {
     std::int16_t coorSys, reImMode;
-    const char* count;
-  } rows[] = {
-      {Geographic, 1, "N = 2"}, {Geographic, 2, "N = 1"}, {Geographic, 3, "N = 0"},
-      {Tectonic, 1, "N = 1"},   {Specimen, 1, "N = 0"},
-  };
+    int count;
+  } rows[] = {{Geographic, 1, 2}, {Geographic, 2, 1}, {Geographic, 3, 0}, {Tectonic, 1, 1}};
   StereoOptions options = NetOnly();
   options.chkData = options.chkCaption[0] = true;
   for (const auto& row : rows) {
     const std::vector<DrawCall> calls = Drawn(store, options, row.coorSys, row.reImMode);
-    EXPECT_EQ(TextStartingWith(calls, "N ="), row.count) << row.coorSys << " " << row.reImMode;
-    const auto circles = std::count_if(calls.begin(), calls.end(), [](const DrawCall& call) {
-      const auto* ellipse = std::get_if<EllipseCall>(&call);
-      return ellipse && ellipse->brush == Axes[3].colour;
-    });
-    EXPECT_EQ("N = " + std::to_string(circles), row.count);
+    EXPECT_TRUE(Says(calls, "N = " + std::to_string(row.count)));
+    const auto circles = CallsOf<EllipseCall>(calls).size() - 1;  // without the primitive circle
+    EXPECT_EQ(circles, static_cast<std::size_t>(row.count));
   }
 }
 
@@ -101,7 +91,7 @@ TEST(DrawStereo, ADirectionThatIsNotFiniteIsNotDrawnButItsRecordCounts) {
   options.chkData = true;
   EXPECT_EQ(ToText(OverTheNet(store, options)),
             "ellipse (174,184) (186,196) pen 0 0 1 brush FF0000\n");
-  EXPECT_EQ(TextStartingWith(Drawn(store, {}), "N ="), "N = 1");
+  EXPECT_TRUE(Says(Drawn(store, {}), "N = 1"));
 }
 
 TEST(DrawStereo, AFactorOnTheGeometryScalesEveryPlace) {

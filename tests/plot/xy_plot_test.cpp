@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "plot/parameters.h"
-#include "plot/recorder.h"
+#include "tests/plot/calls.h"
 
 namespace velorix {
 namespace {
@@ -28,14 +28,6 @@ Session Records(const std::vector<Point>& values) {
   return session;
 }
 
-template <class Call>
-std::vector<Call> CallsOf(const Recorder& recorder) {
-  std::vector<Call> found;
-  for (const DrawCall& call : recorder.calls)
-    if (const auto* one = std::get_if<Call>(&call)) found.push_back(*one);
-  return found;
-}
-
 TEST(XYPlot, PlacesPointsByTheirAxesAndKeepsThePlaces) {
   Session session = Records({{0, 0}, {6, 4}, {3.5, 1.8}});
   Recorder recorder;
@@ -49,7 +41,7 @@ TEST(XYPlot, PlacesPointsByTheirAxesAndKeepsThePlaces) {
   EXPECT_DOUBLE_EQ(session.Records[3].PlotX[3], 202.5);
   EXPECT_DOUBLE_EQ(session.Records[3].PlotY[3], 163);
   EXPECT_EQ(session.Records[3].PlotX[4].width(), Number::Width::Unset);
-  EXPECT_EQ(CallsOf<EllipseCall>(recorder).size(), 3u);
+  EXPECT_EQ(CallsOf<EllipseCall>(recorder.calls).size(), 3u);
 }
 
 TEST(XYPlot, LeavesOutWhatIsNoNumberOrOutsideAnImposedRange) {
@@ -60,7 +52,7 @@ TEST(XYPlot, LeavesOutWhatIsNoNumberOrOutsideAnImposedRange) {
   const auto axes = DrawXYPlot(session, recorder, PlotGeometry(), {.x = Field, .y = FTest}, 3);
   ASSERT_TRUE(axes);
   EXPECT_EQ(axes->y.range.upper, 3.5);
-  EXPECT_EQ(CallsOf<EllipseCall>(recorder).size(), 1u);
+  EXPECT_EQ(CallsOf<EllipseCall>(recorder.calls).size(), 1u);
   for (int i : {1, 2, 3}) EXPECT_TRUE(std::isnan(session.Records[i].PlotX[3])) << i;
   EXPECT_FALSE(std::isnan(session.Records[4].PlotX[3]));
 }
@@ -75,7 +67,7 @@ TEST(XYPlot, LinesGoInStoreOrderAndEndAtTheFrame) {
   const PlotGeometry plot = {.left = 0, .bottom = 100, .width = 100, .height = 100};
   Recorder recorder;
   PaintXYPlot(recorder, plot, points, axis, axis, std::nullopt, look);
-  const auto lines = CallsOf<PolylineCall>(recorder);
+  const auto lines = CallsOf<PolylineCall>(recorder.calls);
   ASSERT_EQ(lines.size(), 1u);
   EXPECT_EQ(lines[0].points, (std::vector<LogicalPoint>{{50, 50}, {100, 0}}));
 }
@@ -95,7 +87,7 @@ TEST(XYPlot, BearsTheWidestRanges) {
   const XYPlotOptions options = {.x = Field, .y = FTest, .lines = true};
   Recorder wide, widest;
   EXPECT_TRUE(DrawXYPlot(Records({{0, 1e-300}, {1, 1e300}}), wide, PlotGeometry(), options));
-  EXPECT_EQ(CallsOf<EllipseCall>(wide).size(), 2u);
+  EXPECT_EQ(CallsOf<EllipseCall>(wide.calls).size(), 2u);
   EXPECT_LT(wide.calls.size(), 1000u);
   // The scale itself leaves the numbers.
   EXPECT_FALSE(DrawXYPlot(Records({{0, -1.7e308}, {1, 1.7e308}}), widest, PlotGeometry(), options));
@@ -109,7 +101,7 @@ TEST(PlotAxis, LabelsDontRunIntoEachOther) {
     Recorder recorder;
     DrawXAxis(recorder, plot, axis);
     int last = -1000;
-    for (const TextCall& text : CallsOf<TextCall>(recorder)) {
+    for (const TextCall& text : CallsOf<TextCall>(recorder.calls)) {
       if (text.style.weight != 400) continue;  // the title
       EXPECT_GT(text.point.x - last, 24) << step;
       last = text.point.x;
