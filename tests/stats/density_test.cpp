@@ -151,20 +151,6 @@ TEST_F(Density, OfOneDatumPeaksThereAndAtItsOppositeEnd) {
   EXPECT_NEAR(Count.ContourMax / Count.ContourMin, std::exp(20.0), std::exp(20.0) * 1e-5);
 }
 
-TEST_F(Density, TurnsWithTheData) {
-  const ContourData data = RandomData(60, 3);
-  ContourData turned;
-  for (std::size_t d = 0; d < data.Dec.size(); ++d) turned.Add(data.Dec[d] + 90, data.Inc[d]);
-  ASSERT_TRUE(Run(data, 20));
-  const std::vector<float> density = Grid.Density;
-  ASSERT_TRUE(Run(turned, 20));
-  // East and west the nodes' declinations stand on an arc sine near 1, true to 0.02 degrees.
-  ForComputed([&](int i, int j) {
-    const float before = density[At(i, j)];
-    ASSERT_NEAR(Of(300 - j, i), before, 4e-3f * (1 + before)) << i << " " << j;
-  });
-}
-
 TEST_F(Density, LiesOnStraightLinesBetweenComputedNodes) {
   ASSERT_TRUE(Run(RandomData(30, 5), 40));
   for (const int i : {60, 150, 219})

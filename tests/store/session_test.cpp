@@ -29,21 +29,13 @@ TEST(RecordArray, HoldsAtMost32767RecordsAndThenStaysAsItWas) {
   RecordArray records = Named({"first"});
   EXPECT_EQ(records.Grow(32766), 2);
   records[32767].Name = "last";
-  const auto refused = [&records](int n) {
+  for (const int n : {1, -1, std::numeric_limits<int>::max()}) {
     EXPECT_THROW(records.Grow(n), Fault) << n;
     EXPECT_EQ(records.Count(), 32767);
-  };
-  refused(1);
-  refused(-1);
-  refused(std::numeric_limits<int>::max());
+  }
   EXPECT_THROW(records.Add(SpecimenRecord{}), Fault);
   EXPECT_EQ(records[1].Name, "first");
   EXPECT_EQ(records[32767].Name, "last");
-  try {
-    records.Grow(1);
-  } catch (const Fault& fault) {
-    EXPECT_STREQ(fault.what(), "Overflow");
-  }
 }
 
 TEST(RecordArray, GrowGivesEmptyRecordsAlsoInMemoryThatWasUsed) {
