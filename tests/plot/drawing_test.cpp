@@ -100,10 +100,6 @@ TEST(DrawSymbol, Symbol13IsOffAtItsFirstCornerAndSymbol33IsNot) {
   EXPECT_EQ(firstStroke(33), "polyline (-254,-254) (454,454) pen 1 FF 3");
 }
 
-TEST(DrawSymbol, TriangleIsAsHighAsWide) {
-  EXPECT_EQ(ShapesOf(SymbolAt100(2, 10000)), "polygon (-4900,2987) (100,-7013) (5100,2987)");
-}
-
 TEST(DrawSymbol, PenOfWidth0IsMadeWidth1InTheCallersVariableToo) {
   for (const std::int16_t type : {std::int16_t{-1}, std::int16_t{1}, std::int16_t{5}}) {
     Recorder recorder;

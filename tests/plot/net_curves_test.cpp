@@ -103,16 +103,6 @@ TEST(ConfidenceEllipse, DrawsNothingWithoutASemiAxisOrANumber) {
   EXPECT_TRUE(EllipseAt({std::nan(""), 20}, 5, 5).empty());
 }
 
-TEST(ConfidenceEllipse, LaysItsSemiAxesTowardTheOtherTwoDirections) {
-  // Axis 3 down: E1 points to column 2 (east), E2 to column 1 (north).
-  Recorder recorder;
-  const Matrix<3, 3> identity{1, 0, 0, 0, 1, 0, 0, 0, 1};
-  DrawConfidenceEllipse(recorder, Screen, EqualArea, false, {3, identity, 30, 10, 0}, {});
-  const Line line = LinesOf(recorder).at(0).points;
-  EXPECT_EQ(line[0], PlaceOf({90, 60}));
-  EXPECT_EQ(line[91], PlaceOf({0, 80}));
-}
-
 TEST(ConfidenceEllipse, ShowsTheUpperHemisphereByDashes) {
   const auto arcs = EllipseAt({0, 0}, 10, 10, true);
   ASSERT_GE(arcs.size(), 3u);
