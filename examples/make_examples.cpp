@@ -3,6 +3,7 @@
 
 #include "datafiles/safe_write.h"
 #include "examples/example_sites.h"
+#include "examples/ged_sites.h"
 #include "examples/ran_sites.h"
 
 // make_examples FOLDER: writes the example files.
@@ -19,6 +20,8 @@ int main(int argc, char** argv) {
     using namespace velorix::examples;
     for (const ExampleFile& file : ExampleFiles()) write(file.Name, FileBytes(file));
     for (const ExampleFile& file : RanExampleFiles()) write(file.Name, RanFileBytes(file));
+    write(UnorientedFile().Name, FileBytes(UnorientedFile()));
+    write("granite.ged", GraniteGedBytes());
   } catch (const std::exception& fault) {
     std::cerr << fault.what() << "\n";
     return 1;

@@ -20,11 +20,9 @@ struct Choice {
   int First;  // position of the first word
 };
 
-/// Where an option's value goes. An option without such a place comes with a later version: it is
-/// known, so that a script fails with a clear word and not halfway.
-using Place = std::variant<std::monostate, Choice, bool Arguments::*, int Arguments::*,
-                           std::string Arguments::*, std::vector<int> Arguments::*>;
-constexpr std::monostate Later;
+/// Where an option's value goes.
+using Place = std::variant<Choice, bool Arguments::*, int Arguments::*, std::string Arguments::*,
+                           std::vector<int> Arguments::*, std::vector<std::string> Arguments::*>;
 
 struct OptionRow {
   const char* Name;
@@ -48,7 +46,7 @@ const OptionRow Options[] = {
     {"--next",          "N",                         "after opening, open the next file N times",       &Arguments::Next},
     {"--previous",      "N",                         "after opening, open the previous file N times",   &Arguments::Previous},
     {"--settings",      "FILE",                      "settings to use; mended when missing or bad",     &Arguments::SettingsFile},
-    {"--ged",           "FILE",                      "geological file to read; may be repeated",        Later, true},
+    {"--ged",           "FILE",                      "geological file to read; may be repeated",        &Arguments::Ged, true},
     {"--assign-ged",    "",                          "orientations from the geological files",          &Arguments::AssignGed},
     {"--coor",          "spec|geo|paleo|tecto",      "coordinate system; default geo",                  Choice{&Arguments::CoorSys, 0}},
     {"--block",         "kre|kim",                   "in-phase or out-of-phase tensor; default kre",    Choice{&Arguments::Block, 0}},
@@ -71,8 +69,8 @@ const OptionRow Options[] = {
     {"--contour-image", "FILE",                      "the contour picture, png",                        &Arguments::ContourImage},
     {"--save",          "FILE",                      "all records, as .ams or .ran",                    &Arguments::Save},
     {"--save-selected", "FILE",                      "the selected records, as .ams or .ran",           &Arguments::SaveSelected},
-    {"--geo-json",      "FILE",                      "the geological records as JSON",                  Later},
-    {"--write-ged",     "FILE",                      "the geological records as a geological file",     Later},
+    {"--geo-json",      "FILE",                      "the geological records as JSON",                  &Arguments::GeoJson},
+    {"--write-ged",     "FILE",                      "the geological records as a geological file",     &Arguments::WriteGed},
     {"--force",         "",                          "overwrite existing outputs",                      &Arguments::Force},
     {"--quiet",         "",                          "no progress and no summary",                      &Arguments::Quiet},
 };
@@ -104,9 +102,11 @@ struct TakeValue {
   const OptionRow& Row;
   const std::string& Text;
 
-  void operator()(std::monostate) const {}
   void operator()(bool Arguments::*member) const { To.*member = true; }
   void operator()(std::string Arguments::*member) const { To.*member = Text; }
+  void operator()(std::vector<std::string> Arguments::*member) const {
+    (To.*member).push_back(Text);
+  }
   void operator()(int Arguments::*member) const { To.*member = CountOf(Row, Text); }
   void operator()(std::vector<int> Arguments::*member) const {
     for (const std::string& id : Split(Text, ',')) (To.*member).push_back(CountOf(Row, id));
@@ -120,24 +120,21 @@ struct TakeValue {
   }
 };
 
-/// Lets the parser know an option; a later one that is given is noted in `later`.
-void AddOption(CLI::App& app, Arguments& a, const OptionRow& row, std::string& later) {
-  const bool built = row.Place.index() != 0;
-  const std::string help = std::string(row.Help) + (built ? "" : " (not available yet)");
-  const auto take = [&a, &row, &later, built](const std::string& text) {
-    if (!built && later.empty()) later = row.Name;
+/// Lets the parser know an option.
+void AddOption(CLI::App& app, Arguments& a, const OptionRow& row) {
+  const auto take = [&a, &row](const std::string& text) {
     std::visit(TakeValue{a, row, text}, row.Place);
   };
   if (row.Value.empty()) {
     app.add_flag_callback(
-        row.Name, [take] { take(""); }, help);
+        row.Name, [take] { take(""); }, row.Help);
     return;
   }
   const auto takeAll = [take](const std::vector<std::string>& texts) {
     for (const std::string& text : texts) take(text);
   };
   CLI::Option* const option =
-      app.add_option_function<std::vector<std::string>>(row.Name, takeAll, help);
+      app.add_option_function<std::vector<std::string>>(row.Name, takeAll, row.Help);
   option->type_name(row.Value)->allow_extra_args(false)->expected(1);
   option->multi_option_policy(row.Repeats ? CLI::MultiOptionPolicy::TakeAll
                                           : CLI::MultiOptionPolicy::Throw);
@@ -163,8 +160,9 @@ std::string FilesComplaint(const Arguments& a) {
   for (auto output = outputs.begin(); output != outputs.end(); ++output) {
     for (auto other = outputs.begin(); other != output; ++other)
       if (SameFile(*other, *output)) return *output + " is named for two outputs.";
-    for (const std::string& input : a.Files)
-      if (SameFile(input, *output)) return *output + " is both read and written.";
+    for (const std::vector<std::string>* inputs : {&a.Files, &a.Ged})
+      for (const std::string& input : *inputs)
+        if (SameFile(input, *output)) return *output + " is both read and written.";
     if (!a.SettingsFile.empty() && SameFile(a.SettingsFile, *output))
       return *output + " is the settings file.";
   }
@@ -189,6 +187,9 @@ std::string Complaint(Arguments& a) {
     return "--smooth, --contour-json and --contour-image need --contour.";
   if (a.Grid.empty() && (a.Delimiter >= 0 || a.Append))
     return "--delimiter and --append need --grid.";
+  if (a.Ged.empty() && (a.AssignGed || !a.GeoJson.empty() || !a.WriteGed.empty()))
+    return "--assign-ged, --geo-json and --write-ged need --ged.";
+  if (a.WriteGed == "-") return "--write-ged needs the name of a file.";
   if (a.Grid == "-") return "--grid needs the name of a file.";
   if (!a.Page.empty() && UpperCase(ExtensionOf(a.Page)) != "WMF") {
     const std::string complaint = PictureComplaint(a.Page);
@@ -209,21 +210,20 @@ EarlyEnd WrongUsage(const std::string& text) {
 
 std::vector<std::string> Arguments::Outputs() const {
   std::vector<std::string> outputs;
-  for (const std::string* output :
-       {&Save, &SaveSelected, &Records, &Grid, &Table, &Stats, &Page, &ContourJson, &ContourImage})
+  for (const std::string* output : {&Save, &SaveSelected, &Records, &Grid, &Table, &Stats, &Page,
+                                    &ContourJson, &ContourImage, &GeoJson, &WriteGed})
     if (!output->empty()) outputs.push_back(*output);
   return outputs;
 }
 
 std::variant<Arguments, EarlyEnd> ParseArguments(int argc, const char* const* argv) {
   Arguments a;
-  std::string later;
   CLI::App app("Velorix without a window: the same routines on the same files, for scripts.",
                "velorix-batch");
   app.allow_windows_style_options(false);
   app.set_version_flag("--version", std::string("velorix-batch ") + Version);
   app.add_option("FILE", a.Files, "files to read, all by one reader, in this order")->type_name("");
-  for (const OptionRow& row : Options) AddOption(app, a, row, later);
+  for (const OptionRow& row : Options) AddOption(app, a, row);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
@@ -233,7 +233,6 @@ std::variant<Arguments, EarlyEnd> ParseArguments(int argc, const char* const* ar
   } catch (const CLI::ParseError& error) {
     return WrongUsage(error.what());
   }
-  if (!later.empty()) return EarlyEnd{2, later + " is not available yet.\n"};
   const std::string complaint = Complaint(a);
   if (!complaint.empty()) return WrongUsage(complaint);
   return a;

@@ -13,6 +13,7 @@ struct Arguments {
   bool Reload = false;
   int Next = 0, Previous = 0;
   std::string SettingsFile;
+  std::vector<std::string> Ged;  // geological files
   bool AssignGed = false;
   int CoorSys = 1, Block = 0, Plane = 0, Axis = 0;  // list positions from 0
   std::string FoliCode, LineCode;
@@ -22,8 +23,8 @@ struct Arguments {
   std::string ContourJson, ContourImage;
   int Delimiter = -1;   // of the grid, from 0; -1: comma
   bool Append = false;  // the grid to its file
-  std::string Records, Grid, Table, Stats, Page, Save,
-      SaveSelected;  // outputs; "-": standard output, JSON only
+  // Outputs; "-": standard output.
+  std::string Save, SaveSelected, Records, Grid, Table, Stats, Page, GeoJson, WriteGed;
   bool Force = false, Quiet = false;
 
   /// The outputs named, in the order in which they are made.

@@ -14,6 +14,7 @@
 #include "app/export_grid.h"
 #include "app/graphics_page.h"
 #include "app/settings_file.h"
+#include "datafiles/ged_file.h"
 #include "datafiles/safe_write.h"
 #include "platform/batch/contour_output.h"
 #include "platform/batch/json.h"
@@ -71,6 +72,7 @@ struct BatchViews : Views {
   void RefreshGroupStatistics() override {}
   void ShowAbout() override {}
   void ShowOrientationEditor() override {}
+  void ShowGedEditor() override {}
   void ShowOrientationParameters() override {}
   void ShowFactorChoice() override {}
   void Exit() override {}
@@ -90,7 +92,7 @@ class Batch {
     ChooseView();
     if (!Open()) return 1;
     if (!Step()) return 1;
-    if (!AssignOrientations()) return 1;
+    if (!ReadGeology() || !AssignOrientations()) return 1;
     ChooseCodes();
     if (!ChooseRecords()) return 2;
     if (!views_.Status.empty() && !dialogs_.Complained) std::cerr << views_.Status << "\n";
@@ -177,6 +179,20 @@ class Batch {
     for (int i = 0; good && i < a_.Next; ++i) good = Command("mnuOpenNext");
     for (int i = 0; good && i < a_.Previous; ++i) good = Command("mnuOpenPrevious");
     return good;
+  }
+
+  bool ReadGeology() {
+    for (const std::string& file : a_.Ged) {
+      Outcome outcome;
+      dialogs_.Complained = false;
+      Guarded(velorix_, [&] { outcome = ReadGedFile(file, velorix_.Session.GeoRecords); });
+      if (dialogs_.Complained) return false;
+      if (outcome) continue;
+      if (outcome.Text.empty()) outcome = Outcome::Refused(file, "no sample could be read.");
+      std::cerr << outcome.Title << ": " << outcome.Text << "\n";
+      return false;
+    }
+    return true;
   }
 
   /// Which records had no sample is told on standard error: the rest goes on without them.
@@ -285,6 +301,9 @@ class Batch {
           Write(a_.Stats, [&](std::ostream& out) {
             WriteStatsJson(out, velorix_.GroupStats, velorix_.Session.Settings);
           });
+          Write(a_.GeoJson,
+                [&](std::ostream& out) { WriteGeoJson(out, velorix_.Session.GeoRecords); });
+          if (!a_.WriteGed.empty()) (void)WriteGedFile(a_.WriteGed, velorix_.Session.GeoRecords);
           Write(a_.ContourJson, [&](std::ostream& out) { WriteContourJson(out, velorix_); });
         });
     return written && WriteGrid() && WritePage() && WriteContourImage();

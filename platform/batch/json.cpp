@@ -77,12 +77,30 @@ class ObjectWriter {
   bool empty_ = true;
 };
 
-void WriteRecord(std::ostream& out, const SpecimenRecord& record) {
+/// The fields of `record` for whose names `wanted` holds.
+template <class Wanted>
+void WriteRecord(std::ostream& out, const SpecimenRecord& record, Wanted wanted) {
   ObjectWriter object(out, 2);
-  ForEachField(record, [&object](std::string_view name, const auto& field) {
-    if (name != "PlotX" && name != "PlotY") object.Add(name, field);
+  ForEachField(record, [&](std::string_view name, const auto& field) {
+    if (wanted(name)) object.Add(name, field);
   });
   object.End();
+}
+
+bool IsNoPlace(std::string_view name) { return name != "PlotX" && name != "PlotY"; }
+
+/// `Add`s the records as a list, and calls `tell` with the number written so far.
+template <class Wanted, class Tell>
+void AddRecords(ObjectWriter& object, std::ostream& out, const char* name,
+                const RecordArray& records, Wanted wanted, Tell tell) {
+  object.Field(name) << '[';
+  int done = 0;
+  for (const SpecimenRecord& record : records) {
+    out << (done == 0 ? "\n  " : ",\n  ");
+    WriteRecord(out, record, wanted);
+    tell(++done);
+  }
+  out << (done == 0 ? "]" : "\n ]");
 }
 
 /// A list of the slots for which `shown` holds, null for the others; one null when none does.
@@ -119,14 +137,20 @@ void WriteRecordsJson(std::ostream& out, const Session& session,
   object.Add("ReImMode", session.ReImMode);
   object.Add("FoliCode", session.FoliCode);
   object.Add("LineCode", session.LineCode);
-  object.Field("Records") << '[';
-  int done = 0;
-  for (const SpecimenRecord& record : session.Records) {
-    out << (done == 0 ? "\n  " : ",\n  ");
-    WriteRecord(out, record);
-    tell(++done);
-  }
-  out << (done == 0 ? "]" : "\n ]");
+  AddRecords(object, out, "Records", session.Records, IsNoPlace, tell);
+  object.End();
+  out << '\n';
+}
+
+void WriteGeoJson(std::ostream& out, const RecordArray& geoRecords) {
+  bool geological = false;  // the fields from Site to LineInc
+  const auto wanted = [&](std::string_view name) {
+    geological = geological ? name != "Km" : name == "Site";
+    return geological || name == "Name";
+  };
+  ObjectWriter object(out, 0);
+  object.Add("GeoRecordCount", geoRecords.Count());
+  AddRecords(object, out, "GeoRecords", geoRecords, wanted, [](int) {});
   object.End();
   out << '\n';
 }

@@ -16,6 +16,9 @@ namespace velorix {
 void WriteRecordsJson(std::ostream& out, const Session& session,
                       const std::function<void(int)>& tell);
 
+/// The geological records: their names and geological fields.
+void WriteGeoJson(std::ostream& out, const RecordArray& geoRecords);
+
 /// The group statistics under the names of their fields; null where the group is too small for a
 /// field, or the statistics failed before it.
 void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings);
