@@ -164,11 +164,17 @@ TEST(GedFile, TheExampleIsWhatTheMakerWrites) {
   EXPECT_EQ(bytes.str(), examples::GraniteGedBytes());
 }
 
-TEST(GedFile, FieldsLieWithoutGapsInALine) {
+TEST(GedFile, FieldsLieWithoutGapsInALineAsThePageTells) {
+  std::ifstream in(VELORIX_SOURCE_DIR "/docs/formats/ged.md");
+  std::stringstream page;
+  page << in.rdbuf();
   for (const auto fields : {GedHeaderFields(), GedSampleFields()}) {
     int end = 0;
     for (const GedField& field : fields) {
       EXPECT_EQ(field.Offset, end) << field.Name;
+      const std::string row = "| " + std::to_string(field.Offset) + " | " +
+                              std::to_string(field.Width) + " | " + field.Name + " |";
+      EXPECT_NE(page.str().find(row), std::string::npos) << row;
       end += field.Width;
     }
     EXPECT_EQ(end, GedLineLength);
