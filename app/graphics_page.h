@@ -14,7 +14,7 @@ inline constexpr PlaneSize GraphicsPage = {900, 800};
 /// Its units an inch.
 inline constexpr int PageUnitsPerInch = 100;
 
-/// The scale of pictures of pixels.
+/// The scale of pictures of pixels. They are 1280 pixels high and hold the whole width of the page.
 inline constexpr double BitmapScale = 1.6;
 
 /// Draws the plots that `velorix.Page` chooses. The places in `PlotX` and `PlotY` stay as the

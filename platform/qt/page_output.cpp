@@ -9,14 +9,16 @@
 
 #include "platform/host/picture_file.h"
 #include "platform/qt/busy_cursor.h"
+#include "platform/qt/metafile_clipboard.h"
 #include "platform/qt/picture_bytes.h"
 #include "platform/qt/widgets.h"
+#include "plot/metafile_target.h"
 
 namespace velorix {
 namespace {
 
 /// The names that programs ask for a metafile by.
-constexpr const char* MetafileNames[] = {
+[[maybe_unused]] constexpr const char* MetafileNames[] = {
     "image/x-wmf", "image/wmf", "application/x-openoffice-wmf;windows_formatname=\"Image WMF\""};
 
 Outcome AskAndPrint(QWidget* owner, const std::string& document, PlaneSize plane,
@@ -43,11 +45,19 @@ void GivePictures(Host& host, QWidget* owner) {
   };
 }
 
-void CopyPicture(const std::string& metafile, PlaneSize plane, const Host::DrawPicture& draw) {
+void CopyPicture([[maybe_unused]] const std::string& metafile, PlaneSize plane,
+                 const Host::DrawPicture& draw) {
+  const QByteArray svg = PictureBytes("svg", plane, 1, draw);
+#ifdef _WIN32
+  MetafileTarget picture(std::nullopt);  // the clipboard tells the extent itself
+  draw(picture);
+  PutOnClipboard(picture.Bits(), svg.toStdString());
+#else
   auto* data = new QMimeData;
   for (const char* name : MetafileNames) data->setData(name, QByteArray::fromStdString(metafile));
-  data->setData("image/svg+xml", PictureBytes("svg", plane, 1, draw));
+  data->setData("image/svg+xml", svg);
   QGuiApplication::clipboard()->setMimeData(data);
+#endif
 }
 
 PlaneFit PrintPlace(PlaneSize plane, const QSizeF& page) {

@@ -186,6 +186,9 @@ TEST_F(GraphicsPageTest, ExtensionChoosesTheEncoder) {
 TEST_F(GraphicsPageTest, OnlyTheMetafileFailsInSilence) {
   EXPECT_FALSE(ExportGraphics(Program, Path("none/a.wmf"), false));
   EXPECT_TRUE(Asked.Boxes.empty());
+  Program.Host.WritePicture = nullptr;  // a build without encoders
+  EXPECT_FALSE(ExportGraphics(Program, Path("a.png"), true));
+  EXPECT_EQ(Asked.Boxes.size(), 1u);
 }
 
 TEST_F(GraphicsPageTest, DialogAsksBeforeItWritesOverAFile) {
