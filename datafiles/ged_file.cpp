@@ -213,8 +213,9 @@ Outcome ReadGedText(const std::string& path, std::string_view text, RecordArray&
         records.Truncate(before);
         return RefuseLine(path, lines.Line);
       }
-      records.Add(site);
-      LoadSample(line, records[records.Count()]);
+      SpecimenRecord& sample = records[records.GrowStale(1)];
+      sample = site;
+      LoadSample(line, sample);
     }
   } catch (const Fault& fault) {
     records.Truncate(before);
