@@ -24,9 +24,10 @@ constexpr char PrintTitle[] = "Print", DocumentName[] = "Pelt4Q";
 // clang-format off
 constexpr StereoGeometry StereoPlace = {.cx = 220, .cy = 200, .diameter = 320, .symbolSize = 8, .fontHeight = 14};
 constexpr PlotGeometry HistoPlace = {.left = 530, .bottom = 340, .width = 320, .height = 240, .fontHeight = 14};
+// Titles, axis titles and numbers of the XY plots are 14, 10 and 9 high: 1.5, 1.1 and 1 times 9.
 constexpr PlotGeometry XYPlotPlaces[] = {
-    {.left = 60,  .bottom = 620, .width = 320, .height = 180, .fontHeight = 14, .symbolSize = 9},
-    {.left = 530, .bottom = 620, .width = 320, .height = 180, .fontHeight = 14, .symbolSize = 9}};
+    {.left = 60,  .bottom = 620, .width = 320, .height = 180, .fontHeight = 9, .symbolSize = 8},
+    {.left = 530, .bottom = 620, .width = 320, .height = 180, .fontHeight = 9, .symbolSize = 8}};
 
 /// Types of files. The first is the metafile; for all others the extension alone counts.
 constexpr const char* Filters[] = {

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <fstream>
 #include <iterator>
+#include <set>
 
 #include "plot/metafile_target.h"
 #include "plot/recorder.h"
@@ -88,6 +89,12 @@ TEST_F(GraphicsPageTest, PlotsHaveTheirPlacesWhicheverAreChosen) {
              extents.right == c.Frame.right && extents.bottom == c.Frame.bottom;
     });
     EXPECT_GE(framed, 1) << c.Frame.left << ", " << c.Frame.top;
+    if (c.Box == &PageOptions::chkXYPlot2) {
+      std::set<int> heights;
+      for (const DrawCall& call : calls)
+        if (const auto* text = std::get_if<TextCall>(&call)) heights.insert(text->style.height);
+      EXPECT_EQ(heights, (std::set<int>{9, 10, 14}));
+    }
     Extents all;
     for (const DrawCall& call : calls)
       for (const LogicalPoint p : PointsOf(call)) all.Add(p);
