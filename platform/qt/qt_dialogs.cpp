@@ -1,5 +1,6 @@
 #include "platform/qt/qt_dialogs.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -20,6 +21,16 @@ int IndexOf(const QList<NameFilter>& filters, const QString& name) {
   return 0;
 }
 
+/// Where a first file is looked for: among the examples, in an installation or in a build of the
+/// sources, else at home.
+QString FirstFolder() {
+  const QString beside = QCoreApplication::applicationDirPath();
+  for (const char* examples : {"/../share/velorix/examples", "/../../../examples"})
+    if (const QDir folder(beside + examples); folder.exists("granite.ams"))
+      return folder.canonicalPath();
+  return QDir::homePath();
+}
+
 /// Shows the file dialog until the answer has room, or the user gives up.
 std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion& question,
                                          bool save) {
@@ -37,7 +48,7 @@ std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion&
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setNameFilters(names);
   dialog.resize(800, 520);  // room for names, sizes and dates
-  if (!question.Folder.empty()) dialog.setDirectory(ToQString(question.Folder));
+  dialog.setDirectory(question.Folder.empty() ? FirstFolder() : ToQString(question.Folder));
   if (!question.DefaultName.empty()) dialog.selectFile(ToQString(question.DefaultName));
   const auto chosen = [&] { return IndexOf(filters, dialog.selectedNameFilter()); };
   const auto follow = [&] { dialog.setDefaultSuffix(filters.value(chosen()).Suffix()); };

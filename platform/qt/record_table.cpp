@@ -1,6 +1,7 @@
 #include "platform/qt/record_table.h"
 
 #include <QHeaderView>
+#include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -110,6 +111,18 @@ std::vector<int> RecordTable::SelectedIds() const {
   std::sort(rows.begin(), rows.end());
   for (int& row : rows) row = model_.IdOf(row);
   return rows;
+}
+
+void RecordTable::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  if (model_.rowCount() > 0) return;
+  QPainter painter(viewport());
+  painter.setPen(palette().color(QPalette::PlaceholderText));
+  painter.drawText(viewport()->rect().adjusted(8, 12, -8, -8),
+                   Qt::AlignTop | Qt::AlignHCenter | Qt::TextWordWrap,
+                   velorix_.Session.RecordCount() == 0
+                       ? "Open a data file (Ctrl+O) or drop one here"
+                       : "No record of the file has this view. F5 shows specimen coordinates.");
 }
 
 void RecordTable::TellSelection() {

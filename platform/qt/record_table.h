@@ -25,6 +25,10 @@ class RecordTable : public QTableView {
 
   const RecordModel& Rows() const { return model_; }
 
+ protected:
+  /// An empty table says what to do.
+  void paintEvent(QPaintEvent* event) override;
+
  private:
   void SelectFromStore();
   void TellSelection();
