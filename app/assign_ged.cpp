@@ -85,7 +85,7 @@ std::string MatchLine(const GedMatches& matches) {
 GedMatches AssignGedToStore(RecordArray& records, const RecordArray& samples) {
   EditGrid grid;
   FillGrid(grid, RowsOf(records));
-  const GedMatches matches = AssignGed(grid, records, samples);
+  GedMatches matches = AssignGed(grid, records, samples);
   CommitGrid(grid, records);
   return matches;
 }

@@ -120,7 +120,7 @@ FileList AskForFiles(Velorix& velorix) {
   for (;;) {
     const auto answer = velorix.Dialogs.ShowOpen(question);
     if (!answer) return {};
-    const FileList list = SplitFileList(answer->Filename);
+    FileList list = SplitFileList(answer->Filename);
     const auto missing = std::find_if(
         list.Names.begin(), list.Names.end(),
         [&list](const std::string& name) { return !Exists(JoinPath(list.Folder, name)); });

@@ -270,7 +270,8 @@ std::vector<std::byte> RanBytes(std::vector<std::byte> kept, const RecordArray& 
   const bool keepsHeader = kept.size() > RanRecordSize;  // a header alone gives way
   std::size_t end = std::max<std::size_t>(kept.size(), RanRecordSize);
   const std::size_t size = end + static_cast<std::size_t>(count) * RanRecordSize;
-  const std::int16_t headerCount = ToShort(static_cast<double>(size / RanRecordSize + 1));
+  const std::size_t blocks = size / RanRecordSize;
+  const std::int16_t headerCount = ToShort(static_cast<double>(blocks + 1));
   std::vector<std::byte> bytes = std::move(kept);
   bytes.resize(size);
   for (const SpecimenRecord& r : records) {
