@@ -95,13 +95,20 @@ void CallMarks::SetTransparent() {
 }
 
 void CallMarks::Begin(std::uint64_t hash) {
+  Marks.complete = Marks.calls.size() < MostCalls;
+  if (!Marks.complete) return;
+  lastRange_ = {-1, -1, -1, -1};
   Marks.calls.push_back({hash, static_cast<std::uint32_t>(Marks.tiles.size()), 0});
 }
 
 /// The tiles of a box belong to the last call; most are those of the segment before.
 void CallMarks::Cover(const LogicalBox& box) {
+  if (!Marks.complete) return;
+  const LogicalBox range = grid_.RangeOf(box);
+  if (range == lastRange_) return;
+  lastRange_ = range;
   CallMark& call = Marks.calls.back();
-  grid_.ForEach(box, [&](std::uint16_t tile) {
+  grid_.ForEachIn(range, [&](std::uint16_t tile) {
     constexpr std::uint32_t Window = 16;
     const auto recent = Marks.tiles.end() - std::min(call.tileCount, Window);
     if (std::find(recent, Marks.tiles.end(), tile) != Marks.tiles.end()) return;

@@ -19,17 +19,19 @@ struct TileGrid {
 
   int columns, rows;
 
+  /// The first and last tiles that the box touches.
+  LogicalBox RangeOf(const LogicalBox& box) const;
   /// Calls `visit(tile)` for each tile that the box touches.
   template <class Visit>
   void ForEach(const LogicalBox& box, Visit visit) const {
-    const LogicalBox range = RangeOf(box);
+    ForEachIn(RangeOf(box), visit);
+  }
+  template <class Visit>
+  void ForEachIn(const LogicalBox& range, Visit visit) const {
     for (int row = range.top; row <= range.bottom; ++row)
       for (int column = range.left; column <= range.right; ++column)
         visit(static_cast<std::uint16_t>(row * columns + column));
   }
-
- private:
-  LogicalBox RangeOf(const LogicalBox& box) const;
 };
 
 /// What tells a call of a composition from others, and the tiles that hold its ink.
@@ -40,15 +42,19 @@ struct CallMark {
 struct Marks {
   std::vector<CallMark> calls;
   std::vector<std::uint16_t> tiles;
+  bool complete = true;  // false: there were more than `CallMarks::MostCalls`
 
   std::span<const std::uint16_t> TilesOf(const CallMark& call) const {
     return std::span(tiles).subspan(call.firstTile, call.tileCount);
   }
 };
 
-/// Marks each call, and passes it on when there is another target.
+/// Marks each call, and passes it on when there is another target. A picture of more than
+/// `MostCalls` is not marked to its end: it is faster to draw it whole.
 class CallMarks : public Target {
  public:
+  static constexpr std::size_t MostCalls = 20'000;
+
   explicit CallMarks(PlaneSize plane, Target* next = nullptr) : grid_(plane), next_(next) {}
 
   velorix::Marks Marks;
@@ -66,6 +72,7 @@ class CallMarks : public Target {
   void Cover(const LogicalBox& box);
 
   TileGrid grid_;
+  LogicalBox lastRange_;
   Target* next_;
 };
 

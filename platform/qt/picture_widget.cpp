@@ -5,6 +5,8 @@
 #include <cmath>
 #include <utility>
 
+#include "plot/recorder.h"
+
 namespace velorix {
 
 namespace {
@@ -93,25 +95,31 @@ void PictureWidget::DrawAll() {
 
 /// A composition that fails leaves no marks, so that the next one is drawn whole.
 void PictureWidget::DrawChanges() {
-  if (!draw_ || marks_.calls.empty()) return DrawAll();
-  CallMarks now(plane_);
+  if (!draw_ || marks_.calls.empty() || !marks_.complete) return DrawAll();
+  Recorder now;
   try {
     draw_(now);
   } catch (const Fault&) {
     return DrawAll();
   }
-  const std::optional<Tiles> tiles = ChangedTiles(marks_, now.Marks, plane_);
-  if (!tiles || tiles->AreMost()) return DrawAll();
-  marks_ = std::move(now.Marks);
-  if (tiles->IsEmpty()) return;
-  const PlaneFit fit = FitInside(plane_, picture_.size(), picture_.devicePixelRatio());
-  Compose(
-      picture_,
-      [&](Target& target) {
-        TileTarget changed(target, *tiles);
-        draw_(changed);
-      },
-      tiles->OnDevice(fit, picture_.size()));
+  CallMarks marks(plane_);
+  Replay(now.calls, marks);
+  const std::optional<Tiles> tiles =
+      marks.Marks.complete ? ChangedTiles(marks_, marks.Marks, plane_) : std::nullopt;
+  marks_ = std::move(marks.Marks);
+  if (!tiles || tiles->AreMost()) {
+    picture_.fill(Qt::white);
+    Compose(picture_, [&](Target& target) { Replay(now.calls, target); });
+  } else if (!tiles->IsEmpty()) {
+    const PlaneFit fit = FitInside(plane_, picture_.size(), picture_.devicePixelRatio());
+    Compose(
+        picture_,
+        [&](Target& target) {
+          TileTarget changed(target, *tiles);
+          Replay(now.calls, changed);
+        },
+        tiles->OnDevice(fit, picture_.size()));
+  }
 }
 
 void PictureWidget::paintEvent(QPaintEvent*) {
