@@ -5,6 +5,7 @@
 #include "examples/example_sites.h"
 #include "examples/ged_sites.h"
 #include "examples/ran_sites.h"
+#include "examples/text_sites.h"
 
 // make_examples FOLDER: writes the example files.
 int main(int argc, char** argv) {
@@ -22,6 +23,7 @@ int main(int argc, char** argv) {
     for (const ExampleFile& file : RanExampleFiles()) write(file.Name, RanFileBytes(file));
     write(UnorientedFile().Name, FileBytes(UnorientedFile()));
     write("granite.ged", GraniteGedBytes());
+    for (const TextExample& file : TextExamples) write(file.Name, file.Text());
   } catch (const std::exception& fault) {
     std::cerr << fault.what() << "\n";
     return 1;
