@@ -107,7 +107,8 @@ int main(int argc, char** argv) {
     // Their maker lives among them.
     const std::string extension = example.path().extension().string();
     if (extension == ".h" || extension == ".cpp" || extension == ".md") continue;
-    fs::copy(example.path(), folder / example.path().filename(), fs::copy_options::recursive);
+    if (example.is_regular_file())
+      fs::copy_file(example.path(), folder / example.path().filename());
   }
   const std::string told = ContentOf(file);
   const std::string played = PlayedAgain(told, argv[1], folder);
