@@ -8,6 +8,7 @@
 #include <limits>
 #include <numeric>
 #include <random>
+#include <utility>
 
 #include "base/fault.h"
 #include "base/rounding.h"
@@ -135,6 +136,43 @@ TEST_F(Density, IsThePlainSumInMultiplesOfItsMean) {
   });
   EXPECT_EQ(Count.ContourNodeCount, 7845);
   EXPECT_EQ(Count.ContourDataCount, 137);
+}
+
+TEST_F(Density, HasAMeanOfOneOverTheComputedNodes) {
+  for (const int smooth : {1, 20, 80}) {
+    ASSERT_TRUE(Run(RandomData(50, 2), smooth));
+    double total = 0;
+    ForComputed([&](int i, int j) { total += Of(i, j); });
+    EXPECT_NEAR(total / 7845, 1, 1e-6) << smooth;
+  }
+}
+
+TEST_F(Density, TakesADirectionAndItsOppositeAlike) {
+  ContourData data, opposite;
+  for (const auto& [dec, inc] : {std::pair{20.0, 30.0}, {140.0, 5.0}, {300.0, 80.0}}) {
+    data.Add(dec, inc);
+    opposite.Add(dec, inc);
+    for (auto* component : {&opposite.X, &opposite.Y, &opposite.Z})
+      component->back() = -component->back();
+  }
+  ASSERT_TRUE(Run(data, 20));
+  const std::vector<float> density = Grid.Density;
+  ASSERT_TRUE(Run(opposite, 20));
+  EXPECT_EQ(Grid.Density, density);
+}
+
+TEST_F(Density, TurnsWithTheData) {
+  const ContourData data = RandomData(60, 3);
+  ContourData turned;
+  for (std::size_t d = 0; d < data.Dec.size(); ++d) turned.Add(data.Dec[d] + 90, data.Inc[d]);
+  ASSERT_TRUE(Run(data, 20));
+  const std::vector<float> density = Grid.Density;
+  ASSERT_TRUE(Run(turned, 20));
+  // East and west the nodes' declinations stand on an arc sine near 1, true to 0.02 degrees.
+  ForComputed([&](int i, int j) {
+    const float before = density[At(i, j)];
+    ASSERT_NEAR(Of(300 - j, i), before, 4e-3f * (1 + before)) << i << " " << j;
+  });
 }
 
 TEST_F(Density, OfOneDatumPeaksThereAndAtItsOppositeEnd) {
