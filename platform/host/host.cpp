@@ -11,6 +11,9 @@
 #ifdef _WIN32
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
+#else
+#include <pwd.h>
+#include <unistd.h>
 #endif
 
 namespace velorix {
@@ -28,8 +31,9 @@ fs::path UserDataFolder() { return Variable("LOCALAPPDATA") / "velorix"; }
 fs::path DataRootFolder() { return "C:\\Zelmor\\Data"; }
 #else
 fs::path HomeFolder() {
-  const fs::path home = Variable("HOME");
-  return home.empty() ? fs::temp_directory_path() : home;
+  if (const fs::path home = Variable("HOME"); !home.empty()) return home;
+  const passwd* const user = getpwuid(getuid());  // a service or a bare shell names no home
+  return user && *user->pw_dir ? fs::path(user->pw_dir) : fs::temp_directory_path();
 }
 fs::path UserDataFolder() {
 #ifdef __APPLE__
@@ -49,6 +53,14 @@ bool CanWrite(const fs::path& folder) {
   if (!std::ofstream(probe)) return false;
   fs::remove(probe, ignored);
   return true;
+}
+
+/// Whether the folder is the `bin` of a prefix with the files that an installation puts beside it.
+/// There nothing of a user's belongs, not even root's, who can write everywhere.
+bool IsInstalled(const fs::path& folder) {
+  std::error_code error;
+  return folder.filename() == "bin" &&
+         fs::is_directory(folder.parent_path() / "share" / "velorix", error);
 }
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
@@ -78,7 +90,7 @@ std::string ExecutablePath(const std::string& argv0) {
 
 Host MakeHost(const std::string& executablePath) {
   fs::path folder = PathOf(executablePath).parent_path();
-  if (!CanWrite(folder)) {
+  if (IsInstalled(folder) || !CanWrite(folder)) {
     folder = UserDataFolder();
     std::error_code ignored;  // whoever writes there hears of it
     fs::create_directories(folder, ignored);

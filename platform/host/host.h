@@ -11,7 +11,8 @@ namespace velorix {
 std::string ExecutablePath(const std::string& argv0);
 
 /// What the program asks of this system. `AppFolder` is the folder of the executable when it can be
-/// written, otherwise the user's data folder for this program, which is made if it can be;
+/// written and is no installation's, otherwise the user's data folder for this program, which is
+/// made if it can be. An installation's is the `bin` of a prefix that has `share/velorix` too.
 /// `DataRoot` is Zelmor/Data in the user's home, on Windows the fixed C:\Zelmor\Data.
 Host MakeHost(const std::string& executablePath);
 

@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#ifndef _WIN32
+#include <pwd.h>
+#include <unistd.h>
+#endif
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -55,20 +60,26 @@ struct UserFolders {
   ~UserFolders() { Set(Home, Data); }
 };
 
-TEST(MakeHost, UsesTheProgramsFolderOnlyWhenItCanBeWritten) {
+TEST(MakeHost, UsesTheProgramsFolderOnlyWhenItCanBeWrittenAndIsNoInstallations) {
   const UserFolders before;
   const fs::path folder = fs::temp_directory_path() / "velorix-MakeHost";
   fs::remove_all(folder);
   fs::create_directories(folder / "bin");
+  fs::create_directories(folder / "prefix" / "bin");
+  fs::create_directories(folder / "prefix" / "share" / "velorix");
   const std::string home = Utf8Of(folder / "home"), data = Utf8Of(folder / "data");
-  const auto here = Utf8Of(folder / "bin" / "velorix"), gone = Utf8Of(folder / "gone" / "velorix");
+  const auto here = Utf8Of(folder / "bin" / "velorix"), gone = Utf8Of(folder / "gone" / "velorix"),
+             installed = Utf8Of(folder / "prefix" / "bin" / "velorix"),
+             beside = Utf8Of(folder / "prefix" / "velorix");
   // clang-format off
   const struct {
     std::string program, data, appFolder;
-  } cases[] = {{here, data,       Utf8Of(folder / "bin")},
-               {gone, data,       data + "/velorix"},
-               {gone, "",         home + "/.local/share/velorix"},
-               {gone, "relative", home + "/.local/share/velorix"}};
+  } cases[] = {{here,      data,       Utf8Of(folder / "bin")},
+               {beside,    data,       Utf8Of(folder / "prefix")},
+               {installed, data,       data + "/velorix"},
+               {gone,      data,       data + "/velorix"},
+               {gone,      "",         home + "/.local/share/velorix"},
+               {gone,      "relative", home + "/.local/share/velorix"}};
   // clang-format on
   for (const auto& c : cases) {
     UserFolders::Set(home, c.data);
@@ -78,9 +89,17 @@ TEST(MakeHost, UsesTheProgramsFolderOnlyWhenItCanBeWritten) {
     EXPECT_EQ(host.DataRoot, home + "/Zelmor/Data");
   }
   EXPECT_TRUE(fs::is_empty(folder / "bin"));
+  EXPECT_TRUE(fs::is_empty(folder / "prefix" / "bin"));
   UserFolders::Set("/dev/null", "");  // no folder can be made there: told when it is written to
   EXPECT_EQ(MakeHost(gone).AppFolder, "/dev/null/.local/share/velorix");
   fs::remove_all(folder);
+}
+
+TEST(MakeHost, FindsTheUsersHomeWithoutTheVariable) {
+  const UserFolders before;
+  UserFolders::Set("", "/dev/null");  // no folder is made in the real home
+  EXPECT_EQ(MakeHost("/dev/null/velorix").DataRoot,
+            std::string(getpwuid(getuid())->pw_dir) + "/Zelmor/Data");
 }
 #endif
 
