@@ -32,7 +32,7 @@ Outcome ReloadAmsFile(const std::string& path, RecordArray& records, bool useIm)
 /// has, all of them or none. Refused, silently, when there are no records at all. When none is to
 /// be written, no file is made, and without `append` an old one is removed. A failure is a
 /// std::filesystem::filesystem_error, or "Overflow" when an append would bring the file over 32767
-/// records; the old file then stands.
+/// records or a number is too large for the file's 32 bits; the old file then stands.
 Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all);
 
 /// Appends one record to a file, which is made when missing.
@@ -42,7 +42,8 @@ Outcome WriteAmsRecord(const std::string& path, const SpecimenRecord& record);
 /// beyond the 16-bit range.
 int AmsRecordCount(std::uintmax_t size);
 
-/// One record from and to `AmsRecordSize` bytes. Every field of `record` is assigned.
+/// One record from and to `AmsRecordSize` bytes. Every field of `record` is assigned. "Overflow"
+/// when a number of `record` is finite and too large for the file's 32 bits.
 void DecodeAmsRecord(const std::byte* bytes, SpecimenRecord& record);
 void EncodeAmsRecord(const SpecimenRecord& record, std::byte* bytes);
 

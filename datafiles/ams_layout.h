@@ -91,7 +91,7 @@ struct F32 : AmsRow {
   static constexpr const char* Kind = "32-bit float";
   void Load(const std::byte* at, SpecimenRecord& r) const { r.*Member = LoadLittle<float>(at); }
   void Store(std::byte* at, const SpecimenRecord& r) const {
-    StoreLittle(at, static_cast<float>(r.*Member));
+    StoreLittle(at, ToSingle(r.*Member));
   }
 };
 
@@ -130,7 +130,7 @@ struct F32s : AmsRow {
     for (int i = 0; i < Width / 4; ++i) (r.*Member).v[i] = numbers[i];
   }
   void Store(std::byte* at, const SpecimenRecord& r) const {
-    for (int i = 0; i < Width / 4; ++i) StoreLittle(at + 4 * i, (r.*Member).v[i].Single());
+    for (int i = 0; i < Width / 4; ++i) StoreLittle(at + 4 * i, ToSingle((r.*Member).v[i]));
   }
 };
 
@@ -155,7 +155,7 @@ struct MatrixF32 : AmsRow {
   void Store(std::byte* at, const SpecimenRecord& r) const {
     for (int j = 1; j <= 3; ++j)
       for (int i = 1; i <= 3; ++i)
-        StoreLittle(at + 12 * j + 4 * i - 16, (r.*Member)[i][j].Single());
+        StoreLittle(at + 12 * j + 4 * i - 16, ToSingle((r.*Member)[i][j]));
   }
 };
 

@@ -6,7 +6,6 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <limits>
 #include <utility>
 #include <vector>
 
@@ -39,12 +38,6 @@ std::vector<std::byte> BytesOfFile(const fs::path& path, std::uintmax_t size) {
   if (in.bad()) FailReading(path);
   bytes.resize(static_cast<std::size_t>(in.gcount()));
   return bytes;
-}
-
-/// `value` as a 32-bit float; "Overflow" when it is finite and too large for one.
-float ToSingle(double value) {
-  if (std::isfinite(value) && std::fabs(value) > std::numeric_limits<float>::max()) FailOverflow();
-  return static_cast<float>(value);
 }
 
 // ---- Reading

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <limits>
 
 #include "datafiles/bytes.h"
 #include "text/numbers.h"
@@ -37,11 +36,6 @@ std::string_view TextLines::Next() {
   Rest.remove_prefix(end == Rest.npos ? Rest.size() : end + 1);
   if (line.ends_with('\r')) line.remove_suffix(1);
   return line;
-}
-
-float ToSingle(double value) {
-  if (std::fabs(value) > std::numeric_limits<float>::max()) FailOverflow();
-  return static_cast<float>(value);
 }
 
 float SingleOf(std::string_view text) { return ToSingle(NumberOf(text)); }

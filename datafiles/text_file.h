@@ -31,9 +31,6 @@ struct TextLines {
   }
 };
 
-/// `value` in 32 bits; "Overflow" when it is too large for them.
-float ToSingle(double value);
-
 /// The number that a text starts with, or 0, in 32 bits; "Overflow" when it is too large for them.
 float SingleOf(std::string_view text);
 

@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "base/fault.h"
 #include "datafiles/ams_file.h"
 #include "tests/datafiles/golden_record.h"
 
@@ -197,6 +198,11 @@ TEST(AmsLayout, NumbersOf64BitsAreNarrowedAndUnsetOnesAreZero) {
   golden::PutFloat(expected, 188, 0.1f);
   golden::PutFloat(expected, 320, 0.666666687f);
   EXPECT_EQ(Encoded(record), expected);
+  SpecimenRecord large[3];  // finite, but not in 32 bits
+  large[0].KmIm = 1e39;
+  large[1].E3[2] = -1e39;
+  large[2].Vec[3][1] = 1e39;
+  for (const SpecimenRecord& r : large) EXPECT_THROW((void)Encoded(r), Fault);
 }
 
 }  // namespace

@@ -3,12 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <bit>
-#include <functional>
 #include <vector>
 
 #include "base/fault.h"
 #include "tests/datafiles/fault_of.h"
-#include "tests/datafiles/temp_folder.h"
 #include "text/lines.h"
 
 namespace velorix {
@@ -326,68 +324,6 @@ TEST(ReadAscFile, WhatIsWrongIsToldWithFileAndLine) {
     const std::string text = Joined(With(c.Place, c.Line));
     EXPECT_EQ(FaultOf([&] { (void)ReadAscText(text, "/data/x.asc", records); }), c.Text) << c.Line;
     EXPECT_EQ(records.Count(), 1);
-  }
-}
-
-TEST(ReadAscFile, AReportCutAnywhereEndsInASpecimenOrAnError) {
-  const std::string text = Joined(Report(), "\r\n");
-  std::size_t enough = 0;  // the length from which on the report is whole
-  for (int i = 0; i < H; ++i) enough += Report()[static_cast<std::size_t>(i)].size() + 2;
-  enough += Report()[H].find("0.03") + 1;
-  for (std::size_t length = 1; length <= text.size(); ++length) {
-    RecordArray records;
-    const std::string fault =
-        FaultOf([&] { (void)ReadAscText(text.substr(0, length), "x.asc", records); });
-    ASSERT_EQ(records.Count(), length >= enough ? 1 : 0) << length;
-    ASSERT_EQ(fault.empty(), length >= enough) << length;
-  }
-}
-
-TEST(ReadAscFile, AnEmptyFileIsNamedInUpperCase) {
-  const TempFolder folder;
-  const std::string path = folder.File("größe.asc");
-  PutFile(path, "");
-  RecordArray records;
-  const Outcome outcome = ReadAscFile(path, records);
-  EXPECT_FALSE(outcome);
-  EXPECT_EQ(outcome.Title, "Input error!");
-  EXPECT_TRUE(outcome.Text.starts_with("File <<"));
-  EXPECT_TRUE(outcome.Text.ends_with("ASC>> is empty!"));
-  EXPECT_NE(outcome.Text.find("GRÖ"), std::string::npos);
-}
-
-TEST(ReadAscFile, RecordsGoBehindThoseThatAreThere) {
-  const TempFolder folder;
-  PutFile(folder.File("日本.asc"), Joined(Report()));
-  RecordArray records;
-  ASSERT_TRUE(ReadAscFile(folder.File("日本.asc"), records));
-  ASSERT_TRUE(ReadAscFile(folder.File("日本.asc"), records));
-  EXPECT_EQ(records.Count(), 2);
-  EXPECT_EQ(records[2], Expected());
-  EXPECT_THROW((void)ReadAscFile(folder.File("missing.asc"), records),
-               std::filesystem::filesystem_error);
-  EXPECT_THROW((void)ReadAscFile(Utf8Of(folder.Path), records), std::filesystem::filesystem_error);
-  EXPECT_EQ(records.Count(), 2);
-}
-
-TEST(ReadAscFile, MoreSpecimensThanTheStoreHoldsAreRefused) {
-  RecordArray records;
-  records.Grow(RecordArray::Limit - 1);
-  const std::string two = Joined(Report()) + "\f" + Joined(Report());
-  EXPECT_TRUE(FaultOf([&] { (void)ReadAscText(two, "x.asc", records); }).starts_with("Overflow"));
-  EXPECT_EQ(records.Count(), RecordArray::Limit - 1);
-}
-
-TEST(ReadAscFile, HugeLinesAndManyShortOnesEnd) {
-  const std::string million(1'000'000, '/');
-  std::string shorts;
-  for (int i = 0; i < 1'000'000; ++i) shorts += "x\n";
-  for (const std::string& text :
-       {million, Joined(With(Caption, million)), Joined(With(C, "SL " + million + "1 2 3 4 5")),
-        shorts, std::string(1'000'000, '\n'), std::string(1'000'000, '\f')}) {
-    RecordArray records;
-    (void)FaultOf([&] { (void)ReadAscText(text, "x.asc", records); });
-    EXPECT_LE(records.Count(), 1);
   }
 }
 

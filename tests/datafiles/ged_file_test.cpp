@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "base/fault.h"
 #include "examples/ged_sites.h"
 #include "tests/datafiles/temp_folder.h"
@@ -86,26 +84,6 @@ TEST(GedFile, RefusesInItsWords) {
     FAIL();
   } catch (const Fault& fault) {
     EXPECT_STREQ(fault.what(), "Overflow (/data/Site.GED, line 2)");
-  }
-}
-
-TEST(GedFile, OutlivesAnyBytes) {
-  std::mt19937 random(3);
-  const std::string good = Header + First + Second;
-  for (std::size_t cut = 0; cut <= good.size(); ++cut) {
-    RecordArray records;
-    EXPECT_NO_THROW((void)ReadGedText("x.ged", good.substr(0, cut), records));
-  }
-  for (int round = 0; round < 2000; ++round) {
-    std::string text = good;
-    for (int i = 0; i < 5; ++i) text[random() % text.size()] = static_cast<char>(random());
-    RecordArray records;
-    try {
-      const bool read = static_cast<bool>(ReadGedText("x.ged", text, records));
-      EXPECT_EQ(records.Count() > 0, read);
-    } catch (const Fault&) {
-      EXPECT_EQ(records.Count(), 0);
-    }
   }
 }
 

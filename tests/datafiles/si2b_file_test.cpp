@@ -8,7 +8,6 @@
 #include "datafiles/principal_tensor.h"
 #include "tensor/eigen_jk.h"
 #include "tests/datafiles/fault_of.h"
-#include "tests/datafiles/temp_folder.h"
 
 namespace velorix {
 namespace {
@@ -105,42 +104,6 @@ TEST(ReadSi2bFile, WhatIsWrongIsToldWithFileAndLine) {
       {"a a 1E38 0 0\na a -1E38 0 0\na a 1E-10 90 0\n", "Overflow (x.AMS, line 3)"},
   };
   for (const auto& c : cases) EXPECT_EQ(FaultIn(c.Text), c.Fault) << c.Text;
-}
-
-TEST(ReadSi2bFile, AFileCutAnywhereEndsInASpecimenOrAnError) {
-  const std::string one = Specimen.substr(0, Specimen.size() - 1);
-  for (std::size_t length = 1; length <= one.size(); ++length) {
-    RecordArray records;
-    const std::string fault =
-        FaultOf([&] { (void)ReadSi2bText(one.substr(0, length), "x.AMS", records, {}); });
-    const bool isWhole = length >= one.rfind("90.0") + 1;
-    ASSERT_EQ(records.Count(), isWhole ? 1 : 0) << length;
-    ASSERT_EQ(fault.empty(), isWhole) << length;
-  }
-}
-
-TEST(ReadSi2bFile, AnEmptyFileIsRefused) {
-  const TempFolder folder;
-  PutFile(folder.File("x.AMS"), "");
-  RecordArray records;
-  const Outcome outcome = ReadSi2bFile(folder.File("x.AMS"), records, {});
-  EXPECT_FALSE(outcome);
-  EXPECT_EQ(outcome.Title, "Input error!");
-  EXPECT_TRUE(outcome.Text.ends_with("X.AMS>> is empty!"));
-  PutFile(folder.File("x.AMS"), Specimen + Specimen);
-  ASSERT_TRUE(ReadSi2bFile(folder.File("x.AMS"), records, {}));
-  EXPECT_EQ(records.Count(), 2);
-}
-
-TEST(ReadSi2bFile, HugeLinesAndManyShortOnesEnd) {
-  std::string many;
-  for (int i = 0; i < 333'333; ++i) many += "a a 1 0 0\na a 2 0 0\na a 3 90 0\n";
-  EXPECT_EQ(FaultIn(many), "Overflow (x.AMS, line 98298)");
-  EXPECT_NE(FaultIn(std::string(1'000'000, '\n')), "");
-  EXPECT_NE(FaultIn(std::string(1'000'000, '9')), "");
-  std::string tokens;
-  for (int i = 0; i < 500'000; ++i) tokens += "9 ";
-  EXPECT_EQ(FaultIn(tokens), "Input past end of file (x.AMS, line 1)");
 }
 
 TEST(PrincipalToTensor, PrincipalValuesComeBackWhateverTheAngleOfTheDirections) {

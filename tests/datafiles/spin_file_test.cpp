@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "tests/datafiles/fault_of.h"
-#include "tests/datafiles/temp_folder.h"
 
 namespace velorix {
 namespace {
@@ -78,34 +77,6 @@ TEST(ReadSpinFile, WhatIsWrongIsToldWithFileAndLine) {
       {"a 1 1 1 0 0 0 0 0 0 0 0 0 1E999", "Overflow (x.txt, line 1)"},
   };
   for (const auto& c : cases) EXPECT_EQ(FaultIn(c.Text), c.Fault) << c.Text;
-}
-
-TEST(ReadSpinFile, AnEmptyFileIsRefused) {
-  const TempFolder folder;
-  PutFile(folder.File("x.txt"), "");
-  RecordArray records;
-  const Outcome outcome = ReadSpinFile(folder.File("x.txt"), records, {});
-  EXPECT_FALSE(outcome);
-  EXPECT_EQ(outcome.Title, "Input error!");
-  EXPECT_TRUE(outcome.Text.ends_with("X.TXT>> is empty!"));
-  PutFile(folder.File("x.txt"), Line);
-  ASSERT_TRUE(ReadSpinFile(folder.File("x.txt"), records, {}));
-  EXPECT_EQ(records.Count(), 1);
-}
-
-TEST(ReadSpinFile, AsManyLinesAsTheStoreHoldsAreReadAndOneMoreIsAnOverflow) {
-  std::string full;
-  for (int i = 0; i < RecordArray::Limit; ++i) full += "a 1 1 1 0 0 0 0 0 0 0 0 0 0\n";
-  EXPECT_EQ(Read(full).Count(), RecordArray::Limit);
-  EXPECT_EQ(FaultIn(full), "Overflow (x.txt, line 32766)");
-}
-
-TEST(ReadSpinFile, HugeLinesAndManyShortOnesEnd) {
-  EXPECT_NE(FaultIn(std::string(1'000'000, '\n')), "");
-  EXPECT_NE(FaultIn(std::string(1'000'000, '9')), "");
-  const std::string wide(1'000'000, '7');
-  EXPECT_EQ(Read(wide + " 1 1 1 0 0 0 0 0 0 0 0 0 0 " + wide)[1].Name.size(), 1'000'000u);
-  EXPECT_EQ(FaultIn("a " + wide + " 1 1 0 0 0 0 0 0 0 0 0 0"), "Overflow (x.txt, line 1)");
 }
 
 }  // namespace

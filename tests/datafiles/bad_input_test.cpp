@@ -1,0 +1,288 @@
+// What every reader of data files promises whatever the bytes: records, or a refusal or a fault in
+// clear words with the array as it was, in seconds.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <limits>
+#include <random>
+#include <span>
+
+#include "base/fault.h"
+#include "datafiles/ams_file.h"
+#include "datafiles/asc_file.h"
+#include "datafiles/ged_file.h"
+#include "datafiles/ran_file.h"
+#include "datafiles/si2b_file.h"
+#include "datafiles/spin_file.h"
+#include "tests/datafiles/temp_folder.h"
+
+namespace velorix {
+namespace {
+
+struct Reader {
+  const char *Extension, *Example;
+  bool IsText;
+  const char* Empty;   // what is said of an empty file
+  std::size_t Enough;  // bytes of the example from which on it has a record
+  std::size_t NameAt;  // of the first specimen
+  const char* Name;    // what is left of "A\t\x01\x1E\x1FZ"
+  Outcome (*FromBytes)(const std::string& bytes, const std::string& path, RecordArray& records);
+  Outcome (*FromFile)(const std::string& path, RecordArray& records);
+};
+
+std::span<const std::byte> Raw(const std::string& bytes) { return std::as_bytes(std::span(bytes)); }
+
+using Path = const std::string&;
+using Records = RecordArray&;
+
+// clang-format off
+const Reader Readers[] = {
+    {"ams", "tr245.ams", false, "Input error!|File <</DATA/X.AMS>> is empty!", 321, 0, "A\t\x01\x1E\x1FZ",
+     [](Path b, Path p, Records r) { return ReadAmsBytes(Raw(b), p, r); },
+     [](Path p, Records r) { return ReadAmsFile(p, r); }},
+    {"ran", "granite.ran", false, "Input error!|File <</DATA/X.RAN>> is empty!", 97, 64, "AZ",
+     [](Path b, Path p, Records r) { return ReadRanBytes(Raw(b), p, r, {}); },
+     [](Path p, Records r) { return ReadRanFile(p, r, {}); }},
+    {"are", "tr245.are", false, "Input error!|File <</DATA/X.ARE>> is empty!", 97, 64, "AZ",
+     [](Path b, Path p, Records r) { return ReadRanBytes(Raw(b), p, r, {}); },
+     [](Path p, Records r) { return ReadRanFile(p, r, {}); }},
+    {"asc", "formats/tr245.asc", true, "Input error!|File <</DATA/X.ASC>> is empty!", 659, 0, "A\x1E\x1FZ",
+     [](Path b, Path p, Records r) { return ReadAscText(b, p, r); },
+     [](Path p, Records r) { return ReadAscFile(p, r); }},
+    {"AMS", "formats/tr245.AMS", true, "Input error!|File <</DATA/X.AMS>> is empty!", 80, 0, "A\t\x01\x1E\x1FZ",
+     [](Path b, Path p, Records r) { return ReadSi2bText(b, p, r, {}); },
+     [](Path p, Records r) { return ReadSi2bFile(p, r, {}); }},
+    {"txt", "formats/tr245.txt", true, "Input error!|File <</DATA/X.TXT>> is empty!", 188, 0, "A\t\x01\x1E\x1FZ",
+     [](Path b, Path p, Records r) { return ReadSpinText(b, p, r, {}); },
+     [](Path p, Records r) { return ReadSpinFile(p, r, {}); }},
+    {"ged", "granite.ged", true, "Error in opening file: <<x.ged>>|File is empty!", 126, 64, "A\t\x01\x1E\x1FZ",
+     [](Path b, Path p, Records r) { return ReadGedText(p, b, r); },
+     [](Path p, Records r) { return ReadGedFile(p, r); }},
+};
+// clang-format on
+
+const Reader& Asc = Readers[3];
+
+std::string ExampleOf(const Reader& reader) {
+  return BytesOf(VELORIX_SOURCE_DIR "/examples/" + std::string(reader.Example));
+}
+
+SpecimenRecord Marker() {
+  SpecimenRecord r;
+  r.Name = "stood here before";
+  r.Tensor[1] = 1.5;
+  return r;
+}
+
+std::string RecordsText(int count) { return std::to_string(count) + " records"; }
+bool IsRead(const std::string& said) { return said.ends_with(" records"); }
+
+/// What reading comes to, behind a record that must stay: "3 records" or the message; held to what
+/// is promised.
+std::string Reading(const Reader& reader, const std::string& bytes,
+                    SpecimenRecord* last = nullptr) {
+  const std::string path = "/data/x." + std::string(reader.Extension);
+  RecordArray records;
+  records.Add(Marker());
+  std::string said;
+  try {
+    const Outcome outcome = reader.FromBytes(bytes, path, records);
+    EXPECT_EQ(outcome.Done, records.Count() > 1) << path;
+    if (outcome) said = RecordsText(records.Count() - 1);
+    if (!outcome) said = outcome.Title + "|" + outcome.Text;
+    if (outcome && last != nullptr) *last = records[records.Count()];
+  } catch (const Fault& fault) {
+    EXPECT_EQ(records.Count(), 1) << path;
+    EXPECT_TRUE(fault.Number >= 6 && fault.Number <= 62 && fault.Source.empty()) << fault.Number;
+    said = fault.what();
+    // Readers of text tell the line; to a binary reader's fault the opening adds the path.
+    const std::size_t place = said.find(" (" + path + ", line ");
+    EXPECT_EQ(place != said.npos, reader.IsText) << said;
+  }
+  EXPECT_EQ(records[1], Marker()) << path;
+  return said;
+}
+
+TEST(BadInput, AnEmptyFileIsNamed) {
+  for (const Reader& reader : Readers) EXPECT_EQ(Reading(reader, ""), reader.Empty);
+}
+
+TEST(BadInput, WhatIsNoFileFailsWithTheSystemsReason) {
+  const TempFolder folder;
+  for (const Reader& reader : Readers) {
+    RecordArray records;
+    records.Add(Marker());
+    for (const std::string& path : {folder.File("missing"), Utf8Of(folder.Path)})
+      EXPECT_THROW((void)reader.FromFile(path, records), std::filesystem::filesystem_error);
+    EXPECT_EQ(records.Count(), 1);
+    const std::string path = folder.File("größe 日本." + std::string(reader.Extension));
+    PutFile(path, "");
+    const Outcome empty = reader.FromFile(path, records);
+    const bool isGed = empty.Title.ends_with("größe 日本.ged>>");
+    EXPECT_TRUE(isGed || empty.Text.find("GRÖßE 日本.") != std::string::npos) << empty.Text;
+    PutFile(path, ExampleOf(reader));
+    EXPECT_TRUE(reader.FromFile(path, records));
+    EXPECT_EQ(records[1], Marker());
+    EXPECT_EQ(RecordsText(records.Count() - 1), Reading(reader, ExampleOf(reader)));
+  }
+}
+
+TEST(BadInput, AFileCutAnywhereIsReadFromTheFirstWholeSpecimenOnOnly) {
+  for (const Reader& reader : Readers) {
+    const std::string example = ExampleOf(reader);
+    for (std::size_t length = 1; length <= example.size(); ++length) {
+      const std::string said = Reading(reader, example.substr(0, length));
+      if (length <= reader.Enough) {
+        ASSERT_EQ(said == RecordsText(1), length == reader.Enough) << reader.Example << length;
+      }
+    }
+  }
+}
+
+TEST(BadInput, AnyBytesEndInRecordsOrAnError) {
+  std::mt19937 random(5);
+  for (const Reader& reader : Readers)
+    for (int round = 0; round < 3000; ++round) {
+      std::string bytes(random() % 800, ' ');
+      if (round % 3 == 0) bytes = ExampleOf(reader);
+      for (char& c : bytes)
+        if (round % 3 == 1 || (round % 3 == 0 && random() % 300 == 0))
+          c = static_cast<char>(random());
+        else if (round % 3 == 2)
+          c = "0123456789.,-+E/ \t\n\f\r0S\"x"[random() % 26];
+      (void)Reading(reader, bytes);
+    }
+}
+
+TEST(BadInput, NoTextReaderTakesAFileOfAnotherFormat) {
+  for (const Reader& reader : Readers)
+    for (const Reader& other : Readers) {
+      const std::string said = Reading(reader, ExampleOf(other));
+      EXPECT_TRUE(!reader.IsText || IsRead(said) == (&reader == &other)) << said;
+    }
+}
+
+TEST(BadInput, TheStoreIsFilledToItsLimitAndNotBeyond) {
+  RecordArray records;
+  for (const Reader& reader : Readers) {
+    const std::string bytes = ExampleOf(reader);
+    records.Clear();
+    ASSERT_TRUE(reader.FromBytes(bytes, "x", records));
+    const int before = RecordArray::Limit - records.Count();
+    records.GrowStale(before - records.Count());
+    EXPECT_TRUE(reader.FromBytes(bytes, "x", records));
+    EXPECT_EQ(records.Count(), RecordArray::Limit);
+    records.Truncate(before + 1);
+    try {
+      (void)reader.FromBytes(bytes, "x", records);
+      ADD_FAILURE() << reader.Example;
+    } catch (const Fault& fault) {
+      EXPECT_TRUE(std::string(fault.what()).starts_with("Overflow")) << fault.what();
+    }
+    EXPECT_EQ(records.Count(), before + 1);
+  }
+}
+
+TEST(BadInput, HugeLinesAndManyShortOnesEndInSeconds) {
+  constexpr int Million = 1'000'000;
+  const auto repeated = [](const std::string& part, int times) {
+    std::string text;
+    for (int i = 0; i < times; ++i) text += part;
+    return text;
+  };
+  for (const Reader& reader : Readers) {
+    const auto expectItEnds = [&](const std::string& bytes) {
+      const auto start = std::chrono::steady_clock::now();
+      EXPECT_LT(Reading(reader, bytes).size(), 10'000u);
+      const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
+      EXPECT_LT(seconds.count(), 5) << reader.Extension << bytes.substr(0, 20);
+    };
+    const std::string example = ExampleOf(reader), specimen = example.substr(0, reader.Enough);
+    expectItEnds(repeated(example, Million / static_cast<int>(example.size())));
+    for (const char* part : {"x\n", "1 1 1 1 1\n", "\f\n", "\n", "\f"})
+      expectItEnds(repeated(part, Million));
+    for (const char* part : {"x", "9", "/", "9 ", " "}) {
+      const std::string line = repeated(part, Million);
+      expectItEnds(line);
+      // In the place of each line, or of all but the first token of it.
+      for (std::size_t from = 0, to; reader.IsText && from < specimen.size(); from = to + 1) {
+        to = std::min(specimen.find('\n', from), specimen.size());
+        const std::size_t second = std::min(specimen.find(' ', from + 1), to);
+        for (const std::size_t at : {from, second})
+          expectItEnds(specimen.substr(0, at) + line + specimen.substr(to));
+      }
+    }
+  }
+}
+
+TEST(BadInput, ATokenThatIsMissingOrWrongIsToldInItsLineOrBehind) {
+  for (const Reader& reader : Readers) {
+    const std::string example = ExampleOf(reader);
+    for (std::size_t from = 0, to; reader.IsText && from < example.size(); from = to + 1) {
+      to = std::min(example.find_first_of(" \r\n/", from), example.size());
+      if (to == from) continue;
+      const auto line =
+          1 + std::count(example.begin(), example.begin() + static_cast<int>(from), '\n');
+      for (const char* token : {"", "1E400", "-1E400", "1E39", "99999999999", "-0", "nan", "inf",
+                                "1,5", "-", "E", "1E99999999999", "\t"}) {
+        std::string text = example;
+        const std::string said = Reading(reader, text.replace(from, to - from, token));
+        const std::size_t told = said.find("line") + 4;
+        if (IsRead(said)) continue;
+        EXPECT_GE(std::atoi(said.c_str() + told + said.substr(told).find_first_of("123456789")),
+                  line)
+            << said << token;
+      }
+    }
+  }
+}
+
+TEST(BadInput, NumbersOutOfRangeOverflowInTheirWidthAndWhatIsNoNumberIsZero) {
+  const double largest = std::numeric_limits<double>::max();
+  const struct {
+    const char* Number;
+    double In64;
+    bool Fits32, Fits16;
+  } cases[] = {{"1E400", largest, false, false},
+               {"-1E400", -largest, false, false},
+               {"1E39", 1e39, false, false},
+               {"99999999999", 99999999999.0, true, false},
+               {"32767.5", 32767.5, true, false},
+               {"-0", 0, true, true},
+               {"1E-400", 0, true, true},
+               {"nan", 0, true, true},
+               {"inf", 0, true, true},
+               {"1,5", 1, true, true}};
+  const auto read = [](const Reader& reader, const std::string& old, const std::string& now,
+                       SpecimenRecord& record) {
+    std::string text = ExampleOf(reader).substr(0, reader.Enough);
+    return Reading(reader, text.replace(text.find(old), old.size(), now), &record);
+  };
+  for (const auto& c : cases) {
+    SpecimenRecord r;
+    const std::string number = c.Number;
+    EXPECT_EQ(read(Asc, "0.0010000000474974513", number, r), RecordsText(1));
+    EXPECT_EQ(r.Km, c.In64) << number;
+    EXPECT_EQ(read(Asc, "Azi 80", "Azi " + number, r),
+              c.Fits32 ? RecordsText(1) : "Overflow (/data/x.asc, line 4)");
+    EXPECT_TRUE(!c.Fits32 || r.OrientAz == static_cast<float>(c.In64)) << number;
+    EXPECT_EQ(read(Asc, ":  6", ": " + number, r),
+              c.Fits16 ? RecordsText(1) : "Overflow (/data/x.asc, line 4)");
+    EXPECT_TRUE(!c.Fits16 || r.OP[1] == c.In64) << number;
+  }
+}
+
+TEST(BadInput, NamesKeepTheControlCharactersThatTheirFormatLeavesThem) {
+  for (const Reader& reader : Readers) {
+    SpecimenRecord r;
+    std::string bytes = ExampleOf(reader).substr(0, reader.Enough);
+    EXPECT_EQ(Reading(reader, bytes.replace(reader.NameAt, 6, "A\t\x01\x1E\x1FZ"), &r),
+              RecordsText(1));
+    EXPECT_EQ(r.Name, reader.Name) << reader.Extension;
+  }
+}
+
+}  // namespace
+}  // namespace velorix
