@@ -12,6 +12,8 @@
 namespace velorix {
 namespace {
 
+const std::string Examples = VELORIX_SOURCE_DIR "/examples/";
+
 /// A record with something in every field, as on disk; with a name of its own when one is given.
 std::string Full(const std::string& name = "") {
   golden::Bytes bytes = golden::OnDisk();
@@ -199,6 +201,26 @@ TEST(WriteAmsFile, AllOrTheSelectedRecordsGoOutInTheirOrder) {
   ASSERT_TRUE(WriteAmsRecord(folder.File("new.ams"), records[2]));
   EXPECT_EQ(BytesOf(folder.File("new.ams")), bytes({2}));
   EXPECT_EQ(folder.FileCount(), 2);
+}
+
+TEST(AmsRoundTrip, AmsToAmsLosesTheDeviationsOfPrincipalValuesAndNothingElse) {
+  const TempFolder folder;
+  PutFile(folder.File("golden.ams"), Full() + Full("other"));
+  for (const std::string& path : {folder.File("golden.ams"), Examples + "granite.ams",
+                                  Examples + "tr245.ams", Examples + "u1359b.ams"}) {
+    RecordArray records, again;
+    ASSERT_TRUE(ReadAmsFile(path, records));
+    ASSERT_TRUE(WriteAmsFile(folder.File("1.ams"), records, false, true));
+    ASSERT_TRUE(ReadAmsFile(folder.File("1.ams"), again));
+    ASSERT_TRUE(WriteAmsFile(folder.File("2.ams"), again, false, true));
+    EXPECT_TRUE(BytesOf(folder.File("1.ams")) == BytesOf(folder.File("2.ams"))) << path;
+    ASSERT_EQ(again.Count(), records.Count());
+    for (int i = 1; i <= records.Count(); ++i) {
+      EXPECT_NE(records[i].KSD[1], 0.0) << path;
+      for (int j = 1; j <= 3; ++j) records[i].KSD[j] = records[i].KSDIm[j] = 0.0f;
+      EXPECT_EQ(again[i], records[i]) << path << i;
+    }
+  }
 }
 
 TEST(WriteAmsFile, ABrokenTailIsFilledUpOrOverwrittenAsItsLengthRounds) {

@@ -41,13 +41,6 @@ TEST(AmsLayout, EveryFieldHasItsPlace) {
   for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(written[i], expected[i]) << i;
 }
 
-TEST(AmsLayout, DeviationsOfPrincipalValuesAreReadButNeverWritten) {
-  const SpecimenRecord again = Decoded(Encoded(golden::Record()));
-  SpecimenRecord expected = golden::Record();
-  for (int i = 1; i <= 3; ++i) expected.KSD[i] = expected.KSDIm[i] = 0.0f;
-  EXPECT_EQ(again, expected);
-}
-
 TEST(AmsLayout, ReservedBytesAndSlots3And4AreNeitherReadNorWritten) {
   const struct {
     int At, Width;

@@ -282,6 +282,14 @@ TEST(ReadAscFile, LinesBeforeTheCaptionMayBeAnyNumber) {
   EXPECT_EQ(Only(lines), Expected());
 }
 
+TEST(ReadAscFile, ACaptionInAnotherCaseIsSearchedForToTheEnd) {
+  Lines lines = With(Caption, "FIELD");
+  lines[20] = "mean";
+  RecordArray records;
+  EXPECT_EQ(FaultOf([&] { (void)ReadAscText(Joined(lines), "x.asc", records); }),
+            "Input past end of file (x.asc, line 42)");
+}
+
 TEST(ReadAscFile, ConfidenceAnglesComeFromTheirLineOrFromThePrincipalValues) {
   const struct {
     const char* Line;

@@ -87,17 +87,19 @@ TEST(GedFile, RefusesInItsWords) {
   }
 }
 
-TEST(GedFile, WritesWhatItReadsButForTheCoordinatesPlaces) {
+TEST(GedFile, GedToGedExchangesTheCoordinatesAndMakesAnAbsentCodeAZero) {
+  const std::string noCodes = "DL3             45                                            \r\n";
   RecordArray records, again;
-  ASSERT_TRUE(ReadGedText("x.ged", Header + First + Second, records));
+  ASSERT_TRUE(ReadGedText("x.ged", Header + First + Second + noCodes, records));
   const std::string text = GedText(records);
   EXPECT_EQ(text.substr(0, 64),
-            "4   Dolni Lhota     16.7   49.5   GRANCRETTUFFMORA6  0  12 90 \r\n");
+            "5   Dolni Lhota     16.7   49.5   GRANCRETTUFFMORA6  0  12 90 \r\n");
   EXPECT_EQ(text.substr(64, 64),
             "DL1         312 45  AB  120 30  118 5   0L  0   0   10  80    \r\n");
   ASSERT_TRUE(ReadGedText("x.ged", text, again));
   ASSERT_EQ(again.Count(), records.Count());
-  for (int i = 1; i <= 2; ++i) {
+  for (int slot = 1; slot <= 2; ++slot) records[3].FoliName[slot] = records[3].LineName[slot] = "0";
+  for (int i = 1; i <= 3; ++i) {
     std::swap(again[i].Lon, again[i].Lat);
     EXPECT_EQ(again[i], records[i]);
   }
