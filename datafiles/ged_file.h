@@ -26,7 +26,7 @@ std::span<const GedField> GedSampleFields();
 /// Refuses a file without a byte. `text` is its content.
 Outcome CheckNotEmpty(const std::string& path, std::string_view text);
 
-/// Refuses a text with lines of another length, with a list of them.
+/// Refuses a text with lines of another length, with a list of the first hundred of them.
 Outcome CheckGedLines(const std::string& path, std::string_view text, int length);
 
 /// Appends the file's samples to `records`: their names, angles in whole degrees, codes ("0" stays

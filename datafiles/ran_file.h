@@ -19,9 +19,9 @@ namespace velorix {
 /// Orientation parameters that the file gives as 0 are taken from `settings`. Refused for an empty
 /// file, with a message, and without one for a file that has a header only. A last record that the
 /// file cuts off reads as far as the file goes, the rest of it zero; a rest of up to half a record
-/// goes unnoticed. "Type mismatch" when a coordinate is no number, "Overflow" when it, or an
-/// orientation parameter, is too large or the array would pass its limit. A file that can't be read
-/// is a std::filesystem::filesystem_error. After any failure the array is as it was.
+/// goes unnoticed. "Type mismatch" when a coordinate is no number, "Overflow" when it, an
+/// orientation parameter or a field is too large or the array would pass its limit. A file that
+/// can't be read is a std::filesystem::filesystem_error. After any failure the array is as it was.
 Outcome ReadRanFile(const std::string& path, RecordArray& records, const Settings& settings);
 
 /// The same from the bytes of a file; `path` is for the message and the extension.
