@@ -90,9 +90,7 @@ template <auto Member>
 struct F32 : AmsRow {
   static constexpr const char* Kind = "32-bit float";
   void Load(const std::byte* at, SpecimenRecord& r) const { r.*Member = LoadLittle<float>(at); }
-  void Store(std::byte* at, const SpecimenRecord& r) const {
-    StoreLittle(at, ToSingle(r.*Member));
-  }
+  void Store(std::byte* at, const SpecimenRecord& r) const { StoreLittle(at, ToSingle(r.*Member)); }
 };
 
 /// An orientation angle: 0 in record and file when the record has no orientation.
