@@ -1,13 +1,14 @@
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
 #include "datafiles/ams_file.h"
 #include "examples/example_sites.h"
+#include "examples/ged_sites.h"
+#include "examples/ran_sites.h"
+#include "examples/text_sites.h"
 #include "tensor/derivation.h"
 #include "tensor/directions.h"
 #include "tensor/eigen_jk.h"
+#include "tests/datafiles/temp_folder.h"
 
 namespace velorix {
 namespace {
@@ -47,12 +48,14 @@ MeanTensor MeanOf(RecordArray& records, std::int16_t coorSys) {
 }
 
 TEST(Examples, CommittedFilesAreWhatTheMakerWrites) {
-  for (const examples::ExampleFile& file : examples::ExampleFiles()) {
-    std::ifstream in(Folder + file.Name, std::ios::binary);
-    std::stringstream committed;
-    committed << in.rdbuf();
-    EXPECT_TRUE(committed.str() == examples::FileBytes(file)) << file.Name;
-  }
+  std::vector<std::pair<std::string, std::string>> files = {
+      {"granite.ged", examples::GraniteGedBytes()}};
+  for (const auto& file : examples::ExampleFiles())
+    files.emplace_back(file.Name, examples::FileBytes(file));
+  for (const auto& file : examples::RanExampleFiles())
+    files.emplace_back(file.Name, examples::RanFileBytes(file));
+  for (const auto& file : examples::TextExamples) files.emplace_back(file.Name, file.Text());
+  for (const auto& [name, bytes] : files) EXPECT_TRUE(BytesOf(Folder + name) == bytes) << name;
 }
 
 TEST(Examples, MeanTensorsAreThePublishedOnes) {

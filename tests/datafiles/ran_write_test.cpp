@@ -3,7 +3,6 @@
 #include <limits>
 
 #include "datafiles/ams_file.h"
-#include "examples/ran_sites.h"
 #include "tensor/derivation.h"
 #include "tests/datafiles/ran_bytes.h"
 
@@ -284,13 +283,6 @@ TEST(RanRoundTrip, AmsToRanToAmsKeepsTheTurnedTensorAndTheFirstCharactersOfTexts
   for (int i = 0; i <= 3; ++i) expected.FTest[i] = expected.FTestIm[i] = 0.0f;
   for (int i = 1; i <= 6; ++i) expected.TensorIm[i] = 0.0f;
   EXPECT_EQ(again[1], expected);
-}
-
-TEST(RanExamples, CommittedFilesAreWhatTheMakerWrites) {
-  for (const examples::ExampleFile& file : examples::RanExampleFiles()) {
-    const std::string committed = BytesOf(VELORIX_SOURCE_DIR "/examples/" + file.Name);
-    EXPECT_TRUE(committed == examples::RanFileBytes(file)) << file.Name;
-  }
 }
 
 TEST(RanExamples, TheSameSiteHasTheSameGeographicTensorsFromBothFormats) {
