@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "platform/qt/busy_cursor.h"
+#include "platform/qt/change_buttons.h"
 #include "platform/qt/edit_table.h"
 #include "platform/qt/widgets.h"
 
@@ -28,7 +29,6 @@ frmEditData::frmEditData(Velorix& velorix, QWidget* owner) : QDialog(owner), vel
   doubts_->setToolTip("A cell tells by its tip what is wrong with it");
 
   auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(8, 8, 8, 8);
   column->addWidget(table_, 1);
   auto* lines = new QHBoxLayout;
   lines->addWidget(line_, 1);
@@ -41,18 +41,18 @@ frmEditData::frmEditData(Velorix& velorix, QWidget* owner) : QDialog(owner), vel
   table_->Refresh();
   table_->setCurrentIndex(table_->Cells().index(0, OrientationColumn - 1));
   const QMargins margins = column->contentsMargins();
+  const int height = 20 * table_->verticalHeader()->defaultSectionSize() + 150;
   const QSize room = screen()->availableSize() * 0.95;
-  resize(QSize(table_->FullWidth() + margins.left() + margins.right(), 560).boundedTo(room));
+  resize(QSize(table_->FullWidth() + margins.left() + margins.right(), height).boundedTo(room));
   table_->setFocus();
 }
 
 /// A button whose work is a command; the table follows the editor then.
 void frmEditData::AddButton(QHBoxLayout& row, const char* name, const char* caption,
-                            const char* tip, const std::function<void()>& work) {
-  auto* button = new QPushButton(caption, this);
-  button->setObjectName(name);
-  button->setToolTip(tip);
-  button->setMinimumWidth(96);
+                            const char* tip, const QKeySequence& key,
+                            const std::function<void()>& work) {
+  QPushButton* button = MakeDialogButton(name, caption, tip, this);
+  button->setShortcut(key);       // Tab goes from cell to cell
   button->setAutoDefault(false);  // Return belongs to the cells
   connect(button, &QPushButton::clicked, this, [this, work] {
     table_->EndTyping();
@@ -68,20 +68,24 @@ void frmEditData::AddButton(QHBoxLayout& row, const char* name, const char* capt
 
 QHBoxLayout* frmEditData::MakeButtons() {
   auto* row = new QHBoxLayout;
-  AddButton(*row, "cmdOpenGED", "OpenGED", "Read geological file(s) and show their samples",
+  AddButton(*row, "cmdOpenGED", "OpenGED",
+            "Read geological file(s) and show their samples (Ctrl+O)", QKeySequence("Ctrl+O"),
             [this] { OpenGed(editor_, velorix_, "Open"); });
   AddButton(*row, "cmdGEDASSign", "AssignGED",
-            "Give each record the orientation, foliations and lineations of the sample of its name",
-            [this] { AssignGed(editor_, velorix_); });
-  AddButton(*row, "cmdWrite", "Write", "Show the records as they are, without what was typed here",
+            "Give each record the orientation, foliations and lineations of the sample of its name "
+            "(Ctrl+G)",
+            QKeySequence("Ctrl+G"), [this] { AssignGed(editor_, velorix_); });
+  AddButton(*row, "cmdWrite", "Write",
+            "Show the records as they are, without what was typed here (F5)", QKeySequence("F5"),
             [this] { WriteGrid(editor_, velorix_); });
   row->addStretch(1);
-  AddButton(*row, "cmdRead", "SAVE",
-            "Put the grid into the records and write the open file (.ams, .ran); then close",
-            [this] {
-              if (SaveGrid(editor_, velorix_)) accept();
-            });
-  AddButton(*row, "cmdCancel", "CANCEL", "Close without saving (Esc)", [this] { reject(); });
+  AddButton(
+      *row, "cmdRead", "SAVE",
+      "Put the grid into the records and write the open file (.ams, .ran); then close (Ctrl+S)",
+      QKeySequence("Ctrl+S"), [this] {
+        if (SaveGrid(editor_, velorix_)) accept();
+      });
+  AddButton(*row, "cmdCancel", "CANCEL", "Close without saving (Esc)", {}, [this] { reject(); });
   return row;
 }
 

@@ -19,7 +19,7 @@ class frmEditData : public QDialog {
 
  private:
   void AddButton(QHBoxLayout& row, const char* name, const char* caption, const char* tip,
-                 const std::function<void()>& work);
+                 const QKeySequence& key, const std::function<void()>& work);
   QHBoxLayout* MakeButtons();
   void ShowLines();
 

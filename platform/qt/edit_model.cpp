@@ -1,17 +1,12 @@
 #include "platform/qt/edit_model.h"
 
-#include <QColor>
-
 #include "app/orientation_parameters.h"
+#include "platform/qt/marks.h"
 #include "platform/qt/widgets.h"
 #include "text/numbers.h"
 
 namespace velorix {
 namespace {
-
-constexpr Colour DoubtColour = 0xC0C0FF;    // light red
-constexpr Colour MatchedColour = 0xC0FFC0;  // light green
-constexpr Colour FixedColour = 0xEEEEEE;
 
 bool IsPair(int column) { return column >= FoliationColumn(1) && column < ParameterColumn(1); }
 
@@ -45,8 +40,6 @@ QVariant EditModel::data(const QModelIndex& index, int role) const {
       return Tip(row, column);
     case Qt::BackgroundRole:
       return Back(row, column);
-    case Qt::ForegroundRole:
-      return Back(row, column).isValid() ? QVariant(QColor(Qt::black)) : QVariant();
     case Qt::TextAlignmentRole: {
       const EditKind kind = EditColumnAt(column).Kind;
       const auto side = kind == EditKind::Angle || column == 1 ? Qt::AlignRight
@@ -70,12 +63,12 @@ QVariant EditModel::Tip(int row, int column) const {
 }
 
 QVariant EditModel::Back(int row, int column) const {
-  if (!CellDoubt(editor_.Shown(), row, column).empty()) return ToQColor(DoubtColour);
+  if (!CellDoubt(editor_.Shown(), row, column).empty()) return MarkColour(Mark::Doubt);
   const auto at = static_cast<std::size_t>(row - 1);
   if (!editor_.ShowsSamples && at < editor_.Matched.size() && editor_.Matched[at])
-    return ToQColor(MatchedColour);
+    return MarkColour(Mark::Matched);
   if (EditColumnAt(column).Kind == EditKind::Fixed || editor_.ShowsSamples)
-    return ToQColor(FixedColour);
+    return MarkColour(Mark::Fixed);
   return {};
 }
 

@@ -107,8 +107,10 @@ void GroupHeader::paintSection(QPainter* painter, const QRect& rect, int section
 }
 
 EditTable::EditTable(OrientationEditor& editor, QWidget* parent)
-    : QTableView(parent), editor_(editor), model_(editor) {
+    : FrozenTable(parent), editor_(editor), model_(editor) {
   setObjectName("scgDataTable");
+  setAccessibleName("Orientation data of the records");
+  setToolTip("Type over a cell to change it; Ctrl+C and Ctrl+V exchange blocks with a spreadsheet");
   setHorizontalHeader(new GroupHeader(this));
   setModel(&model_);
   setItemDelegate(new CellDelegate(this));
@@ -117,12 +119,12 @@ EditTable::EditTable(OrientationEditor& editor, QWidget* parent)
                   QAbstractItemView::AnyKeyPressed);
   setWordWrap(false);
   setCornerButtonEnabled(false);
-  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 7);
   const int digit = fontMetrics().horizontalAdvance('0');
   for (int c = 1; c <= EditColumns; ++c) setColumnWidth(c - 1, Characters(c) * digit + 14);
+  Freeze(OrientationColumn - 1, new GroupHeader(this));
 
   setContextMenuPolicy(Qt::ActionsContextMenu);
   AddAction("actUndo", "Undo", {QKeySequence("Ctrl+Z")}, &EditTable::Undo);

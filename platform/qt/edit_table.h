@@ -1,10 +1,10 @@
 #pragma once
 
 #include <QHeaderView>
-#include <QTableView>
 #include <optional>
 
 #include "platform/qt/edit_model.h"
+#include "platform/qt/frozen_table.h"
 
 namespace velorix {
 
@@ -23,7 +23,7 @@ class GroupHeader : public QHeaderView {
 
 /// The grid `scgDataTable`: cells to type in, lists to choose parameters from, blocks of cells to
 /// copy and paste, steps back and forth.
-class EditTable : public QTableView {
+class EditTable : public FrozenTable {
  public:
   EditTable(OrientationEditor& editor, QWidget* parent);
 

@@ -12,11 +12,6 @@
 #include "tensor/aniso_factor.h"
 
 namespace velorix {
-namespace {
-
-constexpr int NameWidth = 80;
-
-}  // namespace
 
 frmAnisoFac::frmAnisoFac(Velorix& velorix, QWidget* owner) : QDialog(owner) {
   setObjectName("frmAnisoFac");
@@ -25,6 +20,7 @@ frmAnisoFac::frmAnisoFac(Velorix& velorix, QWidget* owner) : QDialog(owner) {
   rows->setHorizontalSpacing(12);
   rows->addWidget(new QLabel("Name", this), 0, 1);
   rows->addWidget(new QLabel("Factor", this), 0, 2);
+  rows->setColumnStretch(2, 1);
   const FactorRows shown = FactorRowsOf(velorix.Session.Settings);
   for (int slot = 1; slot <= 8; ++slot) AddRow(*rows, slot, shown[slot]);
   auto* letters = new QLabel(FactorLetters, this);
@@ -47,17 +43,20 @@ frmAnisoFac::frmAnisoFac(Velorix& velorix, QWidget* owner) : QDialog(owner) {
 }
 
 void frmAnisoFac::AddRow(QGridLayout& rows, int slot, const FactorRow& row) {
-  auto* number = new QLabel(QString::number(slot), this);
+  auto* number = new QLabel(QString("&%1").arg(slot), this);
   number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   auto* name = new QLineEdit(ToQString(row.Name), this);
   name->setObjectName(QString("txtFac(%1)").arg(slot));
   name->setToolTip("Short name of the factor, without blanks");
-  name->setFixedWidth(NameWidth);
+  name->setAccessibleName(QString("Name of factor %1").arg(slot));
+  name->setFixedWidth(10 * name->fontMetrics().averageCharWidth() + 16);
   name->installEventFilter(this);
   auto* list = MakeList(QString("cboFac(%1)").arg(slot), FactorLetters, 0, this);
   for (int index = 1; index <= LastFactor; ++index)
     list->addItem(ToQString(std::string(FactorText(index))));
+  list->setAccessibleName(QString("Formula of factor %1").arg(slot));
   list->setCurrentIndex(row.Position);
+  number->setBuddy(name);
   rows.addWidget(number, slot, 0);
   rows.addWidget(name, slot, 1);
   rows.addWidget(list, slot, 2);

@@ -10,14 +10,21 @@
 #include <QShortcut>
 
 #include "platform/qt/busy_cursor.h"
+#include "platform/qt/change_buttons.h"
+#include "platform/qt/marks.h"
 #include "platform/qt/widgets.h"
 #include "text/numbers.h"
 
 namespace velorix {
 namespace {
 
-constexpr int FieldWidth = 100;
-constexpr Colour DoubtColour = 0xC0C0FF;  // light red
+/// Widths of the fields and of the names before them, in the two frames alike.
+int FieldWidth(const QWidget& widget) {
+  return widget.fontMetrics().horizontalAdvance("Dip direction") + 16;
+}
+int NameWidth(const QWidget& widget) {
+  return widget.fontMetrics().horizontalAdvance("Lineation 2") + 12;
+}
 
 QLabel* MakeLabel(const char* name, const QString& text, QWidget* parent) {
   auto* label = new QLabel(text, parent);
@@ -29,8 +36,10 @@ QLabel* MakeValue(const char* name, const char* tip, QWidget* parent) {
   QLabel* value = MakeLabel(name, "", parent);
   value->setToolTip(tip);
   value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  value->setMinimumWidth(FieldWidth);
+  value->setMinimumWidth(FieldWidth(*parent));
+  value->setMinimumHeight(QLineEdit(parent).sizeHint().height());
   value->setMargin(3);
+  value->setAccessibleDescription(tip);
   value->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
   value->setTextInteractionFlags(Qt::TextSelectableByMouse);
   return value;
@@ -40,8 +49,7 @@ QLabel* MakeValue(const char* name, const char* tip, QWidget* parent) {
 void MarkDoubt(QLineEdit& field) {
   QPalette palette;
   if (!IsNumberText(field.text().toStdString())) {
-    palette.setColor(QPalette::Base, ToQColor(DoubtColour));
-    palette.setColor(QPalette::Text, Qt::black);
+    palette.setColor(QPalette::Base, MarkColour(Mark::Doubt));
   }
   field.setPalette(palette);
 }
@@ -56,13 +64,11 @@ frmFoliLine::frmFoliLine(Velorix& velorix, QWidget* owner)
   auto* column = new QVBoxLayout(this);
   column->addWidget(MakeModes());
   column->addWidget(MakeInputs());
-  auto* calculate = new QPushButton("Calculate", this);
-  calculate->setObjectName("Command1");
-  calculate->setToolTip("Calculate the result (Enter)");
+  QPushButton* calculate =
+      MakeDialogButton("Command1", "Calculate", "Calculate the result (Enter)", this);
   connect(calculate, &QPushButton::clicked, this, [this] { Calculate(); });
-  auto* clear = new QPushButton("Clear", this);
-  clear->setObjectName("cmdClear");
-  clear->setToolTip("Empty the fields and the result");
+  QPushButton* clear =
+      MakeDialogButton("cmdClear", "Clear", "Empty the fields and the result", this);
   connect(clear, &QPushButton::clicked, this, [this] { Clear(); });
   auto* buttons = new QHBoxLayout;
   buttons->addStretch(1);
@@ -73,6 +79,7 @@ frmFoliLine::frmFoliLine(Velorix& velorix, QWidget* owner)
   column->setSizeConstraint(QLayout::SetFixedSize);
   for (const int key : {Qt::Key_Return, Qt::Key_Enter})
     connect(new QShortcut(key, this), &QShortcut::activated, this, [this] { Calculate(); });
+  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { close(); });
   ChooseMode(CalculatorMode::Lineations);
 }
 
@@ -100,7 +107,7 @@ QWidget* frmFoliLine::MakeModes() {
 QLineEdit* frmFoliLine::MakeInput(const char* name) {
   auto* field = new QLineEdit(this);
   field->setObjectName(name);
-  field->setFixedWidth(FieldWidth);
+  field->setFixedWidth(FieldWidth(*this));
   field->setAlignment(Qt::AlignRight);
   connect(field, &QLineEdit::textChanged, this, [field] { MarkDoubt(*field); });
   return field;
@@ -121,7 +128,7 @@ QWidget* frmFoliLine::MakeInputs() {
   table->addWidget(input2_, 2, 0);
   table->addWidget(dec2_ = MakeInput("txtDec2"), 2, 1);
   table->addWidget(inc2_ = MakeInput("txtInc2"), 2, 2);
-  table->setColumnMinimumWidth(0, FieldWidth);
+  table->setColumnMinimumWidth(0, NameWidth(*this));
   return frame;
 }
 
@@ -137,7 +144,7 @@ QWidget* frmFoliLine::MakeOutputs() {
   table->addWidget(inc_, 0, 2);
   table->addWidget(MakeLabel("lblAngleName", "Angle", this), 1, 0);
   table->addWidget(angle_, 1, 1, 1, 2);
-  table->setColumnMinimumWidth(0, FieldWidth);
+  table->setColumnMinimumWidth(0, NameWidth(*this));
   return frame;
 }
 
@@ -150,6 +157,10 @@ void frmFoliLine::ChooseMode(CalculatorMode mode) {
   const bool lines = mode == CalculatorMode::Lineations;
   headDec_->setText(lines ? "Trend" : "Dip direction");
   headInc_->setText(lines ? "Plunge" : "Dip");
+  dec1_->setAccessibleName(input1_->text() + ", " + headDec_->text());
+  inc1_->setAccessibleName(input1_->text() + ", " + headInc_->text());
+  dec2_->setAccessibleName(input2_->text() + ", " + headDec_->text());
+  inc2_->setAccessibleName(input2_->text() + ", " + headInc_->text());
   for (QLineEdit* dec : {dec1_, dec2_})
     dec->setToolTip(lines ? "Trend, degrees from north" : "Dip direction, degrees from north");
   for (QLineEdit* inc : {inc1_, inc2_})

@@ -7,18 +7,19 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QStyledItemDelegate>
 #include <QTableView>
 #include <QTimer>
 
 #include "app/orientation_parameters.h"
 #include "platform/qt/busy_cursor.h"
+#include "platform/qt/change_buttons.h"
+#include "platform/qt/frozen_table.h"
 #include "platform/qt/widgets.h"
 
 namespace velorix {
 namespace {
-
-constexpr int NameWidth = 130, NumberWidth = 62;
 
 /// A cell takes no more characters than its column says.
 class CellDelegate : public QStyledItemDelegate {
@@ -39,13 +40,13 @@ struct SiteField {
 };
 // clang-format off
 constexpr SiteField SiteFields[] = {
-    {"txtSite",  "Site",        "Name of the site",                  16, &GedSite::Site},
-    {"txtLon",   "Longitude",   "Longitude of the site, degrees",     7, &GedSite::Lon},
-    {"txtLat",   "Latitude",    "Latitude of the site, degrees",      7, &GedSite::Lat},
-    {"txtRock",  "Rock",        "Code of the rock type",              4, &GedSite::Rock},
-    {"txtStrat", "Stratigraphy", "Code of the stratigraphic unit",    4, &GedSite::Strat},
-    {"txtLitho", "Lithology",   "Code of the lithology",              4, &GedSite::Litho},
-    {"txtRegio", "Region",      "Code of the region",                 4, &GedSite::Regio},
+    {"txtSite",  "&Site",         "Name of the site",                  16, &GedSite::Site},
+    {"txtLon",   "Lo&ngitude",    "Longitude of the site, degrees",     7, &GedSite::Lon},
+    {"txtLat",   "L&atitude",     "Latitude of the site, degrees",      7, &GedSite::Lat},
+    {"txtRock",  "&Rock",         "Code of the rock type",              4, &GedSite::Rock},
+    {"txtStrat", "S&tratigraphy", "Code of the stratigraphic unit",   4, &GedSite::Strat},
+    {"txtLitho", "&Lithology",    "Code of the lithology",              4, &GedSite::Litho},
+    {"txtRegio", "Re&gion",       "Code of the region",                 4, &GedSite::Regio},
 };
 // clang-format on
 
@@ -81,13 +82,15 @@ frmGEDEditor::frmGEDEditor(Velorix& velorix, QWidget* owner)
   column->addWidget(MakeGrid(), 1);
   column->addLayout(MakeButtons());
   setCentralWidget(centre);
-  resize(1160, 560);
+  const int width = grid_->horizontalHeader()->length() + 6 * fontMetrics().height();
+  const int height = 20 * grid_->verticalHeader()->defaultSectionSize() + 180;
+  resize(QSize(width, height).boundedTo(screen()->availableSize() * 0.95));
   ShowCaption();
   ShowSite();
 }
 
 void frmGEDEditor::MakeMenu() {
-  QMenu* file = menuBar()->addMenu("File");
+  QMenu* file = menuBar()->addMenu("&File");
   const auto add = [&](const char* name, const char* caption, QKeySequence key, auto act) {
     QAction* item = file->addAction(caption);
     item->setObjectName(name);
@@ -120,14 +123,15 @@ QLayout* frmGEDEditor::MakeSite() {
   for (int i = 1; i <= 4; ++i) {
     parameters_[i] =
         MakeList(QString("cboOP(%1)").arg(i), ToQString(OrientationMeaning(i)), 3, this);
-    add(QString("OP%1").arg(i), parameters_[i], 0);
+    add(QString("OP&%1").arg(i), parameters_[i], 0);
   }
   return table;
 }
 
-QTableView* frmGEDEditor::MakeGrid() {
-  grid_ = new QTableView(this);
+QWidget* frmGEDEditor::MakeGrid() {
+  grid_ = new FrozenTable(this);
   grid_->setObjectName("scgEditAniso");
+  grid_->setAccessibleName("Samples");
   grid_->setToolTip("Type over a cell to change it, in the last row to add a sample");
   grid_->setModel(&model_);
   grid_->setItemDelegate(new CellDelegate(grid_));
@@ -140,30 +144,32 @@ QTableView* frmGEDEditor::MakeGrid() {
   grid_->verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
   QHeaderView& header = *grid_->horizontalHeader();
   header.setHighlightSections(false);
-  header.setStretchLastSection(true);
+  const int digit = grid_->fontMetrics().horizontalAdvance('0');
   for (int column = 0; column < GedColumnCount; ++column)
-    grid_->setColumnWidth(column, std::max(header.sectionSizeHint(column) + 8,
-                                           column == 0 ? NameWidth : NumberWidth));
+    grid_->setColumnWidth(
+        column, std::max(header.sectionSizeHint(column) + 4, (column == 0 ? 13 : 6) * digit + 12));
   CaptionCorner(*grid_);
+  grid_->Freeze(1, new QHeaderView(Qt::Horizontal, grid_));
   return grid_;
 }
 
 QLayout* frmGEDEditor::MakeButtons() {
   auto* row = new QHBoxLayout;
-  const auto add = [&](const char* name, const char* caption, const char* tip, auto act) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setToolTip(tip);
+  const auto add = [&](const char* name, const char* caption, const char* tip, const char* key,
+                       auto act) {
+    QPushButton* button = MakeDialogButton(name, caption, tip, this);
+    button->setShortcut(QKeySequence(key));  // Tab goes from cell to cell
     connect(button, &QPushButton::clicked, this, act);
     row->addWidget(button);
   };
-  add("cmdDelete", "DELETE", "Take the selected rows out", [this] { Delete(); });
-  add("cmdRestore", "RESTORE ALL", "Bring all rows back", [this] { Restore(); });
+  add("cmdDelete", "DELETE", "Take the selected rows out (Ctrl+Del)", "Ctrl+Del",
+      [this] { Delete(); });
+  add("cmdRestore", "RESTORE ALL", "Bring all rows back (Ctrl+R)", "Ctrl+R", [this] { Restore(); });
   // Wanted: it stands here without an action.
-  add("cmdCopy1stRow", "COPY 1ST ROW TO ALL", "This button has no action", [] {});
+  add("cmdCopy1stRow", "COPY 1ST ROW TO ALL", "This button has no action", "", [] {});
   row->addStretch(1);
-  add("cmdOK", "OK", "Save to a file and close", [this] { Save(); });
-  add("cmdCancel", "CANCEL", "Close without saving", [this] { close(); });
+  add("cmdOK", "OK", "Save to a file and close (Ctrl+S)", "Ctrl+S", [this] { Save(); });
+  add("cmdCancel", "CANCEL", "Close without saving (Ctrl+W)", "", [this] { close(); });
   return row;
 }
 

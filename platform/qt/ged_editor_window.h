@@ -6,9 +6,10 @@
 
 class QComboBox;
 class QLineEdit;
-class QTableView;
 
 namespace velorix {
+
+class FrozenTable;
 
 /// The window in which a geological file is typed, corrected and saved. It goes away when it is
 /// closed, and what was not saved with it.
@@ -22,7 +23,7 @@ class frmGEDEditor : public QMainWindow {
  private:
   void MakeMenu();
   QLayout* MakeSite();
-  QTableView* MakeGrid();
+  QWidget* MakeGrid();
   QLayout* MakeButtons();
   void ShowCaption();
   void ShowSite();
@@ -36,7 +37,7 @@ class frmGEDEditor : public QMainWindow {
   Velorix& velorix_;
   GedSheet sheet_;
   GedModel model_;
-  QTableView* grid_ = nullptr;
+  FrozenTable* grid_ = nullptr;
   struct Field {
     QLineEdit* Box;
     std::string GedSite::*Text;

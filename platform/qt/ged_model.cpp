@@ -1,14 +1,10 @@
 #include "platform/qt/ged_model.h"
 
+#include "platform/qt/marks.h"
 #include "platform/qt/widgets.h"
 #include "store/record_array.h"
 
 namespace velorix {
-namespace {
-
-const QColor GroupTint(0xEE, 0xF3, 0xF8);  // of every other three columns that belong together
-
-}  // namespace
 
 void GedModel::Refresh() {
   beginResetModel();
@@ -34,7 +30,8 @@ QVariant GedModel::data(const QModelIndex& index, int role) const {
   const bool number = GedColumnAt(index.column()).IsNumber;
   if (role == Qt::TextAlignmentRole)
     return QVariant((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-  if (role == Qt::BackgroundRole && index.column() / 3 % 2 == 1) return GroupTint;
+  // Every other three columns belong together.
+  if (role == Qt::BackgroundRole && index.column() / 3 % 2 == 1) return MarkColour(Mark::Group);
   if ((role != Qt::DisplayRole && role != Qt::EditRole) || IsNew(index.row())) return {};
   const GedRow& row = sheet_.Rows[static_cast<std::size_t>(index.row())];
   return ToQString(row.Cells[static_cast<std::size_t>(index.column())]);
@@ -61,8 +58,14 @@ bool GedModel::setData(const QModelIndex& index, const QVariant& value, int role
 }
 
 QVariant GedModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation == Qt::Horizontal) {
+    const GedColumn& column = GedColumnAt(section);
+    if (role == Qt::ToolTipRole && column.IsNumber)
+      return QString("Degrees, 0 to %1").arg(column.Highest);
+    if (role == Qt::ToolTipRole) return QString("At most %1 character(s)").arg(column.Characters);
+    return role == Qt::DisplayRole ? QString(column.Caption) : QVariant();
+  }
   if (role != Qt::DisplayRole) return {};
-  if (orientation == Qt::Horizontal) return QString(GedColumnAt(section).Caption);
   return IsNew(section) ? QString("*") : QString::number(section + 1);
 }
 

@@ -17,6 +17,7 @@ frmOPAR::frmOPAR(Velorix& velorix, QWidget* owner) : QDialog(owner), velorix_(ve
   auto* parameters = new QGroupBox("Orientation Parameters", this);
   auto* rows = new QGridLayout(parameters);
   rows->setHorizontalSpacing(12);
+  rows->setVerticalSpacing(8);
   for (int i = 1; i <= 4; ++i) AddRow(*rows, i);
   rows->setColumnStretch(2, 1);
 
@@ -48,7 +49,7 @@ void frmOPAR::AddRow(QGridLayout& rows, int parameter) {
   QWidget* parent = rows.parentWidget();
   const QString tip = ToQString(OrientationMeaning(parameter));
   auto* list = MakeList(QString("cboOP(%1)").arg(parameter), tip, 4, parent);
-  auto* label = new QLabel(QString("OP%1").arg(parameter), parent);
+  auto* label = new QLabel(QString("OP&%1").arg(parameter), parent);
   label->setToolTip(tip);
   label->setBuddy(list);
   auto* meaning = new QLabel(parent);

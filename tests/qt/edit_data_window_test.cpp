@@ -7,6 +7,12 @@
 #include <QLabel>
 #include <QPushButton>
 
+#ifdef Q_OS_UNIX
+#include <sys/resource.h>
+
+#include <csignal>
+#endif
+
 #include "app/edit_grid.h"
 #include "datafiles/ged_file.h"
 #include "tests/qt/on_modal.h"
@@ -283,15 +289,72 @@ class EditDataWindowTest : public QObject {
   }
 
   void aDiskThatRefusesKeepsItOpenWithTheEdits() {
-    W().Open(W().WriteFile("site", 3));
-    W().Program.Session.CurrentFile = W().Path("no folder/site.ams");
-    Show([this] {
+#ifndef Q_OS_UNIX
+    QSKIP("no limit of file sizes to set");
+#else
+    const std::string path = W().WriteFile("site", 3);
+    W().Open(path);
+    rlimit limit;
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const auto setLimit = [&](rlim_t bytes) {
+      const rlimit now{bytes, limit.rlim_max};
+      setrlimit(RLIMIT_FSIZE, &now);
+    };
+    std::signal(SIGXFSZ, SIG_IGN);  // the write fails instead, as on a full disk
+    Show([&] {
       TypeAndEnter(1, 3, "200");
+      setLimit(1000);
       Press("cmdRead");
+      setLimit(limit.rlim_cur);
       QVERIFY(dialog_->isVisible());
       QCOMPARE(Boxes().size(), 1u);
-      QVERIFY(Boxes()[0].starts_with("Velorix5|" + W().Path("no folder/site.ams")));
+      QVERIFY2(Boxes()[0].starts_with("Velorix5|" + path), Boxes()[0].c_str());
       QCOMPARE(Cell(1, 3), "200");
+      RecordArray old;
+      QVERIFY(ReadAmsFile(path, old));
+      QCOMPARE(old.Count(), 3);
+      QCOMPARE(old[1].OrientAz, 1.0f);
+      Press("cmdRead");  // there is room again
+      QVERIFY(!dialog_->isVisible());
+    });
+    RecordArray written;
+    QVERIFY(ReadAmsFile(path, written));
+    QCOMPARE(written[1].OrientAz, 200.0f);
+#endif
+  }
+
+  void theNamesStayInViewWhenScrolledSideways() {
+    W().Open(W().WriteFile("site", 40));
+    Show([this] {
+      dialog_->resize(700, 400);
+      const auto* held = Table().findChild<QTableView*>();
+      Select(30, EditColumns);
+      QVERIFY(held->isVisible());
+      const QRect name = held->visualRect(At(30, 2));
+      QVERIFY(held->viewport()->rect().contains(name));
+      QCOMPARE(name.top(), Table().visualRect(At(30, EditColumns)).top());
+      for (int column = EditColumns; column > OrientationColumn; --column) {
+        Key(Qt::Key_Left);  // no cell gets under the names
+        const QRect cell = Table().visualRect(Table().currentIndex());
+        QVERIFY(!held->isVisible() || cell.left() >= name.right());
+      }
+      Key(Qt::Key_Home);
+      QVERIFY(!held->isVisible());
+    });
+  }
+
+  void theButtonsHaveKeysSinceTabGoesFromCellToCell() {
+    W().Open(W().WriteFile("site", 3));
+    Show([this] {
+      TypeAndEnter(1, 3, "200");
+      Key(Qt::Key_F5);
+      QTRY_COMPARE(Cell(1, 3), "1");
+      Key(Qt::Key_G, Qt::ControlModifier);
+      QTRY_COMPARE(Line(), "No geological file is open: OpenGED reads one.");
+      Key(Qt::Key_O, Qt::ControlModifier);
+      QTRY_VERIFY(W().Asked.FileQuestions.back().Filter.starts_with("GED"));
+      Key(Qt::Key_S, Qt::ControlModifier);
+      QTRY_VERIFY(!dialog_->isVisible());
     });
   }
 

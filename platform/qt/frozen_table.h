@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QTableView>
+
+namespace velorix {
+
+/// A table whose first columns stay in view when it is scrolled sideways.
+class FrozenTable : public QTableView {
+ public:
+  explicit FrozenTable(QWidget* parent);
+
+  /// Holds the first `columns` with a header of the kind that the table has. The table has its
+  /// model then, and shows it for good.
+  void Freeze(int columns, QHeaderView* header);
+
+  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
+ protected:
+  void updateGeometries() override;
+
+ private:
+  int HeldWidth() const;
+  void PlaceHeld();
+
+  QTableView* held_ =
+      nullptr;  // a view of the first columns, over them while they are scrolled away
+  int columns_ = 0;
+};
+
+}  // namespace velorix

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QColor>
+
+namespace velorix {
+
+/// What the ground of a cell or field tells.
+enum class Mark {
+  Doubt,    // it is not read as it stands
+  Matched,  // it came from a geological file
+  Fixed,    // it can't be changed
+  Group,    // it belongs to every other group of columns
+};
+
+/// The ground's colour; the desktop's text, dark on light or light on dark, can be read on it.
+QColor MarkColour(Mark mark);
+
+}  // namespace velorix
