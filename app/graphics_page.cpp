@@ -100,9 +100,9 @@ void DrawGraphicsPage(const Velorix& velorix, Target& target, double s) {
 }
 
 std::string GraphicsMetafile(const Velorix& velorix) {
-  MetafileTarget target(GraphicsPage);
+  MetafileTarget target(GraphicsPage, PlaceableHeader(GraphicsPage, PageUnitsPerInch));
   DrawGraphicsPage(velorix, target, 1);
-  return PlaceableHeader(GraphicsPage, PageUnitsPerInch) + target.Bits();
+  return target.Bits();
 }
 
 void SaveGraphics(Velorix& velorix) {

@@ -37,7 +37,7 @@ constexpr int SolidBrush = 0, NullBrush = 1;
 constexpr std::size_t FaceSize = 32;  // bytes of a font's name
 constexpr std::size_t MostPoints = 32767;
 constexpr std::size_t MostCharacters = 32767;
-constexpr std::size_t SizeAt = 6, LongestAt = 12;  // in the header
+constexpr std::size_t SizeAt = 6, LongestAt = 12;  // in the metafile
 
 /// The nearest number of 16 bits.
 std::int16_t Clamped(std::int32_t value) {
@@ -95,7 +95,8 @@ void MetafileTarget::Short(std::uint16_t function, int parameter) {
   End(start);
 }
 
-MetafileTarget::MetafileTarget(std::optional<PlaneSize> window) {
+MetafileTarget::MetafileTarget(std::optional<PlaneSize> window, std::string header)
+    : bits_(std::move(header)), start_(bits_.size()) {
   Word(1);       // in memory
   Word(9);       // words of this header
   Word(0x0300);  // version
@@ -226,17 +227,16 @@ void MetafileTarget::Text(std::string_view text, LogicalPoint point, const TextS
   End(start);
 }
 
-const std::string& MetafileTarget::Bits() {
-  if (closed_) return bits_;
+std::string MetafileTarget::Bits() {
   // What is selected can't be deleted: so the state from before the drawing comes back first.
   Short(MetaRestoreDC, -1);
   for (int place = 0; place < static_cast<int>(taken_.size()); ++place)
     if (taken_[place]) Short(MetaDeleteObject, place);
   End(Begin(MetaEof));
   closed_ = true;
-  PutLong(SizeAt, static_cast<std::uint32_t>(bits_.size() / 2));
-  PutLong(LongestAt, longest_);
-  return bits_;
+  PutLong(start_ + SizeAt, static_cast<std::uint32_t>((bits_.size() - start_) / 2));
+  PutLong(start_ + LongestAt, longest_);
+  return std::move(bits_);
 }
 
 std::string PlaceableHeader(PlaneSize window, int unitsPerInch) {

@@ -12,7 +12,7 @@ namespace velorix {
 
 /// A target whose calls become the records of a Windows metafile, in one buffer. Texts are set in
 /// Windows-1252. Coordinates have 16 bits: what lies beyond goes to the nearest place that they can
-/// tell. A file is `PlaceableHeader`, then `Bits`.
+/// tell.
 ///
 /// Pen, brush and font stay selected until a call asks for another one, which then takes the place
 /// of the old one in the object table: so a picture of any size needs a table of four places, and
@@ -21,7 +21,8 @@ class MetafileTarget : public Target {
  public:
   /// `window` is the logical plane, stretched to whatever room the picture gets. Without one the
   /// window's extent is 0 by 0 and no mapping is set, for a host that tells the extent itself.
-  explicit MetafileTarget(std::optional<PlaneSize> window);
+  /// `header` stays in front of the metafile: with `PlaceableHeader` the whole is a file.
+  explicit MetafileTarget(std::optional<PlaneSize> window, std::string header = {});
 
   void SetTransparent() override;
   void Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) override;
@@ -30,8 +31,8 @@ class MetafileTarget : public Target {
   void Pixel(LogicalPoint point, Colour colour) override;
   void Text(std::string_view text, LogicalPoint point, const TextStyle& style) override;
 
-  /// Closes the metafile and gives its bytes. Nothing can be drawn after it.
-  const std::string& Bits();
+  /// Closes the metafile and gives its bytes away. Nothing can be drawn after it.
+  std::string Bits();
 
  private:
   enum Kind { PenObject, BrushObject, FontObject };
@@ -59,6 +60,7 @@ class MetafileTarget : public Target {
   void Points(std::uint16_t function, std::span<const LogicalPoint> points);
 
   std::string bits_;
+  std::size_t start_;          // of the metafile, behind the header
   std::uint32_t longest_ = 0;  // record, in words
   bool closed_ = false;
 

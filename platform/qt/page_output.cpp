@@ -54,7 +54,8 @@ void CopyPicture([[maybe_unused]] const std::string& metafile, PlaneSize plane,
   PutOnClipboard(picture.Bits(), svg.toStdString());
 #else
   auto* data = new QMimeData;
-  for (const char* name : MetafileNames) data->setData(name, QByteArray::fromStdString(metafile));
+  const QByteArray bytes = QByteArray::fromStdString(metafile);  // which all names share
+  for (const char* name : MetafileNames) data->setData(name, bytes);
   data->setData("image/svg+xml", svg);
   QGuiApplication::clipboard()->setMimeData(data);
 #endif

@@ -107,7 +107,7 @@ struct MetafileReader {
     return place >= 0 && place < std::ssize(objects_) && objects_[place] != 0;
   }
 
-  const std::string& bits_;
+  const std::string bits_;
   std::vector<int> objects_;  // what each place holds, 0 nothing
   int selected_[3] = {-1, -1, -1};
 };
