@@ -4,9 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <memory>
 
-#include "app/data_table.h"
 #include "app/record_grid.h"
 #include "datafiles/safe_write.h"
 #include "text/code_page.h"
@@ -22,40 +20,44 @@ constexpr char Title[] = "Export Data";
 constexpr std::size_t PrintZone = 14;
 constexpr std::size_t BlockSize = 1u << 16;  // bytes that are written at a time
 
-/// Brings the cell that begins at `start` into the file's form and appends what parts it from the
-/// next one. An empty delimiter means print zones.
-void EndCell(std::string& text, std::size_t start, std::string_view delimiter, bool stripBlanks) {
-  const std::string_view cell = std::string_view(text).substr(start);
-  if (std::any_of(cell.begin(), cell.end(), [](char c) { return (c & 0x80) != 0; }))
-    text.replace(start, text.npos, ToCodePage(cell));
+/// Brings the cell that begins at `start` into the code page, and without its blanks if told.
+void PutInForm(std::string& text, std::size_t start, bool stripBlanks) {
+  bool plain = true;  // as nearly every cell: no blank, and nothing that the code page changes
+  for (const char c : std::string_view(text).substr(start))
+    plain &= static_cast<signed char>(c) > ' ';
+  if (plain) return;
+  text.replace(start, text.npos, ToCodePage(std::string_view(text).substr(start)));
   if (stripBlanks)
     text.erase(std::remove(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(), ' '),
                text.end());
-  if (delimiter.empty()) {
-    const std::size_t length = text.size() - start;
-    // A text that fills its zone leaves no blank before the next value: this is wanted.
-    const std::size_t zones = std::max<std::size_t>(1, (length + PrintZone - 1) / PrintZone);
-    text.append(zones * PrintZone - length, ' ');
-  } else {
-    // Behind the last value too: this is wanted.
-    text.append(1, ' ').append(delimiter);
-  }
+}
+
+/// Fills the print zones that a value of `length` characters takes. One that fills its zone has no
+/// blank before the next value: this is wanted.
+void FillZone(std::string& text, std::size_t length) {
+  const std::size_t zones = std::max<std::size_t>(1, (length + PrintZone - 1) / PrintZone);
+  text.append(zones * PrintZone - length, ' ');
 }
 
 void WriteRows(const GridTexts& grid, const ExportForm& form, bool header, std::ostream& out) {
-  std::string_view delimiter = form.Delimiter;
-  if (StripBlanks(delimiter).empty()) delimiter = {};  // a tab is no blank
+  const bool inZones = StripBlanks(form.Delimiter).empty();  // a tab is no blank
+  const std::string cellEnd = ' ' + form.Delimiter;
   std::string block;
+  block.reserve(2 * BlockSize);
   const auto write = [&] {
     out.write(block.data(), static_cast<std::streamsize>(block.size()));
     block.clear();
   };
   for (int row = header ? -form.HeaderRows : 0; row < grid.Rows; ++row) {
-    if (row >= 0 && form.SelectedOnly && !grid.IsSelected(row)) continue;
+    if (row >= 0 && (grid.IsHidden(row) || (form.SelectedOnly && !grid.IsSelected(row)))) continue;
     for (int column = -grid.RowHeaderColumns; column < grid.Columns; ++column) {
       const std::size_t start = block.size();
       grid.AppendCell(block, row, column);
-      EndCell(block, start, delimiter, form.StripBlanks);
+      PutInForm(block, start, form.StripBlanks);
+      if (inZones)
+        FillZone(block, block.size() - start);
+      else
+        block += cellEnd;  // behind the last value too: this is wanted
     }
     block += "\r\n";
     if (block.size() >= BlockSize) write();
@@ -75,20 +77,19 @@ void CopyFile(const fs::path& path, std::ostream& out) {
 
 GridTexts RecordGridTexts(const Session& session) {
   GridTexts grid;
-  const auto rows = std::make_shared<const std::vector<int>>(DataTableRows(session));
-  const auto record = [&session, rows](int row) -> const SpecimenRecord& {
-    return session.Records[(*rows)[static_cast<std::size_t>(row)]];
-  };
-  grid.Rows = static_cast<int>(rows->size());
+  grid.Rows = session.RecordCount();
   grid.RowHeaderColumns = 1;
   grid.Columns = GridColumns - 1;
-  grid.AppendCell = [&session, record](std::string& text, int row, int column) {
+  grid.AppendCell = [&session](std::string& text, int row, int column) {
     if (row < 0)
       text += GridHeader(column + 2, session.Settings);
     else
-      AppendGridCell(text, column + 2, record(row), session.ReImMode);
+      AppendGridCell(text, column + 2, session.Records[row + 1], session.ReImMode);
   };
-  grid.IsSelected = [record](int row) { return record(row).Selected; };
+  grid.IsSelected = [&session](int row) { return session.Records[row + 1].Selected; };
+  grid.IsHidden = [&session](int row) {
+    return !IsShown(session.Records[row + 1], session.CoorSys, session.ReImMode);
+  };
   return grid;
 }
 

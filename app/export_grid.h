@@ -14,10 +14,11 @@ struct GridTexts {
   /// Puts a cell behind `text`.
   std::function<void(std::string& text, int row, int column)> AppendCell = {};
   std::function<bool(int row)> IsSelected = {};
+  std::function<bool(int row)> IsHidden = [](int) { return false; };
 };
 
-/// The record grid as it stands: the records in view under one header row, "ID" as the header of
-/// the rows, column -1. It looks into the session.
+/// The record grid as it stands: a row for each record, hidden where the record is out of view,
+/// under one header row, "ID" as the header of the rows, column -1. It looks into the session.
 GridTexts RecordGridTexts(const Session& session);
 
 /// How a grid becomes text.
@@ -31,8 +32,9 @@ struct ExportForm {
 
 /// Writes the grid into a text file in Windows-1252, lines ended by CR LF. Behind every value come
 /// one blank and the delimiter; where the delimiter is nothing but blanks, the value fills fields
-/// of 14 characters. The header rows go only into a file without content. False when the file could
-/// not be written, which then is as it was; nobody is told.
+/// of 14 characters. The header rows go only into a file without content. The memory it takes does
+/// not depend on the number of rows. False when the file could not be written, which then is as it
+/// was; nobody is told.
 bool ExportGrid(const GridTexts& grid, const std::string& path, const ExportForm& form);
 
 /// A choice of the export dialog.
