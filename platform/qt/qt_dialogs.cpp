@@ -1,6 +1,5 @@
 #include "platform/qt/qt_dialogs.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -8,6 +7,7 @@
 #include <QPushButton>
 
 #include "platform/qt/busy_cursor.h"
+#include "platform/qt/own_paths.h"
 #include "platform/qt/widgets.h"
 
 namespace velorix {
@@ -21,14 +21,10 @@ int IndexOf(const QList<NameFilter>& filters, const QString& name) {
   return 0;
 }
 
-/// Where a first file is looked for: among the examples, in an installation or in a build of the
-/// sources, else at home.
+/// Where a first file is looked for: among the examples, else at home.
 QString FirstFolder() {
-  const QString beside = QCoreApplication::applicationDirPath();
-  for (const char* examples : {"/../share/velorix/examples", "/../../../examples"})
-    if (const QDir folder(beside + examples); folder.exists("granite.ams"))
-      return folder.canonicalPath();
-  return QDir::homePath();
+  const QString examples = ExamplesFolder();
+  return examples.isEmpty() ? QDir::homePath() : examples;
 }
 
 /// Shows the file dialog until the answer has room, or the user gives up.
