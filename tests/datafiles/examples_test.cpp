@@ -49,7 +49,8 @@ MeanTensor MeanOf(RecordArray& records, std::int16_t coorSys) {
 
 TEST(Examples, CommittedFilesAreWhatTheMakerWrites) {
   std::vector<std::pair<std::string, std::string>> files = {
-      {"granite.ged", examples::GraniteGedBytes()}};
+      {"granite.ged", examples::GraniteGedBytes()},
+      {"granite_unoriented.ams", examples::FileBytes(examples::UnorientedFile())}};
   for (const auto& file : examples::ExampleFiles())
     files.emplace_back(file.Name, examples::FileBytes(file));
   for (const auto& file : examples::RanExampleFiles())
