@@ -1,19 +1,25 @@
-// make_images FOLDER: the pictures of the manual, grabbed from the real program with the example
-// files. Run it after a change of the windows: tools/make-images.
+// make_images FOLDER [light|dark [WIDTHxHEIGHT]]: the pictures of the manual, grabbed from the real
+// program with the example files, or all of them in another theme or with the main window in
+// another size. Run it after a change of the windows: tools/make-images.
 
 #include <QApplication>
+#include <QDialog>
 #include <QLabel>
 #include <QScreen>
 
 #include "app/commands.h"
+#include "tests/qt/on_modal.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;
 
 namespace {
 
-/// A picture: the file opened, what is done then, and what is grabbed. A step is a command's name,
-/// "+box" or "-box" for a check box or an option, "list=index", or "row*number" for a click there.
+/// A picture: the file opened ("" for none), what is done then, and what is grabbed. A step is a
+/// command's name, "+box" or "-box" for a check box or an option, "list=index", "row*number" for a
+/// click there, "file:name" for the answer to the next file dialog, "!button" to press one,
+/// "!window/item" for a menu of a window of its own. The steps behind "?command" are done in the
+/// modal window that this command opens.
 struct Image {
   const char *Name, *Example;
   QSize Size;  // of the main window
@@ -23,7 +29,9 @@ struct Image {
 
 // clang-format off
 const Image Images[] = {
+    {"empty-window", "", {1280, 800}, {}, "frmVelorix"},
     {"main-window", "granite.ams", {1280, 800}, {}, "frmVelorix"},
+    {"large-window", "u1359b.ams", {1280, 800}, {"mnuView(2)", "odclHisto=3", "+chkDataEllipses", "+chkStereoColorCoding", "row*3"}, "frmVelorix"},
     {"geology", "granite.ams", {1030, 720}, {"-cmdColumnPlots", "mnuView(3)", "+chkFoli(0)", "+chkFoli(4)"}, "picStereo"},
     {"bootstrap", "jelinek1978.ams", {1030, 720}, {"-cmdColumnPlots", "+chkBootStrap", "+chkBootstrapEllips", "-chkMeanEllipses"}, "picStereo"},
     {"colours-per-axis", "u1359b.ams", {1030, 720}, {"-cmdColumnPlots", "+chkStereoColorCoding", "odclStereoColorCoding=6"}, "picStereo"},
@@ -33,40 +41,92 @@ const Image Images[] = {
     {"xy-plot", "u1359b.ams", {1600, 1200}, {"+chkXYPlot2ColorCoding", "odclXYPlot2(3)=11", "row*3"}, "picXYPlot2"},
     {"data-table", "granite.ams", {1280, 640}, {"mnuDataTable"}, "frmDataTable"},
     {"group-statistics", "granite.ams", {1280, 800}, {"mnuAnalysis(1)"}, "frmGroupStatistics"},
+    {"contour-window", "granite.ams", {1280, 800}, {"mnuAnalysis(3)"}, "frmContour"},
+    {"plane-from-lineations", "granite.ams", {1280, 800}, {"mnuFoliLine"}, "frmFoliLine"},
+    {"orientation-parameters", "granite.ams", {1280, 800}, {"?mnuOPAR"}, "frmOPAR"},
+    {"factor-choice", "granite.ams", {1280, 800}, {"?mnuAnisoFac"}, "frmAnisoFac"},
+    {"edit-orientations", "granite_unoriented.ams", {1280, 800}, {"file:granite.ged", "?mnuEdit(1)", "!cmdOpenGED", "!cmdGEDASSign"}, "frmEditData"},
+    {"ged-editor", "granite.ams", {1280, 800}, {"file:granite.ged", "mnuGedEditor", "!frmGEDEditor/mnuOpen"}, "frmGEDEditor"},
+    {"about", "", {1280, 800}, {"?mnuAbout"}, "frmAbout"},
 };
 // clang-format on
 
-void Do(TestWindow& window, const QString& step) {
+std::string Example(const QString& name) {
+  return VELORIX_SOURCE_DIR "/examples/" + name.toStdString();
+}
+
+/// The control or window of a name in `root`, or `root` itself.
+template <class Control>
+Control& Find(QWidget& root, const QString& name) {
+  if (auto* self = qobject_cast<Control*>(&root); self && root.objectName() == name) return *self;
+  auto* control = root.findChild<Control*>(name);
+  if (!control) qFatal("no control %s", qPrintable(name));
+  return *control;
+}
+
+void Do(TestWindow& window, QWidget& root, const QString& step) {
   if (step.startsWith('+') || step.startsWith('-')) {
-    window.The<QAbstractButton>(step.mid(1)).setChecked(step[0] == '+');
-  } else if (step.contains('=')) {
-    auto& list = window.The<QComboBox>(step.section('=', 0, 0));
-    list.setCurrentIndex(step.section('=', 1).toInt());
-    emit list.activated(list.currentIndex());
+    Find<QAbstractButton>(root, step.mid(1)).setChecked(step[0] == '+');
+  } else if (step.startsWith('!') && step.contains('/')) {
+    auto& owner = Find<QWidget>(root, step.section('/', 0, 0).mid(1));
+    owner.findChild<QAction*>(step.section('/', 1))->trigger();
+  } else if (step.startsWith('!')) {
+    Find<QAbstractButton>(root, step.mid(1)).click();
+  } else if (step.startsWith("file:")) {
+    window.Asked.Files.push_back(FileAnswer{Example(step.mid(5)), 1});
   } else if (step.startsWith("row*")) {
     window.ClickRow(step.mid(4).toInt() - 1);
+  } else if (step.contains('=')) {
+    auto& list = Find<QComboBox>(root, step.section('=', 0, 0));
+    list.setCurrentIndex(step.section('=', 1).toInt());
+    emit list.activated(list.currentIndex());
   } else {
     RunMenu(window.Program, CommandNamed(step.toStdString()));
   }
   QTest::qWait(20);  // for layout and timers
 }
 
+/// Does the steps from `step` on and saves what is grabbed then.
+void Take(TestWindow& window, QWidget& root, const Image& image, std::size_t step,
+          const QString& path) {
+  for (; step < image.Steps.size(); ++step) {
+    const QString what = image.Steps[step];
+    if (what.startsWith('?')) {
+      OnModal<QDialog>([&, step](QDialog& modal) {
+        Take(window, modal, image, step + 1, path);
+        modal.close();
+      });
+      RunMenu(window.Program, CommandNamed(what.mid(1).toStdString()));
+      return;
+    }
+    Do(window, root, what);
+  }
+  if (!Find<QWidget>(root, image.Grabbed).grab().save(path)) qFatal("%s", qPrintable(path));
+}
+
+void UseDarkTheme() {
+  QPalette dark(QColor(0x35, 0x35, 0x35), QColor(0x2B, 0x2B, 0x2B));
+  dark.setColor(QPalette::Base, QColor(0x1E, 0x1E, 0x1E));
+  dark.setColor(QPalette::Highlight, QColor(0x2A, 0x6F, 0xB5));
+  QApplication::setPalette(dark);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  if (argc != 2) qFatal("make_images FOLDER");
+  if (argc < 2 || argc > 4) qFatal("make_images FOLDER [light|dark [WIDTHxHEIGHT]]");
+  if (argc > 2 && QString(argv[2]) == "dark") UseDarkTheme();
+  const QStringList size = argc > 3 ? QString(argv[3]).split('x') : QStringList();
+  QDir().mkpath(argv[1]);
   for (const Image& image : Images) {
     TestWindow window;
-    window.Window.resize(image.Size);
-    window.Asked.Files.push_back(
-        FileAnswer{std::string(VELORIX_SOURCE_DIR "/examples/") + image.Example, 1});
-    RunMenu(window.Program, CommandNamed("mnuOpen"));
+    window.Window.resize(size.size() == 2 ? QSize(size[0].toInt(), size[1].toInt()) : image.Size);
+    if (*image.Example) {
+      window.Asked.Files.push_back(FileAnswer{Example(image.Example), 1});
+      RunMenu(window.Program, CommandNamed("mnuOpen"));
+    }
     QTest::qWait(20);
-    for (const char* step : image.Steps) Do(window, step);
-    QWidget* grabbed = &window.Window;
-    if (grabbed->objectName() != image.Grabbed) grabbed = &window.The<QWidget>(image.Grabbed);
-    const QString path = QString("%1/%2.png").arg(argv[1], image.Name);
-    if (!grabbed->grab().save(path)) qFatal("%s", qPrintable(path));
+    Take(window, window.Window, image, 0, QString("%1/%2.png").arg(argv[1], image.Name));
   }
 }
