@@ -104,6 +104,16 @@ TEST(GedFile, GedToGedExchangesTheCoordinatesAndMakesAnAbsentCodeAZero) {
   }
 }
 
+TEST(GedFile, EveryByteOfNamesAndCodesComesBack) {
+  for (int code = 33; code < 256; ++code) {
+    std::string sample = First;
+    sample[1] = sample[20] = sample[21] = static_cast<char>(code);
+    RecordArray records;
+    ASSERT_TRUE(ReadGedText("x.ged", Header + sample, records));
+    EXPECT_EQ(GedText(records).substr(64, 24), sample.substr(0, 24)) << code;
+  }
+}
+
 TEST(GedFile, CutsWhatItsFieldsCannotHold) {
   RecordArray records;
   records.Grow(1);

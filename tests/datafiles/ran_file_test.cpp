@@ -211,6 +211,9 @@ TEST(ReadRanFile, AFailureLeavesTheArray) {
   PutFile(folder.File("full.ran"), Header + std::string(32767 * 64, '\0'));
   for (const char* name : {"long.ran", "full.ran"})  // in the second there is one too many
     EXPECT_EQ(FaultOf([&] { (void)ReadRanFile(folder.File(name), records, {}); }), 6);
+  Bytes large = golden::RanSpecimen();
+  golden::PutFloat(large, 12, -3e38f);  // its field, 1.41 times that, doesn't fit
+  EXPECT_EQ(FaultOf([&] { (void)Read(Header + OneSpecimen + golden::TextOf(large), records); }), 6);
   EXPECT_EQ(records.Count(), 1);
   records.Clear();
   ASSERT_TRUE(ReadRanFile(folder.File("full.ran"), records, {}));
