@@ -12,6 +12,7 @@ namespace velorix {
 namespace {
 
 constexpr std::size_t NamesInLine = 12;
+constexpr int CellsOfSample = 2 + 2 * 6;  // at most: the orientation, and two slots of two pairs
 
 bool HasCode(const EditRow& row, int slot) {
   return !row[FoliationColumn(slot)].empty() || !row[LineationColumn(slot)].empty();
@@ -19,14 +20,26 @@ bool HasCode(const EditRow& row, int slot) {
 
 /// What a sample puts into the row of a record.
 void PutSample(const SpecimenRecord& sample, int row, std::vector<CellText>& texts) {
-  const EditRow cells = RowOfSample(sample, row);
+  EditRow cells = RowOfSample(sample, row);
   const auto put = [&](int first, int count) {
     for (int column = first; column < first + count; ++column)
-      texts.push_back({row, column, cells[column]});
+      texts.push_back({row, column, std::move(cells[column])});
   };
   if (sample.OrientAz != 0 || sample.OrientInc != 0) put(OrientationColumn, 2);
   for (int slot = 1; slot <= 2; ++slot)
     if (HasCode(cells, slot)) put(FoliationColumn(slot), 6);
+}
+
+/// Those of the names that samples have in other cases of letters.
+std::vector<std::string> InOtherCases(const std::vector<std::string>& names,
+                                      const RecordArray& samples) {
+  std::vector<std::string> found;
+  if (names.empty()) return found;
+  std::unordered_set<std::string> upperNames;
+  for (const SpecimenRecord& sample : samples) upperNames.insert(UpperCase(sample.Name));
+  for (const std::string& name : names)
+    if (upperNames.contains(UpperCase(name))) found.push_back(name);
+  return found;
 }
 
 }  // namespace
@@ -44,27 +57,27 @@ std::string ListedNames(const std::vector<std::string>& names, std::size_t limit
 GedMatches AssignGed(EditGrid& grid, const RecordArray& records, const RecordArray& samples) {
   GedMatches matches;
   std::unordered_map<std::string_view, int> firstOf;
-  std::unordered_set<std::string> upperNames;
+  firstOf.reserve(static_cast<std::size_t>(samples.Count()));
   for (int i = 1; i <= samples.Count(); ++i) {
     const std::string& name = samples[i].Name;
     if (!firstOf.emplace(name, i).second) matches.Repeated.push_back(name);
-    upperNames.insert(UpperCase(name));
   }
   const int rows = std::min(grid.RowCount(), records.Count());
   matches.Rows.resize(static_cast<std::size_t>(grid.RowCount()));
   std::vector<CellText> texts;
+  texts.reserve(static_cast<std::size_t>(CellsOfSample * std::min(rows, samples.Count())));
   for (int row = 1; row <= rows; ++row) {
     const std::string& name = records[row].Name;
     const auto found = firstOf.find(name);
-    if (found != firstOf.end()) {
-      matches.Rows[static_cast<std::size_t>(row - 1)] = 1;
-      ++matches.Count;
-      PutSample(samples[found->second], row, texts);
+    if (found == firstOf.end()) {
+      matches.Without.push_back(name);
       continue;
     }
-    matches.Without.push_back(name);
-    if (upperNames.contains(UpperCase(name))) matches.CaseDiffers.push_back(name);
+    matches.Rows[static_cast<std::size_t>(row - 1)] = 1;
+    ++matches.Count;
+    PutSample(samples[found->second], row, texts);
   }
+  matches.CaseDiffers = InOtherCases(matches.Without, samples);
   ChangeCells(grid, std::move(texts));
   return matches;
 }
