@@ -9,11 +9,12 @@ namespace velorix {
 /// What a file dialog is asked to show.
 struct FileQuestion {
   std::string Title;
-  std::string Filter;       // "text|pattern|" pairs, as the lists of filters give them
-  std::string Folder;       // initial folder, empty for the host's own choice
-  std::string DefaultName;  // name proposed when saving
-  bool Multi = false;       // several files may be chosen
-  int MaxFileSize = 2048;   // characters that the answer's text may have
+  std::string Filter;         // "text|pattern|" pairs, as the lists of filters give them
+  std::string Folder;         // initial folder, empty for the host's own choice
+  std::string DefaultName;    // name proposed when saving
+  bool Multi = false;         // several files may be chosen
+  int MaxFileSize = 2048;     // characters that the answer's text may have
+  bool AddsExtension = true;  // the chosen filter's, to a name to save that has none
 };
 
 /// What the user chose: one path, or for several files the folder, a zero character and the names,

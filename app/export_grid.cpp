@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "app/record_grid.h"
+#include "app/save.h"
 #include "datafiles/safe_write.h"
 #include "text/code_page.h"
 #include "text/numbers.h"
@@ -109,10 +110,7 @@ bool ExportGrid(const GridTexts& grid, const std::string& path, const ExportForm
 
 void ExportData(Velorix& velorix) {
   enum Choice { Append, Overwrite, Cancel };
-  FileQuestion question;
-  question.Title = Title;
-  question.Folder = velorix.Session.DataFolder;
-  question.DefaultName = BaseName(velorix.Session.CurrentFile);
+  FileQuestion question = SaveQuestion(velorix.Session, Title);
   for (const ExportFilter& filter : ExportFilters) question.Filter += filter.Text;
   for (;;) {
     const auto answer = velorix.Dialogs.ShowSave(question);
@@ -120,7 +118,7 @@ void ExportData(Velorix& velorix) {
     ExportForm form;
     const int filter = std::clamp<int>(answer->FilterIndex, 1, std::ssize(ExportFilters));
     form.Delimiter = ExportFilters[filter - 1].Delimiter;
-    if (fs::exists(PathOf(answer->Filename))) {
+    if (HasFile(answer->Filename)) {
       const int choice =
           velorix.Dialogs.Ask(Title, answer->Filename + "\n\nThis file already exists.",
                               {"&Append", "&Overwrite", "&Cancel"}, Append);

@@ -6,6 +6,7 @@
 
 #include "app/data_table.h"
 #include "app/display.h"
+#include "app/save.h"
 #include "base/rounding.h"
 #include "datafiles/safe_write.h"
 #include "plot/histogram.h"
@@ -106,21 +107,13 @@ std::string GraphicsMetafile(const Velorix& velorix) {
 }
 
 void SaveGraphics(Velorix& velorix) {
-  FileQuestion question;
-  question.Title = SaveTitle;
-  question.Folder = velorix.Session.DataFolder;
-  question.DefaultName = BaseName(velorix.Session.CurrentFile);
+  FileQuestion question = SaveQuestion(velorix.Session, SaveTitle);
   for (const char* filter : Filters) question.Filter += filter;
-  for (;;) {
-    const auto answer = velorix.Dialogs.ShowSave(question);
-    if (!answer) return;
-    if (fs::exists(PathOf(answer->Filename)) &&
-        velorix.Dialogs.Ask(SaveTitle, "This file already exists.\nOverwrite existing file?",
-                            {"&Yes", "&No"}, 1) != 0)
-      continue;
+  // A picture's type is what the user wrote behind the name, and without it none is written: this
+  // is wanted.
+  question.AddsExtension = false;
+  if (const auto answer = AskWhereToSave(velorix, question))
     ExportGraphics(velorix, answer->Filename, answer->FilterIndex != MetafileFilter);
-    return;
-  }
 }
 
 bool ExportGraphics(Velorix& velorix, const std::string& path, bool asBitmap) {

@@ -53,25 +53,38 @@ bool HasRecords(Velorix& velorix, const char* title, bool all) {
 
 void AskAndSave(Velorix& velorix, const char* title, bool all) {
   if (!HasRecords(velorix, title, all)) return;
-  FileQuestion question;
-  question.Title = title;
-  question.Folder = velorix.Session.DataFolder;
-  question.DefaultName = BaseName(velorix.Session.CurrentFile);
+  FileQuestion question = SaveQuestion(velorix.Session, title);
   for (const SaveFilter& filter : Filters) question.Filter += filter.Text;
-  for (;;) {
-    const auto answer = velorix.Dialogs.ShowSave(question);
-    if (!answer) return;
-    if (std::filesystem::exists(PathOf(answer->Filename)) &&
-        velorix.Dialogs.Ask(title, "This file already exists.\nOverwrite existing file?",
-                            {"&Yes", "&No"}, 1) != 0)
-      continue;
-    const std::size_t filter = answer->FilterIndex == 2 ? 1 : 0;
-    Report(velorix, Filters[filter].Write(answer->Filename, velorix.Session.Records, all));
-    return;
-  }
+  const auto answer = AskWhereToSave(velorix, question);
+  if (!answer) return;
+  const std::size_t filter = answer->FilterIndex == 2 ? 1 : 0;
+  Report(velorix, Filters[filter].Write(answer->Filename, velorix.Session.Records, all));
 }
 
 }  // namespace
+
+FileQuestion SaveQuestion(const Session& session, const char* title) {
+  FileQuestion question;
+  question.Title = title;
+  question.Folder = session.DataFolder;
+  question.DefaultName = BaseName(session.CurrentFile);
+  return question;
+}
+
+std::optional<FileAnswer> AskWhereToSave(Velorix& velorix, const FileQuestion& question) {
+  for (;;) {
+    const auto answer = velorix.Dialogs.ShowSave(question);
+    if (!answer || !HasFile(answer->Filename) ||
+        velorix.Dialogs.Ask(question.Title, "This file already exists.\nOverwrite existing file?",
+                            {"&Yes", "&No"}, 1) == 0)
+      return answer;
+  }
+}
+
+bool HasFile(const std::string& path) {
+  std::error_code unknown;
+  return std::filesystem::exists(PathOf(path), unknown);
+}
 
 void SaveAs(Velorix& velorix) { AskAndSave(velorix, Title, true); }
 void SaveSelectedAs(Velorix& velorix) { AskAndSave(velorix, SelectedTitle, false); }

@@ -4,6 +4,14 @@
 
 namespace velorix {
 
+/// What a save dialog shows, but for its filters: a file of the open one's name, in its folder.
+FileQuestion SaveQuestion(const Session& session, const char* title);
+/// Asks until the name is one that no file has, or the user lets the old file be written over. No
+/// answer when the user cancelled.
+std::optional<FileAnswer> AskWhereToSave(Velorix& velorix, const FileQuestion& question);
+/// Whether something has this name. What can't be looked at counts as nothing: writing it tells.
+bool HasFile(const std::string& path);
+
 /// Asks for a name and writes the whole store there, disregarded records too.
 void SaveAs(Velorix& velorix);
 /// As `SaveAs`, with the selected records only.

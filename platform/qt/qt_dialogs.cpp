@@ -48,7 +48,7 @@ std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion&
   if (!question.DefaultName.empty()) dialog.selectFile(ToQString(question.DefaultName));
   const auto chosen = [&] { return IndexOf(filters, dialog.selectedNameFilter()); };
   const auto follow = [&] { dialog.setDefaultSuffix(filters.value(chosen()).Suffix()); };
-  if (save) {
+  if (save && question.AddsExtension) {
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
     follow();
   }

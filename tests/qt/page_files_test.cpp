@@ -1,7 +1,10 @@
 // The graphics page as files, on the clipboard and on paper.
 
 #include <QClipboard>
+#include <QFileDialog>
 #include <QImage>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QPrinter>
 #include <QSvgRenderer>
@@ -12,7 +15,9 @@
 #include "platform/qt/gif_file.h"
 #include "platform/qt/page_output.h"
 #include "platform/qt/picture_bytes.h"
+#include "platform/qt/qt_dialogs.h"
 #include "plot/recorder.h"
+#include "tests/qt/on_modal.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;
@@ -111,6 +116,37 @@ class PageFilesTest : public QObject {
     QCOMPARE(QString::fromStdString(window.Asked.Boxes[0]),
              "Export graphics|" + window.Path("name") + "\nFile was not saved!|&OK");
     QVERIFY(!QFile::exists(window.Path("name")));
+  }
+
+  void SaveDialogLeavesANameWithoutExtensionAsItIs() {
+    QTemporaryDir folder;
+    QtDialogs dialogs;
+    RecordedViews views;
+    Velorix program{dialogs, views, Host()};
+    GivePictures(program.Host, nullptr);
+    QString told;
+    const auto save = [&](const QString& name, int filter) {
+      OnModal<QFileDialog>([&folder, name, filter](QFileDialog& dialog) {
+        dialog.setDirectory(folder.path());
+        auto* type = dialog.findChild<QComboBox*>("fileTypeCombo");
+        type->setCurrentIndex(filter - 1);
+        Q_EMIT type->activated(filter - 1);
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(name);
+        QMetaObject::invokeMethod(&dialog, "accept");
+      });
+      SaveGraphics(program);
+    };
+    OnModal<QMessageBox>([&](QMessageBox& box) {
+      told = box.windowTitle() + "|" + box.text();
+      box.accept();
+    });
+    save("name", 6);
+    QCOMPARE(told, "Export graphics|" + folder.filePath("name") + "\nFile was not saved!");
+    QVERIFY(QDir(folder.path()).isEmpty());
+    save("name", 1);
+    QVERIFY(ContentOf(folder.filePath("name")).startsWith("\xD7\xCD\xC6\x9A"));
+    save("name.jpg", 6);
+    QVERIFY(QFile::exists(folder.filePath("name.jpg")));
   }
 
   void CheckBoxesChooseThePlots() {
