@@ -42,12 +42,13 @@ QCheckBox* AddCheck(PlotPanel& panel, const QString& name, const char* caption, 
   return box;
 }
 
+/// `text` before the control; "" leaves as much room as an axis's letter takes.
 void AddLabelled(PlotPanel& panel, const char* text, QWidget* control) {
   auto* row = new QHBoxLayout;
   auto* label = new QLabel(text, panel.Frame);
   label->setBuddy(control);
   label->setToolTip(control->toolTip());
-  label->setMinimumWidth(label->fontMetrics().horizontalAdvance("Column"));
+  label->setMinimumWidth(label->fontMetrics().horizontalAdvance("X"));
   row->addWidget(label);
   row->addWidget(control, 1);
   panel.Options->addLayout(row);
@@ -87,7 +88,7 @@ ColumnPlots::ColumnPlots(Velorix& velorix, QWidget* column, QWidget* pairs) : ve
 
 PlotPanel* ColumnPlots::MakeHisto(QWidget* parent) {
   PlotPanel* panel = MakePanel(HistoNames, velorix_, parent);
-  AddParameters(*panel, "Column", "odclHisto", "Column whose distribution is shown", KmeanParameter,
+  AddParameters(*panel, "X", "odclHisto", "Column whose distribution is shown", KmeanParameter,
                 velorix_.HistoParameter,
                 [this](int parameter) { ChooseHisto(velorix_, parameter); });
   panel->Options->addStretch(1);
@@ -111,15 +112,15 @@ PlotPanel* ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
     };
   };
   const XYPlotOptions& options = velorix_.XYPlot[plot];
-  AddParameters(*panel, "X axis", name("odclXYPlot%1(1)"), "Column along the X axis", 1, options.x,
+  AddParameters(*panel, "X", name("odclXYPlot%1(1)"), "Column along the X axis", 1, options.x,
                 change(&XYPlotOptions::x));
-  AddParameters(*panel, "Y axis", name("odclXYPlot%1(2)"), "Column along the Y axis", 1, options.y,
+  AddParameters(*panel, "Y", name("odclXYPlot%1(2)"), "Column along the Y axis", 1, options.y,
                 change(&XYPlotOptions::y));
-  auto* colour =
-      AddParameters(*panel, "Colour", name("odclXYPlot%1(3)"), "Column that colours the symbols", 1,
-                    options.colour, change(&XYPlotOptions::colour));
   auto* coding = AddCheck(*panel, name("chkXYPlot%1ColorCoding"), "Colour coding",
                           "Colour the symbols by a column", change(&XYPlotOptions::coding));
+  auto* colour =
+      AddParameters(*panel, "", name("odclXYPlot%1(3)"), "Column that colours the symbols", 1,
+                    options.colour, change(&XYPlotOptions::colour));
   AddCheck(*panel, name("chkXYPLot%1Lines"), "Lines", "Connect the symbols in store order",
            change(&XYPlotOptions::lines));
   colour->setEnabled(false);

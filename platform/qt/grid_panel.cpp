@@ -28,10 +28,15 @@ GridPanel::GridPanel(Velorix& velorix, QWidget* parent) : QFrame(parent), velori
   connect(cmdExpand_, &QToolButton::clicked, this, [this] {
     wide_ = !wide_;
     ShowWidth();
-    if (OnWiden) OnWiden(wide_ ? Wide : Narrow);
+    if (OnWiden) OnWiden();
   });
   ShowWidth();
   Grid->setFocus();
+}
+
+int GridPanel::WantedWidth() const {
+  constexpr int Narrow = 2655, Wide = 14895, PerInch = 1440;  // twips
+  return (wide_ ? Wide : Narrow) * logicalDpiX() / PerInch;
 }
 
 void GridPanel::ShowWidth() {

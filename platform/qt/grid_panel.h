@@ -12,14 +12,17 @@ namespace velorix {
 /// The frame `fraAnisoView` with the record grid `scgAnisoView` and the button that widens it.
 class GridPanel : public QFrame {
  public:
-  static constexpr int Narrow = 177, Wide = 993;  // pixels
-
   GridPanel(Velorix& velorix, QWidget* parent);
+
+  /// Pixels that the frame wants as it is, narrow or wide; more where the desktop's texts are
+  /// larger.
+  int WantedWidth() const;
+  bool IsWide() const { return wide_; }
 
   RecordTable* Grid;
 
-  /// Called with the width that the frame wants when the button has been pressed.
-  std::function<void(int width)> OnWiden;
+  /// Called when the button has been pressed.
+  std::function<void()> OnWiden;
 
  private:
   void ShowWidth();

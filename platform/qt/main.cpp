@@ -1,11 +1,11 @@
 #include <QApplication>
 #include <QMessageBox>
-#include <QStyleFactory>
 
 #include "platform/host/host.h"
 #include "platform/qt/page_output.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/start_up.h"
+#include "platform/qt/theme.h"
 #include "platform/qt/velorix_window.h"
 
 namespace {
@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("velorix");
   QApplication::setDesktopFileName("velorix");
-  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  QApplication::setStyle(new Theme);
   try {
     Program program(MakeHost(ExecutablePath(argv[0])));
     StartUp(program.Running, program.Window);

@@ -127,23 +127,24 @@ QWidget* frmVelorix::MakeViews() {
 
   main_->setStretchFactor(0, 0);
   main_->setStretchFactor(1, 1);
-  main_->setSizes({GridPanel::Narrow, 1000});
+  main_->setSizes({grid_->WantedWidth(), 1000});
   left->setStretchFactor(0, 1);
   left->setStretchFactor(1, 0);
   left->setSizes({500, 200});
   whole->setStretchFactor(0, 2);
   whole->setStretchFactor(1, 1);
-  whole->setSizes({850, 430});
-  grid_->OnWiden = [this](int width) { Widen(width); };
+  whole->setSizes({890, 390});
+  grid_->OnWiden = [this] { FollowGridWidth(); };
   return whole;
 }
 
 /// The wide grid has no room beside the histogram and the XY plots: they go until it is narrow.
-void frmVelorix::Widen(int width) {
-  if (width == GridPanel::Wide) columnBesideNarrow_ = columnButton_->isChecked();
-  columnButton_->setChecked(width != GridPanel::Wide && columnBesideNarrow_);
+void frmVelorix::FollowGridWidth() {
+  if (grid_->IsWide()) columnBesideNarrow_ = columnButton_->isChecked();
+  columnButton_->setChecked(!grid_->IsWide() && columnBesideNarrow_);
   // When the splitter has given away the room.
-  QTimer::singleShot(0, this, [this, width] {
+  QTimer::singleShot(0, this, [this] {
+    const int width = grid_->WantedWidth();
     main_->setSizes({width, main_->width() - main_->handleWidth() - width});
   });
 }

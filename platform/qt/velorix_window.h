@@ -66,7 +66,7 @@ class frmVelorix : public QMainWindow, public Views {
   QWidget* MakeTopRow();
   QWidget* MakeViews();
   void MakeStatusBar();
-  void Widen(int width);
+  void FollowGridWidth();
   void CountRecords();
   template <class Window>
   void ShowWindow(bool OpenWindows::*isOpen, Window*& window);

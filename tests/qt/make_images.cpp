@@ -1,6 +1,6 @@
-// make_images FOLDER [light|dark [WIDTHxHEIGHT]]: the pictures of the manual, grabbed from the real
-// program with the example files, or all of them in another theme or with the main window in
-// another size. Run it after a change of the windows: tools/make-images.
+// make_images FOLDER [light|dark [WIDTHxHEIGHT [POINTS]]]: the pictures of the manual, grabbed from
+// the real program with the example files; or all of them in another theme, with the main window in
+// another size, with a larger system font. Run it after a change of the windows: tools/make-images.
 
 #include <QApplication>
 #include <QDialog>
@@ -8,6 +8,7 @@
 #include <QScreen>
 
 #include "app/commands.h"
+#include "platform/qt/theme.h"
 #include "tests/qt/on_modal.h"
 #include "tests/qt/test_window.h"
 
@@ -115,9 +116,15 @@ void UseDarkTheme() {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  if (argc < 2 || argc > 4) qFatal("make_images FOLDER [light|dark [WIDTHxHEIGHT]]");
+  QApplication::setStyle(new Theme);
+  if (argc < 2 || argc > 5) qFatal("make_images FOLDER [light|dark [WIDTHxHEIGHT [POINTS]]]");
   if (argc > 2 && QString(argv[2]) == "dark") UseDarkTheme();
   const QStringList size = argc > 3 ? QString(argv[3]).split('x') : QStringList();
+  if (argc > 4) {
+    QFont font = QApplication::font();
+    font.setPointSizeF(QString(argv[4]).toDouble());
+    QApplication::setFont(font);
+  }
   QDir().mkpath(argv[1]);
   for (const Image& image : Images) {
     TestWindow window;
