@@ -60,6 +60,8 @@ QComboBox* MakeList(const QString& name, const QString& tip, int characters, QWi
   list->setSizeAdjustPolicy(characters == 0 ? QComboBox::AdjustToContents
                                             : QComboBox::AdjustToMinimumContentsLengthWithIcon);
   list->setMinimumContentsLength(characters);
+  // A large system font shortens the list's text before it widens the window beyond a small screen.
+  list->setMinimumWidth(7 * list->fontMetrics().averageCharWidth() + 2 * list->iconSize().width());
   list->setMaxVisibleItems(25);
   return list;
 }
