@@ -58,7 +58,7 @@ bool GoesStraightOn(LogicalPoint a, LogicalPoint b, LogicalPoint c) {
   const std::int64_t vx = std::int64_t{c.x} - b.x, vy = std::int64_t{c.y} - b.y;
   constexpr std::int64_t Far = 1 << 20;  // beyond, the products could overflow
   if (std::max({std::abs(ux), std::abs(uy), std::abs(vx), std::abs(vy)}) > Far) return false;
-  return ux * vy == uy * vx && ux * vx + uy * vy >= 0;
+  return ux * vy == uy * vx && ux * vx + uy * vy > 0;
 }
 
 /// A line in pieces that share their ends: the painter's time grows with the square of a path that

@@ -51,6 +51,7 @@ class PainterTargetTest : public QObject {
   void ColoursAreBlueGreenRed();
   void LinesFillWholePixels();
   void PensKeepAtLeastAPixelAndScaleUp();
+  void CornersStayWherePointsRepeat();
   void PenStylesLeaveGaps();
   void ColourBarsHaveNoStripesAtAnyScale();
   void HollowShapesLeaveWhatLiesUnderThem();
@@ -128,6 +129,17 @@ void PainterTargetTest::ColourBarsHaveNoStripesAtAnyScale() {
       for (const int x : {35, 45})
         QVERIFY2(image.pixel(static_cast<int>(x * scale), y) == QColor(Qt::blue).rgb(),
                  qPrintable(QString("scale %1, row %2").arg(scale).arg(y)));
+  }
+}
+
+void PainterTargetTest::CornersStayWherePointsRepeat() {
+  for (const int times : {1, 2, 3}) {
+    std::vector<LogicalPoint> line;
+    for (const LogicalPoint p : {LogicalPoint{10, 10}, {50, 10}, {90, 10}, {90, 60}, {30, 60}})
+      line.insert(line.end(), times, p);
+    const QImage image = Picture(1, [&](Target& t) { t.Polyline(line, {}); });
+    QVERIFY(IsBlackPixel(image, 70, 10) && IsBlackPixel(image, 90, 30));
+    QVERIFY(IsBlackPixel(image, 60, 60));
   }
 }
 
