@@ -33,6 +33,10 @@ void FrozenTable::Freeze(int columns, QHeaderView* header) {
   header->setSectionResizeMode(QHeaderView::Fixed);
   for (int c = columns; c < model()->columnCount(); ++c) held_->setColumnHidden(c, true);
 
+  edge_ = new QWidget(this);
+  edge_->setAutoFillBackground(true);
+  edge_->setBackgroundRole(QPalette::WindowText);
+
   QScrollBar *bar = verticalScrollBar(), *heldBar = held_->verticalScrollBar();
   connect(bar, &QScrollBar::valueChanged, heldBar, &QScrollBar::setValue);
   connect(heldBar, &QScrollBar::valueChanged, bar, &QScrollBar::setValue);
@@ -69,7 +73,10 @@ void FrozenTable::PlaceHeld() {
   const QRect cells = viewport()->geometry();
   held_->setGeometry(cells.left(), cells.top() - head, width, cells.height() + head);
   // In a narrow table they would leave no room for the others.
-  held_->setVisible(horizontalScrollBar()->value() > 0 && 2 * width < cells.width());
+  const bool shown = horizontalScrollBar()->value() > 0 && 2 * width < cells.width();
+  held_->setVisible(shown);
+  edge_->setGeometry(cells.left() + width, cells.top() - head, 1, cells.height() + head);
+  edge_->setVisible(shown);
 }
 
 }  // namespace velorix

@@ -23,7 +23,8 @@ class FrozenTable : public QTableView {
   void PlaceHeld();
 
   QTableView* held_ =
-      nullptr;  // a view of the first columns, over them while they are scrolled away
+      nullptr;               // a view of the first columns, over them while they are scrolled away
+  QWidget* edge_ = nullptr;  // a line beside it
   int columns_ = 0;
 };
 

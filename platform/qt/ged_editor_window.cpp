@@ -117,6 +117,7 @@ QLayout* frmGEDEditor::MakeSite() {
     box->setObjectName(field.Name);
     box->setToolTip(field.Tip);
     box->setMaxLength(field.Characters);
+    box->setMinimumWidth(field.Characters * box->fontMetrics().averageCharWidth() + 16);
     add(field.Caption, box, field.Characters);
     fields_.push_back({box, field.Text});
   }

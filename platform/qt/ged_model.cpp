@@ -28,8 +28,12 @@ Qt::ItemFlags GedModel::flags(const QModelIndex& index) const {
 QVariant GedModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   const bool number = GedColumnAt(index.column()).IsNumber;
-  if (role == Qt::TextAlignmentRole)
-    return QVariant((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+  if (role == Qt::TextAlignmentRole) {
+    const auto side = number                ? Qt::AlignRight
+                      : index.column() == 0 ? Qt::AlignLeft
+                                            : Qt::AlignHCenter;  // a code
+    return QVariant(side | Qt::AlignVCenter);
+  }
   // Every other three columns belong together.
   if (role == Qt::BackgroundRole && index.column() / 3 % 2 == 1) return MarkColour(Mark::Group);
   if ((role != Qt::DisplayRole && role != Qt::EditRole) || IsNew(index.row())) return {};
