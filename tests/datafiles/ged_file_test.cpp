@@ -60,15 +60,17 @@ TEST(GedFile, LinesEndAsTheyLike) {
 }
 
 TEST(GedFile, RefusesInItsWords) {
-  std::string badAngle = First, badP = Header, bad3 = Second;
+  std::string badAngle = First, badP = Header, badCount = Header, bad3 = Second;
   badAngle[28] = 'x';
   badP[50] = '?';
+  badCount[0] = 'x';
   bad3[24] = ',';
   const std::string reading = "Error in reading file!|Error in file: /DATA/SITE.GED\n\nIn line: ";
   const std::string opening = "Error in opening file: <<site.ged>>|";
   EXPECT_EQ(Refusal("", 2), opening + "File is empty!");
   EXPECT_EQ(Refusal(Header), "|");  // no sample: without a word
   EXPECT_EQ(Refusal(badP + First), reading + "1");
+  EXPECT_EQ(Refusal(badCount + First), reading + "1");
   EXPECT_EQ(Refusal(Header + First + badAngle, 1), reading + "3");
   EXPECT_EQ(Refusal(Header + bad3 + First), reading + "2");
   EXPECT_EQ(Refusal(Header + "short\r\n" + First + "x" + First),

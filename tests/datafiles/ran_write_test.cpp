@@ -32,6 +32,8 @@ TEST(WriteRanFile, NumbersInTextsStandLeftAndAreCutAtTheirWidth) {
 TEST(WriteRanFile, WithoutAnOrientationTheTensorStandsInTheSpecimenSystem) {
   SpecimenRecord r = golden::RanRecord();
   r.HasCoor = {true, false, false, false};
+  r.SourceProgram = "";  // a tensor that an orientation would turn
+  r.OrientAz = 30;
   r.Km = -150e-6;  // its sign is lost
   Bytes expected = golden::RanSpecimen();
   std::fill(expected.begin() + 44, expected.end(), std::byte{0});
