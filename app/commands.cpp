@@ -175,6 +175,7 @@ constexpr Command CommandTable[] = {
     {"mnuOPAR", "mnuSetting", "Orientation Parameters", "", 0, "", "", Action, false, [](Velorix& v) { v.Views.ShowOrientationParameters(); }, nullptr, false},
     {"mnuAnisoFac", "mnuSetting", "Anisotropy Quantitative Factors", "", 0, "", "", Action, false, ChooseFactors, nullptr, false},
     {"mnuAbout", "mnuHelp", "About", "", 0, "", "", Action, false, [](Velorix& v) { v.Views.ShowAbout(); }, nullptr, false},
+    {"mnuManual", "mnuHelp", "Manual", "Shift+F1", 0, "", "", Action, false, [](Velorix& v) { v.Views.ShowManual(); }, nullptr, false},
 };
 // clang-format on
 

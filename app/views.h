@@ -32,6 +32,8 @@ struct Views {
   /// The group statistics have changed.
   virtual void RefreshGroupStatistics() = 0;
   virtual void ShowAbout() = 0;
+  /// Opens the window of the manual, or raises it.
+  virtual void ShowManual() = 0;
   /// Modal dialogs; they return when the user has closed them.
   virtual void ShowOrientationEditor() = 0;
   virtual void ShowOrientationParameters() = 0;

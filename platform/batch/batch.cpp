@@ -71,6 +71,7 @@ struct BatchViews : Views {
   void ShowWindows() override {}
   void RefreshGroupStatistics() override {}
   void ShowAbout() override {}
+  void ShowManual() override {}
   void ShowOrientationEditor() override {}
   void ShowGedEditor() override {}
   void ShowOrientationParameters() override {}

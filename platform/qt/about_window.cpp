@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QPushButton>
 
 #include "app/velorix.h"
 #include "platform/qt/widgets.h"
@@ -86,6 +87,12 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
   column->addWidget(licence);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  QPushButton* manual = buttons->addButton("&Manual", QDialogButtonBox::HelpRole);
+  manual->setObjectName("cmdManual");
+  manual->setToolTip("Open the manual [Shift+F1]");
+  connect(manual, &QPushButton::clicked, this, [this] { done(ManualAsked); });
+  buttons->button(QDialogButtonBox::Ok)->setToolTip("Close this window [Esc]");
+  buttons->button(QDialogButtonBox::Ok)->setDefault(true);
   column->addWidget(buttons);
   setFixedSize(sizeHint());
 }

@@ -16,6 +16,9 @@ class frmSplash : public QWidget {
 /// The window of the command "About".
 class frmAbout : public QDialog {
  public:
+  /// What `exec` gives when the user goes on to the manual.
+  static constexpr int ManualAsked = 2;
+
   explicit frmAbout(QWidget* parent);
 };
 

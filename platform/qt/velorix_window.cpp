@@ -27,7 +27,9 @@
 #include "platform/qt/ged_editor_window.h"
 #include "platform/qt/grid_panel.h"
 #include "platform/qt/group_statistics_window.h"
+#include "platform/qt/manual_window.h"
 #include "platform/qt/opar_window.h"
+#include "platform/qt/own_paths.h"
 #include "platform/qt/stereo_panel.h"
 #include "platform/qt/view_lists.h"
 #include "platform/qt/widgets.h"
@@ -263,7 +265,14 @@ void frmVelorix::RefreshGroupStatistics() {
 
 void frmVelorix::ShowAbout() {
   frmAbout about(this);
-  about.exec();
+  if (about.exec() == frmAbout::ManualAsked) ShowManual();
+}
+
+void frmVelorix::ShowManual() {
+  if (!manual_) manual_ = new frmManual(ManualPath(), this);
+  manual_->show();
+  manual_->raise();
+  manual_->activateWindow();
 }
 
 void frmVelorix::ShowOrientationEditor() {

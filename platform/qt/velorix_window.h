@@ -19,6 +19,7 @@ class frmDataTable;
 class frmFoliLine;
 class frmGEDEditor;
 class frmGroupStatistics;
+class frmManual;
 class GridPanel;
 class StereoPanel;
 class ViewLists;
@@ -49,6 +50,7 @@ class frmVelorix : public QMainWindow, public Views {
   void RedrawXYPlot(int plot) override;
   void RefreshGroupStatistics() override;
   void ShowAbout() override;
+  void ShowManual() override;
   void ShowOrientationEditor() override;
   void ShowOrientationParameters() override;
   void ShowFactorChoice() override;
@@ -81,6 +83,7 @@ class frmVelorix : public QMainWindow, public Views {
   frmContour* contour_ = nullptr;
   frmFoliLine* foliLine_ = nullptr;
   QPointer<frmGEDEditor> gedEditor_;
+  QPointer<frmManual> manual_;
   std::unique_ptr<ColumnPlots> plots_;
   QSplitter *main_ = nullptr, *column_ = nullptr, *pairs_ = nullptr;
   QToolButton* columnButton_ = nullptr;

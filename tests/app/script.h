@@ -69,6 +69,7 @@ struct RecordedViews : Views {
   void ShowWindows() override {}
   void RefreshGroupStatistics() override { ++Groups; }
   void ShowAbout() override {}
+  void ShowManual() override {}
   void ShowOrientationEditor() override {}
   void ShowOrientationParameters() override {}
   void ShowFactorChoice() override {}
