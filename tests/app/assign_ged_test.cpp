@@ -35,15 +35,15 @@ struct Assigned {
 
 TEST(AssignGed, FindsTheFirstSampleOfExactlyTheName) {
   const Assigned a(
-      {Named("B"), Named("a"), Named("C"), Named("D")},
+      {Named("B"), Named("a"), Named("C"), Named("D"), Named("B")},
       {Sample("A", 10, 1), Sample("B", 20, 2), Sample("B", 30, 3), Sample("C", 40, 4)});
-  EXPECT_EQ(a.Records[1].OrientAz, 20);
+  for (int i : {1, 5}) EXPECT_EQ(a.Records[i].OrientAz, 20);
   EXPECT_TRUE(a.Records[1].HasCoor[2]);
   EXPECT_EQ(a.Records[3].OrientInc, 4);
   for (int i : {2, 4}) EXPECT_FALSE(a.Records[i].HasCoor[2]);
-  EXPECT_EQ(a.Matches.Rows, (std::vector<char>{1, 0, 1, 0}));
+  EXPECT_EQ(a.Matches.Rows, (std::vector<char>{1, 0, 1, 0, 1}));
   EXPECT_EQ(MatchLine(a.Matches),
-            "2 of 4 record(s) matched. Without a sample: a, D."
+            "3 of 5 record(s) matched. Without a sample: a, D."
             " Only the case of letters differs: a."
             " Repeated samples, of which the first counts: B.");
 }

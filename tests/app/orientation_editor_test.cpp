@@ -118,24 +118,6 @@ TEST_F(OrientationEditing, OpenGedShowsNoMoreNamesThanAScreenHasRoomFor) {
   EXPECT_EQ(Asked.Boxes.back(), "Open File(s)|" + names + "and 10 more|&OK");
 }
 
-TEST_F(OrientationEditing, TheWholeWayGivesTheOrientationOfTheSampleAndKeepsTheParameters) {
-  Load();
-  Answer(WriteText("b.ged", GedHeader() + GedSample("a2", "10", "20")));
-  Open();
-  AssignGed(Editor, Program);
-  EXPECT_FALSE(Editor.ShowsSamples);
-  EXPECT_EQ(Editor.Matched, (std::vector<char>{0, 1, 0}));
-  EXPECT_EQ(Editor.Line, "1 of 3 record(s) matched. Without a sample: a1, a3.");
-  EXPECT_EQ(Program.Session.Records[2].OrientAz, 40);  // nothing reaches the store before SAVE
-  EXPECT_TRUE(SaveGrid(Editor, Program));
-  RecordArray written;
-  ASSERT_TRUE(ReadAmsFile(Path("a.ams"), written));
-  EXPECT_EQ(written[1].OrientAz, 40);
-  EXPECT_EQ(written[2].OrientAz, 10);
-  EXPECT_EQ(written[2].FoliName[1], "S");
-  EXPECT_EQ(written[2].OP, (Array1<std::int16_t, 4>{6, 0, 6, 0}));
-}
-
 TEST_F(OrientationEditing, MatchedRowsAreMarkedUntilTheNextChange) {
   Load();
   Program.Session.EditRecords.Add(Record("a2"));
@@ -180,16 +162,20 @@ TEST_F(OrientationEditing, SamplesAreOnlyLookedAt) {
 TEST_F(OrientationEditing, AFileThatFailsLosesNothingThatWasTyped) {
   Load();
   Type(1, 3, "77");
+  using namespace std::string_literals;
+  WriteText("good.ged", GedHeader() + GedSample("a1", "10", "20"));
   const struct {
-    const char* Text;
-    const char* Complaint;
-  } files[] = {{"", "File is empty!"}, {"short\r\n", "Error in line: 1"}};
+    std::string Text, Complaint, List;
+  } files[] = {{"", "File is empty!", Path("bad.ged")},
+               {"short\r\n", "Error in line: 1\n", Path("bad.ged")},
+               {"short\r\n", "Error in line: 1\n", Utf8Of(Folder) + "\0good.ged\0bad.ged\0"s}};
   for (const auto& file : files) {
     Asked.Boxes.clear();
-    Answer(WriteText("bad.ged", file.Text));
+    WriteText("bad.ged", file.Text);
+    Answer(file.List);
     Open();
-    ASSERT_EQ(Asked.Boxes.size(), 1u);
-    EXPECT_NE(Asked.Boxes[0].find(file.Complaint), std::string::npos) << Asked.Boxes[0];
+    EXPECT_EQ(Asked.Boxes,
+              std::vector{"Error in opening file: <<bad.ged>>|" + file.Complaint + "|&OK"});
     EXPECT_FALSE(Editor.ShowsSamples);
     EXPECT_EQ(Cell(1, 3), "77");
     EXPECT_EQ(Program.Session.EditRecords.Count(), 0);
@@ -277,16 +263,6 @@ TEST_F(OrientationEditing, SaveGivesTheFirstOfSeveralFilesTheRecordsOfAll) {
   ASSERT_TRUE(ReadAmsFile(Path("b.ams"), second));
   EXPECT_EQ(first.Count(), 5);
   EXPECT_EQ(second.Count(), 3);
-}
-
-TEST_F(OrientationEditing, ADiskThatRefusesLeavesTheEditsAndTheOldFile) {
-  Load();
-  Type(1, 3, "77");
-  std::filesystem::create_directories(Folder / "full.ams");
-  Program.Session.CurrentFile = Path("full.ams");
-  EXPECT_THROW(SaveGrid(Editor, Program), std::filesystem::filesystem_error);
-  EXPECT_EQ(Cell(1, 3), "77");
-  EXPECT_TRUE(std::filesystem::is_directory(Folder / "full.ams"));
 }
 
 /// Directions and greatest principal value of the group in view.

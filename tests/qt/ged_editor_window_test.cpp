@@ -119,6 +119,7 @@ class GedEditorWindowTest : public QObject {
       Press("cmdDelete");
       QCOMPARE(Names(), "hill1 hill3");
       QVERIFY(!Grid().selectionModel()->hasSelection());
+      QVERIFY(Grid().findChild<QTableView*>()->isRowHidden(3));  // the names held in view follow
     };
     takeOut();
     Press("cmdRestore");

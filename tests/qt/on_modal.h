@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QApplication>
+#include <QDialog>
 #include <QTimer>
 #include <functional>
+
+#include "tests/qt/test_window.h"
 
 namespace velorix {
 
@@ -14,6 +17,20 @@ void OnModal(std::function<void(Modal&)> act) {
     if (!window) return OnModal<Modal>(act);
     act(*window);
   });
+}
+
+/// Opens a dialog by its command, lets `act` use it, and returns when it is closed.
+inline void ShowDialog(TestWindow& window, const char* command,
+                       const std::function<void(QDialog&)>& act) {
+  bool seen = false;
+  OnModal<QDialog>([&](QDialog& dialog) {
+    QTRY_COMPARE(QApplication::activeWindow(), &dialog);
+    act(dialog);
+    seen = true;
+    if (dialog.isVisible()) dialog.reject();
+  });
+  window.The<QAction>(command).trigger();
+  QVERIFY(seen);
 }
 
 }  // namespace velorix

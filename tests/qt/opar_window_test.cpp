@@ -1,12 +1,10 @@
 // The dialog of the orientation parameters, driven by the names of its controls.
 
 #include <QCheckBox>
-#include <QDialog>
 #include <QPushButton>
 
 #include "app/settings_file.h"
 #include "tests/qt/on_modal.h"
-#include "tests/qt/test_window.h"
 
 namespace velorix {
 namespace {
@@ -18,18 +16,7 @@ class OparWindowTest : public QObject {
   TestWindow& W() { return *window_; }
   velorix::Settings& Settings() { return W().Program.Session.Settings; }
 
-  /// Opens the dialog from the menu, lets `act` use it, and returns when it is closed.
-  void Show(const std::function<void(QDialog&)>& act) {
-    bool seen = false;
-    OnModal<QDialog>([&](QDialog& dialog) {
-      QTRY_COMPARE(QApplication::activeWindow(), &dialog);
-      act(dialog);
-      seen = true;
-      if (dialog.isVisible()) dialog.reject();
-    });
-    W().The<QAction>("mnuOPAR").trigger();
-    QVERIFY(seen);
-  }
+  void Show(const std::function<void(QDialog&)>& act) { ShowDialog(W(), "mnuOPAR", act); }
   static QPushButton& Ok(QDialog& d) { return *d.findChild<QPushButton*>("cmdOK"); }
   static QComboBox& List(QDialog& d, int i) {
     return *d.findChild<QComboBox*>(QString("cboOP(%1)").arg(i));
