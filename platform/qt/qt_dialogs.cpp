@@ -21,10 +21,12 @@ int IndexOf(const QList<NameFilter>& filters, const QString& name) {
   return 0;
 }
 
-/// Where a first file is looked for: among the examples, else at home.
-QString FirstFolder() {
-  const QString examples = ExamplesFolder();
-  return examples.isEmpty() ? QDir::homePath() : examples;
+/// Where a dialog opens: in the folder asked for, a first one among the examples. At home where
+/// these are missing, and where nothing can be saved, as among the examples of a package.
+QString StartFolder(const std::string& asked, bool save) {
+  const QString folder = asked.empty() ? ExamplesFolder() : ToQString(asked);
+  const bool serves = !folder.isEmpty() && (!save || QFileInfo(folder).isWritable());
+  return serves ? folder : QDir::homePath();
 }
 
 /// Shows the file dialog until the answer has room, or the user gives up.
@@ -44,7 +46,7 @@ std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion&
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setNameFilters(names);
   dialog.resize(800, 520);  // room for names, sizes and dates
-  dialog.setDirectory(question.Folder.empty() ? FirstFolder() : ToQString(question.Folder));
+  dialog.setDirectory(StartFolder(question.Folder, save));
   if (!question.DefaultName.empty()) dialog.selectFile(ToQString(question.DefaultName));
   const auto chosen = [&] { return IndexOf(filters, dialog.selectedNameFilter()); };
   const auto follow = [&] { dialog.setDefaultSuffix(filters.value(chosen()).Suffix()); };

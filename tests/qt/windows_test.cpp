@@ -206,6 +206,22 @@ class WindowsTest : public QObject {
     QCOMPARE(answer->Filename, w.Path("a.ams"));
   }
 
+  void theSaveDialogStartsAtHomeWhereNothingCanBeSaved() {
+    TestWindow w;
+    const QString folder = w.Folder.path();
+    QString start;
+    const auto startOf = [&](const QString& asked) {
+      OnModal<QFileDialog>([&](QFileDialog& dialog) {
+        start = dialog.directory().path();
+        dialog.reject();
+      });
+      QtDialogs().ShowSave({"Save", "A (*.ams)|*.ams|", asked.toStdString(), "a"});
+      return start;
+    };
+    QCOMPARE(startOf(folder), folder);
+    QCOMPARE(startOf(folder + "/gone"), QDir::homePath());  // root can write where others can't
+  }
+
   void aBoxGivesThePressedButtonAndClosingItTheLast() {
     QtDialogs dialogs;
     QStringList captions;
