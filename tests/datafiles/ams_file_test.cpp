@@ -61,18 +61,6 @@ TEST(ReadAmsFile, EveryLengthReadsAsItsRoundedNumberOfRecords) {
   }
 }
 
-TEST(ReadAmsFile, RecordsGoBehindThoseThatAreThere) {
-  const TempFolder folder;
-  const std::string path = folder.File("日本 ü.ams");
-  PutFile(path, Full("one") + Full("two"));
-  RecordArray records;
-  ASSERT_TRUE(ReadAmsFile(path, records));
-  ASSERT_TRUE(ReadAmsFile(path, records));
-  ASSERT_EQ(records.Count(), 4);
-  EXPECT_EQ(records[2].Name, "two");
-  EXPECT_EQ(records[3].Name, "one");
-}
-
 TEST(ReadAmsFile, AFailureLeavesTheArray) {
   const TempFolder folder;
   RecordArray records;
