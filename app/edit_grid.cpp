@@ -280,11 +280,14 @@ std::string CellDoubt(const EditGrid& grid, int row, int column) {
   return "The values on offer are " + offer + ".";
 }
 
-int CountDoubts(const EditGrid& grid) {
-  int count = 0;
-  for (const EditRow& row : grid.Rows)
-    for (int column = 1; column <= EditColumns; ++column) count += IsDoubtful(row, column);
-  return count;
+GridDoubts FindDoubts(const EditGrid& grid) {
+  GridDoubts doubts;
+  for (int row = 1; row <= grid.RowCount(); ++row)
+    for (int column = 1; column <= EditColumns; ++column) {
+      if (!IsDoubtful(grid.Rows[static_cast<std::size_t>(row - 1)], column)) continue;
+      if (doubts.Count++ == 0) doubts.FirstRow = row;
+    }
+  return doubts;
 }
 
 void CommitGrid(const EditGrid& grid, RecordArray& records) {

@@ -84,8 +84,11 @@ std::vector<CellText> PasteBlock(std::string_view lines, const CellBlock& block)
 /// What the user should know of a cell before it is saved, or nothing: it is not read as it stands
 /// ("12,5" is 12), is no value on offer, or is dropped since the pair has no code.
 std::string CellDoubt(const EditGrid& grid, int row, int column);
-/// How many cells have such a doubt.
-int CountDoubts(const EditGrid& grid);
+/// How many cells have such a doubt, and the row of the first one, 0 for none.
+struct GridDoubts {
+  int Count = 0, FirstRow = 0;
+};
+GridDoubts FindDoubts(const EditGrid& grid);
 
 /// Writes the rows into the records, the first row into the first record and so on: orientation,
 /// foliations, lineations, parameters and the flags that say what a record has. A record without

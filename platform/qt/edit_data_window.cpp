@@ -91,10 +91,13 @@ QHBoxLayout* frmEditData::MakeButtons() {
 
 void frmEditData::ShowLines() {
   line_->setText(ToQString(editor_.Line));
-  const int doubts = CountDoubts(editor_.Shown());
-  doubts_->setText(doubts == 0   ? QString()
-                   : doubts == 1 ? QString("1 cell is marked as doubtful")
-                                 : QString("%1 cells are marked as doubtful").arg(doubts));
+  const GridDoubts doubts = FindDoubts(editor_.Shown());
+  if (doubts.Count == 0) return doubts_->clear();
+  doubts_->setText(doubts.Count == 1
+                       ? QString("1 cell is marked as doubtful, in row %1").arg(doubts.FirstRow)
+                       : QString("%1 cells are marked as doubtful, the first in row %2")
+                             .arg(doubts.Count)
+                             .arg(doubts.FirstRow));
 }
 
 }  // namespace velorix

@@ -292,16 +292,16 @@ TEST(EditGrid, DoubtsTellWhatACellComesTo) {
     Editor e(Oriented("S1"));
     e.Type(row.Column, row.Text);
     EXPECT_EQ(CellDoubt(e.Grid, 1, row.Column), row.Doubt) << row.Text;
-    EXPECT_EQ(CountDoubts(e.Grid), *row.Doubt ? 1 : 0) << row.Text;
+    EXPECT_EQ(FindDoubts(e.Grid).Count, *row.Doubt ? 1 : 0) << row.Text;
   }
 }
 
 TEST(EditGrid, AnglesWithoutACodeAreDoubtful) {
   Editor e(Oriented("S1"));
   e.Type(FoliationColumn(1), "");
-  EXPECT_EQ(CountDoubts(e.Grid), 0);  // the lineation's code keeps the pair
+  EXPECT_EQ(FindDoubts(e.Grid).Count, 0);  // the lineation's code keeps the pair
   e.Type(LineationColumn(1), "");
-  EXPECT_EQ(CountDoubts(e.Grid), 4);
+  EXPECT_EQ(FindDoubts(e.Grid).Count, 4);
   EXPECT_EQ(CellDoubt(e.Grid, 1, FoliationColumn(1) + 1),
             "Without a code these angles are not saved.");
 }

@@ -251,17 +251,17 @@ class EditDataWindowTest : public QObject {
     W().Open(W().WriteFile("site", 3));
     Show([this] {
       QCOMPARE(Doubts(), "");
-      TypeAndEnter(1, 3, "12,5");
-      QCOMPARE(Back(1, 3), QColor(0xFF, 0xC0, 0xC0));
-      QCOMPARE(At(1, 3).data(Qt::ToolTipRole).toString(),
+      TypeAndEnter(2, 3, "12,5");
+      QCOMPARE(Back(2, 3), QColor(0xFF, 0xC0, 0xC0));
+      QCOMPARE(At(2, 3).data(Qt::ToolTipRole).toString(),
                "A comma is no decimal point. This is read as 12.");
-      QCOMPARE(Doubts(), "1 cell is marked as doubtful");
-      TypeAndEnter(2, 3, "12a");
-      QCOMPARE(Doubts(), "2 cells are marked as doubtful");
+      QCOMPARE(Doubts(), "1 cell is marked as doubtful, in row 2");
+      TypeAndEnter(3, 3, "12a");
+      QCOMPARE(Doubts(), "2 cells are marked as doubtful, the first in row 2");
       Press("cmdRead");
     });
-    QCOMPARE(Record(1).OrientAz, 12.0f);
     QCOMPARE(Record(2).OrientAz, 12.0f);
+    QCOMPARE(Record(3).OrientAz, 12.0f);
   }
 
   void aNumberTooLargeKeepsItOpenAndTheStoreAsItWas() {
