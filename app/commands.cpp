@@ -116,14 +116,14 @@ constexpr auto Radio = Command::Radio;
 
 // clang-format off
 constexpr Menu MenuTable[] = {
-    {"mnuFile",       "File"},
-    {"mnuGraphics",   "Graphics"},
-    {"mnuEditt",      "Edit"},
-    {"mnuStatistics", "Analysis"},
-    {"mnuViewMain",   "View"},
-    {"mnuSelectionMain", "Selection"},
-    {"mnuSetting",    "Settings"},
-    {"mnuHelp",       "About"},
+    {"mnuFile",       "&File"},
+    {"mnuGraphics",   "&Graphics"},
+    {"mnuEditt",      "&Edit"},
+    {"mnuStatistics", "&Analysis"},
+    {"mnuViewMain",   "&View"},
+    {"mnuSelectionMain", "&Selection"},
+    {"mnuSetting",    "Se&ttings"},
+    {"mnuHelp",       "A&bout"},
 };
 
 // Key spellings in the tips ("Crtl") are the program's own. Selection item 4 is a separator.

@@ -11,7 +11,7 @@ namespace velorix {
 /// A menu of the main window's menu bar.
 struct Menu {
   const char* Name;
-  const char* Caption;
+  const char* Caption;  // "&" before the letter that opens it with Alt
 };
 std::span<const Menu> Menus();
 

@@ -25,12 +25,12 @@ ViewLists::ViewLists(Velorix& velorix, QWidget* parent) : QWidget(parent), velor
   cboCoor_[1] = Add("&Plane", "cboCoor(2)",
                     "What the foliation becomes in the paleogeographic and tectonic systems", 0,
                     ChooseTectoPlane);
-  cboCoor_[2] = Add("&Axis", "cboCoor(3)", "Where the lineation goes in the tectonic system", 0,
+  cboCoor_[2] = Add("A&xis", "cboCoor(3)", "Where the lineation goes in the tectonic system", 0,
                     ChooseTectoAxis);
-  odclFoli_ = Add("&Foliation", "odclFoli", "Code of the foliation that the rotation uses", 6,
+  odclFoli_ = Add("F&oliation", "odclFoli", "Code of the foliation that the rotation uses", 6,
                   ChooseFoliation);
   odclLine_ = Add("&Lineation", "odclLine",
-                  "Code of the lineation that the rotation uses; 0 takes the dip of the foliation",
+                  "Code of the lineation that the rotation uses; 0 takes the strike of the foliation",
                   6, ChooseLineation);
   for (const char* name : CoorSysNames) cboCoor_[0]->addItem(name);
   for (const char* name : TectoPlaneNames) cboCoor_[1]->addItem(name);

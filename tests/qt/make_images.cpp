@@ -9,6 +9,7 @@
 
 #include "app/commands.h"
 #include "platform/qt/theme.h"
+#include "stats/contour_grid.h"
 #include "tests/qt/on_modal.h"
 #include "tests/qt/test_window.h"
 
@@ -42,7 +43,7 @@ const Image Images[] = {
     {"xy-plot", "u1359b.ams", {1600, 1200}, {"+chkXYPlot2ColorCoding", "odclXYPlot2(3)=11", "row*3"}, "picXYPlot2"},
     {"data-table", "granite.ams", {1280, 640}, {"mnuDataTable"}, "frmDataTable"},
     {"group-statistics", "granite.ams", {1280, 800}, {"mnuAnalysis(1)"}, "frmGroupStatistics"},
-    {"contour-window", "granite.ams", {1280, 800}, {"mnuAnalysis(3)"}, "frmContour"},
+    {"contour-window", "granite.ams", {1280, 800}, {"mnuAnalysis(3)", "!optDisplay(3)", "!cmdCount"}, "frmContour"},
     {"plane-from-lineations", "granite.ams", {1280, 800}, {"mnuFoliLine"}, "frmFoliLine"},
     {"orientation-parameters", "granite.ams", {1280, 800}, {"?mnuOPAR"}, "frmOPAR"},
     {"factor-choice", "granite.ams", {1280, 800}, {"?mnuAnisoFac"}, "frmAnisoFac"},
@@ -128,6 +129,7 @@ int main(int argc, char** argv) {
   QDir().mkpath(argv[1]);
   for (const Image& image : Images) {
     TestWindow window;
+    BuildContourGrid(window.Program.ContourGrid, 0, 300, 3);
     window.Window.resize(size.size() == 2 ? QSize(size[0].toInt(), size[1].toInt()) : image.Size);
     if (*image.Example) {
       window.Asked.Files.push_back(FileAnswer{Example(image.Example), 1});
