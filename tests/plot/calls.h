@@ -7,6 +7,14 @@
 
 namespace velorix {
 
+/// What `draw(target)` drew.
+template <class Draw>
+std::vector<DrawCall> Recorded(Draw draw) {
+  Recorder recorder;
+  draw(recorder);
+  return recorder.calls;
+}
+
 /// The calls of one kind, in order.
 template <class Call>
 std::vector<Call> CallsOf(const std::vector<DrawCall>& calls) {

@@ -19,9 +19,7 @@ struct ContourPicture : ::testing::Test {
     ASSERT_TRUE(CountDensity(Grid, Data, static_cast<std::int16_t>(smooth), Count));
   }
   std::vector<DrawCall> Draw() {
-    Recorder recorder;
-    DrawContour(recorder, Grid, Data, Count, Geographic, Options);
-    return recorder.calls;
+    return Recorded([&](Target& t) { DrawContour(t, Grid, Data, Count, Geographic, Options); });
   }
   /// The picture of the nodes, empty when there is none.
   RasterCall Nodes() {
@@ -29,7 +27,6 @@ struct ContourPicture : ::testing::Test {
       if (raster.corner == LogicalPoint{30, 30}) return raster;
     return {};
   }
-  std::size_t At(int i, int j) const { return static_cast<std::size_t>(Grid.Index(i, j)); }
 
   ContourGrid Grid;
   ContourData Data;
@@ -42,8 +39,9 @@ TEST_F(ContourPicture, IsMadeOfTheseCalls) {
   Data.Add(90, 30);
   Run(2);
   Options.chkShowGridPoints = true;
-  Recorder net;
-  DrawNet(net, Geographic, EqualArea, {180, 180, 300}, Black, 14);
+  const auto net = Recorded([](Target& t) {
+    DrawNet(t, Geographic, EqualArea, {180, 180, 300}, Black, 14);
+  });
   // The nodes: computed ones yellow, lines black, below level 1 white, levels 1 and 2.
   const std::string nodes =
       "raster (30,30) width 13: "
@@ -65,7 +63,7 @@ TEST_F(ContourPicture, IsMadeOfTheseCalls) {
       "polygon (366,264) (386,264) (386,288) (366,288) pen 0 0 1 brush FF\n"
       "text \"2\" (394,280) height 14 0 align 24\n"
       "text \"Max 2.5\" (366,256) height 14 0 align 24\n";
-  EXPECT_EQ(ToText(Draw()), "transparent\n" + nodes + ToText(net.calls) +
+  EXPECT_EQ(ToText(Draw()), "transparent\n" + nodes + ToText(net) +
                                 "polygon (284,178) (284,182) (289,182) (289,178) "
                                 "pen 0 0 1 brush FF\n" +
                                 legend);
@@ -76,11 +74,10 @@ TEST_F(ContourPicture, ColoursNodesByLevelOrByDensity) {
   Data.Add(200, 30);
   Options.chkShowContours = false;
   for (const int smooth : {5, 20})  // steps 1 and above
-    for (std::int16_t display = 1; display <= 5; ++display)
+    for (Options.optDisplay = 1; Options.optDisplay <= 5; ++Options.optDisplay)
       for (const bool discrete : {true, false}) {
         Run(smooth);
         const ContourLevels levels = LevelsOf(Count.ContourMax);
-        Options.optDisplay = display;
         Options.optDiscrete = discrete;
         const RasterCall nodes = Nodes();
         ASSERT_EQ(nodes.pixels.size(), 301u * 301u);
@@ -90,10 +87,8 @@ TEST_F(ContourPicture, ColoursNodesByLevelOrByDensity) {
           // Below 0, which is white, under the first level and where the step is above 1.
           float t = discrete ? ((index - 1) * levels.Step + 1) / levels.Top()
                              : density / Count.ContourMax;
-          ASSERT_EQ(nodes.pixels[n], Grid.Inside[n]
-                                         ? BlendColor(ContourDisplays[display].Colour, White, t)
-                                         : NoColour)
-              << n;
+          const Colour colour = BlendColor(ContourDisplays[Options.optDisplay].Colour, White, t);
+          ASSERT_EQ(nodes.pixels[n], Grid.Inside[n] ? colour : NoColour) << n;
         }
       }
 }
@@ -111,21 +106,18 @@ TEST_F(ContourPicture, ShowsEachDatumInTheSymbolOfItsKindWhenWantedOrNotCounted)
   Data.Add(110, -10);  // drawn at (110, 10), as everything upward is
   for (const auto& c : cases) {
     Options.optDisplay = c.display;
-    Recorder expected;
-    for (const Direction d : {Direction{20, 30}, {110, 10}})
-      DrawNetSymbol(expected, {180, 180, 300}, EqualArea, d, c.symbol, c.size, c.colour,
-                    {.width = 0});
-    const auto shown = [&] {
-      return ToText(Draw()).find(ToText(expected.calls)) != std::string::npos;
-    };
-    Count = {};
-    Options.chkDataPoint = false;
-    EXPECT_TRUE(shown()) << c.display;
-    EXPECT_TRUE(Nodes().pixels.empty());
-    Run(20);
-    EXPECT_FALSE(shown()) << c.display;
-    Options.chkDataPoint = true;
-    EXPECT_TRUE(shown()) << c.display;
+    const auto expected = Recorded([&](Target& t) {
+      for (const Direction d : {Direction{20, 30}, {110, 10}})
+        DrawNetSymbol(t, {180, 180, 300}, EqualArea, d, c.symbol, c.size, c.colour, {.width = 0});
+    });
+    for (const auto& [counted, wanted] : {std::pair{false, false}, {true, false}, {true, true}}) {
+      Count = {};
+      if (counted) Run(20);
+      Options.chkDataPoint = wanted;
+      const bool shown = ToText(Draw()).find(ToText(expected)) != std::string::npos;
+      EXPECT_EQ(shown, wanted || !counted) << c.display;
+      EXPECT_EQ(Nodes().pixels.empty(), !counted);
+    }
   }
 }
 
@@ -133,12 +125,11 @@ TEST_F(ContourPicture, LegendTellsLevelsMaximumAndCount) {
   for (int i = 0; i < 12; ++i) Data.Add(45 + i, 60);
   Run(20);
   Count.ContourMax = 25.3f;
-  std::string expected = "N|90|180|270|Kmax|N = 12|0|";
-  for (int value = 1; value <= 25; value += 2) expected += std::to_string(value) + "|";
-  expected += "Max 25.3|";
-  EXPECT_EQ(WordsOf(Draw()), expected);
-  Options.optDiscrete = false;
-  EXPECT_EQ(WordsOf(Draw()), expected);
+  for (const bool discrete : {true, false}) {
+    Options.optDiscrete = discrete;
+    EXPECT_EQ(WordsOf(Draw()),
+              "N|90|180|270|Kmax|N = 12|0|1|3|5|7|9|11|13|15|17|19|21|23|25|Max 25.3|");
+  }
 }
 
 TEST_F(ContourPicture, StaysOnItsPlaneForEveryNumberOfLevels) {
@@ -148,21 +139,20 @@ TEST_F(ContourPicture, StaysOnItsPlaneForEveryNumberOfLevels) {
       Options.optDiscrete = discrete;
       Run(smooth);
       double lowest = 1e9;
-      for (const TextCall& text : CallsOf<TextCall>(Draw()))
-        if (text.point.x > 360) {
-          ASSERT_TRUE(text.point.y >= 14 && text.point.y <= ContourPlane.height - 4) << smooth;
-          // Labels of the bar stand one above the other, with room for each.
-          if (text.point.x < 380) {
-            lowest = 1e9;
-            continue;
-          }
-          ASSERT_LE(text.point.y, lowest - 13) << smooth << " " << text.text;
-          lowest = text.point.y;
+      for (const TextCall& text : CallsOf<TextCall>(Draw())) {
+        const auto [x, y] = text.point;
+        if (x <= 360) continue;
+        ASSERT_TRUE(y >= 14 && y <= ContourPlane.height - 4) << smooth;
+        // Labels of the bar stand one above the other, with room for each.
+        if (x >= 380) {
+          ASSERT_LE(y, lowest - 13) << smooth << " " << text.text;
         }
+        lowest = x < 380 ? 1e9 : y;
+      }
     }
 }
 
-TEST_F(ContourPicture, KnowsTheNodeUnderAPlace) {
+TEST_F(ContourPicture, KnowsTheNodeAndTheLegendUnderAPlace) {
   const struct {
     double x, y;
     int i, j;  // -1: none
@@ -171,14 +161,10 @@ TEST_F(ContourPicture, KnowsTheNodeUnderAPlace) {
                {40, 40, -1, 0},          {1e9, -1e9, -1, 0},       {std::nan(""), 1, -1, 0}};
   for (const auto& c : cases) {
     const auto node = ContourNodeAt(Grid, c.x, c.y);
-    ASSERT_EQ(node.has_value(), c.i >= 0) << c.x << " " << c.y;
-    if (node) {
-      EXPECT_EQ(*node, At(c.i, c.j)) << c.x << " " << c.y;
-    }
+    EXPECT_EQ(node ? static_cast<int>(*node) : -1, c.i < 0 ? -1 : Grid.Index(c.i, c.j))
+        << c.x << " " << c.y;
   }
-  EXPECT_TRUE(IsOnContourLegend(380, 200));
-  EXPECT_FALSE(IsOnContourLegend(300, 200));
-  EXPECT_FALSE(IsOnContourLegend(500, 200));
+  for (const int x : {300, 380, 500}) EXPECT_EQ(IsOnContourLegend(x, 200), x == 380);
 }
 
 TEST(Raster, IsAPixelForEachUnitOnATargetThatKnowsNoBetter) {

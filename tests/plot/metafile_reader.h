@@ -21,28 +21,32 @@ struct MetafileReader {
   std::vector<Record> records;  // the end included
   int tableSize = 0;
 
-  explicit MetafileReader(const std::string& bits) : bits_(bits) {
-    if (bits.size() < 18 || bits.size() % 2 != 0) {
-      ADD_FAILURE() << "no metafile of " << bits.size() << " bytes";
-      return;
-    }
+  explicit MetafileReader(const std::string& bits) : bits_(bits) { Read(); }
+
+  std::vector<Record> Of(int function) const {
+    std::vector<Record> found;
+    for (const Record& record : records)
+      if (record.function == function) found.push_back(record);
+    return found;
+  }
+
+ private:
+  void Read() {
+    ASSERT_TRUE(bits_.size() >= 18 && bits_.size() % 2 == 0) << bits_.size() << " bytes";
     EXPECT_EQ(WordAt(0), 1);
     EXPECT_EQ(WordAt(2), 9);
     EXPECT_EQ(WordAt(4), 0x0300);
-    EXPECT_EQ(LongAt(6) * 2, bits.size());
+    EXPECT_EQ(LongAt(6) * 2, bits_.size());
     tableSize = WordAt(10);
     EXPECT_EQ(WordAt(16), 0);
     std::size_t longest = 0;
-    for (std::size_t at = 18; at < bits.size();) {
-      const std::size_t size = at + 6 <= bits.size() ? 2 * LongAt(at) : 0;
-      if (size < 6 || at + size > bits.size()) {
-        ADD_FAILURE() << "record of " << size << " bytes at " << at;
-        return;
-      }
-      Record record{WordAt(at + 4), {}, bits.substr(at + 6, size - 6)};
+    for (std::size_t at = 18; at < bits_.size();) {
+      const std::size_t size = at + 6 <= bits_.size() ? 2 * LongAt(at) : 0;
+      ASSERT_TRUE(size >= 6 && at + size <= bits_.size()) << size << " bytes at " << at;
+      Record record{WordAt(at + 4), {}, bits_.substr(at + 6, size - 6)};
       for (std::size_t i = at + 6; i < at + size; i += 2)
         record.words.push_back(static_cast<std::int16_t>(WordAt(i)));
-      EXPECT_EQ(record.function == 0, at + size == bits.size()) << "the end at " << at;
+      EXPECT_EQ(record.function == 0, at + size == bits_.size()) << "the end at " << at;
       CheckSize(record);
       FollowObjects(record);
       longest = std::max(longest, size);
@@ -55,14 +59,6 @@ struct MetafileReader {
     EXPECT_LE(std::ssize(objects_), tableSize);
   }
 
-  std::vector<Record> Of(int function) const {
-    std::vector<Record> found;
-    for (const Record& record : records)
-      if (record.function == function) found.push_back(record);
-    return found;
-  }
-
- private:
   int WordAt(std::size_t at) const {
     return static_cast<unsigned char>(bits_[at]) | static_cast<unsigned char>(bits_[at + 1]) << 8;
   }
@@ -74,10 +70,12 @@ struct MetafileReader {
   /// How many parameters each function has; for those with lists it is told within.
   void CheckSize(const Record& r) const {
     const int size = static_cast<int>(r.words.size());
-    const std::map<int, int> fixed = {{0x0000, 0}, {0x001E, 0}, {0x0102, 1}, {0x0103, 1},
-                                      {0x0127, 1}, {0x012D, 1}, {0x012E, 1}, {0x01F0, 1},
-                                      {0x0209, 2}, {0x020C, 2}, {0x02FA, 5}, {0x02FB, 25},
-                                      {0x02FC, 4}, {0x0418, 4}, {0x041F, 4}};
+    // clang-format off
+    const std::map<int, int> fixed = {
+        {0x0000, 0}, {0x001E, 0}, {0x0102, 1}, {0x0103, 1}, {0x0127, 1}, {0x012D, 1}, {0x012E, 1},
+        {0x01F0, 1}, {0x0209, 2}, {0x020C, 2}, {0x02FA, 5}, {0x02FB, 25}, {0x02FC, 4}, {0x0418, 4},
+        {0x041F, 4}};
+    // clang-format on
     const auto found = fixed.find(r.function);
     int wanted = found == fixed.end() ? -1 : found->second;
     if (size > 0 && (r.function == 0x0324 || r.function == 0x0325)) wanted = 1 + 2 * r.words[0];

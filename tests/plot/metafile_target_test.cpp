@@ -6,122 +6,112 @@
 namespace velorix {
 namespace {
 
-constexpr PlaneSize Window = {900, 800};
+using Words = std::vector<int>;
 
-std::string TextOf(const MetafileReader::Record& record) {
-  return record.bytes.substr(2, static_cast<std::size_t>(record.words[0]));
+template <class Draw>
+MetafileReader ReadBack(Draw draw, std::optional<PlaneSize> window = PlaneSize{900, 800}) {
+  MetafileTarget target(window);
+  draw(target);
+  return MetafileReader(target.Bits());
 }
 
-TEST(PlaceableHeaderTest, HasTheChecksumOfItsWords) {
-  const unsigned char wanted[] = {0xD7, 0xCD, 0xC6, 0x9A, 0,    0, 0, 0, 0, 0,    0x84,
-                                  0x03, 0x20, 0x03, 0x64, 0x00, 0, 0, 0, 0, 0xD1, 0x57};
-  static_assert((0x5711 ^ 900 ^ 800 ^ 100) == 0x57D1);
-  EXPECT_EQ(PlaceableHeader(Window, 100), std::string(std::begin(wanted), std::end(wanted)));
-}
-
-TEST(MetafileTest, EmptyPictureHasItsWindowAndNoObjects) {
-  MetafileTarget target(Window);
-  const std::string bits = target.Bits();
-  const MetafileReader read(bits);
+TEST(MetafileTest, OnlyAPictureThatTellsItsExtentIsStretchedToIt) {
+  const auto nothing = [](Target&) {};
+  const MetafileReader read = ReadBack(nothing), host = ReadBack(nothing, std::nullopt);
   ASSERT_EQ(read.records.size(), 5u);
   EXPECT_EQ(read.records[0].function, 0x020C);
-  EXPECT_EQ(read.records[0].words, (std::vector<int>{800, 900}));
+  EXPECT_EQ(read.records[0].words, (Words{800, 900}));
   EXPECT_EQ(read.records[1].function, 0x0103);
-  EXPECT_EQ(read.records[1].words, std::vector<int>{8});
-}
-
-TEST(MetafileTest, PictureForAHostThatTellsTheExtentHasNone) {
-  MetafileTarget target(std::nullopt);
-  const MetafileReader read(target.Bits());
-  EXPECT_EQ(read.Of(0x020C).at(0).words, (std::vector<int>{0, 0}));
-  EXPECT_TRUE(read.Of(0x0103).empty());
+  EXPECT_EQ(read.records[1].words, Words{8});
+  EXPECT_EQ(host.Of(0x020C).at(0).words, (Words{0, 0}));
+  EXPECT_TRUE(host.Of(0x0103).empty());
 }
 
 TEST(MetafileTest, ShapesKeepPointsPenAndBrush) {
-  MetafileTarget target(Window);
-  target.SetTransparent();
-  target.SetTransparent();
-  DrawCircle(target, 100, 50, 10, {.style = Dashed, .colour = 0x102030, .width = 3}, Green);
-  DrawRectangle(target, 1, 2, 30, 40, {.style = NoLine}, 0);
-  DrawLine(target, 5, 6, -7, 8, {});
-  target.Pixel({9, 10}, Red);
-  const MetafileReader read(target.Bits());
+  const MetafileReader read = ReadBack([](Target& target) {
+    target.SetTransparent();
+    target.SetTransparent();
+    DrawCircle(target, 100, 50, 10, {.style = Dashed, .colour = 0x102030, .width = 3}, Green);
+    DrawRectangle(target, 1, 2, 30, 40, {.style = NoLine}, 0);
+    DrawLine(target, 5, 6, -7, 8, {});
+    target.Pixel({9, 10}, Red);
+  });
   EXPECT_EQ(read.Of(0x0102).size(), 1u);
-  EXPECT_EQ(read.Of(0x0418).at(0).words, (std::vector<int>{60, 110, 40, 90}));
-  EXPECT_EQ(read.Of(0x0324).at(0).words, (std::vector<int>{4, 1, 2, 30, 2, 30, 40, 1, 40}));
-  EXPECT_EQ(read.Of(0x0325).at(0).words, (std::vector<int>{2, 5, 6, -7, 8}));
-  EXPECT_EQ(read.Of(0x041F).at(0).words, (std::vector<int>{255, 0, 10, 9}));
-  const auto pens = read.Of(0x02FA);
-  ASSERT_EQ(pens.size(), 3u);
-  EXPECT_EQ(pens[0].words, (std::vector<int>{1, 3, 0, 0x2030, 0x10}));
-  EXPECT_EQ(pens[1].words, (std::vector<int>{5, 1, 0, 0, 0}));
-  const auto brushes = read.Of(0x02FC);
-  ASSERT_EQ(brushes.size(), 2u);
-  EXPECT_EQ(brushes[0].words, (std::vector<int>{0, static_cast<std::int16_t>(0xFF00), 0, 0}));
-  EXPECT_EQ(brushes[1].words, (std::vector<int>{1, 0, 0, 0})) << "hollow";
+  const std::pair<int, std::vector<Words>> wanted[] = {
+      {0x0418, {{60, 110, 40, 90}}},
+      {0x0324, {{4, 1, 2, 30, 2, 30, 40, 1, 40}}},
+      {0x0325, {{2, 5, 6, -7, 8}}},
+      {0x041F, {{255, 0, 10, 9}}},
+      {0x02FA, {{1, 3, 0, 0x2030, 0x10}, {5, 1, 0, 0, 0}, {0, 1, 0, 0, 0}}},
+      {0x02FC, {{0, static_cast<std::int16_t>(0xFF00), 0, 0}, {1, 0, 0, 0}}}};  // green, hollow
+  for (const auto& [function, words] : wanted) {
+    std::vector<Words> found;
+    for (const auto& record : read.Of(function)) found.push_back(record.words);
+    EXPECT_EQ(found, words) << std::hex << function;
+  }
 }
 
 TEST(MetafileTest, TextsAreSetInArialAndTheCodePage) {
-  MetafileTarget target(Window);
-  DrawText(target, "N = 12", 10, 20, {.height = 14, .alignment = CentreBaseline});
-  DrawTextVertical(target, "Žďár µ 漢", 30, 40, {.height = 9, .colour = Blue, .weight = 600});
-  DrawText(target, "", 0, 0, {.height = 99});
-  const MetafileReader read(target.Bits());
-  const auto fonts = read.Of(0x02FB);
-  ASSERT_EQ(fonts.size(), 2u);
-  EXPECT_EQ(std::vector<int>(fonts[0].words.begin(), fonts[0].words.begin() + 9),
-            (std::vector<int>{14, 0, 0, 0, 400, 0, 0, 0, 0}));
-  EXPECT_EQ(std::vector<int>(fonts[1].words.begin(), fonts[1].words.begin() + 9),
-            (std::vector<int>{9, 0, 900, 0, 600, 0, 0, 0, 0}));
-  EXPECT_STREQ(fonts[0].bytes.c_str() + 18, "Arial");
-  const auto texts = read.Of(0x0521);
-  ASSERT_EQ(texts.size(), 2u);
-  EXPECT_EQ(TextOf(texts[0]), "N = 12");
-  EXPECT_EQ(TextOf(texts[1]), "\x8E?\xE1r \xB5 ?");
-  EXPECT_EQ(texts[1].words[texts[1].words.size() - 2], 40);
-  EXPECT_EQ(texts[1].words.back(), 30);
+  const MetafileReader read = ReadBack([](Target& target) {
+    DrawText(target, "N = 12", 10, 20, {.height = 14, .alignment = CentreBaseline});
+    DrawTextVertical(target, "Žďár µ 漢", 30, 40, {.height = 9, .colour = Blue, .weight = 600});
+    DrawText(target, "", 0, 0, {.height = 99});
+  });
+  const struct {
+    Words font;
+    std::string text;
+    int y, x;
+  } wanted[] = {{{14, 0, 0, 0, 400, 0, 0, 0, 0}, "N = 12", 20, 10},
+                {{9, 0, 900, 0, 600, 0, 0, 0, 0}, "\x8E?\xE1r \xB5 ?", 40, 30}};
+  const auto fonts = read.Of(0x02FB), texts = read.Of(0x0521);
+  ASSERT_TRUE(fonts.size() == 2 && texts.size() == 2);
+  for (std::size_t i = 0; i < 2; ++i) {
+    const Words& words = texts[i].words;
+    EXPECT_EQ(Words(fonts[i].words.begin(), fonts[i].words.begin() + 9), wanted[i].font);
+    EXPECT_STREQ(fonts[i].bytes.c_str() + 18, "Arial");
+    EXPECT_EQ(texts[i].bytes.substr(2, static_cast<std::size_t>(words[0])), wanted[i].text);
+    EXPECT_EQ(Words(words.end() - 2, words.end()), (Words{wanted[i].y, wanted[i].x}));
+  }
   EXPECT_EQ(read.Of(0x012E).at(0).words[0], CentreBaseline);
-  EXPECT_EQ(read.Of(0x0209).at(1).words, (std::vector<int>{0, 0xFF}));
+  EXPECT_EQ(read.Of(0x0209).at(1).words, (Words{0, 0xFF}));
 }
 
 TEST(MetafileTest, LikeShapesShareTheirObjectsAndManyReuseTheTable) {
-  MetafileTarget like(Window), unlike(Window);
-  for (int i = 0; i < 1000; ++i) {
-    Pen pen;
-    DrawSymbol(like, 3, static_cast<float>(i), 100, 9, Red, pen);
-    pen.colour = static_cast<Colour>(i);
-    DrawSymbol(unlike, 3, static_cast<float>(i), 100, 9, static_cast<Colour>(i * 7), pen);
-    DrawText(unlike, "x", i, 0, {.height = static_cast<std::int16_t>(8 + i % 9)});
-  }
-  const MetafileReader few(like.Bits());
+  const auto thousand = [](bool alike) {
+    return ReadBack([alike](Target& target) {
+      for (int i = 0; i < 1000; ++i) {
+        Pen pen = {.colour = static_cast<Colour>(alike ? 0 : i)};
+        DrawSymbol(target, 3, static_cast<float>(i), 100, 9, 7 * pen.colour, pen);
+        if (!alike) DrawText(target, "x", i, 0, {.height = static_cast<std::int16_t>(8 + i % 9)});
+      }
+    });
+  };
+  const MetafileReader few = thousand(true), many = thousand(false);
   EXPECT_EQ(few.Of(0x02FA).size() + few.Of(0x02FC).size(), 2u);
   EXPECT_EQ(few.Of(0x0418).size(), 1000u);
-  const MetafileReader many(unlike.Bits());
   EXPECT_EQ(many.Of(0x02FA).size(), 1000u);
   EXPECT_EQ(many.Of(0x01F0).size(), 3000u);
   EXPECT_LE(many.tableSize, 4);
 }
 
 TEST(MetafileTest, PlacesBeyondSixteenBitsGoToTheNearestOne) {
-  MetafileTarget target(Window);
-  const LogicalPoint line[] = {{-70000, 5}, {40000, 2000000000}};
-  target.Polyline(line, {});
-  target.Ellipse({-100000, 0, 7, 100000}, {}, NoBrush);
-  const MetafileReader read(target.Bits());
-  EXPECT_EQ(read.Of(0x0325).at(0).words, (std::vector<int>{2, -32768, 5, 32767, 32767}));
-  EXPECT_EQ(read.Of(0x0418).at(0).words, (std::vector<int>{32767, 7, 0, -32768}));
+  const MetafileReader read = ReadBack([](Target& target) {
+    const LogicalPoint line[] = {{-70000, 5}, {40000, 2000000000}};
+    target.Polyline(line, {});
+    target.Ellipse({-100000, 0, 7, 100000}, {}, NoBrush);
+  });
+  EXPECT_EQ(read.Of(0x0325).at(0).words, (Words{2, -32768, 5, 32767, 32767}));
+  EXPECT_EQ(read.Of(0x0418).at(0).words, (Words{32767, 7, 0, -32768}));
 }
 
 TEST(MetafileTest, LineTooLongForARecordGoesOnInTheNext) {
-  std::vector<LogicalPoint> points(70000);
+  std::vector<LogicalPoint> points(70000), joined;
   for (int i = 0; i < 70000; ++i) points[i] = {i % 1000, i / 1000};
-  MetafileTarget target(Window);
-  target.Polyline(points, {});
-  target.Polyline({points.data(), 1}, {});
-  const MetafileReader read(target.Bits());
-  const auto lines = read.Of(0x0325);
+  const auto lines = ReadBack([&points](Target& target) {
+                       target.Polyline(points, {});
+                       target.Polyline({points.data(), 1}, {});
+                     }).Of(0x0325);
   ASSERT_EQ(lines.size(), 3u);
-  std::vector<LogicalPoint> joined;
   for (const auto& line : lines)
     for (std::size_t i = joined.empty() ? 1 : 3; i + 1 < line.words.size(); i += 2)
       joined.push_back({line.words[i], line.words[i + 1]});

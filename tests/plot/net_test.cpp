@@ -1,36 +1,37 @@
 #include "plot/net.h"
+#include "plot/net_curves.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <random>
+
+#include "store/session.h"
+#include "tensor/rotations.h"
 #include "tests/plot/calls.h"
 
 namespace velorix {
 namespace {
 
+std::vector<DrawCall> NetOf(std::int16_t coorSys, const Net& net) {
+  return Recorded([&](Target& t) { DrawNet(t, coorSys, EqualArea, net, Black, 14); });
+}
+
 TEST(DrawNet, NamesTheAxesOfEachCoordinateSystem) {
   const char* const names[] = {"0|90|180|270|", "X|Y|-X|-Y|", "N|90|180|270|",
                                "N|90|180|270|", "X|Y|-X|-Y|", "0|90|180|270|"};
-  for (std::int16_t coorSys = 0; coorSys <= 5; ++coorSys) {
-    Recorder recorder;
-    DrawNet(recorder, coorSys, EqualArea, {180, 190, 310}, Black, 14);
-    EXPECT_EQ(WordsOf(recorder.calls), names[coorSys]) << coorSys;
-  }
+  for (std::int16_t coorSys = 0; coorSys <= 5; ++coorSys)
+    EXPECT_EQ(WordsOf(NetOf(coorSys, {180, 190, 310})), names[coorSys]) << coorSys;
 }
 
-TEST(DrawNet, TickLengthGrowsWithTheNet) {
+TEST(DrawNet, TickLengthGrowsWithTheNetAndOneOfNoExtentCollapsesToItsCentre) {
   for (const auto& [diameter, length] : {std::pair{340.0, 5}, {680.0, 10}, {3400.0, 50}}) {
-    Recorder recorder;
-    DrawNet(recorder, 2, EqualArea, {0, 0, diameter}, Black, 14);
-    const auto& last = std::get<PolylineCall>(recorder.calls.back());
+    const auto last = std::get<PolylineCall>(NetOf(Geographic, {0, 0, diameter}).back());
     EXPECT_NEAR(last.points[1].y - last.points[0].y, length, 1) << diameter;
   }
-}
-
-TEST(DrawNet, OfNoExtentCollapsesToItsCentre) {
-  Recorder recorder;
-  DrawNet(recorder, 2, EqualArea, {40, 50, 0}, Black, 14);
-  EXPECT_EQ(ToText(recorder.calls.front()), "ellipse (40,50) (40,50) pen 0 0 2 brush none");
-  EXPECT_EQ(ToText(recorder.calls.back()), "polyline (40,50) (40,50) pen 0 0 1");
+  const auto calls = NetOf(Geographic, {40, 50, 0});
+  EXPECT_EQ(ToText(calls.front()), "ellipse (40,50) (40,50) pen 0 0 2 brush none");
+  EXPECT_EQ(ToText(calls.back()), "polyline (40,50) (40,50) pen 0 0 1");
 }
 
 TEST(DrawNetSymbol, StandsWhereTheNetHasTheDirection) {
@@ -39,19 +40,143 @@ TEST(DrawNetSymbol, StandsWhereTheNetHasTheDirection) {
     Direction direction;
     LogicalPoint at;
   } rows[] = {
-      {EqualArea, {0, 0}, {500, 0}},       {EqualArea, {90, 0}, {1000, 500}},
-      {EqualArea, {180, 0}, {500, 1000}},  {EqualArea, {0, 90}, {500, 500}},
-      {EqualArea, {0, 45}, {500, 229}},    // 500 * 0.5412 above the centre
-      {EqualAngle, {0, 45}, {500, 293}},   // 500 * 0.4142
+      {EqualArea, {90, 0}, {1000, 500}},   {EqualArea, {180, 0}, {500, 1000}},
+      {EqualArea, {0, 90}, {500, 500}},    {EqualArea, {0, 45}, {500, 229}},  // 500 * 0.5412 up
+      {EqualAngle, {0, 45}, {500, 293}},                                      // 500 * 0.4142
       {EqualArea, {200, 30}, {379, 832}},  // 500 * sqrt(0.5) = 353.55 from the centre
       {EqualArea, {200, -30}, {379, 832}},
   };
-  for (const auto& row : rows) {
-    Recorder recorder;
-    DrawNetSymbol(recorder, {500, 500, 1000}, row.projection, row.direction, -1, 9, Red, {});
-    EXPECT_EQ(recorder.calls, std::vector<DrawCall>({PixelCall{row.at, Red}}))
+  for (const auto& row : rows)
+    EXPECT_EQ(Recorded([&](Target& t) {
+                DrawNetSymbol(t, {500, 500, 1000}, row.projection, row.direction, -1, 9, Red, {});
+              }),
+              std::vector<DrawCall>({PixelCall{row.at, Red}}))
         << row.projection << " " << row.direction.Dec << " " << row.direction.Inc;
+}
+
+constexpr Net Screen = {180, 190, 310};
+using Lines = std::vector<PolylineCall>;
+using Line = std::vector<LogicalPoint>;
+
+template <class Draw>
+Lines LinesBy(Draw draw) {
+  return CallsOf<PolylineCall>(Recorded(draw));
+}
+
+/// Columns: the direction and two at right angles to it.
+Matrix<3, 3> FrameAt(Direction d) {
+  Matrix<3, 3> R;
+  Mxmpy(VerticalRotation(d.Dec), AxisRotation({0, 1, 0}, -d.Inc), R);
+  return R;
+}
+
+Lines Ellipse(const ConfidenceEllipse& e, bool showUpper = false) {
+  return LinesBy([&](Target& t) { DrawConfidenceEllipse(t, Screen, EqualArea, showUpper, e, {}); });
+}
+
+Lines GreatCircle(std::int16_t kind, Direction pole) {
+  return LinesBy([&](Target& t) { DrawGreatCircle(t, Screen, EqualArea, kind, false, pole, {}); });
+}
+
+LogicalPoint PlaceOf(Direction d) {
+  const Point u = ProjectDirection(EqualArea, d), p = OnNet(Screen, u.x, u.y);
+  return ToLogical(p.x, p.y);
+}
+
+Line Joined(const Lines& arcs) {
+  Line points;
+  for (const PolylineCall& arc : arcs)
+    points.insert(points.end(), arc.points.begin(), arc.points.end());
+  return points;
+}
+
+/// The ellipse's points with all the trigonometry at every point.
+Line PlainEllipse(const ConfidenceEllipse& e) {
+  const auto sine = [](double degrees) { return std::sin(degrees / DegPerRad); };
+  const auto cosine = [](double degrees) { return std::cos(degrees / DegPerRad); };
+  const int i2 = e.axis % 3 + 1, i3 = i2 % 3 + 1;
+  const double r = -e.rotation;
+  Line line;
+  for (int i = -1; i <= 360; ++i) {
+    const double a = std::max(i, 0), major = sine(e.E1) * cosine(a), minor = sine(e.E2) * sine(a);
+    Vector<3> v, w;
+    v[e.axis] = cosine(std::hypot(e.E1 * cosine(a), e.E2 * sine(a)));
+    v[i3] = major * cosine(r) - minor * sine(r);
+    v[i2] = major * sine(r) + minor * cosine(r);
+    Mvmpy(e.vectors, v, w);
+    const DirectionAndLength d = VectorToDirection(w);
+    line.push_back(PlaceOf(LowerHemisphere({d.Dec, d.Inc})));
   }
+  return line;
+}
+
+TEST(ConfidenceEllipse, IsPointForPointThatOfThePlainFormula) {
+  std::mt19937 random(3);
+  std::uniform_real_distribution<double> uniform(0, 1);
+  for (int round = 0; round < 2000; ++round) {
+    const ConfidenceEllipse e = {
+        1 + round % 3, FrameAt({360 * uniform(random), 180 * uniform(random) - 90}),
+        0.1 + 60 * uniform(random), 0.1 + 30 * uniform(random), 360 * uniform(random) - 180};
+    const Line drawn = Joined(Ellipse(e)), plain = PlainEllipse(e);
+    // An arc of a single point isn't drawn; all others are, in order.
+    if (drawn.size() == plain.size())
+      ASSERT_EQ(drawn, plain) << round;
+    else
+      ASSERT_GE(drawn.size() + 4, plain.size()) << round;
+  }
+}
+
+TEST(ConfidenceEllipse, ClosesWithinTheHemisphereAndBreaksAtTheRim) {
+  const Lines closed = Ellipse({1, FrameAt({40, 80}), 8, 5, 0});
+  ASSERT_EQ(closed.size(), 1u);
+  EXPECT_EQ(closed[0].points.size(), 362u);  // the first point twice, the last closes
+  EXPECT_EQ(closed[0].points[0], closed[0].points[1]);
+  EXPECT_EQ(closed[0].points.front(), closed[0].points.back());
+
+  const Lines broken = Ellipse({1, FrameAt({40, 2}), 10, 10, 0});
+  ASSERT_GE(broken.size(), 3u);
+  bool near = false, opposite = false;
+  for (LogicalPoint p : Joined(broken)) (p.x > Screen.cx ? near : opposite) = true;
+  EXPECT_TRUE(near && opposite);
+}
+
+TEST(ConfidenceEllipse, DrawsNothingWithoutASemiAxisOrANumber) {
+  for (const auto& [dec, E1, E2] :
+       {std::tuple{10.0, 0.0, 5.0}, {10.0, 5.0, 0.0}, {10.0, double{NAN}, 5.0}, {NAN, 5.0, 5.0}})
+    EXPECT_TRUE(Ellipse({1, FrameAt({dec, 20}), E1, E2, 0}).empty()) << dec << " " << E1;
+}
+
+TEST(ConfidenceEllipse, ShowsTheUpperHemisphereByDashes) {
+  const Lines arcs = Ellipse({1, FrameAt({0, 0}), 10, 10, 0}, true);
+  ASSERT_GE(arcs.size(), 3u);
+  for (const PolylineCall& arc : arcs)
+    EXPECT_TRUE(arc.pen.style == Solid || arc.pen.style == Dashed);
+  EXPECT_NE(arcs[0].pen.style, arcs[1].pen.style);
+  for (LogicalPoint p : Joined(arcs)) EXPECT_LT(p.y, Screen.cy);  // all at the same side
+}
+
+TEST(GreatCircle, RunsFromRimToRimAndEndsAtThreeHundredFiftyNine) {
+  const Line points = Joined(GreatCircle(2, {90, 30}));
+  for (LogicalPoint p : points) {
+    const Direction d = InverseEqualArea({(p.x - Screen.cx) / 155, (Screen.cy - p.y) / 155});
+    EXPECT_NEAR(Vvmpy(DirectionToVector(1, d), DirectionToVector(1, {90, 30})), 0,
+                0.03);  // a pixel
+  }
+  EXPECT_NEAR(static_cast<double>(points.size()), 181, 2);  // 0, 1, 3, ... 359; single ones lost
+  // Of a vertical pole it lies on the primitive circle.
+  for (LogicalPoint p : Joined(GreatCircle(1, {0, 90})))
+    EXPECT_NEAR(std::hypot(p.x - Screen.cx, p.y - Screen.cy), 155, 1);
+}
+
+TEST(NetPolyline, EndsOnTheRimAndGoesOnOpposite) {
+  const auto lines = [](const std::vector<Direction>& directions) {
+    return LinesBy([&](Target& t) { DrawNetPolyline(t, Screen, EqualArea, directions, {}); });
+  };
+  EXPECT_EQ(lines({{10, 20}, {30, 40}, {50, 20}}).size(), 1u);
+  const Lines arcs = lines({{60, 20}, {60, 5}, {60, -5}, {60, -20}});
+  ASSERT_EQ(arcs.size(), 2u);
+  EXPECT_EQ(arcs[0].points, (Line{PlaceOf({60, 20}), PlaceOf({60, 5}), PlaceOf({60, 0})}));
+  EXPECT_EQ(arcs[1].points, (Line{PlaceOf({240, 0}), PlaceOf({240, 5}), PlaceOf({240, 20})}));
 }
 
 }  // namespace

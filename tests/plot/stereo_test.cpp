@@ -1,50 +1,94 @@
 #include "plot/stereo.h"
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <limits>
 
-#include "tests/plot/stereo_drawing.h"
+#include "plot/axes.h"
+#include "store/session.h"
+#include "tests/plot/calls.h"
 
 namespace velorix {
 namespace {
 
-bool Says(const std::vector<DrawCall>& calls, const std::string& word) {
-  return ("|" + WordsOf(calls)).find("|" + word + "|") != std::string::npos;
+/// Kmax north and level, Kint east and level, Kmin vertical; shown in geographic coordinates.
+SpecimenRecord Upright() {
+  SpecimenRecord r;
+  r.Active = true;
+  r.CoorLevel = Geographic;
+  r.Dec[2] = r.Inc[3] = 90.0;
+  r.Dec[1] = r.Dec[3] = r.Inc[1] = r.Inc[2] = 0.0;
+  for (int k = 1; k <= 3; ++k) r.Vec[k][k] = r.VecIm[k][k] = 1.0;
+  r.FoliName[1] = "S0";
+  r.FoliDec[1] = 120.0;
+  r.FoliInc[1] = 30.0;
+  r.LineName[2] = "L1";
+  r.LineDec[2] = 90.0;
+  r.LineInc[2] = 0.0;
+  return r;
+}
+
+/// `count` records of this kind, the one numbered `selected` selected.
+RecordArray Uprights(int count, int selected = 0) {
+  RecordArray records;
+  for (int i = 1; i <= count; ++i) {
+    records.Add(Upright());
+    records[i].Selected = i == selected;
+  }
+  return records;
+}
+
+using O = StereoOptions;
+
+/// These layers over the net and no others, of these axes.
+StereoOptions Only(std::initializer_list<bool O::*> layers = {},
+                   const Array1<bool, 3>& axes = {true, true, true}) {
+  StereoOptions options;
+  options.chkCaption = {};
+  options.chkData = options.chkMean = options.chkMeanEllipses = false;
+  for (const auto layer : layers) options.*layer = true;
+  options.chkK = axes;
+  options.lstFoli = {"S0"};
+  options.lstLine = {"L1"};
+  return options;
+}
+
+std::vector<DrawCall> Drawn(const RecordArray& records, const StereoOptions& options,
+                            std::int16_t coorSys = Geographic, std::int16_t block = InPhase,
+                            const GroupStats& stats = GroupStats(),
+                            const StereoGeometry& geometry = {}) {
+  return Recorded(
+      [&](Target& t) { DrawStereo(records, coorSys, t, geometry, options, block, stats); });
+}
+
+/// What the layers above the net drew.
+std::vector<DrawCall> OverTheNet(const RecordArray& records, const StereoOptions& options,
+                                 const GroupStats& stats = GroupStats(),
+                                 std::int16_t coorSys = Geographic, std::int16_t block = InPhase) {
+  const auto net = Drawn({}, Only(), coorSys, block);
+  const auto all = Drawn(records, options, coorSys, block, stats);
+  EXPECT_TRUE(all.size() >= net.size() && std::equal(net.begin(), net.end(), all.begin()));
+  return {all.begin() + static_cast<std::ptrdiff_t>(net.size()), all.end()};
 }
 
 TEST(DrawStereo, BeginsTransparentAndWithTheBlackNet) {
-  Recorder expected;
-  expected.SetTransparent();
-  DrawNet(expected, Tectonic, EqualArea, {180, 190, 310}, Black, 14);
-  EXPECT_EQ(Drawn({}, NetOnly(), Tectonic), expected.calls);
+  EXPECT_EQ(Drawn({}, Only(), Tectonic), Recorded([](Target& t) {
+              t.SetTransparent();
+              DrawNet(t, Tectonic, EqualArea, {180, 190, 310}, Black, 14);
+            }));
 }
 
-TEST(DrawStereo, ACaptionNamesTheSystemInView) {
-  StereoOptions options = NetOnly();
-  options.chkCaption[0] = true;
-  EXPECT_TRUE(Says(Drawn({}, options, Specimen), "Specimen"));
-  EXPECT_TRUE(Says(Drawn({}, options, Paleogeographic), "Paleogeographic"));
-  EXPECT_TRUE(Says(Drawn({}, options, Tectonic), "Tectonic"));
-}
-
-TEST(DrawStereo, LegendHasARowForEachAxisThatIsOn) {
-  StereoOptions options = NetOnly();
+TEST(DrawStereo, LegendListsAxesThenPlanesInASecondColumnAndLinesInAThird) {
+  StereoOptions options = Only({}, {true, false, true});
   options.chkCaption[1] = true;
-  options.chkK = {true, false, true};
+  options.chkFoli = {true, true, true, false, true};
+  options.lstFoli = {"S0", "K"};
   EXPECT_EQ(ToText(OverTheNet({}, options)),
             "text \"Max\" (33,322) height 15 0 align 24\n"
             "polygon (13,311) (13,320) (22,320) (22,311) pen 0 0 1 brush FF\n"
             "text \"Min\" (33,337) height 15 0 align 24\n"
-            "ellipse (12,326) (23,337) pen 0 0 1 brush FF0000\n");
-}
-
-TEST(DrawStereo, LegendListsPlanesInASecondColumnAndLinesInAThird) {
-  StereoOptions options = NetOnly();
-  options.chkCaption[1] = true;
-  options.chkK = {};
-  options.chkFoli = {true, true, true, false, true};
-  options.lstFoli = {"S0", "K"};
-  options.lstLine = {"L1"};
-  EXPECT_EQ(ToText(OverTheNet({}, options)),
+            "ellipse (12,326) (23,337) pen 0 0 1 brush FF0000\n"
             "text \"S0\" (285,322) height 15 0 align 24\n"
             "ellipse (298,310) (310,321) pen 0 C0C000 1 brush FFFFFF\n"
             "ellipse (303,314) (305,317) pen 0 C0C000 1 brush FFFFFF\n"
@@ -57,6 +101,7 @@ TEST(DrawStereo, LegendListsPlanesInASecondColumnAndLinesInAThird) {
             "text \"L1\" (358,322) height 15 0 align 24\n"
             "polygon (372,311) (372,320) (381,320) (381,311) pen 0 800080 1 brush FFFFFF\n"
             "ellipse (376,315) (378,316) pen 0 800080 1 brush FFFFFF\n");
+  options.chkK = {};
   options.chkFoli = {true, false, false, true, false};  // strike sticks: the code alone
   options.lstFoli = {"S0"};
   EXPECT_EQ(ToText(OverTheNet({}, options)), "text \"S0\" (285,322) height 15 0 align 24\n");
@@ -64,22 +109,25 @@ TEST(DrawStereo, LegendListsPlanesInASecondColumnAndLinesInAThird) {
   EXPECT_EQ(ToText(OverTheNet({}, options)), "");
 }
 
-TEST(DrawStereo, LeavesOutRecordsThatTheViewDoesNotShow) {
+TEST(DrawStereo, CaptionsAndSymbolsAreThoseOfTheSystemAndTheBlockInView) {
   RecordArray store = Uprights(4);
   store[2].Active = false;
   store[3].CoorLevel = Tectonic;
   store[4].HasIm = true;
   const struct {
-    std::int16_t coorSys, reImMode;
-    int count;
-  } rows[] = {{Geographic, 1, 2}, {Geographic, 2, 1}, {Geographic, 3, 0}, {Tectonic, 1, 1}};
-  StereoOptions options = NetOnly();
-  options.chkData = options.chkCaption[0] = true;
+    std::int16_t coorSys, block;
+    std::size_t count;
+    std::string name;
+  } rows[] = {{Geographic, 1, 2, "Geographic"}, {Geographic, 2, 1, "Geographic"},
+              {Geographic, 3, 0, "Geographic"}, {Tectonic, 1, 1, "Tectonic"},
+              {Specimen, 1, 0, "Specimen"},     {Paleogeographic, 1, 0, "Paleogeographic"}};
+  StereoOptions options = Only({&O::chkData});
+  options.chkCaption[0] = true;
   for (const auto& row : rows) {
-    const std::vector<DrawCall> calls = Drawn(store, options, row.coorSys, row.reImMode);
-    EXPECT_TRUE(Says(calls, "N = " + std::to_string(row.count)));
-    const auto circles = CallsOf<EllipseCall>(calls).size() - 1;  // without the primitive circle
-    EXPECT_EQ(circles, static_cast<std::size_t>(row.count));
+    const auto calls = OverTheNet(store, options, GroupStats(), row.coorSys, row.block);
+    EXPECT_EQ(WordsOf(calls), row.name + "|Coordinate|System|Equal-Area|Projection|N = " +
+                                  std::to_string(row.count) + "|");
+    EXPECT_EQ(CallsOf<EllipseCall>(calls).size(), row.count);
   }
 }
 
@@ -87,48 +135,41 @@ TEST(DrawStereo, ADirectionThatIsNotFiniteIsNotDrawnButItsRecordCounts) {
   RecordArray store = Uprights(1);
   store[1].Dec[1] = std::numeric_limits<double>::quiet_NaN();
   store[1].Inc[2] = std::numeric_limits<float>::infinity();
-  StereoOptions options = NetOnly();
-  options.chkData = true;
-  EXPECT_EQ(ToText(OverTheNet(store, options)),
+  EXPECT_EQ(ToText(OverTheNet(store, Only({&O::chkData}))),
             "ellipse (174,184) (186,196) pen 0 0 1 brush FF0000\n");
-  EXPECT_TRUE(Says(Drawn(store, {}), "N = 1"));
+  EXPECT_NE(WordsOf(Drawn(store, {})).find("N = 1|"), std::string::npos);
 }
 
 TEST(DrawStereo, AFactorOnTheGeometryScalesEveryPlace) {
-  const RecordArray store = Uprights(1);
-  const auto twice = Drawn(store, {}, Geographic, InPhase, GroupStats(), {360, 380, 620, 18, 28});
-  const auto once = Drawn(store, {});
+  const auto textsIn = [](const StereoGeometry& geometry) {
+    return CallsOf<TextCall>(Drawn(Uprights(1), {}, Geographic, InPhase, GroupStats(), geometry));
+  };
+  const auto once = textsIn({}), twice = textsIn({360, 380, 620, 18, 28});
   ASSERT_EQ(twice.size(), once.size());
   for (std::size_t i = 0; i < once.size(); ++i) {
-    const auto* small = std::get_if<TextCall>(&once[i]);
-    if (!small) continue;
-    const auto& large = std::get<TextCall>(twice[i]);
-    EXPECT_NEAR(large.point.x, 2 * small->point.x, 1) << small->text;
-    EXPECT_NEAR(large.point.y, 2 * small->point.y, 1) << small->text;
-    EXPECT_NEAR(large.style.height, 2 * small->style.height, 1) << small->text;
+    EXPECT_NEAR(twice[i].point.x, 2 * once[i].point.x, 1) << once[i].text;
+    EXPECT_NEAR(twice[i].point.y, 2 * once[i].point.y, 1) << once[i].text;
+    EXPECT_NEAR(twice[i].style.height, 2 * once[i].style.height, 1) << once[i].text;
   }
 }
 
 /// The lower right corner of what was drawn, a letter of the legend's codes taken as wide as high.
 PlaneSize Extent(const std::vector<DrawCall>& calls) {
   PlaneSize extent;
-  const auto reach = [&extent](int x, int y) {
-    extent = {std::max(extent.width, x), std::max(extent.height, y)};
-  };
   for (const DrawCall& call : calls) {
-    if (const auto* polygon = std::get_if<PolygonCall>(&call))
-      for (const LogicalPoint p : polygon->points) reach(p.x, p.y);
-    if (const auto* line = std::get_if<PolylineCall>(&call))
-      for (const LogicalPoint p : line->points) reach(p.x, p.y);
+    std::vector<LogicalPoint> ends;
+    if (const auto* polygon = std::get_if<PolygonCall>(&call)) ends = polygon->points;
+    if (const auto* line = std::get_if<PolylineCall>(&call)) ends = line->points;
     if (const auto* ellipse = std::get_if<EllipseCall>(&call))
-      reach(ellipse->box.right, ellipse->box.bottom);
+      ends = {{ellipse->box.right, ellipse->box.bottom}};
     if (const auto* text = std::get_if<TextCall>(&call)) {
-      const bool below = text->style.alignment == CentreTop;
-      const bool code = text->style.height == 15 && text->style.alignment == LeftBaseline;
-      const int length = static_cast<int>(text->text.size()) * text->style.height;
-      reach(text->point.x + (code ? length : 0),
-            text->point.y + (below ? text->style.height : text->style.height / 4));
+      const int height = text->style.height, below = text->style.alignment == CentreTop ? 1 : 4;
+      const bool code = height == 15 && text->style.alignment == LeftBaseline;
+      const int width = code ? static_cast<int>(text->text.size()) * height : 0;
+      ends = {{text->point.x + width, text->point.y + height / below}};
     }
+    for (const LogicalPoint p : ends)
+      extent = {std::max(extent.width, p.x), std::max(extent.height, p.y)};
   }
   return extent;
 }
@@ -143,12 +184,171 @@ TEST(StereoPlane, HoldsAllThatIsDrawn) {
   StereoOptions longCodes = geological;
   longCodes.lstFoli.push_back("LONGFOLIATION");
   longCodes.lstLine.push_back("LONGERLINEATION");
-  for (const StereoOptions& options : {StereoOptions{}, NetOnly(), geological, longCodes}) {
+  for (const StereoOptions& options : {StereoOptions{}, Only(), geological, longCodes}) {
     const PlaneSize plane = StereoPlane(options), extent = Extent(Drawn({}, options));
     EXPECT_LT(extent.width, plane.width);
     EXPECT_LT(extent.height, plane.height);
   }
   EXPECT_EQ(StereoPlane({}), (PlaneSize{360, 366}));
+}
+
+GroupStats Group(std::int16_t n) {
+  GroupStats stats;
+  stats.GroupN = n;
+  stats.Reached = GroupStats::All;
+  stats.Errors = n >= 5 ? 3 : 0;
+  for (int k = 1; k <= 3; ++k) {
+    stats.MeanDec[k] = Upright().Dec[k];
+    stats.MeanInc[k] = Upright().Inc[k];
+    stats.MeanVec(k, k) = 1;
+    stats.MeanE1[k] = stats.MeanE2[k] = 5;
+  }
+  return stats;
+}
+
+TEST(StereoGeology, AnUnselectedPlaneGetsOneStickAndASelectedOneTwo) {
+  StereoOptions options = Only();
+  options.chkFoli = {true, false, false, true, false};
+  // The pole of dip direction 120 points to 300; 90 degrees on is 30, before is 210.
+  EXPECT_EQ(ToText(OverTheNet(Uprights(1), options)),
+            "polyline (258,56) (262,48) pen 0 C0C000 1\n");
+  EXPECT_EQ(ToText(OverTheNet(Uprights(1, 1), options)),
+            "polyline (103,324) (98,332) pen 0 FFFF 1\n"
+            "polyline (258,56) (262,48) pen 0 FFFF 1\n");
+}
+
+TEST(StereoGeology, OnlyListedCodesAreDrawnEachInThePenOfItsPlace) {
+  StereoOptions options = Only();
+  options.chkFoli = {true, true, false, false, false};
+  options.lstFoli = {"S1", "S0"};  // the second of the list is thin and dashed
+  EXPECT_EQ(std::get<PolylineCall>(OverTheNet(Uprights(1), options).at(0)).pen,
+            (Pen{Dashed, PlaneColour, 1}));
+  EXPECT_TRUE(OverTheNet(Uprights(1), options, GroupStats(), Specimen).empty());
+  options.lstFoli = {"s0"};
+  EXPECT_TRUE(OverTheNet(Uprights(1), options).empty());
+}
+
+TEST(StereoGroup, TheBootstrapNeedsAStoreOfAtMostAHundred) {
+  const StereoOptions options = Only({&O::chkBootStrap, &O::chkBootstrapEllips});
+  EXPECT_EQ(OverTheNet(Uprights(100), options, Group(100)).size(), 3u * 500 + 3);
+  EXPECT_TRUE(OverTheNet(Uprights(101), options, Group(100)).empty());
+  GroupStats failed = Group(100);
+  failed.Reached = GroupStats::TensorErrors;
+  EXPECT_TRUE(OverTheNet(Uprights(100), options, failed).empty());
+}
+
+/// Lines l and symbols s in their order, those of selected records y and Y; runs as one.
+std::string KindsOf(const std::vector<DrawCall>& calls) {
+  std::string kinds;
+  for (const DrawCall& call : calls) {
+    const bool selected = (ToText(call) + " ").find(" FFFF ") != std::string::npos;
+    const char kind = (selected ? "Yy" : "sl")[std::holds_alternative<PolylineCall>(call)];
+    if (!kinds.ends_with(kind)) kinds += kind;
+  }
+  return kinds;
+}
+
+TEST(StereoGroup, MeansShowFromOneRecordOnAndTheirEllipsesFromFive) {
+  RecordArray outOfView = Uprights(1);
+  outOfView[1].Active = false;
+  const auto drawn = [&](const GroupStats& stats) {
+    return OverTheNet(outOfView, Only({&O::chkMean, &O::chkMeanEllipses}), stats);
+  };
+  for (const auto& [n, kinds] : {std::pair<std::int16_t, const char*>{0, ""}, {4, "s"}, {5, "sl"}})
+    EXPECT_EQ(KindsOf(drawn(Group(n))), kinds);
+  GroupStats broken = Group(5);
+  broken.Errors = 0;
+  broken.MeanDec[1] = NAN;
+  EXPECT_EQ(drawn(broken).size(), 2u);
+}
+
+TEST(StereoRecords, CirclesEllipsesAndSymbolsOfSelectedRecordsComeLast) {
+  StereoOptions options = Only({&O::chkData, &O::chkDataEllipses}, {false, false, true});
+  options.chkGC[3] = true;
+  RecordArray records = Uprights(2, 1);
+  for (SpecimenRecord& r : records) r.E[3] = r.E2[3] = 10.0;
+  // Circles; the unselected ellipse and symbol, then the selected ones.
+  EXPECT_EQ(KindsOf(OverTheNet(records, options)), "lylsyY");
+}
+
+TEST(StereoRecords, EllipsesTakeTheBlockInViewAndNothingThatIsNoNumber) {
+  const StereoOptions options = Only({&O::chkData, &O::chkDataEllipses}, {false, false, true});
+  RecordArray records = Uprights(1);
+  SpecimenRecord& r = records[1];
+  r.HasIm = true;
+  const auto ellipses = [&](std::int16_t block) {
+    return CallsOf<PolylineCall>(OverTheNet(records, options, GroupStats(), Geographic, block))
+        .size();
+  };
+  r.E[3] = r.E2[3] = 10.0;
+  EXPECT_EQ(ellipses(InPhase), 1u);
+  EXPECT_EQ(ellipses(OutOfPhase), 0u);
+  r.EIm[3] = r.E2Im[3] = 10.0;
+  r.E2[3] = NAN;
+  EXPECT_EQ(ellipses(OutOfPhase), 1u);
+  EXPECT_EQ(ellipses(InPhase), 0u);
+}
+
+TEST(StereoRecords, DataLinesRunToTheOriginForRecordsOutOfView) {
+  const StereoOptions options = Only({&O::chkData, &O::chkDataLines}, {false, true, false});
+  RecordArray records = Uprights(3);
+  records[2].Active = false;
+  EXPECT_EQ(ToText(OverTheNet(records, options).at(0)),
+            "polyline (335,190) (0,0) (335,190) pen 0 FF00 1");
+  EXPECT_TRUE(CallsOf<PolylineCall>(OverTheNet(Uprights(1), options)).empty());
+}
+
+TEST(StereoColours, TheScaleStandsRightOfTheNetInBothWays) {
+  StereoOptions options = Only({&O::chkData, &O::chkStereoColorCoding}, {true, false, true});
+  options.odclStereoColorCoding = 8;  // T, from -1 to 1
+  RecordArray records = Uprights(3, 3);
+  records[1].Fac[5] = -1;
+  records[2].Fac[5] = 0.5f;
+  records[3].Fac[5] = 7;  // a selected record is no part of the scale
+  const auto perAxis = OverTheNet(records, options);
+  // 156 steps of two bars, eleven ticks of a label and two strokes, the title, four and two
+  // symbols.
+  ASSERT_EQ(perAxis.size(), 2u * 156 + 11 * 3 + 1 + 6) << ToText(perAxis);
+  EXPECT_EQ(ToText(perAxis[0]), "polyline (390,345) (400,345) pen 0 FFFFFF 1");
+  EXPECT_EQ(ToText(perAxis[311]), "polyline (400,190) (410,190) pen 0 FF0000 1");
+  EXPECT_EQ(ToText(perAxis[312]), "text \"-1.0\" (385,350) height 13 0 align 26");
+  EXPECT_EQ(std::get<TextCall>(perAxis[345]).text, "T ");
+  EXPECT_EQ(std::get<PolygonCall>(perAxis[346]).brush, White);      // T = -1
+  EXPECT_EQ(std::get<PolygonCall>(perAxis[348]).brush, 0x4040FFu);  // three quarters of the way
+  EXPECT_EQ(std::get<PolygonCall>(perAxis[350]).brush, Yellow);
+
+  options.optStereoColorCoding = 1;
+  const auto oneRamp = OverTheNet(records, options);
+  ASSERT_EQ(oneRamp.size(), 156u + 11 * 2 + 1 + 6);
+  EXPECT_EQ(ToText(oneRamp[0]), "polyline (400,345) (410,345) pen 0 FF0000 1");
+  EXPECT_EQ(std::get<TextCall>(oneRamp[156]).point, (LogicalPoint{395, 350}));
+  EXPECT_EQ(std::get<PolygonCall>(oneRamp[179]).brush, Blue);
+}
+
+TEST(StereoColours, KmeanTakesAPowerOfTenAndNumbersCountTheShown) {
+  StereoOptions options = Only({&O::chkData, &O::chkStereoColorCoding}, {false, false, true});
+  options.odclStereoColorCoding = 3;
+  RecordArray records = Uprights(4, 2);
+  double km = 0.002;
+  for (SpecimenRecord& r : records) r.Km = km += 0.001;
+  const auto textsOf = [&] { return WordsOf(OverTheNet(records, options)); };
+  EXPECT_EQ(textsOf(), " 3.0| 3.5| 4.0| 4.5| 5.0| 5.5| 6.0| 6.5|Kmean [10^-3 SI]|");
+  options.odclStereoColorCoding = 0;
+  records[1].Active = false;  // the selected record is number 1 now, the others 2 and 3
+  EXPECT_EQ(textsOf(),
+            " 0.0| 0.2| 0.4| 0.6| 0.8| 1.0| 1.2| 1.4| 1.6| 1.8| 2.0| 2.2| 2.4| 2.6| 2.8|"
+            " 3.0|# |");
+  options.chkK = {};
+  EXPECT_EQ(textsOf(), "# |");  // the title stays
+}
+
+TEST(FieldNet, ColoursItsPointsAndShowsAStrip) {
+  const FieldPoint points[] = {{{0, 90}, 5}, {{90, 0}, 7}, {{10, NAN}, 6}};
+  const auto calls = Recorded([&](Target& t) { DrawFieldNet(t, Geographic, {}, points); });
+  const auto circles = CallsOf<EllipseCall>(calls);  // the primitive circle first
+  ASSERT_EQ(circles.size(), 3u);
+  EXPECT_TRUE(circles[1].brush == Red && circles[2].brush == Blue);
+  EXPECT_EQ(std::get<PolylineCall>(calls.back()).pen.colour, Blue);
 }
 
 }  // namespace

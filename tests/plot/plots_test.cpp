@@ -1,0 +1,274 @@
+// Framed plots: their axes, histograms and XY plots.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "base/fault.h"
+#include "plot/axis_scale.h"
+#include "plot/colour_scales.h"
+#include "plot/histogram.h"
+#include "plot/parameters.h"
+#include "plot/xy_plot.h"
+#include "tests/plot/calls.h"
+
+namespace velorix {
+namespace {
+
+void ExpectNear(const AxisRange& axis, const AxisRange& wanted) {
+  using R = AxisRange;
+  for (const auto part : {&R::lower, &R::upper, &R::first, &R::step, &R::minor})
+    EXPECT_NEAR(axis.*part, wanted.*part, 1e-9 * wanted.step);
+}
+
+TEST(AxisScale, RoundsTheDataOutToWholeSteps) {
+  const struct {
+    double lower, upper;
+    AxisRange wanted;
+  } cases[] = {
+      // clang-format off
+      {0, 1, {0, 1.2, 0, 0.2, 0.1}},   {0, 100, {0, 120, 0, 20, 10}},  // mantissa 1
+      {0, 19, {0, 20, 0, 2, 1}},       {0, 20, {0, 25, 0, 5, 1}},      // exactly 2: middle step
+      {0, 51, {0, 60, 0, 10, 2}},      {0, 50, {0, 55, 0, 5, 1}},      // exactly 5 too
+      {5, 5, {5, 5.5, 5, 0.5, 0.1}},   {-5, -5, {-5, -4.5, -5, 0.5, 0.1}},
+      {0, 0, {0, 0.2, 0, 0.2, 0.1}},   {-0.37, 0.41, {-0.4, 0.5, -0.4, 0.1, 0.02}},
+      {-8, -2, {-8, -1, -8, 1, 0.2}},  {1.013, 1.047, {1.01, 1.05, 1.01, 0.005, 0.001}},
+      {3, 7, {3, 7.5, 3, 0.5, 0.1}},     // an end on a step gets one step more
+      {3, 7.2, {3, 7.5, 3, 0.5, 0.1}},   {3, 7.3, {3, 8, 3, 0.5, 0.1}},  // 14.4 and 14.6 steps
+      {3, 7.25, {3, 7.5, 3, 0.5, 0.1}},  {3.25, 7.75, {3, 8.5, 3, 0.5, 0.1}},  // halves to even
+      // The power of ten comes from an exponential, a hair off: so an end on a step may go one
+      // step down.
+      {-0.3, 0.3, {-0.4, 0.4, -0.4, 0.1, 0.02}},
+      {2.5e-4, 3.1e-4, {2.5e-4, 3.2e-4, 2.5e-4, 1e-5, 2e-6}},
+      // clang-format on
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::to_string(c.lower) + " to " + std::to_string(c.upper));
+    ExpectNear(AxisScale(c.lower, c.upper), c.wanted);
+  }
+  EXPECT_THROW(AxisScale(0, INFINITY), Fault);
+  EXPECT_THROW(AxisScale(NAN, 1), Fault);
+}
+
+TEST(AxisScale, NeverGivesMoreThanAHundredAndOneTicks) {
+  for (const auto& [step, wanted] : {std::pair{20.0, 7}, {0.0, MaxTicks}}) {
+    int ticks = 0;
+    ForEachTick({0, 120, 0, step, 10}, [&](double) { ++ticks; });
+    EXPECT_EQ(ticks, wanted);
+  }
+}
+
+TEST(TickPicture, FollowsTheStepOrThePowerOfTen) {
+  const struct {
+    double lower, step;
+    const char *plain, *power;
+  } cases[] = {{1, 20, "0", "0"},          {1, 1, "0", "0"},
+               {1, 0.5, "0.0", "0.0"},     {1, 0.02, "0.00", "0.00"},
+               {2e-3, 1e-3, "0.000", "0"}, {2e-3, 5e-4, "0.000", "0.0"},
+               {1e-5, 1e-3, "0.000", "0"}, {1e-3, 2e-9, "0.000", "0.00000"}};
+  for (const auto& c : cases) {
+    EXPECT_STREQ(TickPicture(c.step), c.plain) << c.step;
+    EXPECT_STREQ(PowerTickPicture(c.lower, c.step), c.power) << c.step;
+  }
+}
+
+TEST(Parameters, HaveTheirFixedEndsUnitsAndWordsAndTakeTheBlockInView) {
+  Settings settings;
+  settings.FacName[1] = "Lambda";
+  SpecimenRecord r;
+  r.Km = 1;
+  r.KmIm = 2;
+  r.E[1] = 13.0;
+  r.EIm[1] = 14.0;
+  r.Fac[5] = 8;
+  r.Inc[3] = 30.0;
+  const struct {
+    int index;
+    const char *title, *unit;
+    AxisRange range;  // for values from 2 to 7
+    double kre, kim;
+  } cases[] = {
+      // clang-format off
+      {0,  "#",        "",    {0, 7, 0, 0.5, 0.1},    5,  5},
+      {1,  "Field",    "A/m", {0, 7.5, 0, 0.5, 0.1},  0,  0},
+      {3,  "Kmean",    "SI",  {2, 7.5, 2, 0.5, 0.1},  1,  2},
+      {4,  "Lambda",   "",    {1, 7.5, 1, 0.5, 0.1},  0,  0},
+      {8,  "T",        "",    {-1, 1, -1, 0.5, 0.1},  8,  8},
+      {10, "Q",        "",    {2, 7.5, 2, 0.5, 0.1},  0,  0},
+      {12, "Kmax_Dec", "deg", {0, 360, 0, 30, 10},    0,  0},
+      {17, "Kmin_Inc", "deg", {0, 90, 0, 10, 2},      30, 30},
+      {23, "13",       "deg", {2, 7.5, 2, 0.5, 0.1},  13, 14},
+      // clang-format on
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.title);
+    EXPECT_EQ(ParameterTitle(c.index, settings), c.title);
+    EXPECT_STREQ(ParameterUnit(c.index), c.unit);
+    ExpectNear(ParameterScale(c.index, 2, 7), c.range);
+    EXPECT_EQ(ParameterValue(c.index, r, InPhase, 5), c.kre);
+    EXPECT_EQ(ParameterValue(c.index, r, OutOfPhase, 5), c.kim);
+  }
+}
+
+constexpr XYPlotOptions FieldAndFTest = {.x = 1, .y = 18};
+
+/// A session of records whose Field is `x` and whose F test is `y`.
+Session Records(const std::vector<Point>& values) {
+  Session session;
+  for (const Point& value : values) {
+    SpecimenRecord record;
+    record.Active = true;
+    record.CoorLevel = Geographic;
+    record.Field = static_cast<float>(value.x);
+    record.FTest[0] = value.y;
+    session.Records.Add(record);
+  }
+  return session;
+}
+
+/// The plot drawn, its axes and its places kept in slot 3.
+struct Plot {
+  explicit Plot(Session s, const XYPlotOptions& options = FieldAndFTest) : session(std::move(s)) {
+    calls = Recorded([&](Target& t) { axes = DrawXYPlot(session, t, PlotGeometry(), options, 3); });
+  }
+  std::size_t Symbols() const { return CallsOf<EllipseCall>(calls).size(); }
+
+  Session session;
+  std::vector<DrawCall> calls;
+  std::optional<XYPlotAxes> axes;
+};
+
+TEST(XYPlot, PlacesPointsByTheirAxesAndKeepsThePlaces) {
+  Plot plot(Records({{0, 0}, {6, 4}, {3.5, 1.8}}));
+  ASSERT_TRUE(plot.axes);
+  EXPECT_EQ(plot.axes->x.range, (AxisRange{0, 7, 0, 1, 0.2}));
+  EXPECT_EQ(plot.axes->y.range, (AxisRange{0, 4.5, 0, 0.5, 0.1}));
+  // Half of 285 units from 60; 1.8 of 4.5 up 205 units from 245.
+  EXPECT_DOUBLE_EQ(plot.session.Records[3].PlotX[3], 202.5);
+  EXPECT_DOUBLE_EQ(plot.session.Records[3].PlotY[3], 163);
+  EXPECT_EQ(plot.session.Records[3].PlotX[4].width(), Number::Width::Unset);
+  EXPECT_EQ(plot.Symbols(), 3u);
+}
+
+TEST(XYPlot, LeavesOutWhatIsNoNumberOrOutsideAnImposedRange) {
+  Session session = Records({{0, 1}, {NAN, 2}, {4, INFINITY}, {8, 3}});
+  session.Records[1].PlotX[3] = 7.0;  // of an earlier picture
+  session.Records[1].Field = -5;      // the field's axis begins at 0
+  Plot plot(session);
+  ASSERT_TRUE(plot.axes);
+  EXPECT_EQ(plot.axes->y.range.upper, 3.5);
+  EXPECT_EQ(plot.Symbols(), 1u);
+  for (int i : {1, 2, 3, 4}) EXPECT_EQ(std::isnan(plot.session.Records[i].PlotX[3]), i < 4) << i;
+}
+
+TEST(XYPlot, LinesGoInStoreOrderAndEndAtTheFrame) {
+  const std::vector<XYPoint> points = {{1, 1}, {3, 3}, {1, 3}};
+  Axis axis;
+  axis.range = {0, 2, 0, 1, 0.5};
+  XYPlotLook look;
+  look.frame = false;
+  look.lines = true;
+  const PlotGeometry plot = {.left = 0, .bottom = 100, .width = 100, .height = 100};
+  const auto lines = CallsOf<PolylineCall>(
+      Recorded([&](Target& t) { PaintXYPlot(t, plot, points, axis, axis, {}, look); }));
+  ASSERT_EQ(lines.size(), 1u);
+  EXPECT_EQ(lines[0].points, (std::vector<LogicalPoint>{{50, 50}, {100, 0}}));
+}
+
+TEST(XYPlot, StaysBlankWhereAnAxisHasNoExtentAndBearsTheWidestRanges) {
+  const auto blank = [](const Plot& plot) { return !plot.axes && plot.calls.size() == 1; };
+  EXPECT_TRUE(blank(Plot(Records({}))));  // paper only, and it is transparent
+  EXPECT_TRUE(blank(Plot(Records({{1, NAN}}))));
+  // A factor of 0: its axis begins at 1, above.
+  EXPECT_TRUE(blank(Plot(Records({{1, 1}}), {.x = 1, .y = 4})));
+  // The scale itself leaves the numbers.
+  EXPECT_TRUE(blank(Plot(Records({{0, -1.7e308}, {1, 1.7e308}}))));
+
+  const Plot wide(Records({{0, 1e-300}, {1, 1e300}}), {.x = 1, .y = 18, .lines = true});
+  EXPECT_EQ(wide.Symbols(), 2u);
+  EXPECT_LT(wide.calls.size(), 1000u);
+}
+
+TEST(PlotAxis, LabelsDontRunIntoEachOther) {
+  Axis axis;
+  for (const double step : {0.2, 0.1, 0.05, 0.02, 0.01}) {
+    axis.range = {-1, 1, -1, step, step / 2};  // passes 0
+    int last = -1000;
+    for (const TextCall& text :
+         CallsOf<TextCall>(Recorded([&](Target& t) { DrawXAxis(t, PlotGeometry(), axis); }))) {
+      if (text.style.weight != 400) continue;  // the title
+      EXPECT_GT(text.point.x - last, 24) << step;
+      last = text.point.x;
+      EXPECT_TRUE(text.text[0] == '-' || text.point.x >= 202) << text.text;  // 0 has no sign
+    }
+    EXPECT_GT(last, step > 0.01 ? 300 : 200);  // 101 ticks of 0.01 don't reach the end
+  }
+}
+
+TEST(PlotAxis, WordsOfPowersAndUnits) {
+  Axis axis;
+  axis.label = "Kmean";
+  axis.unit = "SI";
+  axis.range = {4.9e-2, 5.8e-2, 4.9e-2, 1e-3, 5e-4};
+  EXPECT_EQ(AxisTitle(axis), "Kmean [SI]");
+  axis.power = true;
+  EXPECT_EQ(AxisTitle(axis), "Kmean [10^-2 SI]");
+  EXPECT_EQ(TickText(axis, 5.3e-2), " 5.3");
+  EXPECT_EQ(AxisReadOut(axis, 5.25e-2), "Kmean =  5.250 10^-2");
+  axis.power = false;
+  axis.log = true;
+  EXPECT_EQ(TickText(axis, -3), "0.001");
+}
+
+constexpr int Kmean = 3, Factor1 = 4, Declination = 12, F = 18;
+
+std::vector<DrawCall> Histo(const std::vector<double>& values, int parameter) {
+  return Recorded([&](Target& t) { DrawHisto(t, PlotGeometry(), values, parameter, Settings()); });
+}
+
+/// The bars as their left ends and their heights in counts, where the axis ends at `highest`.
+std::vector<std::pair<int, int>> Bars(const std::vector<double>& values, int parameter,
+                                      Colour colour, double highest) {
+  std::vector<std::pair<int, int>> bars;
+  for (const PolygonCall& p : CallsOf<PolygonCall>(Histo(values, parameter)))
+    if (p.brush == colour && p.pen.style == Solid)
+      bars.emplace_back(p.points[0].x, std::lround((245 - p.points[2].y) * highest / 205));
+  return bars;
+}
+
+using Wanted = std::vector<std::pair<int, int>>;
+
+TEST(Histogram, CountsAValueOnABoundaryInBothClasses) {
+  // Classes of 1 from 0 to 7, 40.7 units wide. 1 and 6 count twice: 7 counts of 5 values.
+  EXPECT_EQ(Bars({0, 1, 2.5, 3.5, 6}, F, GrayLevel(128), 2.5),
+            (Wanted{{60, 2}, {101, 1}, {141, 1}, {182, 1}, {264, 1}, {304, 1}}));
+}
+
+TEST(Histogram, FixedRangesMakeTheClasses) {
+  // Declinations: twelve classes of 30 degrees, whatever the data.
+  EXPECT_EQ(Bars({12, 340, 350}, Declination, Red, 2.2), (Wanted{{60, 1}, {321, 2}}));
+  // A factor: from 1 on, with a step for 1 to 1.1 and not for the data's own 0.02.
+  const Wanted factor = Bars({1.085, 1.0875}, Factor1, 0xFFFF00, 2.5);
+  ASSERT_EQ(factor.size(), 1u);  // classes of 0.01
+  EXPECT_EQ(factor[0].second, 2);
+}
+
+TEST(Histogram, KmeanIsDividedByItsPowerOfTen) {
+  EXPECT_EQ(WordsOf(Histo({4.9e-4, 5.6e-4, 5.75e-4}, Kmean)),
+            "Kmean| 5.00| 5.20| 5.40| 5.60| 5.80|Kmean [10^-4 SI]| 0.0| 0.2| 0.4| 0.6| 0.8| 1.0| "
+            "1.2|Counts |");
+}
+
+TEST(Histogram, StaysBlankWithoutAScaleAndOutlivesAnyValue) {
+  EXPECT_EQ(Histo({}, F).size(), 1u);
+  EXPECT_EQ(Histo({NAN, INFINITY}, F).size(), 1u);
+  EXPECT_EQ(Histo({0.5, 0.7}, Factor1).size(), 1u);     // below the range's fixed end
+  EXPECT_EQ(Histo({-1.7e308, 1.7e308}, F).size(), 1u);  // a scale beyond all numbers
+  EXPECT_GT(Histo({NAN, 3}, F).size(), 10u);
+  EXPECT_GT(Histo({0, 0, 0}, F).size(), 10u);
+  EXPECT_LT(Histo({1e-300, 1e300}, F).size(), 2000u);
+}
+
+}  // namespace
+}  // namespace velorix
