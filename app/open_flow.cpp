@@ -57,12 +57,7 @@ std::string InFolder(const std::string& folder, const std::string& name) {
 /// open.
 Outcome ReadOne(FileReader reader, const std::string& path, RecordArray& records,
                 const Settings& settings) {
-  try {
-    return reader(path, records, settings);
-  } catch (const Fault& fault) {
-    if (std::string_view(fault.what()).find(path) != std::string_view::npos) throw;
-    throw Fault(fault.Number, path + "\n" + fault.what(), fault.Source);
-  }
+  return WithFileName(path, [&] { return reader(path, records, settings); });
 }
 
 /// Runs one of the readers over all files into one array, in the order of the files. False, with

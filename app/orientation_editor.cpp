@@ -85,11 +85,13 @@ Outcome WriteCurrentFile(const Session& session) {
   if (session.Records.Empty()) return {};
   // Wanted: "AMS" in upper case matches nothing, other files are not written at all, and of several
   // open files the first one gets the records of all.
-  if (session.CurrentExt == "ams")
-    return WriteAmsFile(session.CurrentFile, session.Records, false, true);
-  if (session.CurrentExt == "ran")
-    return WriteRanFile(session.CurrentFile, session.Records, false, true, "");
-  return {};
+  return WithFileName(session.CurrentFile, [&]() -> Outcome {
+    if (session.CurrentExt == "ams")
+      return WriteAmsFile(session.CurrentFile, session.Records, false, true);
+    if (session.CurrentExt == "ran")
+      return WriteRanFile(session.CurrentFile, session.Records, false, true, "");
+    return {};
+  });
 }
 
 }  // namespace

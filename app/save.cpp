@@ -15,11 +15,11 @@ constexpr char SaveTitle[] = "Save";
 constexpr char SelectedTitle[] = "Save Selected Record(s) As";
 
 Outcome WriteAms(const std::string& path, const RecordArray& records, bool all) {
-  return WriteAmsFile(path, records, false, all);
+  return WithFileName(path, [&] { return WriteAmsFile(path, records, false, all); });
 }
 
 Outcome WriteRan(const std::string& path, const RecordArray& records, bool all) {
-  return WriteRanFile(path, records, false, all);
+  return WithFileName(path, [&] { return WriteRanFile(path, records, false, all); });
 }
 
 struct SaveFilter {

@@ -22,6 +22,18 @@ class Fault : public std::runtime_error {
 [[noreturn]] inline void FailType() { throw Fault(13, "Type mismatch"); }
 [[noreturn]] inline void FailArgument() { throw Fault(5, "Invalid procedure call or argument"); }
 [[noreturn]] inline void FailEndOfFile() { throw Fault(62, "Input past end of file"); }
+/// What `work` gives. A fault of it comes with the name of the file that it befell, which a text
+/// that tells it already keeps as it is.
+template <class Work>
+auto WithFileName(const std::string& path, Work work) {
+  try {
+    return work();
+  } catch (const Fault& fault) {
+    if (std::string(fault.what()).find(path) != std::string::npos) throw;
+    throw Fault(fault.Number, path + "\n" + fault.what(), fault.Source);
+  }
+}
+
 [[noreturn]] inline void FailKernel(const char* source, const char* text) {
   throw Fault(999, text, source);
 }

@@ -62,7 +62,7 @@ TEST_F(Save, WhatDoesNotFitARanFileIsToldAndTheOldOneStands) {
   Program.Session.Records[1].FoliAz[1] = 40000;
   Asked.Files = {FileAnswer{Path("old.ran"), 2}};
   Menu("mnuSaveAs");
-  EXPECT_EQ(Asked.Boxes.back(), "Velorix5|Overflow|&OK");
+  EXPECT_EQ(Asked.Boxes.back(), "Velorix5|" + Path("old.ran") + "\nOverflow|&OK");
   EXPECT_EQ(std::filesystem::file_size(Folder / "old.ran"), 3u);
 }
 
