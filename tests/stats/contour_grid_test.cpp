@@ -29,12 +29,12 @@ TEST_F(StandardGrid, CountsTheNodesOfTheCircleAndThoseAtTheSpacing) {
 }
 
 TEST_F(StandardGrid, UpIsNorthRightIsEastAndTheRimIsHorizontal) {
+  const double at45 = 90 - 2 * std::asin(0.7 / std::sqrt(2)) * DegPerRad;
   const struct {
     int i, j;
     double dec, inc;
-  } cases[] = {{150, 150, 0, 90}, {150, 0, 0, 0},
-               {300, 150, 90, 0}, {150, 300, 180, 0},
-               {0, 150, 270, 0},  {150, 45, 0, 90 - 2 * std::asin(0.7 / std::sqrt(2)) * 57.29578}};
+  } cases[] = {{150, 150, 0, 90},  {150, 0, 0, 0},   {300, 150, 90, 0},
+               {150, 300, 180, 0}, {0, 150, 270, 0}, {150, 45, 0, at45}};
   for (const auto& c : cases) {
     EXPECT_NEAR(Grid.Dec[At(c.i, c.j)], c.dec, 1e-4) << c.i << " " << c.j;
     EXPECT_NEAR(Grid.Inc[At(c.i, c.j)], c.inc, 1e-3) << c.i << " " << c.j;
@@ -59,10 +59,9 @@ TEST_F(StandardGrid, VectorsAreThoseOfTheDirectionsAndNothingLiesOutside) {
     }
 }
 
-TEST(ContourGrid, ArgumentsThatMakeNoGridAreRefused) {
-  ContourGrid grid;
-  EXPECT_THROW(BuildContourGrid(grid, 1, 0, 1), Fault);
-  EXPECT_THROW(BuildContourGrid(grid, 0, 10, 0), Fault);
+TEST_F(StandardGrid, IsNotMadeOfOtherArguments) {
+  EXPECT_THROW(BuildContourGrid(Grid, 1, 0, 1), Fault);
+  EXPECT_THROW(BuildContourGrid(Grid, 0, 10, 0), Fault);
 }
 
 }  // namespace

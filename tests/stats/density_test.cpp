@@ -8,7 +8,6 @@
 #include <limits>
 #include <numeric>
 #include <random>
-#include <utility>
 
 #include "base/fault.h"
 #include "base/rounding.h"
@@ -50,8 +49,10 @@ struct Density : ::testing::Test {
   Density() { BuildContourGrid(Grid, 0, 300, 3); }
   std::size_t At(int i, int j) const { return static_cast<std::size_t>(Grid.Index(i, j)); }
   float Of(int i, int j) const { return Grid.Density[At(i, j)]; }
-  bool Run(const ContourData& data, int smooth, int threads = 1) {
-    return CountDensity(Grid, data, static_cast<std::int16_t>(smooth), Count, {}, threads);
+  /// The densities of a count that went on to its end.
+  std::vector<float> Run(const ContourData& data, int smooth, int threads = 1) {
+    EXPECT_TRUE(CountDensity(Grid, data, static_cast<std::int16_t>(smooth), Count, {}, threads));
+    return Grid.Density;
   }
   template <class Visit>
   void ForComputed(Visit visit) const {
@@ -122,52 +123,37 @@ TEST(SumDensity, TakesAnyNumbersAsThePlainLoopDoes) {
 
 TEST_F(Density, IsThePlainSumInMultiplesOfItsMean) {
   const ContourData data = RandomData(137, 1);
-  ASSERT_TRUE(Run(data, 20));
-  double total = 0;
+  Run(data, 20);
+  std::vector<float> sums;
   ForComputed([&](int i, int j) {
     const std::size_t n = At(i, j);
-    total += PlainSum(Grid.X[n], Grid.Y[n], Grid.Z[n], data, 20);
+    sums.push_back(PlainSum(Grid.X[n], Grid.Y[n], Grid.Z[n], data, 20));
   });
-  const double mean = total / 7845;
-  ForComputed([&](int i, int j) {
-    const std::size_t n = At(i, j);
-    ASSERT_EQ(Of(i, j),
-              static_cast<float>(PlainSum(Grid.X[n], Grid.Y[n], Grid.Z[n], data, 20) / mean));
-  });
+  const double mean = std::accumulate(sums.begin(), sums.end(), 0.0) / 7845;
+  auto sum = sums.begin();
+  ForComputed([&](int i, int j) { ASSERT_EQ(Of(i, j), static_cast<float>(*sum++ / mean)); });
   EXPECT_EQ(Count.ContourNodeCount, 7845);
   EXPECT_EQ(Count.ContourDataCount, 137);
 }
 
 TEST_F(Density, HasAMeanOfOneOverTheComputedNodes) {
   for (const int smooth : {1, 20, 80}) {
-    ASSERT_TRUE(Run(RandomData(50, 2), smooth));
+    Run(RandomData(50, 2), smooth);
     double total = 0;
     ForComputed([&](int i, int j) { total += Of(i, j); });
     EXPECT_NEAR(total / 7845, 1, 1e-6) << smooth;
   }
 }
 
-TEST_F(Density, TakesADirectionAndItsOppositeAlike) {
-  ContourData data, opposite;
-  for (const auto& [dec, inc] : {std::pair{20.0, 30.0}, {140.0, 5.0}, {300.0, 80.0}}) {
-    data.Add(dec, inc);
-    opposite.Add(dec, inc);
-    for (auto* component : {&opposite.X, &opposite.Y, &opposite.Z})
-      component->back() = -component->back();
-  }
-  ASSERT_TRUE(Run(data, 20));
-  const std::vector<float> density = Grid.Density;
-  ASSERT_TRUE(Run(opposite, 20));
-  EXPECT_EQ(Grid.Density, density);
-}
-
-TEST_F(Density, TurnsWithTheData) {
+TEST_F(Density, TakesADirectionAndItsOppositeAlikeAndTurnsWithTheData) {
   const ContourData data = RandomData(60, 3);
-  ContourData turned;
+  ContourData opposite = data, turned;
+  for (auto* component : {&opposite.X, &opposite.Y, &opposite.Z})
+    for (float& part : *component) part = -part;
   for (std::size_t d = 0; d < data.Dec.size(); ++d) turned.Add(data.Dec[d] + 90, data.Inc[d]);
-  ASSERT_TRUE(Run(data, 20));
-  const std::vector<float> density = Grid.Density;
-  ASSERT_TRUE(Run(turned, 20));
+  const std::vector<float> density = Run(data, 20);
+  EXPECT_EQ(Run(opposite, 20), density);
+  Run(turned, 20);
   // East and west the nodes' declinations stand on an arc sine near 1, true to 0.02 degrees.
   ForComputed([&](int i, int j) {
     const float before = density[At(i, j)];
@@ -178,7 +164,7 @@ TEST_F(Density, TurnsWithTheData) {
 TEST_F(Density, OfOneDatumPeaksThereAndAtItsOppositeEnd) {
   ContourData data;
   data.Add(90, 0);  // the rim: right and left
-  ASSERT_TRUE(Run(data, 20));
+  Run(data, 20);
   EXPECT_EQ(Of(300, 150), Count.ContourMax);
   const auto peak = std::max_element(Grid.Density.begin(), Grid.Density.end());
   EXPECT_EQ(Count.MaxNode, static_cast<std::size_t>(peak - Grid.Density.begin()));
@@ -190,7 +176,7 @@ TEST_F(Density, OfOneDatumPeaksThereAndAtItsOppositeEnd) {
 }
 
 TEST_F(Density, LiesOnStraightLinesBetweenComputedNodes) {
-  ASSERT_TRUE(Run(RandomData(30, 5), 40));
+  Run(RandomData(30, 5), 40);
   for (const int i : {60, 150, 219})
     for (const int j : {90, 150, 210})
       for (int step = 1; step <= 2; ++step) {
@@ -205,7 +191,7 @@ TEST_F(Density, LiesOnStraightLinesBetweenComputedNodes) {
 }
 
 TEST_F(Density, GoesOnUnchangedFromTheLastComputedNodeToTheRim) {
-  ASSERT_TRUE(Run(RandomData(30, 5), 40));
+  Run(RandomData(30, 5), 40);
   // In row 3 the circle reaches from 121 to 179, the computed nodes from 123 to 177.
   for (const int i : {121, 122}) EXPECT_EQ(Of(i, 3), Of(123, 3)) << i;
   for (const int i : {178, 179}) EXPECT_EQ(Of(i, 3), Of(177, 3)) << i;
@@ -216,31 +202,23 @@ TEST_F(Density, GoesOnUnchangedFromTheLastComputedNodeToTheRim) {
 
 TEST_F(Density, IsTheSameOnAnyNumberOfThreads) {
   const ContourData data = RandomData(2000, 6);
-  ASSERT_TRUE(Run(data, 20, 1));
-  const std::vector<float> density = Grid.Density;
+  const std::vector<float> density = Run(data, 20, 1);
   for (const int threads : {2, 3, 8, 0}) {
     std::fill(Grid.Density.begin(), Grid.Density.end(), 0.0f);
-    ASSERT_TRUE(Run(data, 20, threads));
-    ASSERT_EQ(Grid.Density, density) << threads;
+    ASSERT_EQ(Run(data, 20, threads), density) << threads;
   }
 }
 
-TEST_F(Density, ReportsEachRowAndStopsWhenTold) {
-  const ContourData data = RandomData(40, 8);
-  ASSERT_TRUE(Run(data, 20));
-  const std::vector<float> density = Grid.Density;
+TEST_F(Density, ReportsEachRowAndIsLeftAloneWhenStoppedOrWithoutData) {
   std::vector<double> shares;
-  ASSERT_TRUE(CountDensity(
-      Grid, data, 30, Count,
-      [&shares](double share) {
-        shares.push_back(share);
-        return true;
-      },
-      1));
+  const auto report = [&shares](double share) {
+    shares.push_back(share);
+    return true;
+  };
+  ASSERT_TRUE(CountDensity(Grid, RandomData(40, 8), 30, Count, report, 1));
   EXPECT_EQ(shares.size(), 101u);
   EXPECT_TRUE(std::is_sorted(shares.begin(), shares.end()));
   EXPECT_EQ(shares.back(), 1);
-  EXPECT_NE(Grid.Density, density);
 
   const std::vector<float> finished = Grid.Density;
   const float maximum = Count.ContourMax;
@@ -249,17 +227,11 @@ TEST_F(Density, ReportsEachRowAndStopsWhenTold) {
     EXPECT_FALSE(CountDensity(
         Grid, RandomData(3000, 9), 60, Count, [&rows](double) { return ++rows < 3; }, threads));
     EXPECT_EQ(rows, 3);
-    EXPECT_EQ(Grid.Density, finished);
-    EXPECT_EQ(Count.ContourMax, maximum);
   }
-}
-
-TEST_F(Density, OfNoDataLeavesEverything) {
-  ASSERT_TRUE(Run(RandomData(5, 1), 20));
-  const std::vector<float> density = Grid.Density;
-  EXPECT_FALSE(Run({}, 20));
-  EXPECT_EQ(Grid.Density, density);
-  EXPECT_EQ(Count.ContourDataCount, 5);
+  EXPECT_FALSE(CountDensity(Grid, {}, 20, Count));
+  EXPECT_EQ(Grid.Density, finished);
+  EXPECT_EQ(Count.ContourMax, maximum);
+  EXPECT_EQ(Count.ContourDataCount, 40);
 }
 
 TEST_F(Density, BeyondThe32BitRangeIsRefusedAndChangesNothing) {
@@ -276,11 +248,10 @@ TEST_F(Density, BeyondThe32BitRangeIsRefusedAndChangesNothing) {
       {"the greatest of all", RandomData(1, 1), 32767, false},
       {"no data", {}, 100, true},
   };
-  ASSERT_TRUE(Run(RandomData(5, 1), 20));
+  const std::vector<float> density = Run(RandomData(5, 1), 20);
   for (const auto& c : cases) {
     EXPECT_EQ(DensityFits(Grid, c.data, c.smooth), c.fits) << c.what;
-    if (c.fits || c.data.Dec.empty()) continue;
-    const std::vector<float> density = Grid.Density;
+    if (c.fits) continue;
     EXPECT_THROW(Run(c.data, c.smooth), Fault) << c.what;
     EXPECT_EQ(Grid.Density, density) << c.what;
   }
@@ -294,22 +265,19 @@ TEST(ContourData, HoldsAsManyAsTheStoreDoes) {
 }
 
 TEST(ContourLevels, StepByOneBelowTenAndAsFinelyAsFourteenAllowAbove) {
-  const auto every = [](int step, int last) {
-    std::vector<std::int16_t> values;
-    for (int value = 1; value <= last; value += step)
-      values.push_back(static_cast<std::int16_t>(value));
-    return values;
-  };
   const struct {
     float maximum;
-    int step, last;
+    std::int16_t step, last;
   } cases[] = {{0.5f, 1, 1},   {1, 1, 1},    {1.9f, 1, 1},     {2, 1, 2},
                {9.9f, 1, 9},   {10, 1, 10},  {11.5f, 1, 11},   {15.5f, 1, 15},
                {25.3f, 2, 25}, {100, 7, 99}, {175.9f, 12, 169}};
   for (const auto& c : cases) {
     const ContourLevels levels = LevelsOf(c.maximum);
+    std::vector<std::int16_t> values;
+    for (int value = 1; value <= c.last; value += c.step)
+      values.push_back(static_cast<std::int16_t>(value));
     EXPECT_EQ(levels.Step, c.step) << c.maximum;
-    EXPECT_EQ(levels.Values, every(c.step, c.last)) << c.maximum;
+    EXPECT_EQ(levels.Values, values) << c.maximum;
     EXPECT_EQ(levels.Top(), c.last) << c.maximum;
   }
   EXPECT_THROW(LevelsOf(32768), Fault);

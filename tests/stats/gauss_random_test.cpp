@@ -28,8 +28,7 @@ TEST(GaussRandom, NaturalLogAgreesWithTheLibraryWithinTwoUlps) {
   for (int e = -1022; e < 1024; ++e)
     for (double m : {1.0, 1.25, 0x1.6a09e667f3bccp0, 0x1.6a09e667f3bcdp0, 0x1.fffffffffffffp0})
       check(std::ldexp(m, e));
-  check(std::nextafter(1.0, 0));
-  check(std::nextafter(1.0, 2));
+  for (double beside : {0.0, 2.0}) check(std::nextafter(1.0, beside));
   EXPECT_EQ(NaturalLog(1), 0);
 }
 
@@ -39,9 +38,6 @@ TEST(GaussRandom, TableIsTheSameOnEveryMachine) {
   std::uint64_t hash = 14695981039346656037u;  // FNV-1a over the bits
   for (float x : Table()) hash = (hash ^ std::bit_cast<std::uint32_t>(x)) * 1099511628211u;
   EXPECT_EQ(hash, 18006020579504441603u);
-  EXPECT_EQ(Table()[0], 0x1.aaa4dp-2f);
-  EXPECT_EQ(Table()[1], 0x1.0a316cp-1f);
-  EXPECT_EQ(Table()[GaussTableSize - 1], -0x1.8985f8p-3f);
 }
 
 TEST(GaussRandom, FillYieldsNowAndThenAndStartsAnewEachTime) {

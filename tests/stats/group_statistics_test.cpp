@@ -52,9 +52,14 @@ RecordArray RecordsOf(const std::vector<TensorColumn>& tensors) {
   return records;
 }
 
-GroupStats StatsOf(const RecordArray& records, std::int16_t block = InPhase) {
-  GroupStats stats;
+/// Statistics of all that the geographic view shows, into what a run before left.
+void RunOn(const RecordArray& records, GroupStats& stats, std::int16_t block = InPhase) {
   GroupStatistics(records, Geographic, block, Settings().FacIndex, GaussNumbers(), stats);
+}
+
+TensorStats StatsOf(std::span<const TensorColumn> tensors) {
+  TensorStats stats;
+  TensorStatistics(tensors, stats);
   return stats;
 }
 
@@ -77,8 +82,7 @@ double AxisAngle(const Direction& a, const Direction& b) {
 Direction MeanOf(const TensorStats& stats, int k) { return {stats.MeanDec[k], stats.MeanInc[k]}; }
 
 TEST(TensorStatistics, ReproducesThePublishedExample) {
-  TensorStats stats;
-  TensorStatistics(Jelinek1978, stats);
+  const TensorStats stats = StatsOf(Jelinek1978);
   const struct {
     double k, dec, inc, e1, e2;
   } wanted[] = {{1.04239371, 167.9788, 19.0712, 0.668889, 0.099505},
@@ -97,12 +101,10 @@ TEST(TensorStatistics, ReproducesThePublishedExample) {
 }
 
 TEST(TensorStatistics, TurnsWithTheGroupAndForgetsItsOrder) {
-  TensorStats plain, turned, mixed;
-  TensorStatistics(Jelinek1978, plain);
   const Matrix<3, 3> rotation = OrientationMatrix(37, 52, 6, 0, 6);
-  TensorStatistics(Turned(Jelinek1978, rotation), turned);
-  std::vector<TensorColumn> backwards(Jelinek1978.rbegin(), Jelinek1978.rend());
-  TensorStatistics(backwards, mixed);
+  const std::vector<TensorColumn> backwards(Jelinek1978.rbegin(), Jelinek1978.rend());
+  const TensorStats plain = StatsOf(Jelinek1978), mixed = StatsOf(backwards),
+                    turned = StatsOf(Turned(Jelinek1978, rotation));
   for (int k = 1; k <= 3; ++k) {
     Vector<3> v = DirectionToVector(1, MeanOf(plain, k));
     Mvmpy(rotation, v, v);
@@ -119,13 +121,11 @@ TEST(TensorStatistics, GivesErrorsFromFiveTensorsOnAndNoneForCopies) {
   for (std::size_t n : {0u, 1u, 4u, 5u}) {
     TensorStats stats;
     stats.MeanK[1] = -1;
-    const std::span<const TensorColumn> all = Jelinek1978;
-    TensorStatistics(all.first(n), stats);
+    TensorStatistics(std::span(Jelinek1978).first(n), stats);
     EXPECT_EQ(stats.MeanK[1] == -1, n == 0);
     EXPECT_EQ(stats.Errors, n < 5 ? 0 : 3) << n;
   }
-  TensorStats copies;
-  TensorStatistics(std::vector<TensorColumn>(6, Jelinek1978[0]), copies);
+  const TensorStats copies = StatsOf(std::vector<TensorColumn>(6, Jelinek1978[0]));
   for (int k = 1; k <= 3; ++k) EXPECT_LT(copies.MeanE1[k], 1e-4);
 
   TensorStats equal;  // Kint and Kmin of the mean are the same: Kmax is the last to have errors
@@ -193,9 +193,7 @@ TEST(BootQuantiles, TakesTheNextValueOrTheMeanOfTwo) {
 /// Semi-axes in degrees by a plain simulation: other generator, other eigen solver, many
 /// replicates.
 Array1<Array1<double, 2>, 3> SimulatedSemiAxes(const std::vector<TensorColumn>& tensors) {
-  TensorStats mean;
-  TensorStatistics(tensors, mean);
-  Matrix<3, 3> frame = mean.MeanVec, back;
+  Matrix<3, 3> frame = StatsOf(tensors).MeanVec, back;
   for (int i = 1; i <= 3; ++i) {
     const int j = i % 3 + 1, k = j % 3 + 1;
     frame(i, 3) = frame(j, 1) * frame(k, 2) - frame(k, 1) * frame(j, 2);
@@ -217,8 +215,7 @@ Array1<Array1<double, 2>, 3> SimulatedSemiAxes(const std::vector<TensorColumn>& 
   for (int b = 0; b < B; ++b) {
     TensorColumn t;
     for (int c = 1; c <= 6; ++c) t[c] = m[c] + sd[c] * normal(random) / std::sqrt(n);
-    TensorStats one;
-    TensorStatistics(std::span(&t, 1), one);
+    const TensorStats one = StatsOf(std::span(&t, 1));
     for (int k = 1; k <= 3; ++k) {
       along[k] += std::fabs(one.MeanVec(k, k)) / B;
       for (int a = 1; a <= 3; ++a) square[k][a] += one.MeanVec(a, k) * one.MeanVec(a, k) / B;
@@ -227,21 +224,20 @@ Array1<Array1<double, 2>, 3> SimulatedSemiAxes(const std::vector<TensorColumn>& 
   const auto axis = [&](int k, int a) {
     return DegPerRad * std::asin(std::min(1.0, std::sqrt(5.9914645464 * square[k][a]) / along[k]));
   };
-  return {Array1<double, 2>{axis(1, 2), axis(1, 3)}, Array1<double, 2>{axis(2, 1), axis(2, 3)},
-          Array1<double, 2>{axis(3, 2), axis(3, 1)}};
+  Array1<Array1<double, 2>, 3> axes;
+  for (int k = 1; k <= 3; ++k) axes[k] = {axis(k, k == 2 ? 1 : 2), axis(k, k == 3 ? 1 : 3)};
+  return axes;
 }
 
 TEST(BootStrap, AgreesWithAPlainSimulation) {
   // Three distinct values with moderate scatter, so that no region wraps round the net.
-  std::vector<TensorColumn> tensors;
+  std::vector<TensorColumn> tensors(20, {1.10, 1.00, 0.90, 0.02, -0.03, 0.01});
   std::mt19937 random(7);
   std::normal_distribution<double> normal(0, 0.01);
-  for (int i = 0; i < 20; ++i) {
-    TensorColumn t = {1.10, 1.00, 0.90, 0.02, -0.03, 0.01};
+  for (TensorColumn& t : tensors)
     for (double& c : t) c += normal(random);
-    tensors.push_back(t);
-  }
-  const GroupStats stats = StatsOf(RecordsOf(tensors));
+  GroupStats stats;
+  RunOn(RecordsOf(tensors), stats);
   const auto simulated = SimulatedSemiAxes(tensors);
   // 500 replicates know a deviation to 1 / sqrt(1000), 3.2 %; four times that is allowed.
   for (int k = 1; k <= 3; ++k) {
@@ -259,7 +255,8 @@ TEST(BootStrap, AgreesWithAPlainSimulation) {
 }
 
 TEST(BootStrap, IsTheSameTwiceAndPutsTheAxisEndsWhereTheyAreMeasured) {
-  const GroupStats a = StatsOf(RecordsOf(Jelinek1978)), b = StatsOf(RecordsOf(Jelinek1978));
+  GroupStats a, b;
+  for (GroupStats* stats : {&a, &b}) RunOn(RecordsOf(Jelinek1978), *stats);
   EXPECT_TRUE(a == b);
   const BootResult boot = BootStrap(Jelinek1978, BootReplicates, BootContourPoints, GaussNumbers());
   ASSERT_EQ(boot.BootEllipse.size(), 200u);
@@ -268,8 +265,7 @@ TEST(BootStrap, IsTheSameTwiceAndPutsTheAxisEndsWhereTheyAreMeasured) {
       Vector<3> sum;
       for (int i = 1; i <= 3; ++i)
         sum[i] = boot.BootEllipse[p](i, k) + boot.BootEllipse[p + 100](i, k);
-      const Direction d = DirectionOfVector(sum);
-      EXPECT_LT(AxisAngle(d, MeanOf(a, k)), 0.05) << k << " " << p;
+      EXPECT_LT(AxisAngle(DirectionOfVector(sum), MeanOf(a, k)), 0.05) << k << " " << p;
     }
   EXPECT_TRUE(BootStrap(std::span(Jelinek1978).first(1), 500, 200, GaussNumbers()).BootVec.empty());
   EXPECT_THROW(BootStrap(FourCopies, 500, 200, GaussNumbers()), Fault);
@@ -280,7 +276,8 @@ TEST(GroupStatistics, TakesWhatTheViewShowsAndLeavesFailedFactorsOut) {
   records[1].Active = false;
   records[2].CoorLevel = Specimen;
   records[3].Fac[1] = 1e9f;
-  const GroupStats stats = StatsOf(records);
+  GroupStats stats;
+  RunOn(records, stats);
   EXPECT_EQ(stats.GroupN, 6);
   EXPECT_EQ(stats.Reached, GroupStats::All);
   EXPECT_FLOAT_EQ(stats.AvgKm, 0.0055f);  // records 3 to 8
@@ -294,48 +291,39 @@ TEST(GroupStatistics, TakesWhatTheViewShowsAndLeavesFailedFactorsOut) {
 TEST(GroupStatistics, AveragesInPhaseValuesOfAllAlsoOutOfPhase) {
   RecordArray records = RecordsOf(Jelinek1978);
   for (int i = 1; i <= 5; ++i) records[i].HasIm = true;
-  const GroupStats stats = StatsOf(records, OutOfPhase);
+  GroupStats stats;
+  RunOn(records, stats, OutOfPhase);
   EXPECT_EQ(stats.GroupN, 5);
   EXPECT_FLOAT_EQ(stats.AvgKm, 0.0045f);  // of all eight
 }
 
 TEST(GroupStatistics, KeepsOldValuesWhereAGroupIsTooSmallOrTooLarge) {
-  std::vector<TensorColumn> hundred;
-  while (hundred.size() < 100) hundred.push_back(Jelinek1978[hundred.size() % 8]);
+  std::vector<TensorColumn> group;
+  while (group.size() < 100) group.push_back(Jelinek1978[group.size() % 8]);
   GroupStats stats;
-  const auto run = [&](const std::vector<TensorColumn>& tensors) {
-    GroupStatistics(RecordsOf(tensors), Geographic, InPhase, Settings().FacIndex, GaussNumbers(),
-                    stats);
-  };
-  run(hundred);
+  RunOn(RecordsOf(group), stats);
   const double boot = stats.BootE1[1], error = stats.MeanE1[1];
   EXPECT_GT(boot, 0);
-  hundred.push_back({1.3, 1.0, 0.7, 0, 0.1, 0});
-  run(hundred);
+  group.push_back({1.3, 1.0, 0.7, 0, 0.1, 0});
+  RunOn(RecordsOf(group), stats);
   EXPECT_EQ(stats.GroupN, 101);
   EXPECT_EQ(stats.BootE1[1], boot);
   EXPECT_NE(stats.MeanE1[1], error);
-  run({});
+  RunOn({}, stats);
   EXPECT_EQ(stats.GroupN, 0);
-  EXPECT_FALSE(stats.HasAverages);
-  EXPECT_FALSE(stats.HasAverage[1]);
-  run({Jelinek1978[0]});
+  EXPECT_FALSE(stats.HasAverages || stats.HasAverage[1]);
+  RunOn(RecordsOf({Jelinek1978[0]}), stats);
   EXPECT_EQ(stats.GroupN, 1);
   EXPECT_EQ(stats.SdKm, 0);
 }
 
 TEST(GroupStatistics, FailsAtTheDivisionAndTellsHowFarItCame) {
-  const auto run = [](const std::vector<TensorColumn>& tensors, GroupStats& stats) {
-    EXPECT_THROW(GroupStatistics(RecordsOf(tensors), Geographic, InPhase, Settings().FacIndex,
-                                 GaussNumbers(), stats),
-                 Fault);
-  };
   GroupStats copies, equal;
-  run(FourCopies, copies);  // no scatter: the bootstrap fails
+  EXPECT_THROW(RunOn(RecordsOf(FourCopies), copies), Fault);  // no scatter: the bootstrap fails
   EXPECT_EQ(copies.Reached, GroupStats::TensorErrors);
   EXPECT_EQ(copies.GroupN, 4);
   EXPECT_GT(copies.MeanK[1], 1);
-  run(std::vector<TensorColumn>(5, TensorColumn{1, 1, 1, 0, 0, 0}), equal);
+  EXPECT_THROW(RunOn(RecordsOf(std::vector<TensorColumn>(5, {1, 1, 1, 0, 0, 0})), equal), Fault);
   EXPECT_EQ(equal.Reached, GroupStats::MeanTensor);
   EXPECT_EQ(equal.Errors, 0);
 }
