@@ -13,40 +13,33 @@ TEST(CodePage, EveryByteComesBackAsItWas) {
 }
 
 TEST(CodePage, BytesStandForTheCharactersOfWindows1252) {
-  const struct {
-    const char *bytes, *text;
-  } cases[] = {
-      {"\x80 \x9F", "€ Ÿ"},
-      {"\xE9t\xE9", "été"},
-      {"\x8E\x9E\x8A\x9A", "ŽžŠš"},
+  const std::pair<const char*, const char*> cases[] = {
+      // clang-format off
+      {"\x80 \x9F", "€ Ÿ"}, {"\xE9t\xE9", "été"}, {"\x8E\x9E\x8A\x9A", "ŽžŠš"},
       {"\x81\x9D", "\xC2\x81\xC2\x9D"},  // unassigned: control characters
       {"eight ascii first \xB0", "eight ascii first °"},
+      // clang-format on
   };
-  for (const auto& c : cases) {
-    EXPECT_EQ(FromCodePage(c.bytes), c.text);
-    EXPECT_EQ(ToCodePage(c.text), c.bytes);
-  }
   std::string kept = "something longer than before";
-  FromCodePage("x\x80", kept);
-  EXPECT_EQ(kept, "x€");
+  for (const auto& [bytes, text] : cases) {
+    EXPECT_EQ(FromCodePage(bytes), text);
+    EXPECT_EQ(ToCodePage(text), bytes);
+    FromCodePage(bytes, kept);
+    EXPECT_EQ(kept, text);
+  }
 }
 
 TEST(CodePage, WhatThePageLacksBecomesAQuestionMark) {
-  const struct {
-    const char *text, *bytes;
-  } cases[] = {
-      {"Řež", "?e\x9E"},
-      {"岩", "?"},
-      {"𝄞a", "?a"},
-      {"\xC2\x80", "?"},        // the control character whose byte is the euro's
-      {"\xC3", "?"},            // cut off
-      {"\xE2\x82", "??"},       // cut off
-      {"\xC0\xAF", "??"},       // overlong
-      {"\xED\xA0\x80", "???"},  // a surrogate
-      {"\xF4\x90\x80\x80", "????"},
-      {"\xFFz\x80", "?z?"},
+  const std::pair<const char*, const char*> cases[] = {
+      // clang-format off
+      {"Řež", "?e\x9E"}, {"岩", "?"}, {"𝄞a", "?a"}, {"\xFFz\x80", "?z?"},
+      {"\xC2\x80", "?"},                      // the control character whose byte is the euro's
+      {"\xC3", "?"}, {"\xE2\x82", "??"},      // cut off
+      {"\xC0\xAF", "??"},                     // overlong
+      {"\xED\xA0\x80", "???"}, {"\xF4\x90\x80\x80", "????"},  // a surrogate; beyond the last one
+      // clang-format on
   };
-  for (const auto& c : cases) EXPECT_EQ(ToCodePage(c.text), c.bytes) << c.text;
+  for (const auto& [text, bytes] : cases) EXPECT_EQ(ToCodePage(text), bytes) << text;
 }
 
 }  // namespace

@@ -11,27 +11,18 @@
 namespace velorix {
 namespace {
 
-TEST(Dates, DateTextPadsDayMonthAndYear) {
-  const struct {
-    double date;
-    const char* wanted;
-  } cases[] = {
-      {0, ""},
-      {1, "31-12-1899"},
-      {43196, "06-04-2018"},
-      {43196.99, "06-04-2018"},
-      {36585, "29-02-2000"},
-      {-1.25, "29-12-1899"},
-      {-657434, "01-01-0100"},
+TEST(Dates, DateAndTimeTextPadTheirParts) {
+  const std::pair<double, const char*> dates[] = {
+      // clang-format off
+      {0, ""}, {1, "31-12-1899"}, {43196, "06-04-2018"}, {43196.99, "06-04-2018"},
+      {36585, "29-02-2000"}, {-1.25, "29-12-1899"}, {-657434, "01-01-0100"},
       {2958465, "31-12-9999"},
+      // clang-format on
   };
-  for (const auto& c : cases) EXPECT_EQ(DateText(c.date), c.wanted) << c.date;
+  for (const auto& [date, wanted] : dates) EXPECT_EQ(DateText(date), wanted) << date;
   for (double date : {-657435.0, 2958466.0, 1e300, std::nan("")})
     EXPECT_THROW(DateText(date), Fault) << date;
-}
-
-TEST(Dates, TimeTextHasABlankInFrontAndTwoDigitsEach) {
-  EXPECT_EQ(TimeText(0), " 00:00:00");
+  EXPECT_EQ(TimeText(0), " 00:00:00");  // with a blank in front
   EXPECT_EQ(TimeText(3723.9), " 01:02:03");
   EXPECT_EQ(TimeText(86399.99), " 23:59:59");
 }

@@ -13,43 +13,32 @@ Parts PartsOf(const Tokens& tokens) {
   return parts;
 }
 
-TEST(Lines, SplitBlanksSplitsAtRunsOfBlanksOnly) {
-  const struct {
-    const char* line;
-    Parts wanted;
-  } cases[] = {
-      {"  two   words  ", {"two", "words"}},
-      {"a", {"a"}},
-      {" a ", {"a"}},
-      {"", {""}},
-      {"    ", {""}},
-      {"a\tb c", {"a\tb", "c"}},
-  };
-  for (const auto& c : cases) EXPECT_EQ(PartsOf(SplitBlanks(c.line)), c.wanted) << c.line;
-}
-
-TEST(Lines, TokensCountFromOneAndAnIndexPastThemIsAnError) {
-  Tokens tokens = SplitBlanks("x y");
-  EXPECT_EQ(tokens.Token(2), "y");
+TEST(Lines, SplitBlanksSplitsAtRunsOfBlanksOnlyAndAnIndexPastTheTokensIsAnError) {
+  const std::pair<const char*, Parts> cases[] = {{"  two   words  ", {"two", "words"}},
+                                                 {" a ", {"a"}},
+                                                 {"", {""}},
+                                                 {"    ", {""}},
+                                                 {"a", {"a"}},
+                                                 {"a\tb c", {"a\tb", "c"}}};
+  Tokens tokens;
+  for (const auto& [line, wanted] : cases) {
+    EXPECT_EQ(PartsOf(SplitBlanks(line)), wanted) << line;
+    SplitBlanks(line, tokens);  // takes the place of the former line
+    EXPECT_EQ(PartsOf(tokens), wanted) << line;
+  }
   EXPECT_THROW(tokens.Token(3), Fault);
   EXPECT_THROW(tokens.Token(0), Fault);
-  SplitBlanks("z", tokens);  // the next line takes the place of the former one
-  EXPECT_EQ(PartsOf(tokens), Parts{"z"});
 }
 
 TEST(Lines, SplitAtCharHasAHundredTokensFromTheStart) {
-  const std::string text = "120//35/";
-  const Tokens tokens = SplitAtChar(text, '/');
-  EXPECT_EQ(tokens.Token(1), "120");
-  EXPECT_EQ(tokens.Token(2), "35");
-  EXPECT_EQ(tokens.Token(3), "");
-  EXPECT_EQ(tokens.Token(100), "");
+  const Tokens tokens = SplitAtChar("120//35/", '/');
+  const std::pair<int, const char*> wanted[] = {{1, "120"}, {2, "35"}, {3, ""}, {100, ""}};
+  for (const auto& [i, token] : wanted) EXPECT_EQ(tokens.Token(i), token) << i;
   EXPECT_THROW(tokens.Token(101), Fault);
-  std::string long_;
-  for (int i = 0; i < 100; ++i) long_ += "a/";
-  EXPECT_EQ(SplitAtChar(long_, '/').Token(100), "a");
-  long_ += "b";
-  EXPECT_THROW(SplitAtChar(long_, '/'), Fault);
+  std::string line;
+  for (int i = 0; i < 100; ++i) line += "a/";
+  EXPECT_EQ(SplitAtChar(line, '/').Token(100), "a");
+  EXPECT_THROW(SplitAtChar(line += "b", '/'), Fault);
 }
 
 TEST(Lines, CleanNameDropsCodesBelow30AndStripControlsBelow32) {

@@ -9,14 +9,12 @@ TEST(Paths, NamesAreTakenApartAtTheLastSeparatorAndTheLastPoint) {
   const struct {
     const char *path, *folder, *base, *extension;
   } cases[] = {
-      {"/home/x/site 1.ams", "/home/x", "site 1", "ams"},
-      {"a.b.AMS", "", "a.b", "AMS"},
-      {"/x.d/plain", "/x.d", "plain", ""},
-      {"/top.ran", "/", "top", "ran"},
-      {"x/.ams", "x", "", "ams"},
-      {"x/ends.", "x", "ends", ""},
-      {"x/", "x", "", ""},
-      {"", "", "", ""},
+      // clang-format off
+      {"/home/x/site 1.ams", "/home/x", "site 1", "ams"}, {"a.b.AMS", "", "a.b", "AMS"},
+      {"/x.d/plain", "/x.d", "plain", ""},                {"/top.ran", "/", "top", "ran"},
+      {"x/.ams", "x", "", "ams"},                         {"x/ends.", "x", "ends", ""},
+      {"x/", "x", "", ""},                                {"", "", "", ""},
+      // clang-format on
   };
   for (const auto& c : cases) {
     EXPECT_EQ(FolderOf(c.path), c.folder) << c.path;
@@ -26,9 +24,9 @@ TEST(Paths, NamesAreTakenApartAtTheLastSeparatorAndTheLastPoint) {
 }
 
 TEST(Paths, JoinPathPutsExactlyOneSeparatorBetween) {
-  const std::string joined = std::string("folder") + PathSeparator + "name";
-  EXPECT_EQ(JoinPath("folder", "name"), joined);
-  EXPECT_EQ(JoinPath(std::string("folder") + PathSeparator, "name"), joined);
+  const std::string folder = std::string("folder") + PathSeparator;
+  EXPECT_EQ(JoinPath("folder", "name"), folder + "name");
+  EXPECT_EQ(JoinPath(folder, "name"), folder + "name");
   EXPECT_EQ(JoinPath("", "name"), "name");
   EXPECT_EQ(JoinPath("/", "name"), "/name");
 }
