@@ -51,20 +51,17 @@ TEST(RecordArray, GrowGivesEmptyRecordsAlsoInMemoryThatWasUsed) {
 
 TEST(Store, ReplaceStoreTakesTheRecordsAndNumbersThem) {
   Session session;
-  RecordArray first = Named({"a", "b", "c"}), second = Named({"x", "y"});
-  ReplaceStore(session, first);
-  EXPECT_EQ(NamesIn(session.Records), "a:1 b:2 c:3 ");
-  EXPECT_TRUE(first.Empty());
-  ReplaceStore(session, second);
-  EXPECT_EQ(NamesIn(session.Records), "x:1 y:2 ");
-  EXPECT_EQ(session.RecordCount(), 2);
-  EXPECT_TRUE(second.Empty());
-  EXPECT_TRUE(session.Spare.Empty());
-
-  ClearStore(session);
-  EXPECT_EQ(session.RecordCount(), 0);
-  ClearStore(session);  // an empty store stays empty
-  EXPECT_EQ(session.RecordCount(), 0);
+  for (const auto& [names, wanted] :
+       {std::pair{Named({"a", "b", "c"}), "a:1 b:2 c:3 "}, {Named({"x", "y"}), "x:1 y:2 "}}) {
+    RecordArray records = names;
+    ReplaceStore(session, records);
+    EXPECT_EQ(NamesIn(session.Records), wanted);
+    EXPECT_TRUE(records.Empty() && session.Spare.Empty());
+  }
+  for (int i = 0; i < 2; ++i) {  // an empty store stays empty
+    ClearStore(session);
+    EXPECT_EQ(session.RecordCount(), 0);
+  }
 }
 
 TEST(Store, RenumberGoesThroughTheWholeStore) {
@@ -94,19 +91,19 @@ TEST(Store, IsShownGoesByUseSystemAndBlock) {
       {false, 4, true,  Tectonic,   OutOfPhase, false},
       // clang-format on
   };
-  Session session;
-  session.Records.Grow(1);
   for (const auto& c : cases) {
+    Session session;
+    session.Records.Grow(1);
     SpecimenRecord& record = session.Records[1];
     record.Active = c.active;
     record.CoorLevel = c.level;
     record.HasIm = c.hasIm;
-    EXPECT_EQ(IsShown(record, c.coorSys, c.block), c.wanted) << &c - cases;
     session.CoorSys = c.coorSys;
     session.ReImMode = c.block;
     int visits = 0;
     ForEachActive(session, [&visits](const SpecimenRecord&) { ++visits; });
-    EXPECT_EQ(visits, c.wanted ? 1 : 0) << &c - cases;
+    EXPECT_EQ(IsShown(record, c.coorSys, c.block), c.wanted) << &c - cases;
+    EXPECT_EQ(visits, c.wanted) << &c - cases;
   }
 }
 
@@ -119,23 +116,17 @@ std::string MarksOf(const RecordArray& records) {
 }
 
 TEST(Store, SelectionCommandsActOnEveryRecord) {
-  const struct {
-    const char* name;
-    void (*command)(RecordArray&);
-    const char* wanted;
-  } cases[] = {
-      {"Invert Selection", InvertSelection, ".Ss,"},
-      {"Disregard Selected Record(s)", DisregardSelected, ",.,,"},
-      {"Restore All Records", RestoreAll, "...."},
-      {"Clear Selection", ClearSelection, "..,,"},
-  };
-  for (const auto& c : cases) {
+  const std::pair<void (*)(RecordArray&), const char*> cases[] = {{InvertSelection, ".Ss,"},
+                                                                  {DisregardSelected, ",.,,"},
+                                                                  {RestoreAll, "...."},
+                                                                  {ClearSelection, "..,,"}};
+  for (const auto& [command, wanted] : cases) {
     RecordArray records = Named({"a", "b", "c", "d"});
     records[1].Selected = records[4].Selected = true;
     records[3].Active = records[4].Active = false;
     ASSERT_EQ(MarksOf(records), "S.,s");
-    c.command(records);
-    EXPECT_EQ(MarksOf(records), c.wanted) << c.name;
+    command(records);
+    EXPECT_EQ(MarksOf(records), wanted);
   }
 }
 
