@@ -21,91 +21,70 @@ SpecimenRecord Sample(const std::string& name, float az, float inc) {
   return s;
 }
 
-struct Assigned {
-  RecordArray Records, Samples;
-  GedMatches Matches;
+RecordArray ArrayOf(std::initializer_list<SpecimenRecord> list) {
+  RecordArray records;
+  for (const SpecimenRecord& r : list) records.Add(r);
+  return records;
+}
 
-  Assigned(std::initializer_list<SpecimenRecord> records,
-           std::initializer_list<SpecimenRecord> samples) {
-    for (const SpecimenRecord& r : records) Records.Add(r);
-    for (const SpecimenRecord& s : samples) Samples.Add(s);
-    Matches = AssignGedToStore(Records, Samples);
-  }
-};
-
-TEST(AssignGed, FindsTheFirstSampleOfExactlyTheName) {
-  const Assigned a(
-      {Named("B"), Named("a"), Named("C"), Named("D"), Named("B")},
-      {Sample("A", 10, 1), Sample("B", 20, 2), Sample("B", 30, 3), Sample("C", 40, 4)});
-  for (int i : {1, 5}) EXPECT_EQ(a.Records[i].OrientAz, 20);
-  EXPECT_TRUE(a.Records[1].HasCoor[2]);
-  EXPECT_EQ(a.Records[3].OrientInc, 4);
-  for (int i : {2, 4}) EXPECT_FALSE(a.Records[i].HasCoor[2]);
-  EXPECT_EQ(a.Matches.Rows, (std::vector<char>{1, 0, 1, 0, 1}));
-  EXPECT_EQ(MatchLine(a.Matches),
+TEST(AssignGed, FindsTheFirstSampleOfExactlyTheNameAsOneStep) {
+  const RecordArray records = ArrayOf({Named("B"), Named("a"), Named("C"), Named("D"), Named("B")});
+  EditGrid grid;
+  FillGrid(grid, RowsOf(records));
+  const GedMatches matches = AssignGed(
+      grid, records,
+      ArrayOf({Sample("A", 10, 1), Sample("B", 20, 2), Sample("B", 30, 3), Sample("C", 40, 4)}));
+  const auto orientations = [&grid] {
+    std::string text;
+    for (int row = 1; row <= 5; ++row)
+      text += grid.Cell(row, OrientationColumn) + "/" + grid.Cell(row, OrientationColumn + 1) + " ";
+    return text;
+  };
+  EXPECT_EQ(orientations(), "20/2 / 40/4 / 20/2 ");
+  EXPECT_EQ(matches.Rows, (std::vector<char>{1, 0, 1, 0, 1}));
+  EXPECT_EQ(MatchLine(matches),
             "3 of 5 record(s) matched. Without a sample: a, D."
             " Only the case of letters differs: a."
             " Repeated samples, of which the first counts: B.");
+  EXPECT_TRUE(Undo(grid));
+  EXPECT_EQ(orientations(), "/ / / / / ");
+  EXPECT_FALSE(Undo(grid));
 }
 
 TEST(AssignGed, TellsOfManyNamesTheFirstOnes) {
-  RecordArray records, samples;
+  RecordArray records;
   for (int i = 1; i <= 15; ++i) records.Add(Named("N" + std::to_string(i)));
-  EXPECT_EQ(MatchLine(AssignGedToStore(records, samples)),
+  EXPECT_EQ(MatchLine(AssignGedToStore(records, {})),
             "0 of 15 record(s) matched. Without a sample: "
             "N1, N2, N3, N4, N5, N6, N7, N8, N9, N10, N11, N12, and 3 more.");
 }
 
-TEST(AssignGed, LeavesWhatTheSampleDoesNotHave) {
+TEST(AssignGed, LeavesWhatTheSampleDoesNotHaveAndGivesThePairOfASlotAsAWhole) {
   SpecimenRecord record = Named("A");
-  record.HasCoor = {true, true, true, true};
-  record.OrientAz = 77;
+  record.HasCoor = {true, true, false, false};
   record.OP = {6, 0, 6, 0};
+  record.OrientAz = 77;
   record.FoliName[1] = "S";
   record.FoliAz[1] = 111;
   record.LineName[1] = "L";
   record.LineTrend[1] = 222;
-  const Assigned none({record}, {Sample("A", 0, 0)});
-  EXPECT_EQ(none.Records[1], record);
-
-  SpecimenRecord sample = Sample("A", 0, 5);
-  sample.FoliName[2] = "C";  // horizontal: both angles are 0
-  const Assigned a({record}, {sample});
-  EXPECT_EQ(a.Records[1].OrientAz, 0);  // one angle of 0 is an orientation
-  EXPECT_EQ(a.Records[1].OrientInc, 5);
-  EXPECT_EQ(a.Records[1].FoliAz[1], 111);
-  EXPECT_EQ(a.Records[1].FoliName[2], "C");
-  EXPECT_EQ(a.Records[1].LineName[2], "");
-  EXPECT_EQ(a.Records[1].OP, record.OP);
-}
-
-TEST(AssignGed, GivesThePairOfASlotAsAWhole) {
-  SpecimenRecord record = Named("A");
-  record.LineName[1] = "L";
-  record.LineTrend[1] = 222;
-  SpecimenRecord sample = Sample("A", 1, 1);
-  sample.FoliName[1] = "S";
-  sample.FoliAz[1] = 120;
-  const Assigned a({record}, {sample});
-  EXPECT_EQ(a.Records[1].FoliName[1] + a.Records[1].LineName[1], "S");
-  EXPECT_EQ(a.Records[1].FoliAz[1], 120);
-  EXPECT_EQ(a.Records[1].LineTrend[1], 0);
-  EXPECT_TRUE(a.Records[1].HasCoor[3]);
-}
-
-TEST(AssignGed, IsOneStepBack) {
-  RecordArray records, samples;
-  records.Add(Named("A"));
-  records.Add(Named("B"));
-  samples.Add(Sample("A", 10, 20));
-  samples.Add(Sample("B", 30, 40));
-  EditGrid grid;
-  FillGrid(grid, RowsOf(records));
-  AssignGed(grid, records, samples);
-  EXPECT_EQ(grid.Cell(2, OrientationColumn), "30");
-  EXPECT_TRUE(Undo(grid));
-  EXPECT_EQ(grid.Cell(1, OrientationColumn) + grid.Cell(2, OrientationColumn), "");
-  EXPECT_FALSE(Undo(grid));
+  const auto assigned = [&record](const SpecimenRecord& sample) {
+    RecordArray records = ArrayOf({record});
+    AssignGedToStore(records, ArrayOf({sample}));
+    return records[1];
+  };
+  SpecimenRecord wanted = record, sample = Sample("A", 0, 0);
+  wanted.HasCoor[3] = wanted.HasCoor[4] = true;  // as the codes of the record say
+  EXPECT_EQ(assigned(sample), wanted);
+  sample.OrientInc = wanted.OrientInc = 5;  // one angle of 0 is an orientation
+  wanted.OrientAz = 0;
+  sample.FoliName[2] = wanted.FoliName[2] = "C";  // horizontal: both angles are 0
+  EXPECT_EQ(assigned(sample), wanted);
+  sample.FoliName[1] = wanted.FoliName[1] = "T";
+  sample.FoliAz[1] = wanted.FoliAz[1] = 120;
+  wanted.LineName[1] = "";
+  wanted.LineTrend[1] = 0;
+  EXPECT_EQ(assigned(sample), wanted);
 }
 
 }  // namespace

@@ -36,14 +36,12 @@ TEST(DataTable, ShowsEachValueInItsFormat) {
   SpecimenRecord r = Filled();
   r.RecordNo = 7;
   r.Fac[2] = 1e9f;
-  const char* const wanted[] = {
-      "7",       "S1",      "AMS(H)",  "12.3",    "976",     "1.235E-04", " 0.000E+00",
-      " 1.1000", " 0.0013", " 1.0000", " 0.0013", " 0.9000", " 0.0013",   " 100.0",
-      "-20.0",   " 200.0",  "-20.0",   " 300.0",  "-20.0",   " 1.000",    "",
-      " 1.000",  " 1.000",  " 1.000",  " 1.000",  " 1.000",  " 1.000",    " 7.3",
-      " 7.3",    " 7.3",    " 2.000",  " 3.000",  " 1.000"};
-  for (int c = -1; c < DataTableColumns; ++c)
-    EXPECT_EQ(DataTableCell(c, r, InPhase), wanted[c + 1]) << "column " << c;
+  std::string cells;
+  for (int c = -1; c < DataTableColumns; ++c) cells += DataTableCell(c, r, InPhase) + "|";
+  EXPECT_EQ(cells,
+            "7|S1|AMS(H)|12.3|976|1.235E-04| 0.000E+00| 1.1000| 0.0013| 1.0000| 0.0013| 0.9000|"
+            " 0.0013| 100.0|-20.0| 200.0|-20.0| 300.0|-20.0| 1.000|| 1.000| 1.000| 1.000| 1.000|"
+            " 1.000| 1.000| 7.3| 7.3| 7.3| 2.000| 3.000| 1.000|");
   // Out of phase: mean, F tests and angles are the block's; the deviations stay in-phase.
   EXPECT_EQ(DataTableCell(4, r, OutOfPhase), "-5.000E-06");
   EXPECT_EQ(DataTableCell(7, r, OutOfPhase), " 0.0013");
@@ -75,18 +73,21 @@ TEST(DataTable, SortsByTextOrByNumberAndKeepsEqualRowsInOrder) {
     session.Records.Add(r);
   }
   Renumber(session.Records);
-  const auto sorted = [&](int column, bool downward) {
+  const struct {
+    int column;
+    bool downward;
+    std::vector<int> ids;
+  } cases[] = {{0, false, {4, 2, 1, 3}},   // text: "b10" before "b9"
+               {2, false, {4, 1, 3, 2}},   // number: 9 before 10
+               {2, true, {2, 1, 3, 4}},    // equal ones as they were
+               {18, false, {3, 1, 4, 2}},  // an empty cell last
+               {18, true, {4, 1, 3, 2}},   // both ways
+               {-1, true, {4, 3, 2, 1}}};
+  for (const auto& c : cases) {
     std::vector<int> ids = DataTableRows(session);
-    SortDataTable(ids, column, downward, session);
-    return ids;
-  };
-  using Ids = std::vector<int>;
-  EXPECT_EQ(sorted(0, false), (Ids{4, 2, 1, 3}));   // text: "b10" before "b9"
-  EXPECT_EQ(sorted(2, false), (Ids{4, 1, 3, 2}));   // number: 9 before 10
-  EXPECT_EQ(sorted(2, true), (Ids{2, 1, 3, 4}));    // equal ones as they were
-  EXPECT_EQ(sorted(18, false), (Ids{3, 1, 4, 2}));  // an empty cell last
-  EXPECT_EQ(sorted(18, true), (Ids{4, 1, 3, 2}));   // both ways
-  EXPECT_EQ(sorted(-1, true), (Ids{4, 3, 2, 1}));
+    SortDataTable(ids, c.column, c.downward, session);
+    EXPECT_EQ(ids, c.ids) << c.column << c.downward;
+  }
 }
 
 TEST(DataTable, ValuesOfAParameterAreThoseOfTheCells) {

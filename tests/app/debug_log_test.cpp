@@ -2,26 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <sstream>
-
-#include "text/paths.h"
+#include "tests/datafiles/temp_folder.h"
 
 namespace velorix {
 namespace {
 
 struct DebugLogFile : ::testing::Test {
-  DebugLogFile() : Path(::testing::TempDir() + "velorix_debug_log_test.log") {}
-  ~DebugLogFile() override { std::filesystem::remove(PathOf(Path)); }
-
-  std::string Written() const {
-    std::ifstream file(PathOf(Path), std::ios::binary);
-    std::stringstream text;
-    text << file.rdbuf();
-    return text.str();
-  }
-
-  std::string Path;
+  TempFolder Folder;
+  std::string Path = Folder.File("run.log");
 };
 
 TEST_F(DebugLogFile, EntriesCarryTimeAndIndentUnlessAsIsOrEmpty) {
@@ -32,13 +20,10 @@ TEST_F(DebugLogFile, EntriesCarryTimeAndIndentUnlessAsIsOrEmpty) {
   log.DebugPrint("řádek ", true);
   log.DebugPrint("goes on", false, true);
   log.DebugPrint("");
-  std::string written = Written();
+  std::string written = BytesOf(Path);
   for (char& c : written)
     if (c >= '0' && c <= '9') c = '0';  // whatever time it is
-  EXPECT_EQ(written,
-            " 00:00:00 start\n"
-            " 00:00:00     řádek goes on\n"
-            "\n");
+  EXPECT_EQ(written, " 00:00:00 start\n 00:00:00     řádek goes on\n\n");
 }
 
 TEST_F(DebugLogFile, StartsEmptyAtEachRunAndPrintsNothingWhileOffOrNotOpened) {
@@ -50,14 +35,13 @@ TEST_F(DebugLogFile, StartsEmptyAtEachRunAndPrintsNothingWhileOffOrNotOpened) {
     log.DebugPrint("not this");
     log.ToFile = true;
     log.DebugPrint("this", true, true);
-    EXPECT_EQ(Written(), "this");
+    EXPECT_EQ(BytesOf(Path), "this");
   }
 }
 
-TEST(DebugLog, PlaceThatCannotBeWrittenIsAnError) {
+TEST_F(DebugLogFile, PlaceThatCannotBeWrittenIsAnError) {
   DebugLog log;
-  EXPECT_THROW(log.Open(::testing::TempDir() + "no such folder/x.log"),
-               std::filesystem::filesystem_error);
+  EXPECT_THROW(log.Open(Folder.File("no such folder/x.log")), std::filesystem::filesystem_error);
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 
 #include <deque>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -23,28 +25,22 @@ struct ScriptedDialogs : Dialogs {
   std::vector<FileQuestion> FileQuestions;
   std::vector<std::string> Boxes;  // "title|text|buttons"
 
-  std::optional<FileAnswer> Next(const FileQuestion& question) {
-    FileQuestions.push_back(question);
-    if (Files.empty()) return std::nullopt;
-    const auto answer = Files.front();
-    Files.pop_front();
-    return answer;
+  template <class Answer>
+  static Answer Taken(std::deque<Answer>& answers) {
+    Answer first{};
+    if (!answers.empty()) first = answers.front(), answers.pop_front();
+    return first;
   }
   std::optional<FileAnswer> ShowOpen(const FileQuestion& question) override {
-    return Next(question);
+    FileQuestions.push_back(question);
+    return Taken(Files);
   }
-  std::optional<FileAnswer> ShowSave(const FileQuestion& question) override {
-    return Next(question);
-  }
+  std::optional<FileAnswer> ShowSave(const FileQuestion& q) override { return ShowOpen(q); }
   int Ask(const std::string& title, const std::string& text,
           const std::vector<std::string>& buttons, int) override {
-    std::string box = title + "|" + text;
-    for (const std::string& button : buttons) box += "|" + button;
-    Boxes.push_back(box);
-    if (Buttons.empty()) return 0;
-    const int answer = Buttons.front();
-    Buttons.pop_front();
-    return answer;
+    Boxes.push_back(title + "|" + text);
+    for (const std::string& button : buttons) Boxes.back() += "|" + button;
+    return Taken(Buttons);
   }
 };
 
@@ -99,7 +95,26 @@ class ProgramTest : public testing::Test {
     std::filesystem::remove_all(Folder, ignored);
   }
 
+  using Texts = std::vector<std::string>;
+
   std::string Path(const std::string& name) const { return Utf8Of(Folder / PathOf(name)); }
+  bool Exists(const std::string& name) const { return std::filesystem::exists(PathOf(Path(name))); }
+  /// A file's bytes, and a file of such bytes.
+  static std::string BytesAt(const std::string& path) {
+    std::ifstream in(PathOf(path), std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+  }
+  std::string Bytes(const std::string& name) const { return BytesAt(Path(name)); }
+  std::string Put(const std::string& name, const std::string& bytes) const {
+    std::ofstream(PathOf(Path(name)), std::ios::binary) << bytes;
+    return Path(name);
+  }
+  /// The answer of a file dialog that chose several files of the folder.
+  std::string Several(const Texts& names) const {
+    std::string list = Utf8Of(Folder) + '\0';
+    for (const std::string& name : names) list += name + '\0';
+    return list;
+  }
 
   /// A record with a tensor, shown in the specimen and geographic systems.
   static SpecimenRecord Record(const std::string& name) {
@@ -120,17 +135,21 @@ class ProgramTest : public testing::Test {
     EXPECT_TRUE(WriteAmsFile(Path(name + ".ams"), records, false, true));
     return Path(name + ".ams");
   }
-  void OpenFile(const std::string& path, int filter = 1) {
+  void Answer(const std::string& path, int filter = 1) {
     Asked.Files.push_back(FileAnswer{path, filter});
-    RunMenu(Program, CommandNamed("mnuOpen"));
+  }
+  void OpenFile(const std::string& path, int filter = 1) {
+    Answer(path, filter);
+    Menu("mnuOpen");
   }
   void Menu(const char* name) { RunMenu(Program, CommandNamed(name)); }
   void Button(const char* name) { RunButton(Program, CommandNamed(name)); }
-  std::string Names() const {
+  static std::string NamesOf(const RecordArray& records) {
     std::string names;
-    for (const SpecimenRecord& r : Program.Session.Records) names += r.Name + " ";
+    for (const SpecimenRecord& r : records) names += r.Name + " ";
     return names;
   }
+  std::string Names() const { return NamesOf(Program.Session.Records); }
 
   std::filesystem::path Folder;
   ScriptedDialogs Asked;
