@@ -12,13 +12,11 @@
 namespace velorix {
 namespace {
 
-constexpr int EmblemSize = 112;
-
 QLabel* MakeEmblem(QWidget* parent) {
+  const int size = 7 * parent->fontMetrics().height();
   auto* emblem = new QLabel(parent);
-  emblem->setPixmap(
-      OwnIcon("velorix").pixmap(QSize(EmblemSize, EmblemSize), parent->devicePixelRatioF()));
-  emblem->setFixedSize(EmblemSize, EmblemSize);
+  emblem->setPixmap(OwnIcon("velorix").pixmap(QSize(size, size), parent->devicePixelRatioF()));
+  emblem->setFixedSize(size, size);
   return emblem;
 }
 

@@ -13,6 +13,9 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSpinBox>
 #include <QVBoxLayout>
@@ -103,11 +106,13 @@ frmContour::frmContour(Velorix& velorix, QWidget* owner)
   setWindowTitle("Contour Plot");
   setAttribute(Qt::WA_QuitOnClose, false);
   auto* row = new QHBoxLayout(this);
+  QLayout* controls = MakeControls();  // first in the order of Tab
   row->addLayout(MakePicture(), 1);
-  row->addLayout(MakeControls());
-  resize(880, 620);
+  row->addLayout(controls);
+  resize(QSize(880, 620).expandedTo(sizeHint()).boundedTo(screen()->availableSize()));
   ShowContourData(velorix_);
   ShowState();
+  findChild<QPushButton*>("cmdCount")->setFocus();
 }
 
 frmContour::~frmContour() { qApp->removeEventFilter(this); }
@@ -138,7 +143,7 @@ QLayout* frmContour::MakePicture() {
   clip_->hide();
 
   auto* below = new QHBoxLayout;
-  below->addWidget(new QLabel("Levels:", this));
+  below->addWidget(levelsTitle_ = new QLabel(this));
   levels_ = MakeLabel("lblLevels", "Contour levels, in multiples of a uniform density", this);
   levels_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   below->addWidget(levels_);
@@ -180,17 +185,31 @@ QLayout* frmContour::MakeProgress() {
 
 QLayout* frmContour::MakeControls() {
   auto* column = new QVBoxLayout;
-  AddDisplays(*column);
-  AddSmooth(*column);
-  AddColours(*column);
-  AddChecks(*column);
-  column->addStretch(1);
+  auto* options = new QWidget(this);
+  auto* frames = new QVBoxLayout(options);
+  frames->setContentsMargins(0, 0, 0, 0);
+  AddDisplays(*frames);
+  AddSmooth(*frames);
+  AddColours(*frames);
+  AddChecks(*frames);
+  frames->addStretch(1);
+  // With large letters they may be higher than the screen.
+  auto* scroll = new QScrollArea(this);
+  scroll->setFrameStyle(QFrame::NoFrame);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroll->setWidgetResizable(true);
+  scroll->setWidget(options);
+  scroll->setMinimumWidth(options->sizeHint().width() +
+                          scroll->verticalScrollBar()->sizeHint().width());
+  column->addWidget(scroll, 1);
+  column->addSpacing(8);
   AddCommands(*column);
   return column;
 }
 
 void frmContour::AddDisplays(QVBoxLayout& column) {
-  QVBoxLayout* inside = AddFrame(column, "fraDisplay", "Data", this);
+  QVBoxLayout* inside = AddFrame(column, "fraDisplay", "Da&ta", this);
   for (int index = 1; index <= 5; ++index) {
     auto* option =
         MakeButton<QRadioButton>("", ContourDisplays[index].Name, DisplayTips[index], this);
@@ -205,14 +224,14 @@ void frmContour::AddDisplays(QVBoxLayout& column) {
 }
 
 void frmContour::AddSmooth(QVBoxLayout& column) {
-  QVBoxLayout* inside = AddFrame(column, "fraSmooth", "Smooth", this);
+  QVBoxLayout* inside = AddFrame(column, "fraSmooth", "&Smooth", this);
   auto* spinner = new QSpinBox(this);
   spinner->setObjectName("udSmooth");
   spinner->setRange(0, 100);
   spinner->setValue(velorix_.Contour.Options.txtSmooth);
   const char tip[] = "Smoothing of the next count: greater is sharper";
   spinner->setToolTip(tip);
-  spinner->setAccessibleName(tip);
+  spinner->setAccessibleName("Smooth");
   if (auto* text = spinner->findChild<QLineEdit*>()) text->setObjectName("txtSmooth");
   connect(spinner, &QSpinBox::valueChanged, this, [this](int value) {
     velorix_.Contour.Options.txtSmooth = static_cast<std::int16_t>(value);
@@ -253,8 +272,12 @@ QPushButton* frmContour::AddCommand(QLayout& row, const char* name, const char* 
 }
 
 void frmContour::AddCommands(QVBoxLayout& column) {
-  AddCommand(column, "cmdCount", "Count", "Count the density of the data in view [Return]",
-             &frmContour::Count);
+  QPushButton* count =
+      AddCommand(column, "cmdCount", "Count", "Count the density of the data in view [Return]",
+                 &frmContour::Count);
+  QFont bold = count->font();
+  bold.setBold(true);
+  count->setFont(bold);
   for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
     connect(new QShortcut(key, this), &QShortcut::activated, this, [this] { Count(); });
   AddCommand(column, "cmdRedraw", "&Redraw", "Draw the picture again, without a count",
@@ -269,7 +292,8 @@ void frmContour::AddCommands(QVBoxLayout& column) {
              "examples/grevadata.txt in the program's folder",
              &frmContour::Export);
   column.addSpacing(8);
-  AddCommand(column, "cmdCLOSE", "Close", "Close this window", &frmContour::Shut);
+  AddCommand(column, "cmdCLOSE", "Close", "Close this window [Esc]", &frmContour::Shut);
+  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { Shut(); });
 }
 
 void frmContour::Change(const std::function<void(ContourOptions&)>& change) {
@@ -283,6 +307,7 @@ void frmContour::Redraw() { picture_->Redraw(); }
 void frmContour::ShowState() {
   const ContourSession& contour = velorix_.Contour;
   caption_->setText(ToQString(ContourCaption(velorix_)));
+  levelsTitle_->setText(contour.Counted() ? "Levels:" : "Count (Return) computes the density.");
   levels_->setText(ToQString(ContourLevelsText(contour)));
   time_->setText(ToQString(ContourTimeText(contour)));
   const QString maximum = ToQString(ContourMaximumText(velorix_));
@@ -326,7 +351,10 @@ bool frmContour::eventFilter(QObject* watched, QEvent* event) {
   const bool widget = watched->isWidgetType() || event->type() == QEvent::Shortcut;
   if (!counting_ || !widget || watched == cancel_ || !IsInput(event->type())) return false;
   const bool escape =
-      event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+      event->type() == QEvent::Shortcut
+          ? static_cast<QShortcutEvent*>(event)->key() == QKeySequence(Qt::Key_Escape)
+          : event->type() == QEvent::KeyPress &&
+                static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
   if (escape || (event->type() == QEvent::Close && watched == this)) Cancel();
   event->ignore();
   return true;

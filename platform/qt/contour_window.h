@@ -57,8 +57,8 @@ class frmContour : public QWidget {
 
   Velorix& velorix_;
   PictureWidget* picture_ = nullptr;
-  QLabel *caption_ = nullptr, *levels_ = nullptr, *cursor_ = nullptr, *time_ = nullptr,
-         *clip_ = nullptr;
+  QLabel *caption_ = nullptr, *levelsTitle_ = nullptr, *levels_ = nullptr, *cursor_ = nullptr,
+         *time_ = nullptr, *clip_ = nullptr;
   QProgressBar* bar_ = nullptr;
   QPushButton* cancel_ = nullptr;
   QElapsedTimer events_;  // since the window system was last listened to

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/data_table.h"
 #include "platform/qt/widgets.h"
@@ -20,11 +21,12 @@ frmDataTable::frmDataTable(Velorix& velorix, QWidget* owner)
   setWindowTitle("Data Table");
   setAttribute(Qt::WA_QuitOnClose, false);
   auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(6, 6, 6, 6);
+  column->setContentsMargins(8, 8, 8, 8);
   Table = new RecordTable(velorix, DataTableRecordColumns, this);
   Table->setToolTip(
       "Every value of the records in view. A click on a header sorts by its column, Ctrl+C copies "
       "the selected rows");
+  Table->setAccessibleName("Data table");
   column->addWidget(Table, 1);
 
   auto* row = new QHBoxLayout;
@@ -36,12 +38,17 @@ frmDataTable::frmDataTable(Velorix& velorix, QWidget* owner)
     return made;
   };
   row->addStretch(1);
-  connect(button("cmdCopy", "Copy", "Copy the selected rows as tab-separated text [Ctrl+C]"),
+  connect(button("cmdSort", "&Sort",
+                 "Sort by the column of the current cell, to which the arrow "
+                 "keys go; again for the other way round"),
+          &QPushButton::clicked, this, [this] { SortByCurrent(); });
+  connect(button("cmdCopy", "&Copy", "Copy the selected rows as tab-separated text [Ctrl+C]"),
           &QPushButton::clicked, this, [this] { Copy(); });
-  connect(button("cmdCLOSE", "CLOSE", "Close the data table [F1]"), &QPushButton::clicked, this,
-          &QWidget::close);
+  connect(button("cmdCLOSE", "Close", "Close the data table [Esc, F1]"), &QPushButton::clicked,
+          this, &QWidget::close);
   column->addLayout(row);
   connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, [this] { Copy(); });
+  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
   connect(Table->horizontalHeader(), &QHeaderView::sectionClicked, this,
           [this](int section) { Table->SortBy(section); });
 
@@ -50,6 +57,14 @@ frmDataTable::frmDataTable(Velorix& velorix, QWidget* owner)
   const QWidget* main = owner->window();
   setGeometry(main->x() + Inset, main->y(), main->width() - Narrower, main->height() - Lower);
   Table->Fill();
+  Table->setFocus();
+}
+
+/// What a click on the header of the current cell does.
+void frmDataTable::SortByCurrent() {
+  const int column = std::max(0, Table->currentIndex().column());
+  Table->clearSelection();
+  Table->SortBy(column);
 }
 
 void frmDataTable::Copy() {

@@ -22,6 +22,7 @@ class frmDataTable : public QWidget {
 
  private:
   void Copy();
+  void SortByCurrent();
 
   Velorix& velorix_;
 };

@@ -18,14 +18,18 @@ namespace {
 
 constexpr Array1<Colour, 3> RowColours = {0xC0C0FF, 0xC0FFC0, 0xFFC0C0};  // Kmax, Kint, Kmin
 constexpr Array1<const char*, 3> RowNames = {"K1", "K2", "K3"};
-constexpr int ValueWidth = 64;
+constexpr char Note[] =
+    "Angles in degrees.\n\n"
+    "Confidence Ellipses: standard errors of the directions, from 5 records on.\n\n"
+    "Bootstrap: half-axes of the 95 % regions, from 5 to 100 records.\n\n"
+    "Std. Err.: standard deviation of the records' values.";
 
-void SetBackground(QLabel& label, Colour colour) {
+/// The colours are the same on dark desktops: black on them is read everywhere.
+void Paint(QLabel& label, Colour colour) {
   QPalette palette = label.palette();
-  palette.setColor(QPalette::Window, ToQColor(colour));
-  palette.setColor(QPalette::WindowText, Qt::black);
+  palette.setColor(QPalette::Base, ToQColor(colour));
+  palette.setColor(QPalette::Text, Qt::black);
   label.setPalette(palette);
-  label.setAutoFillBackground(true);
 }
 
 }  // namespace
@@ -37,18 +41,15 @@ frmGroupStatistics::frmGroupStatistics(const Velorix& velorix, QWidget* owner)
   setAttribute(Qt::WA_QuitOnClose, false);
   auto* frame = new QGroupBox("Jelinek", this);
   frame->setObjectName("fraJelinek");
-  auto* inside = new QVBoxLayout(frame);
-  inside->addLayout(MakeDirections());
-  inside->addSpacing(10);
-  inside->addLayout(MakeFactors());
-  auto* copy = new QPushButton("Copy", this);
-  copy->setObjectName("cmdCopy");
-  copy->setToolTip("Copy the numbers as tab-separated text [Ctrl+C]");
-  connect(copy, &QPushButton::clicked, this, [this] { Copy(); });
-  connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, [this] { Copy(); });
+  auto* table = new QGridLayout(frame);
+  table->setSpacing(3);
+  for (int column = 1; column <= 7; ++column)
+    table->setColumnMinimumWidth(column, fontMetrics().horizontalAdvance("-0.000E-00") + 8);
+  AddDirections(*table);
+  AddFactors(*table);
   auto* column = new QVBoxLayout(this);
   column->addWidget(frame);
-  column->addWidget(copy, 0, Qt::AlignRight);
+  column->addLayout(MakeCommands());
   column->setSizeConstraint(QLayout::SetFixedSize);
 
   AnisoFacName_Show();
@@ -56,66 +57,99 @@ frmGroupStatistics::frmGroupStatistics(const Velorix& velorix, QWidget* owner)
 }
 
 void frmGroupStatistics::AddHeading(QGridLayout& table, int row, int column, const QString& text,
-                                    int span) {
+                                    const QString& tip, int span) {
   auto* heading = new QLabel(text, this);
-  heading->setAlignment(Qt::AlignCenter);
+  heading->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+  heading->setToolTip(tip);
   table.addWidget(heading, row, column, 1, span);
 }
 
-void frmGroupStatistics::AddValue(QGridLayout& table, int row, int column, int index, bool boot) {
+QLabel* frmGroupStatistics::AddName(QGridLayout& table, int row, const QString& text) {
+  auto* name = new QLabel(text, this);
+  name->setMinimumWidth(fontMetrics().horizontalAdvance("N = 00000") + 8);
+  name->setContentsMargins(3, 0, 12, 0);
+  table.addWidget(name, row, 0);
+  return name;
+}
+
+QLabel* frmGroupStatistics::AddValue(QGridLayout& table, int row, int column, int index,
+                                     bool boot) {
   auto* label = new QLabel(this);
   label->setObjectName(QString(boot ? "lblBootStat(%1)" : "lblJelinek(%1)").arg(index));
   label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  label->setMinimumWidth(ValueWidth);
   label->setMargin(3);
   label->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
+  label->setBackgroundRole(QPalette::Base);
+  label->setForegroundRole(QPalette::Text);
+  label->setAutoFillBackground(true);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);
   table.addWidget(label, row, column);
   values_.push_back({label, index, boot});
+  return label;
 }
 
 /// The count, and a row each for Kmax, Kint and Kmin.
-QLayout* frmGroupStatistics::MakeDirections() {
-  auto* table = new QGridLayout;
-  table->setSpacing(3);
-  AddHeading(*table, 0, 4, "Confidence Ellipses", 2);
-  AddHeading(*table, 0, 6, "Bootstrap", 2);
-  AddValue(*table, 1, 0, CountLabel, false);
-  AddHeading(*table, 1, 1, "Mean Tensor");
-  AddHeading(*table, 1, 2, "Dec");
-  AddHeading(*table, 1, 3, "Inc");
-  AddHeading(*table, 1, 4, "Normed Semi-Axes", 2);
-  AddHeading(*table, 1, 6, "Semi-Axes", 2);
+void frmGroupStatistics::AddDirections(QGridLayout& table) {
+  const QString mean = "Principal values and directions of the mean tensor, in degrees";
+  const QString errors = "Standard errors of the directions, in degrees; 5 records and more";
+  const QString boot = "Half-axes of the bootstrap regions, in degrees; 5 to 100 records";
+  AddHeading(table, 0, 4, "Confidence Ellipses", errors, 2);
+  AddHeading(table, 0, 6, "Bootstrap", boot, 2);
+  QLabel* count = AddValue(table, 1, 0, CountLabel, false);
+  count->setAlignment(Qt::AlignCenter);
+  count->setToolTip("Records in the mean tensor");
+  AddHeading(table, 1, 1, "Mean Tensor", mean);
+  AddHeading(table, 1, 2, "Dec", mean);
+  AddHeading(table, 1, 3, "Inc", mean);
+  AddHeading(table, 1, 4, "Normed Semi-Axes", errors, 2);
+  AddHeading(table, 1, 6, "Semi-Axes", boot, 2);
   for (int k = 1; k <= 3; ++k) {
-    AddHeading(*table, k + 1, 0, RowNames[k]);
+    AddName(table, k + 1, RowNames[k]);
     for (int column = 1; column <= 5; ++column)
-      AddValue(*table, k + 1, column, DirectionLabel(k, column), false);
+      Paint(*AddValue(table, k + 1, column, DirectionLabel(k, column), false), RowColours[k]);
     for (int axis = 1; axis <= 2; ++axis)
-      AddValue(*table, k + 1, 5 + axis, 2 * (k - 1) + axis, true);
-    for (int column = 1; column <= 7; ++column)
-      SetBackground(*static_cast<QLabel*>(table->itemAtPosition(k + 1, column)->widget()),
-                    RowColours[k]);
+      Paint(*AddValue(table, k + 1, 5 + axis, 2 * (k - 1) + axis, true), RowColours[k]);
   }
-  return table;
 }
 
-/// A row for Km and one for each factor.
-QLayout* frmGroupStatistics::MakeFactors() {
-  auto* table = new QGridLayout;
-  table->setSpacing(3);
-  AddHeading(*table, 0, 1, "Mean Tensor");
-  AddHeading(*table, 0, 2, "Average");
-  AddHeading(*table, 0, 3, "Std. Err.");
-  for (int row = 0; row <= 8; ++row) {
-    auto* name = new QLabel("Km", this);
-    name->setMinimumWidth(ValueWidth);
-    table->addWidget(name, row + 1, 0);
+/// A row for Km and one for each factor; the note takes the room beside them.
+void frmGroupStatistics::AddFactors(QGridLayout& table) {
+  constexpr int Head = 6, Rows = 9;
+  table.setRowMinimumHeight(Head - 1, 10);
+  AddHeading(table, Head, 1, "Mean Tensor", "Factors of the mean tensor, whose mean is 1");
+  AddHeading(table, Head, 2, "Average", "Means of the records' values");
+  AddHeading(table, Head, 3, "Std. Err.", "Standard deviations of the records' values");
+  for (int row = 0; row < Rows; ++row) {
+    QLabel* name = AddName(table, Head + 1 + row, "Km");
     if (row > 0) factorNames_.push_back(name);
     for (int column = 1; column <= 3; ++column)
-      AddValue(*table, row + 1, column, FactorValueLabel(row, column), false);
+      AddValue(table, Head + 1 + row, column, FactorValueLabel(row, column), false);
   }
-  table->setColumnStretch(4, 1);
-  return table;
+  auto* note = new QLabel(Note, this);
+  note->setObjectName("lblNote");
+  note->setWordWrap(true);
+  note->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  note->setContentsMargins(18, 3, 3, 3);
+  table.addWidget(note, Head + 1, 4, Rows, 4);
+}
+
+QLayout* frmGroupStatistics::MakeCommands() {
+  auto* row = new QHBoxLayout;
+  row->addStretch(1);
+  const auto button = [&](const char* name, const char* caption, const char* tip) {
+    auto* made = new QPushButton(caption, this);
+    made->setObjectName(name);
+    made->setToolTip(tip);
+    row->addWidget(made);
+    return made;
+  };
+  connect(button("cmdCopy", "&Copy", "Copy the numbers as tab-separated text [Ctrl+C]"),
+          &QPushButton::clicked, this, [this] { Copy(); });
+  connect(button("cmdCLOSE", "Close", "Close the group statistics [Esc]"), &QPushButton::clicked,
+          this, &QWidget::close);
+  connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, [this] { Copy(); });
+  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
+  return row;
 }
 
 void frmGroupStatistics::AnisoFacName_Show() {

@@ -35,10 +35,13 @@ class frmGroupStatistics : public QWidget {
     bool Boot;
   };
 
-  void AddHeading(QGridLayout& table, int row, int column, const QString& text, int span = 1);
-  void AddValue(QGridLayout& table, int row, int column, int index, bool boot);
-  QLayout* MakeDirections();
-  QLayout* MakeFactors();
+  void AddHeading(QGridLayout& table, int row, int column, const QString& text, const QString& tip,
+                  int span = 1);
+  QLabel* AddName(QGridLayout& table, int row, const QString& text);
+  QLabel* AddValue(QGridLayout& table, int row, int column, int index, bool boot);
+  void AddDirections(QGridLayout& table);
+  void AddFactors(QGridLayout& table);
+  QLayout* MakeCommands();
   void Copy();
 
   const Velorix& velorix_;

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTextBlock>
@@ -31,21 +32,28 @@ QString AnchorOf(const QString& heading) {
   return heading.toLower().remove(other).replace(' ', '-');
 }
 
-/// Headings get the names that links know them by, and room above.
-void DressHeadings(QTextDocument& page) {
+/// Room around the lines; headings get the names that links know them by.
+void DressLines(QTextDocument& page) {
   QHash<QString, int> seen;
   for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
-    if (block.blockFormat().headingLevel() == 0) continue;
-    QString name = AnchorOf(block.text());
-    if (const int before = seen[name]++) name += QString("-%1").arg(before);
     QTextCursor cursor(block);
     cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    const int level = block.blockFormat().headingLevel();
+    QTextBlockFormat room;
+    if (level == 0) {
+      if (block.text().contains(QChar::ObjectReplacementCharacter)) continue;  // a picture
+      const bool code = block.blockFormat().hasProperty(QTextFormat::BlockCodeFence);
+      room.setLineHeight(code ? 110 : 125, QTextBlockFormat::ProportionalHeight);
+      cursor.mergeBlockFormat(room);
+      continue;
+    }
+    QString name = AnchorOf(block.text());
+    if (const int before = seen[name]++) name += QString("-%1").arg(before);
     QTextCharFormat anchor;
     anchor.setAnchor(true);
     anchor.setAnchorNames({name});
     cursor.mergeCharFormat(anchor);
-    QTextBlockFormat room;
-    room.setTopMargin(block.blockFormat().headingLevel() == 1 ? 4 : 18);
+    room.setTopMargin(level == 1 ? 4 : 18);
     room.setBottomMargin(6);
     cursor.mergeBlockFormat(room);
   }
@@ -73,6 +81,7 @@ ManualPage::ManualPage(QWidget* parent) : QTextBrowser(parent) {
   setObjectName("txtManual");
   setAccessibleName("Page of the manual");
   setOpenExternalLinks(true);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // the pictures' width stays
   document()->setDocumentMargin(18);
   document()->setUndoRedoEnabled(false);
   connect(this, &QTextBrowser::sourceChanged, this, [this](const QUrl& page) { DressPage(page); });
@@ -111,7 +120,7 @@ void ManualPage::DressPage(const QUrl& page) {
     setMarkdown(Missing + (path.isEmpty() ? QString() : "Sought was `" + path + "`.\n"));
   QTextCursor all(document());
   all.beginEditBlock();  // which is laid out once
-  DressHeadings(*document());
+  DressLines(*document());
   DressTables(*document(), palette());
   all.endEditBlock();
   const QString title = document()->firstBlock().text();
@@ -144,7 +153,8 @@ frmManual::frmManual(const QString& firstPage, QWidget* owner)
   column->addLayout(MakeBar(home));
   column->addWidget(page_, 1);
   const QFontMetrics letters = fontMetrics();
-  resize(letters.averageCharWidth() * 130, letters.height() * 44);
+  const QSize comfortable(letters.averageCharWidth() * 150, letters.height() * 50);
+  resize(comfortable.boundedTo(screen()->availableSize() * 0.9));
   page_->setFocus();
   if (home.isEmpty())
     emit page_->sourceChanged(home);

@@ -54,9 +54,8 @@ class ContourWindowTest : public QObject {
     QWidget& picture = The<QWidget>("picContour");
     const double scale = std::min((picture.width() - 8.0) / ContourPlane.width,
                                   (picture.height() - 8.0) / ContourPlane.height);
-    return {
-        static_cast<int>((picture.width() - scale * ContourPlane.width) / 2 + (x + 0.5) * scale),
-        static_cast<int>((picture.height() - scale * ContourPlane.height) / 2 + (y + 0.5) * scale)};
+    return {qRound((picture.width() - scale * ContourPlane.width) / 2 + (x + 0.5) * scale),
+            qRound((picture.height() - scale * ContourPlane.height) / 2 + (y + 0.5) * scale)};
   }
   void MoveTo(double x, double y) {
     const QPointF place = Place(x, y);
