@@ -140,7 +140,9 @@ struct Plot {
 };
 
 TEST(XYPlot, PlacesPointsByTheirAxesAndKeepsThePlaces) {
-  Plot plot(Records({{0, 0}, {6, 4}, {3.5, 1.8}}));
+  Session session = Records({{0, 0}, {6, 4}, {3.5, 1.8}});
+  session.Records[1].Selected = true;
+  Plot plot(session);
   ASSERT_TRUE(plot.axes);
   EXPECT_EQ(plot.axes->x.range, (AxisRange{0, 7, 0, 1, 0.2}));
   EXPECT_EQ(plot.axes->y.range, (AxisRange{0, 4.5, 0, 0.5, 0.1}));
@@ -149,6 +151,11 @@ TEST(XYPlot, PlacesPointsByTheirAxesAndKeepsThePlaces) {
   EXPECT_DOUBLE_EQ(plot.session.Records[3].PlotY[3], 163);
   EXPECT_EQ(plot.session.Records[3].PlotX[4].width(), Number::Width::Unset);
   EXPECT_EQ(plot.Symbols(), 3u);
+  EXPECT_EQ(CallsOf<EllipseCall>(plot.calls).back().brush, Yellow);  // the selected one on top
+  for (const TextCall& text : CallsOf<TextCall>(plot.calls))
+    if (text.text == " 4.5") {
+      EXPECT_EQ(text.point, (LogicalPoint{54, 43}));  // left of the frame's upper end
+    }
 }
 
 TEST(XYPlot, LeavesOutWhatIsNoNumberOrOutsideAnImposedRange) {

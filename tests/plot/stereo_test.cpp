@@ -184,8 +184,9 @@ TEST(StereoPlane, HoldsAllThatIsDrawn) {
   StereoOptions longCodes = geological;
   longCodes.lstFoli.push_back("LONGFOLIATION");
   longCodes.lstLine.push_back("LONGERLINEATION");
-  for (const StereoOptions& options : {StereoOptions{}, Only(), geological, longCodes}) {
-    const PlaneSize plane = StereoPlane(options), extent = Extent(Drawn({}, options));
+  const StereoOptions scale = Only({&O::chkData, &O::chkStereoColorCoding});
+  for (const StereoOptions& options : {StereoOptions{}, Only(), geological, longCodes, scale}) {
+    const PlaneSize plane = StereoPlane(options), extent = Extent(Drawn(Uprights(2), options));
     EXPECT_LT(extent.width, plane.width);
     EXPECT_LT(extent.height, plane.height);
   }
@@ -206,6 +207,17 @@ GroupStats Group(std::int16_t n) {
   return stats;
 }
 
+/// Lines l and symbols s in their order, those of selected records y and Y; runs as one.
+std::string KindsOf(const std::vector<DrawCall>& calls) {
+  std::string kinds;
+  for (const DrawCall& call : calls) {
+    const bool selected = (ToText(call) + " ").find(" FFFF ") != std::string::npos;
+    const char kind = (selected ? "Yy" : "sl")[std::holds_alternative<PolylineCall>(call)];
+    if (!kinds.ends_with(kind)) kinds += kind;
+  }
+  return kinds;
+}
+
 TEST(StereoGeology, AnUnselectedPlaneGetsOneStickAndASelectedOneTwo) {
   StereoOptions options = Only();
   options.chkFoli = {true, false, false, true, false};
@@ -219,10 +231,12 @@ TEST(StereoGeology, AnUnselectedPlaneGetsOneStickAndASelectedOneTwo) {
 
 TEST(StereoGeology, OnlyListedCodesAreDrawnEachInThePenOfItsPlace) {
   StereoOptions options = Only();
-  options.chkFoli = {true, true, false, false, false};
-  options.lstFoli = {"S1", "S0"};  // the second of the list is thin and dashed
-  EXPECT_EQ(std::get<PolylineCall>(OverTheNet(Uprights(1), options).at(0)).pen,
-            (Pen{Dashed, PlaneColour, 1}));
+  options.chkFoli = {true, true, true, false, false};
+  options.lstFoli = {"S1", "S0"};  // the second of the list is thin, dashed and has a plus
+  const auto calls = OverTheNet(Uprights(1), options);
+  EXPECT_EQ(std::get<PolylineCall>(calls.at(0)).pen, (Pen{Dashed, PlaneColour, 1}));
+  EXPECT_EQ(KindsOf(calls), "lsl");
+  EXPECT_EQ(CallsOf<EllipseCall>(calls).size(), 1u);
   EXPECT_TRUE(OverTheNet(Uprights(1), options, GroupStats(), Specimen).empty());
   options.lstFoli = {"s0"};
   EXPECT_TRUE(OverTheNet(Uprights(1), options).empty());
@@ -235,17 +249,6 @@ TEST(StereoGroup, TheBootstrapNeedsAStoreOfAtMostAHundred) {
   GroupStats failed = Group(100);
   failed.Reached = GroupStats::TensorErrors;
   EXPECT_TRUE(OverTheNet(Uprights(100), options, failed).empty());
-}
-
-/// Lines l and symbols s in their order, those of selected records y and Y; runs as one.
-std::string KindsOf(const std::vector<DrawCall>& calls) {
-  std::string kinds;
-  for (const DrawCall& call : calls) {
-    const bool selected = (ToText(call) + " ").find(" FFFF ") != std::string::npos;
-    const char kind = (selected ? "Yy" : "sl")[std::holds_alternative<PolylineCall>(call)];
-    if (!kinds.ends_with(kind)) kinds += kind;
-  }
-  return kinds;
 }
 
 TEST(StereoGroup, MeansShowFromOneRecordOnAndTheirEllipsesFromFive) {
