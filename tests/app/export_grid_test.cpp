@@ -1,22 +1,11 @@
 #include "app/export_grid.h"
 
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 
 #include "tests/app/script.h"
 
 namespace velorix {
 namespace {
-
-std::string BytesOf(const std::string& path) {
-  std::ifstream in(PathOf(path), std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
-void PutFile(const std::string& path, const std::string& bytes) {
-  std::ofstream(PathOf(path), std::ios::binary) << bytes;
-}
 
 /// Two rows of which the second is selected, two columns, a row header and two header rows.
 GridTexts SmallGrid() {
@@ -31,6 +20,8 @@ GridTexts SmallGrid() {
   grid.IsSelected = [](int row) { return row == 1; };
   return grid;
 }
+const std::string Rows = "1 ,\xB5\x31 , ,\r\n2 ,? ,-1.5E-05 ,\r\n",
+                  Whole = "ID ,Name ,Km ,\r\n" + Rows;
 
 class ExportGridTest : public ProgramTest {};
 
@@ -40,31 +31,21 @@ TEST_F(ExportGridTest, PutsABlankAndTheDelimiterBehindEveryValue) {
     ExportForm Form;
     const char* Wanted;
   } cases[] = {
-      {"comma",
-       {},
-       "ID ,Name ,Km ,\r\n1 ,\xB5"
-       "1 , ,\r\n2 ,? ,-1.5E-05 ,\r\n"},
+      {"comma", {}, Whole.c_str()},
       {"two header rows",
        {.Delimiter = ";", .HeaderRows = 2},
-       " ;upper ; ;\r\nID ;Name ;Km ;\r\n1 ;\xB5"
-       "1 ; ;\r\n2 ;? ;-1.5E-05 ;\r\n"},
-      {"no header row",
-       {.HeaderRows = 0},
-       "1 ,\xB5"
-       "1 , ,\r\n2 ,? ,-1.5E-05 ,\r\n"},
+       " ;upper ; ;\r\nID ;Name ;Km ;\r\n1 ;\xB5\x31 ; ;\r\n2 ;? ;-1.5E-05 ;\r\n"},
+      {"no header row", {.HeaderRows = 0}, Rows.c_str()},
       {"blanks kept, selected rows under their header",
        {.Delimiter = "\t", .HeaderRows = 2, .SelectedOnly = true, .StripBlanks = false},
        " \tup per \t \t\r\nID \tName \tKm \t\r\n2 \t? \t-1.5E-05 \t\r\n"},
       {"a delimiter between blanks",
-       {
-           .Delimiter = " , ",
-           .SelectedOnly = true,
-       },
+       {.Delimiter = " , ", .SelectedOnly = true},
        "ID  , Name  , Km  , \r\n2  , ?  , -1.5E-05  , \r\n"},
   };
   for (const auto& c : cases) {
     ASSERT_TRUE(ExportGrid(SmallGrid(), Path(c.What), c.Form)) << c.What;
-    EXPECT_EQ(BytesOf(Path(c.What)), c.Wanted) << c.What;
+    EXPECT_EQ(Bytes(c.What), c.Wanted) << c.What;
   }
 }
 
@@ -76,37 +57,32 @@ TEST_F(ExportGridTest, FillsPrintZonesOfFourteen) {
     const int lengths[] = {0, 13, 14, 15, 28, 29};
     text.append(static_cast<std::size_t>(lengths[row]), 'x').append(row == 1 ? " " : "");
   };
-  const std::size_t wanted[] = {14, 14, 14, 28, 28, 42};
+  std::string wanted;
+  for (const auto& [length, zones] :
+       {std::pair{0, 14}, {13, 14}, {14, 14}, {15, 28}, {28, 28}, {29, 42}})
+    wanted += std::string(length, 'x') + std::string(zones - length, ' ') + "\r\n";
   for (const char* delimiter : {"", "   "}) {
-    std::filesystem::remove(PathOf(Path("zones")));
-    ASSERT_TRUE(ExportGrid(grid, Path("zones"), {.Delimiter = delimiter, .HeaderRows = 0}));
-    std::istringstream lines(BytesOf(Path("zones")));
-    std::string line;
-    for (const std::size_t length : wanted) {
-      std::getline(lines, line);
-      EXPECT_EQ(line.size(), length + 1) << "with the CR of its end";
-    }
+    ASSERT_TRUE(ExportGrid(grid, Path("zones"),
+                           {.Delimiter = delimiter, .HeaderRows = 0, .Append = false}));
+    EXPECT_EQ(Bytes("zones"), wanted);
   }
 }
 
 TEST_F(ExportGridTest, HeaderGoesOnlyIntoAFileWithoutContent) {
-  const auto grid = SmallGrid();
-  const std::string rows =
-      "1 ,\xB5"
-      "1 , ,\r\n2 ,? ,-1.5E-05 ,\r\n";
-  const std::string whole = "ID ,Name ,Km ,\r\n" + rows;
-  PutFile(Path("empty"), "");
-  ASSERT_TRUE(ExportGrid(grid, Path("empty"), {}));
-  EXPECT_EQ(BytesOf(Path("empty")), whole);
-  ASSERT_TRUE(ExportGrid(grid, Path("empty"), {}));
-  EXPECT_EQ(BytesOf(Path("empty")), whole + rows);
-  PutFile(Path("line"), "kept without an end");
-  ASSERT_TRUE(ExportGrid(grid, Path("line"), {}));
-  EXPECT_EQ(BytesOf(Path("line")), "kept without an end" + rows);
-  ASSERT_TRUE(ExportGrid(grid, Path("line"), {.Append = false}));
-  EXPECT_EQ(BytesOf(Path("line")), whole);
-  ASSERT_TRUE(ExportGrid({.Columns = 1, .AppendCell = grid.AppendCell}, Path("none"), {}));
-  EXPECT_EQ(BytesOf(Path("none")), "Name ,\r\n");
+  const struct {
+    const char* old;
+    bool append;
+    std::string wanted;
+  } cases[] = {{"", true, Whole},
+               {"kept without an end", true, "kept without an end" + Rows},
+               {"kept without an end", false, Whole}};
+  for (const auto& c : cases) {
+    Put("old", c.old);
+    ASSERT_TRUE(ExportGrid(SmallGrid(), Path("old"), {.Append = c.append}));
+    EXPECT_EQ(Bytes("old"), c.wanted);
+  }
+  ASSERT_TRUE(ExportGrid({.Columns = 1, .AppendCell = SmallGrid().AppendCell}, Path("none"), {}));
+  EXPECT_EQ(Bytes("none"), "Name ,\r\n");
 }
 
 TEST_F(ExportGridTest, FailureLeavesTheOldFileAndSaysNothing) {
@@ -116,44 +92,39 @@ TEST_F(ExportGridTest, FailureLeavesTheOldFileAndSaysNothing) {
   failing.AppendCell = [](std::string&, int row, int) {
     if (row == 1) FailSubscript();
   };
-  PutFile(Path("old"), "old");
-  EXPECT_THROW(ExportGrid(failing, Path("old"), {}), Fault);
-  EXPECT_EQ(BytesOf(Path("old")), "old");
-  const std::size_t boxes = Asked.Boxes.size();
+  EXPECT_THROW(ExportGrid(failing, Put("old", "old"), {}), Fault);
+  EXPECT_EQ(Bytes("old"), "old");
   for (const std::string& name : {std::string("none/out.csv"), std::string(300, 'x')}) {
-    Asked.Files.push_back(FileAnswer{Path(name), 1});
+    Answer(Path(name));
     Menu("mnuExport");
-    EXPECT_EQ(Asked.Boxes.size(), boxes) << name;
   }
+  EXPECT_EQ(Asked.Boxes, Texts());
   for (const auto& file : std::filesystem::directory_iterator(Folder))
     EXPECT_NE(file.path().extension(), ".new") << file.path();
 }
 
 TEST_F(ExportGridTest, DialogAsksWhatToDoWithAnOldFile) {
   OpenFile(WriteFile("a", 1));
-  const std::string path = Path("out.txt");
-  const auto exported = [&](std::deque<std::optional<FileAnswer>> files, std::deque<int> buttons) {
-    PutFile(path, "old\r\n");
-    Asked.Files = std::move(files);
-    Asked.Buttons = std::move(buttons);
-    Asked.FileQuestions.clear();
+  const std::string path = Path("out.txt"), appended = "old\r\n1 ;a1 ;";
+  const struct {
+    std::deque<int> buttons;
+    std::string begin;
+  } cases[] = {{{0}, appended}, {{1}, "ID ;Specimen ;"}, {{2}, "old\r\n"}, {{2, 0}, appended}};
+  for (const auto& c : cases) {
+    Put("out.txt", "old\r\n");
+    Asked.Buttons = c.buttons;
+    Asked.Files.assign(c.buttons.size(), FileAnswer{path, 3});
     Asked.Boxes.clear();
     Menu("mnuExport");
-    return BytesOf(path);
-  };
-  const FileAnswer semicolon{path, 3};
-  const std::string appended = exported({semicolon}, {0});
-  EXPECT_TRUE(appended.starts_with("old\r\n1 ;a1 ;")) << appended;
-  EXPECT_EQ(Asked.Boxes, std::vector<std::string>{"Export Data|" + path +
-                                                  "\n\nThis file already exists.|&Append|"
-                                                  "&Overwrite|&Cancel"});
-  ASSERT_EQ(Asked.FileQuestions.size(), 1u);
-  EXPECT_EQ(Asked.FileQuestions[0].Title, "Export Data");
-  EXPECT_EQ(Asked.FileQuestions[0].DefaultName, "a");
-  EXPECT_TRUE(exported({semicolon}, {1}).starts_with("ID ;Specimen ;"));
-  EXPECT_EQ(exported({semicolon, std::nullopt}, {2}), "old\r\n") << "the dialog comes back";
-  EXPECT_EQ(Asked.FileQuestions.size(), 2u);
-  EXPECT_TRUE(exported({semicolon, semicolon}, {2, 0}).starts_with("old\r\n1 ;a1 ;"));
+    EXPECT_TRUE(Bytes("out.txt").starts_with(c.begin)) << Bytes("out.txt");
+    EXPECT_EQ(Bytes("out.txt") == "old\r\n", c.begin == "old\r\n");
+    EXPECT_EQ(Asked.Boxes, Texts(c.buttons.size(), "Export Data|" + path +
+                                                       "\n\nThis file already exists.|&Append|"
+                                                       "&Overwrite|&Cancel"));
+  }
+  EXPECT_EQ(Asked.FileQuestions.size(), 1u + 1 + 1 + 2 + 2) << "on cancel the dialog comes back";
+  EXPECT_EQ(Asked.FileQuestions.back().Title, "Export Data");
+  EXPECT_EQ(Asked.FileQuestions.back().DefaultName, "a");
 }
 
 // What the program writes of a small store, appended twice in the second file. What changes it on
@@ -167,28 +138,23 @@ TEST_F(ExportGridTest, WritesTheRecordsInViewAsApproved) {
   OpenFile(Path("site.ams"));
   SelectRecords(Program, {3});
   Menu("mnuSelection(2)");
-  const struct {
-    const char* Golden;
-    int Filter, Times;
-  } cases[] = {{"export_comma.csv", 1, 1},
-               {"export_space.txt", 2, 2},
-               {"export_semicolon.txt", 3, 1},
-               {"export_tab.txt", 4, 1}};
-  for (const auto& c : cases) {
-    for (int i = 0; i < c.Times; ++i) {
-      Asked.Files.push_back(FileAnswer{Path(c.Golden), c.Filter});
-      Menu("mnuExport");
-    }
-    const std::string golden = std::string(VELORIX_SOURCE_DIR) + "/tests/app/golden/" + c.Golden;
-    const std::string written = BytesOf(Path(c.Golden));
-    if (std::getenv("VELORIX_APPROVE")) PutFile(golden, written);
-    EXPECT_TRUE(written == BytesOf(golden)) << c.Golden << " is otherwise than approved";
+  const auto exported = [this](const std::string& name, int filter) {
+    Answer(Path(name), filter);
+    Menu("mnuExport");
+    return Bytes(name);
+  };
+  exported("export_space.txt", 2);
+  const char* names[] = {"export_comma.csv", "export_space.txt", "export_semicolon.txt",
+                         "export_tab.txt"};
+  for (int filter = 1; filter <= 4; ++filter) {
+    const std::string name = names[filter - 1], written = exported(name, filter);
+    const std::string golden = std::string(VELORIX_SOURCE_DIR) + "/tests/app/golden/" + name;
+    if (std::getenv("VELORIX_APPROVE")) std::ofstream(golden, std::ios::binary) << written;
+    EXPECT_TRUE(written == BytesAt(golden)) << name << " is otherwise than approved";
   }
   Menu("mnuClose");
-  Asked.Files.push_back(FileAnswer{Path("empty.csv"), 1});
-  Menu("mnuExport");
-  const std::string comma = BytesOf(Path("export_comma.csv"));
-  EXPECT_EQ(BytesOf(Path("empty.csv")), comma.substr(0, comma.find('\n') + 1));
+  const std::string comma = Bytes("export_comma.csv");
+  EXPECT_EQ(exported("empty.csv", 1), comma.substr(0, comma.find('\n') + 1));
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "app/save.h"
 
-#include <fstream>
-
 #include "datafiles/ran_file.h"
 #include "tests/app/script.h"
 
@@ -17,21 +15,43 @@ class Save : public ProgramTest {
   }
 };
 
-TEST_F(Save, TheSecondTypeOfBothSaveDialogsIsRan) {
+TEST_F(Save, SavesUnderANewNameAndAsksBeforeItOverwrites) {
+  OpenFile(WriteFile("a", 3));
+  Answer(Path("copy.ams"));
+  Menu("mnuSaveAs");
+  EXPECT_EQ(Asked.FileQuestions.back().DefaultName, "a");
+  EXPECT_EQ(Asked.FileQuestions.back().Filter, "AMS file (*.ams)|*.ams|RAN file (*.ran)|*.ran|");
+  EXPECT_EQ(Bytes("copy.ams").size(), 3u * 640);
+
+  Menu("mnuSaveSelectedAs");  // nothing is selected: told before a name is asked for
+  SelectRecords(Program, {2});
+  Asked.Buttons = {1, 0};  // "&No" shows the dialog again
+  for (int i = 0; i < 2; ++i) Answer(Path("copy.ams"));
+  Menu("mnuSaveSelectedAs");
+  const std::string title = "Save Selected Record(s) As|";
+  const std::string exists = title + "This file already exists.\nOverwrite existing file?|&Yes|&No";
+  EXPECT_EQ(Asked.Boxes, (Texts{title + "No record is selected.|&OK", exists, exists}));
+  EXPECT_EQ(Bytes("copy.ams").size(), 640u);
+
+  Answer(Path("no/such/folder/x.ams"));
+  Menu("mnuSaveAs");
+  EXPECT_TRUE(Asked.Boxes.back().starts_with("Velorix5|")) << Asked.Boxes.back();
+  EXPECT_EQ(Names(), "a1 a2 a3 ");
+}
+
+TEST_F(Save, TheTypeChosenDecidesNotTheName) {
   OpenFile(WriteFile("a", 3));
   SelectRecords(Program, {2, 3});
-  Asked.Files = {FileAnswer{Path("all.ran"), 2}, FileAnswer{Path("some.ran"), 2},
-                 FileAnswer{Path("first.ran"), 1}};
+  Answer(Path("all.ran"), 2);
   Menu("mnuSaveAs");
+  Answer(Path("some.ran"), 2);
   Menu("mnuSaveSelectedAs");
+  Answer(Path("first.ran"), 1);
   Menu("mnuSaveAs");
   EXPECT_TRUE(Asked.Boxes.empty());
-  EXPECT_EQ(ReadRan("all.ran").Count(), 3);
-  const RecordArray some = ReadRan("some.ran");
-  ASSERT_EQ(some.Count(), 2);
-  EXPECT_EQ(some[1].Name, "a2");
-  // The type chosen decides, not the name.
-  EXPECT_EQ(std::filesystem::file_size(Folder / "first.ran"), 3u * 640);
+  EXPECT_EQ(NamesOf(ReadRan("all.ran")), "a1 a2 a3 ");
+  EXPECT_EQ(NamesOf(ReadRan("some.ran")), "a2 a3 ");
+  EXPECT_EQ(Bytes("first.ran").size(), 3u * 640);
 }
 
 TEST_F(Save, SavedTensorsAreThoseOfTheGeographicView) {
@@ -39,7 +59,7 @@ TEST_F(Save, SavedTensorsAreThoseOfTheGeographicView) {
   Menu("mnuView(2)");
   const SpecimenRecord shown = Program.Session.Records[1];
   Menu("mnuView(1)");  // the view in force plays no part
-  Asked.Files = {FileAnswer{Path("x.ran"), 2}};
+  Answer(Path("x.ran"), 2);
   Menu("mnuSaveAs");
   const RecordArray saved = ReadRan("x.ran");
   for (int i = 1; i <= 6; ++i)
@@ -48,22 +68,19 @@ TEST_F(Save, SavedTensorsAreThoseOfTheGeographicView) {
 
 TEST_F(Save, SaveWritesARanFileOverTheOpenOne) {
   Menu("mnuSave");
-  EXPECT_EQ(Asked.Boxes, std::vector<std::string>{"Save|There is no record to save.|&OK"});
   OpenFile(WriteFile("a", 3));
   Menu("mnuSave");
-  EXPECT_EQ(Asked.Boxes.size(), 1u);
-  EXPECT_EQ(std::filesystem::file_size(Folder / "a.ams"), 4u * 64);
-  EXPECT_EQ(ReadRan("a.ams").Count(), 3);
+  EXPECT_EQ(Asked.Boxes, Texts{"Save|There is no record to save.|&OK"});
+  EXPECT_EQ(NamesOf(ReadRan("a.ams")), "a1 a2 a3 ");
 }
 
 TEST_F(Save, WhatDoesNotFitARanFileIsToldAndTheOldOneStands) {
   OpenFile(WriteFile("a", 1));
-  std::ofstream(Folder / "old.ran") << "old";
   Program.Session.Records[1].FoliAz[1] = 40000;
-  Asked.Files = {FileAnswer{Path("old.ran"), 2}};
+  Answer(Put("old.ran", "old"), 2);
   Menu("mnuSaveAs");
   EXPECT_EQ(Asked.Boxes.back(), "Velorix5|" + Path("old.ran") + "\nOverflow|&OK");
-  EXPECT_EQ(std::filesystem::file_size(Folder / "old.ran"), 3u);
+  EXPECT_EQ(Bytes("old.ran"), "old");
 }
 
 }  // namespace
