@@ -121,28 +121,24 @@ TEST(SumDensity, TakesAnyNumbersAsThePlainLoopDoes) {
   for (const float sum : sums) EXPECT_TRUE(std::isnan(sum));
 }
 
-TEST_F(Density, IsThePlainSumInMultiplesOfItsMean) {
-  const ContourData data = RandomData(137, 1);
-  Run(data, 20);
-  std::vector<float> sums;
-  ForComputed([&](int i, int j) {
-    const std::size_t n = At(i, j);
-    sums.push_back(PlainSum(Grid.X[n], Grid.Y[n], Grid.Z[n], data, 20));
-  });
-  const double mean = std::accumulate(sums.begin(), sums.end(), 0.0) / 7845;
-  auto sum = sums.begin();
-  ForComputed([&](int i, int j) { ASSERT_EQ(Of(i, j), static_cast<float>(*sum++ / mean)); });
+TEST_F(Density, IsThePlainSumInMultiplesOfItsMeanSoThatItsOwnMeanIsOne) {
+  for (const int smooth : {1, 20, 80}) {
+    const ContourData data = RandomData(137, 1);
+    Run(data, smooth);
+    std::vector<float> sums;
+    double total = 0;
+    ForComputed([&](int i, int j) {
+      const std::size_t n = At(i, j);
+      sums.push_back(PlainSum(Grid.X[n], Grid.Y[n], Grid.Z[n], data, static_cast<float>(smooth)));
+      total += Of(i, j);
+    });
+    EXPECT_NEAR(total / 7845, 1, 1e-6) << smooth;
+    const double mean = std::accumulate(sums.begin(), sums.end(), 0.0) / 7845;
+    auto sum = sums.begin();
+    ForComputed([&](int i, int j) { ASSERT_EQ(Of(i, j), static_cast<float>(*sum++ / mean)); });
+  }
   EXPECT_EQ(Count.ContourNodeCount, 7845);
   EXPECT_EQ(Count.ContourDataCount, 137);
-}
-
-TEST_F(Density, HasAMeanOfOneOverTheComputedNodes) {
-  for (const int smooth : {1, 20, 80}) {
-    Run(RandomData(50, 2), smooth);
-    double total = 0;
-    ForComputed([&](int i, int j) { total += Of(i, j); });
-    EXPECT_NEAR(total / 7845, 1, 1e-6) << smooth;
-  }
 }
 
 TEST_F(Density, TakesADirectionAndItsOppositeAlikeAndTurnsWithTheData) {
@@ -169,7 +165,6 @@ TEST_F(Density, OfOneDatumPeaksThereAndAtItsOppositeEnd) {
   const auto peak = std::max_element(Grid.Density.begin(), Grid.Density.end());
   EXPECT_EQ(Count.MaxNode, static_cast<std::size_t>(peak - Grid.Density.begin()));
   EXPECT_FLOAT_EQ(Of(0, 150), Count.ContourMax);
-  for (int i = 150; i < 300; i += 3) EXPECT_LT(Of(i, 150), Of(i + 3, 150)) << i;
   // Right across the direction the weight is exp(0), the least.
   EXPECT_FLOAT_EQ(Of(150, 0), Count.ContourMin);
   EXPECT_NEAR(Count.ContourMax / Count.ContourMin, std::exp(20.0), std::exp(20.0) * 1e-5);
@@ -267,18 +262,17 @@ TEST(ContourData, HoldsAsManyAsTheStoreDoes) {
 TEST(ContourLevels, StepByOneBelowTenAndAsFinelyAsFourteenAllowAbove) {
   const struct {
     float maximum;
-    std::int16_t step, last;
+    std::int16_t step, top;
   } cases[] = {{0.5f, 1, 1},   {1, 1, 1},    {1.9f, 1, 1},     {2, 1, 2},
                {9.9f, 1, 9},   {10, 1, 10},  {11.5f, 1, 11},   {15.5f, 1, 15},
                {25.3f, 2, 25}, {100, 7, 99}, {175.9f, 12, 169}};
   for (const auto& c : cases) {
     const ContourLevels levels = LevelsOf(c.maximum);
     std::vector<std::int16_t> values;
-    for (int value = 1; value <= c.last; value += c.step)
+    for (int value = 1; value <= c.top; value += c.step)
       values.push_back(static_cast<std::int16_t>(value));
     EXPECT_EQ(levels.Step, c.step) << c.maximum;
     EXPECT_EQ(levels.Values, values) << c.maximum;
-    EXPECT_EQ(levels.Top(), c.last) << c.maximum;
   }
   EXPECT_THROW(LevelsOf(32768), Fault);
   EXPECT_THROW(LevelsOf(std::nanf("")), Fault);

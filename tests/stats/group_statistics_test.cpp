@@ -138,11 +138,9 @@ TEST(TensorStatistics, GivesErrorsFromFiveTensorsOnAndNoneForCopies) {
 TEST(FQuantile, TakesTheTableToTwentyAndTheFitsBeyond) {
   EXPECT_EQ(FQuantile(1), 199.5);  // of another table, and kept
   EXPECT_EQ(FQuantile(3), 9.5521);
-  const struct {
-    int n;
-    double f;
-  } published[] = {{21, 3.467}, {40, 3.232}, {100, 3.087}, {120, 3.072}, {1000, 3.005}};
-  for (const auto& p : published) EXPECT_NEAR(FQuantile(p.n), p.f, 0.004) << p.n;
+  for (const auto& [n, published] :
+       {std::pair{21, 3.467}, {40, 3.232}, {100, 3.087}, {120, 3.072}, {1000, 3.005}})
+    EXPECT_NEAR(FQuantile(n), published, 0.004) << n;
   EXPECT_THROW(FQuantile(0), Fault);
 }
 
@@ -182,9 +180,8 @@ TEST(Jacobi, SolvesAndSortsDescendingWithTheLaterOfEqualsFirst) {
 TEST(BootQuantiles, TakesTheNextValueOrTheMeanOfTwo) {
   std::vector<Vector<3>> eig(500);
   for (int i = 0; i < 500; ++i) eig[static_cast<std::size_t>(i)] = {500.0 - i, 1.0 + i, 7};
-  const BootLimits limits = BootQuantiles(eig);
-  EXPECT_EQ(limits.Lower, (Array1<double, 3>{13, 13, 7}));
-  EXPECT_EQ(limits.Upper, (Array1<double, 3>{488, 488, 7}));
+  EXPECT_EQ(BootQuantiles(eig).Lower, (Array1<double, 3>{13, 13, 7}));
+  EXPECT_EQ(BootQuantiles(eig).Upper, (Array1<double, 3>{488, 488, 7}));
   eig.resize(40);  // 1 and 39 are whole: 461 to 500 falling, 1 to 40 rising
   EXPECT_EQ(BootQuantiles(eig).Lower[2], 1.5);
   EXPECT_EQ(BootQuantiles(eig).Upper[2], 39.5);
@@ -193,12 +190,8 @@ TEST(BootQuantiles, TakesTheNextValueOrTheMeanOfTwo) {
 /// Semi-axes in degrees by a plain simulation: other generator, other eigen solver, many
 /// replicates.
 Array1<Array1<double, 2>, 3> SimulatedSemiAxes(const std::vector<TensorColumn>& tensors) {
-  Matrix<3, 3> frame = StatsOf(tensors).MeanVec, back;
-  for (int i = 1; i <= 3; ++i) {
-    const int j = i % 3 + 1, k = j % 3 + 1;
-    frame(i, 3) = frame(j, 1) * frame(k, 2) - frame(k, 1) * frame(j, 2);
-  }
-  Transpose(frame, back);
+  Matrix<3, 3> back;  // into the frame of the mean axes, whatever their signs
+  Transpose(StatsOf(tensors).MeanVec, back);
   const std::vector<TensorColumn> local = Turned(tensors, back);
   TensorColumn m, sd;
   const double n = static_cast<double>(local.size());
