@@ -12,7 +12,7 @@ namespace {
 
 const double Infinity = std::numeric_limits<double>::infinity();
 
-TEST(AnisoFactor, TheWholeCatalogueOfFourTwoOne) {
+TEST(AnisoFactor, TheWholeCatalogueOfFourTwoOneInAnyUnit) {
   // Values that a person can check by head or by a pocket calculator.
   // clang-format off
   const double wanted[39] = {
@@ -23,8 +23,11 @@ TEST(AnisoFactor, TheWholeCatalogueOfFourTwoOne) {
       1, 0, -1.0 / 3, 2, 0.534522483824849, 2, 0.5, FailedFactor, 2.5,  // 30 to 38
   };
   // clang-format on
-  for (int i = 0; i < 39; ++i)
+  for (int i = 0; i < 39; ++i) {
     EXPECT_NEAR(AnisoFactor(i, 4, 2, 1), wanted[i], 2e-6 * (1 + wanted[i])) << i;
+    const double half = i == 0 || i == 35 ? 0.5 : 1;  // means: all others are ratios
+    EXPECT_NEAR(AnisoFactor(i, 2, 1, 0.5), half * wanted[i], 2e-6 * (1 + wanted[i])) << i;
+  }
 }
 
 TEST(AnisoFactor, TheCatalogueHas38DifferentTextsAndNothingBeyond) {

@@ -58,9 +58,10 @@ TEST(Directions, PoleOfPlaneIsItsOwnInverseAndLowerHemisphereTurnsOnlyUpwardOnes
 TEST(Directions, AnglesAreThoseOfTheSphereAndParallelDirectionsHaveTheZeroNormal) {
   EXPECT_NEAR(AngleBetween({0, 60}, {180, 60}), 60, Close);
   EXPECT_NEAR(AngleBetween({20, 10}, {200, -10}), 180, 0.01);
-  const NormalAndAngle n = AngleAndNormal({0, 0}, {90, 0});
-  EXPECT_NEAR(n.Angle, 90, Close);
-  EXPECT_NEAR(n.Normal.Inc, 90, Close);
+  EXPECT_NEAR(AngleAndNormal({0, 0}, {90, 0}).Angle, 90, Close);
+  EXPECT_NEAR(AngleAndNormal({0, 0}, {90, 0}).Normal.Inc, 90, Close);
+  const Direction a = {30, 20}, b = {100, 50}, normal = AngleAndNormal(a, b).Normal;
+  for (const Direction& d : {a, b}) EXPECT_NEAR(AngleBetween(normal, d), 90, Close);
   const NormalAndAngle none = AngleAndNormal({0, 0}, {0, 0});
   EXPECT_EQ(none.Angle, 0);
   EXPECT_EQ(none.Normal, Direction());
@@ -129,8 +130,8 @@ TEST(Projection, TheReadOutShows270AtRadiusRootTwoAndDividesByA32BitRadius) {
 TEST(Projection, TwoPointsFixTheMapUnlessTheyAreInLine) {
   const Point p = MapPoint({5, 5}, {0, 0}, {100, 200}, {10, 10}, {200, 100});
   EXPECT_EQ(p, (Point{150, 150}));
-  EXPECT_EQ(NetToTarget({1, 1}, {200, 200}, 310), (Point{355, 45}));
-  EXPECT_EQ(NetToTarget({0.3, -0.4}, {200, 200}, 0), (Point{200, 200}));
+  EXPECT_EQ(NetToTarget({1, 1}, {200, 100}, 310), (Point{355, -55}));
+  EXPECT_EQ(NetToTarget({0.3, -0.4}, {200, 100}, 0), (Point{200, 100}));
   EXPECT_THROW(MapPoint({0, 0}, {1, 0}, {0, 0}, {1, 5}, {9, 9}), Fault);
   EXPECT_THROW(MapPoint({0, 0}, {0, 3}, {0, 0}, {1, 3}, {9, 9}), Fault);
 }
