@@ -255,10 +255,14 @@ TEST(BootStrap, IsTheSameTwiceAndPutsTheAxisEndsWhereTheyAreMeasured) {
   ASSERT_EQ(boot.BootEllipse.size(), 200u);
   for (int k = 1; k <= 3; ++k)
     for (std::size_t p = 0; p < 100; ++p) {  // opposite points lie mirrored about the mean
-      Vector<3> sum;
-      for (int i = 1; i <= 3; ++i)
-        sum[i] = boot.BootEllipse[p](i, k) + boot.BootEllipse[p + 100](i, k);
+      Vector<3> point, sum;
+      for (int i = 1; i <= 3; ++i) {
+        point[i] = boot.BootEllipse[p](i, k);
+        sum[i] = point[i] + boot.BootEllipse[p + 100](i, k);
+      }
       EXPECT_LT(AxisAngle(DirectionOfVector(sum), MeanOf(a, k)), 0.05) << k << " " << p;
+      EXPECT_GT(AxisAngle(DirectionOfVector(point), MeanOf(a, k)),
+                0.99 * std::min(a.BootE1[k], a.BootE2[k]));
     }
   EXPECT_TRUE(BootStrap(std::span(Jelinek1978).first(1), 500, 200, GaussNumbers()).BootVec.empty());
   EXPECT_THROW(BootStrap(FourCopies, 500, 200, GaussNumbers()), Fault);
