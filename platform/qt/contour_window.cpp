@@ -19,6 +19,7 @@
 #include <QShortcut>
 #include <QSpinBox>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <filesystem>
 
 #include "app/contour.h"
@@ -109,13 +110,21 @@ frmContour::frmContour(Velorix& velorix, QWidget* owner)
   QLayout* controls = MakeControls();  // first in the order of Tab
   row->addLayout(MakePicture(), 1);
   row->addLayout(controls);
-  resize(QSize(880, 620).expandedTo(sizeHint()).boundedTo(screen()->availableSize()));
+  resize(ComfortableSize());
   ShowContourData(velorix_);
   ShowState();
   findChild<QPushButton*>("cmdCount")->setFocus();
 }
 
 frmContour::~frmContour() { qApp->removeEventFilter(this); }
+
+/// All options in view beside a picture that fills its frame.
+QSize frmContour::ComfortableSize() const {
+  const auto* options = findChild<QScrollArea*>();
+  const int hidden = options->widget()->sizeHint().height() - options->sizeHint().height();
+  const int height = std::max(620, sizeHint().height() + std::max(0, hidden));
+  return QSize(height * 880 / 620, height).boundedTo(screen()->availableSize());
+}
 
 /// The picture below its caption, above the levels and what the mouse points at.
 QLayout* frmContour::MakePicture() {

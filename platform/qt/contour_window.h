@@ -31,6 +31,7 @@ class frmContour : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  QSize ComfortableSize() const;
   QLayout* MakePicture();
   QLayout* MakeControls();
   void AddDisplays(QVBoxLayout& column);

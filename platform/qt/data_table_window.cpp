@@ -62,9 +62,12 @@ frmDataTable::frmDataTable(Velorix& velorix, QWidget* owner)
 
 /// What a click on the header of the current cell does.
 void frmDataTable::SortByCurrent() {
+  const int row = std::max(0, Table->currentIndex().row());
   const int column = std::max(0, Table->currentIndex().column());
   Table->clearSelection();
   Table->SortBy(column);
+  Table->selectionModel()->setCurrentIndex(Table->model()->index(row, column),
+                                           QItemSelectionModel::NoUpdate);
 }
 
 void frmDataTable::Copy() {

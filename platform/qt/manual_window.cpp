@@ -26,6 +26,10 @@ constexpr char Missing[] =
     "# The page is not there\n\nThe manual is looked for in `share/doc/velorix/manual` of the "
     "installation, and in `docs/manual` of the sources that the program was built in.\n\n";
 
+bool IsDark(const QPalette& colours) {
+  return colours.color(QPalette::Base).lightness() < colours.color(QPalette::Text).lightness();
+}
+
 /// The name that links give a heading: small letters, digits, hyphens for blanks.
 QString AnchorOf(const QString& heading) {
   static const QRegularExpression other("[^\\w\\- ]");
@@ -33,7 +37,7 @@ QString AnchorOf(const QString& heading) {
 }
 
 /// Room around the lines; headings get the names that links know them by.
-void DressLines(QTextDocument& page) {
+void DressLines(QTextDocument& page, const QPalette& colours) {
   QHash<QString, int> seen;
   for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
     QTextCursor cursor(block);
@@ -42,8 +46,12 @@ void DressLines(QTextDocument& page) {
     QTextBlockFormat room;
     if (level == 0) {
       if (block.text().contains(QChar::ObjectReplacementCharacter)) continue;  // a picture
-      const bool code = block.blockFormat().hasProperty(QTextFormat::BlockCodeFence);
-      room.setLineHeight(code ? 110 : 125, QTextBlockFormat::ProportionalHeight);
+      const bool code = block.blockFormat().hasProperty(QTextFormat::BlockCodeLanguage) ||
+                        block.blockFormat().hasProperty(QTextFormat::BlockCodeFence);
+      if (code)
+        room.setBackground(colours.brush(QPalette::Window));
+      else
+        room.setLineHeight(125, QTextBlockFormat::ProportionalHeight);
       cursor.mergeBlockFormat(room);
       continue;
     }
@@ -59,6 +67,21 @@ void DressLines(QTextDocument& page) {
   }
 }
 
+/// The blue of links that many desktops keep in their dark theme can't be read there.
+void LightenLinks(QTextDocument& page) {
+  QTextCharFormat light;
+  light.setForeground(QColor(0x7A, 0xB8, 0xFF));
+  for (QTextBlock block = page.begin(); block.isValid(); block = block.next())
+    for (auto part = block.begin(); !part.atEnd(); ++part) {
+      if (part.fragment().charFormat().anchorHref().isEmpty()) continue;
+      QTextCursor cursor(&page);
+      cursor.setPosition(part.fragment().position());
+      cursor.setPosition(part.fragment().position() + part.fragment().length(),
+                         QTextCursor::KeepAnchor);
+      cursor.mergeCharFormat(light);
+    }
+}
+
 void DressTables(QTextDocument& page, const QPalette& colours) {
   for (QTextFrame* frame : page.rootFrame()->childFrames()) {
     auto* table = qobject_cast<QTextTable*>(frame);
@@ -66,7 +89,9 @@ void DressTables(QTextDocument& page, const QPalette& colours) {
     QTextTableFormat format = table->format();
     format.setBorder(1);
     format.setBorderCollapse(true);
-    format.setBorderBrush(colours.color(QPalette::Mid));
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+    format.setBorderBrush(IsDark(colours) ? colours.brush(QPalette::Button)
+                                          : QBrush(Qt::lightGray));
     format.setCellPadding(5);
     format.setCellSpacing(0);
     format.setTopMargin(6);
@@ -120,7 +145,8 @@ void ManualPage::DressPage(const QUrl& page) {
     setMarkdown(Missing + (path.isEmpty() ? QString() : "Sought was `" + path + "`.\n"));
   QTextCursor all(document());
   all.beginEditBlock();  // which is laid out once
-  DressLines(*document());
+  DressLines(*document(), palette());
+  if (IsDark(palette())) LightenLinks(*document());
   DressTables(*document(), palette());
   all.endEditBlock();
   const QString title = document()->firstBlock().text();

@@ -3,8 +3,11 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSplitter>
+#include <QTreeView>
 
 #include "platform/qt/busy_cursor.h"
 #include "platform/qt/own_paths.h"
@@ -29,6 +32,19 @@ QString StartFolder(const std::string& asked, bool save) {
   return serves ? folder : QDir::homePath();
 }
 
+/// Room for names, sizes and dates; the desktop's own dialogs have none of these parts.
+void GiveRoom(QFileDialog& dialog) {
+  const QFontMetrics letters = dialog.fontMetrics();
+  const int letter = letters.averageCharWidth();
+  dialog.resize(130 * letter, 34 * letters.height());
+  if (auto* list = dialog.findChild<QTreeView*>("treeView")) {
+    list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+  }
+  if (auto* parts = dialog.findChild<QSplitter*>("splitter"))
+    parts->setSizes({24 * letter, 106 * letter});
+}
+
 /// Shows the file dialog until the answer has room, or the user gives up.
 std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion& question,
                                          bool save) {
@@ -45,7 +61,7 @@ std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion&
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setNameFilters(names);
-  dialog.resize(800, 520);  // room for names, sizes and dates
+  GiveRoom(dialog);
   dialog.setDirectory(StartFolder(question.Folder, save));
   if (!question.DefaultName.empty()) dialog.selectFile(ToQString(question.DefaultName));
   const auto chosen = [&] { return IndexOf(filters, dialog.selectedNameFilter()); };

@@ -249,6 +249,32 @@ class ReachTest : public QObject {
     QVERIFY2(faults.isEmpty(), qPrintable("\n" + faults.join('\n')));
   }
 
+  void theDataTableIsSortedByKeys() {
+    TestWindow w;
+    w.Open(w.WriteFile("site", 4));
+    RunMenu(w.Program, CommandNamed("mnuDataTable"));
+    auto& window = *w.Window.findChild<QWidget*>("frmDataTable");
+    QVERIFY(Activate(window));
+    auto& table = *window.findChild<QTableView*>("scgAnisoView");
+    QVERIFY(table.hasFocus());
+    table.setCurrentIndex(table.model()->index(0, 1));
+    const auto names = [&] {
+      QString all;
+      for (int row = 0; row < 4; ++row) all += table.model()->index(row, 1).data().toString() + " ";
+      return all;
+    };
+    const auto* header = table.horizontalHeader();
+    for (const auto& [order, sorted] :
+         {std::pair{Qt::AscendingOrder, "site1 site2 site3 site4 "},
+          std::pair{Qt::DescendingOrder, "site4 site3 site2 site1 "}}) {
+      QTest::keyClick(&table, Qt::Key_S, Qt::AltModifier);  // the button is pressed for a while
+      QTRY_VERIFY(header->isSortIndicatorShown() && header->sortIndicatorSection() == 1 &&
+                  header->sortIndicatorOrder() == order);
+      QCOMPARE(names(), sorted);
+    }
+    QVERIFY(w.Selected().isEmpty());
+  }
+
   void aQuestionIsAnsweredByKeys() {
     QtDialogs dialogs;
     QStringList faults;
