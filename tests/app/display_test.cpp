@@ -12,9 +12,8 @@ namespace {
 
 class Display : public ProgramTest {
  protected:
-  void Fill(std::initializer_list<SpecimenRecord> list) {
-    RecordArray records;
-    for (const SpecimenRecord& record : list) records.Add(record);
+  void Fill(const std::vector<SpecimenRecord>& list) {
+    RecordArray records = ArrayOf(list);
     ReplaceStore(Now, records);
     DisplayData(Program, true);
   }
@@ -162,19 +161,18 @@ TEST_F(Display, TheGridShowsEachNumberInItsOwnWidthAndNothingForNoNumber) {
 }
 
 TEST_F(Display, SurvivesRecordsWithoutNumbers) {
-  RecordArray records;
+  std::vector<SpecimenRecord> list(1, Coded("S", "L"));
   for (float value : {std::nanf(""), std::numeric_limits<float>::infinity(), 3e38f})
     for (int slot = 1; slot <= 6; ++slot) {
-      SpecimenRecord bad = Coded("S", "L");
-      bad.Tensor = {};
-      bad.Tensor[slot] = value;
-      records.Add(bad);
+      list.push_back(list.front());
+      list.back().Tensor = {};
+      list.back().Tensor[slot] = value;
     }
-  records.Add(Coded("S", "L"));
+  RecordArray records = ArrayOf(list);
   ReplaceStore(Now, records);
   for (const char* view : {"mnuView(1)", "mnuView(2)", "mnuView(3)", "mnuView(4)"}) {
     Menu(view);
-    EXPECT_TRUE(std::isfinite(Now.Records[19].Dec[1])) << view;
+    EXPECT_TRUE(std::isfinite(Now.Records[1].Dec[1])) << view;
   }
   EXPECT_TRUE(Asked.Boxes.empty());
 }
@@ -212,16 +210,11 @@ TEST_F(Display, AFailureInACommandIsToldAndTheViewsFollowTheStore) {
 }
 
 TEST_F(Display, StatisticsThatFailAreToldBesideTheViewsAndTheNextCommandWorks) {
-  RecordArray records;
-  for (int i = 0; i < 5; ++i) {
-    SpecimenRecord same = Record("same");
-    same.OrientAz = same.OrientInc = 0;
-    same.Tensor = {};
-    same.Tensor[1] = 1.1f, same.Tensor[2] = 1.0f, same.Tensor[3] = 0.9f;
-    records.Add(same);
-  }
-  ASSERT_TRUE(WriteAmsFile(Path("same.ams"), records, false, true));
-  OpenFile(Path("same.ams"));
+  SpecimenRecord same = Record("same");
+  same.OrientAz = same.OrientInc = 0;
+  same.Tensor = {};
+  same.Tensor[1] = 1.1f, same.Tensor[2] = 1.0f, same.Tensor[3] = 0.9f;
+  OpenFile(WriteRecords("same.ams", {same, same, same, same, same}));
   EXPECT_NE(Seen.Status.find("Division by zero"), std::string::npos) << Seen.Status;
   EXPECT_EQ(Seen.Grids, 1);
   EXPECT_TRUE(Seen.Caption.ends_with("(N = 5)")) << Seen.Caption;

@@ -130,12 +130,10 @@ TEST_F(ExportGridTest, DialogAsksWhatToDoWithAnOldFile) {
 // What the program writes of a small store, appended twice in the second file. What changes it on
 // purpose is looked at and approved: VELORIX_APPROVE=1 writes the golden files anew.
 TEST_F(ExportGridTest, WritesTheRecordsInViewAsApproved) {
-  RecordArray records;
-  for (const char* name : {"µ Žár 1", "plain", "out of use", "a name of twenty ch."})
-    records.Add(Record(name));
-  records[2].Field = 12.3f;
-  ASSERT_TRUE(WriteAmsFile(Path("site.ams"), records, false, true));
-  OpenFile(Path("site.ams"));
+  SpecimenRecord plain = Record("plain");
+  plain.Field = 12.3f;
+  OpenFile(WriteRecords("site.ams", {Record("µ Žár 1"), plain, Record("out of use"),
+                                     Record("a name of twenty ch.")}));
   SelectRecords(Program, {3});
   Menu("mnuSelection(2)");
   const auto exported = [this](const std::string& name, int filter) {

@@ -128,12 +128,20 @@ class ProgramTest : public testing::Test {
     r.OrientInc = 20;
     return r;
   }
-  /// An AMS file with `count` records, "<name>1" and so on.
-  std::string WriteFile(const std::string& name, int count) const {
+  static RecordArray ArrayOf(const std::vector<SpecimenRecord>& list) {
     RecordArray records;
-    for (int i = 1; i <= count; ++i) records.Add(Record(name + std::to_string(i)));
-    EXPECT_TRUE(WriteAmsFile(Path(name + ".ams"), records, false, true));
-    return Path(name + ".ams");
+    for (const SpecimenRecord& record : list) records.Add(record);
+    return records;
+  }
+  /// An AMS file with these records, or with `count` records, "<name>1" and so on.
+  std::string WriteRecords(const std::string& file, const std::vector<SpecimenRecord>& list) const {
+    EXPECT_TRUE(WriteAmsFile(Path(file), ArrayOf(list), false, true));
+    return Path(file);
+  }
+  std::string WriteFile(const std::string& name, int count) const {
+    std::vector<SpecimenRecord> list;
+    for (int i = 1; i <= count; ++i) list.push_back(Record(name + std::to_string(i)));
+    return WriteRecords(name + ".ams", list);
   }
   void Answer(const std::string& path, int filter = 1) {
     Asked.Files.push_back(FileAnswer{path, filter});
