@@ -123,7 +123,8 @@ QSize frmContour::ComfortableSize() const {
   const auto* options = findChild<QScrollArea*>();
   const int hidden = options->widget()->sizeHint().height() - options->sizeHint().height();
   const int height = std::max(620, sizeHint().height() + std::max(0, hidden));
-  return QSize(height * 880 / 620, height).boundedTo(screen()->availableSize());
+  const QSize comfortable(height * 880 / 620, height);
+  return comfortable.boundedTo(screen()->availableSize()).expandedTo(QSize(880, 620));
 }
 
 /// The picture below its caption, above the levels and what the mouse points at.

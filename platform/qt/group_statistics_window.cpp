@@ -77,8 +77,7 @@ QLabel* frmGroupStatistics::AddValue(QGridLayout& table, int row, int column, in
   auto* label = new QLabel(this);
   label->setObjectName(QString(boot ? "lblBootStat(%1)" : "lblJelinek(%1)").arg(index));
   label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  label->setMargin(3);
-  label->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
+  label->setMargin(4);
   label->setBackgroundRole(QPalette::Base);
   label->setForegroundRole(QPalette::Text);
   label->setAutoFillBackground(true);
@@ -96,6 +95,7 @@ void frmGroupStatistics::AddDirections(QGridLayout& table) {
   AddHeading(table, 0, 4, "Confidence Ellipses", errors, 2);
   AddHeading(table, 0, 6, "Bootstrap", boot, 2);
   QLabel* count = AddValue(table, 1, 0, CountLabel, false);
+  table.addWidget(count, 0, 0, 2, 1, Qt::AlignBottom);  // so that the headings stand close
   count->setAlignment(Qt::AlignCenter);
   count->setToolTip("Records in the mean tensor");
   AddHeading(table, 1, 1, "Mean Tensor", mean);

@@ -180,7 +180,7 @@ frmManual::frmManual(const QString& firstPage, QWidget* owner)
   column->addWidget(page_, 1);
   const QFontMetrics letters = fontMetrics();
   const QSize comfortable(letters.averageCharWidth() * 150, letters.height() * 50);
-  resize(comfortable.boundedTo(screen()->availableSize() * 0.9));
+  resize(comfortable.boundedTo(screen()->availableSize() * 0.9).expandedTo(QSize(880, 620)));
   page_->setFocus();
   if (home.isEmpty())
     emit page_->sourceChanged(home);

@@ -156,6 +156,19 @@ class ManualWindowTest : public QObject {
     }
   }
 
+  void linksAreReadOnDarkPages() {
+    QApplication::setPalette(QPalette(QColor(0x35, 0x35, 0x35)));
+    Show(Write("a.md", "# A\n\n[there](a.md) and more\n"));
+    const QTextBlock line = Page().document()->lastBlock();
+    QTextCursor link(line);
+    link.movePosition(QTextCursor::NextCharacter);
+    QCOMPARE(link.charFormat().anchorHref(), "a.md");
+    const int ground = Page().palette().color(QPalette::Base).lightness();
+    const int text = link.charFormat().foreground().color().lightness();
+    QApplication::setPalette(QPalette());
+    QVERIFY2(ground < 80 && text > 150, qPrintable(QString("%1 on %2").arg(text).arg(ground)));
+  }
+
   void linksOutOfTheManualGoToTheDesktop() {
     QDesktopServices::setUrlHandler("https", this, "take");
     QDesktopServices::setUrlHandler("file", this, "take");
