@@ -1,7 +1,5 @@
 #include "app/plot_mouse.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 
 #include "plot/recorder.h"
@@ -43,38 +41,41 @@ class PlotMouse : public ProgramTest {
 };
 
 TEST_F(PlotMouse, SelectsByAnyShownAxisOrByTheOneOfTheKey) {
-  Add(0);
-  Add(90);
-  Add(180);
-  EXPECT_EQ(Select(0, 30), "1 ");
-  EXPECT_EQ(Select(90, 30), "1 2 ");  // Kint of the first, Kmax of the second
-  EXPECT_EQ(Select(90, 30, CtrlKey), "2 ");
-  EXPECT_EQ(Select(90, 30, AltKey), "1 ");
-  EXPECT_EQ(Select(90, 30, ShiftKey), "");
-  EXPECT_EQ(Select(0, 90, ShiftKey), "1 2 3 ");
-  EXPECT_EQ(Select(0, 90, CtrlKey | AltKey), "");
-  Program.Stereo.chkK[1] = false;
-  EXPECT_EQ(Select(90, 30), "1 ");
-  EXPECT_EQ(Select(90, 30, CtrlKey), "");
+  for (double turn : {0, 90, 180}) Add(turn);
+  // clang-format off
+  const struct {
+    bool kmaxShown;
+    double dec, inc;
+    int keys;
+    const char* selected;
+  } cases[] = {{true, 0, 30, NoKeys, "1 "},    {true, 90, 30, NoKeys, "1 2 "},  // Kint and Kmax
+               {true, 90, 30, CtrlKey, "2 "},  {true, 90, 30, AltKey, "1 "},
+               {true, 90, 30, ShiftKey, ""},   {true, 0, 90, ShiftKey, "1 2 3 "},
+               {false, 90, 30, NoKeys, "1 "},  {true, 0, 90, CtrlKey | AltKey, ""},
+               {false, 90, 30, CtrlKey, ""}};
+  // clang-format on
+  for (const auto& c : cases) {
+    Program.Stereo.chkK[1] = c.kmaxShown;
+    EXPECT_EQ(Select(c.dec, c.inc, c.keys), c.selected) << c.dec << " " << c.inc << " " << c.keys;
+  }
 }
 
 TEST_F(PlotMouse, AClickClearsAndNothingHappensWithoutData) {
   Add(0);
-  EXPECT_EQ(Select(0, 30), "1 ");
-  SelectInStereo(Program, {50, 50, 50, 50}, NoKeys);
-  EXPECT_EQ(Selected(), "");
-  Select(0, 30);
-  Program.Stereo.chkData = false;
-  SelectInStereo(Program, {50, 50, 50, 50}, NoKeys);
-  EXPECT_EQ(Selected(), "1 ");
+  for (const bool data : {true, false}) {
+    Program.Stereo.chkData = true;
+    EXPECT_EQ(Select(0, 30), "1 ");
+    Program.Stereo.chkData = data;
+    SelectInStereo(Program, {50, 50, 50, 50}, NoKeys);
+    EXPECT_EQ(Selected(), data ? "" : "1 ");
+  }
 }
 
 TEST_F(PlotMouse, LeavesOutDisregardedRecordsAndThoseOfAnotherSystem) {
   for (int i = 0; i < 3; ++i) Add(0);
   Program.Session.Records[1].Active = false;
   Program.Session.Records[2].CoorLevel = Specimen;
-  for (const SpecimenRecord& r : Program.Session.Records)
-    const_cast<SpecimenRecord&>(r).Selected = true;
+  for (int i = 1; i <= 3; ++i) Program.Session.Records[i].Selected = true;
   EXPECT_EQ(Select(0, 30), "3 ");
 }
 
@@ -94,12 +95,16 @@ TEST_F(PlotMouse, SelectsBySymbolsPlacesOnAPlot) {
 }
 
 TEST_F(PlotMouse, ReadsDirectionsOffTheNet) {
-  EXPECT_EQ(ReadStereo(180, 190).dec + " " + ReadStereo(180, 190).inc, "Dec =  0.0 Inc =  90.0");
-  EXPECT_EQ(ReadStereo(335, 190).dec + " " + ReadStereo(335, 190).inc, "Dec =  90.0 Inc =  0.0");
-  EXPECT_EQ(ReadStereo(180, 345).dec, "Dec =  180.0");
-  EXPECT_EQ(ReadStereo(336, 190).dec + ReadStereo(-900, 5000).inc, "");  // outside
-  for (double x = 20; x < 340; x += 0.37)                                // no place fails
-    for (const double y : {35.0, 189.99, 190.0, 190.0001, 344.9}) EXPECT_NO_THROW(ReadStereo(x, y));
+  const auto read = [](double x, double y) {
+    const StereoReadOut out = ReadStereo(x, y);
+    return out.dec + out.inc;
+  };
+  EXPECT_EQ(read(180, 190), "Dec =  0.0Inc =  90.0");
+  EXPECT_EQ(read(335, 190), "Dec =  90.0Inc =  0.0");
+  EXPECT_EQ(read(180, 345), "Dec =  180.0Inc =  0.0");
+  EXPECT_EQ(read(336, 190) + read(-900, 5000), "");  // outside
+  for (double x = 20; x < 340; x += 0.37)            // no place fails
+    for (const double y : {35.0, 189.99, 190.0, 190.0001, 344.9}) EXPECT_NO_THROW(read(x, y));
 }
 
 TEST_F(PlotMouse, ReadsValuesOffAnXYPlot) {
@@ -118,11 +123,10 @@ TEST_F(PlotMouse, ReadsValuesOffAnXYPlot) {
 TEST_F(PlotMouse, TheCrossReachesPastTheEdges) {
   Recorder recorder;
   DrawMeasuringCross(recorder, 100, 50);
-  EXPECT_EQ(
-      ToText(recorder.calls),
-      "polyline (100,50) (100,8000) pen 0 80C0FF 1\npolyline (100,50) (100,0) pen 0 80C0FF 1\n"
-      "polyline (100,50) (0,50) pen 0 80C0FF 1\n"
-      "polyline (100,50) (11300,50) pen 0 80C0FF 1\n");
+  std::string lines;
+  for (const char* end : {"(100,8000)", "(100,0)", "(0,50)", "(11300,50)"})
+    lines += std::string("polyline (100,50) ") + end + " pen 0 80C0FF 1\n";
+  EXPECT_EQ(ToText(recorder.calls), lines);
 }
 
 }  // namespace

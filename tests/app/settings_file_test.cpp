@@ -2,12 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
 #include "tests/datafiles/temp_folder.h"
-#include "text/paths.h"
 
 namespace velorix {
 namespace {
@@ -49,24 +44,15 @@ TEST(SettingsFile, WhatIsWrittenReadsBack) {
   EXPECT_EQ(back, settings);
 }
 
-TEST(SettingsFile, NameThatReachesTheBarStillGetsOneBlank) {
-  Settings settings;
-  settings.FacName[1] = "tenletters";
-  settings.FacName[2] = "nine_char";
-  EXPECT_EQ(SettingsText(settings).substr(5 * 20, 41),
-            " 9     tenletters |\r\n"
-            " 13    nine_char |\r\n");
-}
-
-TEST(SettingsFile, NameIsCutAtItsBlankByTheNextStart) {
+TEST(SettingsFile, NameIsCutAtItsBlankByTheNextStartButGetsOneBeforeTheBar) {
   Settings settings, back;
-  settings.FacName[4] = "P j";
-  settings.FacName[5] = "";  // then the bar itself is the line's second token
-  settings.FacName[6] = "U\r\nU";
-  ASSERT_TRUE(SettingsReadText(back, SettingsText(settings)));
-  EXPECT_EQ(back.FacName[4], "P");
-  EXPECT_EQ(back.FacName[5], "|");
-  EXPECT_EQ(back.FacName[6], "UU");
+  settings.FacName = {"tenletters", "nine_char", "P", "P j", "", "U\r\nU", "Q", "E"};
+  const std::string text = SettingsText(settings);
+  EXPECT_EQ(text.substr(5 * 20, 41), " 9     tenletters |\r\n 13    nine_char |\r\n");
+  ASSERT_TRUE(SettingsReadText(back, text));
+  // Behind no name the bar itself is the line's second token.
+  EXPECT_EQ(back.FacName,
+            (Array1<std::string, 8>{"tenletters", "nine_char", "P", "P", "|", "UU", "Q", "E"}));
 }
 
 TEST(SettingsFile, MeaningOfALineIsItsPlaceAlone) {
@@ -93,7 +79,7 @@ TEST(SettingsFile, MeaningOfALineIsItsPlaceAlone) {
 }
 
 TEST(SettingsFile, LineEndsOfEveryKindAreRead) {
-  for (const char* end : {"\n", "\r", "\r\n"}) {
+  for (const std::string end : {"\n", "\r", "\r\n"}) {
     std::string text = DefaultText;
     for (std::size_t at = 0; (at = text.find("\r\n", at)) != text.npos; ++at)
       text.replace(at, 2, end);
@@ -101,7 +87,7 @@ TEST(SettingsFile, LineEndsOfEveryKindAreRead) {
     settings.P[1] = 1;
     EXPECT_TRUE(SettingsReadText(settings, text));
     EXPECT_EQ(settings, Settings{});
-    text.resize(text.size() - std::string(end).size());  // the last line needs no end
+    text.resize(text.size() - end.size());  // the last line needs no end
     EXPECT_TRUE(SettingsReadText(settings, text));
   }
 }
@@ -119,39 +105,29 @@ TEST(SettingsFile, ShortFilesMissingTokensAndOverflowsAreRefused) {
 }
 
 struct SettingsOnDisk : ::testing::Test {
-  SettingsOnDisk() {
-    std::filesystem::create_directories(Folder);
-    Path = Utf8Of(Folder / "MarloAniso.sav");
-  }
-
-  void Put(std::string_view bytes) const { std::ofstream(PathOf(Path), std::ios::binary) << bytes; }
-  std::string Bytes() const {
-    std::ifstream file(PathOf(Path), std::ios::binary);
-    std::stringstream text;
-    text << file.rdbuf();
-    return text.str();
-  }
+  SettingsOnDisk() { std::filesystem::create_directories(Folder); }
 
   TempFolder Own;
   std::filesystem::path Folder = Own.Path / PathOf("ž");
-  std::string Path;
+  std::string Path = Utf8Of(Folder / "MarloAniso.sav");
 };
 
 TEST_F(SettingsOnDisk, AFileWithoutItsLastLineIsMendedWithTheDefaults) {
   // Twelve good lines: the choice in the first is lost.
-  Put(WithLine(1, " 12    P1        |").substr(0, std::string_view(DefaultText).rfind(" 28")));
+  PutFile(Path,
+          WithLine(1, " 12    P1        |").substr(0, std::string_view(DefaultText).rfind(" 28")));
   Settings settings;
   settings.P[1] = 3;
   LoadSettings(settings, Path);
   EXPECT_EQ(settings, Settings{});
-  EXPECT_EQ(Bytes(), DefaultText);
+  EXPECT_EQ(BytesOf(Path), DefaultText);
 }
 
 TEST_F(SettingsOnDisk, FoldersAndBinaryFilesAreNoSettings) {
   Settings settings;
   EXPECT_FALSE(SettingsRead(settings, Utf8Of(Folder)));
   EXPECT_FALSE(SettingsRead(settings, Path));
-  Put(std::string(1 << 20, '\0'));
+  PutFile(Path, std::string(1 << 20, '\0'));
   EXPECT_FALSE(SettingsRead(settings, Path));
 }
 
