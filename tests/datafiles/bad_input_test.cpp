@@ -5,17 +5,17 @@
 
 #include <algorithm>
 #include <chrono>
-#include <limits>
 #include <random>
 #include <span>
 
-#include "base/fault.h"
 #include "datafiles/ams_file.h"
 #include "datafiles/asc_file.h"
 #include "datafiles/ged_file.h"
 #include "datafiles/ran_file.h"
 #include "datafiles/si2b_file.h"
 #include "datafiles/spin_file.h"
+#include "tests/datafiles/fault_of.h"
+#include "tests/datafiles/golden_record.h"
 #include "tests/datafiles/temp_folder.h"
 
 namespace velorix {
@@ -63,8 +63,6 @@ const Reader Readers[] = {
 };
 // clang-format on
 
-const Reader& Asc = Readers[3];
-
 std::string ExampleOf(const Reader& reader) {
   return BytesOf(VELORIX_SOURCE_DIR "/examples/" + std::string(reader.Example));
 }
@@ -90,8 +88,7 @@ std::string Reading(const Reader& reader, const std::string& bytes,
   try {
     const Outcome outcome = reader.FromBytes(bytes, path, records);
     EXPECT_EQ(outcome.Done, records.Count() > 1) << path;
-    if (outcome) said = RecordsText(records.Count() - 1);
-    if (!outcome) said = outcome.Title + "|" + outcome.Text;
+    said = outcome ? RecordsText(records.Count() - 1) : outcome.Title + "|" + outcome.Text;
     const bool isSilent = !outcome && outcome.Text.empty();
     EXPECT_TRUE(!isSilent || bytes.size() < reader.Enough) << path;
     if (outcome && last != nullptr) *last = records[records.Count()];
@@ -143,6 +140,26 @@ TEST(BadInput, AFileCutAnywhereIsReadFromTheFirstWholeSpecimenOnOnly) {
   }
 }
 
+TEST(BadInput, ABinaryFileHasItsRoundedNumberOfRecordsAndZerosFillTheLast) {
+  const TempFolder folder;
+  const std::string path = folder.File("x");
+  for (const auto& [at, header, size] : {std::array{0, 0, 640}, std::array{1, 64, 64}})
+    for (int length = header + 1; length <= header + 2 * size + 20; ++length) {
+      std::string bytes = ExampleOf(Readers[at]).substr(0, static_cast<std::size_t>(length));
+      PutFile(path, bytes);
+      // Halves go to the even number: half a record is none, one and a half are two.
+      const int half = size / 2, n = length - header <= half      ? 0
+                                     : length - header < 3 * half ? 1
+                                                                  : 2;
+      bytes.resize(static_cast<std::size_t>(header + n * size));
+      RecordArray records, whole;
+      ASSERT_EQ(Readers[at].FromFile(path, records).Done, n > 0) << length;
+      ASSERT_EQ(Readers[at].FromBytes(bytes, "x", whole).Done, n > 0) << length;
+      ASSERT_EQ(records.Count(), n) << length;
+      ASSERT_TRUE(std::equal(records.begin(), records.end(), whole.begin(), whole.end())) << length;
+    }
+}
+
 TEST(BadInput, AnyBytesEndInRecordsOrAnError) {
   std::mt19937 random(5);
   for (const Reader& reader : Readers)
@@ -177,13 +194,48 @@ TEST(BadInput, TheStoreIsFilledToItsLimitAndNotBeyond) {
     EXPECT_TRUE(reader.FromBytes(bytes, "x", records));
     EXPECT_EQ(records.Count(), RecordArray::Limit);
     records.Truncate(before + 1);
-    try {
-      (void)reader.FromBytes(bytes, "x", records);
-      ADD_FAILURE() << reader.Example;
-    } catch (const Fault& fault) {
-      EXPECT_TRUE(std::string(fault.what()).starts_with("Overflow")) << fault.what();
-    }
+    const std::string fault = FaultOf([&] { (void)reader.FromBytes(bytes, "x", records); });
+    EXPECT_TRUE(fault.starts_with("Overflow")) << fault;
     EXPECT_EQ(records.Count(), before + 1);
+    if (!reader.IsText) {
+      EXPECT_EQ(Reading(reader, std::string(40'000 * 640, 'x')), "Overflow");
+    }
+  }
+}
+
+TEST(BadInput, MemoryUsedBeforeGivesWhatFreshMemoryGives) {
+  SpecimenRecord full = golden::Record();  // as full as it gets
+  full.CoorLevel = full.RecordNo = full.Selected = true;
+  full.FoliName[3] = "S3";
+  full.FoliAz[3] = full.LinePlunge[4] = full.Fac[1] = 5;
+  for (int i = 1; i <= 6; ++i)
+    full.K[i] = full.TensorRot[i] = full.TensorRotIm[i] = full.KSDIm[i] = 9.0;
+  for (int i = 1; i <= 3; ++i) full.Dec[i] = full.IncIm[i] = full.PlotX[i] = full.LineInc[i] = 9.0;
+  for (const Reader& reader : Readers) {
+    const std::string bytes = ExampleOf(reader) + std::string(reader.IsText ? 0 : 640, '\0');
+    RecordArray fresh, used;
+    for (int i = 0; i < 150; ++i) used.Add(full);
+    used.Clear();
+    ASSERT_TRUE(reader.FromBytes(bytes, "x", fresh) && reader.FromBytes(bytes, "x", used));
+    EXPECT_TRUE(std::equal(fresh.begin(), fresh.end(), used.begin(), used.end())) << reader.Example;
+  }
+}
+
+TEST(BadInput, LineEndsOfAnyKindAreTheSame) {
+  for (const Reader& reader : Readers) {
+    if (!reader.IsText) continue;
+    const std::string dos = ExampleOf(reader);
+    const std::size_t half = dos.find('\n', dos.size() / 2) + 1;
+    std::string unix = dos, mixed = dos.substr(half);
+    for (std::string* text : {&unix, &mixed}) std::erase(*text, '\r');
+    RecordArray expected;
+    ASSERT_TRUE(reader.FromBytes(dos, "x", expected));
+    for (const std::string& text :
+         {unix, dos.substr(0, half) + mixed, dos.substr(0, dos.size() - 2)}) {
+      RecordArray records;
+      ASSERT_TRUE(reader.FromBytes(text, "x", records)) << reader.Example;
+      EXPECT_TRUE(std::equal(records.begin(), records.end(), expected.begin(), expected.end()));
+    }
   }
 }
 
@@ -238,41 +290,6 @@ TEST(BadInput, ATokenThatIsMissingOrWrongIsToldInItsLineOrBehind) {
             << said << token;
       }
     }
-  }
-}
-
-TEST(BadInput, NumbersOutOfRangeOverflowInTheirWidthAndWhatIsNoNumberIsZero) {
-  const double largest = std::numeric_limits<double>::max();
-  const struct {
-    const char* Number;
-    double In64;
-    bool Fits32, Fits16;
-  } cases[] = {{"1E400", largest, false, false},
-               {"-1E400", -largest, false, false},
-               {"1E39", 1e39, false, false},
-               {"99999999999", 99999999999.0, true, false},
-               {"32767.5", 32767.5, true, false},
-               {"-0", 0, true, true},
-               {"1E-400", 0, true, true},
-               {"nan", 0, true, true},
-               {"inf", 0, true, true},
-               {"1,5", 1, true, true}};
-  const auto read = [](const Reader& reader, const std::string& old, const std::string& now,
-                       SpecimenRecord& record) {
-    std::string text = ExampleOf(reader).substr(0, reader.Enough);
-    return Reading(reader, text.replace(text.find(old), old.size(), now), &record);
-  };
-  for (const auto& c : cases) {
-    SpecimenRecord r;
-    const std::string number = c.Number;
-    EXPECT_EQ(read(Asc, "0.0010000000474974513", number, r), RecordsText(1));
-    EXPECT_EQ(r.Km, c.In64) << number;
-    EXPECT_EQ(read(Asc, "Azi 80", "Azi " + number, r),
-              c.Fits32 ? RecordsText(1) : "Overflow (/data/x.asc, line 4)");
-    EXPECT_TRUE(!c.Fits32 || r.OrientAz == static_cast<float>(c.In64)) << number;
-    EXPECT_EQ(read(Asc, ":  6", ": " + number, r),
-              c.Fits16 ? RecordsText(1) : "Overflow (/data/x.asc, line 4)");
-    EXPECT_TRUE(!c.Fits16 || r.OP[1] == c.In64) << number;
   }
 }
 

@@ -1,8 +1,9 @@
-// The tables of the pages on the binary formats are the layouts that reader and writer walk.
+// The tables of the pages on formats with fixed fields are the layouts that reader and writer walk.
 
 #include <gtest/gtest.h>
 
 #include "datafiles/ams_layout.h"
+#include "datafiles/ged_file.h"
 #include "datafiles/ran_layout.h"
 #include "tests/datafiles/temp_folder.h"
 
@@ -21,21 +22,26 @@ std::string TableOf(const Layout& layout) {
   return table.str();
 }
 
-void ExpectTables(const std::string& page, const std::vector<std::string>& tables) {
-  const std::string text = BytesOf(VELORIX_SOURCE_DIR "/docs/formats/" + page);
-  const std::string rule = "|---:|---:|---|---|\n";
-  std::size_t at = 0;
-  for (const std::string& table : tables) {
-    at = text.find(rule, at);
-    ASSERT_NE(at, std::string::npos) << page;
-    at += rule.size();
-    EXPECT_EQ(text.substr(at, text.find("\n\n", at) + 1 - at), table);
-  }
+std::string PageOf(const char* name) {
+  return BytesOf(VELORIX_SOURCE_DIR "/docs/formats/" + std::string(name));
 }
 
-TEST(Pages, TablesAreTheLayouts) {
-  ExpectTables("ams.md", {TableOf(AmsLayout)});
-  ExpectTables("ran.md", {TableOf(RanHeaderLayout), TableOf(RanSpecimenLayout)});
+TEST(Pages, TablesAreTheLayoutsAndGedFieldsLieWithoutGaps) {
+  const std::string rule = "|---:|---:|---|---|\n";
+  EXPECT_NE(PageOf("ams.md").find(rule + TableOf(AmsLayout) + "\n"), std::string::npos);
+  for (const std::string& table : {TableOf(RanHeaderLayout), TableOf(RanSpecimenLayout)})
+    EXPECT_NE(PageOf("ran.md").find(rule + table + "\n"), std::string::npos) << table;
+  for (const auto fields : {GedHeaderFields(), GedSampleFields()}) {
+    int end = 0;
+    for (const GedField& field : fields) {
+      EXPECT_EQ(field.Offset, end) << field.Name;
+      end += field.Width;
+      std::ostringstream row;
+      row << "| " << field.Offset << " | " << field.Width << " | " << field.Name << " |";
+      EXPECT_NE(PageOf("ged.md").find(row.str()), std::string::npos) << row.str();
+    }
+    EXPECT_EQ(end, GedLineLength);
+  }
 }
 
 }  // namespace
