@@ -244,11 +244,14 @@ TEST(StereoGeology, OnlyListedCodesAreDrawnEachInThePenOfItsPlace) {
 
 TEST(StereoGroup, TheBootstrapNeedsAStoreOfAtMostAHundred) {
   const StereoOptions options = Only({&O::chkBootStrap, &O::chkBootstrapEllips});
-  EXPECT_EQ(OverTheNet(Uprights(100), options, Group(100)).size(), 3u * 500 + 3);
-  EXPECT_TRUE(OverTheNet(Uprights(101), options, Group(100)).empty());
-  GroupStats failed = Group(100);
-  failed.Reached = GroupStats::TensorErrors;
-  EXPECT_TRUE(OverTheNet(Uprights(100), options, failed).empty());
+  GroupStats stats = Group(100);
+  stats.BootPoints[1][1] = {90, 0};
+  const auto calls = OverTheNet(Uprights(100), options, stats);
+  ASSERT_EQ(calls.size(), 3u * 500 + 3);
+  EXPECT_EQ(ToText(calls[0]).find("polygon (334,"), 0u) << calls[0];
+  EXPECT_TRUE(OverTheNet(Uprights(101), options, stats).empty());
+  stats.Reached = GroupStats::TensorErrors;
+  EXPECT_TRUE(OverTheNet(Uprights(100), options, stats).empty());
 }
 
 TEST(StereoGroup, MeansShowFromOneRecordOnAndTheirEllipsesFromFive) {

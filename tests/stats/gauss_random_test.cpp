@@ -44,7 +44,7 @@ TEST(GaussRandom, FillYieldsNowAndThenAndStartsAnewEachTime) {
   std::vector<float> table(10, 1.0f);
   int yields = 0;
   FillGaussTable(table, [&yields] { ++yields; });
-  EXPECT_GE(yields, 20);
+  EXPECT_TRUE(yields >= 20 && yields <= 1000) << yields;
   EXPECT_TRUE(table == Table());
 }
 
