@@ -14,11 +14,12 @@ using golden::Decoded, golden::Encoded;
 
 const std::string Full = golden::OnDisk();
 
-TEST(ReloadAmsFile, OneBlockComesIntoTheInPhaseFieldsDisregardedWithAZeroTensor) {
+TEST(ReloadAmsFile, OneBlockComesIntoTheInPhaseFieldsAndDisregardsARecordOfZeros) {
   const TempFolder folder;
   std::string bytes = Full + std::string(1280, '\0');
-  golden::PutFloat(bytes, 640 + 356, 1);   // one record has an out-of-phase tensor only
-  golden::PutFloat(bytes, 1280 + 232, 1);  // the other an in-phase one
+  golden::PutFloat(bytes, 640 + 356, 1);           // one record has an out-of-phase tensor only
+  golden::PutFloat(bytes, 1280 + 232, 1);          // the other an in-phase one
+  EXPECT_TRUE(Decoded(bytes.substr(640)).Active);  // when opened
   PutFile(folder.File("x.ams"), bytes);
   for (const bool useIm : {false, true}) {
     RecordArray records;

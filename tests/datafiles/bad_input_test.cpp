@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <random>
 #include <span>
 
@@ -74,6 +75,10 @@ SpecimenRecord Marker() {
   return r;
 }
 
+bool Same(const RecordArray& a, const RecordArray& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end());
+}
+
 std::string RecordsText(int count) { return std::to_string(count) + " records"; }
 bool IsRead(const std::string& said) { return said.ends_with(" records"); }
 
@@ -133,9 +138,7 @@ TEST(BadInput, AFileCutAnywhereIsReadFromTheFirstWholeSpecimenOnOnly) {
     const std::string example = ExampleOf(reader);
     for (std::size_t length = 1; length <= example.size(); ++length) {
       const std::string said = Reading(reader, example.substr(0, length));
-      if (length <= reader.Enough) {
-        ASSERT_EQ(said == RecordsText(1), length == reader.Enough) << reader.Example << length;
-      }
+      ASSERT_TRUE(length > reader.Enough || (said == RecordsText(1)) == (length == reader.Enough));
     }
   }
 }
@@ -148,15 +151,13 @@ TEST(BadInput, ABinaryFileHasItsRoundedNumberOfRecordsAndZerosFillTheLast) {
       std::string bytes = ExampleOf(Readers[at]).substr(0, static_cast<std::size_t>(length));
       PutFile(path, bytes);
       // Halves go to the even number: half a record is none, one and a half are two.
-      const int half = size / 2, n = length - header <= half      ? 0
-                                     : length - header < 3 * half ? 1
-                                                                  : 2;
+      const int n = static_cast<int>(std::nearbyint((length - header) / double(size)));
       bytes.resize(static_cast<std::size_t>(header + n * size));
       RecordArray records, whole;
       ASSERT_EQ(Readers[at].FromFile(path, records).Done, n > 0) << length;
       ASSERT_EQ(Readers[at].FromBytes(bytes, "x", whole).Done, n > 0) << length;
       ASSERT_EQ(records.Count(), n) << length;
-      ASSERT_TRUE(std::equal(records.begin(), records.end(), whole.begin(), whole.end())) << length;
+      ASSERT_TRUE(Same(records, whole)) << length;
     }
 }
 
@@ -197,10 +198,9 @@ TEST(BadInput, TheStoreIsFilledToItsLimitAndNotBeyond) {
     const std::string fault = FaultOf([&] { (void)reader.FromBytes(bytes, "x", records); });
     EXPECT_TRUE(fault.starts_with("Overflow")) << fault;
     EXPECT_EQ(records.Count(), before + 1);
-    if (!reader.IsText) {
-      EXPECT_EQ(Reading(reader, std::string(40'000 * 640, 'x')), "Overflow");
-    }
   }
+  for (const Reader& reader : std::span(Readers, 3))  // the binary ones
+    EXPECT_EQ(Reading(reader, std::string(40'000 * 640, 'x')), "Overflow");
 }
 
 TEST(BadInput, MemoryUsedBeforeGivesWhatFreshMemoryGives) {
@@ -217,13 +217,12 @@ TEST(BadInput, MemoryUsedBeforeGivesWhatFreshMemoryGives) {
     for (int i = 0; i < 150; ++i) used.Add(full);
     used.Clear();
     ASSERT_TRUE(reader.FromBytes(bytes, "x", fresh) && reader.FromBytes(bytes, "x", used));
-    EXPECT_TRUE(std::equal(fresh.begin(), fresh.end(), used.begin(), used.end())) << reader.Example;
+    EXPECT_TRUE(Same(fresh, used)) << reader.Example;
   }
 }
 
 TEST(BadInput, LineEndsOfAnyKindAreTheSame) {
-  for (const Reader& reader : Readers) {
-    if (!reader.IsText) continue;
+  for (const Reader& reader : std::span(Readers).subspan(3)) {  // of text
     const std::string dos = ExampleOf(reader);
     const std::size_t half = dos.find('\n', dos.size() / 2) + 1;
     std::string unix = dos, mixed = dos.substr(half);
@@ -233,8 +232,8 @@ TEST(BadInput, LineEndsOfAnyKindAreTheSame) {
     for (const std::string& text :
          {unix, dos.substr(0, half) + mixed, dos.substr(0, dos.size() - 2)}) {
       RecordArray records;
-      ASSERT_TRUE(reader.FromBytes(text, "x", records)) << reader.Example;
-      EXPECT_TRUE(std::equal(records.begin(), records.end(), expected.begin(), expected.end()));
+      ASSERT_TRUE(reader.FromBytes(text, "x", records));
+      EXPECT_TRUE(Same(records, expected)) << reader.Example;
     }
   }
 }
@@ -283,11 +282,8 @@ TEST(BadInput, ATokenThatIsMissingOrWrongIsToldInItsLineOrBehind) {
                                 "1,5", "-", "E", "1E99999999999", "\t"}) {
         std::string text = example;
         const std::string said = Reading(reader, text.replace(from, to - from, token));
-        const std::size_t told = said.find("line") + 4;
-        if (IsRead(said)) continue;
-        EXPECT_GE(std::atoi(said.c_str() + told + said.substr(told).find_first_of("123456789")),
-                  line)
-            << said << token;
+        const int told = std::atoi(said.c_str() + said.rfind(' '));  // where it is no "8 records"
+        EXPECT_TRUE(IsRead(said) || told >= line) << said << token;
       }
     }
   }
