@@ -61,32 +61,27 @@ TEST(DataTable, HeadersHaveTwoRowsAndTheNamesOfTheFactors) {
 
 TEST(DataTable, SortsByTextOrByNumberAndKeepsEqualRowsInOrder) {
   Session session;
-  const struct {
-    const char* name;
-    float field, factor;
-  } rows[] = {{"b10", 9, 2}, {"a", 10, 1e9f}, {"b9", 9, 1}, {"B", -1, 3}};
-  for (const auto& row : rows) {
+  const std::tuple<const char*, float, float> rows[] = {
+      {"b10", 9, 2}, {"a", 10, 1e9f}, {"b9", 9, 1}, {"B", -1, 3}};
+  for (const auto& [name, field, factor] : rows) {
     SpecimenRecord r = Filled();
-    r.Name = row.name;
-    r.Field = row.field;
-    r.Fac[1] = row.factor;
+    r.Name = name;
+    r.Field = field;
+    r.Fac[1] = factor;
     session.Records.Add(r);
   }
   Renumber(session.Records);
-  const struct {
-    int column;
-    bool downward;
-    std::vector<int> ids;
-  } cases[] = {{0, false, {4, 2, 1, 3}},   // text: "b10" before "b9"
-               {2, false, {4, 1, 3, 2}},   // number: 9 before 10
-               {2, true, {2, 1, 3, 4}},    // equal ones as they were
-               {18, false, {3, 1, 4, 2}},  // an empty cell last
-               {18, true, {4, 1, 3, 2}},   // both ways
-               {-1, true, {4, 3, 2, 1}}};
-  for (const auto& c : cases) {
+  const std::tuple<int, bool, std::vector<int>> cases[] = {
+      {0, false, {4, 2, 1, 3}},   // text: "b10" before "b9"
+      {2, false, {4, 1, 3, 2}},   // number: 9 before 10
+      {2, true, {2, 1, 3, 4}},    // equal ones as they were
+      {18, false, {3, 1, 4, 2}},  // an empty cell last
+      {18, true, {4, 1, 3, 2}},   // both ways
+      {-1, true, {4, 3, 2, 1}}};
+  for (const auto& [column, downward, wanted] : cases) {
     std::vector<int> ids = DataTableRows(session);
-    SortDataTable(ids, c.column, c.downward, session);
-    EXPECT_EQ(ids, c.ids) << c.column << c.downward;
+    SortDataTable(ids, column, downward, session);
+    EXPECT_EQ(ids, wanted) << column << downward;
   }
 }
 

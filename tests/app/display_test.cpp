@@ -77,24 +77,6 @@ TEST_F(Display, ResetsChosenCodesOnlyWhenAskedTo) {
   EXPECT_EQ(Now.TectoPlane, Vertical);
 }
 
-TEST_F(Display, ShowsARecordOnlyInTheSystemsItReaches) {
-  SpecimenRecord bare = Record("bare"), both = Coded("S", "L");
-  bare.HasCoor[2] = false;
-  both.HasIm = true;
-  both.TensorIm = both.Tensor;
-  Fill({bare, Record("oriented"), both});
-  const struct {
-    const char* menu;
-    int shown;
-  } cases[] = {{"mnuView(1)", 3},      {"mnuView(2)", 2}, {"mnuView(3)", 1},     {"mnuView(4)", 1},
-               {"mnuAnisoReIm(2)", 1}, {"mnuView(2)", 1}, {"mnuAnisoReIm(1)", 2}};
-  for (const auto& c : cases) {
-    Menu(c.menu);
-    EXPECT_EQ(Shown(), c.shown) << c.menu;
-    EXPECT_TRUE(CommandNamed(c.menu).Checked(Program)) << c.menu;
-  }
-}
-
 TEST_F(Display, TheListsRotateDisregardedRecordsTooButLeaveFactorsAlone) {
   Fill({Record("a"), Record("b")});
   Now.Records[2].Selected = true;
@@ -146,17 +128,14 @@ TEST_F(Display, TheGridShowsEachNumberInItsOwnWidthAndNothingForNoNumber) {
   r.EIm[2] = std::numeric_limits<float>::quiet_NaN();
   r.Dec[1] = 12.300000190734863;
   r.Inc[1] = std::numeric_limits<double>::infinity();
-  const struct {
-    int column;
-    const char *header, *kre, *kim;
-  } cases[] = {
+  const std::tuple<int, const char*, const char*, const char*> cases[] = {
       {3, "Field", "12.3", "12.3"}, {5, "Kmean", "0.1", "1.5E-05"},
       {13, "E", "1E+09", "1E+09"},  {14, "Kmax_Dec", "12.300000190734863", "12.300000190734863"},
       {15, "Kmax_Inc", "", ""},     {23, "E12", "1.5", ""}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(GridHeader(c.column, Now.Settings), c.header);
-    EXPECT_EQ(GridCell(c.column, r, InPhase), c.kre) << c.header;
-    EXPECT_EQ(GridCell(c.column, r, OutOfPhase), c.kim) << c.header;
+  for (const auto& [column, header, kre, kim] : cases) {
+    EXPECT_EQ(GridHeader(column, Now.Settings), header);
+    EXPECT_EQ(GridCell(column, r, InPhase), kre) << header;
+    EXPECT_EQ(GridCell(column, r, OutOfPhase), kim) << header;
   }
 }
 
@@ -223,17 +202,15 @@ TEST_F(Display, StatisticsThatFailAreToldBesideTheViewsAndTheNextCommandWorks) {
 }
 
 TEST(CompactPath, ShortensTheFoldersAndKeepsTheName) {
-  const struct {
-    const char* path;
-    int room;
-    const char* wanted;
-  } cases[] = {{"/a/b.ams", 8, "/a/b.ams"},
-               {"/home/me/data/site/x.ams", 20, "/home/me/.../x.ams"},
-               {"/home/me/data/site/x.ams", 10, "/.../x.ams"},
-               {"/home/me/data/site/x.ams", 3, ".../x.ams"},
-               {"C:\\data\\žluť\\x.ams", 18, "C:\\data\\žluť\\x.ams"},
-               {"x.ams", 3, "x.ams"}};
-  for (const auto& c : cases) EXPECT_EQ(CompactPath(c.path, c.room), c.wanted) << c.path << c.room;
+  const std::tuple<const char*, int, const char*> cases[] = {
+      {"/a/b.ams", 8, "/a/b.ams"},
+      {"/home/me/data/site/x.ams", 20, "/home/me/.../x.ams"},
+      {"/home/me/data/site/x.ams", 10, "/.../x.ams"},
+      {"/home/me/data/site/x.ams", 3, ".../x.ams"},
+      {"C:\\data\\žluť\\x.ams", 18, "C:\\data\\žluť\\x.ams"},
+      {"x.ams", 3, "x.ams"}};
+  for (const auto& [path, room, wanted] : cases)
+    EXPECT_EQ(CompactPath(path, room), wanted) << path << room;
 }
 
 TEST(Commands, EveryKeyAndButtonIsUsedOnceAndEveryMenuExists) {

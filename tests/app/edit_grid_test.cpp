@@ -90,20 +90,16 @@ TEST(EditGrid, CommitOfWhatItShowsChangesNothing) {
 }
 
 TEST(EditGrid, CommitReadsTextsByTheirNumericPrefixAndRoundsParametersHalvesToEven) {
-  const struct {
-    const char* Text;
-    float Angle;
-    int Parameter;
-  } rows[] = {{"12a", 12, 12},   {"a", 0, 0},         {"12,5", 12, 12},
-              {"-.5", -0.5f, 0}, {"1E2", 100, 100},   {"  7 ", 7, 7},
-              {"12 34", 12, 12}, {"12.5", 12.5f, 12}, {"3.5", 3.5f, 4}};
-  for (const auto& row : rows) {
+  const std::tuple<const char*, float, int> rows[] = {
+      {"12a", 12, 12}, {"a", 0, 0},       {"12,5", 12, 12},    {"-.5", -0.5f, 0}, {"1E2", 100, 100},
+      {"  7 ", 7, 7},  {"12 34", 12, 12}, {"12.5", 12.5f, 12}, {"3.5", 3.5f, 4}};
+  for (const auto& [text, angle, parameter] : rows) {
     Editor e;
     for (const int column : {OrientationColumn, FoliationColumn(2) + 2, ParameterColumn(4)})
-      e.Type(column, row.Text);
-    EXPECT_EQ(e.Commit().OrientAz, row.Angle) << row.Text;
-    EXPECT_EQ(e.Records[1].FoliDip[2], row.Angle) << row.Text;
-    EXPECT_EQ(e.Records[1].OP[4], row.Parameter) << row.Text;
+      e.Type(column, text);
+    EXPECT_EQ(e.Commit().OrientAz, angle) << text;
+    EXPECT_EQ(e.Records[1].FoliDip[2], angle) << text;
+    EXPECT_EQ(e.Records[1].OP[4], parameter) << text;
   }
 }
 
@@ -123,24 +119,21 @@ TEST(EditGrid, ARecordLeavesTheViewThatItHasLost) {
 }
 
 TEST(EditGrid, CodesDecideOnPairsAndTheSecondSlotNeverClearsAFlag) {
-  const struct {
-    const char *Foli1, *Line1, *Foli2, *Line2;
-    bool HasPlanes, HasSlot1, HasSlot2;
-  } rows[] = {
+  const std::tuple<const char*, const char*, const char*, const char*, bool, bool, bool> rows[] = {
       {"S", "L", "C", "M", true, true, true}, {"S", "", "", "", true, true, false},
       {"", "L", "", "", true, true, false},   {"", "", "C", "", true, false, true},
       {"", "", "", "M", true, false, true},   {"", "", "", "", false, false, false},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(std::string(row.Foli1) + row.Line1 + row.Foli2 + row.Line2);
+  for (const auto& [foli1, line1, foli2, line2, hasPlanes, hasSlot1, hasSlot2] : rows) {
+    SCOPED_TRACE(std::string(foli1) + line1 + foli2 + line2);
     Editor e;
-    const char* codes[] = {row.Foli1, row.Line1, row.Foli2, row.Line2};
+    const char* codes[] = {foli1, line1, foli2, line2};
     for (int i = 0; i < 4; ++i) e.Type(FoliationColumn(1) + 3 * i, codes[i]);
     const SpecimenRecord& r = e.Commit();
-    EXPECT_EQ(r.HasCoor[3], row.HasPlanes);
-    EXPECT_EQ(r.HasCoor[4], row.HasPlanes);
+    EXPECT_EQ(r.HasCoor[3], hasPlanes);
+    EXPECT_EQ(r.HasCoor[4], hasPlanes);
     for (int s = 1; s <= 2; ++s) {
-      const bool has = s == 1 ? row.HasSlot1 : row.HasSlot2;
+      const bool has = s == 1 ? hasSlot1 : hasSlot2;
       EXPECT_EQ(r.FoliName[s], codes[2 * s - 2]);
       EXPECT_EQ(r.FoliAz[s] != 0 && r.FoliDip[s] != 0, has);
       EXPECT_EQ(r.LineTrend[s] != 0 && r.LinePlunge[s] != 0, has);
@@ -149,23 +142,21 @@ TEST(EditGrid, CodesDecideOnPairsAndTheSecondSlotNeverClearsAFlag) {
 }
 
 TEST(EditGrid, ANumberWithoutRoomIsAnOverflowThatChangesNoRecord) {
-  const struct {
-    int Column;
-    const char *Text, *Cell;
-  } rows[] = {{OrientationColumn, "1E400", "Row 2, Orientation Dec"},
-              {LineationColumn(2) + 2, "-1E39", "Row 2, Lineation2 Inc"},
-              {ParameterColumn(3), "32768", "Row 2, Orientation Parameters OP3"}};
-  for (const auto& row : rows) {
+  const std::tuple<int, const char*, const char*> rows[] = {
+      {OrientationColumn, "1E400", "Row 2, Orientation Dec"},
+      {LineationColumn(2) + 2, "-1E39", "Row 2, Lineation2 Inc"},
+      {ParameterColumn(3), "32768", "Row 2, Orientation Parameters OP3"}};
+  for (const auto& [column, text, cell] : rows) {
     Editor e(Oriented(), 2);
     const SpecimenRecord before = e.Records[1];
     e.Type(OrientationColumn, "77");
-    e.Type(row.Column, row.Text, 2);
+    e.Type(column, text, 2);
     try {
       e.Commit();
-      ADD_FAILURE() << row.Text;
+      ADD_FAILURE() << text;
     } catch (const Fault& fault) {
       EXPECT_STREQ(fault.what(), "Overflow");
-      EXPECT_EQ(fault.Source, row.Cell);
+      EXPECT_EQ(fault.Source, cell);
     }
     EXPECT_EQ(e.Records[1], before);
   }
@@ -229,9 +220,7 @@ TEST(EditGrid, WhatIsCopiedPastesAsItWas) {
 
 TEST(EditGrid, PasteTakesTheLinesOfAnySpreadsheet) {
   // clang-format off
-  const struct {
-    const char *Lines, *Row1, *Row2;
-  } rows[] = {
+  const std::tuple<const char*, const char*, const char*> rows[] = {
       {"1\t2\r\n3\t4\r\n", "1|2|S", "3|4|S"},        {"1\t2\n3\t4", "1|2|S", "3|4|S"},
       {"1\n3\n", "1|-20|S", "3|-20|S"},               {"\n3", "|-20|S", "3|-20|S"},
       {"1\t\t\n", "1||", "40.5|-20|S"},               {"5", "5|5|S", "5|5|S"},  // fills the block
@@ -239,20 +228,17 @@ TEST(EditGrid, PasteTakesTheLinesOfAnySpreadsheet) {
       {"1\t2\n3\t4\n5\t6\n", "1|2|S", "3|4|S"},  // the third line has no row
   };
   // clang-format on
-  for (const auto& row : rows) {
+  for (const auto& [lines, row1, row2] : rows) {
     Editor e(Oriented(), 2);
-    ChangeCells(e.Grid, PasteBlock(row.Lines, {1, 3, 2, 2}));
-    EXPECT_EQ(Row(e.Grid, 1, 3, 3), row.Row1) << row.Lines;
-    EXPECT_EQ(Row(e.Grid, 2, 3, 3), row.Row2) << row.Lines;
+    ChangeCells(e.Grid, PasteBlock(lines, {1, 3, 2, 2}));
+    EXPECT_EQ(Row(e.Grid, 1, 3, 3), row1) << lines;
+    EXPECT_EQ(Row(e.Grid, 2, 3, 3), row2) << lines;
   }
 }
 
 TEST(EditGrid, DoubtsTellWhatACellComesTo) {
   // clang-format off
-  const struct {
-    int Column;
-    const char *Text, *Doubt;
-  } rows[] = {
+  const std::tuple<int, const char*, const char*> rows[] = {
       {3, "12,5", "A comma is no decimal point. This is read as 12."},
       {3, "12.5", ""}, {3, "12a", "This is read as 12."},
       {3, "", ""},     {3, "1E400", "This number is too large."},
@@ -262,11 +248,11 @@ TEST(EditGrid, DoubtsTellWhatACellComesTo) {
       {20, "90000", "This number is too large."},
   };
   // clang-format on
-  for (const auto& row : rows) {
+  for (const auto& [column, text, doubt] : rows) {
     Editor e;
-    e.Type(row.Column, row.Text);
-    EXPECT_EQ(CellDoubt(e.Grid, 1, row.Column), row.Doubt) << row.Text;
-    EXPECT_EQ(FindDoubts(e.Grid).Count, *row.Doubt ? 1 : 0) << row.Text;
+    e.Type(column, text);
+    EXPECT_EQ(CellDoubt(e.Grid, 1, column), doubt) << text;
+    EXPECT_EQ(FindDoubts(e.Grid).Count, *doubt ? 1 : 0) << text;
   }
 }
 

@@ -26,11 +26,7 @@ const std::string Rows = "1 ,\xB5\x31 , ,\r\n2 ,? ,-1.5E-05 ,\r\n",
 class ExportGridTest : public ProgramTest {};
 
 TEST_F(ExportGridTest, PutsABlankAndTheDelimiterBehindEveryValue) {
-  const struct {
-    const char* What;
-    ExportForm Form;
-    const char* Wanted;
-  } cases[] = {
+  const std::tuple<const char*, ExportForm, const char*> cases[] = {
       {"comma", {}, Whole.c_str()},
       {"two header rows",
        {.Delimiter = ";", .HeaderRows = 2},
@@ -43,9 +39,9 @@ TEST_F(ExportGridTest, PutsABlankAndTheDelimiterBehindEveryValue) {
        {.Delimiter = " , ", .SelectedOnly = true},
        "ID  , Name  , Km  , \r\n2  , ?  , -1.5E-05  , \r\n"},
   };
-  for (const auto& c : cases) {
-    ASSERT_TRUE(ExportGrid(SmallGrid(), Path(c.What), c.Form)) << c.What;
-    EXPECT_EQ(Bytes(c.What), c.Wanted) << c.What;
+  for (const auto& [what, form, wanted] : cases) {
+    ASSERT_TRUE(ExportGrid(SmallGrid(), Path(what), form)) << what;
+    EXPECT_EQ(Bytes(what), wanted) << what;
   }
 }
 
@@ -69,17 +65,14 @@ TEST_F(ExportGridTest, FillsPrintZonesOfFourteen) {
 }
 
 TEST_F(ExportGridTest, HeaderGoesOnlyIntoAFileWithoutContent) {
-  const struct {
-    const char* old;
-    bool append;
-    std::string wanted;
-  } cases[] = {{"", true, Whole},
-               {"kept without an end", true, "kept without an end" + Rows},
-               {"kept without an end", false, Whole}};
-  for (const auto& c : cases) {
-    Put("old", c.old);
-    ASSERT_TRUE(ExportGrid(SmallGrid(), Path("old"), {.Append = c.append}));
-    EXPECT_EQ(Bytes("old"), c.wanted);
+  const std::tuple<const char*, bool, std::string> cases[] = {
+      {"", true, Whole},
+      {"kept without an end", true, "kept without an end" + Rows},
+      {"kept without an end", false, Whole}};
+  for (const auto& [old, append, wanted] : cases) {
+    Put("old", old);
+    ASSERT_TRUE(ExportGrid(SmallGrid(), Path("old"), {.Append = append}));
+    EXPECT_EQ(Bytes("old"), wanted);
   }
   ASSERT_TRUE(ExportGrid({.Columns = 1, .AppendCell = SmallGrid().AppendCell}, Path("none"), {}));
   EXPECT_EQ(Bytes("none"), "Name ,\r\n");
@@ -106,21 +99,19 @@ TEST_F(ExportGridTest, FailureLeavesTheOldFileAndSaysNothing) {
 TEST_F(ExportGridTest, DialogAsksWhatToDoWithAnOldFile) {
   OpenFile(WriteFile("a", 1));
   const std::string path = Path("out.txt"), appended = "old\r\n1 ;a1 ;";
-  const struct {
-    std::deque<int> buttons;
-    std::string begin;
-  } cases[] = {{{0}, appended}, {{1}, "ID ;Specimen ;"}, {{2}, "old\r\n"}, {{2, 0}, appended}};
-  for (const auto& c : cases) {
+  const std::tuple<std::deque<int>, std::string> cases[] = {
+      {{0}, appended}, {{1}, "ID ;Specimen ;"}, {{2}, "old\r\n"}, {{2, 0}, appended}};
+  for (const auto& [buttons, begin] : cases) {
     Put("out.txt", "old\r\n");
-    Asked.Buttons = c.buttons;
-    Asked.Files.assign(c.buttons.size(), FileAnswer{path, 3});
+    Asked.Buttons = buttons;
+    Asked.Files.assign(buttons.size(), FileAnswer{path, 3});
     Asked.Boxes.clear();
     Menu("mnuExport");
-    EXPECT_TRUE(Bytes("out.txt").starts_with(c.begin)) << Bytes("out.txt");
-    EXPECT_EQ(Bytes("out.txt") == "old\r\n", c.begin == "old\r\n");
-    EXPECT_EQ(Asked.Boxes, Texts(c.buttons.size(), "Export Data|" + path +
-                                                       "\n\nThis file already exists.|&Append|"
-                                                       "&Overwrite|&Cancel"));
+    EXPECT_TRUE(Bytes("out.txt").starts_with(begin)) << Bytes("out.txt");
+    EXPECT_EQ(Bytes("out.txt") == "old\r\n", begin == "old\r\n");
+    EXPECT_EQ(Asked.Boxes, Texts(buttons.size(), "Export Data|" + path +
+                                                     "\n\nThis file already exists.|&Append|"
+                                                     "&Overwrite|&Cancel"));
   }
   EXPECT_EQ(Asked.FileQuestions.size(), 1u + 1 + 1 + 2 + 2) << "on cancel the dialog comes back";
   EXPECT_EQ(Asked.FileQuestions.back().Title, "Export Data");

@@ -15,19 +15,16 @@ class FactorChoice : public ProgramTest {
 };
 
 TEST_F(FactorChoice, AnIndexThatIsNotInTheListSelectsNothingAndBecomesTheMean) {
-  const struct {
-    std::int16_t index;
-    int position;
-    std::int16_t taken;
-  } cases[] = {{0, -1, 0}, {1, 0, 1}, {38, 37, 38}, {39, -1, 0}, {-5, -1, 0}};
-  for (const auto& c : cases) {
+  const std::tuple<std::int16_t, int, std::int16_t> cases[] = {
+      {0, -1, 0}, {1, 0, 1}, {38, 37, 38}, {39, -1, 0}, {-5, -1, 0}};
+  for (const auto& [index, position, taken] : cases) {
     Settings wanted = Now;
-    Now.FacIndex[3] = c.index;
+    Now.FacIndex[3] = index;
     const FactorRows rows = FactorRowsOf(Now);
-    EXPECT_EQ(rows[3].Position, c.position) << c.index;
+    EXPECT_EQ(rows[3].Position, position) << index;
     ChangeFactors(Program, rows);
-    wanted.FacIndex[3] = c.taken;
-    EXPECT_EQ(Now, wanted) << c.index;
+    wanted.FacIndex[3] = taken;
+    EXPECT_EQ(Now, wanted) << index;
   }
 }
 

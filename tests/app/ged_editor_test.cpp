@@ -91,10 +91,7 @@ TEST_F(GedEditor, WhatCannotBeReadIsToldOrAskedForAgainAndLeavesWhatWasTyped) {
 TEST_F(GedEditor, NumbersAreHeldToTheirLimits) {
   constexpr int Name = 0, Azimuth = 1, Inc = 2, Code = 3, Dip = 5, Trend = 7, Plunge = 8;
   // clang-format off
-  const struct {
-    int column;
-    const char *text, *taken;
-  } cases[] = {
+  const std::tuple<int, const char*, const char*> cases[] = {
       {Azimuth, "360", "360"},     {Azimuth, "360.5", "refused"}, {Azimuth, "-1", "refused"},
       {Inc, "90", "90"},           {Inc, "91", "refused"},        {Plunge, "120", "refused"},
       {Dip, "120", "120"},         {Dip, "180.1", "refused"},     {Plunge, "0", "0"},
@@ -102,9 +99,8 @@ TEST_F(GedEditor, NumbersAreHeldToTheirLimits) {
       {Trend, "", ""},             {Trend, "  ", ""},             {Trend, "-0", "0"},
       {Trend, "1E400", "refused"}, {Name, " a b ", "a b"},        {Code, "7", "7"}};
   // clang-format on
-  for (const auto& c : cases)
-    EXPECT_EQ(AcceptedGedText(c.column, c.text).value_or("refused"), c.taken)
-        << c.column << " " << c.text;
+  for (const auto& [column, text, taken] : cases)
+    EXPECT_EQ(AcceptedGedText(column, text).value_or("refused"), taken) << column << " " << text;
   RefuseGedCell(Program);
   EXPECT_EQ(Asked.Boxes.back(), "Edit aniso|Input out of limits!|OK");
 }

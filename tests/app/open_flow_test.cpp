@@ -13,35 +13,36 @@ struct OpenFlow : ProgramTest {
 TEST(SplitFileList, KnowsOnePathFromAFolderWithNames) {
   using namespace std::string_literals;
   const char sep = static_cast<char>(std::filesystem::path::preferred_separator);
-  const struct {
-    std::string text, folder;
-    std::vector<std::string> names;
-  } cases[] = {
+  const std::tuple<std::string, std::string, std::vector<std::string>> cases[] = {
       {"/data/site one/a.ams", "/data/site one", {"a.ams"}},
       {"/a.ams", "", {"a.ams"}},
       {"/data\0b.ams\0a.ams\0"s, "/data", {"b.ams", "a.ams"}},
       {"/data"s + sep + "\0a.ams\0"s, "/data", {"a.ams"}},
       {"/data/a.ams\0"s, "/data", {"a.ams"}},
   };
-  for (const auto& c : cases) {
-    const FileList list = SplitFileList(c.text);
-    EXPECT_EQ(list.Folder, c.folder);
-    EXPECT_EQ(list.Names, c.names);
-    EXPECT_EQ(list.FirstName, c.names.front());
+  for (const auto& [text, folder, names] : cases) {
+    const FileList list = SplitFileList(text);
+    EXPECT_EQ(list.Folder, folder);
+    EXPECT_EQ(list.Names, names);
+    EXPECT_EQ(list.FirstName, names.front());
   }
 }
 
 TEST(FilterOfExtension, TellsTheTextFormatByUpperCaseAlone) {
-  const struct {
-    const char* extension;
-    int filter;
-  } cases[] = {{"ams", 1}, {"Ams", 1}, {"AMS", 5}, {"ran", 2}, {"RAN", 2}, {"are", 3},
-               {"Asc", 4}, {"txt", 6}, {"TXT", 6}, {"", 0},    {"csv", 0}};
-  for (const auto& c : cases) EXPECT_EQ(FilterOfExtension(c.extension), c.filter) << c.extension;
+  const std::tuple<const char*, int> cases[] = {{"ams", 1}, {"Ams", 1}, {"AMS", 5}, {"ran", 2},
+                                                {"RAN", 2}, {"are", 3}, {"Asc", 4}, {"txt", 6},
+                                                {"TXT", 6}, {"", 0},    {"csv", 0}};
+  for (const auto& [extension, filter] : cases)
+    EXPECT_EQ(FilterOfExtension(extension), filter) << extension;
 }
 
-TEST_F(OpenFlow, AsksWithTheFiltersInOrderAndTheLastFolder) {
+TEST_F(OpenFlow, AsksWithTheFiltersInOrderAndTheLastFolderAndAgainForAFileThatIsNotThere) {
+  Menu("mnuOpenNext");  // nothing was opened yet: nothing to do
+  Menu("mnuOpenPrevious");
+  Answer(Path("gone.ams"));
   OpenFile(WriteFile("a", 1));
+  EXPECT_EQ(Asked.Boxes, Texts{"Open File(s)|gone.ams\nThis file does not exist.|&Retry"});
+  EXPECT_EQ(Names(), "a1 ");
   Menu("mnuOpen");
   const FileQuestion& question = Asked.FileQuestions.back();
   EXPECT_EQ(question.Title, "Open File(s)");
@@ -74,23 +75,20 @@ TEST_F(OpenFlow, LeavesTheSessionAsItWasWhenAnyFileIsRefused) {
   const std::string a = WriteFile("a", 2), big = WriteFile("big", 20000);
   OpenFile(a);
   const std::string shorter = Put("short.ams", "short"), empty = Put("empty.ams", "");
-  const struct {
-    std::string file;
-    int filter;
-    bool told;
-  } cases[] = {{Several({"a.ams", "empty.ams"}), 1, true},
-               {a, 4, true},
-               {a, 5, true},
-               {a, 6, true},
-               {shorter, 1, false},        // refused without a word
-               {Utf8Of(Folder), 1, true},  // a folder is no file: asked again, and cancelled
-               {Put("bad.ran", std::string(256, 'x')), 2, true},
-               {Several({"big.ams", "big.ams"}), 1, true}};
+  const std::tuple<std::string, int, bool> cases[] = {
+      {Several({"a.ams", "empty.ams"}), 1, true},
+      {a, 4, true},
+      {a, 5, true},
+      {a, 6, true},
+      {shorter, 1, false},        // refused without a word
+      {Utf8Of(Folder), 1, true},  // a folder is no file: asked again, and cancelled
+      {Put("bad.ran", std::string(256, 'x')), 2, true},
+      {Several({"big.ams", "big.ams"}), 1, true}};
   Texts told;
-  for (const auto& c : cases) {
+  for (const auto& [file, filter, isTold] : cases) {
     Asked.Boxes.clear();
-    OpenFile(c.file, c.filter);
-    EXPECT_EQ(Asked.Boxes.size(), c.told ? 1u : 0u) << c.file;
+    OpenFile(file, filter);
+    EXPECT_EQ(Asked.Boxes.size(), isTold ? 1u : 0u) << file;
     told.insert(told.end(), Asked.Boxes.begin(), Asked.Boxes.end());
     EXPECT_EQ(Names(), "a1 a2 ");
     EXPECT_EQ(Now.CurrentFile, a);
@@ -126,13 +124,6 @@ TEST_F(OpenFlow, RanAndAreFilesTakeWhatTheyLackFromTheSettings) {
   EXPECT_EQ(Asked.Boxes, Texts());
 }
 
-TEST_F(OpenFlow, AsksAgainForAFileThatIsNotThere) {
-  Answer(Path("gone.ams"));
-  OpenFile(WriteFile("a", 1));
-  EXPECT_EQ(Asked.Boxes, Texts{"Open File(s)|gone.ams\nThis file does not exist.|&Retry"});
-  EXPECT_EQ(Names(), "a1 ");
-}
-
 TEST_F(OpenFlow, NewTakesTheNameOfAFileThatIsNotThereAndReadsOneThatIs) {
   OpenFile(WriteFile("a", 1));
   Answer(Path("new.ams"));
@@ -151,30 +142,6 @@ TEST_F(OpenFlow, NewTakesTheNameOfAFileThatIsNotThereAndReadsOneThatIs) {
   EXPECT_EQ(Asked.Boxes, Texts(2,
                                "New File|b.ams\nThis file already exists.\n"
                                "Append to existing file?|&Yes|&No"));
-}
-
-TEST_F(OpenFlow, StepsRoundTheFolder) {
-  Menu("mnuOpenNext");  // nothing was opened yet: nothing to do
-  Menu("mnuOpenPrevious");
-  EXPECT_EQ(Names(), "");
-  for (const char* name : {"a", "b", "c"}) WriteFile(name, 1);
-  OpenFile(Path("a.ams"));
-  Menu("mnuOpenPrevious");
-  EXPECT_EQ(Names(), "c1 ");
-  Menu("mnuOpenNext");
-  Menu("mnuOpenNext");
-  EXPECT_EQ(Names(), "b1 ");
-  EXPECT_EQ(Now.CurrentFileBase, Path("b"));
-}
-
-TEST_F(OpenFlow, ReloadsInPhaseOnly) {
-  SpecimenRecord both = Record("both"), none = Record("none");
-  both.TensorIm[1] = 0.5f;
-  none.Tensor = {};
-  OpenFile(WriteRecords("two.ams", {both, none}));
-  EXPECT_TRUE(Now.Records[1].HasIm && Now.Records[2].Active);
-  Button("mnuReload");
-  EXPECT_FALSE(Now.Records[1].HasIm || Now.Records[2].Active);
 }
 
 TEST_F(OpenFlow, KeepsTheMovedNameWhenTheNextFileVanished) {

@@ -39,24 +39,21 @@ class OrientationEditing : public ProgramTest {
 TEST_F(OrientationEditing, OpenGedAsksForGeologicalFilesFirst) {
   Load();
   Now.DataFolder = "/somewhere";
-  const struct {
-    const char *action, *title;
-    bool multi;
-    int size;
-  } cases[] = {{"Open", "Open File(s)", true, 32767},
-               {"New", "New File", false, 2048},
-               {"Save", "Save Data", false, 2048}};
-  for (const auto& c : cases) {
-    Open(c.action);
+  const std::tuple<const char*, const char*, bool, int> cases[] = {
+      {"Open", "Open File(s)", true, 32767},
+      {"New", "New File", false, 2048},
+      {"Save", "Save Data", false, 2048}};
+  for (const auto& [action, title, multi, size] : cases) {
+    Open(action);
     const FileQuestion& q = Asked.FileQuestions.back();
     EXPECT_EQ(q.Filter,
               "GED-file(s) (*.ged)|*.ged|AMS-file(s) (*.ams)|*.ams|RAN-file(s) (*.ran)|*.ran|"
               "ARE-file(s) (*.are)|*.are|ASC-file(s) (*.asc)|*.asc|SI2B AMS-file(s) (*.AMS)|*.AMS|"
               "AMSSpin-file(s) (*.txt)|*.txt");
-    EXPECT_EQ(q.Title, c.title);
+    EXPECT_EQ(q.Title, title);
     EXPECT_EQ(q.Folder, "/somewhere");
-    EXPECT_EQ(q.Multi, c.multi);
-    EXPECT_EQ(q.MaxFileSize, c.size);
+    EXPECT_EQ(q.Multi, multi);
+    EXPECT_EQ(q.MaxFileSize, size);
     EXPECT_FALSE(Editor.ShowsSamples);
   }
 }
@@ -129,21 +126,17 @@ TEST_F(OrientationEditing, WhatIsNotReadLosesNothingThatWasTyped) {
   Type(1, 3, "77");
   WriteGed("good.ged", {"a1"});
   const std::string title = "Error in opening file: <<bad.ged>>|";
-  const struct {
-    std::string Text, List;
-    int Filter;
-    Texts Boxes;
-  } files[] = {
+  const std::tuple<std::string, std::string, int, Texts> files[] = {
       {"", Path("bad.ged"), 1, {title + "File is empty!|&OK"}},
       {"short\r\n", Path("bad.ged"), 1, {title + "Error in line: 1\n|&OK"}},
       {"short\r\n", Several({"good.ged", "bad.ged"}), 1, {title + "Error in line: 1\n|&OK"}},
       {"", Path("good.ged"), 2, {}}};  // other filters read nothing
-  for (const auto& file : files) {
+  for (const auto& [text, list, filter, boxes] : files) {
     Asked.Boxes.clear();
-    Put("bad.ged", file.Text);
-    Answer(file.List, file.Filter);
+    Put("bad.ged", text);
+    Answer(list, filter);
     Open();
-    EXPECT_EQ(Asked.Boxes, file.Boxes);
+    EXPECT_EQ(Asked.Boxes, boxes);
     EXPECT_FALSE(Editor.ShowsSamples);
     EXPECT_EQ(Cell(1, 3), "77");
     EXPECT_TRUE(Now.EditRecords.Empty());
@@ -181,12 +174,10 @@ TEST_F(OrientationEditing, AnExistingFileAsksUnderNewAndSave) {
 }
 
 TEST_F(OrientationEditing, SaveWritesByTheExactExtension) {
-  const struct {
-    const char* Extension;
-    bool Written;
-  } rows[] = {{"ams", true}, {"ran", true}, {"AMS", false}, {"asc", false}, {"", false}};
-  for (const auto& row : rows) {
-    const std::string extension = row.Extension, name = "out." + extension;
+  const std::tuple<const char*, bool> rows[] = {
+      {"ams", true}, {"ran", true}, {"AMS", false}, {"asc", false}, {"", false}};
+  for (const auto& [ext, isWritten] : rows) {
+    const std::string extension = ext, name = "out." + extension;
     Load();
     Now.Records[2].Active = false;
     Now.CurrentExt = extension;
@@ -194,7 +185,7 @@ TEST_F(OrientationEditing, SaveWritesByTheExactExtension) {
     Type(1, 3, "77");
     EXPECT_TRUE(SaveGrid(Editor, Program));
     EXPECT_EQ(Now.Records[1].OrientAz, 77);
-    EXPECT_EQ(Exists(name), row.Written) << name;
+    EXPECT_EQ(Exists(name), isWritten) << name;
     RecordArray written;
     if (!Exists(name)) continue;
     ASSERT_TRUE(extension == "ams" ? ReadAmsFile(Path(name), written)

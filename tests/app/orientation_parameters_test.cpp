@@ -68,13 +68,6 @@ TEST_F(OrientationParameters, WithNoFileOpenNobodyIsTold) {
   EXPECT_EQ(Now.GeoRecords.Count(), 2);
 }
 
-TEST_F(OrientationParameters, SettingsThatCannotBeWrittenAreAFaultOfTheSystem) {
-  Now.SettingsFile = Path("no folder/settings.sav");
-  EXPECT_THROW(ChangeOrientationParameters(Program, {{3, 0, 6, 0}, true}),
-               std::filesystem::filesystem_error);
-  EXPECT_EQ(Now.Settings.P[1], 3);
-}
-
 TEST(OrientationMeanings, StandForTheValuesOnOfferAlone) {
   for (int parameter = 1; parameter <= 4; ++parameter) {
     EXPECT_FALSE(OrientationMeaning(parameter).empty());

@@ -10,11 +10,7 @@ namespace {
 constexpr auto Lineations = CalculatorMode::Lineations, Foliations = CalculatorMode::Foliations;
 
 TEST(PlaneFromLineations, GivesThePlaneThroughTwoLinesAndTheLineInWhichTwoPlanesMeet) {
-  const struct {
-    CalculatorMode mode;
-    CalculatorInput input;
-    const char* wanted;
-  } cases[] = {
+  const std::tuple<CalculatorMode, CalculatorInput, const char*> cases[] = {
       {Lineations, {"0", "0", "90", "45"}, "90.0/45.0 90.0 (90.0)"},    // strike and line of dip
       {Lineations, {"90", "45", "0", "0"}, "90.0/45.0 90.0 (90.0)"},    // in any order
       {Lineations, {"0", "0", "90", "-45"}, "270.0/45.0 90.0 (90.0)"},  // the line's other end
@@ -31,10 +27,10 @@ TEST(PlaneFromLineations, GivesThePlaneThroughTwoLinesAndTheLineInWhichTwoPlanes
       {Foliations, {"0", "90", "90", "90"}, "0.0/90.0 90.0 (90.0)"},
       {Foliations, {"180", "90", "180", "90"}, "0.0/0.0 0.0 (180.0)"},
   };
-  for (const auto& c : cases) {
-    const CalculatorResult r = PlaneFromLineations(c.mode, c.input);
-    EXPECT_EQ(r.Dec + "/" + r.Inc + " " + r.Angle, c.wanted)
-        << c.input.Dec1 << " " << c.input.Inc1 << " " << c.input.Dec2 << " " << c.input.Inc2;
+  for (const auto& [mode, input, wanted] : cases) {
+    const CalculatorResult r = PlaneFromLineations(mode, input);
+    EXPECT_EQ(r.Dec + "/" + r.Inc + " " + r.Angle, wanted)
+        << input.Dec1 << " " << input.Inc1 << " " << input.Dec2 << " " << input.Inc2;
   }
 }
 

@@ -43,20 +43,16 @@ class PlotMouse : public ProgramTest {
 TEST_F(PlotMouse, SelectsByAnyShownAxisOrByTheOneOfTheKey) {
   for (double turn : {0, 90, 180}) Add(turn);
   // clang-format off
-  const struct {
-    bool kmaxShown;
-    double dec, inc;
-    int keys;
-    const char* selected;
-  } cases[] = {{true, 0, 30, NoKeys, "1 "},    {true, 90, 30, NoKeys, "1 2 "},  // Kint and Kmax
-               {true, 90, 30, CtrlKey, "2 "},  {true, 90, 30, AltKey, "1 "},
-               {true, 90, 30, ShiftKey, ""},   {true, 0, 90, ShiftKey, "1 2 3 "},
-               {false, 90, 30, NoKeys, "1 "},  {true, 0, 90, CtrlKey | AltKey, ""},
-               {false, 90, 30, CtrlKey, ""}};
+  const std::tuple<bool, double, double, int, const char*> cases[] = {
+      {true, 0, 30, NoKeys, "1 "},    {true, 90, 30, NoKeys, "1 2 "},  // Kint and Kmax
+      {true, 90, 30, CtrlKey, "2 "},  {true, 90, 30, AltKey, "1 "},
+      {true, 90, 30, ShiftKey, ""},   {true, 0, 90, ShiftKey, "1 2 3 "},
+      {false, 90, 30, NoKeys, "1 "},  {true, 0, 90, CtrlKey | AltKey, ""},
+      {false, 90, 30, CtrlKey, ""}};
   // clang-format on
-  for (const auto& c : cases) {
-    Program.Stereo.chkK[1] = c.kmaxShown;
-    EXPECT_EQ(Select(c.dec, c.inc, c.keys), c.selected) << c.dec << " " << c.inc << " " << c.keys;
+  for (const auto& [kmaxShown, dec, inc, keys, selected] : cases) {
+    Program.Stereo.chkK[1] = kmaxShown;
+    EXPECT_EQ(Select(dec, inc, keys), selected) << dec << " " << inc << " " << keys;
   }
 }
 

@@ -7,20 +7,14 @@
 namespace velorix {
 namespace {
 
+// clang-format off
 constexpr char DefaultText[] =
-    " 6     P1        |\r\n"
-    " 0     P2        |\r\n"
-    " 6     P3        |\r\n"
-    " 0     P4        |\r\n"
-    " 1     DemagFac  |\r\n"
-    " 9     L         |\r\n"
-    " 13    F         |\r\n"
-    " 4     P         |\r\n"
-    " 2     Pj        |\r\n"
-    " 31    T         |\r\n"
-    " 32    U         |\r\n"
-    " 24    Q         |\r\n"
+    " 6     P1        |\r\n" " 0     P2        |\r\n" " 6     P3        |\r\n"
+    " 0     P4        |\r\n" " 1     DemagFac  |\r\n" " 9     L         |\r\n"
+    " 13    F         |\r\n" " 4     P         |\r\n" " 2     Pj        |\r\n"
+    " 31    T         |\r\n" " 32    U         |\r\n" " 24    Q         |\r\n"
     " 28    E         |\r\n";
+// clang-format on
 
 /// The default text with line `line`, from 1, replaced.
 std::string WithLine(int line, const std::string& text) {
