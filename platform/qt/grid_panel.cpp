@@ -19,6 +19,7 @@ GridPanel::GridPanel(Velorix& velorix, QWidget* parent) : QFrame(parent), velori
   column->addLayout(title);
 
   Grid = new RecordTable(velorix, GridRecordColumns, this);
+  Grid->setAccessibleName("Records");
   Grid->setToolTip(
       "The records in view. Shift and Ctrl select several; a click on the header clears the "
       "selection");
@@ -31,7 +32,6 @@ GridPanel::GridPanel(Velorix& velorix, QWidget* parent) : QFrame(parent), velori
     if (OnWiden) OnWiden();
   });
   ShowWidth();
-  Grid->setFocus();
 }
 
 int GridPanel::WantedWidth() const {
@@ -43,6 +43,7 @@ void GridPanel::ShowWidth() {
   const char* picture = wide_ ? "arw01lt16.ico" : "arw01rt16.ico";
   cmdExpand_->setIcon(LoadPicture(velorix_.Host.AppFolder, picture));
   cmdExpand_->setToolTip(wide_ ? "<- Shrink" : "Expand ->");
+  cmdExpand_->setAccessibleName(wide_ ? "Shrink the grid" : "Expand the grid");
 }
 
 }  // namespace velorix

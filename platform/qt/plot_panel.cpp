@@ -38,6 +38,7 @@ PlotPanel::PlotPanel(const PlotNames& names, const std::string& appFolder, QWidg
   title_ = MakeTitleRow(names.Title, this);
   button_ = MakeFlatButton(names.Button, this);
   button_->setToolTip(names.ButtonTip);
+  button_->setAccessibleName(names.ButtonTip);
   title_->addWidget(button_);
   column->addLayout(title_);
 

@@ -4,10 +4,13 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSplitter>
 #include <QTreeView>
+#include <algorithm>
+#include <functional>
 
 #include "platform/qt/busy_cursor.h"
 #include "platform/qt/own_paths.h"
@@ -45,6 +48,23 @@ void GiveRoom(QFileDialog& dialog) {
     parts->setSizes({24 * letter, 106 * letter});
 }
 
+/// The type of a file that is saved follows an extension that the user types: "figure.pdf" is to be
+/// one. The desktop's own dialogs go by the type alone.
+void LetTypeFollowName(QFileDialog& dialog, const QList<NameFilter>& filters,
+                       const std::function<void()>& changed) {
+  const auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+  if (!name) return;
+  QObject::connect(name, &QLineEdit::textEdited, &dialog, [&, changed](const QString& text) {
+    const QString typed = QFileInfo(text).suffix();
+    const auto of = std::find_if(filters.begin(), filters.end(), [&](const NameFilter& filter) {
+      return filter.Suffix().compare(typed, Qt::CaseInsensitive) == 0;
+    });
+    if (of == filters.end()) return;
+    dialog.selectNameFilter(of->ForDialog());
+    changed();
+  });
+}
+
 /// Shows the file dialog until the answer has room, or the user gives up.
 std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion& question,
                                          bool save) {
@@ -65,9 +85,12 @@ std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion&
   dialog.setDirectory(StartFolder(question.Folder, save));
   if (!question.DefaultName.empty()) dialog.selectFile(ToQString(question.DefaultName));
   const auto chosen = [&] { return IndexOf(filters, dialog.selectedNameFilter()); };
-  const auto follow = [&] { dialog.setDefaultSuffix(filters.value(chosen()).Suffix()); };
-  if (save && question.AddsExtension) {
+  const auto follow = [&] {
+    if (question.AddsExtension) dialog.setDefaultSuffix(filters.value(chosen()).Suffix());
+  };
+  if (save) {
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+    LetTypeFollowName(dialog, filters, follow);
     follow();
   }
   while (dialog.exec() == QDialog::Accepted) {

@@ -47,6 +47,7 @@ void RecordTable::Fill() {
   // When the table got shorter, its last row stays in view.
   QScrollBar* bar = verticalScrollBar();
   const int top = bar->value(), current = currentIndex().row();
+  const int column = std::max(currentIndex().column(), 0);
   filling_ = true;
   setUpdatesEnabled(false);
   horizontalHeader()->setSortIndicatorShown(false);
@@ -55,7 +56,7 @@ void RecordTable::Fill() {
   SelectFromStore();
   if (const int rows = model_.rowCount(); current >= 0 && rows > 0) {
     setAutoScroll(false);
-    selectionModel()->setCurrentIndex(model_.index(std::min(current, rows - 1), 0),
+    selectionModel()->setCurrentIndex(model_.index(std::min(current, rows - 1), column),
                                       QItemSelectionModel::NoUpdate);
     setAutoScroll(true);
   }

@@ -80,6 +80,8 @@ QCheckBox* MakeCheck(const OptionCheck& check, QWidget* parent) {
   QPalette palette = box->palette();
   palette.setColor(QPalette::Window, ToQColor(check.Back));
   palette.setColor(QPalette::WindowText, Qt::black);
+  palette.setColor(QPalette::Base, Qt::white);
+  palette.setColor(QPalette::Text, Qt::black);
   box->setPalette(palette);
   box->setBackgroundRole(QPalette::Window);
   box->setAutoFillBackground(true);

@@ -9,6 +9,7 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
+#include <QToolBar>
 #include <QToolButton>
 #include <QUrl>
 
@@ -87,8 +88,9 @@ void frmVelorix::Load(Velorix& velorix) {
   rows->setContentsMargins(6, 4, 6, 2);
   rows->setSpacing(4);
   QWidget* views = MakeViews();
-  rows->addWidget(MakeTopRow());
+  rows->addWidget(lists_ = new ViewLists(*velorix_, centre));
   rows->addWidget(views, 1);
+  AddPanelButtons();
   setCentralWidget(centre);
   MakeStatusBar();
   resize(1280, 800);
@@ -98,22 +100,22 @@ void frmVelorix::Load(Velorix& velorix) {
   ShowCodeLists();
   RefreshViews(*velorix_);
   DisplayFormCaption(*velorix_);
+  grid_->Grid->setFocus();
 }
 
-QWidget* frmVelorix::MakeTopRow() {
-  auto* top = new QWidget(this);
-  auto* row = new QHBoxLayout(top);
-  row->setContentsMargins(0, 0, 0, 0);
-  lists_ = new ViewLists(*velorix_, top);
-  row->addWidget(lists_);
-  row->addStretch(1);
-  row->addWidget(columnButton_ = MakePanelButton("cmdColumnPlots", "Histogram, XY plots",
-                                                 "Show or hide the histogram and the XY plots",
-                                                 column_, true, top));
-  row->addWidget(MakePanelButton("cmdPairPlots", "Plots 1, 2",
+/// At the right end of the tool bar.
+void frmVelorix::AddPanelButtons() {
+  auto* bar = findChild<QToolBar*>("Toolbar1");
+  auto* room = new QWidget(bar);
+  room->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  bar->addWidget(room);
+  columnButton_ =
+      MakePanelButton("cmdColumnPlots", "Histogram, XY plots",
+                      "Show or hide the histogram and the XY plots", column_, true, bar);
+  bar->addWidget(columnButton_);
+  bar->addWidget(MakePanelButton("cmdPairPlots", "Plots 1, 2",
                                  "Show or hide the two plots of parameter pairs", pairs_, false,
-                                 top));
-  return top;
+                                 bar));
 }
 
 /// The record grid, the stereonet, below them the plots of pairs, at the right the other plots.

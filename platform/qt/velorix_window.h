@@ -65,7 +65,7 @@ class frmVelorix : public QMainWindow, public Views {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  QWidget* MakeTopRow();
+  void AddPanelButtons();
   QWidget* MakeViews();
   void MakeStatusBar();
   void FollowGridWidth();

@@ -60,8 +60,11 @@ QComboBox* MakeList(const QString& name, const QString& tip, int characters, QWi
   list->setSizeAdjustPolicy(characters == 0 ? QComboBox::AdjustToContents
                                             : QComboBox::AdjustToMinimumContentsLengthWithIcon);
   list->setMinimumContentsLength(characters);
-  // A large system font shortens the list's text before it widens the window beyond a small screen.
-  list->setMinimumWidth(7 * list->fontMetrics().averageCharWidth() + 2 * list->iconSize().width());
+  // A large system font shortens a long list's text before it widens the window beyond a small
+  // screen.
+  if (characters > 0)
+    list->setMinimumWidth(7 * list->fontMetrics().averageCharWidth() +
+                          2 * list->iconSize().width());
   list->setMaxVisibleItems(25);
   return list;
 }

@@ -131,7 +131,9 @@ class PageFilesTest : public QObject {
         auto* type = dialog.findChild<QComboBox*>("fileTypeCombo");
         type->setCurrentIndex(filter - 1);
         Q_EMIT type->activated(filter - 1);
-        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(name);
+        auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
+        edit->clear();
+        QTest::keyClicks(edit, name);
         QMetaObject::invokeMethod(&dialog, "accept");
       });
       SaveGraphics(program);
@@ -147,6 +149,10 @@ class PageFilesTest : public QObject {
     QVERIFY(ContentOf(folder.filePath("name")).startsWith("\xD7\xCD\xC6\x9A"));
     save("name.jpg", 6);
     QVERIFY(QFile::exists(folder.filePath("name.jpg")));
+    save("typed.pdf", 1);  // the type follows
+    QVERIFY(ContentOf(folder.filePath("typed.pdf")).startsWith("%PDF"));
+    save("typed.name", 1);  // no extension of a type
+    QVERIFY(ContentOf(folder.filePath("typed.name")).startsWith("\xD7\xCD\xC6\x9A"));
   }
 
   void CheckBoxesChooseThePlots() {

@@ -210,7 +210,7 @@ class ReachTest : public QObject {
     QTest::addColumn<int>("points");
     for (const int points : {0, 14})
       for (const auto& [command, name] :
-           {std::pair{"mnuDataTable", "frmDataTable"},
+           {std::pair{"", "frmVelorix"}, std::pair{"mnuDataTable", "frmDataTable"},
             std::pair{"mnuAnalysis(1)", "frmGroupStatistics"},
             std::pair{"mnuAnalysis(3)", "frmContour"}, std::pair{"mnuFoliLine", "frmFoliLine"},
             std::pair{"mnuGedEditor", "frmGEDEditor"}, std::pair{"mnuManual", "frmManual"},
