@@ -8,10 +8,8 @@
 #endif
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 
-#include "text/paths.h"
+#include "tests/datafiles/temp_folder.h"
 
 namespace velorix {
 namespace {
@@ -34,14 +32,13 @@ TEST(NameBefore, TellsNamesApartThatDifferInCaseOrZerosAlone) {
 }
 
 TEST(ListFolder, TakesRegularFilesOfTheExtensionInAnyCase) {
-  const auto folder = fs::temp_directory_path() / "velorix-ListFolder";
-  fs::remove_all(folder);
-  fs::create_directories(folder / "sub.ams");
+  const TempFolder folder;
+  fs::create_directories(folder.Path / "sub.ams");
   for (const char* name : {"b10.ams", "b9.AMS", "c.ran", "ams", "d.ams.bak"})
-    std::ofstream(folder / name) << "x";
-  EXPECT_EQ(ListFolder(Utf8Of(folder), "ams"), (std::vector<std::string>{"b9.AMS", "b10.ams"}));
-  EXPECT_TRUE(ListFolder(Utf8Of(folder / "gone"), "ams").empty());
-  fs::remove_all(folder);
+    PutFile(folder.File(name), "x");
+  EXPECT_EQ(ListFolder(Utf8Of(folder.Path), "ams"),
+            (std::vector<std::string>{"b9.AMS", "b10.ams"}));
+  EXPECT_TRUE(ListFolder(folder.File("gone"), "ams").empty());
 }
 
 #ifndef _WIN32
@@ -62,37 +59,28 @@ struct UserFolders {
 
 TEST(MakeHost, UsesTheProgramsFolderOnlyWhenItCanBeWrittenAndIsNoInstallations) {
   const UserFolders before;
-  const fs::path folder = fs::temp_directory_path() / "velorix-MakeHost";
-  fs::remove_all(folder);
-  fs::create_directories(folder / "bin");
-  fs::create_directories(folder / "prefix" / "bin");
-  fs::create_directories(folder / "prefix" / "share" / "velorix");
-  const std::string home = Utf8Of(folder / "home"), data = Utf8Of(folder / "data");
-  const auto here = Utf8Of(folder / "bin" / "velorix"), gone = Utf8Of(folder / "gone" / "velorix"),
-             installed = Utf8Of(folder / "prefix" / "bin" / "velorix"),
-             beside = Utf8Of(folder / "prefix" / "velorix");
-  // clang-format off
-  const struct {
-    std::string program, data, appFolder;
-  } cases[] = {{here,      data,       Utf8Of(folder / "bin")},
-               {beside,    data,       Utf8Of(folder / "prefix")},
-               {installed, data,       data + "/velorix"},
-               {gone,      data,       data + "/velorix"},
-               {gone,      "",         home + "/.local/share/velorix"},
-               {gone,      "relative", home + "/.local/share/velorix"}};
-  // clang-format on
-  for (const auto& c : cases) {
-    UserFolders::Set(home, c.data);
-    const Host host = MakeHost(c.program);
-    EXPECT_EQ(host.AppFolder, c.appFolder);
+  const TempFolder folder;
+  for (const char* name : {"bin", "prefix/bin", "prefix/share/velorix"})
+    fs::create_directories(folder.Path / name);
+  const auto path = [&folder](const char* name) { return folder.File(name); };
+  const std::string home = path("home"), data = path("data"), gone = path("gone/velorix");
+  const std::tuple<std::string, std::string, std::string> cases[] = {
+      {path("bin/velorix"), data, path("bin")},
+      {path("prefix/velorix"), data, path("prefix")},
+      {path("prefix/bin/velorix"), data, data + "/velorix"},
+      {gone, data, data + "/velorix"},
+      {gone, "", home + "/.local/share/velorix"},
+      {gone, "relative", home + "/.local/share/velorix"}};
+  for (const auto& [program, dataHome, appFolder] : cases) {
+    UserFolders::Set(home, dataHome);
+    const Host host = MakeHost(program);
+    EXPECT_EQ(host.AppFolder, appFolder);
     EXPECT_TRUE(fs::is_directory(PathOf(host.AppFolder)));
     EXPECT_EQ(host.DataRoot, home + "/Zelmor/Data");
   }
-  EXPECT_TRUE(fs::is_empty(folder / "bin"));
-  EXPECT_TRUE(fs::is_empty(folder / "prefix" / "bin"));
+  EXPECT_TRUE(fs::is_empty(folder.Path / "bin") && fs::is_empty(folder.Path / "prefix" / "bin"));
   UserFolders::Set("/dev/null", "");  // no folder can be made there: told when it is written to
   EXPECT_EQ(MakeHost(gone).AppFolder, "/dev/null/.local/share/velorix");
-  fs::remove_all(folder);
 }
 
 TEST(MakeHost, FindsTheUsersHomeWithoutTheVariable) {
