@@ -87,6 +87,17 @@ TEST_F(ContourTest, ACountIsOfTheDataInViewThen) {
   EXPECT_EQ(State.Data.Dec, (Floats{11, 16}));
 }
 
+TEST_F(ContourTest, ACancelledCountLeavesTheLastOne) {
+  Add(10, 20);
+  ASSERT_TRUE(Count());
+  const auto before = Program.ContourGrid.Density;
+  Add(100, 50);
+  EXPECT_FALSE(CountContour(Program, [](double) { return false; }));
+  EXPECT_EQ(State.Data.Count(), 1);
+  EXPECT_EQ(State.Count.ContourDataCount, 1);
+  EXPECT_TRUE(Program.ContourGrid.Density == before);
+}
+
 TEST_F(ContourTest, TextsTellLevelsMaximumAndTheNodeUnderTheMouse) {
   Add(0, 90);
   ShowContourData(Program);
