@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <limits>
 #include <vector>
 
@@ -55,12 +54,6 @@ SpecimenRecord Only(const Lines& lines) {
   return records[1];
 }
 
-std::array<std::uint8_t, 4> BytesOf32(float value) {
-  const auto bits = std::bit_cast<std::uint32_t>(value);
-  const auto byte = [bits](int i) { return static_cast<std::uint8_t>(bits >> 8 * i); };
-  return {byte(0), byte(1), byte(2), byte(3)};
-}
-
 /// The specimen of `Report`.
 SpecimenRecord Expected() {
   SpecimenRecord r;
@@ -72,8 +65,8 @@ SpecimenRecord Expected() {
   r.FoliName = {"S", "B", "", ""};    r.LineName = {"L", "", "", ""};
   r.FoliAz = {130, 310};              r.FoliDip = {45, 20};
   r.LineTrend = {40, 220};            r.LinePlunge = {5.5f, 70};
-  r.RunAux1 = BytesOf32(3.75f);       r.RunAux2 = -1;
-  r.RunAux3 = BytesOf32(-5.5f);       r.RunAux4 = BytesOf32(17.25f);
+  r.RunAux1 = {0, 0, 0x70, 0x40};  r.RunAux2 = -1;
+  r.RunAux3 = {0, 0, 0xB0, 0xC0};  r.RunAux4 = {0, 0, 0x8A, 0x41};
   r.Km = 1.5e-3;                      r.KmSD = 0.25;
   Put(r.K, {1.05, 1.01, 0.94});       Put(r.KSD, {0.001, 0.002, 0.003});
   Put(r.E, {4.5, 5.5, 6.5});          Put(r.E2, {11.5, 22.5, 33.5});

@@ -68,13 +68,6 @@ std::string ExampleOf(const Reader& reader) {
   return BytesOf(VELORIX_SOURCE_DIR "/examples/" + std::string(reader.Example));
 }
 
-SpecimenRecord Marker() {
-  SpecimenRecord r;
-  r.Name = "stood here before";
-  r.Tensor[1] = 1.5;
-  return r;
-}
-
 bool Same(const RecordArray& a, const RecordArray& b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end());
 }
@@ -88,7 +81,7 @@ std::string Reading(const Reader& reader, const std::string& bytes,
                     SpecimenRecord* last = nullptr) {
   const std::string path = "/data/x." + std::string(reader.Extension);
   RecordArray records;
-  records.Add(Marker());
+  records.Add(golden::Record());
   std::string said;
   try {
     const Outcome outcome = reader.FromBytes(bytes, path, records);
@@ -105,7 +98,7 @@ std::string Reading(const Reader& reader, const std::string& bytes,
     const std::size_t place = said.find(" (" + path + ", line ");
     EXPECT_EQ(place != said.npos, reader.IsText) << said;
   }
-  EXPECT_EQ(records[1], Marker()) << path;
+  EXPECT_EQ(records[1], golden::Record()) << path;
   return said;
 }
 
@@ -117,7 +110,7 @@ TEST(BadInput, WhatIsNoFileFailsWithTheSystemsReason) {
   const TempFolder folder;
   for (const Reader& reader : Readers) {
     RecordArray records;
-    records.Add(Marker());
+    records.Add(golden::Record());
     for (const std::string& path : {folder.File("missing"), Utf8Of(folder.Path)})
       EXPECT_THROW((void)reader.FromFile(path, records), std::filesystem::filesystem_error);
     EXPECT_EQ(records.Count(), 1);
@@ -128,7 +121,7 @@ TEST(BadInput, WhatIsNoFileFailsWithTheSystemsReason) {
     EXPECT_TRUE(isGed || empty.Text.find("GRÖßE 日本.") != std::string::npos) << empty.Text;
     PutFile(path, ExampleOf(reader));
     EXPECT_TRUE(reader.FromFile(path, records));
-    EXPECT_EQ(records[1], Marker());
+    EXPECT_EQ(records[1], golden::Record());
     EXPECT_EQ(RecordsText(records.Count() - 1), Reading(reader, ExampleOf(reader)));
   }
 }

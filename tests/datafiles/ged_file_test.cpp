@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 #include "tests/datafiles/fault_of.h"
 #include "tests/datafiles/temp_folder.h"
 
@@ -40,18 +42,18 @@ TEST(GedFile, ReadsSiteAndSamples) {
 }
 
 TEST(GedFile, RefusesInItsWords) {
-  std::string badAngle = First, badP = Header, badCount = Header, bad3 = Second;
-  badAngle[28] = 'x';
-  badP[50] = '?';
-  badCount[0] = 'x';
-  bad3[24] = ',';
+  const auto with = [](std::string line, std::size_t at, const char* text) {
+    return line.replace(at, std::strlen(text), text);
+  };
   const std::string reading = "Error in reading file!|Error in file: /DATA/SITE.GED\n\nIn line: ";
   const std::string opening = "Error in opening file: <<site.ged>>|";
   const std::pair<std::string, std::string> cases[] = {
       // clang-format off
       {Header, "|"},  // no sample: without a word
-      {badP + First, reading + "1"},               {badCount + First, reading + "1"},
-      {Header + First + badAngle, reading + "3"},  {Header + bad3 + First, reading + "2"},
+      {with(Header, 50, "?") + First, reading + "1"},
+      {with(Header, 0, "x") + First, reading + "1"},
+      {Header + First + with(First, 28, "x"), reading + "3"},
+      {Header + with(Second, 24, ",") + First, reading + "2"},
       {Header + "short\r\n" + First + "x" + First, opening + "Error in line: 2\nError in line: 4\n"},
       {Header + First + "\r\n", opening + "Error in line: 3\n"},
       // clang-format on
@@ -67,7 +69,7 @@ TEST(GedFile, RefusesInItsWords) {
   }
   const std::string many = read(std::string(2000000, '\n')).Text;
   EXPECT_TRUE(many.ends_with("Error in line: 100\nand 1999900 more lines\n"));
-  const std::string tooLarge = std::string(First).replace(12, 4, "9E99");
+  const std::string tooLarge = with(First, 12, "9E99");
   EXPECT_EQ(FaultOf([&] { (void)read(Header + tooLarge); }), "Overflow (/data/Site.GED, line 2)");
 }
 

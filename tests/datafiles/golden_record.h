@@ -38,7 +38,7 @@ inline std::string OnDisk(const std::string& name = "DK-01a") {
   std::string bytes(640, '\0');
   // clang-format off
   const std::pair<std::size_t, std::string_view> texts[] = {
-      {0, "                    Tag1"}, {0, name}, {38, "3F"},
+      {0, "                    Tag1"}, {0, name}, {38, "F3"},
       {44, "TQB-4   Marlo   12345678abcd"}, {74, "efghijkl"}, {100, "S0S1"}, {140, "L1L "},
       {472, "Scripps Beach       "}, {504, "dolerite  Miocene   dike      California"}};
   const std::pair<std::size_t, int> shorts[] = {
@@ -80,7 +80,7 @@ inline SpecimenRecord Record(float re = 200, float im = 300) {
   // clang-format off
   r.Name = "DK-01a";            r.Active = true;              r.MeasMode = -1;
   r.RunTag = "Tag1";            r.Field = 400;                r.FieldAux = 1.25f;
-  r.FreqIndex = 3;              r.FreqName = "3F";            r.Frequency = 15616;
+  r.FreqIndex = 3;              r.FreqName = "F3";            r.Frequency = 15616;
   r.Instrument = "TQB-4";       r.SourceProgram = "Marlo";
   r.RunStamp = {'1', '2', '3', '4', '5', '6', '7', '8'};
   r.RunAux1 = {'a', 'b', 'c', 'd'};    r.RunAux2 = -2;

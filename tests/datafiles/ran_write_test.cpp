@@ -13,7 +13,9 @@ TEST(WriteRanFile, EveryFieldHasItsPlace) {
   r.Km = 150e-6;
   r.Rock = "dolerite";
   r.FoliAz[1] = 293.5f;  // halves to the even number
-  r.FoliDip[1] = 25.4f;
+  r.FoliDip[1] = 24.6f;
+  r.LineTrend[1] = -4.6f;
+  r.LinePlunge[1] = 6.6f;
   EXPECT_EQ(Written(r), Header() + OneSpecimen());
 }
 

@@ -42,12 +42,10 @@ TEST(ReadSi2bFile, ThreeLinesAreASpecimenTheDirectionOfTheMiddleOneIsNotUsed) {
   EXPECT_EQ(r, expected);
   // The largest is vertical, the smallest points to 200: axes 3, and 20 and 110 degrees.
   const double c = std::cos(20 / DegPerRad), s = std::sin(20 / DegPerRad);
-  const double tensor[] = {0.9705 * c * c + 1.0005 * s * s,
-                           0.9705 * s * s + 1.0005 * c * c,
-                           1.029,
-                           (0.9705 - 1.0005) * s * c,
-                           0,
-                           0};
+  // clang-format off
+  const double tensor[] = {0.9705 * c * c + 1.0005 * s * s, 0.9705 * s * s + 1.0005 * c * c, 1.029,
+                           (0.9705 - 1.0005) * s * c, 0, 0};
+  // clang-format on
   for (int i = 1; i <= 6; ++i) EXPECT_NEAR(r.Tensor[i], tensor[i - 1], 2e-7) << i;
 }
 
