@@ -20,14 +20,13 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <filesystem>
 
 #include "app/contour.h"
+#include "app/save.h"
 #include "platform/host/picture_file.h"
 #include "platform/qt/busy_cursor.h"
 #include "platform/qt/picture_widget.h"
 #include "platform/qt/widgets.h"
-#include "text/paths.h"
 
 namespace velorix {
 namespace {
@@ -378,27 +377,16 @@ void frmContour::CopyPicture() {
 }
 
 void frmContour::SavePicture() {
-  constexpr char Title[] = "Save Picture";
   Work(velorix_, [&] {
-    FileQuestion question;
-    question.Title = Title;
+    FileQuestion question = SaveQuestion(velorix_.Session, "Save Picture");
     question.Filter = PictureFilter();
-    question.Folder = velorix_.Session.DataFolder;
-    question.DefaultName = BaseName(velorix_.Session.CurrentFile);
-    for (;;) {
-      const auto answer = velorix_.Dialogs.ShowSave(question);
-      if (!answer) return;
-      if (std::filesystem::exists(PathOf(answer->Filename)) &&
-          velorix_.Dialogs.Ask(Title, "This file already exists.\nOverwrite existing file?",
-                               {"&Yes", "&No"}, 1) != 0)
-        continue;
-      constexpr double Scale = 3;  // pixels of a unit
-      const Outcome outcome =
-          WritePicture(answer->Filename, ContourPlane, Scale,
-                       [this](Target& target) { DrawContourPicture(velorix_, target); });
-      if (!outcome) velorix_.Dialogs.Ask(outcome.Title, outcome.Text, {"&OK"});
-      return;
-    }
+    const auto answer = AskWhereToSave(velorix_, question);
+    if (!answer) return;
+    constexpr double Scale = 3;  // pixels of a unit
+    const Outcome outcome =
+        WritePicture(answer->Filename, ContourPlane, Scale,
+                     [this](Target& target) { DrawContourPicture(velorix_, target); });
+    if (!outcome) velorix_.Dialogs.Ask(outcome.Title, outcome.Text, {"&OK"});
   });
 }
 

@@ -6,11 +6,11 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMimeData>
+#include <QPushButton>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
-#include <QToolButton>
 #include <QUrl>
 
 #include "app/commands.h"
@@ -49,17 +49,16 @@ QSplitter* MakeSplitter(Qt::Orientation orientation, QWidget* parent) {
 }
 
 /// A button that shows and hides `panel`.
-QToolButton* MakePanelButton(const char* name, const char* text, const char* tip, QWidget* panel,
+QPushButton* MakePanelButton(const char* name, const char* text, const char* tip, QWidget* panel,
                              bool shown, QWidget* parent) {
-  auto* button = new QToolButton(parent);
+  auto* button = new QPushButton(text, parent);
   button->setObjectName(name);
-  button->setText(text);
   button->setToolTip(tip);
   button->setCheckable(true);
-  button->setFocusPolicy(Qt::StrongFocus);
+  button->setAutoDefault(false);
   button->setChecked(shown);
   panel->setVisible(shown);
-  QObject::connect(button, &QToolButton::toggled, panel, &QWidget::setVisible);
+  QObject::connect(button, &QPushButton::toggled, panel, &QWidget::setVisible);
   return button;
 }
 

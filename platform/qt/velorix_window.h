@@ -9,7 +9,7 @@
 
 class QLabel;
 class QSplitter;
-class QToolButton;
+class QPushButton;
 
 namespace velorix {
 
@@ -86,7 +86,7 @@ class frmVelorix : public QMainWindow, public Views {
   QPointer<frmManual> manual_;
   std::unique_ptr<ColumnPlots> plots_;
   QSplitter *main_ = nullptr, *column_ = nullptr, *pairs_ = nullptr;
-  QToolButton* columnButton_ = nullptr;
+  QPushButton* columnButton_ = nullptr;
   bool columnBesideNarrow_ = true;
   QLabel *counts_ = nullptr, *startTime_ = nullptr;
 };

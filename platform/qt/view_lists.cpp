@@ -29,9 +29,11 @@ ViewLists::ViewLists(Velorix& velorix, QWidget* parent) : QWidget(parent), velor
                     ChooseTectoAxis);
   odclFoli_ = Add("F&oliation", "odclFoli", "Code of the foliation that the rotation uses", 6,
                   ChooseFoliation);
-  odclLine_ = Add("&Lineation", "odclLine",
-                  "Code of the lineation that the rotation uses; 0 takes the strike of the foliation",
-                  6, ChooseLineation);
+  odclLine_ =
+      Add("&Lineation", "odclLine",
+          "Code of the lineation that the rotation uses; 0 takes the strike of the foliation", 6,
+          ChooseLineation);
+  row->addStretch(1);
   for (const char* name : CoorSysNames) cboCoor_[0]->addItem(name);
   for (const char* name : TectoPlaneNames) cboCoor_[1]->addItem(name);
   for (const char* name : TectoAxisNames) cboCoor_[2]->addItem(name);
