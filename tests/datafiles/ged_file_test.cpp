@@ -14,7 +14,7 @@ namespace {
 const std::string Header = "4   Dolni Lhota     49.5   16.7   GRANCRETTUFFMORA6  0  12 90 \r\n";
 const std::string First = "DL1         312 45  AB  120 30  118 5   0L          10  80    \r\n";
 const std::string Second =
-    "\xDCL2         12.513.5-\xDF  200 350 90  0   00                    \r\n";
+    "\xDCL2         12.513.5\xD8-\xDF 200 350 90  0   00                    \r\n";
 
 RecordArray Read(const std::string& text) {
   RecordArray records;
@@ -32,7 +32,7 @@ TEST(GedFile, ReadsSiteAndSamples) {
   a.FoliName = {"A", "0", "", ""};  a.LineName = {"B", "L", "", ""};
   a.FoliAz = {120, 0};    a.FoliDip = {30, 0};      a.LineTrend = {118, 10};  a.LinePlunge = {5, 80};
   b.Name = "ÜL2";         b.OrientAz = 12;          b.OrientInc = 14;  // half degrees to even
-  b.FoliName = {"-", "0", "", ""};  b.LineName = {"ß", "0", "", ""};  // first and last character
+  b.FoliName = {"Ø", "0", "", ""};  b.LineName = {"ß", "0", "", ""};  // first and last character
   b.FoliAz = {200, 0};    b.FoliDip = {350, 0};     b.LineTrend = {90, 0};
   // clang-format on
   const RecordArray records = Read(Header + First + Second);
