@@ -118,24 +118,19 @@ TEST_F(Display, SelectionCommandsActOnTheFlagsAndTheGridSetsThem) {
   EXPECT_EQ(selected(), "");
 }
 
-TEST_F(Display, TheGridShowsEachNumberInItsOwnWidthAndNothingForNoNumber) {
+TEST_F(Display, TheGridShowsTheMeanAndTheErrorsOfTheBlockAndAnyFactor) {
   SpecimenRecord r = Record("x");
-  r.Field = 12.3f;
   r.Km = 0.1;
   r.KmIm = 0.000015;
-  r.Fac[8] = 1e9f;
-  r.E[2] = 1.5f;
-  r.EIm[2] = std::numeric_limits<float>::quiet_NaN();
-  r.Dec[1] = 12.300000190734863;
-  r.Inc[1] = std::numeric_limits<double>::infinity();
-  const std::tuple<int, const char*, const char*, const char*> cases[] = {
-      {3, "Field", "12.3", "12.3"}, {5, "Kmean", "0.1", "1.5E-05"},
-      {13, "E", "1E+09", "1E+09"},  {14, "Kmax_Dec", "12.300000190734863", "12.300000190734863"},
-      {15, "Kmax_Inc", "", ""},     {23, "E12", "1.5", ""}};
-  for (const auto& [column, header, kre, kim] : cases) {
-    EXPECT_EQ(GridHeader(column, Now.Settings), header);
-    EXPECT_EQ(GridCell(column, r, InPhase), kre) << header;
-    EXPECT_EQ(GridCell(column, r, OutOfPhase), kim) << header;
+  r.Fac[8] = 1e9f;  // one that could not be computed
+  for (int i = 0; i <= 3; ++i) r.FTest[i] = 5.0 + i, r.FTestIm[i] = 0.5 + i;
+  for (int i = 1; i <= 3; ++i) r.E[i] = 1.0 * i, r.EIm[i] = 10.0 * i;
+  const std::tuple<int, const char*, const char*> cases[] = {
+      {5, "0.1", "1.5E-05"}, {13, "1E+09", "1E+09"}, {20, "5", "0.5"}, {22, "7", "2.5"},
+      {23, "2", "20"},       {24, "3", "30"},        {25, "1", "10"}};
+  for (const auto& [column, kre, kim] : cases) {
+    EXPECT_EQ(GridCell(column, r, InPhase), kre) << column;
+    EXPECT_EQ(GridCell(column, r, OutOfPhase), kim) << column;
   }
 }
 

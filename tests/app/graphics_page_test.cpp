@@ -4,7 +4,6 @@
 #include <set>
 
 #include "plot/metafile_target.h"
-#include "plot/recorder.h"
 #include "tests/app/script.h"
 #include "tests/plot/metafile_reader.h"
 
@@ -27,11 +26,6 @@ class GraphicsPageTest : public ProgramTest {
     };
   }
 
-  static std::vector<DrawCall> CallsOf(const Host::DrawPicture& draw) {
-    Recorder recorder;
-    draw(recorder);
-    return recorder.calls;
-  }
   std::vector<DrawCall> Page(double s) const {
     return CallsOf([&](Target& target) { DrawGraphicsPage(Program, target, s); });
   }

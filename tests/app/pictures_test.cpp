@@ -1,15 +1,12 @@
-// The pictures of a published site, as calls on a target. What changes them on purpose is looked at
-// and approved: VELORIX_APPROVE=1 writes the golden files anew.
+// The pictures of a published site, as calls on a target.
 
 #include <algorithm>
-#include <cstdlib>
-#include <functional>
 
 #include "app/data_table.h"
 #include "plot/histogram.h"
-#include "plot/recorder.h"
 #include "plot/stereo.h"
 #include "plot/xy_plot.h"
+#include "tests/app/golden.h"
 #include "tests/app/script.h"
 
 namespace velorix {
@@ -21,11 +18,6 @@ class Pictures : public ProgramTest {
     OpenFile(std::string(VELORIX_SOURCE_DIR) + "/examples/" + name);
     Now.Records[2].Selected = true;
   }
-  static std::vector<DrawCall> CallsOf(const std::function<void(Target&)>& draw) {
-    Recorder recorder;
-    draw(recorder);
-    return recorder.calls;
-  }
   std::vector<DrawCall> Net(const StereoOptions& options) const {
     return CallsOf([&](Target& target) {
       DrawStereo(Now.Records, Now.CoorSys, target, StereoGeometry{}, options, Now.ReImMode,
@@ -35,22 +27,17 @@ class Pictures : public ProgramTest {
   std::vector<DrawCall> Plot(const XYPlotOptions& options) const {
     return CallsOf([&](Target& target) { DrawXYPlot(Now, target, PlotGeometry(), options); });
   }
-  static void ExpectGolden(const std::string& name, const std::string& drawn) {
-    const std::string path = std::string(VELORIX_SOURCE_DIR) + "/tests/app/golden/" + name + ".txt";
-    if (std::getenv("VELORIX_APPROVE")) std::ofstream(path, std::ios::binary) << drawn;
-    EXPECT_TRUE(drawn == BytesAt(path)) << name << " is drawn otherwise than approved";
-  }
 
   Session& Now = Program.Session;
 };
 
 TEST_F(Pictures, AreDrawnAsApproved) {
   Open("jelinek1978.ams");
-  ExpectGolden("stereonet", ToText(Net(Program.Stereo)));
-  ExpectGolden("xy_plot", ToText(Plot({.x = 6, .y = 8})));
-  ExpectGolden("xy_plot_coloured",
+  ExpectGolden("stereonet.txt", ToText(Net(Program.Stereo)));
+  ExpectGolden("xy_plot.txt", ToText(Plot({.x = 6, .y = 8})));
+  ExpectGolden("xy_plot_coloured.txt",
                ToText(Plot({.x = 12, .y = 16, .colour = 6, .coding = true, .lines = true})));
-  ExpectGolden("histogram", ToText(CallsOf([&](Target& target) {
+  ExpectGolden("histogram.txt", ToText(CallsOf([&](Target& target) {
                  DrawHisto(target, PlotGeometry(), DataTableValues(6, Now), 6, Now.Settings);
                })));
 }
@@ -98,7 +85,7 @@ TEST_F(Pictures, GainEachLayerByItsOption) {
     if (gained.size() > Shown) gained.resize(Shown);
     text += ToText(gained);
   }
-  ExpectGolden("stereonet_layers", text);
+  ExpectGolden("stereonet_layers.txt", text);
 }
 
 }  // namespace

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <deque>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <string>
 #include <vector>
@@ -13,6 +15,7 @@
 #include "app/display.h"
 #include "app/velorix.h"
 #include "datafiles/ams_file.h"
+#include "plot/recorder.h"
 #include "stats/gauss_random.h"
 #include "text/paths.h"
 
@@ -108,6 +111,11 @@ class ProgramTest : public testing::Test {
   std::string Put(const std::string& name, const std::string& bytes) const {
     std::ofstream(PathOf(Path(name)), std::ios::binary) << bytes;
     return Path(name);
+  }
+  static std::vector<DrawCall> CallsOf(const std::function<void(Target&)>& draw) {
+    Recorder recorder;
+    draw(recorder);
+    return recorder.calls;
   }
   /// The answer of a file dialog that chose several files of the folder.
   std::string Several(const Texts& names) const {
