@@ -68,9 +68,10 @@ TEST(ReadSi2bFile, WhatIsWrongIsToldWithFileAndLine) {
       {"a a 3E38 0 0\na a 3E38 0 0\na a 3 90 0\n", "Overflow (x.AMS, line 3)"},
       {"a a 1E38 0 0\na a -1E38 0 0\na a 1E-10 90 0\n", "Overflow (x.AMS, line 3)"},
   };
-  for (const auto& [text, fault] : cases) {
+  for (const auto& c : cases) {
     RecordArray records;
-    EXPECT_EQ(FaultOf([&] { (void)ReadSi2bText(text, "x.AMS", records, {}); }), fault) << text;
+    EXPECT_EQ(FaultOf([&] { (void)ReadSi2bText(c.first, "x.AMS", records, {}); }), c.second)
+        << c.first;
   }
 }
 

@@ -59,9 +59,10 @@ TEST(ReadSpinFile, WhatIsWrongIsToldWithFileAndLine) {
       {"a 1 1 1 0 0 0 0 0 0 0 0 -1E39 0", "Overflow (x.txt, line 1)"},
       {"a 1 1 1 0 0 0 0 0 0 0 0 0 1E999", "Overflow (x.txt, line 1)"},
   };
-  for (const auto& [text, fault] : cases) {
+  for (const auto& c : cases) {
     RecordArray records;
-    EXPECT_EQ(FaultOf([&] { (void)ReadSpinText(text, "x.txt", records, {}); }), fault) << text;
+    EXPECT_EQ(FaultOf([&] { (void)ReadSpinText(c.first, "x.txt", records, {}); }), c.second)
+        << c.first;
   }
 }
 
