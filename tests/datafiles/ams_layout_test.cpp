@@ -71,6 +71,7 @@ TEST(AmsLayout, TextsArePaddedCutConvertedAndStrippedAtTheEndOrAtBoth) {
       {"",                          "                    ",      ""},
       {" Quarry ",                  " Quarry             ",      " Quarry"},
       {"a site of many characté!!",  "a site of many chara",      "a site of many chara"},
+      {"Quarry é",                  "Quarry \xE9            ",  "Quarry é"},
       {"nineteen lettres, é",       "nineteen lettres, \xE9 ",  "nineteen lettres, é"},
       {"Tichý důl",                 "Tich\xFD d?l           ",   "Tichý d?l"},
       {"5 € \u0081",                "5 \x80 \x81               ", "5 € \u0081"},
