@@ -50,6 +50,9 @@ void DisplayData(Velorix& velorix, bool resetLists) {
   ShowSelectedCodes(velorix);
   velorix.Views.ShowCodeLists();
 
+  // A record that fails here ends the display before its statistics: then no mean is shown, rather
+  // than that of the records shown before.
+  velorix.GroupStats.GroupN = 0;
   const View view = ViewOf(session);
   for (SpecimenRecord& record : session.Records) {
     if (!record.HasCoor[session.CoorSys] || !record.Active) continue;

@@ -55,7 +55,8 @@ frmDataTable::frmDataTable(Velorix& velorix, QWidget* owner)
   // Over the main window, a little smaller, so that its edges stay in reach.
   constexpr int Inset = 3, Narrower = 7, Lower = 87;
   const QWidget* main = owner->window();
-  setGeometry(main->x() + Inset, main->y(), main->width() - Narrower, main->height() - Lower);
+  resize(main->width() - Narrower, main->height() - Lower);
+  move(main->x() + Inset, main->y());  // of the frame: the title must not be above the screen
   Table->Fill();
   Table->setFocus();
 }

@@ -1,6 +1,7 @@
 #include "platform/qt/grid_panel.h"
 
 #include <QHBoxLayout>
+#include <QScrollBar>
 #include <QToolButton>
 
 #include "platform/qt/plot_panel.h"
@@ -28,6 +29,7 @@ GridPanel::GridPanel(Velorix& velorix, QWidget* parent) : QFrame(parent), velori
 
   connect(cmdExpand_, &QToolButton::clicked, this, [this] {
     wide_ = !wide_;
+    if (!wide_) Grid->horizontalScrollBar()->setValue(0);  // a narrow grid is for the names
     ShowWidth();
     if (OnWiden) OnWiden();
   });

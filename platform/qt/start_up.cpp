@@ -14,6 +14,15 @@ namespace velorix {
 
 constexpr int SplashTime = 2000;  // milliseconds that the splash stands behind the tables
 
+/// In the window's own size, or filling the screen where that size leaves no room for its frame:
+/// the line at the bottom must not be beyond the edge.
+static void ShowWithFrame(QWidget& window) {
+  constexpr QSize Frame(16, 48);  // generous: no system tells it before the window stands
+  const QSize wanted = window.size();
+  window.resize(wanted.boundedTo(window.screen()->availableSize() - Frame));
+  window.size() == wanted ? window.show() : window.showMaximized();
+}
+
 void StartUp(Velorix& velorix, frmVelorix& window) {
   const auto yield = [] { QApplication::processEvents(); };
   PrepareSession(velorix);
@@ -30,8 +39,7 @@ void StartUp(Velorix& velorix, frmVelorix& window) {
   pause.exec();
   splash.close();
 
-  window.resize(window.size().boundedTo(window.screen()->availableSize()));
-  window.show();
+  ShowWithFrame(window);
   window.activateWindow();
   yield();
   window.ShowStartTime(Elapsed(start));

@@ -62,6 +62,11 @@ QPushButton* MakePanelButton(const char* name, const char* text, const char* tip
   return button;
 }
 
+/// A window beside the main one stays above it and is not lost behind it: X11 does that for dialogs
+/// alone, whose title has no more than a button to close if not told otherwise.
+constexpr Qt::WindowFlags AboveMain = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                      Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint;
+
 std::vector<std::string> LocalFiles(const QMimeData& data) {
   std::vector<std::string> paths;
   for (const QUrl& url : data.urls())
@@ -224,6 +229,7 @@ void frmVelorix::ShowWindow(bool OpenWindows::*isOpen, Window*& window) {
   const bool open = velorix_->Windows.*isOpen;
   if (open && !window) {
     window = new Window(*velorix_, this);
+    window->setWindowFlags(AboveMain);
     window->OnClose = [this, isOpen] {
       Work(*velorix_, [this, isOpen] {
         velorix_->Windows.*isOpen = false;
