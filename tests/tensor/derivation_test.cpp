@@ -57,62 +57,6 @@ void ExpectAxis(double dec, double inc, double expectedDec, double expectedInc) 
   EXPECT_NEAR(inc, expectedInc, 1e-3);
 }
 
-// Eight specimens of one sample set, trace 1, order k11, k22, k33, k12, k23, k13. Tensors in
-// specimen, geographic and tilt-corrected coordinates from the example files of PmagPy
-// (github.com/PmagPy/PmagPy, BSD-3). Its azimuth and plunge of the specimen's X axis, plunge
-// positive downward, are our OrientAz and OrientInc under P1 = P3 = 6, P2 = 0. Its bedding, strike
-// 204 by the right-hand rule and dip 25, is our FoliAz = 204 + 90 and FoliDip = 25, with the line
-// along the strike ("0").
-struct Published {
-  std::array<double, 6> Specimen;
-  double Azimuth, Plunge, Geographic[6], Tilt[6];
-};
-// clang-format off
-const Published Tr245[] = {
-    {{0.33146983, 0.33413991, 0.33439025, 0.00075095, -0.00083439, -0.00016688}, 80, -46,
-     {0.33412680, 0.33282742, 0.33304584, -0.00015292, 0.00124846, 0.00135721},
-     {0.33455709, 0.33192658, 0.33351630, -0.00043562, 0.00092779, 0.00105006}},
-    {{0.33335924, 0.33335924, 0.33328149, -0.00155521, -0.00132193, 0.00116641}, 52, -23,
-     {0.33556300, 0.33198264, 0.33245432, 0.00087260, 0.00024138, 0.00096167},
-     {0.33585501, 0.33191565, 0.33222935, 0.00055960, -0.00005316, 0.00064732}},
-    {{0.33097634, 0.33573565, 0.33328801, 0.00163176, 0.00013598, 0.00000000}, 123, -29,
-     {0.33584911, 0.33140624, 0.33274472, 0.00131844, 0.00118815, 0.00002988},
-     {0.33586669, 0.33084923, 0.33328408, 0.00142266, 0.00013234, 0.00009203}},
-    {{0.33150032, 0.33465424, 0.33384550, -0.00064696, -0.00056609, -0.00048522}, 68, -26,
-     {0.33479759, 0.33142531, 0.33377719, -0.00047491, 0.00049539, 0.00044300},
-     {0.33488664, 0.33138493, 0.33372843, -0.00056597, -0.00039085, 0.00004873}},
-    {{0.33121985, 0.33521196, 0.33356816, -0.00046966, -0.00046966, -0.00086104}, 68, -26,
-     {0.33505613, 0.33114848, 0.33379537, -0.00101373, 0.00028536, 0.00034849},
-     {0.33506602, 0.33127019, 0.33366373, -0.00105193, -0.00057257, -0.00029959}},
-    {{0.33179569, 0.33405599, 0.33414826, -0.00009226, -0.00004613, -0.00027677}, 86, -34,
-     {0.33406156, 0.33226913, 0.33366925, -0.00002266, 0.00098544, 0.00005555},
-     {0.33407688, 0.33177567, 0.33414748, 0.00007007, 0.00018447, 0.00005073}},
-    {{0.33243158, 0.33439898, 0.33316940, 0.00106564, 0.00032789, 0.00000000}, 108, -31,
-     {0.33486593, 0.33216035, 0.33297372, -0.00035492, 0.00039254, 0.00015402},
-     {0.33483925, 0.33197853, 0.33318222, -0.00028447, 0.00003518, -0.00029262}},
-    {{0.33175480, 0.33512712, 0.33311811, 0.00078928, 0.00000000, -0.00007175}, 115, -25,
-     {0.33510643, 0.33196402, 0.33292958, 0.00075968, 0.00057242, 0.00010110},
-     {0.33513144, 0.33175036, 0.33311823, 0.00077914, -0.00006402, 0.00004612}},
-};
-// clang-format on
-
-TEST(RotateRecord, PublishedTensorsComeOutInGeographicAndTiltCorrectedCoordinates) {
-  for (const Published& p : Tr245) {
-    SpecimenRecord r = Oriented();
-    r.Tensor = TensorOf(p.Specimen);
-    r.OrientAz = static_cast<float>(p.Azimuth);
-    r.OrientInc = static_cast<float>(p.Plunge);
-    r.FoliAz[1] = 204 + 90;
-    r.FoliDip[1] = 25;
-    const SpecimenRecord geographic = Rotated(r, ViewIn(Geographic));
-    const SpecimenRecord tilted = Rotated(geographic, ViewIn(Paleogeographic, "S1", "0"));
-    for (int i = 1; i <= 6; ++i) {
-      EXPECT_NEAR(geographic.TensorRot[i], p.Geographic[i - 1], 2e-6) << i;
-      EXPECT_NEAR(tilted.TensorRot[i], p.Tilt[i - 1], 2e-6) << i;
-    }
-  }
-}
-
 TEST(DeriveFactors, ValuesAndFactorsAreThoseOfTheBlockInView) {
   SpecimenRecord r = Oriented();
   r.HasIm = true;
