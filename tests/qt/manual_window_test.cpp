@@ -24,10 +24,10 @@ class ManualWindowTest : public QObject {
   QTemporaryDir folder_;
   std::unique_ptr<frmManual> manual_;
 
-  ManualPage& Page() { return *manual_->findChild<ManualPage*>("txtManual"); }
+  ManualPage& Page() { return In<ManualPage>(*manual_, "txtManual"); }
   template <class Control>
   Control& The(const char* name) {
-    return *manual_->findChild<Control*>(name);
+    return In<Control>(*manual_, name);
   }
   void Press(const char* name) { The<QAbstractButton>(name).click(); }
   QString Write(const QString& name, const QByteArray& text) {
@@ -78,16 +78,17 @@ class ManualWindowTest : public QObject {
 
   void linksLeadToPagesAndBack() {
     Show(ManualPath());
+    const auto file = [this] { return QFileInfo(Page().source().toLocalFile()).fileName(); };
     QVERIFY(!The<QAbstractButton>("cmdBack").isEnabled());
     Follow("tutorial.md");
-    QCOMPARE(QFileInfo(Page().source().toLocalFile()).fileName(), "tutorial.md");
+    QCOMPARE(file(), "tutorial.md");
     QVERIFY(manual_->windowTitle().startsWith(Page().document()->firstBlock().text()));
-    Press("cmdBack");
-    QCOMPARE(Page().source().toLocalFile(), ManualPath());
-    Press("cmdForward");
-    QVERIFY(Page().source().toLocalFile().endsWith("tutorial.md"));
-    Press("cmdHome");
-    QCOMPARE(Page().source().toLocalFile(), ManualPath());
+    for (const auto& [button, page] :
+         {std::pair{"cmdBack", "README.md"}, std::pair{"cmdForward", "tutorial.md"},
+          std::pair{"cmdHome", "README.md"}}) {
+      Press(button);
+      QCOMPARE(file(), page);
+    }
   }
 
   /// Every link of every page of the manual leads to a page and, where it names one, to a heading.
@@ -116,13 +117,10 @@ class ManualWindowTest : public QObject {
   }
 
   void aLinkToAHeadingShowsItAtTheTop() {
-    QByteArray text = "# First\n\n[there](#what-f-1-is-a_b)\n\n[other](b.md#deep)\n\n";
-    for (int i = 0; i < 100; ++i) text += "line\n\n";
-    text += "## What F-1 is (a_b)?\n\n";
-    for (int i = 0; i < 100; ++i) text += "line\n\n";
-    Write("b.md", "# Other\n\n" + QByteArray("text\n\n").repeated(100) + "## Deep\n\n" +
-                      QByteArray("text\n\n").repeated(100));
-    Show(Write("a.md", text));
+    const QByteArray lines = QByteArray("line\n\n").repeated(100);
+    Write("b.md", "# Other\n\n" + lines + "## Deep\n\n" + lines);
+    Show(Write("a.md", "# First\n\n[there](#what-f-1-is-a_b)\n\n[other](b.md#deep)\n\n" + lines +
+                           "## What F-1 is (a_b)?\n\n" + lines));
     Follow("#what-f-1-is-a_b");
     QCOMPARE(FirstLineInView(), "What F-1 is (a_b)?");
     Press("cmdBack");
@@ -193,9 +191,7 @@ class ManualWindowTest : public QObject {
       QTest::keyClick(&sought, Qt::Key_Return, keys);
       return Page().textCursor().block().text();
     };
-    QCOMPARE(place(), "word one");
-    QCOMPARE(place(), "word two");
-    QCOMPARE(place(), "word one");
+    for (const char* found : {"word one", "word two", "word one"}) QCOMPARE(place(), found);
     QCOMPARE(place(Qt::ShiftModifier), "word two");
     QTest::keyClicks(&sought, "s");
     place();

@@ -1,12 +1,10 @@
-#include <QBuffer>
-#include <QImage>
-#include <QPainter>
+#include <QDir>
 #include <QSvgRenderer>
 #include <QTest>
 #include <cmath>
 
 #include "platform/host/picture_file.h"
-#include "platform/qt/painter_target.h"
+#include "tests/qt/painted.h"
 
 using namespace velorix;
 
@@ -33,14 +31,8 @@ class PainterRasterTest : public QObject {
  private slots:
   void EveryUnitIsCrispAtAnyScale() {
     for (const double scale : {0.4, 1.0, 1.37, 2.0, 2.5, 6.9}) {
-      QImage image(static_cast<int>(40 * scale), static_cast<int>(30 * scale),
-                   QImage::Format_RGB32);
-      image.fill(Qt::white);
-      {
-        QPainter painter(&image);
-        PainterTarget target(painter, {scale, 0, 0});
-        Draw(target);
-      }
+      const QSize size(static_cast<int>(40 * scale), static_cast<int>(30 * scale));
+      const QImage image = Painted(size, {scale, 0, 0}, Draw);
       // A device pixel belongs to the unit whose edges, at whole pixels, lie round it.
       const auto unit = [scale](int pixel, int corner, int count) {
         for (int u = 0; u < count; ++u)
@@ -60,30 +52,18 @@ class PainterRasterTest : public QObject {
   }
 
   void ItIsTheSameAsAPixelForEach() {
-    const auto drawn = [](auto draw) {
-      QImage image(120, 90, QImage::Format_RGB32);
-      image.fill(Qt::white);
-      QPainter painter(&image);
-      PainterTarget target(painter, {3, 0, 0});
-      draw(target);
-      return image;
-    };
-    QVERIFY(drawn(Draw) == drawn([](Target& target) {
+    QVERIFY(Painted({120, 90}, {3, 0, 0}, Draw) ==
+            Painted({120, 90}, {3, 0, 0}, [](Target& target) {
               target.Target::Raster({10, 12}, Width, Pixels);
             }));
   }
 
   void AnEmptyOneDrawsNothing() {
-    QImage image(40, 30, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    const QImage before = image;
-    QPainter painter(&image);
-    PainterTarget target(painter, {1, 0, 0});
-    target.Raster({1, 1}, 3, {});
-    target.Raster({1, 1}, 0, Pixels);
-    target.Raster({1, 1}, 1000, Pixels);  // not one whole row
-    painter.end();
-    QVERIFY(image == before);
+    QVERIFY(Painted({40, 30}, {1, 0, 0}, [](Target& target) {
+              target.Raster({1, 1}, 3, {});
+              target.Raster({1, 1}, 0, Pixels);
+              target.Raster({1, 1}, 1000, Pixels);  // not one whole row
+            }) == Painted({40, 30}, {1, 0, 0}, [](Target&) {}));
   }
 
   void PagesKeepEveryUnitApart() {
@@ -92,11 +72,7 @@ class PainterRasterTest : public QObject {
     QSvgRenderer renderer(path);
     QFile::remove(path);
     QVERIFY(renderer.isValid());
-    QImage image(400, 300, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    renderer.render(&painter);
-    painter.end();
+    const QImage image = Rendered(renderer, {400, 300});
     for (int j = 0; j < 5; ++j)
       for (int i = 0; i < Width; ++i)
         QCOMPARE(image.pixelColor((10 + i) * 10 + 5, (12 + j) * 10 + 5), Of(Pixels[j * Width + i]));

@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QDir>
+#include <QMouseEvent>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
@@ -14,6 +15,46 @@
 #include "tests/app/script.h"
 
 namespace velorix {
+
+/// A form's control by its system name.
+template <class Control>
+Control& In(const QObject& form, const QString& name) {
+  auto* control = form.findChild<Control*>(name);
+  if (!control) qFatal("no control %s", qPrintable(name));
+  return *control;
+}
+
+/// The entries of a list, with blanks between.
+inline QString Entries(const QComboBox& list) {
+  QStringList entries;
+  for (int i = 0; i < list.count(); ++i) entries += list.itemText(i);
+  return entries.join(' ');
+}
+
+/// All headers of a table's columns.
+inline QString HeaderTexts(const QTableView& table, int role = Qt::DisplayRole) {
+  QStringList texts;
+  for (int column = 0; column < table.model()->columnCount(); ++column)
+    texts += table.model()->headerData(column, Qt::Horizontal, role).toString();
+  return texts.join('|');
+}
+
+/// Where a place of a picture's plane lies in its widget: the plane fills the widget but for a
+/// margin of 4, undistorted and centred.
+inline QPoint PlaceIn(const QWidget& picture, QSizeF plane, QPointF place) {
+  const QSizeF room = picture.size() - QSize(8, 8), whole = plane.scaled(room, Qt::KeepAspectRatio);
+  const QSizeF beside = (room - whole) / 2;
+  return (QPointF(4 + beside.width(), 4 + beside.height()) + whole.width() / plane.width() * place)
+      .toPoint();
+}
+
+/// Moves the mouse within a widget, with buttons and keys held.
+inline void MoveMouse(QWidget& widget, QPoint place, Qt::MouseButtons buttons = {},
+                      Qt::KeyboardModifiers keys = {}) {
+  QMouseEvent move(QEvent::MouseMove, place, widget.mapToGlobal(place), Qt::NoButton, buttons,
+                   keys);
+  QCoreApplication::sendEvent(&widget, &move);
+}
 
 /// The real main window over scripted dialogs, with folders of its own. Controls are found by their
 /// system names.
@@ -47,9 +88,14 @@ struct TestWindow {
 
   template <class Control>
   Control& The(const QString& name) {
-    auto* control = Window.findChild<Control*>(name);
-    if (!control) qFatal("no control %s", qPrintable(name));
-    return *control;
+    return In<Control>(Window, name);
+  }
+  /// A window beside the main one, where it is shown.
+  template <class Form>
+  Form* Shown(const QString& name) {
+    for (Form* form : Window.findChildren<Form*>(name))  // a closed one may still be there
+      if (form->isVisible()) return form;
+    return nullptr;
   }
   QTableView& Grid() { return The<QTableView>("scgAnisoView"); }
   QString Cell(int row, int column) {
