@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QLabel>
-#include <memory>
 
 #include "platform/qt/group_statistics_window.h"
 #include "tests/qt/test_window.h"
@@ -14,16 +13,11 @@ namespace {
 class GroupStatisticsTest : public QObject {
   Q_OBJECT
 
-  std::unique_ptr<TestWindow> window_;
+  std::optional<TestWindow> window_;
 
-  frmGroupStatistics* Group() {
-    for (QWidget* widget : QApplication::topLevelWidgets())
-      if (widget->objectName() == "frmGroupStatistics" && widget->isVisible())
-        return static_cast<frmGroupStatistics*>(widget);
-    return nullptr;
-  }
+  frmGroupStatistics* Group() { return window_->Shown<frmGroupStatistics>("frmGroupStatistics"); }
   QString Label(const char* name, int index) {
-    return Group()->findChild<QLabel*>(QString("%1(%2)").arg(name).arg(index))->text();
+    return In<QLabel>(*Group(), QString("%1(%2)").arg(name).arg(index)).text();
   }
   bool Checked() {
     return window_->The<QAction>("mnuAnalysis(1)").isChecked() &&
@@ -31,8 +25,7 @@ class GroupStatisticsTest : public QObject {
   }
 
  private slots:
-  void init() { window_ = std::make_unique<TestWindow>(); }
-  void cleanup() { window_.reset(); }
+  void init() { window_.emplace(); }
 
   void keyButtonAndItsOwnCloseToggleIt() {
     QVERIFY(!Group());
@@ -74,7 +67,7 @@ class GroupStatisticsTest : public QObject {
   void copiesItsNumbersAsText() {
     window_->Open(window_->WriteFile("a", 6));
     window_->Key(Qt::Key_F9);
-    QTest::mouseClick(Group()->findChild<QAbstractButton*>("cmdCopy"), Qt::LeftButton);
+    QTest::mouseClick(&In<QAbstractButton>(*Group(), "cmdCopy"), Qt::LeftButton);
     const QStringList lines = QApplication::clipboard()->text().split('\n');
     QCOMPARE(lines.size(), 15);  // two headings, three directions, Km, eight factors, the end
     QVERIFY(lines[0].startsWith("N = 6\tMean Tensor"));
