@@ -2,13 +2,11 @@
 
 #include "platform/qt/contour_window.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QProgressBar>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -18,8 +16,7 @@
 #include "plot/contour.h"
 #include "tests/qt/test_window.h"
 
-namespace velorix {
-namespace {
+using namespace velorix;
 
 class ContourWindowTest : public QObject {
   Q_OBJECT
@@ -61,17 +58,6 @@ class ContourWindowTest : public QObject {
   void init() {
     window_.emplace();
     BuildContourGrid(window_->Program.ContourGrid, 0, 300, 3);
-  }
-
-  void KeyButtonAndItsOwnCloseToggleIt() {
-    QVERIFY(!Contour());
-    window_->Key(Qt::Key_F12);
-    QVERIFY(Contour() && window_->The<QAction>("mnuAnalysis(3)").isChecked());
-    window_->Press("Toolbar1(15)");
-    QVERIFY(!Contour() && !window_->The<QAction>("mnuAnalysis(3)").isChecked());
-    window_->Key(Qt::Key_F12);
-    Press("cmdCLOSE");
-    QVERIFY(!Contour() && !window_->The<QAction>("mnuAnalysis(3)").isChecked());
   }
 
   void ShowsTheDataFirstAndTheirDensityWhenCounted() {
@@ -231,12 +217,10 @@ class ContourWindowTest : public QObject {
     QVERIFY(QFile::exists(window_->Folder.filePath("p.svg")));
     window_->Asked.Buttons.push_back(1);  // no: it asks for another name, which is not given
     for (const char* name : {"p.png", "p.xyz", "none/p.png"}) QVERIFY2(save(name) == 1u, name);
+    Press("cmdCLOSE");
+    QVERIFY(!Contour());
   }
 };
 
-}  // namespace
-}  // namespace velorix
-
-using velorix::ContourWindowTest;
 QTEST_MAIN(ContourWindowTest)
 #include "contour_window_test.moc"

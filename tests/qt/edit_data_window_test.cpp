@@ -1,7 +1,6 @@
 // The window of the orientation editor, driven by the names of its controls.
 
 #include <QClipboard>
-#include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -16,8 +15,7 @@
 #include "datafiles/ged_file.h"
 #include "tests/qt/on_modal.h"
 
-namespace velorix {
-namespace {
+using namespace velorix;
 
 class EditDataWindowTest : public QObject {
   Q_OBJECT
@@ -73,10 +71,12 @@ class EditDataWindowTest : public QObject {
   }
 
  private slots:
-  void init() { window_.emplace(); }
+  void init() {
+    window_.emplace();
+    W().Open(W().WriteFile("site", 3));
+  }
 
   void showsTheStoreUnderItsCaptions() {
-    W().Open(W().WriteFile("site", 3));
     Show([this] {
       QCOMPARE(dialog_->objectName(), "frmEditData");
       QVERIFY(dialog_->isModal());
@@ -99,8 +99,7 @@ class EditDataWindowTest : public QObject {
   }
 
   void saveWritesFileAndStoreAndRedraws() {
-    const std::string path = W().WriteFile("site", 3);
-    W().Open(path);
+    const std::string path = W().Path("site.ams");
     const QString before = W().Cell(0, 14);
     Show([this] {
       TypeAndEnter(1, 3, "200");
@@ -124,7 +123,6 @@ class EditDataWindowTest : public QObject {
   }
 
   void cancelEscapeAndTitleBarChangeNothing() {
-    W().Open(W().WriteFile("site", 3));
     for (int way = 0; way < 3; ++way)
       Show([this, way] {
         TypeAndEnter(1, 3, "200");
@@ -138,7 +136,6 @@ class EditDataWindowTest : public QObject {
   }
 
   void writeFillsFromTheStoreAgainAndCanBeUndone() {
-    W().Open(W().WriteFile("site", 3));
     Show([this] {
       TypeAndEnter(1, 3, "200");
       Press("cmdWrite");
@@ -186,7 +183,6 @@ class EditDataWindowTest : public QObject {
   }
 
   void parametersAreChosenFromTheirLists() {
-    W().Open(W().WriteFile("site", 3));
     const char* values[] = {"3 6 9 12", "0 90", "3 6 9 12", "0 90"};
     for (int p = 1; p <= 4; ++p)
       Show([&] {
@@ -208,7 +204,6 @@ class EditDataWindowTest : public QObject {
   }
 
   void doubtfulCellsAreMarkedAndCounted() {
-    W().Open(W().WriteFile("site", 3));
     Show([this] {
       QCOMPARE(Doubts(), "");
       TypeAndEnter(2, 3, "12,5");
@@ -222,7 +217,6 @@ class EditDataWindowTest : public QObject {
   }
 
   void aNumberTooLargeKeepsItOpenAndTheStoreAsItWas() {
-    W().Open(W().WriteFile("site", 3));
     Show([this] {
       TypeAndEnter(1, 3, "200");
       TypeAndEnter(2, 3, "1E400");
@@ -238,8 +232,7 @@ class EditDataWindowTest : public QObject {
 #ifndef Q_OS_UNIX
     QSKIP("no limit of file sizes to set");
 #else
-    const std::string path = W().WriteFile("site", 3);
-    W().Open(path);
+    const std::string path = W().Path("site.ams");
     rlimit limit;
     getrlimit(RLIMIT_FSIZE, &limit);
     const auto setLimit = [&](rlim_t bytes) {
@@ -287,7 +280,6 @@ class EditDataWindowTest : public QObject {
   }
 
   void theButtonsHaveKeysSinceTabGoesFromCellToCell() {
-    W().Open(W().WriteFile("site", 3));
     Show([this] {
       TypeAndEnter(1, 3, "200");
       Key(Qt::Key_F5);
@@ -302,8 +294,7 @@ class EditDataWindowTest : public QObject {
   }
 
   void openGedShowsTheSamplesAndAssignGedMarksWhatItMatched() {
-    const std::string path = W().WriteFile("site", 3), ged = W().Path("site.ged");
-    W().Open(path);
+    const std::string path = W().Path("site.ams"), ged = W().Path("site.ged");
     RecordArray samples;
     for (const char* name : {"site1", "SITE2", "site3"}) {
       SpecimenRecord s;
@@ -348,6 +339,7 @@ class EditDataWindowTest : public QObject {
   }
 
   void anEmptyStoreIsAnEmptyGrid() {
+    CloseFile(W().Program);
     Show([this] {
       QCOMPARE(Table().model()->rowCount(), 0);
       Key(Qt::Key_V, Qt::ControlModifier);
@@ -361,9 +353,5 @@ class EditDataWindowTest : public QObject {
   }
 };
 
-}  // namespace
-}  // namespace velorix
-
-using velorix::EditDataWindowTest;
 QTEST_MAIN(EditDataWindowTest)
 #include "edit_data_window_test.moc"

@@ -5,8 +5,7 @@
 
 #include "tests/qt/on_modal.h"
 
-namespace velorix {
-namespace {
+using namespace velorix;
 
 class FactorWindowTest : public QObject {
   Q_OBJECT
@@ -95,9 +94,5 @@ class FactorWindowTest : public QObject {
   }
 };
 
-}  // namespace
-}  // namespace velorix
-
-using velorix::FactorWindowTest;
 QTEST_MAIN(FactorWindowTest)
 #include "factor_window_test.moc"

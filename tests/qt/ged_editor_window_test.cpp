@@ -7,8 +7,7 @@
 #include "platform/qt/ged_editor_window.h"
 #include "tests/qt/test_window.h"
 
-namespace velorix {
-namespace {
+using namespace velorix;
 
 class GedEditorWindowTest : public QObject {
   Q_OBJECT
@@ -182,9 +181,5 @@ class GedEditorWindowTest : public QObject {
   }
 };
 
-}  // namespace
-}  // namespace velorix
-
-using velorix::GedEditorWindowTest;
 QTEST_MAIN(GedEditorWindowTest)
 #include "ged_editor_window_test.moc"

@@ -7,8 +7,7 @@
 #include "platform/qt/group_statistics_window.h"
 #include "tests/qt/test_window.h"
 
-namespace velorix {
-namespace {
+using namespace velorix;
 
 class GroupStatisticsTest : public QObject {
   Q_OBJECT
@@ -19,26 +18,8 @@ class GroupStatisticsTest : public QObject {
   QString Label(const char* name, int index) {
     return In<QLabel>(*Group(), QString("%1(%2)").arg(name).arg(index)).text();
   }
-  bool Checked() {
-    return window_->The<QAction>("mnuAnalysis(1)").isChecked() &&
-           window_->The<QAbstractButton>("Toolbar1(14)").isChecked();
-  }
-
  private slots:
   void init() { window_.emplace(); }
-
-  void keyButtonAndItsOwnCloseToggleIt() {
-    QVERIFY(!Group());
-    window_->Key(Qt::Key_F9);
-    QVERIFY(Group() && Checked());
-    window_->Press("Toolbar1(14)");
-    QVERIFY(!Group() && !Checked());
-    window_->Key(Qt::Key_F9);
-    Group()->close();
-    QVERIFY(!Group() && !Checked());
-    window_->Key(Qt::Key_F9);
-    QVERIFY(Group());
-  }
 
   void showsWhatTheGroupIsLargeEnoughForAndFollowsTheDisplay() {
     window_->Key(Qt::Key_F9);
@@ -76,9 +57,5 @@ class GroupStatisticsTest : public QObject {
   }
 };
 
-}  // namespace
-}  // namespace velorix
-
-using velorix::GroupStatisticsTest;
 QTEST_MAIN(GroupStatisticsTest)
 #include "group_statistics_test.moc"

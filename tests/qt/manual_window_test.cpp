@@ -3,7 +3,6 @@
 #include "platform/qt/manual_window.h"
 
 #include <QDesktopServices>
-#include <QDialog>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
@@ -13,10 +12,8 @@
 
 #include "platform/qt/own_paths.h"
 #include "tests/qt/on_modal.h"
-#include "tests/qt/test_window.h"
 
-namespace velorix {
-namespace {
+using namespace velorix;
 
 class ManualWindowTest : public QObject {
   Q_OBJECT
@@ -205,9 +202,5 @@ class ManualWindowTest : public QObject {
   QList<QUrl> taken_;
 };
 
-}  // namespace
-}  // namespace velorix
-
-using velorix::ManualWindowTest;
 QTEST_MAIN(ManualWindowTest)
 #include "manual_window_test.moc"

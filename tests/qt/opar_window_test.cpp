@@ -5,8 +5,7 @@
 
 #include "tests/qt/on_modal.h"
 
-namespace velorix {
-namespace {
+using namespace velorix;
 
 class OparWindowTest : public QObject {
   Q_OBJECT
@@ -108,9 +107,5 @@ class OparWindowTest : public QObject {
   }
 };
 
-}  // namespace
-}  // namespace velorix
-
-using velorix::OparWindowTest;
 QTEST_MAIN(OparWindowTest)
 #include "opar_window_test.moc"

@@ -2,14 +2,11 @@
 
 #include <QClipboard>
 #include <QFileDialog>
-#include <QImage>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPrinter>
 #include <QSvgRenderer>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include "app/graphics_page.h"
 #include "platform/qt/gif_file.h"
@@ -19,7 +16,6 @@
 #include "plot/recorder.h"
 #include "tests/qt/on_modal.h"
 #include "tests/qt/painted.h"
-#include "tests/qt/test_window.h"
 
 using namespace velorix;
 

