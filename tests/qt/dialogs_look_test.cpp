@@ -39,8 +39,8 @@ class DialogsLookTest : public QObject {
     QVERIFY2(!control.toolTip().isEmpty(), name);
     const QPalette& colours = control.palette();
     for (const auto& [text, ground] : {std::pair{QPalette::Text, QPalette::Base},
-                                      std::pair{QPalette::ButtonText, QPalette::Button},
-                                      std::pair{QPalette::WindowText, QPalette::Window}})
+                                       std::pair{QPalette::ButtonText, QPalette::Button},
+                                       std::pair{QPalette::WindowText, QPalette::Window}})
       QVERIFY2(Contrast(colours.color(text), colours.color(ground)) > 3, name);
   }
 
