@@ -126,9 +126,9 @@ void ExportData(Velorix& velorix) {
       form.Append = choice == Append;
     }
     // A file that can't be written ends the command without a word: this is wanted.
-    if (!ExportGrid(RecordGridTexts(velorix.Session), answer->Filename, form))
-      velorix.Log.DebugPrint("Export failed: " + answer->Filename);
-    return;
+    if (ExportGrid(RecordGridTexts(velorix.Session), answer->Filename, form))
+      return TellWritten(velorix, answer->Filename);
+    return velorix.Log.DebugPrint("Export failed: " + answer->Filename);
   }
 }
 

@@ -112,8 +112,10 @@ void SaveGraphics(Velorix& velorix) {
   // A picture's type is what the user wrote behind the name, and without it none is written: this
   // is wanted.
   question.AddsExtension = false;
-  if (const auto answer = AskWhereToSave(velorix, question))
-    ExportGraphics(velorix, answer->Filename, answer->FilterIndex != MetafileFilter);
+  const auto answer = AskWhereToSave(velorix, question);
+  if (!answer) return;
+  if (ExportGraphics(velorix, answer->Filename, answer->FilterIndex != MetafileFilter))
+    TellWritten(velorix, answer->Filename);
 }
 
 bool ExportGraphics(Velorix& velorix, const std::string& path, bool asBitmap) {

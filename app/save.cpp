@@ -34,9 +34,10 @@ constexpr SaveFilter Filters[] = {
 };
 // clang-format on
 
-/// Shows what a writer refused, if it has something to say.
-void Report(Velorix& velorix, const Outcome& outcome) {
-  if (!outcome && !outcome.Text.empty()) velorix.Dialogs.Ask(outcome.Title, outcome.Text, {"&OK"});
+/// Tells that the file is written, or what the writer refused, if it has something to say.
+void Report(Velorix& velorix, const std::string& path, const Outcome& outcome) {
+  if (outcome) return TellWritten(velorix, path);
+  if (!outcome.Text.empty()) velorix.Dialogs.Ask(outcome.Title, outcome.Text, {"&OK"});
 }
 
 /// Whether there is something to save; the user hears it when there is not. Writers take the old
@@ -58,7 +59,8 @@ void AskAndSave(Velorix& velorix, const char* title, bool all) {
   const auto answer = AskWhereToSave(velorix, question);
   if (!answer) return;
   const std::size_t filter = answer->FilterIndex == 2 ? 1 : 0;
-  Report(velorix, Filters[filter].Write(answer->Filename, velorix.Session.Records, all));
+  Report(velorix, answer->Filename,
+         Filters[filter].Write(answer->Filename, velorix.Session.Records, all));
 }
 
 }  // namespace
@@ -81,6 +83,10 @@ std::optional<FileAnswer> AskWhereToSave(Velorix& velorix, const FileQuestion& q
   }
 }
 
+void TellWritten(Velorix& velorix, const std::string& path) {
+  velorix.Views.ShowStatus("Written: " + path);
+}
+
 bool HasFile(const std::string& path) {
   std::error_code unknown;
   return std::filesystem::exists(PathOf(path), unknown);
@@ -92,7 +98,8 @@ void SaveSelectedAs(Velorix& velorix) { AskAndSave(velorix, SelectedTitle, false
 void SaveFile(Velorix& velorix) {
   // A RAN file under whatever name the open file has, one that ends in ".ams" too: this is wanted.
   if (!HasRecords(velorix, SaveTitle, true)) return;
-  Report(velorix, WriteRan(velorix.Session.CurrentFile, velorix.Session.Records, true));
+  const std::string& path = velorix.Session.CurrentFile;
+  Report(velorix, path, WriteRan(path, velorix.Session.Records, true));
 }
 
 }  // namespace velorix

@@ -90,6 +90,7 @@ TEST_F(ExportGridTest, FailureLeavesTheOldFileAndSaysNothing) {
     Menu("mnuExport");
   }
   EXPECT_EQ(Asked.Boxes, Texts());
+  EXPECT_EQ(Seen.Status, "");
   for (const auto& file : std::filesystem::directory_iterator(Folder))
     EXPECT_NE(file.path().extension(), ".new") << file.path();
 }

@@ -46,6 +46,7 @@ TEST_F(Save, TheTypeChosenDecidesNotTheName) {
   Answer(Path("first.ran"), 1);
   Menu("mnuSaveAs");
   EXPECT_TRUE(Asked.Boxes.empty());
+  EXPECT_EQ(Seen.Status, "Written: " + Path("first.ran"));
   EXPECT_EQ(NamesOf(ReadRan("second.ams")), "a1 a2 a3 ");
   EXPECT_EQ(Bytes("first.ran").size(), 3u * 640);
 }
