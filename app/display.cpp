@@ -4,6 +4,7 @@
 #include <array>
 
 #include "tensor/derivation.h"
+#include "text/numbers.h"
 
 namespace velorix {
 namespace {
@@ -19,6 +20,22 @@ void ResetLists(CodeLists& lists) {
 void ShowSelectedCodes(Velorix& velorix) {
   velorix.Stereo.lstFoli = velorix.Lists.lstFoli.SelectedCodes();
   velorix.Stereo.lstLine = velorix.Lists.lstLine.SelectedCodes();
+}
+
+/// Factors and rotation of the records in view. A fault comes with the number of its record.
+void DeriveView(Session& session) {
+  const View view = ViewOf(session);
+  int number = 0;
+  try {
+    for (SpecimenRecord& record : session.Records) {
+      if (!record.HasCoor[session.CoorSys] || !record.Active) continue;
+      number = record.RecordNo;
+      DeriveFactors(record, session.Settings.FacIndex, session.ReImMode);
+      RotateRecord(record, view);
+    }
+  } catch (const Fault& fault) {
+    throw Fault(fault.Number, "Record " + PlainText(number) + ": " + fault.what(), fault.Source);
+  }
 }
 
 /// The group statistics of the records in view. A geologist hears what may be the cause.
@@ -53,12 +70,7 @@ void DisplayData(Velorix& velorix, bool resetLists) {
   // A record that fails here ends the display before its statistics: then no mean is shown, rather
   // than that of the records shown before.
   velorix.GroupStats.GroupN = 0;
-  const View view = ViewOf(session);
-  for (SpecimenRecord& record : session.Records) {
-    if (!record.HasCoor[session.CoorSys] || !record.Active) continue;
-    DeriveFactors(record, session.Settings.FacIndex, session.ReImMode);
-    RotateRecord(record, view);
-  }
+  DeriveView(session);
   ComputeGroup(velorix);
   RefreshViews(velorix);
 }

@@ -199,6 +199,16 @@ TEST_F(Display, AFailureInACommandIsToldAndTheViewsFollowTheStore) {
   EXPECT_EQ(Seen.Grids, 1);
 }
 
+TEST_F(Display, ARecordThatCannotBeDerivedIsToldAndNoOldMeanStays) {
+  OpenFile(WriteFile("a", 3));
+  EXPECT_EQ(Program.GroupStats.GroupN, 3);
+  SpecimenRecord odd = Record("odd");
+  odd.OP[1] = 30000;  // o'clock
+  OpenFile(WriteRecords("odd.ams", {Record("plain"), odd}));
+  EXPECT_EQ(Asked.Boxes, Texts{"Velorix5|Record 2: Overflow|&OK"});
+  EXPECT_EQ(Program.GroupStats.GroupN, 0);
+}
+
 TEST_F(Display, StatisticsThatFailAreToldBesideTheViewsAndTheNextCommandWorks) {
   SpecimenRecord same = Record("same");
   same.OrientAz = same.OrientInc = 0;
