@@ -65,7 +65,8 @@ GedMatches AssignGed(EditGrid& grid, const RecordArray& records, const RecordArr
   const int rows = std::min(grid.RowCount(), records.Count());
   matches.Rows.resize(static_cast<std::size_t>(grid.RowCount()));
   std::vector<CellText> texts;
-  texts.reserve(static_cast<std::size_t>(CellsOfSample * std::min(rows, samples.Count())));
+  texts.reserve(std::size_t{CellsOfSample} *
+                static_cast<std::size_t>(std::min(rows, samples.Count())));
   for (int row = 1; row <= rows; ++row) {
     const std::string& name = records[row].Name;
     const auto found = firstOf.find(name);

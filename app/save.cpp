@@ -75,7 +75,7 @@ FileQuestion SaveQuestion(const Session& session, const char* title) {
 
 std::optional<FileAnswer> AskWhereToSave(Velorix& velorix, const FileQuestion& question) {
   for (;;) {
-    const auto answer = velorix.Dialogs.ShowSave(question);
+    auto answer = velorix.Dialogs.ShowSave(question);
     if (!answer || !HasFile(answer->Filename) ||
         velorix.Dialogs.Ask(question.Title, "This file already exists.\nOverwrite existing file?",
                             {"&Yes", "&No"}, 1) == 0)

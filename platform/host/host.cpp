@@ -31,7 +31,7 @@ fs::path UserDataFolder() { return Variable("LOCALAPPDATA") / "velorix"; }
 fs::path DataRootFolder() { return "C:\\Zelmor\\Data"; }
 #else
 fs::path HomeFolder() {
-  if (const fs::path home = Variable("HOME"); !home.empty()) return home;
+  if (fs::path home = Variable("HOME"); !home.empty()) return home;
   const passwd* const user = getpwuid(getuid());  // a service or a bare shell names no home
   return user && *user->pw_dir ? fs::path(user->pw_dir) : fs::temp_directory_path();
 }
