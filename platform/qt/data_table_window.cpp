@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "app/data_table.h"
+#include "platform/qt/change_buttons.h"
 #include "platform/qt/widgets.h"
 
 namespace velorix {
@@ -31,9 +32,7 @@ frmDataTable::frmDataTable(Velorix& velorix, QWidget* owner)
 
   auto* row = new QHBoxLayout;
   const auto button = [&](const char* name, const char* caption, const char* tip) {
-    auto* made = new QPushButton(caption, this);
-    made->setObjectName(name);
-    made->setToolTip(tip);
+    QPushButton* made = MakeDialogButton(name, caption, tip, this);
     row->addWidget(made);
     return made;
   };

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "app/group_table.h"
+#include "platform/qt/change_buttons.h"
 #include "platform/qt/widgets.h"
 
 namespace velorix {
@@ -137,9 +138,7 @@ QLayout* frmGroupStatistics::MakeCommands() {
   auto* row = new QHBoxLayout;
   row->addStretch(1);
   const auto button = [&](const char* name, const char* caption, const char* tip) {
-    auto* made = new QPushButton(caption, this);
-    made->setObjectName(name);
-    made->setToolTip(tip);
+    QPushButton* made = MakeDialogButton(name, caption, tip, this);
     row->addWidget(made);
     return made;
   };

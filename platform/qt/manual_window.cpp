@@ -1,4 +1,5 @@
 #include "platform/qt/manual_window.h"
+#include "platform/qt/change_buttons.h"
 
 #include <QAction>
 #include <QDesktopServices>
@@ -192,9 +193,7 @@ frmManual::frmManual(const QString& firstPage, QWidget* owner)
 QLayout* frmManual::MakeBar(const QUrl& home) {
   auto* row = new QHBoxLayout;
   const auto button = [&](const char* name, const char* caption, const char* tip) {
-    auto* made = new QPushButton(caption, this);
-    made->setObjectName(name);
-    made->setToolTip(tip);
+    QPushButton* made = MakeDialogButton(name, caption, tip, this);
     row->addWidget(made);
     return made;
   };
