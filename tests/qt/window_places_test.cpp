@@ -1,9 +1,7 @@
 #include <QFile>
-#include <QScreen>
 #include <QScrollBar>
 
 #include "platform/qt/data_table_window.h"
-#include "platform/qt/start_up.h"
 #include "stats/group_statistics.h"
 #include "tests/qt/test_window.h"
 
@@ -14,19 +12,6 @@ class WindowPlacesTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void theMainWindowIsWithinTheScreenWithItsFrame() {
-    const QTemporaryDir folder;
-    ScriptedDialogs asked;
-    frmVelorix window;
-    Velorix program{asked, window, {}};
-    program.Host.AppFolder = folder.filePath("program").toStdString();
-    program.Host.DataRoot = folder.filePath("data").toStdString();
-    StartUp(program, window);
-    QVERIFY(window.width() < 1280);  // this screen has less than the window wants
-    QVERIFY(window.isMaximized());
-    QVERIFY(window.screen()->availableGeometry().contains(window.geometry()));
-  }
-
   void windowsBesideTheMainOneStayAboveItAndCanBeEnlarged() {
     TestWindow w;
     for (const auto& [command, name] :

@@ -5,6 +5,7 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 
 #include "platform/qt/about_window.h"
 #include "platform/qt/picture_widget.h"
@@ -77,7 +78,7 @@ class WindowsTest : public QObject {
     QVERIFY(!splash.isModal());
   }
 
-  void theMainWindowComesAfterTheSplash() {
+  void theMainWindowComesAfterTheSplashWithinTheScreen() {
     const QTemporaryDir folder;
     ScriptedDialogs asked;
     frmVelorix window;
@@ -92,6 +93,9 @@ class WindowsTest : public QObject {
     StartUp(program, window);
     QVERIFY(splashAlone);
     QVERIFY(window.isVisible());
+    QVERIFY(window.width() < 1280);  // this screen has less than the window wants
+    QVERIFY(window.isMaximized());
+    QVERIFY(window.screen()->availableGeometry().contains(window.geometry()));
     QCOMPARE(QApplication::activeWindow(), &window);
     const double seconds = window.findChild<QLabel*>("picStat(2)")->text().toDouble();
     QVERIFY2(seconds >= 2.0 && seconds < 10.0, qPrintable(QString::number(seconds)));
