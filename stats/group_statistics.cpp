@@ -70,7 +70,7 @@ bool Average(const std::vector<double>& values, float& mean, float& sd) {
 void AverageSlot(const RecordArray& records, std::int16_t coorSys, std::int16_t facIndex, int slot,
                  GroupStats& stats) {
   stats.MeanFac[slot] =
-      static_cast<float>(AnisoFactor(facIndex, stats.MeanK[1], stats.MeanK[2], stats.MeanK[3]));
+      FactorIn32(AnisoFactor(facIndex, stats.MeanK[1], stats.MeanK[2], stats.MeanK[3]));
   std::vector<double> values;
   for (const SpecimenRecord& record : records)
     if (IsAveraged(record, coorSys) && record.Fac[slot] != static_cast<float>(FailedFactor))

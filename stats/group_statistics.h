@@ -22,7 +22,7 @@ struct GroupStats : TensorStats {
   enum Step { None, MeanTensor, TensorErrors, Bootstrap, AverageKm, All };
 
   std::int16_t GroupN = 0;   // records in the mean tensor
-  Array1<float, 8> MeanFac;  // factors of the mean tensor
+  Array1<float, 8> MeanFac;  // factors of the mean tensor; one that failed is 1E9
   float AvgKm = 0;           // averages over the records and their deviations
   Array1<float, 8> AvgFac;
   float SdKm = 0;

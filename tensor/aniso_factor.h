@@ -43,6 +43,13 @@ struct FactorInput {
 double AnisoFactor(int index, const FactorInput& input);
 double AnisoFactor(int index, double k1, double k2, double k3);
 
+/// A factor in the 32 bits in which records and group statistics hold it. What doesn't fit there
+/// counts as failed, too.
+inline float FactorIn32(double factor) {
+  const bool fits = std::fabs(factor) <= std::numeric_limits<float>::max();
+  return static_cast<float>(fits ? factor : FailedFactor);
+}
+
 /// The formula of a factor as the user's list shows it; empty outside 1 to 38.
 std::string_view FactorText(int index);
 

@@ -1,8 +1,6 @@
 #include "tensor/derivation.h"
 
-#include <cmath>
 #include <cstddef>
-#include <limits>
 
 #include "tensor/aniso_factor.h"
 #include "tensor/eigen_jk.h"
@@ -162,12 +160,6 @@ void Store(const Turned& t, const Principal& principal, SpecimenRecord& record) 
     record.LineDec[i] = t.Lineations[i].Dec;
     record.LineInc[i] = t.Lineations[i].Inc;
   }
-}
-
-/// A factor in the width of the record. What doesn't fit there couldn't be computed either.
-float FactorIn32(double factor) {
-  const bool fits = std::fabs(factor) <= std::numeric_limits<float>::max();
-  return static_cast<float>(fits ? factor : FailedFactor);
 }
 
 /// Asks the memory for the whole record while its eigenvalues are computed: a store is larger than

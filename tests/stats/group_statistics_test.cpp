@@ -283,6 +283,9 @@ TEST(GroupStatistics, TakesWhatTheViewShowsAndLeavesFailedFactorsOut) {
   for (int i = 4; i <= 8; ++i) L += records[i].Fac[1] / 5;
   EXPECT_FLOAT_EQ(stats.AvgFac[1], static_cast<float>(L));
   EXPECT_NEAR(stats.MeanFac[3], stats.MeanK[1] / stats.MeanK[3], 1e-6);
+
+  RunOn(RecordsOf({{1, 1, 1e-40, 0, 0, 0}}), stats);
+  EXPECT_EQ(stats.MeanFac[3], 1e9f);  // P = 1E40 leaves the 32-bit range: failed, as in a record
 }
 
 TEST(GroupStatistics, AveragesInPhaseValuesOfAllAlsoOutOfPhase) {
