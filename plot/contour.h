@@ -29,7 +29,7 @@ struct ContourDisplay {
   std::int16_t Symbol, Size;
 };
 inline constexpr Array1<ContourDisplay, 5> ContourDisplays = {{{"Kmax", 255, 1, 5},
-                                                               {"Kint", 65280, 1, 5},
+                                                               {"Kint", 65280, 2, 5},
                                                                {"Kmin", 0xFF0000, 3, 6},
                                                                {"Foliation Pole", 0xC0C000, 3, 6},
                                                                {"Lineation", 0x800080, 1, 5}}};

@@ -98,7 +98,7 @@ TEST_F(ContourPicture, ShowsEachDatumInTheSymbolOfItsKindWhenWantedOrNotCounted)
     std::int16_t display, symbol, size;
     Colour colour;
   } cases[] = {{1, 1, 5, 255},
-               {2, 1, 5, 65280},
+               {2, 2, 5, 65280},
                {3, 3, 6, 0xFF0000},
                {4, 3, 6, 0xC0C000},
                {5, 1, 5, 0x800080}};
