@@ -46,8 +46,8 @@ StereoReadOut ReadStereo(double x, double y) {
   const Point p = MapPoint({x, y}, centre, {0, 0}, {centre.x + radius, centre.y - radius}, {1, 1});
   const Direction direction = InverseEqualArea(p);
   if (direction.Inc < 0) return {};
-  return {"Dec = " + FormatNumber(direction.Dec, "0.0"),
-          "Inc = " + FormatNumber(direction.Inc, "0.0")};
+  return {"Dec = " + TrimmedNumber(direction.Dec, "0.0"),
+          "Inc = " + TrimmedNumber(direction.Inc, "0.0")};
 }
 
 std::string ReadXYPlot(const Velorix& velorix, int plot, double x, double y) {

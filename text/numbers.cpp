@@ -255,6 +255,10 @@ std::string FormatNumber(double value, std::string_view picture) {
   return sign + digits;
 }
 
+std::string TrimmedNumber(double value, std::string_view picture) {
+  return std::string(StripBlanks(FormatNumber(value, picture)));
+}
+
 ExponentParts SplitExponent(double value) {
   if (!std::isfinite(value) || value == 0) return {};
   char text[48];

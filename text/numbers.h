@@ -36,6 +36,8 @@ std::int16_t DigitsOfText(std::string_view text);
 /// numbers line up; a negative one its "-", also when it rounds to zero. A value that is not finite
 /// gives the empty text; another picture is "Invalid procedure call or argument".
 std::string FormatNumber(double value, std::string_view picture);
+/// The same without the blank in front, for a number within a sentence.
+std::string TrimmedNumber(double value, std::string_view picture);
 
 /// A value as mantissa (1 <= |Mantissa| <= 10, or 0) and power of ten.
 struct ExponentParts {

@@ -94,9 +94,9 @@ TEST_F(PlotMouse, ReadsDirectionsOffTheNet) {
     const StereoReadOut out = ReadStereo(x, y);
     return out.dec + out.inc;
   };
-  EXPECT_EQ(read(180, 190), "Dec =  0.0Inc =  90.0");
-  EXPECT_EQ(read(335, 190), "Dec =  90.0Inc =  0.0");
-  EXPECT_EQ(read(180, 345), "Dec =  180.0Inc =  0.0");
+  EXPECT_EQ(read(180, 190), "Dec = 0.0Inc = 90.0");
+  EXPECT_EQ(read(335, 190), "Dec = 90.0Inc = 0.0");
+  EXPECT_EQ(read(180, 345), "Dec = 180.0Inc = 0.0");
   EXPECT_EQ(read(336, 190) + read(-900, 5000), "");  // outside
   for (double x = 20; x < 340; x += 0.37)            // no place fails
     for (const double y : {35.0, 189.99, 190.0, 190.0001, 344.9}) EXPECT_NO_THROW(read(x, y));
