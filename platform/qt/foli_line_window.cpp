@@ -144,6 +144,8 @@ QWidget* frmFoliLine::MakeOutputs() {
   table->addWidget(inc_, 0, 2);
   table->addWidget(MakeLabel("lblAngleName", "Angle", this), 1, 0);
   table->addWidget(angle_, 1, 1, 1, 2);
+  note_ = MakeLabel("lblNote", "", this);
+  table->addWidget(note_, 2, 0, 1, 3);
   table->setColumnMinimumWidth(0, NameWidth(*this));
   return frame;
 }
@@ -168,14 +170,18 @@ void frmFoliLine::ChooseMode(CalculatorMode mode) {
   Clear();
 }
 
+void frmFoliLine::ClearResult() {
+  for (QLabel* value : {dec_, inc_, angle_, note_}) value->clear();
+}
+
 void frmFoliLine::Clear() {
   for (QLineEdit* field : {dec1_, inc1_, dec2_, inc2_}) field->clear();
-  for (QLabel* value : {dec_, inc_, angle_}) value->clear();
+  ClearResult();
   dec1_->setFocus();
 }
 
 void frmFoliLine::Calculate() {
-  for (QLabel* value : {dec_, inc_, angle_}) value->clear();  // a failure leaves no old result
+  ClearResult();  // a failure leaves no old one
   const auto text = [](const QLineEdit* field) { return field->text().toStdString(); };
   Work(velorix_, [&] {
     const CalculatorResult result =
@@ -183,6 +189,7 @@ void frmFoliLine::Calculate() {
     dec_->setText(ToQString(result.Dec));
     inc_->setText(ToQString(result.Inc));
     angle_->setText(ToQString(result.Angle));
+    note_->setText(ToQString(result.Note));
   });
 }
 

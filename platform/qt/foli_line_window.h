@@ -29,6 +29,7 @@ class frmFoliLine : public QWidget {
   QLineEdit* MakeInput(const char* name);
   void ChooseMode(CalculatorMode mode);
   void Clear();
+  void ClearResult();
   void Calculate();
 
   Velorix& velorix_;
@@ -36,7 +37,7 @@ class frmFoliLine : public QWidget {
   QLabel *input1_ = nullptr, *input2_ = nullptr, *output_ = nullptr;
   QLabel *headDec_ = nullptr, *headInc_ = nullptr;
   QLineEdit *dec1_ = nullptr, *inc1_ = nullptr, *dec2_ = nullptr, *inc2_ = nullptr;
-  QLabel *dec_ = nullptr, *inc_ = nullptr, *angle_ = nullptr;
+  QLabel *dec_ = nullptr, *inc_ = nullptr, *angle_ = nullptr, *note_ = nullptr;
 };
 
 }  // namespace velorix

@@ -31,7 +31,7 @@ class FoliLineWindowTest : public QObject {
   }
   /// True where fields and results are empty and the first field has the focus.
   bool IsCleared() {
-    QString text = Result();
+    QString text = Result() + Label("lblNote");
     for (const char* name : FieldNames) text += The<QLineEdit>(name).text();
     return text == "||" && The<QLineEdit>("txtDec1").hasFocus();
   }
@@ -73,7 +73,10 @@ class FoliLineWindowTest : public QObject {
     Press("optFoli");
     Type({"90", "30", "270", "20"});
     QTest::keyClick(&The<QLineEdit>("txtInc2"), Qt::Key_Return);
-    QCOMPARE(Result(), "360.0|0.0|50.0 (130.0)");
+    QCOMPARE(Result(), "0.0|0.0|50.0 (130.0)");
+    Type({"90", "30", "90", "30"});
+    Press("Command1");
+    QCOMPARE(Label("lblNote"), "The two planes are parallel.");
     Press("cmdClear");
     QVERIFY(IsCleared());
   }
