@@ -22,6 +22,12 @@ void ShowSelectedCodes(Velorix& velorix) {
   velorix.Stereo.lstLine = velorix.Lists.lstLine.SelectedCodes();
 }
 
+/// The codes in use are those that the lists show; a list that shows nothing gives an empty code.
+void TakeShownCodes(Velorix& velorix) {
+  velorix.Session.FoliCode = velorix.Lists.odclFoli.Text();
+  velorix.Session.LineCode = velorix.Lists.odclLine.Text();
+}
+
 /// Factors and rotation of the records in view. A fault comes with the number of its record.
 void DeriveView(Session& session) {
   const View view = ViewOf(session);
@@ -64,6 +70,7 @@ void DisplayData(Velorix& velorix, bool resetLists) {
     ListAddCodes(velorix.Lists, record, FromData);
     ComboAddCodes(velorix.Lists, record, FromData, session.FoliCode, session.LineCode);
   }
+  TakeShownCodes(velorix);
   ShowSelectedCodes(velorix);
   velorix.Views.ShowCodeLists();
 
@@ -119,13 +126,13 @@ void ChooseTectoAxis(Velorix& velorix, int index) {
 
 void ChooseFoliation(Velorix& velorix, int index) {
   velorix.Lists.odclFoli.ListIndex = index;
-  velorix.Session.FoliCode = velorix.Lists.odclFoli.Text();
+  TakeShownCodes(velorix);
   RotateAndRefresh(velorix);
 }
 
 void ChooseLineation(Velorix& velorix, int index) {
   velorix.Lists.odclLine.ListIndex = index;
-  velorix.Session.LineCode = velorix.Lists.odclLine.Text();
+  TakeShownCodes(velorix);
   RotateAndRefresh(velorix);
 }
 

@@ -210,17 +210,18 @@ class Batch {
     return !dialogs_.Complained;
   }
 
-  /// A code in the list is chosen there; another one is in use all the same and matches no record.
+  /// Chooses the codes in the lists. One that the data lack is added there, so that it is in use
+  /// all the same.
   void ChooseCodes() {
-    const auto choose = [](const std::string& code, CodeList& list, std::string& inUse) {
+    const auto choose = [](const std::string& code, CodeList& list) {
       if (code.empty()) return false;
-      inUse = code;
+      if (!list.Has(code)) list.Add({code});
       for (std::size_t i = 0; i < list.Entries.size(); ++i)
         if (list.Entries[i].Text == code) list.ListIndex = static_cast<int>(i);
       return true;
     };
-    const bool foli = choose(a_.FoliCode, velorix_.Lists.odclFoli, velorix_.Session.FoliCode);
-    const bool line = choose(a_.LineCode, velorix_.Lists.odclLine, velorix_.Session.LineCode);
+    const bool foli = choose(a_.FoliCode, velorix_.Lists.odclFoli);
+    const bool line = choose(a_.LineCode, velorix_.Lists.odclLine);
     if (!foli && !line) return;
     views_.Status.clear();
     Guarded(velorix_, [&] { DisplayData(velorix_, false); });

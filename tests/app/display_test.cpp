@@ -61,8 +61,10 @@ TEST_F(Display, GivesTheLineationListZeroWhenTheFirstRecordHasNone) {
   EXPECT_EQ(Chosen(), "S0");
   Fill({Coded("S", "L")});  // a reset takes "0" away with the other codes of the data
   EXPECT_EQ(Codes(Lists.odclLine), "L ");
+  Fill({Coded("", "L")});  // a list that shows nothing gives an empty code, not the former one
+  EXPECT_EQ(Chosen(), "L");
   Fill({});
-  EXPECT_EQ(Codes(Lists.odclLine), "");
+  EXPECT_EQ(Codes(Lists.odclLine) + Chosen(), "");
 }
 
 TEST_F(Display, ResetsChosenCodesOnlyWhenAskedTo) {

@@ -100,6 +100,9 @@ TEST_F(Batch, GoesOnAfterStatisticsThatFailAndTellsThemOfTheChosenViewOnly) {
   Write("two.ams", list);
   EXPECT_NE(Run("--coor paleo two.ams").Err, "");  // S0, the first found
   EXPECT_EQ(Run("--coor paleo --foli S1 two.ams").Err, "");
+  // A code that no record has is in use all the same, also after a further display.
+  const auto none = Run("--stats - --coor paleo --foli S9 --disregard 1 two.ams").Json();
+  EXPECT_EQ(none["GroupN"], 0);
 }
 
 TEST_F(Batch, WritesNullForWhatIsNotFinite) {
