@@ -88,34 +88,37 @@ QLabel* frmGroupStatistics::AddValue(QGridLayout& table, int row, int column, in
   return label;
 }
 
-/// The count, and a row each for Kmax, Kint and Kmin.
+/// The count, the headings in rows 0 to 2, and a row each for Kmax, Kint and Kmin.
 void frmGroupStatistics::AddDirections(QGridLayout& table) {
   const QString mean = "Principal values and directions of the mean tensor, in degrees";
   const QString errors = "Standard errors of the directions, in degrees; 5 records and more";
   const QString boot = "Half-axes of the bootstrap regions, in degrees; 5 to 100 records";
+  constexpr int Head = 2;
   AddHeading(table, 0, 4, "Confidence Ellipses", errors, 2);
-  AddHeading(table, 0, 6, "Bootstrap", boot, 2);
-  QLabel* count = AddValue(table, 1, 0, CountLabel, false);
-  table.addWidget(count, 0, 0, 2, 1, Qt::AlignBottom);  // so that the headings stand close
+  AddHeading(table, 1, 4, "Std. Err. [deg]", errors, 2);
+  AddHeading(table, 1, 6, "Bootstrap", boot, 2);
+  QLabel* count = AddValue(table, Head, 0, CountLabel, false);
+  table.addWidget(count, 0, 0, Head + 1, 1, Qt::AlignBottom);  // so that the headings stand close
   count->setAlignment(Qt::AlignCenter);
   count->setToolTip("Records in the mean tensor");
-  AddHeading(table, 1, 1, "Mean Tensor", mean);
-  AddHeading(table, 1, 2, "Dec", mean);
-  AddHeading(table, 1, 3, "Inc", mean);
-  AddHeading(table, 1, 4, "Normed Semi-Axes", errors, 2);
-  AddHeading(table, 1, 6, "Semi-Axes", boot, 2);
+  AddHeading(table, Head, 1, "Mean Tensor", mean);
+  AddHeading(table, Head, 2, "Dec", mean);
+  AddHeading(table, Head, 3, "Inc", mean);
+  AddHeading(table, Head, 4, "Normed Semi-Axes", errors, 2);
+  AddHeading(table, Head, 6, "Semi-Axes", boot, 2);
   for (int k = 1; k <= 3; ++k) {
-    AddName(table, k + 1, RowNames[k]);
+    const int row = Head + k;
+    AddName(table, row, RowNames[k]);
     for (int column = 1; column <= 5; ++column)
-      Paint(*AddValue(table, k + 1, column, DirectionLabel(k, column), false), RowColours[k]);
+      Paint(*AddValue(table, row, column, DirectionLabel(k, column), false), RowColours[k]);
     for (int axis = 1; axis <= 2; ++axis)
-      Paint(*AddValue(table, k + 1, 5 + axis, 2 * (k - 1) + axis, true), RowColours[k]);
+      Paint(*AddValue(table, row, 5 + axis, 2 * (k - 1) + axis, true), RowColours[k]);
   }
 }
 
 /// A row for Km and one for each factor; the note takes the room beside them.
 void frmGroupStatistics::AddFactors(QGridLayout& table) {
-  constexpr int Head = 6, Rows = 9;
+  constexpr int Head = 7, Rows = 9;
   table.setRowMinimumHeight(Head - 1, 10);
   AddHeading(table, Head, 1, "Mean Tensor", "Factors of the mean tensor, whose mean is 1");
   AddHeading(table, Head, 2, "Average", "Means of the records' values");

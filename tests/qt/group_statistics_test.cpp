@@ -21,6 +21,18 @@ class GroupStatisticsTest : public QObject {
  private slots:
   void init() { window_.emplace(); }
 
+  void theErrorsAreNamedStandardErrorsUnderTheirHeading() {
+    window_->Key(Qt::Key_F9);
+    const auto place = [this](const QString& text) {
+      for (const QLabel* label : Group()->findChildren<QLabel*>())
+        if (label->text() == text) return label->geometry();
+      return QRect();
+    };
+    const QRect heading = place("Confidence Ellipses"), unit = place("Std. Err. [deg]");
+    QVERIFY(!heading.isNull() && !unit.isNull());
+    QVERIFY(unit.top() > heading.bottom() && unit.left() == heading.left());
+  }
+
   void showsWhatTheGroupIsLargeEnoughForAndFollowsTheDisplay() {
     window_->Key(Qt::Key_F9);
     const struct {
