@@ -25,7 +25,9 @@ frmOPAR::frmOPAR(Velorix& velorix, QWidget* owner) : QDialog(owner), velorix_(ve
   auto* inside = new QVBoxLayout(factor);
   demag_ = new QCheckBox("Use Demagnetizing Factor", factor);
   demag_->setObjectName("chkDemagFac");
-  demag_->setToolTip("Correct measurements for the demagnetizing field of the specimen's shape");
+  demag_->setToolTip(
+      "Correct measurements for the demagnetizing field of the specimen's shape;\n"
+      "it is kept in the settings, and nothing uses it yet");
   demag_->setChecked(velorix.Session.Settings.DemagFac);
   inside->addWidget(demag_);
 

@@ -42,6 +42,7 @@ class OparWindowTest : public QObject {
       }
       QVERIFY(!Demag(d).isEnabled() && !Demag(d).isChecked());
       QCOMPARE(Demag(d).text(), "Use Demagnetizing Factor");
+      QVERIFY(Demag(d).toolTip().contains("nothing uses it yet"));
       QCOMPARE(Ok(d).text() + Ok(d).toolTip(), "CHANGE(Enter)");
       QCOMPARE(Cancel(d).text() + Cancel(d).toolTip(), "CANCELClose without saving (Esc)");
 
