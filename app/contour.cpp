@@ -24,8 +24,10 @@ void ForEachAtLevel(const Session& session, Visit visit) {
     if (record.Active && record.CoorLevel == session.CoorSys) visit(record);
 }
 
-/// The first slot, 1 or 2, with the code; 0 when there is none.
+/// The first slot, 1 or 2, with the code; 0 when there is none. An empty code names nothing: the
+/// slots that have no code hold no direction.
 int SlotOf(const Array1<std::string, 4>& names, const std::string& code) {
+  if (code.empty()) return 0;
   for (int slot = 1; slot <= 2; ++slot)
     if (names[slot] == code) return slot;
   return 0;

@@ -70,6 +70,7 @@ TEST_F(ContourTest, TheFirstOfTwoSlotsWithTheCodeGivesPoleAndLineation) {
     EXPECT_EQ(Decs(4, "S"), poles);
     EXPECT_EQ(BuildContourData(Program.Session, 4, "S", "").Inc, poleIncs);
     EXPECT_EQ(Decs(5, "S"), lines);
+    EXPECT_EQ(Decs(4, "").size() + Decs(5, "").size(), 0u);  // an empty code names nothing
   }
 }
 
