@@ -11,11 +11,6 @@
 namespace velorix {
 namespace {
 
-/// `FormatNumber` without its blank in front.
-std::string Formatted(double value, const char* picture) {
-  return std::string(StripBlanks(FormatNumber(value, picture)));
-}
-
 /// Visits the records in use at the coordinate level in view. A record without an out-of-phase
 /// tensor takes part in that block too, with the directions it has: wanted.
 template <class Visit>
@@ -34,12 +29,30 @@ int SlotOf(const Array1<std::string, 4>& names, const std::string& code) {
 }
 
 std::string DirectionText(const ContourGrid& grid, std::size_t node) {
-  return "Dec " + Formatted(grid.Dec[node], "0.0") + ", Inc " + Formatted(grid.Inc[node], "0.0");
+  return "Dec " + TrimmedNumber(grid.Dec[node], "0.0") + ", Inc " +
+         TrimmedNumber(grid.Inc[node], "0.0");
 }
 
 const char* SystemName(std::int16_t coorSys) {
   constexpr const char* Names[] = {"", "specimen", "geographic", "paleogeographic", "tectonic"};
   return coorSys >= 1 && coorSys <= 4 ? Names[coorSys] : "";
+}
+
+/// What is in view for a count.
+ContourSubject SubjectInView(const Velorix& velorix) {
+  const Session& session = velorix.Session;
+  return {Utf8Of(PathOf(session.CurrentFile).filename()), session.CoorSys,
+          BuildContourData(session, velorix.Contour.Options.optDisplay, session.FoliCode,
+                           session.LineCode)};
+}
+
+bool IsSame(const ContourSubject& a, const ContourSubject& b) {
+  return a.File == b.File && a.CoorSys == b.CoorSys && a.Data.Dec == b.Data.Dec &&
+         a.Data.Inc == b.Data.Inc;
+}
+
+bool IsStale(const ContourSession& contour) {
+  return contour.Counted() && !IsSame(contour.InView, contour.OfCount);
 }
 
 }  // namespace
@@ -64,12 +77,13 @@ ContourData BuildContourData(const Session& session, std::int16_t option,
 }
 
 void ShowContourData(Velorix& velorix) {
-  const Session& session = velorix.Session;
-  ContourSession& contour = velorix.Contour;
-  contour.Data =
-      BuildContourData(session, contour.Options.optDisplay, session.FoliCode, session.LineCode);
-  contour.CoorSys = session.CoorSys;
-  contour.Count = {};
+  velorix.Contour.InView = SubjectInView(velorix);
+  velorix.Contour.Count = {};
+}
+
+void RebuildContourData(Velorix& velorix) {
+  velorix.Contour.InView = SubjectInView(velorix);
+  velorix.Views.RefreshContour();
 }
 
 void ChooseContourDisplay(Velorix& velorix, int index) {
@@ -78,12 +92,11 @@ void ChooseContourDisplay(Velorix& velorix, int index) {
 }
 
 bool CountContour(Velorix& velorix, const CountProgress& progress) {
-  const Session& session = velorix.Session;
   ContourSession& contour = velorix.Contour;
   // The count listens to the window system, so all is taken down before it.
-  const std::int16_t smooth = contour.Options.txtSmooth, coorSys = session.CoorSys;
-  ContourData data =
-      BuildContourData(session, contour.Options.optDisplay, session.FoliCode, session.LineCode);
+  const std::int16_t smooth = contour.Options.txtSmooth;
+  ContourSubject subject = SubjectInView(velorix);
+  const ContourData& data = subject.Data;
   if (data.Count() == 0) return false;
   if (!DensityFits(velorix.ContourGrid, data, smooth)) {
     velorix.Dialogs.Ask("Contour Plot",
@@ -96,8 +109,8 @@ bool CountContour(Velorix& velorix, const CountProgress& progress) {
   }
   DensityCount count;
   if (!CountDensity(velorix.ContourGrid, data, smooth, count, progress)) return false;
-  contour.Data = std::move(data);
-  contour.CoorSys = coorSys;
+  contour.InView = subject;
+  contour.OfCount = std::move(subject);
   contour.Smooth = smooth;
   contour.Count = count;
   return true;
@@ -105,8 +118,8 @@ bool CountContour(Velorix& velorix, const CountProgress& progress) {
 
 void DrawContourPicture(Velorix& velorix, Target& target) {
   const ContourSession& contour = velorix.Contour;
-  DrawContour(target, velorix.ContourGrid, contour.Data, contour.Count, contour.CoorSys,
-              contour.Options);
+  DrawContour(target, velorix.ContourGrid, contour.InView.Data, contour.Count,
+              contour.InView.CoorSys, contour.Options);
 }
 
 void GrevaExport(Velorix& velorix) {
@@ -119,7 +132,7 @@ void GrevaExport(Velorix& velorix) {
     SafeWrite(path, [&](std::ostream& out) {
       ForEachAtLevel(velorix.Session, [&](const SpecimenRecord& r) {
         if (!std::isfinite(r.Dec[1]) || !std::isfinite(r.Inc[1])) return;
-        out << Formatted(r.Dec[1], "0") << '/' << Formatted(r.Inc[1], "0") << "\r\n";
+        out << TrimmedNumber(r.Dec[1], "0") << '/' << TrimmedNumber(r.Inc[1], "0") << "\r\n";
         ++lines;
       });
     });
@@ -134,9 +147,18 @@ void GrevaExport(Velorix& velorix) {
 std::string ContourCaption(const Velorix& velorix) {
   const ContourSession& contour = velorix.Contour;
   std::string text = std::string(ContourDisplays[contour.Options.optDisplay].Name) + ", " +
-                     SystemName(contour.CoorSys) + " coordinates";
-  if (contour.Counted()) return text + ", smoothing " + PlainText(contour.Smooth);
-  return text + (contour.Data.Count() > 0 ? ", not counted yet" : ", no data in view");
+                     SystemName(contour.InView.CoorSys) + " coordinates";
+  if (contour.Counted() && !IsStale(contour))
+    return text + ", smoothing " + PlainText(contour.Smooth);
+  return text + (contour.InView.Data.Count() > 0 ? ", not counted yet" : ", no data in view");
+}
+
+std::string ContourStaleText(const ContourSession& contour) {
+  if (!IsStale(contour)) return {};
+  const ContourSubject& counted = contour.OfCount;
+  const std::string file = counted.File.empty() ? "" : counted.File + ", ";
+  return "Counted for " + file + SystemName(counted.CoorSys) +
+         ", N = " + PlainText(counted.Data.Count()) + "; press Count";
 }
 
 std::string ContourLevelsText(const ContourSession& contour) {
@@ -150,13 +172,13 @@ std::string ContourLevelsText(const ContourSession& contour) {
 std::string ContourMaximumText(const Velorix& velorix) {
   const DensityCount& count = velorix.Contour.Count;
   if (!velorix.Contour.Counted()) return {};
-  return "Maximum " + Formatted(count.ContourMax, "0.00") + " at " +
+  return "Maximum " + TrimmedNumber(count.ContourMax, "0.00") + " at " +
          DirectionText(velorix.ContourGrid, count.MaxNode) + "\nMinimum " +
-         Formatted(count.ContourMin, "0.00") + "\nin multiples of a uniform density";
+         TrimmedNumber(count.ContourMin, "0.00") + "\nin multiples of a uniform density";
 }
 
 std::string ContourTimeText(const ContourSession& contour) {
-  return contour.Counted() ? Formatted(contour.Count.Seconds, "0.00") + " s" : "";
+  return contour.Counted() ? TrimmedNumber(contour.Count.Seconds, "0.00") + " s" : "";
 }
 
 std::string ContourCursorText(const Velorix& velorix, double x, double y) {
@@ -164,7 +186,7 @@ std::string ContourCursorText(const Velorix& velorix, double x, double y) {
   if (!node) return {};
   std::string text = DirectionText(velorix.ContourGrid, *node);
   if (velorix.Contour.Counted())
-    text += ", density " + Formatted(velorix.ContourGrid.Density[*node], "0.00");
+    text += ", density " + TrimmedNumber(velorix.ContourGrid.Density[*node], "0.00");
   return text;
 }
 

@@ -16,6 +16,8 @@ ContourData BuildContourData(const Session& session, std::int16_t option,
 
 /// Puts the data in view in the picture, which then waits for a count.
 void ShowContourData(Velorix& velorix);
+/// Puts the data in view in the picture and keeps the count, whatever it is of.
+void RebuildContourData(Velorix& velorix);
 
 /// `optDisplay`: chooses what is counted and shows its data.
 void ChooseContourDisplay(Velorix& velorix, int index);
@@ -35,6 +37,9 @@ void GrevaExport(Velorix& velorix);
 
 /// Texts of the window. `lblContour`: what the picture shows.
 std::string ContourCaption(const Velorix& velorix);
+/// What the count is of, "Counted for a.ams, geographic, N = 21; press Count", where that differs
+/// from what is in view by its file, its system or its data; else empty.
+std::string ContourStaleText(const ContourSession& contour);
 /// `lblLevels`: each level behind a blank; empty until counted.
 std::string ContourLevelsText(const ContourSession& contour);
 /// Maximum and minimum and where the maximum lies; empty until counted.

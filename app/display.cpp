@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "app/contour.h"
 #include "tensor/derivation.h"
 #include "text/numbers.h"
 
@@ -87,6 +88,7 @@ void RefreshViews(Velorix& velorix) {
   velorix.Views.FillGrid();
   velorix.Views.FillDataTable();
   velorix.Views.RefreshGroupStatistics();
+  if (velorix.Windows.Contour) RebuildContourData(velorix);
   AnisoView_DisplayAllPlots(velorix);
 }
 

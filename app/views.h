@@ -31,6 +31,8 @@ struct Views {
   virtual void ShowWindows() = 0;
   /// The group statistics have changed.
   virtual void RefreshGroupStatistics() = 0;
+  /// The data in the contour window have changed.
+  virtual void RefreshContour() = 0;
   virtual void ShowAbout() = 0;
   /// Opens the window of the manual, or raises it.
   virtual void ShowManual() = 0;

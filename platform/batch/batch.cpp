@@ -70,6 +70,7 @@ struct BatchViews : Views {
   void RedrawXYPlot(int) override {}
   void ShowWindows() override {}
   void RefreshGroupStatistics() override {}
+  void RefreshContour() override {}
   void ShowAbout() override {}
   void ShowManual() override {}
   void ShowOrientationEditor() override {}

@@ -28,7 +28,7 @@ bool CountForBatch(Velorix& velorix, int display, int smooth, bool shown) {
   Guarded(velorix, [&] {
     BuildContourGrid(velorix.ContourGrid, 0, 300, 3);
     ShowContourData(velorix);
-    if (velorix.Contour.Data.Count() == 0)
+    if (velorix.Contour.InView.Data.Count() == 0)
       std::cerr << "--contour: the view has no such directions.\n";
     else
       CountContour(velorix, [&progress](double share) {

@@ -25,6 +25,7 @@
 #include "app/save.h"
 #include "platform/host/picture_file.h"
 #include "platform/qt/busy_cursor.h"
+#include "platform/qt/marks.h"
 #include "platform/qt/picture_widget.h"
 #include "platform/qt/widgets.h"
 
@@ -75,6 +76,16 @@ QVBoxLayout* AddFrame(QVBoxLayout& column, const char* name, const char* title, 
   inside->setSpacing(3);
   column.addWidget(frame);
   return inside;
+}
+
+/// A line that stands out while it has something to tell.
+void ShowNotice(QLabel& label, const QString& text) {
+  QPalette palette = QApplication::palette();
+  palette.setColor(QPalette::Window, MarkColour(Mark::Doubt));
+  palette.setColor(QPalette::WindowText, palette.color(QPalette::Text));
+  label.setPalette(palette);
+  label.setAutoFillBackground(!text.isEmpty());
+  label.setText(text);
 }
 
 /// What a user does, as far as it could begin something else while a count runs.
@@ -134,6 +145,10 @@ QLayout* frmContour::MakePicture() {
   bold.setBold(true);
   caption_->setFont(bold);
   column->addWidget(caption_);
+  stale_ = MakeLabel("lblStale", "What the density is of, where that is not in view", this);
+  stale_->setMargin(2);
+  stale_->setWordWrap(true);
+  column->addWidget(stale_);  // empty it keeps its line, so that the picture stays in its place
 
   auto* border = new QFrame(this);
   border->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
@@ -312,10 +327,10 @@ void frmContour::Change(const std::function<void(ContourOptions&)>& change) {
 
 void frmContour::Redraw() { picture_->Redraw(); }
 
-/// Captions and picture follow the session.
 void frmContour::ShowState() {
   const ContourSession& contour = velorix_.Contour;
   caption_->setText(ToQString(ContourCaption(velorix_)));
+  ShowNotice(*stale_, ToQString(ContourStaleText(contour)));
   levelsTitle_->setText(contour.Counted() ? "Levels:" : "Count (Return) computes the density.");
   levels_->setText(ToQString(ContourLevelsText(contour)));
   time_->setText(ToQString(ContourTimeText(contour)));

@@ -26,6 +26,9 @@ class frmContour : public QWidget {
 
   std::function<void()> OnClose;
 
+  /// Captions and picture follow the session.
+  void ShowState();
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -53,13 +56,12 @@ class frmContour : public QWidget {
 
   bool GoOn(double share);
   void Change(const std::function<void(ContourOptions&)>& change);
-  void ShowState();
   void FollowMouse(double x, double y);
 
   Velorix& velorix_;
   PictureWidget* picture_ = nullptr;
-  QLabel *caption_ = nullptr, *levelsTitle_ = nullptr, *levels_ = nullptr, *cursor_ = nullptr,
-         *time_ = nullptr, *clip_ = nullptr;
+  QLabel *caption_ = nullptr, *stale_ = nullptr, *levelsTitle_ = nullptr, *levels_ = nullptr,
+         *cursor_ = nullptr, *time_ = nullptr, *clip_ = nullptr;
   QProgressBar* bar_ = nullptr;
   QPushButton* cancel_ = nullptr;
   QElapsedTimer events_;  // since the window system was last listened to

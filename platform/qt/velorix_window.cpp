@@ -270,6 +270,10 @@ void frmVelorix::RefreshGroupStatistics() {
   if (group_) group_->AnisoView_DisplayGroupStatistics();
 }
 
+void frmVelorix::RefreshContour() {
+  if (contour_) contour_->ShowState();
+}
+
 void frmVelorix::ShowAbout() {
   frmAbout about(this);
   if (about.exec() == frmAbout::ManualAsked) ShowManual();

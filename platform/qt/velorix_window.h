@@ -49,6 +49,7 @@ class frmVelorix : public QMainWindow, public Views {
   void RedrawHisto() override;
   void RedrawXYPlot(int plot) override;
   void RefreshGroupStatistics() override;
+  void RefreshContour() override;
   void ShowAbout() override;
   void ShowManual() override;
   void ShowOrientationEditor() override;

@@ -85,7 +85,40 @@ TEST_F(ContourTest, ACountIsOfTheDataInViewThen) {
   EXPECT_EQ(ContourCaption(Program), "Kmax, geographic coordinates, smoothing 20");
   ChooseContourDisplay(Program, 2);
   EXPECT_FALSE(State.Counted());
-  EXPECT_EQ(State.Data.Dec, (Floats{11, 16}));
+  EXPECT_EQ(State.InView.Data.Dec, (Floats{11, 16}));
+}
+
+TEST_F(ContourTest, ADisplayRebuildsTheDataOfAnOpenWindowAndKeepsItsCount) {
+  Program.Session.CurrentFile = Path("granite.ams");
+  for (int i = 0; i < 21; ++i) Add(10 + i, 20);
+  ShowContourData(Program);
+  ASSERT_TRUE(Count());
+  const auto density = Program.ContourGrid.Density;
+  EXPECT_EQ(ContourStaleText(State), "");
+
+  const std::string stale = "Counted for granite.ams, geographic, N = 21; press Count";
+  SpecimenRecord& last = Program.Session.Records[21];
+  const std::tuple<const char*, int, std::function<void()>> changes[] = {
+      {"a record less", 20, [&] { last.Active = false; }},
+      {"a record turned", 21, [&] { last.Active = true, last.Dec[1] = 99.0; }},
+      {"another file", 21,
+       [&] { last.Dec[1] = 30.0, Program.Session.CurrentFile = Path("b.ams"); }},
+      {"another system", 0, [&] { Program.Session.CoorSys = Tectonic; }}};
+  Program.Windows.Contour = true;
+  for (const auto& [name, count, change] : changes) {
+    change();
+    RefreshViews(Program);
+    EXPECT_EQ(ContourStaleText(State), stale) << name;
+    EXPECT_EQ(State.InView.Data.Count(), count) << name;
+  }
+  EXPECT_EQ(ContourCaption(Program), "Kmax, tectonic coordinates, no data in view");
+  EXPECT_EQ(Seen.Contours, 4);
+  Program.Session.CoorSys = Geographic;
+  RefreshViews(Program);
+  EXPECT_EQ(ContourCaption(Program), "Kmax, geographic coordinates, not counted yet");
+  EXPECT_TRUE(Program.ContourGrid.Density == density);
+  ASSERT_TRUE(Count());
+  EXPECT_EQ(ContourStaleText(State), "");
 }
 
 TEST_F(ContourTest, ACancelledCountLeavesTheLastOne) {
@@ -94,7 +127,7 @@ TEST_F(ContourTest, ACancelledCountLeavesTheLastOne) {
   const auto before = Program.ContourGrid.Density;
   Add(100, 50);
   EXPECT_FALSE(CountContour(Program, [](double) { return false; }));
-  EXPECT_EQ(State.Data.Count(), 1);
+  EXPECT_EQ(State.InView.Data.Count(), 1);
   EXPECT_EQ(State.Count.ContourDataCount, 1);
   EXPECT_TRUE(Program.ContourGrid.Density == before);
 }

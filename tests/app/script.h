@@ -51,7 +51,7 @@ struct ScriptedDialogs : Dialogs {
 struct RecordedViews : Views {
   std::string Caption, Status;
   int Room = 200, Grids = 0, Stereos = 0, Groups = 0, CodeListsShown = 0;
-  int Tables = 0, Selections = 0, Histos = 0, GridHeaders = 0;
+  int Tables = 0, Selections = 0, Histos = 0, GridHeaders = 0, Contours = 0;
   std::string XYPlots;  // numbers of the plots drawn, in order
 
   void SetCaption(const std::string& caption) override { Caption = caption; }
@@ -67,6 +67,7 @@ struct RecordedViews : Views {
   void RedrawXYPlot(int plot) override { XYPlots += std::to_string(plot); }
   void ShowWindows() override {}
   void RefreshGroupStatistics() override { ++Groups; }
+  void RefreshContour() override { ++Contours; }
   void ShowAbout() override {}
   void ShowManual() override {}
   void ShowOrientationEditor() override {}

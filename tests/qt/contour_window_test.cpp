@@ -62,7 +62,7 @@ class ContourWindowTest : public QObject {
 
   void ShowsTheDataFirstAndTheirDensityWhenCounted() {
     OpenWith(6);
-    QCOMPARE(State().Data.Count(), std::int16_t(6));
+    QCOMPARE(State().InView.Data.Count(), std::int16_t(6));
     QVERIFY(Text("lblContour").startsWith("Kmax, geographic") && Text("lblLevels").isEmpty());
     const QImage before = Picture();
     Contour()->activateWindow();
@@ -80,7 +80,7 @@ class ContourWindowTest : public QObject {
                                       std::pair{"optDisplay(5)", 6}, std::pair{"optDisplay(3)", 6},
                                       std::pair{"optDisplay(1)", 6}}) {
       Press(name);
-      QVERIFY2(!State().Counted() && State().Data.Count() == count, name);
+      QVERIFY2(!State().Counted() && State().InView.Data.Count() == count, name);
       Press("cmdCount");
       QVERIFY2(State().Counted(), name);
     }
@@ -129,15 +129,27 @@ class ContourWindowTest : public QObject {
     QVERIFY(State().Smooth == 0 && Picture() == before);
   }
 
-  void WithoutDataTheLastPictureStays() {
+  void FollowsTheViewWithItsDataAndTellsWhatTheCountIsOf() {
     OpenAndCount();
+    const QString line = "Counted for a.ams, geographic, N = 6; press Count";
+    const int top = The<QWidget>("picContour").mapTo(Contour(), QPoint()).y();
+    QVERIFY(Text("lblStale").isEmpty());
     const QImage before = Picture();
-    CloseFile(window_->Program);
-    Press("cmdCount");
-    QVERIFY(State().Counted());
-    QVERIFY(Picture() == before);
+    RunMenu(window_->Program, CommandNamed("mnuView(1)"));
+    QCOMPARE(Text("lblStale"), line);
+    QVERIFY(Text("lblContour").startsWith("Kmax, specimen"));
+    QVERIFY(Picture() != before);  // the data moved
+    QCOMPARE(The<QWidget>("picContour").mapTo(Contour(), QPoint()).y(), top);
+    RunMenu(window_->Program, CommandNamed("mnuView(2)"));
+    QVERIFY(Text("lblStale").isEmpty() && Picture() == before);
+
+    RunMenu(window_->Program, CommandNamed("mnuClose"));
+    QCOMPARE(Text("lblStale"), line);
+    const QImage empty = Picture();
+    Press("cmdCount");  // without data it does nothing
+    QVERIFY(State().Counted() && Picture() == empty);
     Press("optDisplay(2)");
-    QVERIFY(State().Data.Count() == 0 && Picture() != before);
+    QVERIFY(Text("lblStale").isEmpty() && Picture() != empty);
   }
 
   void ACountListensToItsCancelAloneAndLeavesThePicture() {
