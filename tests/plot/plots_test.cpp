@@ -156,6 +156,15 @@ TEST(XYPlot, PlacesPointsByTheirAxesAndKeepsThePlaces) {
   EXPECT_NE(ToText(plot.calls).find("\" 4.5\" (54,43) "), std::string::npos);
 }
 
+TEST(XYPlot, DrawsTheSmallestValueWhereTheFirstTickLiesARoundingErrorAbove) {
+  const Plot plot(Records({{1, 3.4}, {2, 3.5}, {3, 4.1}, {4, 4.9}}));
+  ASSERT_TRUE(plot.axes);
+  ExpectNear(plot.axes->y.range, {3.4, 5, 3.4, 0.2, 0.1});
+  EXPECT_GT(plot.axes->y.range.first, 3.4);
+  EXPECT_EQ(plot.Symbols(), 4u);
+  EXPECT_EQ(plot.session.Records[1].PlotY[3], 245.0);
+}
+
 TEST(XYPlot, LeavesOutWhatIsNoNumberOrOutsideAnImposedRange) {
   Session session = Records({{0, 1}, {NAN, 2}, {4, INFINITY}, {8, 3}});
   session.Records[1].PlotX[3] = 7.0;  // of an earlier picture
