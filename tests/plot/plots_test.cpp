@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <set>
 #include <string>
 
 #include "base/fault.h"
@@ -51,12 +52,59 @@ TEST(AxisScale, RoundsTheDataOutToWholeSteps) {
   EXPECT_THROW(AxisScale(NAN, 1), Fault);
 }
 
-TEST(AxisScale, NeverGivesMoreThanAHundredAndOneTicks) {
-  for (const auto& [step, wanted] : {std::pair{20.0, 7}, {0.0, MaxTicks}}) {
-    int ticks = 0;
-    ForEachTick({0, 120, 0, step, 10}, [&](double) { ++ticks; });
-    EXPECT_EQ(ticks, wanted);
+TEST(Ticks, AreTheStepsOrWhereLabelsLackRoomTheFewestMultiplesOverTheWholeAxis) {
+  struct Series {
+    std::size_t count;
+    double first, spacing;
+  };
+  const struct {
+    AxisRange axis;
+    double room;
+    Series major, minor;
+  } cases[] = {
+      // clang-format off
+      {{0, 120, 0, 20, 10},          0.16, {7, 0, 20},     {13, 0, 10}},
+      {{0, 120, 0, 20, 10},          0.17, {4, 0, 40},     {31, 0, 4}},
+      {{0, 350, 0, 10, 2},           0.1,  {8, 0, 50},     {71, 0, 5}},       // a seventieth exactly
+      {{-1, 1, -1, 0.01, 0.002},     0.04, {21, -1, 0.1},  {41, -1, 0.05}},
+      {{-1, 1, -1, 0.01, 0.002},     0.12, {5, -1, 0.5},   {41, -1, 0.05}},
+      {{1, 1.5055, 1, 5e-4, 1e-4},   0.12, {6, 1, 0.1},    {51, 1, 0.01}},
+      {{1, 1020, 1, 2, 1},           0.1,  {5, 200, 200},  {51, 20, 20}},     // 0 is beyond its end
+      {{0, 120, 0, 20, 10},          7,    {1, 0, 200},    {7, 0, 20}},
+      {{0, 120, 0, 0, 10},           0,    {101, 0, 0},    {13, 0, 10}},      // no step, and no end
+      // clang-format on
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::to_string(c.axis.lower) + " to " + std::to_string(c.axis.upper) + ", room " +
+                 std::to_string(c.room));
+    const Ticks ticks = TicksOf(c.axis, c.room);
+    for (const auto& [values, wanted] : {std::pair{ticks.major, c.major}, {ticks.minor, c.minor}}) {
+      ASSERT_EQ(values.size(), wanted.count);
+      for (std::size_t i = 0; i < values.size(); ++i)
+        EXPECT_NEAR(values[i], wanted.first + static_cast<double>(i) * wanted.spacing, 1e-9);
+    }
   }
+}
+
+TEST(ClassEdges, AreTheNumbersThatTheirDigitsSay) {
+  const struct {
+    AxisRange axis;
+    std::vector<double> wanted;
+  } cases[] = {
+      {AxisScale(1e-4, 5.5e-4),
+       {1e-4, 1.5e-4, 2e-4, 2.5e-4, 3e-4, 3.5e-4, 4e-4, 4.5e-4, 5e-4, 5.5e-4, 6e-4, 6.5e-4}},
+      {AxisScale(3.4, 4.9), {3.4, 3.6, 3.8, 4.0, 4.2, 4.4, 4.6, 4.8, 5.0, 5.2}},
+      {AxisScale(-0.31, -0.12),
+       {-0.32, -0.3, -0.28, -0.26, -0.24, -0.22, -0.2, -0.18, -0.16, -0.14, -0.12, -0.1, -0.08}},
+      {AxisScale(7.1e-30, 8.92e-30),
+       {7e-30, 7.2e-30, 7.4e-30, 7.6e-30, 7.8e-30, 8e-30, 8.2e-30, 8.4e-30, 8.6e-30, 8.8e-30, 9e-30,
+        9.2e-30, 9.4e-30}},
+      {AxisScale(3.1e25, 7.6e25),
+       {3e25, 3.5e25, 4e25, 4.5e25, 5e25, 5.5e25, 6e25, 6.5e25, 7e25, 7.5e25, 8e25, 8.5e25}},
+      {ParameterScale(4, 1, 18.4), {1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21}},  // from a fixed end
+      {ParameterScale(13, 3, 5), {0, 10, 20, 30, 40, 50, 60, 70, 80, 90, 100}},
+  };
+  for (const auto& c : cases) EXPECT_EQ(ClassEdges(c.axis), c.wanted);
 }
 
 TEST(TickPicture, FollowsTheStepOrThePowerOfTen) {
@@ -189,9 +237,24 @@ TEST(XYPlot, LinesGoInStoreOrderAndEndAtTheFrame) {
   EXPECT_EQ(lines[0].points, (std::vector<LogicalPoint>{{50, 50}, {100, 0}}));
 }
 
+/// What a plot without records shows: paper and the box round it.
+const char* const EmptyPlot =
+    "transparent\n"
+    "polygon (60,245) (345,245) (345,40) (60,40) pen 5 0 1 brush FFFFFF\n"
+    "polyline (60,245) (345,245) pen 0 0 1\n"
+    "polyline (345,245) (345,40) pen 0 0 1\n"
+    "polyline (345,40) (60,40) pen 0 0 1\n"
+    "polyline (60,40) (60,245) pen 0 0 1\n";
+
 TEST(XYPlot, StaysBlankWhereAnAxisHasNoExtentAndBearsTheWidestRanges) {
+  Session outOfView = Records({{1, 1}});
+  outOfView.Records[1].Active = false;
+  for (const Session& session : {Records({}), outOfView}) {
+    const Plot empty(session);
+    EXPECT_FALSE(empty.axes);
+    EXPECT_EQ(ToText(empty.calls), EmptyPlot);
+  }
   const auto blank = [](const Plot& plot) { return !plot.axes && plot.calls.size() == 1; };
-  EXPECT_TRUE(blank(Plot(Records({}))));  // paper only, and it is transparent
   EXPECT_TRUE(blank(Plot(Records({{1, NAN}}))));
   // A factor of 0: its axis begins at 1, above.
   EXPECT_TRUE(blank(Plot(Records({{1, 1}}), {.x = 1, .y = 4})));
@@ -203,20 +266,88 @@ TEST(XYPlot, StaysBlankWhereAnAxisHasNoExtentAndBearsTheWidestRanges) {
   EXPECT_LT(wide.calls.size(), 1000u);
 }
 
-TEST(PlotAxis, LabelsDontRunIntoEachOther) {
-  Axis axis;
-  for (const double step : {0.2, 0.1, 0.05, 0.02, 0.01}) {
-    axis.range = {-1, 1, -1, step, step / 2};  // passes 0
-    int last = -1000;
+/// The width of a label in Arial, whose digits, point, minus and blank are 556, 278, 333 and 278
+/// thousandths of an em; a cell's height is 1.117 of it.
+double WidthOf(const TextCall& text) {
+  double width = 0;
+  for (const char c : text.text) width += c == '-' ? 333 : c == '.' || c == ' ' ? 278 : 556;
+  return width / 1117 * text.style.height;
+}
+
+TEST(PlotAxis, LabelsDontRunIntoEachOtherAndReachOverTheWholeAxis) {
+  for (const AxisRange& range : std::initializer_list<AxisRange>{{-1, 1, -1, 0.2, 0.1},
+                                                                 {-1, 1, -1, 0.1, 0.02},
+                                                                 {-1, 1, -1, 0.05, 0.01},
+                                                                 {-1, 1, -1, 0.02, 0.01},
+                                                                 {-1, 1, -1, 0.01, 0.002},
+                                                                 {1, 1.5055, 1, 5e-4, 1e-4},
+                                                                 {1, 2001, 1, 0.2, 0.1},
+                                                                 {0, 360, 0, 30, 10},
+                                                                 {0, 1.2, 0, 0.1, 0.02}}) {
+    Axis axis;
+    axis.range = range;
+    SCOPED_TRACE(std::to_string(range.upper) + " by " + std::to_string(range.step));
+    double last = -100;
     for (const TextCall& text :
-         CallsOf<TextCall>(Recorded([&](Target& t) { DrawXAxis(t, PlotGeometry(), axis); }))) {
+         CallsOf<TextCall>(Recorded([&](Target& t) { DrawXAxis(t, PlotGeometry(), axis, ""); }))) {
       if (text.style.weight != 400) continue;  // the title
-      EXPECT_GT(text.point.x - last, 24) << step;
-      last = text.point.x;
-      EXPECT_TRUE(text.text[0] == '-' || text.point.x >= 202) << text.text;  // 0 has no sign
+      EXPECT_GT(text.point.x - WidthOf(text) / 2, last) << text.text;
+      last = text.point.x + WidthOf(text) / 2;
+      EXPECT_TRUE(range.lower >= 0 || text.text[0] == '-' || text.point.x >= 202)
+          << text.text << ": 0 has no sign";
     }
-    EXPECT_GT(last, step > 0.01 ? 300 : 200);  // 101 ticks of 0.01 don't reach the end
+    EXPECT_GT(last, 60 + 0.75 * 285);
   }
+  Axis declination;  // as told wherever each step has room
+  declination.range = {0, 360, 0, 30, 10};
+  EXPECT_EQ(WordsOf(Recorded([&](Target& t) { DrawXAxis(t, PlotGeometry(), declination, ""); })),
+            " 0| 30| 60| 90| 120| 150| 180| 210| 240| 270| 300| 330| 360||");
+}
+
+/// The strokes that `draw` draws, as their signed extents.
+template <class Draw>
+std::set<std::pair<int, int>> StrokesOf(Draw draw) {
+  std::set<std::pair<int, int>> strokes;
+  for (const PolylineCall& line : CallsOf<PolylineCall>(Recorded(draw)))
+    strokes.emplace(line.points[1].x - line.points[0].x, line.points[1].y - line.points[0].y);
+  return strokes;
+}
+
+TEST(PlotAxis, TicksAreHalfAThirtiethAndHalfASixtiethOfTheWidth) {
+  using Strokes = std::set<std::pair<int, int>>;
+  Axis axis;
+  axis.range = {0, 120, 0, 20, 10};
+  PlotGeometry plot = {.left = 0, .bottom = 900, .width = 600, .height = 300};
+  const auto xAxis = [&](Target& t) { DrawXAxis(t, plot, axis, ""); };
+  const auto yAxis = [&](Target& t) { DrawYAxis(t, plot, axis, ""); };
+  EXPECT_EQ(StrokesOf(xAxis), (Strokes{{0, -10}, {0, -5}}));
+  EXPECT_EQ(StrokesOf(yAxis), (Strokes{{10, 0}, {5, 0}}));
+  plot.scale = 2;
+  EXPECT_EQ(StrokesOf(yAxis), (Strokes{{20, 0}, {10, 0}}));
+  plot.scale = 1;
+  const auto coloured = [&](Target& t) { PaintXYPlot(t, plot, {}, axis, axis, axis, {}); };
+  EXPECT_TRUE(StrokesOf(coloured).contains({20, 0}));  // half a fifteenth, at the colour scale
+  plot = {.left = 0, .bottom = 0, .width = 600, .height = -300};  // upside down
+  EXPECT_EQ(StrokesOf(xAxis), (Strokes{{0, 10}, {0, 5}}));
+}
+
+TEST(XYPlot, LinesAtZeroStandWithinAxesThatCrossIt) {
+  const PlotGeometry plot = {.left = 0, .bottom = 100, .width = 100, .height = 100};
+  const auto linesOn = [&](double lower, double upper) {
+    const Axis axis = {.range = {lower, upper, lower, 1, 0.5}, .label = "", .unit = ""};
+    std::string lines;
+    const XYPlotLook look = {.title = "", .lineColour = Red};
+    for (const DrawCall& call :
+         Recorded([&](Target& t) { PaintXYPlot(t, plot, {}, axis, axis, {}, look); }))
+      if (const auto* line = std::get_if<PolylineCall>(&call); line && line->pen.colour == Red)
+        lines += ToText(call) + "\n";
+    return lines;
+  };
+  EXPECT_EQ(linesOn(-1, 3),
+            "polyline (25,100) (25,0) pen 0 FF 1\n"
+            "polyline (0,75) (100,75) pen 0 FF 1\n");
+  for (const auto& [lower, upper] : {std::pair{0, 2}, {-2, 0}, {1, 3}})
+    EXPECT_EQ(linesOn(lower, upper), "") << lower;
 }
 
 TEST(PlotAxis, WordsOfPowersAndUnits) {
@@ -253,6 +384,24 @@ TEST(Histogram, CountsAValueOnABoundaryInBothClasses) {
   // Classes of 1 from 0 to 7, 40.7 units wide. 1 and 6 count twice: 7 counts of 5 values.
   EXPECT_EQ(Bars({0, 1, 2.5, 3.5, 6}, F, GrayLevel(128), 2.5),
             (Wanted{{60, 2}, {101, 1}, {141, 1}, {182, 1}, {264, 1}, {304, 1}}));
+  const struct {
+    std::vector<double> values;
+    int parameter;
+    Colour colour;
+    double highest;  // end of the axis of counts
+    std::vector<int> counts;
+  } cases[] = {
+      {{1e-4, 2e-4, 3e-4, 4e-4, 5e-4, 6e-4, 7e-4}, Kmean, 0xFF00FF, 2.5, {2, 2, 2, 2, 2, 2, 1}},
+      {{1.005, 1.01, 1.015, 1.02}, Factor1, 0xFFFF00, 2.5, {1, 2, 2, 2, 1}},
+      {{3.4, 3.5, 4.1, 4.9}, F, GrayLevel(128), 2.5, {2, 1, 1}},
+      {{-0.2, 0.3, 0.8}, F, GrayLevel(128), 1.2, {1, 1, 1, 1}},
+  };
+  for (const auto& c : cases) {
+    std::vector<int> counts;
+    for (const auto& bar : Bars(c.values, c.parameter, c.colour, c.highest))
+      counts.push_back(bar.second);
+    EXPECT_EQ(counts, c.counts) << c.values[0];
+  }
 }
 
 TEST(Histogram, FixedRangesMakeTheClasses) {
@@ -266,12 +415,12 @@ TEST(Histogram, FixedRangesMakeTheClasses) {
 
 TEST(Histogram, KmeanIsDividedByItsPowerOfTen) {
   EXPECT_EQ(WordsOf(Histo({4.9e-4, 5.6e-4, 5.75e-4}, Kmean)),
-            "Kmean| 5.00| 5.20| 5.40| 5.60| 5.80|Kmean [10^-4 SI]| 0.0| 0.2| 0.4| 0.6| 0.8| 1.0| "
-            "1.2|Counts |");
+            "Kmean| 4.90| 5.00| 5.10| 5.20| 5.30| 5.40| 5.50| 5.60| 5.70| 5.80| 5.90|"
+            "Kmean [10^-4 SI]| 0.0| 0.2| 0.4| 0.6| 0.8| 1.0| 1.2|Counts|");
 }
 
 TEST(Histogram, StaysBlankWithoutAScaleAndOutlivesAnyValue) {
-  EXPECT_EQ(Histo({}, F).size(), 1u);
+  EXPECT_EQ(ToText(Histo({}, F)), EmptyPlot);
   EXPECT_EQ(Histo({NAN, INFINITY}, F).size(), 1u);
   EXPECT_EQ(Histo({0.5, 0.7}, Factor1).size(), 1u);     // below the range's fixed end
   EXPECT_EQ(Histo({-1.7e308, 1.7e308}, F).size(), 1u);  // a scale beyond all numbers
