@@ -61,18 +61,18 @@ TEST(PlotAxis, TicksAreHalfAThirtiethAndHalfASixtiethOfTheWidth) {
   using Strokes = std::set<std::pair<int, int>>;
   Axis axis;
   axis.range = {0, 120, 0, 20, 10};
-  PlotGeometry plot = {.left = 0, .bottom = 900, .width = 600, .height = 300};
+  PlotGeometry plot = {.left = 0, .bottom = 900, .width = 1800, .height = 900};
   const auto xAxis = [&](Target& t) { DrawXAxis(t, plot, axis, ""); };
   const auto yAxis = [&](Target& t) { DrawYAxis(t, plot, axis, ""); };
-  EXPECT_EQ(StrokesOf(xAxis), (Strokes{{0, -10}, {0, -5}}));
-  EXPECT_EQ(StrokesOf(yAxis), (Strokes{{10, 0}, {5, 0}}));
+  EXPECT_EQ(StrokesOf(xAxis), (Strokes{{0, -30}, {0, -15}}));
+  EXPECT_EQ(StrokesOf(yAxis), (Strokes{{30, 0}, {15, 0}}));
   plot.scale = 2;
-  EXPECT_EQ(StrokesOf(yAxis), (Strokes{{20, 0}, {10, 0}}));
+  EXPECT_EQ(StrokesOf(yAxis), (Strokes{{60, 0}, {30, 0}}));
   plot.scale = 1;
   const auto coloured = [&](Target& t) { PaintXYPlot(t, plot, {}, axis, axis, axis, {}); };
-  EXPECT_TRUE(StrokesOf(coloured).contains({20, 0}));  // half a fifteenth, at the colour scale
-  plot = {.left = 0, .bottom = 0, .width = 600, .height = -300};  // upside down
-  EXPECT_EQ(StrokesOf(xAxis), (Strokes{{0, 10}, {0, 5}}));
+  EXPECT_TRUE(StrokesOf(coloured).contains({60, 0}));  // half a fifteenth, at the colour scale
+  plot = {.left = 0, .bottom = 0, .width = 1800, .height = -900};  // upside down
+  EXPECT_EQ(StrokesOf(xAxis), (Strokes{{0, 30}, {0, 15}}));
 }
 
 TEST(PlotAxis, WordsOfPowersAndUnits) {
