@@ -26,9 +26,10 @@ constexpr char PrintTitle[] = "Print", DocumentName[] = "Pelt4Q";
 constexpr StereoGeometry StereoPlace = {.cx = 220, .cy = 200, .diameter = 320, .symbolSize = 8, .fontHeight = 14};
 constexpr PlotGeometry HistoPlace = {.left = 530, .bottom = 340, .width = 320, .height = 240, .fontHeight = 14};
 // Titles, axis titles and numbers of the XY plots are 14, 10 and 9 high: 1.5, 1.1 and 1 times 9.
+// Their colour scales stand nearer than on the screen, so that the second one ends on the page.
 constexpr PlotGeometry XYPlotPlaces[] = {
-    {.left = 60,  .bottom = 620, .width = 320, .height = 180, .fontHeight = 9, .symbolSize = 8},
-    {.left = 530, .bottom = 620, .width = 320, .height = 180, .fontHeight = 9, .symbolSize = 8}};
+    {.left = 60,  .bottom = 620, .width = 320, .height = 180, .fontHeight = 9, .symbolSize = 8, .barLeft = 23, .barRight = 31, .barTitle = 45},
+    {.left = 530, .bottom = 620, .width = 320, .height = 180, .fontHeight = 9, .symbolSize = 8, .barLeft = 23, .barRight = 31, .barTitle = 45}};
 
 /// Types of files. The first is the metafile; for all others the extension alone counts.
 constexpr const char* Filters[] = {
@@ -53,19 +54,11 @@ constexpr Encoder Encoders[] = {
 };
 // clang-format on
 
-std::int16_t Scaled(std::int16_t size, double s) { return ToShort(size * s); }
-
-StereoGeometry Scaled(const StereoGeometry& g, double s) {
-  return {g.cx * s, g.cy * s, g.diameter * s, Scaled(g.symbolSize, s), Scaled(g.fontHeight, s)};
-}
-
-PlotGeometry Scaled(const PlotGeometry& g, double s) {
-  return {g.left * s,
-          g.bottom * s,
-          g.width * s,
-          g.height * s,
-          Scaled(g.fontHeight, s),
-          Scaled(g.symbolSize, s)};
+/// A place on the page, times `s`.
+template <class Geometry>
+Geometry Scaled(Geometry place, double s) {
+  place.scale = s;
+  return place;
 }
 
 PlaneSize Scaled(PlaneSize plane, double s) {

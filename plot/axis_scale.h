@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cmath>
+#include <vector>
 
 namespace velorix {
 
@@ -23,21 +23,20 @@ const char* TickPicture(double step);
 /// The same for ticks divided by the power of ten of `lower`, up to five decimals.
 const char* PowerTickPicture(double lower, double step);
 
-/// Calls `visit(value)` for the ticks of the axis, `step` apart, at most `most` of them.
-template <class Visit>
-void ForEachTick(const AxisRange& axis, double step, int most, Visit visit) {
-  for (int i = 0; i < most; ++i) {
-    const double value = axis.first + i * step;
-    if (!(value <= axis.upper + 0.001 * step)) break;
-    if (value >= axis.lower - 0.001 * step)
-      visit(std::fabs(value) < 1e-9 * step ? 0 : value);  // a rounding error of 0 has a sign
-  }
-}
+/// Where the ticks of an axis stand, in its values. Minor ticks stand on the major ones too.
+struct Ticks {
+  std::vector<double> major, minor;
+};
 
-/// The same for the major ticks, at most `MaxTicks`.
-template <class Visit>
-void ForEachTick(const AxisRange& axis, Visit visit) {
-  ForEachTick(axis, axis.step, MaxTicks, visit);
-}
+/// The ticks of an axis whose labels take `room`, a share of its length. Where each step has that
+/// room they are the axis's own, at most `MaxTicks` major ones. Otherwise the major ones are the
+/// multiples of the smallest of 2, 5, 10, 20, 50, ... steps that has it, and the minor ones divide
+/// them by 10, 5 or 2, the most that leaves a seventieth of the axis between two.
+Ticks TicksOf(const AxisRange& axis, double room);
+
+/// The edges of the classes of a histogram, a step apart from the first tick on: the last class
+/// begins at the upper end, or there are `MaxTicks` classes. Each edge is the 64-bit number that is
+/// nearest to its decimal value, so it equals a value that was read from the same digits.
+std::vector<double> ClassEdges(const AxisRange& axis);
 
 }  // namespace velorix

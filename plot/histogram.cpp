@@ -1,9 +1,9 @@
 #include "plot/histogram.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <vector>
 
-#include "plot/clip.h"
 #include "plot/colour_scales.h"
 #include "plot/parameters.h"
 
@@ -12,19 +12,17 @@ namespace {
 
 struct HistoClass {
   double lower = 0, upper = 0;
-  int count = 0;
+  std::int64_t count = 0;
 };
 
 std::vector<HistoClass> CountClasses(std::span<const double> values, const AxisRange& range) {
-  std::vector<double> sorted(values.begin(), values.end());
-  std::sort(sorted.begin(), sorted.end());
+  const std::vector<double> edges = ClassEdges(range);
   std::vector<HistoClass> classes;
-  ForEachTick(range, [&](double lower) {
-    const double upper = lower + range.step;
-    const auto from = std::lower_bound(sorted.begin(), sorted.end(), lower);
-    const auto to = std::upper_bound(from, sorted.end(), upper);
-    classes.push_back({lower, upper, static_cast<int>(to - from)});
-  });
+  for (std::size_t i = 1; i < edges.size(); ++i) {
+    const double lower = edges[i - 1], upper = edges[i];
+    const auto within = [=](double value) { return lower <= value && value <= upper; };
+    classes.push_back({lower, upper, std::count_if(values.begin(), values.end(), within)});
+  }
   return classes;
 }
 
@@ -42,30 +40,31 @@ Colour BarColour(int parameter) {
 void PaintHistogram(Target& target, const PlotGeometry& plot, std::span<const double> values,
                     const Axis& axis, const std::string& title, Colour bars, Colour frame) {
   if (axis.IsEmpty()) return;
-  DrawPlotGround(target, plot, title);
+  DrawPlotPaper(target, plot);
+  DrawPlotTitle(target, plot, title);
   const std::vector<HistoClass> classes = CountClasses(values, axis.range);
-  int highest = 0;
+  std::int64_t highest = 0;
   for (const HistoClass& c : classes) highest = std::max(highest, c.count);
   Axis counts;
-  counts.range = AxisScale(0, highest);
-  counts.label = "Counts";
+  counts.range = AxisScale(0, static_cast<double>(highest));
   counts.grid = true;
 
-  DrawXAxis(target, plot, axis);
+  DrawXAxis(target, plot, axis, AxisTitle(axis));
   for (const HistoClass& c : classes) {
     // The class that begins at the upper end lies outside the frame.
     if (c.count == 0 || c.upper > axis.range.upper + 0.5 * axis.range.step) continue;
     const Point foot = plot.At(axis.ShareOf(c.lower), 0);
-    const Point top = plot.At(axis.ShareOf(c.upper), counts.ShareOf(c.count));
+    const Point top = plot.At(axis.ShareOf(c.upper), counts.ShareOf(static_cast<double>(c.count)));
     DrawRectangle(target, foot.x, foot.y, top.x, top.y, {.colour = frame}, bars);
   }
-  DrawYAxis(target, plot, counts);
+  DrawYAxis(target, plot, counts, "Counts");
   DrawPlotFrame(target, plot, frame);
 }
 
 void DrawHisto(Target& target, const PlotGeometry& plot, std::span<const double> values,
                int parameter, const Settings& settings) {
   target.SetTransparent();
+  if (values.empty()) return DrawEmptyPlot(target, plot);
   Extent extent;
   for (const double value : values) extent.Add(value);
   if (extent.IsEmpty()) return;

@@ -111,6 +111,8 @@ AxisRange ParameterScale(int index, double lower, double upper) {
   if (At(index).Bounds == Bounds::Declination) return {0, 360, 0, 30, 10};
   if (At(index).Bounds == Bounds::Inclination) return {0, 90, 0, 10, 2};
   AxisRange axis = AxisScale(lower, upper);
+  // The first tick can come to lie a rounding error above the smallest value.
+  axis.lower = std::min(axis.lower, lower);
   const Extent imposed = ImposeBounds(index, {axis.lower, axis.upper});
   if (imposed.lower != axis.lower) axis.first = imposed.lower;
   axis.lower = imposed.lower;

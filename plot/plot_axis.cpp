@@ -16,6 +16,13 @@ std::string PowerText(int exponent) {
   return exponent == 0 ? "" : "10^" + std::to_string(exponent);
 }
 
+/// The width of a number in Arial without the blank that may stand before it, in heights.
+double WidthOf(const std::string& number) {
+  double width = 0;
+  for (const char c : StripBlanks(number)) width += c == '.' ? 0.25 : c == '-' ? 0.3 : 0.5;
+  return width;
+}
+
 }  // namespace
 
 std::string TickText(const Axis& axis, double value) {
@@ -26,23 +33,13 @@ std::string TickText(const Axis& axis, double value) {
   return FormatNumber(value, TickPicture(axis.range.step));
 }
 
-TickLabels::TickLabels(const Axis& axis, double length, std::int16_t height, bool alongText)
-    : step_(axis.range.step) {
-  constexpr double DigitHeight = 0.75, DigitWidth = 0.5, Gap = 0.6;  // of the height
-  double room = DigitHeight * height;
+Ticks LabelledTicks(const Axis& axis, double length, double height, bool alongText) {
+  constexpr double DigitHeight = 0.8, Gap = 0.4;  // of the height
+  double room = DigitHeight;
   if (alongText)
-    for (const double end : {axis.range.first, axis.range.upper}) {
-      const std::string text(StripBlanks(TickText(axis, end)));
-      room = std::max(room, (DigitWidth * static_cast<double>(text.size()) + Gap) * height);
-    }
-  const double spacing =
-      length * (axis.ShareOf(axis.range.first + step_) - axis.ShareOf(axis.range.first));
-  for (const int every : {1, 2, 5, 10, 20, 50, 100})
-    if (every_ = every; every * spacing >= room) break;
-}
-
-bool TickLabels::Has(double value) const {
-  return std::fabs(std::remainder(std::round(value / step_), every_)) < 0.5;
+    for (const double end : {axis.range.first, axis.range.upper})
+      room = std::max(room, WidthOf(TickText(axis, end)) + Gap);
+  return TicksOf(axis.range, room * height / length);
 }
 
 std::string AxisTitle(const Axis& axis) {
@@ -61,22 +58,27 @@ std::string AxisReadOut(const Axis& axis, double value) {
 }
 
 Point PlotGeometry::At(double u, double v) const {
-  return MapPoint({u, v}, {0, 0}, {left, bottom}, {1, 1}, {left + width, bottom - height});
+  const Point p = MapPoint({u, v}, {0, 0}, {left, bottom}, {1, 1}, {left + width, bottom - height});
+  return {p.x * scale, p.y * scale};
 }
 
 Point PlotGeometry::FromTarget(const Point& p) const {
-  return MapPoint(p, {left, bottom}, {0, 0}, {left + width, bottom - height}, {1, 1});
+  return MapPoint({p.x / scale, p.y / scale}, {left, bottom}, {0, 0},
+                  {left + width, bottom - height}, {1, 1});
 }
 
-std::int16_t PlotGeometry::TickSize(double part) const { return ToShort(width / part); }
+std::int16_t PlotGeometry::TickSize(double part) const { return ToShort(width * scale / part); }
 
-std::int16_t PlotGeometry::Letters(double factor) const { return ToShort(factor * fontHeight); }
+std::int16_t PlotGeometry::Letters(double factor) const {
+  return ToShort(factor * fontHeight * scale);
+}
+
+std::int16_t PlotGeometry::SymbolSize() const { return ToShort(symbolSize * scale); }
 
 namespace {
 
 constexpr std::int16_t GridGrey = 96;
 constexpr int MajorPart = 30, MinorPart = 60;  // parts of the width that the ticks take
-constexpr int MaxMinorTicks = 5 * MaxTicks;
 
 /// One side of the plot with its ticks.
 struct Side {
@@ -102,22 +104,20 @@ void DrawTicks(Target& target, const PlotGeometry& plot, const Axis& axis, const
     DrawSymbol(target, side.tick, static_cast<float>(p.x), static_cast<float>(p.y),
                plot.TickSize(part), Black, pen);
   };
-  const TickLabels labels(axis, side.vertical ? std::fabs(plot.height) : plot.width,
-                          plot.fontHeight, !side.vertical);
-  ForEachTick(axis.range, [&](double value) {
+  const Ticks ticks = LabelledTicks(axis, side.vertical ? std::fabs(plot.height) : plot.width,
+                                    plot.fontHeight, !side.vertical);
+  for (const double value : ticks.major) {
     const double share = axis.ShareOf(value);
     const Point label = at(share + side.drop, side.gap);
-    if (labels.Has(value))
-      DrawText(target, TickText(axis, value), label.x, label.y,
-               {.height = plot.fontHeight, .alignment = side.alignment});
+    DrawText(target, TickText(axis, value), label.x, label.y,
+             {.height = plot.Letters(1), .alignment = side.alignment});
     if (axis.grid) {
       const Point a = at(share, 0), b = at(share, 1);
       DrawLine(target, a.x, a.y, b.x, b.y, {.style = Dotted, .colour = GrayLevel(GridGrey)});
     }
     tick(value, MajorPart);
-  });
-  ForEachTick(axis.range, axis.range.minor, MaxMinorTicks,
-              [&](double value) { tick(value, MinorPart); });
+  }
+  for (const double value : ticks.minor) tick(value, MinorPart);
 }
 
 TextStyle TitleStyle(const PlotGeometry& plot) {
@@ -126,27 +126,37 @@ TextStyle TitleStyle(const PlotGeometry& plot) {
 
 }  // namespace
 
-void DrawXAxis(Target& target, const PlotGeometry& plot, const Axis& axis) {
+void DrawXAxis(Target& target, const PlotGeometry& plot, const Axis& axis,
+               const std::string& title) {
   const bool upsideDown = plot.height < 0;
   DrawTicks(target, plot, axis, SideOf(false, upsideDown));
-  DrawPlotText(target, plot, AxisTitle(axis), 0.5, upsideDown ? -0.04 : -0.16, TitleStyle(plot));
+  DrawPlotText(target, plot, title, 0.5, upsideDown ? -0.04 : -0.16, TitleStyle(plot));
 }
 
-void DrawYAxis(Target& target, const PlotGeometry& plot, const Axis& axis) {
+void DrawYAxis(Target& target, const PlotGeometry& plot, const Axis& axis,
+               const std::string& title) {
   DrawTicks(target, plot, axis, SideOf(true, plot.height < 0));
-  DrawPlotTextVertical(target, plot, AxisTitle(axis), -0.14, 0.5, TitleStyle(plot));
+  DrawPlotTextVertical(target, plot, title, -0.14, 0.5, TitleStyle(plot));
 }
 
-void DrawPlotGround(Target& target, const PlotGeometry& plot, const std::string& title) {
-  DrawRectangle(target, plot.left, plot.bottom, plot.left + plot.width, plot.bottom - plot.height,
-                {.style = NoLine}, White);
+void DrawPlotPaper(Target& target, const PlotGeometry& plot) {
+  const Point a = plot.At(0, 0), b = plot.At(1, 1);
+  DrawRectangle(target, a.x, a.y, b.x, b.y, {.style = NoLine}, White);
+}
+
+void DrawPlotTitle(Target& target, const PlotGeometry& plot, const std::string& title) {
   DrawPlotText(target, plot, title, 0.45, 1.08,
                {.height = plot.Letters(1.5), .alignment = CentreBaseline, .weight = 700});
 }
 
 void DrawPlotFrame(Target& target, const PlotGeometry& plot, Colour colour) {
-  DrawBox(target, plot.left, plot.bottom, plot.left + plot.width, plot.bottom - plot.height,
-          {.colour = colour});
+  const Point a = plot.At(0, 0), b = plot.At(1, 1);
+  DrawBox(target, a.x, a.y, b.x, b.y, {.colour = colour});
+}
+
+void DrawEmptyPlot(Target& target, const PlotGeometry& plot) {
+  DrawPlotPaper(target, plot);
+  DrawPlotFrame(target, plot, Black);
 }
 
 void DrawPlotText(Target& target, const PlotGeometry& plot, const std::string& text, double u,

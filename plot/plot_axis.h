@@ -30,18 +30,9 @@ struct Axis {
 /// The number at a tick.
 std::string TickText(const Axis& axis, double value);
 
-/// Which ticks of an axis are labelled so that labels of `height` don't run into each other on
-/// `length` units, along the text or across it: every one, or only the multiples of 2, 5, 10, ...
-/// steps.
-class TickLabels {
- public:
-  TickLabels(const Axis& axis, double length, std::int16_t height, bool alongText);
-  bool Has(double value) const;
-
- private:
-  double step_;
-  int every_ = 1;
-};
+/// The ticks of an axis of `length` units whose labels of `height` don't run into each other along
+/// the text or across it. Both are those of scale 1, so that each target gets the same ticks.
+Ticks LabelledTicks(const Axis& axis, double length, double height, bool alongText);
 
 /// The label with the power of ten and the unit in brackets: "Kmean [10^-4 SI]".
 std::string AxisTitle(const Axis& axis);
@@ -51,27 +42,36 @@ std::string AxisReadOut(const Axis& axis, double value);
 
 /// Where a plot lies on its target: its frame, in whose unit square (0, 0) is the lower left
 /// corner, and the sizes of letters and symbols. A negative height turns the plot upside down, its
-/// labels then on the other side. The defaults are those of the screen; another target multiplies
-/// all of them by one factor.
+/// labels then on the other side. The defaults are those of the screen. `scale` multiplies all of
+/// them; sizes of letters, symbols and ticks are rounded once, behind it.
 struct PlotGeometry {
   double left = 60, bottom = 245, width = 285, height = 205;
   std::int16_t fontHeight = 12, symbolSize = 8;
+  // From the frame to the left and the right side of the colour scale, and to its title's baseline.
+  double barLeft = 55, barRight = 65, barTitle = 81;
+  double scale = 1;
 
   /// A point of the unit square on the target, and the way back.
   Point At(double u, double v) const;
   Point FromTarget(const Point& p) const;
-  /// The tick across an axis, and the height of letters.
+  /// The tick across an axis, the height of letters, and a symbol.
   std::int16_t TickSize(double part) const;
   std::int16_t Letters(double factor) const;
+  std::int16_t SymbolSize() const;
 };
 
 /// Ticks, labels and title along the lower and the left side.
-void DrawXAxis(Target& target, const PlotGeometry& plot, const Axis& axis);
-void DrawYAxis(Target& target, const PlotGeometry& plot, const Axis& axis);
+void DrawXAxis(Target& target, const PlotGeometry& plot, const Axis& axis,
+               const std::string& title);
+void DrawYAxis(Target& target, const PlotGeometry& plot, const Axis& axis,
+               const std::string& title);
 
-/// White paper under the plot and its title above it; the frame round it.
-void DrawPlotGround(Target& target, const PlotGeometry& plot, const std::string& title);
+/// White paper under the plot, the title above it, the frame round it; and the paper and the frame
+/// alone, which a plot without records shows.
+void DrawPlotPaper(Target& target, const PlotGeometry& plot);
+void DrawPlotTitle(Target& target, const PlotGeometry& plot, const std::string& title);
 void DrawPlotFrame(Target& target, const PlotGeometry& plot, Colour colour);
+void DrawEmptyPlot(Target& target, const PlotGeometry& plot);
 
 /// A text at (u, v) of the unit square, upright or reading upward.
 void DrawPlotText(Target& target, const PlotGeometry& plot, const std::string& text, double u,

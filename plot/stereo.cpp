@@ -9,12 +9,12 @@ namespace velorix {
 void DrawStereo(const RecordArray& records, std::int16_t coorSys, Target& target,
                 const StereoGeometry& geometry, const StereoOptions& options, std::int16_t reImMode,
                 const GroupStats& stats, const Settings& settings) {
-  const Net net = {geometry.cx, geometry.cy, geometry.diameter};
+  const Net net = geometry.OnTarget();
   const StereoView view = {records, coorSys, reImMode, target, geometry,
                            options, stats,   settings, net};
 
   target.SetTransparent();
-  DrawNet(target, coorSys, EqualArea, net, Black, geometry.fontHeight);
+  DrawNet(target, coorSys, EqualArea, net, Black, geometry.FontHeight());
   DrawCaptions(view);
   DrawLegend(view);
   DrawGeology(view, false);
@@ -34,7 +34,7 @@ void DrawStereo(const RecordArray& records, std::int16_t coorSys, Target& target
 
 PlaneSize StereoPlane(const StereoOptions& options) {
   const StereoGeometry geometry;
-  const Net net = {geometry.cx, geometry.cy, geometry.diameter};
+  const Net net = geometry.OnTarget();
   const double em = 1.1 * geometry.fontHeight;  // no letter of a caption is wider
 
   double width = 2 * geometry.cx, height = 366;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/rounding.h"
 #include "base/slots.h"
 #include "plot/net.h"
 #include "stats/group_statistics.h"
@@ -36,10 +37,15 @@ struct StereoOptions {
 };
 
 /// Where the view lies on its target and how large its symbols and letters are. The defaults are
-/// those of the screen; another target multiplies all of them by one factor.
+/// those of the screen. `scale` multiplies all of them; sizes become whole units behind it.
 struct StereoGeometry {
   double cx = 180, cy = 190, diameter = 310;
   std::int16_t symbolSize = 9, fontHeight = 14;
+  double scale = 1;
+
+  Net OnTarget() const { return {cx * scale, cy * scale, diameter * scale}; }
+  std::int16_t SymbolSize() const { return ToShort(symbolSize * scale); }
+  std::int16_t FontHeight() const { return ToShort(fontHeight * scale); }
 };
 
 /// The plane that holds all that `DrawStereo` draws with `options` in the screen's geometry.

@@ -9,18 +9,20 @@ namespace {
 /// Where the colour scale stands: right of the net, as high as its lower half.
 struct ScalePlace {
   double base, bottom;  // left end of the last bar, y of the lower end
+  double barWidth;
   int height;
   int axesOn;
   bool perAxis;
 
   /// Left of the bars: each axis has one of its own, leading up to the base.
-  double Left() const { return perAxis ? base - BarWidth * axesOn : base; }
+  double Left() const { return perAxis ? base - barWidth * axesOn : base; }
 };
 
 ScalePlace PlaceOf(const StereoView& view) {
   ScalePlace place;
   place.height = ToShort(view.net.diameter / 2);
-  place.base = view.net.cx + place.height + ScaleGap;
+  place.base = view.net.cx + place.height + ScaleGap * view.geometry.scale;
+  place.barWidth = BarWidth * view.geometry.scale;
   place.bottom = view.net.cy + place.height;
   place.axesOn = 0;
   for (bool on : view.options.chkK) place.axesOn += on;
@@ -30,7 +32,7 @@ ScalePlace PlaceOf(const StereoView& view) {
 
 void DrawBars(const StereoView& view, const ScalePlace& place) {
   const auto line = [&](double x, double y, Colour colour) {
-    DrawLine(view.target, x, y, x + BarWidth, y, {.colour = colour});
+    DrawLine(view.target, x, y, x + place.barWidth, y, {.colour = colour});
   };
   for (int i = 0; i <= place.height; ++i) {
     const double y = place.bottom - i;
@@ -43,33 +45,36 @@ void DrawBars(const StereoView& view, const ScalePlace& place) {
     for (int k = 1; k <= 3; ++k) {
       if (!view.options.chkK[k]) continue;
       float share = t;
-      line(x + BarWidth, y, BlendColor(Axes[k].colour, White, share));
-      x += BarWidth;
+      x += place.barWidth;
+      line(x, y, BlendColor(Axes[k].colour, White, share));
     }
   }
 }
 
 void DrawTicks(const StereoView& view, const ScalePlace& place, const Axis& scale) {
-  const std::int16_t height = view.Scaled(0.9, view.geometry.fontHeight);
-  const double left = place.Left();
-  const TickLabels labels(scale, place.height, height, false);
-  ForEachTick(scale.range, [&](double value) {
+  constexpr double LetterPart = 0.9;
+  const StereoGeometry& geometry = view.geometry;
+  const std::int16_t letters = view.Scaled(LetterPart, geometry.FontHeight());
+  const double left = place.Left(), gap = 5 * geometry.scale;
+  const Ticks ticks =
+      LabelledTicks(scale, geometry.diameter / 2, LetterPart * geometry.fontHeight, false);
+  for (const double value : ticks.major) {
     const double y = place.bottom - place.height * scale.ShareOf(value);
-    if (labels.Has(value))
-      DrawText(view.target, TickText(scale, value), place.perAxis ? left + 5 : left - 5, y + 5,
-               {.height = height, .alignment = RightBaseline});
+    DrawText(view.target, TickText(scale, value), place.perAxis ? left + gap : left - gap, y + gap,
+             {.height = letters, .alignment = RightBaseline});
     const int bars = place.perAxis ? place.axesOn : 1;
     for (int bar = 0; bar < bars; ++bar) {
-      const double x = left + (place.perAxis ? BarWidth * (bar + 1) : 0);
-      DrawLine(view.target, x, y, x + BarWidth, y, {.colour = Black});
+      const double x = left + (place.perAxis ? place.barWidth * (bar + 1) : 0);
+      DrawLine(view.target, x, y, x + place.barWidth, y, {.colour = Black});
     }
-  });
+  }
 }
 
 void DrawTitle(const StereoView& view, const ScalePlace& place, const Axis& scale) {
   DrawTextVertical(
-      view.target, AxisTitle(scale), place.base - 55, view.net.cy + place.height / 2.0,
-      {.height = view.geometry.fontHeight, .alignment = CentreBaseline, .weight = 600});
+      view.target, AxisTitle(scale), place.base - 55 * view.geometry.scale,
+      view.net.cy + place.height / 2.0,
+      {.height = view.geometry.FontHeight(), .alignment = CentreBaseline, .weight = 600});
 }
 
 }  // namespace
@@ -105,9 +110,9 @@ std::optional<ColourCoding> DrawColourScale(const StereoView& view) {
 void DrawFieldNet(Target& target, std::int16_t coorSys, const StereoGeometry& geometry,
                   std::span<const FieldPoint> points) {
   constexpr int StripSteps = 320;
-  const Net net = {geometry.cx, geometry.cy, geometry.diameter};
+  const Net net = geometry.OnTarget();
   target.SetTransparent();
-  DrawNet(target, coorSys, EqualArea, net, Black, geometry.fontHeight);
+  DrawNet(target, coorSys, EqualArea, net, Black, geometry.FontHeight());
   float lower = INFINITY, upper = -INFINITY;
   for (const FieldPoint& point : points) {
     lower = std::min(lower, point.Value);
@@ -116,7 +121,7 @@ void DrawFieldNet(Target& target, std::int16_t coorSys, const StereoGeometry& ge
   for (const FieldPoint& point : points) {
     if (!IsFinite(point.Direction) || !std::isfinite(point.Value)) continue;
     const float share = upper > lower ? (point.Value - lower) / (upper - lower) : 0;
-    DrawNetSymbol(target, net, EqualArea, point.Direction, 3, ToShort(1.2 * geometry.symbolSize),
+    DrawNetSymbol(target, net, EqualArea, point.Direction, 3, ToShort(1.2 * geometry.SymbolSize()),
                   RainbowColor(share), {});
   }
   for (int i = 1; i <= StripSteps; ++i) {

@@ -28,8 +28,8 @@ struct StereoView {
   Net net;
 
   std::int16_t Scaled(double factor, std::int16_t size) const { return ToShort(factor * size); }
-  std::int16_t SymbolSize(double factor) const { return Scaled(factor, geometry.symbolSize); }
-  std::int16_t CaptionHeight() const { return Scaled(1.1, geometry.fontHeight); }
+  std::int16_t SymbolSize(double factor) const { return Scaled(factor, geometry.SymbolSize()); }
+  std::int16_t CaptionHeight() const { return Scaled(1.1, geometry.FontHeight()); }
 
   void Text(const std::string& text, double u, double v, int alignment) const {
     const Point p = OnNet(net, u, v);
@@ -93,7 +93,7 @@ void DrawMeanEllipses(const StereoView& view);
 /// Rows of the legend in the unit net.
 inline constexpr double RowStep = 0.1, LegendTop = -0.85;
 inline constexpr double FoliColumn = 0.68, LineColumn = 1.15, ColumnStep = 0.12;
-/// The colour scale: from the net's rim to its bars, and the length of a line of a bar.
+/// The colour scale at scale 1: from the net's rim to its bars, and the length of a line of a bar.
 inline constexpr int ScaleGap = 65, BarWidth = 10;
 
 }  // namespace velorix

@@ -12,7 +12,6 @@ namespace velorix {
 namespace {
 
 constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
-constexpr int ScaleGap = 55, ScaleWidth = 10;  // from the frame to the colour scale; its width
 
 void DrawZeroLines(Target& target, const PlotGeometry& plot, const Axis& x, const Axis& y,
                    const XYPlotLook& look) {
@@ -38,25 +37,27 @@ void DrawLines(Target& target, const PlotGeometry& plot, std::span<const Point> 
 
 /// The bar right of the plot, its numbers left of it, its title right of it.
 void DrawColourScale(Target& target, const PlotGeometry& plot, const Axis& axis) {
-  const double unit = plot.fontHeight / 12.0;  // the gaps grow with the letters
-  const double left = plot.left + plot.width + ScaleGap * unit, right = left + ScaleWidth * unit;
-  const int height = ToShort(std::fabs(plot.height));
-  const double bottom = std::max(plot.bottom, plot.bottom - plot.height);
+  const auto rightOfFrame = [&](double units) { return plot.At(1, 0).x + units * plot.scale; };
+  const double left = rightOfFrame(plot.barLeft), right = rightOfFrame(plot.barRight);
+  const int height = ToShort(std::fabs(plot.height) * plot.scale);
+  const double bottom = std::max(plot.At(0, 0).y, plot.At(0, 1).y);
   for (int i = 0; i <= height; ++i)
     DrawLine(target, left, bottom - i, right, bottom - i,
              {.colour = ColorScale(static_cast<float>(i) / static_cast<float>(height))});
-  const std::int16_t letters = plot.Letters(0.9);
-  const TickLabels labels(axis, height, letters, false);
-  ForEachTick(axis.range, [&](double value) {
+  constexpr double LetterPart = 0.9;
+  const std::int16_t letters = plot.Letters(LetterPart);
+  const double gap = plot.fontHeight / 3.0 * plot.scale;
+  const double letterHeight = LetterPart * plot.fontHeight;
+  for (const double value :
+       LabelledTicks(axis, std::fabs(plot.height), letterHeight, false).major) {
     const double y = bottom - height * axis.ShareOf(value);
-    if (labels.Has(value))
-      DrawText(target, TickText(axis, value), left - 4 * unit, y + 0.015 * height,
-               {.height = letters, .alignment = RightBaseline});
+    DrawText(target, TickText(axis, value), left - gap, y + 0.015 * height,
+             {.height = letters, .alignment = RightBaseline});
     Pen pen;
     DrawSymbol(target, 42, static_cast<float>(left), static_cast<float>(y), plot.TickSize(15),
                Black, pen);
-  });
-  DrawTextVertical(target, AxisTitle(axis), right + 16 * unit, bottom - height / 2.0,
+  }
+  DrawTextVertical(target, AxisTitle(axis), rightOfFrame(plot.barTitle), bottom - height / 2.0,
                    {.height = letters, .alignment = CentreBaseline, .weight = 600});
 }
 
@@ -67,11 +68,14 @@ std::vector<Point> PaintXYPlot(Target& target, const PlotGeometry& plot,
                                const std::optional<Axis>& colour, const XYPlotLook& look) {
   std::vector<Point> places(points.size(), Point{NaN, NaN});
   if (x.IsEmpty() || y.IsEmpty()) return places;
-  if (look.frame) DrawPlotGround(target, plot, look.title);
-  if (look.frame) DrawZeroLines(target, plot, x, y, look);
-  if (look.frame) DrawXAxis(target, plot, x);
-  if (look.frame) DrawYAxis(target, plot, y);
-  if (look.frame) DrawPlotFrame(target, plot, look.frameColour);
+  if (look.frame) {
+    DrawPlotPaper(target, plot);
+    DrawPlotTitle(target, plot, look.title);
+    DrawZeroLines(target, plot, x, y, look);
+    DrawXAxis(target, plot, x, AxisTitle(x));
+    DrawYAxis(target, plot, y, AxisTitle(y));
+    DrawPlotFrame(target, plot, look.frameColour);
+  }
 
   for (std::size_t i = 0; i < points.size(); ++i)
     places[i] = plot.At(x.ShareOf(points[i].x), y.ShareOf(points[i].y));
@@ -88,7 +92,7 @@ std::vector<Point> PaintXYPlot(Target& target, const PlotGeometry& plot,
     const Colour fill =
         colours ? ColorScale(static_cast<float>(colour->ShareOf(points[i].z))) : look.fill;
     DrawSymbol(target, look.symbol, static_cast<float>(places[i].x),
-               static_cast<float>(places[i].y), plot.symbolSize, fill, pen);
+               static_cast<float>(places[i].y), plot.SymbolSize(), fill, pen);
   }
   if (look.frame && colours) DrawColourScale(target, plot, *colour);
   return places;
@@ -96,8 +100,8 @@ std::vector<Point> PaintXYPlot(Target& target, const PlotGeometry& plot,
 
 PlaneSize XYPlotPlane(const XYPlotOptions& options) {
   const PlotGeometry plot;
-  const int scale = options.coding ? ScaleGap + ScaleWidth + 5 : 0;
-  return {static_cast<int>(plot.left + plot.width) + 15 + scale, 290};
+  const double right = options.coding ? plot.barTitle + 4 : 15;
+  return {static_cast<int>(plot.left + plot.width + right), 290};
 }
 
 namespace {
@@ -136,6 +140,7 @@ std::optional<XYPlotAxes> Draw(const Session& session, Target& target, const Plo
                                const XYPlotOptions& options, Keep keep) {
   target.SetTransparent();
   const XYPlotData data = Gather(session, options);
+  if (data.points[false].empty() && data.points[true].empty()) DrawEmptyPlot(target, plot);
   if (data.x.IsEmpty() || data.y.IsEmpty()) return std::nullopt;
   const auto axis = [&](int parameter, const Extent& values) {
     return ParameterAxis(parameter, values.lower, values.upper, session.Settings);

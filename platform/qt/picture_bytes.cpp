@@ -48,6 +48,8 @@ QByteArray Svg(PlaneSize plane, const Draw& draw) {
   generator.setViewBox(QRect(0, 0, plane.width, plane.height));
   {
     QPainter painter(&generator);
+    // Other programs show a picture without paper on a ground of their own.
+    painter.fillRect(0, 0, plane.width, plane.height, Qt::white);
     PainterTarget target(painter, {}, Surface::Page);
     draw(target);
   }

@@ -1,6 +1,7 @@
 #include "app/graphics_page.h"
 
 #include <array>
+#include <cmath>
 #include <set>
 
 #include "plot/metafile_target.h"
@@ -15,8 +16,10 @@ class GraphicsPageTest : public ProgramTest {
  protected:
   void SetUp() override {
     OpenFile(std::string(VELORIX_SOURCE_DIR) + "/examples/jelinek1978.ams");
-    Program.XYPlot[1] = {.x = 3, .y = 6};
-    Program.XYPlot[2] = {.x = 6, .y = 8, .lines = true};
+    Program.XYPlot[1] = {.x = 3, .y = 6, .colour = 12, .coding = true};
+    Program.XYPlot[2] = {.x = 6, .y = 8, .colour = 3, .coding = true, .lines = true};
+    Program.Stereo.chkStereoColorCoding = true;
+    Program.Stereo.odclStereoColorCoding = 8;
     Program.Host.WritePicture = [this](const std::string& path, PlaneSize plane, double,
                                        const Host::DrawPicture& draw) {
       Written.push_back(path);
@@ -69,28 +72,59 @@ TEST_F(GraphicsPageTest, PlotsHaveTheirPlacesWhicheverAreChosen) {
                {&PageOptions::chkHisto, {530, 100, 850, 340}},
                {&PageOptions::chkXYPLot1, {60, 440, 380, 620}},
                {&PageOptions::chkXYPlot2, {530, 440, 850, 620}}};
-  std::set<int> heights;  // of the last plot's texts
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.Frame[0]);
-    Program.Page = {false, false, false, false};
-    Program.Page.*c.Box = true;
-    bool framed = false;
-    heights.clear();
-    for (const DrawCall& call : Page(1)) {
-      const Extents e = ExtentsOf(call);
-      framed |= e == c.Frame;
-      EXPECT_TRUE(e[0] >= 0 && e[1] >= 0 && e[2] <= GraphicsPage.width &&
-                  e[3] <= GraphicsPage.height)
-          << call;
-      if (const auto* text = std::get_if<TextCall>(&call)) heights.insert(text->style.height);
+  const struct {
+    double s;
+    std::set<int> Heights;  // of the last plot's texts
+  } scales[] = {{1, {8, 9, 10, 14}}, {BitmapScale, {13, 14, 16, 22}}};
+  for (const auto& [s, wanted] : scales) {
+    std::set<int> heights;
+    for (const auto& c : cases) {
+      SCOPED_TRACE(c.Frame[0]);
+      Program.Page = {false, false, false, false};
+      Program.Page.*c.Box = true;
+      Extents frame = c.Frame;
+      for (int& side : frame) side = static_cast<int>(std::lround(side * s));
+      bool framed = false;
+      heights.clear();
+      for (const DrawCall& call : Page(s)) {
+        const Extents e = ExtentsOf(call);
+        framed |= e == frame;
+        EXPECT_TRUE(e[0] >= 0 && e[1] >= 0 && e[2] <= GraphicsPage.width * s &&
+                    e[3] <= GraphicsPage.height * s)
+            << call;
+        if (const auto* text = std::get_if<TextCall>(&call)) heights.insert(text->style.height);
+      }
+      EXPECT_TRUE(framed);
     }
-    EXPECT_TRUE(framed);
+    EXPECT_EQ(heights, wanted);
   }
-  EXPECT_EQ(heights, (std::set<int>{9, 10, 14}));
+}
+
+/// Whether a call draws a line of a colour scale, which has one for each unit of its height.
+bool IsBarLine(const DrawCall& call) {
+  const auto* line = std::get_if<PolylineCall>(&call);
+  return line && line->points.size() == 2 && line->points[0].y == line->points[1].y &&
+         line->pen.style == Solid && line->pen.colour != Black;
+}
+
+TEST_F(GraphicsPageTest, ColourScalesOfXYPlotsStandBetweenThemOrBeforeThePagesEdge) {
+  for (const double s : {1.0, BitmapScale}) {
+    std::set<std::pair<int, int>> bars;
+    for (const DrawCall& call : Page(s))
+      if (const Extents e = ExtentsOf(call); IsBarLine(call) && e[1] >= 440 * s && e[3] <= 620 * s)
+        bars.emplace(std::lround(e[0] / s), std::lround(e[2] / s));
+    bars.erase({60, 380});  // the line at 0 of a plot
+    bars.erase({530, 850});
+    // From 23 to 31 units right of the frames.
+    EXPECT_EQ(bars, (std::set<std::pair<int, int>>{{403, 411}, {873, 881}})) << s;
+  }
 }
 
 TEST_F(GraphicsPageTest, EveryTargetGetsOneSequenceThatDiffersByTheFactor) {
-  const auto one = Page(1), large = Page(BitmapScale);
+  auto one = Page(1), large = Page(BitmapScale);
+  const auto all = std::pair{one, large};
+  std::erase_if(one, IsBarLine);
+  std::erase_if(large, IsBarLine);
   ASSERT_EQ(one.size(), large.size());
   for (std::size_t i = 0; i < one.size(); ++i) {
     ASSERT_EQ(one[i].index(), large[i].index()) << i;
@@ -107,9 +141,9 @@ TEST_F(GraphicsPageTest, EveryTargetGetsOneSequenceThatDiffersByTheFactor) {
     }
   }
   ASSERT_TRUE(Export("a.png"));
-  EXPECT_EQ(Drawn, large);
+  EXPECT_EQ(Drawn, all.second);
   ASSERT_TRUE(Export("a.svg"));
-  EXPECT_EQ(Drawn, one);
+  EXPECT_EQ(Drawn, all.first);
 }
 
 TEST_F(GraphicsPageTest, MetafileIsThePageBehindItsHeaderAndLeavesThePlacesOfTheScreen) {

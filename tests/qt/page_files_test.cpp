@@ -75,7 +75,7 @@ class PageFilesTest : public QObject {
 
     QSvgRenderer svg(window.Path("p.svg"));
     QCOMPARE(svg.viewBox(), QRect(0, 0, 900, 800));
-    const QImage drawn = Rendered(svg, bmp.size());
+    const QImage drawn = Rendered(svg, bmp.size(), Qt::black);  // it brings its own paper
     const auto small = [](const QImage& image) {
       return image.scaled(180, 160, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     };

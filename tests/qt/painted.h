@@ -18,11 +18,11 @@ QImage Painted(QSize size, PlaneFit fit, Draw draw, Surface surface = Surface::P
   return image;
 }
 
-/// A white picture with what a renderer of vectors has to show.
+/// A picture with what a renderer of vectors has to show on a ground.
 template <class Renderer>
-QImage Rendered(Renderer& renderer, QSize size) {
+QImage Rendered(Renderer& renderer, QSize size, QColor ground = Qt::white) {
   QImage image(size, QImage::Format_RGB32);
-  image.fill(Qt::white);
+  image.fill(ground);
   QPainter painter(&image);
   renderer.render(&painter);
   return image;
