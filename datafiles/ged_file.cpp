@@ -34,7 +34,7 @@ enum Sample {
   Angles1,
   Codes2 = Angles1 + 4,
   Angles2,
-  SampleEnd
+  SampleEnd = Angles2 + 4
 };
 constexpr int AnglesOfSlot[] = {Angles1, Angles2}, CodesOfSlot[] = {Codes1, Codes2};
 
