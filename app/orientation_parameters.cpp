@@ -1,6 +1,7 @@
 #include "app/orientation_parameters.h"
 
 #include "app/commands.h"
+#include "app/geo_files.h"
 #include "app/settings_file.h"
 
 namespace velorix {
@@ -16,8 +17,7 @@ void CloseReadFiles(Velorix& velorix) {
   velorix.Dialogs.Ask("Anisotropy settings",
                       "Orientation parameters were changed!\nCurrently open data file is closed.",
                       {"&OK"});
-  session.GeoFile.clear();
-  session.GeoRecords.Clear();
+  ForgetGeoFile(session);
   CloseFile(velorix);
 }
 
