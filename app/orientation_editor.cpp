@@ -71,6 +71,11 @@ void ShowStoreRows(OrientationEditor& editor) {
   NoteChange(editor);
 }
 
+void RefillLists(Velorix& velorix) {
+  Session& session = velorix.Session;
+  RefillCodes(velorix.Lists, session.Records, session.FoliCode, session.LineCode);
+}
+
 Outcome WriteCurrentFile(const Session& session) {
   // Writers take the old file away when they get nothing to write.
   if (session.Records.Empty()) return {};
@@ -120,6 +125,7 @@ void OpenGed(OrientationEditor& editor, Velorix& velorix, const std::string& act
         continue;
       case Answer::NoFile:  // wanted: the new file starts from an empty store
         ClearStore(session);
+        RefillLists(velorix);
         FillGrid(editor.Grid, {});
         break;
       case Answer::Read:
@@ -156,6 +162,7 @@ void WriteGrid(OrientationEditor& editor, Velorix& velorix) {
 
 bool SaveGrid(OrientationEditor& editor, Velorix& velorix) {
   CommitGrid(editor.Grid, velorix.Session.Records);
+  RefillLists(velorix);
   const Outcome outcome = WriteCurrentFile(velorix.Session);
   if (outcome || outcome.Text.empty()) return true;
   velorix.Dialogs.Ask(outcome.Title, outcome.Text, {"&OK"});

@@ -36,10 +36,11 @@ void AssignGed(OrientationEditor& editor, Velorix& velorix);
 /// "Write": the grid shows the store again. Wanted, despite the caption: what was typed is
 /// discarded. It can be undone.
 void WriteGrid(OrientationEditor& editor, Velorix& velorix);
-/// "SAVE": commits the grid and writes the open file when it is of a kind that can be written, with
-/// the extension in lower case. While samples are shown it commits the rows of the store that wait
-/// behind them. False when the writer refused, with its message shown, and a fault
-/// when the disk did; the records in memory are changed then. An overflow changes nothing.
+/// "SAVE": commits the grid, fills the lists of codes again (`RefillCodes`), and writes the open
+/// file when it is of a kind that can be written, with the extension in lower case. While samples
+/// are shown it commits the rows of the store that wait behind them. False when the writer refused,
+/// with its message shown, and a fault when the disk did; the records in memory are changed then.
+/// An overflow changes nothing.
 bool SaveGrid(OrientationEditor& editor, Velorix& velorix);
 
 /// Changes of the user: typing, and pasting a block. Nothing happens while samples are shown.
