@@ -5,6 +5,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "store/strike.h"
 #include "text/numbers.h"
 #include "text/upper_case.h"
 
@@ -16,6 +17,17 @@ constexpr int CellsOfSample = 2 + 2 * 6;  // at most: the orientation, and two s
 
 bool HasCode(const EditRow& row, int slot) {
   return !row[FoliationColumn(slot)].empty() || !row[LineationColumn(slot)].empty();
+}
+
+/// Turns the strikes of a sample's foliations that have a code into dip directions; gives how many.
+int TurnStrikes(SpecimenRecord& sample) {
+  int turned = 0;
+  for (int slot = 1; slot <= 2; ++slot) {
+    if (sample.OP[4] != StrikeAndDip || SampleCode(sample.FoliName[slot]).empty()) continue;
+    sample.FoliAz[slot] = DipDirectionOfStrike(sample.FoliAz[slot]);
+    ++turned;
+  }
+  return turned;
 }
 
 /// What a sample puts into the row of a record.
@@ -76,7 +88,9 @@ GedMatches AssignGed(EditGrid& grid, const RecordArray& records, const RecordArr
     }
     matches.Rows[static_cast<std::size_t>(row - 1)] = 1;
     ++matches.Count;
-    PutSample(samples[found->second], row, texts);
+    SpecimenRecord sample = samples[found->second];
+    matches.Strikes += TurnStrikes(sample);
+    PutSample(sample, row, texts);
   }
   matches.CaseDiffers = InOtherCases(matches.Without, samples);
   ChangeCells(grid, std::move(texts));
@@ -87,6 +101,8 @@ std::string MatchLine(const GedMatches& matches) {
   const std::size_t records = static_cast<std::size_t>(matches.Count) + matches.Without.size();
   std::string line =
       PlainText(matches.Count) + " of " + std::to_string(records) + " record(s) matched.";
+  if (matches.Strikes > 0)
+    line += " " + PlainText(matches.Strikes) + " strike(s) entered as dip directions.";
   const auto add = [&line](const char* what, const std::vector<std::string>& names) {
     if (!names.empty()) line += what + ListedNames(names, NamesInLine, ", ") + ".";
   };

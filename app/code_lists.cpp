@@ -33,6 +33,21 @@ void SelectFirst(CodeList& list, std::string& code) {
   code = list.Text();
 }
 
+void KeepChoice(CodeList& list, const CodeList& before) {
+  for (std::size_t i = 0; i < list.Entries.size(); ++i)
+    if (before.ListIndex >= 0 && list.Entries[i].Text == before.Text())
+      list.ListIndex = static_cast<int>(i);
+}
+
+void KeepTicks(CodeList& list, const CodeList& before) {
+  const std::vector<std::string> ticked = before.SelectedCodes();
+  const auto wasTicked = [&ticked](const CodeEntry& entry) {
+    return std::find(ticked.begin(), ticked.end(), entry.Text) != ticked.end();
+  };
+  if (std::none_of(list.Entries.begin(), list.Entries.end(), wasTicked)) return;
+  for (CodeEntry& entry : list.Entries) entry.Selected = wasTicked(entry);
+}
+
 }  // namespace
 
 void CodeList::Add(CodeEntry entry) {
@@ -81,6 +96,27 @@ void ComboAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData,
   }
   if (foliation && lists.odclFoli.ListIndex < 0) SelectFirst(lists.odclFoli, foliCode);
   if (lineation && lists.odclLine.ListIndex < 0) SelectFirst(lists.odclLine, lineCode);
+}
+
+void ResetCodes(CodeLists& lists) {
+  for (CodeList* list : {&lists.lstFoli, &lists.lstLine, &lists.odclFoli, &lists.odclLine})
+    list->Remove(FromData);
+}
+
+void RefillCodes(CodeLists& lists, const RecordArray& records, std::string& foliCode,
+                 std::string& lineCode) {
+  const CodeLists before = lists;
+  ResetCodes(lists);
+  for (const SpecimenRecord& record : records) {
+    ListAddCodes(lists, record, FromData);
+    ComboAddCodes(lists, record, FromData, foliCode, lineCode);
+  }
+  KeepTicks(lists.lstFoli, before.lstFoli);
+  KeepTicks(lists.lstLine, before.lstLine);
+  KeepChoice(lists.odclFoli, before.odclFoli);
+  KeepChoice(lists.odclLine, before.odclLine);
+  foliCode = lists.odclFoli.Text();
+  lineCode = lists.odclLine.Text();
 }
 
 }  // namespace velorix

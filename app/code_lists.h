@@ -4,12 +4,14 @@
 #include <unordered_set>
 #include <vector>
 
-#include "store/specimen_record.h"
+#include "store/record_array.h"
 
 namespace velorix {
 
-/// One entry of a list of codes; `ItemData` 1 marks a code found in the data, which the next reset
-/// of the lists takes away again.
+/// Item data of a code found in the data.
+inline constexpr int FromData = 1;
+
+/// One entry of a list of codes. A code found in the data goes with the next reset of the lists.
 struct CodeEntry {
   std::string Text;
   int ItemData = 0;
@@ -52,5 +54,14 @@ void ListAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData);
 /// an entry selects the first, and `foliCode` or `lineCode` becomes its text.
 void ComboAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData,
                    std::string& foliCode, std::string& lineCode);
+
+/// Takes the codes found in the data away.
+void ResetCodes(CodeLists& lists);
+
+/// Fills the lists with the codes of changed records. What was chosen or ticked and still exists
+/// stays so; a list that has nothing left of it chooses or ticks its first entry. `foliCode` and
+/// `lineCode` become what `odclFoli` and `odclLine` show.
+void RefillCodes(CodeLists& lists, const RecordArray& records, std::string& foliCode,
+                 std::string& lineCode);
 
 }  // namespace velorix

@@ -83,9 +83,11 @@ bool IsOpen(const Velorix& v) {
   return v.Windows.*Window;
 }
 
+/// The lists of codes stay as they are, or as the editor's "SAVE" filled them.
 void EditOrientations(Velorix& v) {
   v.Views.ShowOrientationEditor();
-  ShowStore(v);
+  DisplayData(v, false);
+  DisplayFormCaption(v);
 }
 
 /// The values in the records stay as they are until the next display.

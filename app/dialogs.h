@@ -35,6 +35,8 @@ struct Dialogs {
   /// the box chooses the last.
   virtual int Ask(const std::string& title, const std::string& text,
                   const std::vector<std::string>& buttons, int defaultButton = 0) = 0;
+  /// A box with a warning's icon, where there are icons, and the one button "OK".
+  virtual void Warn(const std::string& title, const std::string& text) { Ask(title, text, {"OK"}); }
 };
 
 }  // namespace velorix

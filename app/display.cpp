@@ -10,14 +10,6 @@
 namespace velorix {
 namespace {
 
-/// Item data of the codes that came from data files.
-constexpr int FromData = 1;
-
-void ResetLists(CodeLists& lists) {
-  for (CodeList* list : {&lists.lstFoli, &lists.lstLine, &lists.odclFoli, &lists.odclLine})
-    list->Remove(FromData);
-}
-
 void ShowSelectedCodes(Velorix& velorix) {
   velorix.Stereo.lstFoli = velorix.Lists.lstFoli.SelectedCodes();
   velorix.Stereo.lstLine = velorix.Lists.lstLine.SelectedCodes();
@@ -66,7 +58,7 @@ std::size_t LastSeparator(const std::string& path) { return path.find_last_of("/
 
 void DisplayData(Velorix& velorix, bool resetLists) {
   Session& session = velorix.Session;
-  if (resetLists) ResetLists(velorix.Lists);
+  if (resetLists) ResetCodes(velorix.Lists);
   for (const SpecimenRecord& record : session.Records) {
     ListAddCodes(velorix.Lists, record, FromData);
     ComboAddCodes(velorix.Lists, record, FromData, session.FoliCode, session.LineCode);

@@ -47,8 +47,6 @@ static_assert(std::size(Columns) == EditColumns);
 /// Cells that all steps together may hold: some hundred megabytes.
 constexpr std::size_t CellsKept = 2'000'000;
 
-/// What a code of a geological file says: "0" is none there.
-std::string SampleCode(const std::string& code) { return code == "0" ? "" : code; }
 std::string StoreCode(const std::string& code) { return code; }
 
 void PutPair(EditRow& row, int column, const std::string& code, float dec, float inc) {
@@ -182,6 +180,8 @@ std::vector<EditRow> RowsOf(const RecordArray& records) {
     rows.push_back(RowOf(r, r.RecordNo, r.HasCoor[2], StoreCode));
   return rows;
 }
+
+std::string SampleCode(const std::string& code) { return code == "0" ? "" : code; }
 
 EditRow RowOfSample(const SpecimenRecord& sample, int number) {
   return RowOf(sample, number, true, SampleCode);

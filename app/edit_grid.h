@@ -56,7 +56,9 @@ struct EditGrid {
 /// those of a code without one; two angles of 0 beside an empty code are empty too. Numbers are in
 /// their shortest form.
 std::vector<EditRow> RowsOf(const RecordArray& records);
-/// The row of a geological file's sample, which always has an orientation; the code "0" is none.
+/// A code of a geological file's sample; "0" is none there.
+std::string SampleCode(const std::string& code);
+/// The row of a geological file's sample, which always has an orientation.
 EditRow RowOfSample(const SpecimenRecord& sample, int number);
 /// The rows of all samples, counted in the first column.
 std::vector<EditRow> RowsOfSamples(const RecordArray& samples);

@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "app/display.h"
-#include "app/open_flow.h"
+#include "app/geo_files.h"
 #include "datafiles/ged_file.h"
 #include "datafiles/text_file.h"
 #include "text/numbers.h"
@@ -102,13 +102,6 @@ bool Exists(const std::string& path) {
   return std::filesystem::exists(PathOf(path), error);
 }
 
-/// Shows what a reader or writer refused, if it has something to say, and gives whether it did its
-/// work.
-bool Report(Velorix& velorix, const Outcome& outcome) {
-  if (!outcome && !outcome.Text.empty()) velorix.Dialogs.Ask(outcome.Title, outcome.Text, {"&OK"});
-  return static_cast<bool>(outcome);
-}
-
 /// The files that the user chose, all of which exist; none on cancel.
 FileList AskForFiles(Velorix& velorix) {
   FileQuestion question;
@@ -167,21 +160,16 @@ void RefuseGedCell(Velorix& velorix) {
 bool OpenGedFiles(Velorix& velorix, GedSheet& sheet) {
   const FileList list = AskForFiles(velorix);
   if (list.Names.empty()) return false;
-  RecordArray records;
-  for (const std::string& name : list.Names)
-    if (!Report(velorix, ReadGedFile(JoinPath(list.Folder, name), records))) return false;
-
-  if (records.Empty()) return false;
+  if (!ReadGeoFiles(velorix, list)) return false;
+  const RecordArray& records = velorix.Session.GeoRecords;
   GedSheet read;
   read.Site = SiteOf(records[1]);
   for (const SpecimenRecord& record : records) read.Rows.push_back(RowOf(record));
   const bool one = list.Names.size() == 1;
-  read.Path = one ? JoinPath(list.Folder, list.FirstName) : list.Folder + "\\MULTIPLE FILES";
+  read.Path = one ? velorix.Session.GeoFile : list.Folder + "\\MULTIPLE FILES";
   if (one) read.Base = BaseName(list.FirstName);
   read.ReadCount = records.Count();
   sheet = std::move(read);
-  velorix.Session.GeoRecords = std::move(records);
-  velorix.Session.GeoFile = JoinPath(list.Folder, list.FirstName);
   return true;
 }
 
@@ -203,7 +191,7 @@ bool SaveGedFile(Velorix& velorix, const GedSheet& sheet) {
         velorix.Dialogs.Ask(UpperCase(SaveTitle), "Overwrite existing file?", {"&Yes", "&No"}, 1) !=
             0)
       continue;
-    if (!Report(velorix, WriteGedFile(answer->Filename, records))) return false;
+    if (!WriteGedFile(answer->Filename, records)) return false;
     velorix.Session.GeoRecords = std::move(records);
     velorix.Session.GeoFile = answer->Filename;
     return true;

@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "app/open_flow.h"
+#include "app/geo_files.h"
 #include "datafiles/ams_file.h"
-#include "datafiles/ged_file.h"
 #include "datafiles/ran_file.h"
 #include "text/numbers.h"
 #include "text/paths.h"
@@ -49,21 +48,8 @@ Answer JudgeName(Velorix& velorix, const std::string& action, const FileList& li
   return answer == 0 ? Answer::NoFile : Answer::Again;
 }
 
-/// Reads all files into the working copy. False, with the reader's message shown, when one refuses.
-bool ReadSamples(Velorix& velorix, const FileList& list) {
-  RecordArray samples;
-  for (const std::string& name : list.Names) {
-    const Outcome outcome = ReadGedFile(InFolder(list.Folder, name), samples);
-    if (outcome) continue;
-    if (!outcome.Text.empty()) velorix.Dialogs.Ask(outcome.Title, outcome.Text, {"&OK"});
-    return false;
-  }
-  std::swap(velorix.Session.EditRecords, samples);
-  return true;
-}
-
 void ShowSamples(OrientationEditor& editor, Velorix& velorix, const std::string& title) {
-  const RecordArray& samples = velorix.Session.EditRecords;
+  const RecordArray& samples = velorix.Session.GeoRecords;
   std::vector<std::string> names;
   for (const SpecimenRecord& sample : samples) names.push_back(sample.Name);
   if (!names.empty()) velorix.Dialogs.Ask(title, ListedNames(names, NamesInBox, "\n"), {"&OK"});
@@ -78,6 +64,16 @@ void ShowSamples(OrientationEditor& editor, Velorix& velorix, const std::string&
 void NoteChange(OrientationEditor& editor, const std::string& line = {}) {
   editor.Matched.clear();
   editor.Line = line;
+}
+
+void ShowStoreRows(OrientationEditor& editor) {
+  editor.ShowsSamples = false;
+  NoteChange(editor);
+}
+
+void RefillLists(Velorix& velorix) {
+  Session& session = velorix.Session;
+  RefillCodes(velorix.Lists, session.Records, session.FoliCode, session.LineCode);
 }
 
 Outcome WriteCurrentFile(const Session& session) {
@@ -97,17 +93,21 @@ Outcome WriteCurrentFile(const Session& session) {
 }  // namespace
 
 void LoadEditor(OrientationEditor& editor, Velorix& velorix) {
+  const Session& session = velorix.Session;
   editor = {};
-  velorix.Session.EditRecords.Clear();
-  FillGrid(editor.Grid, RowsOf(velorix.Session.Records));
+  FillGrid(editor.Grid, RowsOf(session.Records));
   editor.Line =
       "Type in a cell, or paste a block of cells from a spreadsheet with Ctrl+V. Ctrl+Z takes the "
       "last change back.";
+  if (!session.GeoRecords.Empty())
+    editor.Line += " A geological file of " + PlainText(session.GeoRecords.Count()) +
+                   " sample(s) is open for AssignGED.";
 }
 
 void OpenGed(OrientationEditor& editor, Velorix& velorix, const std::string& action) {
   Session& session = velorix.Session;
-  session.EditRecords.Clear();
+  ForgetGeoFile(session);
+  if (editor.ShowsSamples) ShowStoreRows(editor);
   FileQuestion question;
   question.Title = TitleOf(action);
   question.Folder = session.DataFolder;
@@ -125,11 +125,12 @@ void OpenGed(OrientationEditor& editor, Velorix& velorix, const std::string& act
         continue;
       case Answer::NoFile:  // wanted: the new file starts from an empty store
         ClearStore(session);
+        RefillLists(velorix);
         FillGrid(editor.Grid, {});
         break;
       case Answer::Read:
         if (answer->FilterIndex != 1) return;  // the other types read nothing
-        if (!ReadSamples(velorix, list)) return;
+        if (!ReadGeoFiles(velorix, list)) return;
         break;
     }
     return ShowSamples(editor, velorix, question.Title);
@@ -138,16 +139,18 @@ void OpenGed(OrientationEditor& editor, Velorix& velorix, const std::string& act
 
 void AssignGed(OrientationEditor& editor, Velorix& velorix) {
   const Session& session = velorix.Session;
-  editor.ShowsSamples = false;
-  if (session.EditRecords.Empty())
-    return NoteChange(editor, "No geological file is open: OpenGED reads one.");
-  const GedMatches matches = AssignGed(editor.Grid, session.Records, session.EditRecords);
+  ShowStoreRows(editor);
+  if (session.GeoRecords.Empty()) {
+    editor.Line = "No geological file is open: OpenGED reads one.";
+    return;
+  }
+  const GedMatches matches = AssignGed(editor.Grid, session.Records, session.GeoRecords);
   editor.Matched = matches.Rows;
   editor.Line = MatchLine(matches);
 }
 
 void WriteGrid(OrientationEditor& editor, Velorix& velorix) {
-  editor.ShowsSamples = false;
+  ShowStoreRows(editor);
   const std::vector<EditRow> rows = RowsOf(velorix.Session.Records);
   std::vector<CellText> texts;
   for (int row = 1; row <= editor.Grid.RowCount(); ++row)
@@ -159,6 +162,7 @@ void WriteGrid(OrientationEditor& editor, Velorix& velorix) {
 
 bool SaveGrid(OrientationEditor& editor, Velorix& velorix) {
   CommitGrid(editor.Grid, velorix.Session.Records);
+  RefillLists(velorix);
   const Outcome outcome = WriteCurrentFile(velorix.Session);
   if (outcome || outcome.Text.empty()) return true;
   velorix.Dialogs.Ask(outcome.Title, outcome.Text, {"&OK"});
@@ -181,12 +185,10 @@ void PasteCells(OrientationEditor& editor, std::string_view lines, const CellBlo
 }
 
 void UndoEdit(OrientationEditor& editor) {
-  if (editor.ShowsSamples) {
-    editor.ShowsSamples = false;
+  if (editor.ShowsSamples)
+    ShowStoreRows(editor);
+  else if (Undo(editor.Grid))
     NoteChange(editor);
-  } else if (Undo(editor.Grid)) {
-    NoteChange(editor);
-  }
 }
 
 void RedoEdit(OrientationEditor& editor) {

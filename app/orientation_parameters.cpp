@@ -1,6 +1,7 @@
 #include "app/orientation_parameters.h"
 
 #include "app/commands.h"
+#include "app/geo_files.h"
 #include "app/settings_file.h"
 
 namespace velorix {
@@ -16,8 +17,7 @@ void CloseReadFiles(Velorix& velorix) {
   velorix.Dialogs.Ask("Anisotropy settings",
                       "Orientation parameters were changed!\nCurrently open data file is closed.",
                       {"&OK"});
-  session.GeoFile.clear();
-  session.GeoRecords.Clear();
+  ForgetGeoFile(session);
   CloseFile(velorix);
 }
 
@@ -59,8 +59,8 @@ std::string OrientationValueMeaning(int parameter, std::int16_t value) {
     case 3:
       return "Measured azimuth is read at " + std::to_string(value) + " o'clock";
     case 4:
-      return value == 0 ? "Foliations by dip direction and dip"
-                        : "Foliations by strike (right-hand rule) and dip";
+      return value == 0 ? "Files give foliations by dip direction and dip"
+                        : "Files give foliations by strike (right-hand rule) and dip";
     default:
       return "";
   }

@@ -9,7 +9,9 @@
 
 namespace velorix {
 
-// AMS files, the program's own format; the record is in datafiles/ams_layout.h. Paths are UTF-8.
+// AMS files, the program's own format; the record is in datafiles/ams_layout.h. With P4 = 90 they
+// have foliations as strikes, which reading and writing turn from and to dip directions. Paths are
+// UTF-8.
 
 /// Appends all records of the file. Refused for an empty file, with a message, and without one for
 /// a file shorter than half a record. A last record that the file cuts off reads as far as the file

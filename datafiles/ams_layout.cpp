@@ -1,8 +1,18 @@
 #include "datafiles/ams_layout.h"
 
+#include "store/strike.h"
 #include "text/numbers.h"
 
 namespace velorix {
+namespace {
+
+/// Whether the file has a strike in place of the dip direction.
+bool HasStrike(const SpecimenRecord& r, int slot) {
+  return r.OP[4] == StrikeAndDip && !StripBlanks(r.FoliName[slot]).empty();
+}
+
+}  // namespace
+
 namespace ams {
 
 template <auto Member>
@@ -34,6 +44,18 @@ void Codes<Member>::Store(std::byte* at, const SpecimenRecord& r) const {
 }
 template struct Codes<&R::FoliName>;
 template struct Codes<&R::LineName>;
+
+void FoliationAzimuths::Load(const std::byte* at, SpecimenRecord& r) const {
+  SlotAngles::Load(at, r);
+  for (int slot = 1; slot <= 2; ++slot)
+    if (HasStrike(r, slot)) r.FoliAz[slot] = DipDirectionOfStrike(r.FoliAz[slot]);
+}
+
+void FoliationAzimuths::Store(std::byte* at, const SpecimenRecord& r) const {
+  for (int slot = 1; slot <= 2; ++slot)
+    StoreLittle(at + 4 * slot - 4,
+                HasStrike(r, slot) ? StrikeOfDipDirection(r.FoliAz[slot]) : r.FoliAz[slot]);
+}
 
 }  // namespace ams
 }  // namespace velorix

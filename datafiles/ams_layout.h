@@ -117,6 +117,14 @@ struct SlotAngles : AmsRow {
   }
 };
 
+/// Azimuths of the foliations in slots 1 and 2: strikes in the file where P4 is 90 and the slot has
+/// a code, dip directions in the record. P4 and the codes are in earlier rows.
+struct FoliationAzimuths : SlotAngles<&SpecimenRecord::FoliAz> {
+  static constexpr const char* Kind = "4 32-bit floats, slots 1 and 2 used; strikes where P4 is 90";
+  void Load(const std::byte* at, SpecimenRecord& r) const;
+  void Store(std::byte* at, const SpecimenRecord& r) const;
+};
+
 /// The first `Width` / 4 numbers of an array.
 template <auto Member>
 struct F32s : AmsRow {
@@ -207,7 +215,7 @@ inline constexpr auto AmsLayout = std::tuple{
     ams::OrientationAngle<&ams::R::OrientAz>  {"OrientAz",        92,   4},
     ams::OrientationAngle<&ams::R::OrientInc> {"OrientInc",       96,   4},
     ams::Codes<&ams::R::FoliName>             {"FoliName[1..4]", 100,   8},
-    ams::SlotAngles<&ams::R::FoliAz>          {"FoliAz[1..4]",   108,  16},
+    ams::FoliationAzimuths                    {"FoliAz[1..4]",   108,  16},
     ams::SlotAngles<&ams::R::FoliDip>         {"FoliDip[1..4]",  124,  16},
     ams::Codes<&ams::R::LineName>             {"LineName[1..4]", 140,   8},
     ams::SlotAngles<&ams::R::LineTrend>       {"LineTrend[1..4]",148,  16},

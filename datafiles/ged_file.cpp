@@ -34,7 +34,7 @@ enum Sample {
   Angles1,
   Codes2 = Angles1 + 4,
   Angles2,
-  SampleEnd
+  SampleEnd = Angles2 + 4
 };
 constexpr int AnglesOfSlot[] = {Angles1, Angles2}, CodesOfSlot[] = {Codes1, Codes2};
 
@@ -181,7 +181,7 @@ std::span<const GedField> GedSampleFields() { return SampleFields; }
 
 Outcome CheckNotEmpty(const std::string& path, std::string_view text) {
   if (!text.empty()) return {};
-  return Outcome::Refused(OpeningTitle(path), "File is empty!");
+  return Outcome::Warning(OpeningTitle(path), "File is empty!");
 }
 
 Outcome CheckGedLines(const std::string& path, std::string_view text, int length) {
@@ -194,7 +194,7 @@ Outcome CheckGedLines(const std::string& path, std::string_view text, int length
   }
   if (bad == 0) return {};
   if (bad > MostListed) list += "and " + std::to_string(bad - MostListed) + " more lines\n";
-  return Outcome::Refused(OpeningTitle(path), list);
+  return Outcome::Warning(OpeningTitle(path), list);
 }
 
 Outcome ReadGedText(const std::string& path, std::string_view text, RecordArray& records) {

@@ -10,7 +10,8 @@
 namespace velorix {
 
 // Geological files (.ged): the field measurements of a site as text, a header line and a line of 62
-// characters a sample. Paths are UTF-8.
+// characters a sample. Azimuths stay as they stand, also the strikes that P4 = 90 says they are.
+// Paths are UTF-8.
 
 inline constexpr int GedLineLength = 62;
 

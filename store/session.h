@@ -20,8 +20,7 @@ enum PaleoPlane : std::int16_t { Horizontal = 1, Vertical = 2 };
 /// hands it on by reference; a test makes its own. Paths and names are UTF-8.
 struct Session {
   RecordArray Records;
-  RecordArray GeoRecords;   // the geological file in hand: names and geological fields only
-  RecordArray EditRecords;  // the working copy of the orientation editor
+  RecordArray GeoRecords;  // the geological file in hand: names and geological fields only
 
   std::int16_t CoorSys = Geographic;
   std::int16_t TectoPlane = Horizontal;
@@ -37,7 +36,7 @@ struct Session {
   std::vector<std::string> OpenFiles;    // paths of the files that make up the store
   std::vector<std::string> FolderFiles;  // names of their like in DataFolder, as listed
   int FolderFilePos = 0;                 // position of the open file there, from 1
-  std::string GeoFile;
+  std::string GeoFile;                   // path of the first file in GeoRecords
   std::string SettingsFile;
   velorix::Settings Settings;
 

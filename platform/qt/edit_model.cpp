@@ -6,11 +6,6 @@
 #include "text/numbers.h"
 
 namespace velorix {
-namespace {
-
-bool IsPair(int column) { return column >= FoliationColumn(1) && column < ParameterColumn(1); }
-
-}  // namespace
 
 void EditModel::Refresh() {
   const int rows = editor_.Shown().RowCount();
@@ -72,6 +67,23 @@ QVariant EditModel::Back(int row, int column) const {
   return {};
 }
 
+QString EditModel::HeaderTip(int column) const {
+  const EditColumn& caption = EditColumnAt(column);
+  const std::string_view group = caption.Group;
+  const bool inFile = editor_.ShowsSamples;
+  if (caption.Kind == EditKind::Parameter) {
+    const int parameter = column - ParameterColumn(0);
+    const bool isDipHere = parameter == 4 && !inFile;
+    return ToQString(OrientationMeaning(parameter)) +
+           (isDipHere ? ", in the file: here foliations have dip directions" : "");
+  }
+  if (caption.Kind != EditKind::Angle || group == "Orientation") return caption.Group;
+  const char* what = group.starts_with("Lineation") ? "Trend and plunge"
+                     : inFile ? "Azimuth and dip as in the file: with OP4 = 90 a strike"
+                              : "Dip direction and dip, whatever OP4 says";
+  return QString(what) + "; degrees, read by their beginning, with a decimal point";
+}
+
 QVariant EditModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal) return {};
   const EditColumn& column = EditColumnAt(section + 1);
@@ -81,11 +93,7 @@ QVariant EditModel::headerData(int section, Qt::Orientation orientation, int rol
     case GroupRole:
       return column.Group;
     case Qt::ToolTipRole:
-      if (column.Kind == EditKind::Parameter)
-        return ToQString(OrientationMeaning(section + 1 - ParameterColumn(0)));
-      if (column.Kind == EditKind::Angle && IsPair(section + 1))
-        return "Azimuth and dip or plunge, degrees; read by their beginning, with a decimal point";
-      return column.Group;
+      return HeaderTip(section + 1);
     default:
       return {};
   }

@@ -28,6 +28,7 @@ class EditModel : public QAbstractTableModel {
  private:
   QVariant Tip(int row, int column) const;
   QVariant Back(int row, int column) const;
+  QString HeaderTip(int column) const;
 
   OrientationEditor& editor_;
   int rows_ = 0;  // as the views know it

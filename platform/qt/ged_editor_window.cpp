@@ -72,8 +72,12 @@ frmGEDEditor::frmGEDEditor(Velorix& velorix, QWidget* owner)
   setObjectName("frmGEDEditor");
   setAttribute(Qt::WA_DeleteOnClose);
   setAttribute(Qt::WA_QuitOnClose, false);
-  model_.OnRefused = [this] {  // later, when the cell's editor is gone
-    QTimer::singleShot(0, this, [this] { RefuseGedCell(velorix_); });
+  model_.OnRefused = [this] {
+    refused_ = true;
+    QTimer::singleShot(0, this, [this] {  // when the cell's editor is gone
+      refused_ = false;
+      RefuseGedCell(velorix_);
+    });
   };
   MakeMenu();
   auto* centre = new QWidget(this);
@@ -198,7 +202,16 @@ void frmGEDEditor::TakeSite() {
     sheet_.Site.OP[i] = static_cast<std::int16_t>(parameters_[i]->currentText().toInt());
 }
 
+/// Takes over what is being typed in a cell: a key reaches menus and buttons past the cell's
+/// editor. False when the cell was refused; what is going on ends then, since it would go on
+/// without it.
+bool frmGEDEditor::EndTyping() {
+  if (grid_->isAncestorOf(focusWidget())) grid_->setFocus();
+  return !refused_;
+}
+
 void frmGEDEditor::Open() {
+  if (!EndTyping()) return;
   Work(velorix_, [this] {
     if (!OpenGedFiles(velorix_, sheet_)) return;
     model_.Refresh();
@@ -209,6 +222,7 @@ void frmGEDEditor::Open() {
 }
 
 void frmGEDEditor::Save() {
+  if (!EndTyping()) return;
   TakeSite();
   bool saved = false;
   Work(velorix_, [&] { saved = SaveGedFile(velorix_, sheet_); });
@@ -216,6 +230,7 @@ void frmGEDEditor::Save() {
 }
 
 void frmGEDEditor::Delete() {
+  if (!EndTyping()) return;
   grid_->setUpdatesEnabled(false);
   for (const QModelIndex& index : grid_->selectionModel()->selectedRows()) {
     if (model_.IsNew(index.row())) continue;
@@ -227,6 +242,7 @@ void frmGEDEditor::Delete() {
 }
 
 void frmGEDEditor::Restore() {
+  if (!EndTyping()) return;
   for (GedRow& row : sheet_.Rows) row.TakenOut = false;
   ShowAllRows();
 }

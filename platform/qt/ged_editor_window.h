@@ -28,6 +28,7 @@ class frmGEDEditor : public QMainWindow {
   void ShowCaption();
   void ShowSite();
   void TakeSite();
+  bool EndTyping();
   void Open();
   void Save();
   void Delete();
@@ -38,6 +39,7 @@ class frmGEDEditor : public QMainWindow {
   GedSheet sheet_;
   GedModel model_;
   FrozenTable* grid_ = nullptr;
+  bool refused_ = false;  // a cell, and the user has yet to see it
   struct Field {
     QLineEdit* Box;
     std::string GedSite::*Text;

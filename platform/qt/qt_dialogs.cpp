@@ -166,4 +166,16 @@ int QtDialogs::Ask(const std::string& title, const std::string& text,
   return static_cast<int>(made.size()) - 1;
 }
 
+void QtDialogs::Warn(const std::string& title, const std::string& text) {
+  PauseBusyCursor();
+  QMessageBox box(Owner);
+  box.setObjectName("frmMessage");
+  box.setWindowTitle(ToQString(title));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToQString(text));
+  box.setIcon(QMessageBox::Warning);
+  box.addButton("OK", QMessageBox::AcceptRole);
+  box.exec();
+}
+
 }  // namespace velorix

@@ -18,6 +18,7 @@ class QtDialogs : public Dialogs {
   std::optional<FileAnswer> ShowSave(const FileQuestion& question) override;
   int Ask(const std::string& title, const std::string& text,
           const std::vector<std::string>& buttons, int defaultButton) override;
+  void Warn(const std::string& title, const std::string& text) override;
 };
 
 /// One filter of a "text|pattern|" list.

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "text/numbers.h"
+
 namespace velorix {
 namespace {
 
@@ -59,6 +61,35 @@ TEST(AssignGed, TellsOfManyNamesTheFirstOnes) {
             "N1, N2, N3, N4, N5, N6, N7, N8, N9, N10, N11, N12, and 3 more.");
 }
 
+TEST(AssignGed, StrikesOfASampleEnterAsDipDirectionsAndAreCounted) {
+  // P4, the foliation's code, the azimuth and what enters the cell
+  const std::tuple<std::int16_t, const char*, float, const char*> cases[] = {
+      // clang-format off
+      {90, "S", 0, "90"}, {90, "S", 269, "359"}, {90, "S", 270, "0"}, {90, "S", 360, "90"},
+      {0, "S", 270, "270"}, {91, "S", 45, "45"}, {90, "0", 45, "45"},
+      // clang-format on
+  };
+  for (const auto& [p4, code, azimuth, cell] : cases)
+    for (const int slot : {1, 2}) {
+      SpecimenRecord sample = Sample("A", 10, 20);
+      sample.OP[4] = p4;
+      sample.FoliName[slot] = code;
+      sample.FoliAz[slot] = azimuth;
+      sample.LineName[slot] = "L";
+      const RecordArray records = ArrayOf({Named("A"), Named("A")}), samples = ArrayOf({sample});
+      EditGrid grid;
+      FillGrid(grid, RowsOf(records));
+      const bool turned = PlainText(azimuth) != cell;
+      for (int again = 0; again < 2; ++again) {
+        EXPECT_EQ(MatchLine(AssignGed(grid, records, samples)),
+                  turned ? "2 of 2 record(s) matched. 2 strike(s) entered as dip directions."
+                         : "2 of 2 record(s) matched.");
+        EXPECT_EQ(grid.Cell(2, FoliationColumn(slot) + 1), cell);
+        EXPECT_EQ(samples[1].FoliAz[slot], azimuth);
+      }
+    }
+}
+
 TEST(AssignGed, LeavesWhatTheSampleDoesNotHaveAndGivesThePairOfASlotAsAWhole) {
   SpecimenRecord record = Named("A");
   record.HasCoor = {true, true, false, false};
@@ -78,10 +109,11 @@ TEST(AssignGed, LeavesWhatTheSampleDoesNotHaveAndGivesThePairOfASlotAsAWhole) {
   EXPECT_EQ(assigned(sample), wanted);
   sample.OrientInc = wanted.OrientInc = 5;  // one angle of 0 is an orientation
   wanted.OrientAz = 0;
-  sample.FoliName[2] = wanted.FoliName[2] = "C";  // horizontal: both angles are 0
+  sample.LineName[2] = wanted.LineName[2] = "C";  // horizontal: both angles are 0
   EXPECT_EQ(assigned(sample), wanted);
   sample.FoliName[1] = wanted.FoliName[1] = "T";
-  sample.FoliAz[1] = wanted.FoliAz[1] = 120;
+  sample.FoliAz[1] = 120;
+  wanted.FoliAz[1] = 210;
   wanted.LineName[1] = "";
   wanted.LineTrend[1] = 0;
   EXPECT_EQ(assigned(sample), wanted);

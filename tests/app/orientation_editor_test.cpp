@@ -1,8 +1,10 @@
 #include "app/orientation_editor.h"
 
+#include "app/ged_editor.h"
 #include "datafiles/ged_file.h"
 #include "datafiles/ran_file.h"
 #include "tests/app/script.h"
+#include "text/upper_case.h"
 
 namespace velorix {
 namespace {
@@ -85,8 +87,8 @@ TEST_F(OrientationEditing, OpenGedShowsNoMoreNamesThanAScreenHasRoomFor) {
 
 TEST_F(OrientationEditing, MatchedRowsAreMarkedUntilTheNextChange) {
   Load();
-  Now.EditRecords.Add(Record("a2"));
-  Now.EditRecords[1].OrientAz = 10;
+  Now.GeoRecords.Add(Record("a2"));
+  Now.GeoRecords[1].OrientAz = 10;
   const std::function<void()> changes[] = {
       [this] { Type(1, 3, "9"); }, [this] { UndoEdit(Editor); }, [this] { RedoEdit(Editor); },
       [this] {
@@ -125,11 +127,17 @@ TEST_F(OrientationEditing, WhatIsNotReadLosesNothingThatWasTyped) {
   Load();
   Type(1, 3, "77");
   WriteGed("good.ged", {"a1"});
-  const std::string title = "Error in opening file: <<bad.ged>>|";
+  const std::string title = "Warning: Error in opening file: <<bad.ged>>|";
+  const std::string wrong = Bytes("good.ged").replace(64 + 12, 1, "x");
   const std::tuple<std::string, std::string, int, Texts> files[] = {
-      {"", Path("bad.ged"), 1, {title + "File is empty!|&OK"}},
-      {"short\r\n", Path("bad.ged"), 1, {title + "Error in line: 1\n|&OK"}},
-      {"short\r\n", Several({"good.ged", "bad.ged"}), 1, {title + "Error in line: 1\n|&OK"}},
+      {"", Path("bad.ged"), 1, {title + "File is empty!|OK"}},
+      {"short\r\n", Path("bad.ged"), 1, {title + "Error in line: 1\n|OK"}},
+      {"short\r\n", Several({"good.ged", "bad.ged"}), 1, {title + "Error in line: 1\n|OK"}},
+      {wrong,
+       Path("bad.ged"),
+       1,
+       {"Error in reading file!|Error in file: " + UpperCase(Path("bad.ged")) +
+        "\n\nIn line: 2|OK"}},
       {"", Path("good.ged"), 2, {}}};  // other filters read nothing
   for (const auto& [text, list, filter, boxes] : files) {
     Asked.Boxes.clear();
@@ -139,7 +147,7 @@ TEST_F(OrientationEditing, WhatIsNotReadLosesNothingThatWasTyped) {
     EXPECT_EQ(Asked.Boxes, boxes);
     EXPECT_FALSE(Editor.ShowsSamples);
     EXPECT_EQ(Cell(1, 3), "77");
-    EXPECT_TRUE(Now.EditRecords.Empty());
+    EXPECT_EQ(NamesOf(Now.GeoRecords) + Now.GeoFile, "");
   }
 }
 
@@ -171,6 +179,32 @@ TEST_F(OrientationEditing, AnExistingFileAsksUnderNewAndSave) {
                             "Append to existing file?|&Yes|&No";
     EXPECT_EQ(Asked.Boxes, (Texts{box, box, title + std::string("a2|&OK")}));
   }
+}
+
+TEST_F(OrientationEditing, AssignGedTakesWhatTheGeologicalEditorReadOrSavedLast) {
+  GedSheet sheet;
+  const auto assigned = [this] {
+    Load();
+    AssignGed(Editor, Program);
+    return Cell(2, OrientationColumn);
+  };
+  Answer(WriteGed("b.ged", {"a2"}));
+  ASSERT_TRUE(OpenGedFiles(Program, sheet));
+  EXPECT_EQ(assigned(), "10");
+  sheet.Rows[0].Cells[1] = "77";
+  EXPECT_EQ(assigned(), "10");  // typed only
+  Answer(Path("c.ged"));
+  ASSERT_TRUE(SaveGedFile(Program, sheet));
+  EXPECT_EQ(assigned(), "77");
+
+  Open();  // cancelled
+  EXPECT_EQ(NamesOf(Now.GeoRecords) + Now.GeoFile, "");
+  EXPECT_EQ(sheet.Rows[0].Cells[1], "77");
+  EXPECT_EQ(assigned(), "40");
+  EXPECT_EQ(Editor.Line, "No geological file is open: OpenGED reads one.");
+  Answer(Path("c.ged"));
+  Open();
+  EXPECT_EQ(NamesOf(Now.GeoRecords) + Now.GeoFile, "a2 " + Path("c.ged"));
 }
 
 TEST_F(OrientationEditing, SaveWritesByTheExactExtension) {

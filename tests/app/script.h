@@ -45,6 +45,9 @@ struct ScriptedDialogs : Dialogs {
     for (const std::string& button : buttons) Boxes.back() += "|" + button;
     return Taken(Buttons);
   }
+  void Warn(const std::string& title, const std::string& text) override {
+    Ask("Warning: " + title, text, {"OK"}, 0);
+  }
 };
 
 /// Views that keep the caption and count what was told.

@@ -106,6 +106,33 @@ TEST(AmsLayout, OneCodeInAnyOfTheFourSlotsOpensTheUpperSystems) {
   }
 }
 
+TEST(AmsLayout, AStrikeIsTurnedIntoADipDirectionAndBackWhereP4Is90AndTheFoliationHasACode) {
+  const struct {
+    int P4;
+    const char* Code;
+    float OnDisk, Read, Written;
+  } cases[] = {
+      // clang-format off
+      {90, "S ", 0, 90, 0},         {90, "S ", 269.5f, 359.5f, 269.5f}, {90, " S", 270, 0, 270},
+      {90, "S0", 359, 89, 359},     {90, "S ", 360, 90, 0},             {90, "0 ", 45, 135, 45},
+      {90, "  ", 45, 45, 45},       {0, "S ", 300, 300, 300},           {89, "S ", 45, 45, 45},
+      {-90, "S ", 45, 45, 45},
+      // clang-format on
+  };
+  for (const auto& [p4, code, onDisk, read, written] : cases)
+    for (const std::size_t slot : {0u, 1u}) {
+      std::string bytes = golden::OnDisk();
+      golden::PutShort(bytes, 88, p4);
+      golden::PutText(bytes, 100 + 2 * slot, code);
+      golden::PutFloat(bytes, 108 + 4 * slot, onDisk);
+      const SpecimenRecord record = Decoded(bytes);
+      EXPECT_EQ(record.FoliAz.v[slot], read) << p4 << code << onDisk;
+      EXPECT_EQ(record.OP[4], p4);
+      golden::PutFloat(bytes, 108 + 4 * slot, written);
+      EXPECT_EQ(Encoded(record).substr(108 + 4 * slot, 4), bytes.substr(108 + 4 * slot, 4));
+    }
+}
+
 TEST(AmsLayout, OneOutOfPhaseTensorValueMakesTheBlock) {
   std::string zero = golden::OnDisk();
   for (std::size_t at = 356; at < 380; at += 4) golden::PutFloat(zero, at, -0.0f);
@@ -127,6 +154,7 @@ TEST(AmsLayout, EveryFloatSurvivesWhateverItIs) {
   for (const std::uint32_t value : {0x7FC12345u, 0xFFC00001u, 0x7F800000u, 0xFF800000u, 0x80000000u,
                                     0x00000001u, 0x7F7FFFFFu}) {
     std::string bytes = golden::Written();
+    golden::PutShort(bytes, 88, 0);  // strikes do not stay as they are
     for (const std::size_t at : floats) golden::PutInteger(bytes, at, value, 4);
     EXPECT_EQ(Encoded(Decoded(bytes)), bytes) << value;
   }

@@ -269,20 +269,42 @@ TEST(BadInput, HugeLinesAndManyShortOnesEndInSeconds) {
   }
 }
 
-TEST(BadInput, ATokenThatIsMissingOrWrongIsToldInItsLineOrBehind) {
+TEST(BadInput, AWrongTokenIsToldInItsLineOrBehindOrANumberReadByItsBeginning) {
+  // Texts in place of a token, and what each begins with where it is no number as a whole.
+  const std::pair<std::string, const char*> tokens[] = {
+      // clang-format off
+      {"1E400", ""}, {"-1E400", ""}, {"1E39", ""}, {"99999999999", ""}, {"1E99999999999", ""},
+      {"-0", ""},    {"", ""},       {"nan", "0"}, {"inf", "0"},        {"-", "0"},
+      {"E", ""},     {"\t", "0"},    {"4O", "4"},  {"1,5", "1"},        {"--5", "0"},
+      {"12-", "12"}, {"1e2", "100"},
+      // clang-format on
+  };
   for (const Reader& reader : Readers) {
     const std::string example = ExampleOf(reader);
+    const bool isGed = reader.Extension == std::string("ged");
     for (std::size_t from = 0, to; reader.IsText && from < example.size(); from = to + 1) {
       to = std::min(example.find_first_of(" \r\n/", from), example.size());
       if (to == from) continue;
       const auto line =
           1 + std::count(example.begin(), example.begin() + static_cast<int>(from), '\n');
-      for (const char* token : {"", "1E400", "-1E400", "1E39", "99999999999", "-0", "nan", "inf",
-                                "1,5", "-", "E", "1E99999999999", "\t"}) {
-        std::string text = example;
-        const std::string said = Reading(reader, text.replace(from, to - from, token));
+      const bool isNumber = example.find_first_not_of("0123456789.E+-", from) >= to &&
+                            example.substr(from, to - from) != "00";  // no codes
+      const std::size_t next = std::min(example.find_first_not_of(' ', to), example.size());
+      const auto with = [&](std::string token) {  // what is behind keeps its column
+        const std::size_t width = std::max(to, next - 1) - from;
+        if (example[to] != '/') token.resize(std::max(token.size(), width), ' ');
+        return std::string(example).replace(from, width, token);
+      };
+      for (const auto& [token, beginning] : tokens) {
+        const std::string text = with(token), said = Reading(reader, text);
         const int told = std::atoi(said.c_str() + said.rfind(' '));  // where it is no "8 records"
         EXPECT_TRUE(IsRead(said) || told >= line) << said << token;
+        if (!IsRead(said) || !isNumber || *beginning == 0) continue;
+        EXPECT_FALSE(isGed && line > 1) << line << token;  // its angles are numbers as a whole
+        RecordArray records, expected;
+        EXPECT_TRUE(reader.FromBytes(text, "x", records));
+        EXPECT_TRUE(reader.FromBytes(with(beginning), "x", expected));
+        EXPECT_TRUE(Same(records, expected)) << reader.Extension << line << token;
       }
     }
   }

@@ -67,6 +67,12 @@ TEST(GedFile, RefusesInItsWords) {
     EXPECT_EQ(outcome.Title + "|" + outcome.Text, refusal);
     EXPECT_TRUE(!outcome && records.Empty()) << text;
   }
+  for (const std::size_t angle : {12u, 16u, 24u, 28u, 32u, 36u, 44u, 48u, 52u, 56u})
+    for (const char* wrong : {"4O  ", "1,5 ", "--5 ", "12- ", "1e2 "}) {
+      EXPECT_EQ(read(Header + First + with(First, angle, wrong)).Text, cases[3].second.substr(23))
+          << angle << wrong;
+      EXPECT_TRUE(records.Empty());
+    }
   const std::string many = read(std::string(2000000, '\n')).Text;
   EXPECT_TRUE(many.ends_with("Error in line: 100\nand 1999900 more lines\n"));
   const std::string tooLarge = with(First, 12, "9E99");

@@ -74,7 +74,8 @@ void Put(Slots& slots, std::initializer_list<Value> values) {
   for (int i = 0; const Value value : values) slots.v[i++] = value;
 }
 
-/// What `OnDisk` says, the blocks with numbers from `re` and `im` on; without the second if 0.
+/// What `OnDisk` says, the blocks with numbers from `re` and `im` on; without the second if 0. The
+/// foliations, which are strikes there by P4, are dip directions.
 inline SpecimenRecord Record(float re = 200, float im = 300) {
   SpecimenRecord r;
   // clang-format off
@@ -88,7 +89,7 @@ inline SpecimenRecord Record(float re = 200, float im = 300) {
   r.OP = {12, 90, 3, 90};              r.HasCoor = {true, true, true, true};
   r.OrientAz = 215.5f;                 r.OrientInc = -46;
   r.FoliName = {"S0", "S1", "", ""};   r.LineName = {"L1", "L", "", ""};
-  r.FoliAz = {101, 102, 0, 0};         r.FoliDip = {103, 104, 0, 0};
+  r.FoliAz = {191, 192, 0, 0};         r.FoliDip = {103, 104, 0, 0};
   r.LineTrend = {105, 106, 0, 0};      r.LinePlunge = {107, 108, 0, 0};
   r.Site = "Scripps Beach";     r.Lon = -117.25f;   r.Lat = 32.875f;   r.GeoAux = 12;
   r.Rock = "dolerite";          r.Strat = "Miocene";  r.Litho = "dike";  r.Regio = "California";

@@ -135,6 +135,80 @@ class EditDataWindowTest : public QObject {
     QVERIFY(Record(1).HasCoor[2]);
   }
 
+  void everyWayOutOfACellEndsTheTypingFirst() {
+    const auto pressing = [](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+      return [=] { QTest::keyClick(QApplication::focusWidget(), key, modifiers); };
+    };
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"Return", pressing(Qt::Key_Return)},
+        {"Tab", pressing(Qt::Key_Tab)},
+        {"Ctrl+G", pressing(Qt::Key_G, Qt::ControlModifier)},
+        {"Ctrl+S", pressing(Qt::Key_S, Qt::ControlModifier)},
+        {"mouse", [this] { Press("cmdGEDASSign"); }},
+        {"another window", [this] { W().Window.activateWindow(); }},
+    };
+    for (const auto& [name, leave] : ways)
+      Show([&] {
+        Type(1, 3, "200");
+        leave();
+        QTRY_VERIFY2(Cell(1, 3) == "200", name);
+      });
+    Show([&] {
+      Select(1, ParameterColumn(3));
+      Key(Qt::Key_1);
+      PressInList({Qt::Key_Escape});  // the list stays behind its entries
+      ways[3].second();
+      QTRY_VERIFY(!dialog_->isVisible());
+    });
+    QCOMPARE(Record(1).OP[3], 12);
+  }
+
+  void listsTicksAndCodesStayThroughCancelAndThroughSaveAsFarAsTheyCan() {
+    Velorix& program = W().Program;
+    const auto state = [&program] {
+      std::string text;
+      for (const CodeList* list : {&program.Lists.odclFoli, &program.Lists.lstFoli,
+                                   &program.Lists.odclLine, &program.Lists.lstLine}) {
+        for (const CodeEntry& entry : list->Entries)
+          text += entry.Text + (entry.Selected ? "+" : "");
+        text += " ";
+      }
+      return QString::fromStdString(text + program.Session.FoliCode + program.Session.LineCode);
+    };
+    const auto showB = [&program] {  // not the first ones
+      ChooseFoliation(program, 1);
+      ShowFoliation(program, 0, false);
+      ShowFoliation(program, 1, true);
+    };
+    const auto save = [this](int row, const char* code) {
+      Show([=, this] {
+        TypeAndEnter(row, FoliationColumn(1), code);
+        Press("cmdRead");
+      });
+    };
+    QCOMPARE(state(), "AB A+B L L+ AL");
+    showB();
+    QCOMPARE(state(), "AB AB+ L L+ BL");
+    Show([this] { TypeAndEnter(1, FoliationColumn(1), "C"); });  // and CANCEL
+    QCOMPARE(state(), "AB AB+ L L+ BL");
+    save(1, "A");
+    QCOMPARE(state(), "AB AB+ L L+ BL");
+    save(1, "C");
+    QCOMPARE(state(), "CAB CAB+ L L+ BL");
+    QCOMPARE(W().The<QComboBox>("odclFoli").currentText(), "B");
+    save(3, "A");  // the last B
+    QCOMPARE(state(), "CA C+A L L+ CL");
+    ShowFoliation(program, 0, false);
+    Show([] {});
+    QCOMPARE(state(), "CA CA L L+ CL");
+    save(2, "B");
+    ChooseFoliation(program, 1);
+    QCOMPARE(state(), "CBA C+BA L L+ BL");
+    OnModal<QDialog>([](QDialog& dialog) { dialog.reject(); });
+    W().Press("Toolbar1(12)");
+    QCOMPARE(state(), "CBA C+BA L L+ CL");
+  }
+
   void writeFillsFromTheStoreAgainAndCanBeUndone() {
     Show([this] {
       TypeAndEnter(1, 3, "200");
@@ -297,7 +371,7 @@ class EditDataWindowTest : public QObject {
       s.Name = name;
       s.OrientAz = static_cast<float>(100 * (samples.Count() + 1));
       s.FoliName[1] = "Q";
-      s.FoliAz[1] = 250;
+      s.FoliAz[1] = 250;  // a strike
       s.OP = {12, 90, 12, 90};
       samples.Add(s);
     }
@@ -307,19 +381,19 @@ class EditDataWindowTest : public QObject {
       TypeAndEnter(2, 3, "77");
       Press("cmdOpenGED");
       QCOMPARE(Boxes(), std::vector<std::string>{"Open File(s)|site1\nSITE2\nsite3|&OK"});
-      QCOMPARE(Cell(2, 2) + " " + Cell(2, 3) + " " + Cell(2, 5), "SITE2 200 Q");
+      QCOMPARE(Cell(2, 2) + " " + Cell(2, 3) + " " + Cell(2, 5) + Cell(2, 6), "SITE2 200 Q250");
       QVERIFY(!(Table().model()->flags(At(2, 3)) & Qt::ItemIsEditable));
       QCOMPARE(Line(),
                "The geological file has 3 sample(s). AssignGED gives them to the records, Ctrl+Z "
                "shows the records again.");
       Press("cmdGEDASSign");
-      QCOMPARE(Cell(1, 2) + " " + Cell(1, 3) + " " + Cell(1, 5), "site1 100 Q");
+      QCOMPARE(Cell(1, 2) + " " + Cell(1, 3) + " " + Cell(1, 5) + Cell(1, 6), "site1 100 Q340");
       QCOMPARE(Cell(2, 2) + " " + Cell(2, 3), "site2 77");
       QCOMPARE(Back(1, 3), QColor(0xC0, 0xFF, 0xC0));
       QVERIFY(Back(2, 3) != Back(1, 3));
       QCOMPARE(Line(),
-               "2 of 3 record(s) matched. Without a sample: site2. Only the case of letters "
-               "differs: site2.");
+               "2 of 3 record(s) matched. 2 strike(s) entered as dip directions. Without a sample: "
+               "site2. Only the case of letters differs: site2.");
       TypeAndEnter(2, 3, "78");
       QVERIFY(Back(1, 3) != QColor(0xC0, 0xFF, 0xC0));
       QCOMPARE(Line(), "");

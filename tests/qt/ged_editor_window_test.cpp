@@ -23,15 +23,21 @@ class GedEditorWindowTest : public QObject {
   QTableView& Grid() { return The<QTableView>("scgEditAniso"); }
   void Press(const char* name) { QTest::mouseClick(&The<QPushButton>(name), Qt::LeftButton); }
   QString Cell(int row, int column) { return Grid().model()->index(row, column).data().toString(); }
-  /// Types into a cell, counted from 0, as a user does.
-  void Type(int row, int column, const QString& text) {
+  /// Types into a cell, counted from 0, as a user does; the cell is still open then.
+  void Begin(int row, int column, const QString& text) {
     Grid().setCurrentIndex(Grid().model()->index(row, column));
     QTest::keyClicks(&Grid(), text.left(1));  // opens the cell's editor
     auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
     QVERIFY(box);
     QTest::keyClicks(box, text.mid(1));
-    QTest::keyClick(box, Qt::Key_Return);
+  }
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
     QCoreApplication::processEvents();
+  }
+  void Type(int row, int column, const QString& text) {
+    Begin(row, column, text);
+    Key(Qt::Key_Return);
   }
   /// Names of the samples in view.
   QString Names() {
@@ -93,6 +99,51 @@ class GedEditorWindowTest : public QObject {
     QCOMPARE(records[1].Site, "hill");
     QCOMPARE(records[1].OP[2], 90);
     QTRY_VERIFY(!Editor());
+  }
+
+  void everyWayOutOfACellEndsTheTypingFirst() {
+    const std::string path = WriteGed("hill", 3), out = W().Path("out.ged");
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"Return", [this] { Key(Qt::Key_Return); }},
+        {"Tab", [this] { Key(Qt::Key_Tab); }},
+        {"Ctrl+R", [this] { Key(Qt::Key_R, Qt::ControlModifier); }},
+        {"Ctrl+O, cancelled", [this] { Key(Qt::Key_O, Qt::ControlModifier); }},
+        {"menu", [this] { The<QAction>("mnuOpen").trigger(); }},
+        {"another window", [this] { W().Window.activateWindow(); }},
+        {"Ctrl+S, cancelled", [this] { Key(Qt::Key_S, Qt::ControlModifier); }},
+    };
+    for (const auto& [name, leave] : ways) {
+      Open(path);
+      Begin(1, 0, "typed");
+      leave();
+      QTRY_VERIFY2(Cell(1, 0) == "typed", name);
+      Editor()->activateWindow();
+      QTRY_COMPARE(QApplication::activeWindow(), Editor());
+    }
+    for (const bool mouse : {true, false}) {
+      W().The<QAction>("mnuGedEditor").trigger();
+      QTRY_COMPARE(QApplication::activeWindow(), Editor());
+      Open(path);
+      Begin(1, 0, "typed");
+      W().Asked.Files.push_back(FileAnswer{out, 1});
+      mouse ? Press("cmdOK") : Key(Qt::Key_S, Qt::ControlModifier);
+      QTRY_VERIFY(!Editor());
+      QCOMPARE(Saved(out), "hill1 typed hill3 ");
+      QVERIFY(QFile::remove(QString::fromStdString(out)));
+    }
+  }
+
+  void aRefusedCellIsNotSavedAroundNorLost() {
+    Open(WriteGed("hill", 2));
+    const auto questions = W().Asked.FileQuestions.size();
+    for (const bool mouse : {false, true}) {
+      W().Asked.Boxes.clear();
+      Begin(0, 8, "120");
+      mouse ? Press("cmdOK") : Key(Qt::Key_S, Qt::ControlModifier);
+      QTRY_COMPARE(W().Asked.Boxes, std::vector<std::string>{"Edit aniso|Input out of limits!|OK"});
+      QVERIFY(Editor() && Editor()->isVisible());
+      QCOMPARE(W().Asked.FileQuestions.size(), questions);
+    }
   }
 
   void aRefusedCellGoesBackToItsFormerValue() {

@@ -286,6 +286,15 @@ class ReachTest : public QObject {
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
     OnModal<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
     QCOMPARE(dialogs.Ask("Title", "A question?", {"&Yes", "&No", "&Cancel"}, 0), 2);
+    OnModal<QMessageBox>([&](QMessageBox& box) {
+      faults = Faults(box, {});
+      QCOMPARE(box.icon(), QMessageBox::Warning);
+      QCOMPARE(box.windowTitle() + "|" + box.text() + "|" + box.buttons().value(0)->text(),
+               "<<x>>|Line 1\nLine 2|OK");
+      QTest::keyClick(&box, Qt::Key_Return);
+    });
+    dialogs.Warn("<<x>>", "Line 1\nLine 2");
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
   }
 
   void escapeClosesTheWindowsBesideTheMainOne_data() {
