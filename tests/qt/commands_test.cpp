@@ -1,5 +1,7 @@
 // Every item of the menus and every button of the tool bar, as a user reads them.
 
+#include <QFile>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
@@ -74,6 +76,26 @@ class CommandsTest : public QObject {
     const QString does = "Rotate the tensors of all records by 90 degrees about the vertical axis";
     QCOMPARE(rotate.accessibleName(), does);
     QCOMPARE(rotate.statusTip(), does);
+  }
+
+  void theManualHasTheLettersOfListsAndMenus() {
+    const auto page = [](const char* name) {
+      QFile file(QString(VELORIX_SOURCE_DIR "/docs/manual/") + name);
+      return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    };
+    const auto letter = [](const QString& text) { return text[text.indexOf('&') + 1].toUpper(); };
+    TestWindow w;
+    QStringList lists, menus;
+    for (const char* name : {"cboCoor(1)", "cboCoor(2)", "cboCoor(3)", "odclFoli", "odclLine"})
+      for (const QLabel* label : w.Window.findChildren<QLabel*>())
+        if (label->buddy() && label->buddy()->objectName() == name) {
+          lists += letter(label->text());
+          const QString row = "\n| " + label->text().remove('&') + " | " + lists.back() + " |";
+          QVERIFY2(page("windows.md").contains(row), qPrintable(row));
+        }
+    for (const QAction* menu : w.Window.menuBar()->actions()) menus += letter(menu->text());
+    QVERIFY(page("keyboard.md").contains("| Alt+" + lists.join(", ") + " | the lists"));
+    QVERIFY(page("keyboard.md").contains("| Alt+" + menus.join(", ") + " | the menus"));
   }
 };
 
