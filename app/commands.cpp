@@ -123,7 +123,6 @@ constexpr Menu MenuTable[] = {
     {"mnuEditt",      "&Edit"},
     {"mnuStatistics", "&Analysis"},
     {"mnuViewMain",   "&View"},
-    {"mnuSelectionMain", "&Selection"},
     {"mnuSetting",    "Se&ttings"},
     {"mnuHelp",       "A&bout"},
 };
@@ -168,11 +167,11 @@ constexpr Command CommandTable[] = {
     {"tecto(1)", "", "", "", 27, "Paleohorizontal", "paleohorizontal", Radio, false, SetPlane<Horizontal>, IsPlane<Horizontal>, false},
     {"tecto(2)", "", "", "", 28, "Paleovertical", "paleovertical", Radio, false, SetPlane<Vertical>, IsPlane<Vertical>, false},
 
-    {"mnuSelection(1)", "mnuSelectionMain", "Invert Selection", "Ctrl+Ins", 30, "Invert Selection [Ctrl + Ins]", "invert", Action, false, Select<InvertSelection>, nullptr, false},
-    {"mnuSelection(2)", "mnuSelectionMain", "Disregard Selected Record(s)", "Del", 31, "Disregard Selected Record(s) [Del]", "disregard", Action, false, Select<DisregardSelected>, nullptr, false},
-    {"mnuSelection(3)", "mnuSelectionMain", "Restore All Records", "Alt+Backspace", 32, "Restore All Records  [Alt + Bksp]", "restore", Action, false, Select<RestoreAll>, nullptr, false},
-    {"mnuSelection(5)", "mnuSelectionMain", "Clear Selection", "Shift+Ctrl+F12", 33, "Clear Selection [Shift + Ctrl +F12]", "clear", Action, false, Select<ClearSelection>, nullptr, true},
-    {"rotate", "", "", "", 35, "", "rotate", Action, false, Rotate, nullptr, false},
+    {"mnuSelection(1)", "mnuViewMain", "Invert Selection", "Ctrl+Ins", 30, "Invert Selection [Ctrl + Ins]", "invert", Action, false, Select<InvertSelection>, nullptr, true},
+    {"mnuSelection(2)", "mnuViewMain", "Disregard Selected Record(s)", "Del", 31, "Disregard Selected Record(s) [Del]", "disregard", Action, false, Select<DisregardSelected>, nullptr, false},
+    {"mnuSelection(3)", "mnuViewMain", "Restore All Records", "Alt+Backspace", 32, "Restore All Records  [Alt + Bksp]", "restore", Action, false, Select<RestoreAll>, nullptr, false},
+    {"mnuSelection(5)", "mnuViewMain", "Clear Selection", "Shift+Ctrl+F12", 33, "Clear Selection [Shift + Ctrl +F12]", "clear", Action, false, Select<ClearSelection>, nullptr, true},
+    {"rotate", "", "Rotate the tensors of all records by 90 degrees about the vertical axis", "", 35, "", "rotate", Action, false, Rotate, nullptr, false},
 
     {"mnuOPAR", "mnuSetting", "Orientation Parameters", "", 0, "", "", Action, false, [](Velorix& v) { v.Views.ShowOrientationParameters(); }, nullptr, false},
     {"mnuAnisoFac", "mnuSetting", "Anisotropy Quantitative Factors", "", 0, "", "", Action, false, ChooseFactors, nullptr, false},

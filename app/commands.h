@@ -21,7 +21,7 @@ struct Command {
 
   const char* Name;       // of the menu item, "mnuOpen"
   const char* Menu;       // name of its menu; empty: tool bar only
-  const char* Caption;    // of the menu item
+  const char* Caption;    // of the menu item; without one, what a button without a tip does
   const char* Key;        // short-cut, "Ctrl+O", or empty
   int Button;             // index in the tool bar, 0: none; a missing index is a separator
   const char* Tip;        // of the button

@@ -6,22 +6,25 @@
 
 namespace velorix {
 
+/// What the user chose: one path, or for several files the folder, a zero character and the names,
+/// each followed by a zero character (a name may be a full path); and the filter, counted from 1.
+/// An answer to open may name files that do not exist. In one to save, an extension that a filter
+/// of the dialog has is the chosen filter's.
+struct FileAnswer {
+  std::string Filename;
+  int FilterIndex = 1;
+};
+
 /// What a file dialog is asked to show.
 struct FileQuestion {
   std::string Title;
   std::string Filter;         // "text|pattern|" pairs, as the lists of filters give them
   std::string Folder;         // initial folder, empty for the host's own choice
-  std::string DefaultName;    // name proposed when saving
+  std::string DefaultName;    // proposed when saving, without the extension, which the dialog adds
   bool Multi = false;         // several files may be chosen
   int MaxFileSize = 2048;     // characters that the answer's text may have
-  bool AddsExtension = true;  // the chosen filter's, to a name to save that has none
-};
-
-/// What the user chose: one path, or for several files the folder, a zero character and the names,
-/// each followed by a zero character (a name may be a full path); and the filter, counted from 1.
-struct FileAnswer {
-  std::string Filename;
-  int FilterIndex = 1;
+  bool AddsExtension = true;  // the filter's, to a name to save that is typed without one
+  std::optional<FileAnswer> Again = {};  // an answer that the dialog shows again
 };
 
 /// The questions that the program asks. Windows, the console's arguments and scripts in tests

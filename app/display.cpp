@@ -1,11 +1,11 @@
 #include "app/display.h"
 
-#include <algorithm>
 #include <array>
 
 #include "app/contour.h"
 #include "tensor/derivation.h"
 #include "text/numbers.h"
+#include "text/paths.h"
 
 namespace velorix {
 namespace {
@@ -50,9 +50,6 @@ void ComputeGroup(Velorix& velorix) {
                           fault.what() + ")");
   }
 }
-
-/// Position of `path`'s last separator, or npos.
-std::size_t LastSeparator(const std::string& path) { return path.find_last_of("/\\"); }
 
 }  // namespace
 
@@ -185,22 +182,6 @@ void SelectRecords(Velorix& velorix, const std::vector<int>& ids) {
 
 int TectoAxisIndex(const Session& session) {
   return (session.TectoEastWest ? 2 : 0) + (session.TectoNorthSouth ? 1 : 0);
-}
-
-std::string CompactPath(const std::string& path, int room) {
-  const auto length = [](const std::string& text) {  // characters, not bytes of UTF-8
-    return std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; });
-  };
-  if (length(path) <= room) return path;
-  std::size_t cut = LastSeparator(path);
-  if (cut == std::string::npos) return path;
-  const std::string name = path.substr(cut);
-  while (cut != std::string::npos) {
-    std::string shorter = path.substr(0, cut) + path[cut] + "..." + name;
-    if (length(shorter) <= room) return shorter;
-    cut = cut == 0 ? std::string::npos : path.find_last_of("/\\", cut - 1);
-  }
-  return "..." + name;
 }
 
 void DisplayFormCaption(Velorix& velorix) {

@@ -64,8 +64,4 @@ inline constexpr const char* Plot2Names[] = {"P-T", "Pj-T", "F-L", "P-U", "Pj-U"
 /// Position of the session's pair of tectonic flags in `TectoAxisNames`, from 0.
 int TectoAxisIndex(const Session& session);
 
-/// `path` shortened to at most `room` characters: folders in its middle become "...", the file's
-/// name stays as long as it fits.
-std::string CompactPath(const std::string& path, int room);
-
 }  // namespace velorix

@@ -115,6 +115,7 @@ void ExportData(Velorix& velorix) {
   for (;;) {
     const auto answer = velorix.Dialogs.ShowSave(question);
     if (!answer) return;
+    question.Again = answer;
     ExportForm form;
     const int filter = std::clamp<int>(answer->FilterIndex, 1, std::ssize(ExportFilters));
     form.Delimiter = ExportFilters[filter - 1].Delimiter;

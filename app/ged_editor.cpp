@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "app/display.h"
 #include "app/geo_files.h"
 #include "datafiles/ged_file.h"
 #include "datafiles/text_file.h"
@@ -120,6 +119,7 @@ FileList AskForFiles(Velorix& velorix) {
     if (missing == list.Names.end()) return list;
     velorix.Dialogs.Ask(question.Title, *missing + "\nThis file does not exist.\nCreate new file?",
                         {"&Retry"});
+    question.Again = answer;
   }
 }
 
@@ -187,6 +187,7 @@ bool SaveGedFile(Velorix& velorix, const GedSheet& sheet) {
   for (;;) {
     const auto answer = velorix.Dialogs.ShowSave(question);
     if (!answer) return false;
+    question.Again = answer;
     if (Exists(answer->Filename) &&
         velorix.Dialogs.Ask(UpperCase(SaveTitle), "Overwrite existing file?", {"&Yes", "&No"}, 1) !=
             0)

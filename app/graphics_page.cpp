@@ -102,8 +102,7 @@ std::string GraphicsMetafile(const Velorix& velorix) {
 void SaveGraphics(Velorix& velorix) {
   FileQuestion question = SaveQuestion(velorix.Session, SaveTitle);
   for (const char* filter : Filters) question.Filter += filter;
-  // A picture's type is what the user wrote behind the name, and without it none is written: this
-  // is wanted.
+  // Only the proposed name gets an extension. One typed without it names no encoder and is refused.
   question.AddsExtension = false;
   const auto answer = AskWhereToSave(velorix, question);
   if (!answer) return;

@@ -196,6 +196,7 @@ bool OpenDataFiles(Velorix& velorix, const std::string& action, bool multi) {
     const FileList list = SplitFileList(answer->Filename);
     switch (JudgeName(velorix, action, list)) {
       case Answer::Again:
+        question.Again = answer;
         continue;
       case Answer::NameOnly:
         NameFiles(velorix, list, answer->FilterIndex);

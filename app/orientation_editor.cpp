@@ -122,6 +122,7 @@ void OpenGed(OrientationEditor& editor, Velorix& velorix, const std::string& act
     const FileList list = SplitFileList(answer->Filename);
     switch (JudgeName(velorix, action, list)) {
       case Answer::Again:
+        question.Again = answer;
         continue;
       case Answer::NoFile:  // wanted: the new file starts from an empty store
         ClearStore(session);

@@ -73,13 +73,14 @@ FileQuestion SaveQuestion(const Session& session, const char* title) {
   return question;
 }
 
-std::optional<FileAnswer> AskWhereToSave(Velorix& velorix, const FileQuestion& question) {
+std::optional<FileAnswer> AskWhereToSave(Velorix& velorix, FileQuestion question) {
   for (;;) {
     auto answer = velorix.Dialogs.ShowSave(question);
     if (!answer || !HasFile(answer->Filename) ||
         velorix.Dialogs.Ask(question.Title, "This file already exists.\nOverwrite existing file?",
                             {"&Yes", "&No"}, 1) == 0)
       return answer;
+    question.Again = answer;
   }
 }
 

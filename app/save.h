@@ -8,7 +8,7 @@ namespace velorix {
 FileQuestion SaveQuestion(const Session& session, const char* title);
 /// Asks until the name is one that no file has, or the user lets the old file be written over. No
 /// answer when the user cancelled.
-std::optional<FileAnswer> AskWhereToSave(Velorix& velorix, const FileQuestion& question);
+std::optional<FileAnswer> AskWhereToSave(Velorix& velorix, FileQuestion question);
 /// Tells in the status line that a file has been written.
 void TellWritten(Velorix& velorix, const std::string& path);
 /// Whether something has this name. What can't be looked at counts as nothing: writing it tells.

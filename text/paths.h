@@ -24,4 +24,8 @@ std::string ExtensionOf(std::string_view path);
 /// The path up to the last separator, without it; "/" stays whole. Empty when there is no folder.
 std::string FolderOf(std::string_view path);
 
+/// `path` in at most `room` characters. A longer one has "..." in place of folders in its middle;
+/// the name stays as long as it fits, else "..." ends what fits of it. Either separator counts.
+std::string CompactPath(const std::string& path, int room);
+
 }  // namespace velorix

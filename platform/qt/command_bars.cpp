@@ -33,20 +33,8 @@ struct ChoiceGroups {
   }
 };
 
-constexpr char Later[] = "This comes with a later version.";
-
-/// A button without an item goes by its tip; one without either by its name.
-QString TextOf(const Command& command) {
-  if (*command.Caption) return command.Caption;
-  if (*command.Tip) return command.Tip;
-  const QString name = command.Name;
-  return name.left(1).toUpper() + name.mid(1);
-}
-
-QString TipOf(const Command& command) {
-  const QString tip = *command.Tip ? command.Tip : TextOf(command);
-  return command.Run ? tip : tip + "\n" + Later;
-}
+/// A button without an item goes by its tip.
+QString TextOf(const Command& command) { return *command.Caption ? command.Caption : command.Tip; }
 
 }  // namespace
 
@@ -88,7 +76,6 @@ void CommandBars::Build(QMainWindow& window, Velorix& velorix) {
       action->setObjectName(command.Name);
       action->setShortcut(QKeySequence(command.Key));
       if (IsFunctionKey(command.Key)) action->setShortcutContext(Qt::ApplicationShortcut);
-      if (!command.Run) action->setToolTip(Later);
       menu->addAction(action);
       items.Add(action, command, command.SeparatorBefore);
     }
@@ -98,10 +85,15 @@ void CommandBars::Build(QMainWindow& window, Velorix& velorix) {
       last = command.Button;
       QAction* action = MakeAction(window, command, RunButton);
       action->setObjectName(QString("Toolbar1(%1)").arg(command.Button));
-      action->setToolTip(TipOf(command));
+      action->setToolTip(command.Tip);
+      if (!*command.Tip) action->setStatusTip(action->text());
       bar->addAction(action);
       QWidget* button = bar->widgetForAction(action);
       button->setObjectName(action->objectName());
+      if (!*command.Tip) {
+        button->setToolTip({});  // else the action's text
+        button->setAccessibleName(action->text());
+      }
       button->setFocusPolicy(Qt::TabFocus);
       buttons.Add(action, command, gap);
     }

@@ -4,13 +4,14 @@
 
 namespace velorix {
 
-/// A table whose first columns stay in view when it is scrolled sideways.
+/// A table whose first columns stay in view when it is scrolled sideways: as many of them as take
+/// less than half of its width.
 class FrozenTable : public QTableView {
  public:
   explicit FrozenTable(QWidget* parent);
 
   /// Holds the first `columns` with a header of the kind that the table has. The table has its
-  /// model then, and shows it for good.
+  /// model and its look then, and keeps them. Clicks on the held header are clicks on the table's.
   void Freeze(int columns, QHeaderView* header);
 
   void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
@@ -19,6 +20,7 @@ class FrozenTable : public QTableView {
   void updateGeometries() override;
 
  private:
+  int HeldColumns() const;
   int HeldWidth() const;
   void PlaceHeld();
 

@@ -11,7 +11,7 @@
 namespace velorix {
 
 RecordTable::RecordTable(Velorix& velorix, const RecordColumns& columns, QWidget* parent)
-    : QTableView(parent), velorix_(velorix), model_(velorix, columns) {
+    : FrozenTable(parent), velorix_(velorix), model_(velorix, columns) {
   setObjectName("scgAnisoView");
   setSelectionBehavior(QAbstractItemView::SelectRows);
   setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -20,7 +20,7 @@ RecordTable::RecordTable(Velorix& velorix, const RecordColumns& columns, QWidget
   setTabKeyNavigation(false);
   setWordWrap(false);
   setCornerButtonEnabled(false);
-  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setMinimumSectionSize(1);
@@ -38,6 +38,8 @@ RecordTable::RecordTable(Velorix& velorix, const RecordColumns& columns, QWidget
   setModel(&model_);
   const int digit = fontMetrics().horizontalAdvance('0');
   for (int c = 0; c < columns.Count; ++c) setColumnWidth(c, columns.Characters(c) * digit + 12);
+  heldHeader_ = new QHeaderView(Qt::Horizontal, this);
+  Freeze(columns.NameColumn + 1, heldHeader_);
   connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this] { TellSelection(); });
   connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this] { clearSelection(); });
@@ -50,8 +52,8 @@ void RecordTable::Fill() {
   const int column = std::max(currentIndex().column(), 0);
   filling_ = true;
   setUpdatesEnabled(false);
-  horizontalHeader()->setSortIndicatorShown(false);
   sortedBy_ = -1;
+  ShowOrder();
   model_.Fill();
   SelectFromStore();
   if (const int rows = model_.rowCount(); current >= 0 && rows > 0) {
@@ -76,10 +78,17 @@ void RecordTable::SortBy(int column) {
   downward_ = sortedBy_ == column && !downward_;
   sortedBy_ = column;
   model_.SortRows(column, downward_);
-  horizontalHeader()->setSortIndicator(column,
-                                       downward_ ? Qt::DescendingOrder : Qt::AscendingOrder);
-  horizontalHeader()->setSortIndicatorShown(true);
+  ShowOrder();
   ShowSelection();
+}
+
+/// An arrow in the header of the column that the rows are sorted by.
+void RecordTable::ShowOrder() {
+  for (QHeaderView* header : {horizontalHeader(), heldHeader_}) {
+    header->setSortIndicatorShown(sortedBy_ >= 0);
+    if (sortedBy_ >= 0)
+      header->setSortIndicator(sortedBy_, downward_ ? Qt::DescendingOrder : Qt::AscendingOrder);
+  }
 }
 
 /// Selects a range for each run of neighbours, if the ranges aren't selected as they are: a
@@ -115,7 +124,7 @@ std::vector<int> RecordTable::SelectedIds() const {
 }
 
 void RecordTable::paintEvent(QPaintEvent* event) {
-  QTableView::paintEvent(event);
+  FrozenTable::paintEvent(event);
   if (model_.rowCount() > 0) return;
   QPainter painter(viewport());
   painter.setPen(palette().color(QPalette::PlaceholderText));

@@ -1,14 +1,15 @@
 #pragma once
 
-#include <QTableView>
 #include <vector>
 
+#include "platform/qt/frozen_table.h"
 #include "platform/qt/record_model.h"
 
 namespace velorix {
 
-/// A table of the records in view whose selected rows are the selected records.
-class RecordTable : public QTableView {
+/// A table of the records in view whose selected rows are the selected records. Number and name
+/// stay in view when it is scrolled sideways.
+class RecordTable : public FrozenTable {
  public:
   RecordTable(Velorix& velorix, const RecordColumns& columns, QWidget* parent);
 
@@ -32,10 +33,12 @@ class RecordTable : public QTableView {
  private:
   void SelectFromStore();
   void TellSelection();
+  void ShowOrder();
 
   Velorix& velorix_;
   RecordModel model_;
-  int sortedBy_ = -1;  // column, or none
+  QHeaderView* heldHeader_;  // of the columns that stay in view
+  int sortedBy_ = -1;        // column, or none
   bool downward_ = false;
   bool filling_ = false;  // the store selects rows, not the user
 };

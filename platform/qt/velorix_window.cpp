@@ -116,6 +116,7 @@ void frmVelorix::AddPanelButtons() {
   columnButton_ =
       MakePanelButton("cmdColumnPlots", "Histogram, XY plots",
                       "Show or hide the histogram and the XY plots", column_, true, bar);
+  connect(columnButton_, &QPushButton::clicked, this, [this](bool on) { columnChosen_ = on; });
   bar->addWidget(columnButton_);
   bar->addWidget(MakePanelButton("cmdPairPlots", "Plots 1, 2",
                                  "Show or hide the two plots of parameter pairs", pairs_, false,
@@ -124,13 +125,13 @@ void frmVelorix::AddPanelButtons() {
 
 /// The record grid, the stereonet, below them the plots of pairs, at the right the other plots.
 QWidget* frmVelorix::MakeViews() {
-  QSplitter* whole = MakeSplitter(Qt::Horizontal, this);
-  QSplitter* left = MakeSplitter(Qt::Vertical, whole);
+  whole_ = MakeSplitter(Qt::Horizontal, this);
+  QSplitter* left = MakeSplitter(Qt::Vertical, whole_);
   main_ = MakeSplitter(Qt::Horizontal, left);
   grid_ = new GridPanel(*velorix_, main_);
   stereo_ = new StereoPanel(*velorix_, main_);
   pairs_ = MakeSplitter(Qt::Horizontal, left);
-  column_ = MakeSplitter(Qt::Vertical, whole);
+  column_ = MakeSplitter(Qt::Vertical, whole_);
   plots_ = std::make_unique<ColumnPlots>(*velorix_, column_, pairs_);
 
   main_->setStretchFactor(0, 0);
@@ -139,22 +140,41 @@ QWidget* frmVelorix::MakeViews() {
   left->setStretchFactor(0, 1);
   left->setStretchFactor(1, 0);
   left->setSizes({500, 200});
-  whole->setStretchFactor(0, 2);
-  whole->setStretchFactor(1, 1);
-  whole->setSizes({890, 390});
-  grid_->OnWiden = [this] { FollowGridWidth(); };
-  return whole;
+  whole_->setStretchFactor(0, 2);
+  whole_->setStretchFactor(1, 1);
+  whole_->setSizes({890, 390});
+  grid_->OnWiden = [this] {
+    if (grid_->IsWide() && column_->isVisible()) besideNarrow_ = whole_->sizes();
+    FollowGridWidth();
+  };
+  return whole_;
 }
 
-/// The wide grid has no room beside the histogram and the XY plots: they go until it is narrow.
+/// Pixels that the grid and the net beside it need.
+int frmVelorix::LeftWidth() const {
+  return grid_->WantedWidth() + main_->handleWidth() + stereo_->minimumSizeHint().width();
+}
+
+/// The grid takes its width from the net and then from the column at the right. Where there is no
+/// room, the column goes, and then the net's options. A narrow grid gives all of it back.
 void frmVelorix::FollowGridWidth() {
-  if (grid_->IsWide()) columnBesideNarrow_ = columnButton_->isChecked();
-  columnButton_->setChecked(!grid_->IsWide() && columnBesideNarrow_);
-  // When the splitter has given away the room.
-  QTimer::singleShot(0, this, [this] {
-    const int width = grid_->WantedWidth();
-    main_->setSizes({width, main_->width() - main_->handleWidth() - width});
-  });
+  if (optionsGone_) stereo_->SetOpen(true);
+  const int column = whole_->handleWidth() + column_->minimumSizeHint().width();
+  const bool wide = grid_->IsWide();
+  columnButton_->setChecked(columnChosen_ && (!wide || LeftWidth() + column <= whole_->width()));
+  optionsGone_ = wide && stereo_->IsOpen() && LeftWidth() > whole_->width();
+  if (optionsGone_) stereo_->SetOpen(false);
+  QTimer::singleShot(0, this, [this] { PlaceGrid(); });  // when the splitters know who is there
+}
+
+void frmVelorix::PlaceGrid() {
+  const bool wide = grid_->IsWide(), hasColumn = column_->isVisible();
+  if (wide && hasColumn && main_->width() < LeftWidth())
+    whole_->setSizes({LeftWidth(), whole_->width() - whole_->handleWidth() - LeftWidth()});
+  if (!wide && hasColumn && !besideNarrow_.isEmpty()) whole_->setSizes(besideNarrow_);
+  if (!wide) besideNarrow_.clear();
+  const int grid = grid_->WantedWidth();
+  main_->setSizes({grid, main_->width() - main_->handleWidth() - grid});
 }
 
 void frmVelorix::MakeStatusBar() {
@@ -340,6 +360,7 @@ void frmVelorix::dropEvent(QDropEvent* event) {
 void frmVelorix::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   if (lists_) DisplayFormCaption(*velorix_);
+  if (grid_ && grid_->IsWide()) FollowGridWidth();
 }
 
 }  // namespace velorix

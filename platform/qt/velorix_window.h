@@ -69,7 +69,9 @@ class frmVelorix : public QMainWindow, public Views {
   void AddPanelButtons();
   QWidget* MakeViews();
   void MakeStatusBar();
+  int LeftWidth() const;
   void FollowGridWidth();
+  void PlaceGrid();
   void CountRecords();
   template <class Window>
   void ShowWindow(bool OpenWindows::*isOpen, Window*& window);
@@ -86,9 +88,11 @@ class frmVelorix : public QMainWindow, public Views {
   QPointer<frmGEDEditor> gedEditor_;
   QPointer<frmManual> manual_;
   std::unique_ptr<ColumnPlots> plots_;
-  QSplitter *main_ = nullptr, *column_ = nullptr, *pairs_ = nullptr;
+  QSplitter *whole_ = nullptr, *main_ = nullptr, *column_ = nullptr, *pairs_ = nullptr;
   QPushButton* columnButton_ = nullptr;
-  bool columnBesideNarrow_ = true;
+  bool columnChosen_ = true;  // by the user; a wide grid may leave no room for it
+  bool optionsGone_ = false;  // of the net, for a wide grid
+  QList<int> besideNarrow_;   // widths at both sides of `whole_` before the grid was widened
   QLabel *counts_ = nullptr, *startTime_ = nullptr;
 };
 

@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <limits>
-#include <set>
 
 #include "app/record_grid.h"
 #include "tests/app/script.h"
@@ -222,30 +221,6 @@ TEST_F(Display, StatisticsThatFailAreToldBesideTheViewsAndTheNextCommandWorks) {
   EXPECT_TRUE(Seen.Caption.ends_with("(N = 5)")) << Seen.Caption;
   OpenFile(WriteFile("a", 3));
   EXPECT_EQ(Program.GroupStats.Reached, GroupStats::All);
-}
-
-TEST(CompactPath, ShortensTheFoldersAndKeepsTheName) {
-  const std::tuple<const char*, int, const char*> cases[] = {
-      {"/a/b.ams", 8, "/a/b.ams"},
-      {"/home/me/data/site/x.ams", 20, "/home/me/.../x.ams"},
-      {"/home/me/data/site/x.ams", 10, "/.../x.ams"},
-      {"/home/me/data/site/x.ams", 3, ".../x.ams"},
-      {"C:\\data\\žluť\\x.ams", 18, "C:\\data\\žluť\\x.ams"},
-      {"x.ams", 3, "x.ams"}};
-  for (const auto& [path, room, wanted] : cases)
-    EXPECT_EQ(CompactPath(path, room), wanted) << path << room;
-}
-
-TEST(Commands, EveryKeyAndButtonIsUsedOnceAndEveryMenuExists) {
-  std::set<std::string> menus, keys, names;
-  std::set<int> buttons;
-  for (const velorix::Menu& menu : Menus()) menus.insert(menu.Name);
-  for (const Command& c : Commands()) {
-    EXPECT_TRUE(names.insert(c.Name).second) << c.Name;
-    EXPECT_TRUE(*c.Menu == 0 || menus.contains(c.Menu)) << c.Name;
-    EXPECT_TRUE(*c.Key == 0 || keys.insert(c.Key).second) << c.Name;
-    EXPECT_TRUE(c.Button == 0 || buttons.insert(c.Button).second) << c.Name;
-  }
 }
 
 }  // namespace

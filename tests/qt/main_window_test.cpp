@@ -62,28 +62,6 @@ class MainWindowTest : public QObject {
     QCOMPARE(W().The<QLabel>("picStat(2)").text(), " 2.3");
   }
 
-  void everyCommandHasItsItemAndButton() {
-    for (const Command& command : Commands()) {
-      const bool usable = command.Run && !command.Hidden;
-      if (*command.Menu) {
-        const QAction& item = W().The<QAction>(command.Name);
-        QCOMPARE(item.text(), command.Caption);
-        QCOMPARE(item.shortcut(), QKeySequence(command.Key));
-        QCOMPARE(item.shortcut().isEmpty(), !*command.Key);
-        QCOMPARE(item.isEnabled(), usable);
-        QCOMPARE(item.isVisible(), !command.Hidden);
-      }
-      if (command.Button) {
-        const auto& button = W().The<QToolButton>(QString("Toolbar1(%1)").arg(command.Button));
-        QCOMPARE(button.isEnabled(), usable);
-        QVERIFY(!button.icon().isNull());
-        QCOMPARE(button.toolTip().left(QString(command.Tip).size()), command.Tip);
-        QCOMPARE(button.toolTip().contains("later version"), !command.Run);
-        QVERIFY2(button.isVisible(), command.Name);
-      }
-    }
-  }
-
   void openShowsTheFileEverywhere() {
     W().Open(W().WriteFile("site", 5));
     QCOMPARE(W().Specimens(), "site1 site2 site3 site4 site5");
@@ -220,21 +198,6 @@ class MainWindowTest : public QObject {
     const QRect last = W().Grid().visualRect(W().Grid().model()->index(149, 0));
     QVERIFY(W().Grid().viewport()->rect().intersects(last));
     QVERIFY(W().Grid().rowAt(0) > 100);
-  }
-
-  void theGridWidensAndShrinks() {
-    W().Window.resize(1700, 900);
-    auto& frame = W().The<QFrame>("fraAnisoView");
-    auto& button = W().The<QToolButton>("cmdExpand");
-    QCOMPARE(frame.width(), 177);  // 2655 twips
-    QCOMPARE(button.toolTip(), "Expand ->");
-    W().Press("cmdExpand");
-    QCOMPARE(frame.width(), 993);  // 14895 twips
-    QCOMPARE(button.toolTip(), "<- Shrink");
-    QVERIFY(!W().The<QWidget>("picHisto").isVisible());  // it would have no room
-    W().Press("cmdExpand");
-    QCOMPARE(frame.width(), 177);
-    QVERIFY(W().The<QWidget>("picHisto").isVisible());
   }
 
   void framesOpenAndShutAndTheirButtonsTellTheState() {

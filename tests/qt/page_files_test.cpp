@@ -1,9 +1,6 @@
 // The graphics page as files, on the clipboard and on paper.
 
 #include <QClipboard>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QPrinter>
 #include <QSvgRenderer>
@@ -12,10 +9,9 @@
 #include "platform/qt/gif_file.h"
 #include "platform/qt/page_output.h"
 #include "platform/qt/picture_bytes.h"
-#include "platform/qt/qt_dialogs.h"
 #include "plot/recorder.h"
-#include "tests/qt/on_modal.h"
 #include "tests/qt/painted.h"
+#include "tests/qt/test_window.h"
 
 using namespace velorix;
 
@@ -97,47 +93,6 @@ class PageFilesTest : public QObject {
     QTest::qWait(1100);
     QCOMPARE(PictureBytes("pdf", {100, 100}, 1, draw), first);
     QVERIFY(!first.contains("CreationDate"));
-  }
-
-  void SaveDialogLeavesANameWithoutExtensionAsItIs() {
-    QTemporaryDir folder;
-    QtDialogs dialogs;
-    RecordedViews views;
-    Velorix program{dialogs, views, Host()};
-    GivePictures(program.Host, nullptr);
-    QString told;
-    const auto save = [&](const QString& name, int filter) {
-      OnModal<QFileDialog>([&folder, name, filter](QFileDialog& dialog) {
-        dialog.setDirectory(folder.path());
-        auto* type = dialog.findChild<QComboBox*>("fileTypeCombo");
-        type->setCurrentIndex(filter - 1);
-        Q_EMIT type->activated(filter - 1);
-        auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
-        edit->clear();
-        QTest::keyClicks(edit, name);
-        QMetaObject::invokeMethod(&dialog, "accept");
-      });
-      SaveGraphics(program);
-    };
-    OnModal<QMessageBox>([&](QMessageBox& box) {
-      told = box.windowTitle() + "|" + box.text();
-      box.accept();
-    });
-    save("name", 6);
-    QCOMPARE(told, "Export graphics|" + folder.filePath("name") + "\nFile was not saved!");
-    QVERIFY(QDir(folder.path()).isEmpty());
-    const struct {
-      const char* name;
-      int filter;
-      const char* start;
-    } cases[] = {{"name", 1, "\xD7\xCD\xC6\x9A"},
-                 {"name.jpg", 6, "\xFF\xD8"},
-                 {"typed.pdf", 1, "%PDF"},                // the type follows
-                 {"typed.name", 1, "\xD7\xCD\xC6\x9A"}};  // no extension of a type
-    for (const auto& c : cases) {
-      save(c.name, c.filter);
-      QVERIFY2(ContentOf(folder.filePath(c.name)).startsWith(c.start), c.name);
-    }
   }
 
   void CheckBoxesChooseThePlots() {

@@ -75,8 +75,8 @@ QStringList NameFaults(const QWidget& window) {
   QStringList faults;
   for (const QWidget* control : Controls(window)) {
     if (!HasName(*control)) faults += "no name: " + Called(*control);
-    if (control->toolTip().isEmpty() && IsOneOf<QAbstractButton>(*control) &&
-        !IsOneOf<QMessageBox>(window))
+    if ((control->toolTip() + control->statusTip()).isEmpty() &&
+        IsOneOf<QAbstractButton>(*control) && !IsOneOf<QMessageBox>(window))
       faults += "no tip: " + Called(*control);
   }
   return faults;

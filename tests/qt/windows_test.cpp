@@ -1,15 +1,11 @@
 #include <QCheckBox>
-#include <QFileDialog>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 
 #include "platform/qt/about_window.h"
 #include "platform/qt/picture_widget.h"
-#include "platform/qt/qt_dialogs.h"
 #include "platform/qt/start_up.h"
 #include "tests/qt/on_modal.h"
 
@@ -66,7 +62,8 @@ class WindowsTest : public QObject {
     w.Press("cmdPairPlots");
     for (const QWidget* control : Controls(w.Window))
       if (!qobject_cast<const QLabel*>(control))
-        QVERIFY2(!control->toolTip().isEmpty(), qPrintable(control->objectName()));
+        QVERIFY2(!(control->toolTip() + control->statusTip()).isEmpty(),
+                 qPrintable(control->objectName()));
   }
 
   void theSplashShowsVersionAndReleaseLine() {
@@ -129,83 +126,6 @@ class WindowsTest : public QObject {
     ShowDialog(w, "mnuAbout", [](QDialog& about) {
       QCOMPARE(In<QLabel>(about, "lblVersion").text(), QString("Version ") + Version);
     });
-  }
-
-  void filtersMatchExtensionsInAnyCase() {
-    const auto filters = SplitFilters("AMS-file(s) (*.ams)|*.ams|AMSSpin-file(s) (*.txt)|*.txt");
-    QCOMPARE(filters.size(), 2);
-    QCOMPARE(filters[0].ForDialog(), "AMS-file(s) (*.ams) (*.ams *.AMS)");
-    QCOMPARE(filters[1].Suffix(), "txt");
-  }
-
-  void severalFilesAreJoinedByZeros() {
-    using namespace std::string_literals;
-    QCOMPARE(JoinFileList({"/d/a.ams"}), "/d/a.ams"s);
-    QCOMPARE(JoinFileList({"/d/a.ams", "/e/b.ams"}), "/d\0a.ams\0/e/b.ams\0"s);
-    QCOMPARE(JoinFileList({}), ""s);
-  }
-
-  void theOpenDialogGivesFilesAndFilter() {
-    using namespace std::string_literals;
-    TestWindow w;
-    w.WriteFile("a", 1);
-    w.WriteFile("b", 1);
-    const std::string folder = w.Folder.path().toStdString();
-    QtDialogs dialogs;
-    const FileQuestion question = {
-        "Open File(s)", "One (*.ams)|*.ams|Two (*.ran)|*.ran|", folder, "", true, 32767};
-    const auto choose = [](QFileDialog& dialog) {
-      dialog.selectNameFilter(dialog.nameFilters()[1]);
-      dialog.findChild<QLineEdit*>("fileNameEdit")->setText("\"a.ams\" \"b.ams\"");
-      QMetaObject::invokeMethod(&dialog, "accept");
-    };
-    OnModal<QFileDialog>(choose);
-    const auto answer = dialogs.ShowOpen(question);
-    QVERIFY(answer);
-    QCOMPARE(answer->Filename, folder + "\0a.ams\0b.ams\0"s);
-    QCOMPARE(answer->FilterIndex, 2);
-
-    OnModal<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
-    QVERIFY(!dialogs.ShowOpen(question));
-  }
-
-  void anAnswerThatIsTooLongIsToldAndAskedAgain() {
-    TestWindow w;
-    w.WriteFile("a", 1);
-    QtDialogs dialogs;
-    QString told;
-    OnModal<QFileDialog>([&](QFileDialog& dialog) {
-      dialog.findChild<QLineEdit*>("fileNameEdit")->setText("a.ams");
-      OnModal<QMessageBox>([&](QMessageBox& box) {
-        told = box.text();
-        OnModal<QFileDialog>([](QFileDialog& again) { again.reject(); });
-        box.reject();
-      });
-      QMetaObject::invokeMethod(&dialog, "accept");
-    });
-    QVERIFY(!dialogs.ShowOpen(
-        {"Open", "A (*.ams)|*.ams|", w.Folder.path().toStdString(), "", true, 5}));
-    QVERIFY2(told.contains("5 are allowed"), qPrintable(told));
-  }
-
-  void theSaveDialogAddsItsExtensionAndStartsAtHomeWhereNothingCanBeSaved() {
-    TestWindow w;
-    w.WriteFile("a", 1);  // the dialog itself does not ask
-    QString start, answer;
-    const auto save = [&](const QString& folder, const char* way) {
-      OnModal<QFileDialog>([&](QFileDialog& dialog) {
-        start = dialog.directory().path() + " " + In<QLineEdit>(dialog, "fileNameEdit").text();
-        QMetaObject::invokeMethod(&dialog, way);
-      });
-      const auto file =
-          QtDialogs().ShowSave({"Save", "A (*.ams)|*.ams|", folder.toStdString(), "a"});
-      answer = file ? QString::fromStdString(file->Filename) : "none";
-    };
-    const QString folder = w.Folder.path();
-    save(folder, "accept");
-    QCOMPARE(start + " " + answer, folder + " a " + folder + "/a.ams");
-    save(folder + "/gone", "reject");  // root can write where others can't
-    QCOMPARE(start + " " + answer, QDir::homePath() + " a none");
   }
 };
 

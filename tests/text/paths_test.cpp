@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace velorix {
 namespace {
 
@@ -29,6 +31,26 @@ TEST(Paths, JoinPathPutsExactlyOneSeparatorBetween) {
   EXPECT_EQ(JoinPath(folder, "name"), folder + "name");
   EXPECT_EQ(JoinPath("", "name"), "name");
   EXPECT_EQ(JoinPath("/", "name"), "/name");
+}
+
+TEST(CompactPath, ShortensTheFoldersThenTheName) {
+  const std::tuple<const char*, int, const char*> cases[] = {
+      {"/a/b.ams", 8, "/a/b.ams"},
+      {"/home/me/data/site/x.ams", 20, "/home/me/.../x.ams"},
+      {"/home/me/data/site/x.ams", 10, "/.../x.ams"},
+      {"/home/me/data/site/x.ams", 9, ".../x.ams"},
+      {"/home/me/data/site/x.ams", 8, "x.ams"},
+      {"/home/me/data/site/x.ams", 4, "x..."},
+      {"/data/žluťoučká měření.ams", 8, "žluťo..."},
+      {"C:\\data\\žluť\\x.ams", 18, "C:\\data\\žluť\\x.ams"},
+      {"C:\\data\\žluť\\x.ams", 17, "C:\\data\\...\\x.ams"},
+      {"x.ams", 4, "x..."},
+      {"x.ams", 3, "..."},
+      {"x.ams", 1, "."},
+      {"x.ams", 0, ""},
+      {"x.ams", -5, ""}};
+  for (const auto& [path, room, wanted] : cases)
+    EXPECT_EQ(CompactPath(path, room), wanted) << path << room;
 }
 
 TEST(Paths, TextBeyondAsciiSurvivesTheWayThroughThePlatformsPath) {
