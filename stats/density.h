@@ -28,8 +28,10 @@ struct DensityCount {
   float Seconds = 0;  // that the count took
 };
 
-/// Gets the share of the work done, 0 to 1, after each row of nodes, on the thread of the caller;
-/// answers whether to go on.
+/// Gets the share of the work done, 0 to 1 and never less than before, on the thread of the caller;
+/// answers whether to go on. It is called after each row of nodes that this thread computes itself:
+/// all of them when it is the only one, else as many as the others leave it, maybe none. Where
+/// there are others, a last call with 1 follows when all rows are done.
 using CountProgress = std::function<bool(double share)>;
 
 /// The density of the data at every node within the circle, in multiples of a uniform density: at
@@ -39,9 +41,10 @@ using CountProgress = std::function<bool(double share)>;
 ///
 /// c, smooth c c and the sum of a node are 32-bit, the exponential 64-bit, and each node adds its
 /// data in their order, so that the digits don't depend on `threads` (0: as many as the machine
-/// has). True when it finished; false without data, or when `progress` answered no:
-/// then grid and `count` are as they were. "Overflow" where a sum leaves the 32-bit range (see
-/// `DensityFits`).
+/// has; a small count takes fewer). True when it finished; false without data, without a node in
+/// the circle, or when `progress` answered no. "Overflow" where a sum leaves the 32-bit range (see
+/// `DensityFits`), "Division by zero" where all are 0, by a `smooth` far below 0. Unless it
+/// finished, grid and `count` are as they were.
 bool CountDensity(ContourGrid& grid, const ContourData& data, std::int16_t smooth,
                   DensityCount& count, const CountProgress& progress = {}, int threads = 0);
 

@@ -126,6 +126,24 @@ TEST(RotateRecord, ARecordWithoutSpecimenSystemIsDerivedAllTheSame) {
   EXPECT_NE(r.Inc[1], 0);
 }
 
+TEST(RotateRecord, TheRecordsOrientationParametersTurnItsTensor) {
+  const struct {
+    Array1<std::int16_t, 4> OP;
+    double Dec, Inc;  // of Kmax, which lies along the specimen's X
+  } cases[] = {
+      {{6, 0, 6, 0}, 70, 20},
+      {{12, 0, 9, 0}, 340, 20},   // azimuth less 90; the arrow at 12 turns X round to 160/-20
+      {{6, 90, 9, 90}, 340, 70},  // the plunge of the axis, and a last parameter without effect
+  };
+  SpecimenRecord r = Oriented();
+  r.Tensor = TensorOf({1.2, 1.0, 0.9});
+  for (const auto& c : cases) {
+    r.OP = c.OP;
+    r = Rotated(r, ViewIn(Geographic));
+    ExpectAxis(r.Dec[1], r.Inc[1], c.Dec, c.Inc);
+  }
+}
+
 TEST(RotateRecord, TensorsFromMarloStandInGeographicCoordinatesAlready) {
   for (const char* program : {"Marlo", "marlo"}) {
     SpecimenRecord r = Oriented();
@@ -166,12 +184,12 @@ TEST(RotateRecord, TheChosenPlaneBecomesHorizontalOrVerticalOrStandsAcrossTheLin
 }
 
 TEST(RotateRecord, TheLineGoesToTheEndOfTheAxisThatTheViewNames) {
-  struct {
+  const struct {
     float Trend;
     bool NorthSouth, EastWest;
     double Dec;
-  } const cases[] = {{200, false, false, 0}, {200, true, false, 180}, {20, true, false, 0},
-                     {200, false, true, 90}, {300, true, true, 270},  {100, true, true, 90}};
+  } cases[] = {{200, false, false, 0}, {200, true, false, 180}, {20, true, false, 0},
+               {200, false, true, 90}, {300, true, true, 270},  {100, true, true, 90}};
   for (const auto& c : cases) {
     SpecimenRecord r = Oriented();
     // Less than the plunge: a line that came to point upward would be turned over.
@@ -183,6 +201,13 @@ TEST(RotateRecord, TheLineGoesToTheEndOfTheAxisThatTheViewNames) {
     r = Rotated(r, view);
     ExpectAxis(r.LineDec[1], r.LineInc[1], c.Dec, 0);
   }
+  // "0" is the strike 90 degrees before the dip direction: when it comes to north, a line down the
+  // dip comes to east, by the plane's dip of 30 less steep.
+  SpecimenRecord r = Oriented();
+  r.LineTrend[1] = 300;
+  r.LinePlunge[1] = 50;
+  r = Rotated(r, ViewIn(Tectonic, "S1", "0"));
+  ExpectAxis(r.LineDec[1], r.LineInc[1], 90, 20);
 }
 
 TEST(RotateRecord, ALineThatCameToPointUpwardEndsAtTheOtherEnd) {

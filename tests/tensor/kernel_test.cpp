@@ -70,12 +70,17 @@ TEST(Kernel, MvmpyMayWriteOverItsArgument) {
   EXPECT_EQ(x, (Vector<3>{-2, -2, -2}));
 }
 
-TEST(Mxabat, RoundsBothProductsTo32Bits) {
-  // By hand: w = 0.1 in 32 bits times 1; then 3 w rounded again.
-  const Matrix<1, 1> A{1.0 / 3}, B{0.1};
-  Matrix<1, 1> C;
-  Mxabat(A, B, C);
-  EXPECT_EQ(C(1, 1), static_cast<float>(static_cast<float>(0.1 / 3) * (1.0 / 3)));
+TEST(Mxabat, RoundsTheSumsOfBothProductsTo32BitsAndNothingElse) {
+  // By way of 0.01 in 32 bits, 0.1 x 0.1 x 0.1 falls one step short of 0.001 in 32 bits.
+  const Matrix<1, 1> tenth{0.1};
+  Matrix<1, 1> thousandth;
+  Mxabat(tenth, tenth, thousandth);
+  EXPECT_EQ(thousandth(1, 1), std::nextafter(0.001f, 0.0f));
+  // From Python's 64-bit numbers, rounded by struct. Exact are 0.42, 0.04 and -0.02.
+  const Matrix<2, 2> turn{0.6, 0.8, -0.8, 0.6}, B{0.1, 0.2, 0.2, 0.3};
+  Matrix<2, 2> C;
+  Mxabat(turn, B, C);
+  EXPECT_EQ(C, (Matrix<2, 2>{0x1.ae147cp-2, 0x1.47ae14p-5, 0x1.47ae1ap-5, -0x1.47ae14p-6}));
 }
 
 TEST(Mxabat, TurnsBetweenSizesAndMayWriteOverTheTensor) {
