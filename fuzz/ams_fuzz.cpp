@@ -3,11 +3,9 @@
 #include <span>
 #include <vector>
 
-#include "base/fault.h"
 #include "datafiles/ams_file.h"
 #include "datafiles/ams_layout.h"
-#include "store/session.h"
-#include "tensor/derivation.h"
+#include "fuzz/input_length.h"
 
 namespace {
 
@@ -19,14 +17,10 @@ void Hold(bool law) {
 
 using Bytes = std::vector<std::byte>;
 
-/// Empty when a derived number doesn't fit the file's 32 bits.
-Bytes Encoded(const SpecimenRecord& record) try {
+Bytes Encoded(const SpecimenRecord& record) {
   Bytes bytes(AmsRecordSize);
   EncodeAmsRecord(record, bytes.data());
   return bytes;
-} catch (const Fault& fault) {
-  Hold(fault.Number == 6);
-  return {};
 }
 
 /// Equal, or as equal as records with a NaN among their plain floats can be seen to be.
@@ -47,7 +41,6 @@ SpecimenRecord Decoded(const Bytes& bytes) {
 void HoldRoundTrip(const SpecimenRecord& record) {
   if (record.OP[4] == 90) return;
   const Bytes written = Encoded(record);
-  Hold(!written.empty());
   const SpecimenRecord again = Decoded(written);
   Hold(Encoded(again) == written);
   Hold(again.HasCoor == record.HasCoor && again.HasIm == record.HasIm);
@@ -55,33 +48,11 @@ void HoldRoundTrip(const SpecimenRecord& record) {
   Hold(again.OP == record.OP && again.FreqIndex == record.FreqIndex);
 }
 
-/// Every system and block derives or ends in an error of the program's own, and then the record is
-/// as it was.
-void Derive(const SpecimenRecord& record) {
-  const Settings settings;
-  for (std::int16_t block = 0; block <= OutOfPhase; ++block)
-    for (std::int16_t coorSys = 0; coorSys <= Tectonic; ++coorSys)
-      for (const bool strike : {false, true}) {
-        View view;
-        view.CoorSys = coorSys;
-        view.ReImMode = block;
-        view.FoliCode = record.FoliName[1];
-        view.LineCode = strike ? std::string_view("0") : std::string_view(record.LineName[1]);
-        view.TectoPlane = strike ? Vertical : Horizontal;
-        view.TectoNorthSouth = strike;
-        view.TectoEastWest = !strike;
-        SpecimenRecord derived = record;
-        DeriveFactors(derived, settings.FacIndex, block);
-        const SpecimenRecord before = derived;
-        try {
-          RotateRecord(derived, view);
-        } catch (const Fault&) {
-          Hold(Same(derived, before));
-        }
-      }
-}
-
 }  // namespace
+
+extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
+  return fuzz::LimitInputs(argc, argv, 5 * AmsRecordSize / 2);
+}
 
 // Arbitrary bytes end in records, in a refusal or in "Overflow"; memory used before changes
 // nothing.
@@ -97,7 +68,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (int i = 1; i <= fresh.Count(); ++i) {
     Hold(Same(fresh[i], used[i]));
     HoldRoundTrip(fresh[i]);
-    if (i <= 4) Derive(fresh[i]);
     used[i].Selected = true;  // something stale for the next input
     used[i].TensorRot[1] = used[i].PlotX[1] = used[i].FoliDec[3] = 1.0;
     used[i].FoliName[4] = "S4";
