@@ -6,7 +6,7 @@
 namespace velorix {
 namespace {
 
-constexpr unsigned FoliationColour = 0xFFFFC0, LineationColour = 0xFFC0FF, DipColour = 0x800080;
+constexpr unsigned FoliationColour = 0xFFFFC0, LineationColour = 0xFFC0FF, StrikeColour = 0x800080;
 
 /// Codes are stored in upper case; only ASCII letters have one here, as in the file formats' codes.
 std::string UpperCode(std::string code) {
@@ -91,7 +91,7 @@ void ComboAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData,
   const bool foliation = AddCodes(lists.odclFoli, record.FoliName, itemData, FoliationColour);
   bool lineation = AddCodes(lists.odclLine, record.LineName, itemData, LineationColour);
   if (lists.odclLine.Entries.empty()) {
-    lists.odclLine.Add({"0", itemData, DipColour});
+    lists.odclLine.Add({"0", itemData, StrikeColour});
     lineation = true;
   }
   if (foliation && lists.odclFoli.ListIndex < 0) SelectFirst(lists.odclFoli, foliCode);

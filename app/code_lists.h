@@ -50,7 +50,7 @@ struct CodeLists {
 void ListAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData);
 
 /// Adds the codes of slots 1 and 2 to `odclFoli` and `odclLine`. A lineation list that stays empty
-/// gets "0", the code for the dip direction of the foliation. A list without a selection that got
+/// gets "0", the code for the strike of the foliation. A list without a selection that got
 /// an entry selects the first, and `foliCode` or `lineCode` becomes its text.
 void ComboAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData,
                    std::string& foliCode, std::string& lineCode);

@@ -106,9 +106,9 @@ void TurnTensor(const Matrix<3, 3>& rotation, Array1<Number, 6>& tensor) {
   Vector<6> form;
   for (int i = 1; i <= 6; ++i) form[i] = tensor[i];
   Matrix<3, 3> matrix;
-  TensorForm(matrix, form, 0);
+  TensorForm<ToMatrix>(matrix, form);
   Mxabat(rotation, matrix, matrix);
-  TensorForm(matrix, form, 1);
+  TensorForm<ToForm>(matrix, form);
   for (int i = 1; i <= 6; ++i) tensor[i] = form[i];
 }
 

@@ -28,7 +28,7 @@ struct Command {
   const char* Icon;       // name of the picture for button and menu item
   Kind Look;              // Radio: exclusive among the neighbours in the table that are Radio too
   bool Hidden;            // present, but neither visible nor enabled
-  void (*Run)(Velorix&);  // null: its window is not built yet, shown disabled
+  void (*Run)(Velorix&);  // null only for hidden ones, which do nothing
   bool (*Checked)(const Velorix&);  // null: never checked
   bool SeparatorBefore;             // in the menu
 };
@@ -43,8 +43,9 @@ void RunMenu(Velorix& velorix, const Command& command);
 /// button.
 void RunButton(Velorix& velorix, const Command& command);
 
-/// The handler around every command and every control: a failure is shown with the system's text,
-/// the views are refreshed, and the program goes on. True when nothing failed.
+/// The handler around every command and every control: a failure is shown with the system's text in
+/// a box (one of the group statistics in the status line alone), the views are refreshed, and the
+/// program goes on. True when nothing failed.
 bool Guarded(Velorix& velorix, const std::function<void()>& work);
 
 /// Empties the store and the session's file names.

@@ -46,7 +46,7 @@ class Number {
     return static_cast<float>(static_cast<double>(*this));
   }
 
-  /// Same width and same bits, so that a record with NaN equals its copy.
+  /// Same width and same bits, so that a NaN equals its copy.
   constexpr bool operator==(const Number&) const = default;
 
  private:

@@ -49,7 +49,7 @@ void Derive(RecordArray& records, const View& view) {
 void Solve(const RecordArray& records) {
   Matrix<3, 3> A, D, W;
   for (const SpecimenRecord& record : records) {
-    TensorForm(A, record.Tensor, 0);
+    TensorForm<ToMatrix>(A, record.Tensor);
     EIGEN_JK(A, D, W);
     benchmark::DoNotOptimize(W);
     benchmark::DoNotOptimize(D);

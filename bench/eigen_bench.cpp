@@ -24,7 +24,7 @@ std::vector<Matrix<3, 3>> SpecimenTensors(int count) {
     Vector<6> form;
     for (double& element : form) element = static_cast<float>(part(random));
     for (int i = 1; i <= 3; ++i) form[i] += 1;
-    TensorForm(tensor, form, 0);
+    TensorForm<ToMatrix>(tensor, form);
   }
   return tensors;
 }

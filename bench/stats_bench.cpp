@@ -35,9 +35,9 @@ void PlainSums(const std::vector<TensorColumn>& T, Vector<6>& sum, Matrix<6, 6>&
   for (int i = 1; i <= 3; ++i) identity(i, i) = 1;
   for (TensorColumn t : T) {
     Matrix<3, 3> M;
-    TensorForm(M, t, 0);
+    TensorForm<ToMatrix>(M, t);
     Mxabat(identity, M, M);
-    TensorForm(M, t, 1);
+    TensorForm<ToForm>(M, t);
     for (int a = 1; a <= 6; ++a) {
       sum[a] += t[a];
       for (int b = 1; b <= 6; ++b) products(a, b) += t[a] * t[b];
@@ -87,7 +87,7 @@ void BootStrapOfAHundred(benchmark::State& state) {
           for (int i = 0; i < 1000; ++i) {
             Matrix<3, 3> A, V;
             Vector<3> D;
-            TensorForm(A, tensors[static_cast<std::size_t>(i % 100)], 0);
+            TensorForm<ToMatrix>(A, tensors[static_cast<std::size_t>(i % 100)]);
             Jacobi(A, D, V);
             benchmark::DoNotOptimize(V);
           }

@@ -89,7 +89,7 @@ Outcome ReadRecords(std::uintmax_t size, const std::string& path, RecordArray& r
   const int before = records.Count();
   int next = records.GrowStale(n);
   try {
-    std::vector<std::byte> piece(PieceSize);
+    std::vector<std::byte> piece(std::min(n, PieceRecords) * std::size_t{AmsRecordSize});
     for (int left = n; left > 0; left -= PieceRecords) {
       const int count = std::min(left, PieceRecords);
       const std::size_t wanted = static_cast<std::size_t>(count) * AmsRecordSize;

@@ -14,8 +14,9 @@ namespace velorix {
 // UTF-8.
 
 /// Appends all records of the file. Refused for an empty file, with a message, and without one for
-/// a file shorter than half a record. A last record that the file cuts off reads as far as the file
-/// goes, the rest of it zero; a rest of up to half a record goes unnoticed. "Overflow" when the
+/// a file of up to half a record. A last record that the file cuts off reads as far as the file
+/// goes, the rest of it zero; a rest of less than half a record goes unnoticed, and so does one of
+/// exactly half behind an even number of records. "Overflow" when the
 /// array would pass its limit. A file that can't be read is a std::filesystem::filesystem_error.
 /// After any failure the array is as it was.
 Outcome ReadAmsFile(const std::string& path, RecordArray& records);

@@ -41,9 +41,10 @@ Outcome ReadGedFile(const std::string& path, RecordArray& records);
 Outcome ReadGedText(const std::string& path, std::string_view text, RecordArray& records);
 
 /// Writes the records as a file in place of the old one; the site's data are those of the first.
-/// Texts are cut at the width of their field, so an angle of 1000 or more is. The coordinates
-/// change places on the way through a file. Without a record the file stays and the refusal is
-/// silent. What can't be written is a std::filesystem::filesystem_error, and the old file stays.
+/// Texts are cut at the width of their field, and so are angles of more than four characters. The
+/// coordinates change places on the way through a file. Without a record the file stays and the
+/// refusal is silent. What can't be written is a std::filesystem::filesystem_error, and the old
+/// file stays.
 Outcome WriteGedFile(const std::string& path, const RecordArray& records);
 
 /// The bytes of such a file.

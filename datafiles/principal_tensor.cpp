@@ -36,7 +36,7 @@ Vector<6> PrincipalToTensor(double a, double b, double c, double decA, double in
   }
   Mxabat(axes, diagonal, matrix);
   Vector<6> tensor;
-  TensorForm(matrix, tensor, 1);
+  TensorForm<ToForm>(matrix, tensor);
   for (const double k : tensor)
     if (!std::isfinite(k)) FailOverflow();
   return tensor;

@@ -18,10 +18,11 @@ namespace velorix {
 /// Appends the specimens of a RAN or ARE file; an extension of exactly "are" tells the instrument.
 /// Orientation parameters that the file gives as 0 are taken from `settings`. Refused for an empty
 /// file, with a message, and without one for a file that has a header only. A last record that the
-/// file cuts off reads as far as the file goes, the rest of it zero; a rest of up to half a record
-/// goes unnoticed. "Type mismatch" when a coordinate is no number, "Overflow" when it, an
-/// orientation parameter or a field is too large or the array would pass its limit. A file that
-/// can't be read is a std::filesystem::filesystem_error. After any failure the array is as it was.
+/// file cuts off reads as far as the file goes, the rest of it zero; a rest of less than half a
+/// record goes unnoticed, and so does one of exactly half behind an even number of specimens. "Type
+/// mismatch" when a coordinate is no number, "Overflow" when it, an orientation parameter or a
+/// field is too large or the array would pass its limit. A file that can't be read is a
+/// std::filesystem::filesystem_error. After any failure the array is as it was.
 Outcome ReadRanFile(const std::string& path, RecordArray& records, const Settings& settings);
 
 /// The same from the bytes of a file; `path` is for the message and the extension.
@@ -50,7 +51,7 @@ std::vector<std::byte> RanBytes(std::vector<std::byte> kept, const RecordArray& 
                                 const std::string& suffix = {});
 
 /// How many specimens a file of `size` bytes has: the quotient less the header, rounded, halves to
-/// even; 0 for a file that has no whole one. "Overflow" beyond the 16-bit range.
+/// even, and never below 0. "Overflow" beyond the 16-bit range.
 int RanSpecimenCount(std::uintmax_t size);
 
 }  // namespace velorix

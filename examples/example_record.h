@@ -52,7 +52,7 @@ inline void FillBlock(Block b, const Tensor6& tensor, double km, double sigma) {
   b.KmSD = static_cast<float>(km * sigma / std::sqrt(3.0));
 
   Matrix<3, 3> A, D, W;
-  TensorForm(A, b.Tensor, 0);
+  TensorForm<ToMatrix>(A, b.Tensor);
   EIGEN_JK(A, D, W);
   for (int j = 1; j <= 3; ++j) {
     b.K[j] = static_cast<float>(D(j, j));

@@ -53,7 +53,7 @@ inline Tensor6 DrawnTensor(Chance& chance, const Matrix<3, 3>& axes, const Vecto
   Transpose(orientation, turn);
   Mxabat(turn, K, K);
   Tensor6 tensor;
-  TensorForm(K, tensor, 1);
+  TensorForm<ToForm>(K, tensor);
   const double mean = (tensor[1] + tensor[2] + tensor[3]) / 3;
   for (double& k : tensor) k = Decimals(k / mean, 1e5);
   return tensor;

@@ -76,7 +76,8 @@ struct TextStyle {
 inline constexpr Colour NoColour = 0xFFFFFFFF;
 
 /// What everything is drawn on: a picture on the screen, an image, a page, a metafile, a recorder.
-/// No call leaves a pen, brush or font behind, so every call says all that it needs.
+/// No call leaves a pen, brush or font behind, so every call says all that it needs; the
+/// transparent background alone lasts.
 struct Target {
   virtual ~Target() = default;
   /// Text and dashed lines paint no background from here on; a composition begins with it.
@@ -86,8 +87,9 @@ struct Target {
   virtual void Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) = 0;
   virtual void Pixel(LogicalPoint point, Colour colour) = 0;
   /// Pixels row by row, `width` of them a row, from `corner` to the right and downward; `NoColour`
-  /// leaves a unit as it was. The same as a `Pixel` for each, which is what a target does that
-  /// knows no better.
+  /// leaves a unit as it was. `width` is at least 1 and `pixels` holds whole rows. A target that
+  /// knows no better makes a `Pixel` of each; one that does covers the same units, without the gaps
+  /// and overlaps that pixels of whole device units have at a scale between.
   virtual void Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) {
     for (std::size_t n = 0; n < pixels.size(); ++n)
       if (pixels[n] != NoColour)

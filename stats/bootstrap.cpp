@@ -19,7 +19,7 @@ double Quotient(double a, double b) {
 /// The matrix of a tensor's six numbers, (1,3) from the sixth.
 Matrix<3, 3> MatrixOf(const TensorColumn& t) {
   Matrix<3, 3> M;
-  TensorForm(M, t, 0);
+  TensorForm<ToMatrix>(M, t);
   return M;
 }
 

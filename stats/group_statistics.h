@@ -42,9 +42,10 @@ inline constexpr int BootMaxN = 100;  // larger groups get no bootstrap
 inline constexpr int BootReplicates = 500;
 inline constexpr int BootContourPoints = 200;
 
-/// Mean tensor and errors, bootstrap, averages of `Km` and factors of the records that the view
-/// shows. Fails with "Division by zero" where a group has equal mean values or no scatter; what was
-/// computed before stands, and `stats.Reached` tells how far that is.
+/// Mean tensor, errors and bootstrap of the records that the view shows (`IsShown`), averages of
+/// the in-phase `Km` and of the factors also of those without an out-of-phase block. Fails with
+/// "Division by zero" where a group has equal mean values or no scatter; what was computed before
+/// stands, and `stats.Reached` tells how far that is.
 void GroupStatistics(const RecordArray& records, std::int16_t coorSys, std::int16_t reImMode,
                      const Array1<std::int16_t, 8>& facIndex, std::span<const float> gaussTable,
                      GroupStats& stats);

@@ -83,7 +83,7 @@ void TensorStatistics(std::span<const TensorColumn> T, TensorStats& stats) {
   for (double& s : sum) s = s / n;
 
   Matrix<3, 3> mean, values;
-  TensorForm(mean, sum, 0);
+  TensorForm<ToMatrix>(mean, sum);
   EIGEN_JK(mean, values, stats.MeanVec);
   MxSignCopy(stats.MeanVec, stats.MeanVec, true);
   const Array1<Direction, 3> directions = MatrixDirections(stats.MeanVec);

@@ -23,14 +23,14 @@ struct TensorStats {
 
 /// Mean tensor of a group and the errors of its principal directions from the covariance of the six
 /// components (V. Jelinek, 1978, Studia Geophysica et Geodaetica 22, 50-62). An empty group changes
-/// nothing, fewer than five tensors give no errors. The errors are the unscaled standard ones, not
-/// the 95 % angles. "Division by zero" when two mean values are equal; what was computed before
-/// stands.
+/// `Errors` alone, to 0; fewer than five tensors give no errors. The errors are the unscaled
+/// standard ones, not the 95 % angles. "Division by zero" when two mean values are equal; what was
+/// computed before stands.
 void TensorStatistics(std::span<const TensorColumn> T, TensorStats& stats);
 
 /// The 95 % quantile of the F distribution with 2 and `n` degrees of freedom: a table up to 20, a
-/// fit beyond. The first entry, 199.5, is that of another table and is wanted. "Subscript out of
-/// range" below 1.
+/// fit beyond. Kept for agreement with published results: the entries for 4 and 6 are 0.001 below
+/// and above the quantile. "Subscript out of range" below 1.
 double FQuantile(int n);
 
 /// The arithmetic mean; "Division by zero" of no values.

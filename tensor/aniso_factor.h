@@ -39,7 +39,8 @@ struct FactorInput {
 
 /// The anisotropy factor `index` of the principal susceptibilities k1 >= k2 >= k3. `FailedFactor`
 /// for an index outside the catalogue and when any single step fails: a division by zero, an
-/// overflow, the logarithm of 0 or less, the root of a negative, or a NaN or infinity anywhere.
+/// overflow, the logarithm of 0 or less, the root of a negative, or a NaN or infinity among what
+/// the formula uses.
 double AnisoFactor(int index, const FactorInput& input);
 double AnisoFactor(int index, double k1, double k2, double k3);
 

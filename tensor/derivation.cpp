@@ -14,8 +14,8 @@ using Matrix33 = Matrix<3, 3>;
 /// The tensor of a block; zeros for a block that doesn't exist.
 Matrix33 BlockTensor(const SpecimenRecord& record, std::int16_t reImMode) {
   Matrix33 K;
-  if (reImMode == InPhase) TensorForm(K, record.Tensor, 0);
-  if (reImMode == OutOfPhase) TensorForm(K, record.TensorIm, 0);
+  if (reImMode == InPhase) TensorForm<ToMatrix>(K, record.Tensor);
+  if (reImMode == OutOfPhase) TensorForm<ToMatrix>(K, record.TensorIm);
   return K;
 }
 
@@ -148,7 +148,7 @@ void TurnToView(Turned& t, const SpecimenRecord& record, const View& view) {
 
 void Store(const Turned& t, const Principal& principal, SpecimenRecord& record) {
   record.CoorLevel = t.Level;
-  TensorForm(t.K, record.TensorRot, 1);
+  TensorForm<ToForm>(t.K, record.TensorRot);
   for (int j = 1; j <= 3; ++j) {
     record.Dec[j] = principal.Directions[j].Dec;
     record.Inc[j] = principal.Directions[j].Inc;
@@ -203,7 +203,7 @@ Vector<6> RotatedTensor(const SpecimenRecord& record, const View& view) {
   Turned t = AsStored(record, view.ReImMode);
   TurnToView(t, record, view);
   Vector<6> tensor;
-  TensorForm(t.K, tensor, 1);
+  TensorForm<ToForm>(t.K, tensor);
   return tensor;
 }
 

@@ -27,17 +27,23 @@ View ViewOf(const Session& session);
 bool DeriveFactors(SpecimenRecord& record, const Array1<std::int16_t, 8>& facIndex,
                    std::int16_t reImMode);
 
-/// Turns the tensor of the view's block, the foliations and the lineations from the specimen to the
-/// system in view, and stores them with the principal directions and the level reached
-/// (`CoorLevel`): lower than the view's system when the record lacks what the way up needs. False,
-/// with the record untouched, when the out-of-phase block is asked for and the record has none.
-/// When it fails ("Overflow" from orientation parameters, "Invalid procedure call or argument" from
-/// an angle) the record is untouched too. A tensor with NaN or infinity gives NaN directions and no
-/// failure.
+/// Turns the tensor of the view's block from the specimen system to the one in view, and stores it
+/// with the principal directions, the foliations and lineations and the level reached
+/// (`CoorLevel`). Foliations and lineations are geographic in the record, and turned only for the
+/// systems above. The level is lower than the view's system where the record lacks `HasCoor[1]` for
+/// the specimen system, or the foliation or the lineation of the view's codes for the upper two;
+/// the geographic system is reached whatever `HasCoor[2]` says. `CoorSys` 0, the principal system
+/// with Kmin vertical and Kmax on the meridian, reaches level 0.
+///
+/// False, with the record untouched, when the out-of-phase block is asked for and the record has
+/// none. When it fails ("Overflow" from orientation parameters, "Invalid procedure call or
+/// argument" from an angle) the record is untouched too. A tensor with NaN or infinity gives NaN
+/// directions and no failure.
 bool RotateRecord(SpecimenRecord& record, const View& view);
 
 /// The tensor alone that `RotateRecord` would store in `TensorRot`, for a writer that needs no
-/// directions; the record stays as it is. Fails like `RotateRecord`.
+/// directions; the record stays as it is. It takes the out-of-phase block without a look at
+/// `HasIm`. Fails like `RotateRecord`.
 Vector<6> RotatedTensor(const SpecimenRecord& record, const View& view);
 
 }  // namespace velorix

@@ -3,6 +3,7 @@
 #include <cassert>
 #include <cmath>
 #include <cstddef>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -13,7 +14,7 @@
 namespace velorix {
 
 /// Arc sine in radians. Exactly 1 gives pi / 2 and exactly -1 gives 3 pi / 2 (not -pi / 2), both
-/// from the 32-bit pi; beyond 1 and -1 the result is finite, never an error.
+/// from the 32-bit pi; beyond 1 and -1 the result of a finite x is finite, never an error.
 double ArcSin(double x);
 
 /// Arc cosine in radians. Beyond 1 and -1, even by one rounding, it fails with "Invalid procedure
@@ -107,10 +108,10 @@ constexpr int Count(const Array1<T, N>&) {
 }
 inline int Count(const DynamicVector& v) { return v.Count(); }
 
-// The routines below take any matrix and any vector, sized at compile time or at run time. Shapes
-// are compared in every call: between compile-time sizes the comparison costs nothing, between
-// others a mismatch raises error 999 with the routine as source. The caller owns and sizes every
-// result.
+// The routines below take any matrix and any vector, sized at compile time or at run time. Those
+// that combine several compare their shapes in every call, which costs nothing between compile-time
+// sizes; a mismatch raises error 999 with the routine as source where nothing else is said. The
+// caller owns and sizes every result.
 
 /// B(j,i) = A(i,j). B isn't A.
 template <class MA, class MB>
@@ -194,23 +195,25 @@ double Vvmpy(const VA& a, const VB& b) {
   return sum;
 }
 
-/// Between a symmetric 3 by 3 matrix and its tensor form k11, k22, k33, k12, k23, k13. Direction 1
+/// What `TensorForm` fills.
+enum TensorFormTarget { ToMatrix = 0, ToForm = 1 };
+
+/// Between a symmetric 3 by 3 matrix and its tensor form k11, k22, k33, k12, k23, k13. `ToForm`
 /// fills V from the diagonal and from (1,2), (2,3), (3,1) of M, without a look at the other
-/// triangle; any other value fills M from V. V may be a record's `Number` array.
-template <class M33, class V6>
-void TensorForm(M33& M, V6& V, int Direction) {
+/// triangle; `ToMatrix` fills M from V. V may be a record's `Number` array. What is filled can't be
+/// const, or the call doesn't compile.
+template <TensorFormTarget Target, class M33, class V6>
+requires(Target == ToForm ? !std::is_const_v<V6> : !std::is_const_v<M33>) void TensorForm(M33& M,
+                                                                                          V6& V) {
   for (int i = 1; i <= 3; ++i) {
     const int j = i % 3 + 1;
-    if constexpr (requires { V[1] = 0.0; })
-      if (Direction == 1) {
-        V[i] = M(i, i);
-        V[i + 3] = M(i, j);
-      }
-    if constexpr (requires { M(1, 1) = 0.0; })
-      if (Direction != 1) {
-        M(i, i) = V[i];
-        M(i, j) = M(j, i) = V[i + 3];
-      }
+    if constexpr (Target == ToForm) {
+      V[i] = M(i, i);
+      V[i + 3] = M(i, j);
+    } else {
+      M(i, i) = V[i];
+      M(i, j) = M(j, i) = V[i + 3];
+    }
   }
 }
 
@@ -271,7 +274,8 @@ double Determinant(const M& matrix, int p = 0, int q = 0) {
 }
 
 /// R = inverse of M, by cofactors; the result is the determinant. When that is exactly 0, R is a
-/// plain copy of M and no error is raised. R isn't M.
+/// plain copy of M and no error is raised. R isn't M. "Subscript out of range" for an R smaller
+/// than M, and where `Determinant` fails, so for any 1 by 1 matrix but 0.
 template <class M, class MR>
 double MxInverse(const M& matrix, MR& R) {
   const int n = matrix.Rows();

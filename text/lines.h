@@ -31,12 +31,13 @@ class Tokens {
 void SplitBlanks(std::string_view line, Tokens& tokens);
 Tokens SplitBlanks(std::string_view line);
 
-/// Strips the separator at both ends and splits at runs of it. There are always at least 100
-/// tokens, the last ones empty: a caller may ask for a part that the text lacks. More than 100
-/// parts are "Subscript out of range".
+/// Strips the separator at both ends and splits at runs of it. There are always 100 tokens, the
+/// last ones empty: a caller may ask for a part that the text lacks. More than 100 parts are
+/// "Subscript out of range".
 Tokens SplitAtChar(std::string_view text, char separator);
 
-/// `text` without blanks at both ends, and without the characters with a code below 30.
+/// `text` stripped of blanks at both ends, then without the characters with a code below 30; a
+/// blank next to one of these stays.
 std::string CleanName(std::string_view text);
 
 /// `text` without the characters with a code below 32; blanks stay.

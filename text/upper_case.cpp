@@ -37,7 +37,8 @@ std::string LetterByLetter(std::string_view text, unsigned (*change)(unsigned)) 
   result.reserve(text.size());
   for (std::size_t i = 0; i < text.size(); ++i) {
     const auto byte = static_cast<unsigned char>(text[i]);
-    const bool pair = (byte & 0xE0) == 0xC0 && i + 1 < text.size() && (text[i + 1] & 0xC0) == 0x80;
+    const bool pair =
+        byte >= 0xC2 && byte < 0xE0 && i + 1 < text.size() && (text[i + 1] & 0xC0) == 0x80;
     if (byte >= 0x80 && !pair) {
       result += text[i];
       continue;

@@ -80,7 +80,7 @@ TEST(Examples, MeanTensorsAreThePublishedOnes) {
     for (const SpecimenRecord& r : records)
       for (int i = 1; i <= 6; ++i) mean[i] += r.Tensor[i] / records.Count();
     Matrix<3, 3> A, D, W;
-    TensorForm(A, mean, 0);
+    TensorForm<ToMatrix>(A, mean);
     EIGEN_JK(A, D, W);
     for (int j = 1; j <= 3; ++j) {
       EXPECT_NEAR(D(j, j), c.Scale * c.K[j - 1], 3e-6) << c.Name << j;

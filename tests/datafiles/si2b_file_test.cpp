@@ -83,7 +83,7 @@ TEST(PrincipalToTensor, PrincipalValuesComeBackWhateverTheAngleOfTheDirections) 
     const Vector<6> tensor =
         PrincipalToTensor(1.2, 1.0, 0.8, turn(random), tilt(random), c.Dec, c.Inc);
     Matrix<3, 3> K, D, W;
-    TensorForm(K, tensor, 0);
+    TensorForm<ToMatrix>(K, tensor);
     EIGEN_JK(K, D, W);
     for (int i = 1; i <= 3; ++i) EXPECT_NEAR(D(i, i), 1.4 - 0.2 * i, 1e-6);
     // The last direction stands as it was given.

@@ -66,9 +66,9 @@ TensorStats StatsOf(std::span<const TensorColumn> tensors) {
 std::vector<TensorColumn> Turned(std::vector<TensorColumn> tensors, const Matrix<3, 3>& rotation) {
   for (TensorColumn& t : tensors) {
     Matrix<3, 3> M;
-    TensorForm(M, t, 0);
+    TensorForm<ToMatrix>(M, t);
     Mxabat(rotation, M, M);
-    TensorForm(M, t, 1);
+    TensorForm<ToForm>(M, t);
   }
   return tensors;
 }

@@ -62,7 +62,7 @@ TEST(DeriveFactors, ValuesAndFactorsAreThoseOfTheBlockInView) {
   r.HasIm = true;
   for (const std::int16_t block : {InPhase, OutOfPhase}) {
     Matrix<3, 3> A, D, W;
-    TensorForm(A, block == InPhase ? r.Tensor : r.TensorIm, 0);
+    TensorForm<ToMatrix>(A, block == InPhase ? r.Tensor : r.TensorIm);
     EIGEN_JK(A, D, W);
     ASSERT_TRUE(DeriveFactors(r, DefaultFactors, block));
     for (int i = 1; i <= 3; ++i) EXPECT_EQ(r.K[i], Number(D(i, i)));  // in 64 bits
@@ -225,7 +225,7 @@ TEST(RotateRecord, PrincipalVectorsBelongToTheRotatedTensor) {
     DeriveFactors(r, DefaultFactors, InPhase);
     r = Rotated(r, ViewIn(coorSys));
     Matrix<3, 3> A;
-    TensorForm(A, r.TensorRot, 0);
+    TensorForm<ToMatrix>(A, r.TensorRot);
     for (int j = 1; j <= 3; ++j) {
       const Vector<3> v{r.Vec[1][j], r.Vec[2][j], r.Vec[3][j]};
       Vector<3> Av;

@@ -100,14 +100,24 @@ TEST(Mxabat, TurnsBetweenSizesAndMayWriteOverTheTensor) {
   EXPECT_EQ(Bt, D);
 }
 
+template <TensorFormTarget Target, class M, class V>
+constexpr bool Fills = requires(M& matrix, V& form) {
+  TensorForm<Target>(matrix, form);
+};
+using Matrix33 = Matrix<3, 3>;
+static_assert(Fills<ToForm, const Matrix33, Vector<6>> &&
+              Fills<ToMatrix, Matrix33, const Vector<6>>);
+static_assert(!Fills<ToForm, Matrix33, const Vector<6>> &&
+              !Fills<ToMatrix, const Matrix33, Vector<6>>);
+
 TEST(TensorForm, SlotSixIsElementThreeOne) {
   Vector<6> form = {1, 2, 3, 4, 5, 6};
   Matrix<3, 3> M;
-  TensorForm(M, form, 0);
+  TensorForm<ToMatrix>(M, form);
   EXPECT_EQ(M, (Matrix<3, 3>{1, 4, 6, 4, 2, 5, 6, 5, 3}));
   M = {1, 4, -1, -1, 2, 5, 6, -1, 3};  // the other triangle isn't looked at
   form = {};
-  TensorForm(M, form, 1);
+  TensorForm<ToForm>(M, form);
   EXPECT_EQ(form, (Vector<6>{1, 2, 3, 4, 5, 6}));
 }
 

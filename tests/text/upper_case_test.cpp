@@ -12,6 +12,7 @@ TEST(UpperCase, KnowsTheLettersOfEuropeAndKeepsTheRest) {
       {"straße ÷ łódź ğ", "STRAßE ÷ ŁÓDŹ Ğ"},         {"κλίση μ ως", "ΚΛίΣΗ Μ Ως"},
       {"порода ёж", "ПОРОДА ЁЖ"},                     {"日本 €", "日本 €"},
       {"bad \xC3", "BAD \xC3"},                       {"bad \xFF\xE0 x", "BAD \xFF\xE0 X"},
+      {"too long \xC1\xA1", "TOO LONG \xC1\xA1"},
       // clang-format on
   };
   for (const auto& [text, wanted] : cases) EXPECT_EQ(UpperCase(text), wanted);
