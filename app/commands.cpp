@@ -251,15 +251,6 @@ void RunButton(Velorix& velorix, const Command& command) {
     Guarded(velorix, [&] { DisplayData(velorix, true); });
 }
 
-void CloseFile(Velorix& velorix) {
-  velorix.Session.CurrentFile.clear();
-  velorix.Session.CurrentFileBase.clear();
-  ClearStore(velorix.Session);
-  velorix.Session.OpenFiles.clear();
-  DisplayFormCaption(velorix);
-  DisplayData(velorix, true);
-}
-
 void RotateAllNinety(Velorix& velorix) {
   const Matrix<3, 3> rotation = VerticalRotation(90);
   for (SpecimenRecord& record : velorix.Session.Records) {

@@ -48,9 +48,6 @@ void RunButton(Velorix& velorix, const Command& command);
 /// program goes on. True when nothing failed.
 bool Guarded(Velorix& velorix, const std::function<void()>& work);
 
-/// Empties the store and the session's file names.
-void CloseFile(Velorix& velorix);
-
 /// Turns the tensors of every record by 90 degrees about the vertical axis, a diagnostic.
 void RotateAllNinety(Velorix& velorix);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "app/display.h"
 #include "datafiles/ams_file.h"
 #include "datafiles/asc_file.h"
 #include "datafiles/ran_file.h"
@@ -234,6 +235,15 @@ void ReloadFile(Velorix& velorix) {
       !ReadAll(velorix, FilterAt(velorix.Session.CurrentFilter).Reload, paths, records))
     return;
   ReplaceStore(velorix.Session, records);
+}
+
+void CloseFile(Velorix& velorix) {
+  velorix.Session.CurrentFile.clear();
+  velorix.Session.CurrentFileBase.clear();
+  ClearStore(velorix.Session);
+  velorix.Session.OpenFiles.clear();
+  DisplayFormCaption(velorix);
+  DisplayData(velorix, true);
 }
 
 }  // namespace velorix

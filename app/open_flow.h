@@ -52,4 +52,7 @@ void OpenNext(Velorix& velorix);
 /// Reads the files that make up the store again.
 void ReloadFile(Velorix& velorix);
 
+/// Empties the store and the session's file names, and displays that.
+void CloseFile(Velorix& velorix);
+
 }  // namespace velorix

@@ -1,6 +1,5 @@
 #include "app/orientation_parameters.h"
 
-#include "app/commands.h"
 #include "app/geo_files.h"
 #include "app/settings_file.h"
 

@@ -3,6 +3,7 @@
 #include <tuple>
 #include <type_traits>
 
+#include "base/narrowing.h"
 #include "datafiles/bytes.h"
 #include "datafiles/fixed_text.h"
 #include "store/specimen_record.h"

@@ -1,13 +1,8 @@
 #pragma once
 
 #include <bit>
-#include <cmath>
-#include <cstdint>
+#include <cstddef>
 #include <cstring>
-#include <limits>
-
-#include "base/fault.h"
-#include "base/number.h"
 
 namespace velorix {
 
@@ -32,18 +27,6 @@ void StoreLittle(std::byte* at, T value) {
   std::memcpy(bytes, &value, sizeof value);
   for (std::size_t i = 0; i < sizeof value; ++i)
     at[i] = bytes[std::endian::native == std::endian::little ? i : sizeof value - 1 - i];
-}
-
-/// `value` in the 32 bits of a file's float; "Overflow" when it is finite and too large for them.
-inline float ToSingle(double value) {
-  if (std::isfinite(value) && std::fabs(value) > std::numeric_limits<float>::max()) FailOverflow();
-  return static_cast<float>(value);
-}
-/// A number of 32 bits as it stands, NaN payload included.
-inline float ToSingle(float value) { return value; }
-inline float ToSingle(const Number& value) {
-  return value.width() == Number::Width::Single ? value.Single()
-                                                : ToSingle(static_cast<double>(value));
 }
 
 }  // namespace velorix

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/narrowing.h"
 #include "base/rounding.h"
 #include "datafiles/ran_layout.h"
 #include "datafiles/safe_write.h"

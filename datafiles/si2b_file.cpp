@@ -1,6 +1,6 @@
 #include "datafiles/si2b_file.h"
 
-#include "datafiles/bytes.h"
+#include "base/narrowing.h"
 #include "datafiles/principal_tensor.h"
 #include "datafiles/text_file.h"
 #include "text/code_page.h"

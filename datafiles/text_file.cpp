@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "base/narrowing.h"
 #include "datafiles/bytes.h"
 #include "text/numbers.h"
 #include "text/paths.h"

@@ -1,6 +1,7 @@
 #include "plot/net.h"
 
 #include "base/rounding.h"
+#include "plot/symbols.h"
 #include "store/session.h"
 
 namespace velorix {

@@ -5,6 +5,7 @@
 
 #include "base/rounding.h"
 #include "plot/colour_scales.h"
+#include "plot/symbols.h"
 #include "text/numbers.h"
 
 namespace velorix {

@@ -10,6 +10,7 @@
 #include "plot/axis_scale.h"
 #include "plot/net_curves.h"
 #include "plot/stereo.h"
+#include "plot/symbols.h"
 #include "store/session.h"
 
 namespace velorix {

@@ -1,3 +1,5 @@
+#include "plot/symbols.h"
+
 #include <array>
 #include <cmath>
 

@@ -7,6 +7,7 @@
 #include "plot/clip.h"
 #include "plot/colour_scales.h"
 #include "plot/parameters.h"
+#include "plot/symbols.h"
 
 namespace velorix {
 namespace {

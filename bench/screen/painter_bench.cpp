@@ -18,6 +18,7 @@
 #include "plot/net_curves.h"
 #include "plot/recorder.h"
 #include "plot/stereo.h"
+#include "plot/symbols.h"
 #include "plot/xy_plot.h"
 #include "tensor/derivation.h"
 #include "tensor/rotations.h"

@@ -6,6 +6,7 @@
 
 #include "base/fault.h"
 #include "plot/recorder.h"
+#include "plot/symbols.h"
 
 namespace velorix {
 namespace {

@@ -12,6 +12,7 @@
 #endif
 
 #include "app/edit_grid.h"
+#include "app/open_flow.h"
 #include "datafiles/ged_file.h"
 #include "tests/qt/on_modal.h"
 

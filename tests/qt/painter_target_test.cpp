@@ -2,6 +2,7 @@
 
 #include "platform/qt/picture_widget.h"
 #include "plot/drawing.h"
+#include "plot/symbols.h"
 #include "tests/qt/painted.h"
 
 using namespace velorix;

@@ -4,6 +4,7 @@
 
 #include "platform/qt/picture_widget.h"
 #include "plot/drawing.h"
+#include "plot/symbols.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;
