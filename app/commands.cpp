@@ -4,11 +4,11 @@
 #include <exception>
 #include <filesystem>
 
-#include "app/display.h"
-#include "app/export_grid.h"
-#include "app/graphics_page.h"
-#include "app/open_flow.h"
-#include "app/save.h"
+#include "app/display/display.h"
+#include "app/files/export_grid.h"
+#include "app/files/graphics_page.h"
+#include "app/files/open_flow.h"
+#include "app/files/save.h"
 #include "tensor/derivation.h"
 #include "tensor/kernel.h"
 #include "tensor/rotations.h"

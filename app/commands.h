@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "app/velorix.h"
+#include "app/state/velorix.h"
 
 namespace velorix {
 

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "app/settings_file.h"
+#include "datafiles/settings_file.h"
 #include "stats/gauss_random.h"
 #include "text/paths.h"
 

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "app/velorix.h"
+#include "app/state/velorix.h"
 
 namespace velorix {
 

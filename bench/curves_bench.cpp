@@ -9,8 +9,8 @@
 #include <random>
 
 #include "bench/ratio.h"
-#include "plot/net_curves.h"
-#include "plot/stereo.h"
+#include "plot/net/net_curves.h"
+#include "plot/net/stereo.h"
 #include "tensor/derivation.h"
 #include "tensor/rotations.h"
 

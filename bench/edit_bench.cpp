@@ -15,7 +15,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "app/assign_ged.h"
+#include "app/edit/assign_ged.h"
 #include "bench/ratio.h"
 
 namespace velorix {

@@ -16,12 +16,12 @@
 #include <new>
 #include <random>
 
-#include "app/export_grid.h"
-#include "app/record_grid.h"
+#include "app/files/export_grid.h"
+#include "app/tables/record_grid.h"
 #include "bench/ratio.h"
 #include "datafiles/safe_write.h"
-#include "plot/metafile_target.h"
-#include "plot/stereo.h"
+#include "plot/drawing/metafile_target.h"
+#include "plot/net/stereo.h"
 #include "text/paths.h"
 
 namespace {

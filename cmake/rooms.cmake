@@ -18,18 +18,23 @@ if(VELORIX_SANITIZE)
   target_link_options(velorix_rules INTERFACE -fsanitize=${VELORIX_SANITIZE})
 endif()
 
-# room(<folder> USES <room>...): the library velorix_<room> from the folder's sources, linked only to
-# the rooms that it may use.
+# room(<folder> USES <room>... EXCEPT <file>...): the library velorix_<folder> from the folder's own sources but those
+# excepted, linked only to the rooms that it may use. A room that holds rooms names them among what it uses; whoever may
+# use it may use these as well. tools/check-layers reads the same lines.
 function(room folder)
-  cmake_parse_arguments(ROOM "" "" "USES" ${ARGN})
-  get_filename_component(name ${folder} NAME)
+  cmake_parse_arguments(ROOM "" "" "USES;EXCEPT" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp)
+  foreach(file ${ROOM_EXCEPT})
+    list(REMOVE_ITEM sources ${PROJECT_SOURCE_DIR}/${folder}/${file})
+  endforeach()
+  string(REPLACE "/" "_" name velorix_${folder})
   list(TRANSFORM ROOM_USES PREPEND velorix_)
+  list(TRANSFORM ROOM_USES REPLACE "/" "_")
   if(sources)
-    add_library(velorix_${name} STATIC ${sources})
-    target_link_libraries(velorix_${name} PUBLIC velorix_rules ${ROOM_USES})
+    add_library(${name} STATIC ${sources})
+    target_link_libraries(${name} PUBLIC velorix_rules ${ROOM_USES})
   else()
-    add_library(velorix_${name} INTERFACE)
-    target_link_libraries(velorix_${name} INTERFACE velorix_rules ${ROOM_USES})
+    add_library(${name} INTERFACE)
+    target_link_libraries(${name} INTERFACE velorix_rules ${ROOM_USES})
   endif()
 endfunction()

@@ -2,7 +2,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "app/settings_file.h"
+#include "datafiles/settings_file.h"
 
 // Arbitrary bytes end in settings or in a refusal, and settings that were read survive being
 // written and read again: a name that was read has no blank in it.

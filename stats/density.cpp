@@ -8,8 +8,8 @@
 
 #include "base/fault.h"
 #include "base/rounding.h"
+#include "base/timer.h"
 #include "stats/density_sums.h"
-#include "text/timer.h"
 
 namespace velorix {
 namespace {

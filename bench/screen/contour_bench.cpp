@@ -10,8 +10,8 @@
 #include <QPainter>
 
 #include "bench/ratio.h"
-#include "platform/qt/painter_target.h"
-#include "plot/contour.h"
+#include "platform/painting/painter_target.h"
+#include "plot/plots/contour.h"
 #include "store/session.h"
 
 namespace velorix {

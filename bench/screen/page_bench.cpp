@@ -11,11 +11,11 @@
 #include <QPainter>
 #include <filesystem>
 
-#include "app/graphics_page.h"
+#include "app/files/graphics_page.h"
 #include "bench/ratio.h"
-#include "platform/host/picture_file.h"
-#include "platform/qt/painter_target.h"
-#include "plot/recorder.h"
+#include "platform/painting/painter_target.h"
+#include "platform/painting/picture_file.h"
+#include "plot/drawing/recorder.h"
 #include "tests/app/script.h"
 
 namespace velorix {

@@ -12,14 +12,14 @@
 #include <random>
 
 #include "bench/ratio.h"
-#include "platform/qt/painter_target.h"
-#include "platform/qt/picture_changes.h"
-#include "plot/colour_scales.h"
-#include "plot/net_curves.h"
-#include "plot/recorder.h"
-#include "plot/stereo.h"
-#include "plot/symbols.h"
-#include "plot/xy_plot.h"
+#include "platform/painting/painter_target.h"
+#include "platform/qt/plots/picture_changes.h"
+#include "plot/drawing/colour_scales.h"
+#include "plot/drawing/recorder.h"
+#include "plot/drawing/symbols.h"
+#include "plot/net/net_curves.h"
+#include "plot/net/stereo.h"
+#include "plot/plots/xy_plot.h"
 #include "tensor/derivation.h"
 #include "tensor/rotations.h"
 

@@ -8,10 +8,10 @@
 #include <QApplication>
 #include <random>
 
-#include "app/data_table.h"
-#include "app/display.h"
+#include "app/display/display.h"
+#include "app/tables/data_table.h"
 #include "bench/ratio.h"
-#include "platform/qt/velorix_window.h"
+#include "platform/qt/windows/velorix_window.h"
 #include "tests/app/script.h"
 
 namespace velorix {

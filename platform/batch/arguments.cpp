@@ -5,9 +5,9 @@
 #include <charconv>
 #include <filesystem>
 
-#include "app/open_flow.h"
+#include "app/files/open_flow.h"
 #include "platform/batch/contour_output.h"
-#include "platform/host/picture_file.h"
+#include "platform/painting/picture_file.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
 

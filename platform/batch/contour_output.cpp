@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "app/commands.h"
-#include "app/contour.h"
+#include "app/display/contour.h"
 #include "platform/batch/progress.h"
 
 namespace velorix {

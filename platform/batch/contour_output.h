@@ -2,7 +2,7 @@
 
 #include <ostream>
 
-#include "app/velorix.h"
+#include "app/state/velorix.h"
 
 namespace velorix {
 

@@ -3,7 +3,7 @@
 #include <functional>
 #include <ostream>
 
-#include "app/velorix.h"
+#include "app/state/velorix.h"
 
 namespace velorix {
 

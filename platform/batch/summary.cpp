@@ -1,6 +1,6 @@
 #include "platform/batch/summary.h"
 
-#include "app/display.h"
+#include "app/display/display.h"
 #include "text/numbers.h"
 
 namespace velorix {

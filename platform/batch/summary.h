@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "app/velorix.h"
+#include "app/state/velorix.h"
 
 namespace velorix {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "app/velorix.h"
+#include "app/state/velorix.h"
 
 namespace velorix {
 

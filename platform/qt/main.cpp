@@ -2,11 +2,11 @@
 #include <QMessageBox>
 
 #include "platform/host/host.h"
-#include "platform/qt/page_output.h"
-#include "platform/qt/qt_dialogs.h"
+#include "platform/qt/output/page_output.h"
+#include "platform/qt/parts/qt_dialogs.h"
+#include "platform/qt/parts/theme.h"
 #include "platform/qt/start_up.h"
-#include "platform/qt/theme.h"
-#include "platform/qt/velorix_window.h"
+#include "platform/qt/windows/velorix_window.h"
 
 namespace {
 

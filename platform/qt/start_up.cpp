@@ -6,9 +6,9 @@
 #include <QTimer>
 
 #include "app/startup.h"
-#include "platform/qt/about_window.h"
-#include "platform/qt/velorix_window.h"
-#include "text/timer.h"
+#include "base/timer.h"
+#include "platform/qt/windows/about_window.h"
+#include "platform/qt/windows/velorix_window.h"
 
 namespace velorix {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/velorix.h"
+#include "app/state/velorix.h"
 
 namespace velorix {
 

@@ -1,4 +1,4 @@
-#include "app/assign_ged.h"
+#include "app/edit/assign_ged.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/contour.h"
+#include "app/display/contour.h"
 
 #include <limits>
 

@@ -1,4 +1,4 @@
-#include "app/data_table.h"
+#include "app/tables/data_table.h"
 
 #include <gtest/gtest.h>
 

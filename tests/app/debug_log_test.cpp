@@ -1,4 +1,4 @@
-#include "app/debug_log.h"
+#include "app/state/debug_log.h"
 
 #include <gtest/gtest.h>
 

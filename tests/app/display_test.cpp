@@ -1,9 +1,9 @@
-#include "app/display.h"
+#include "app/display/display.h"
 
 #include <cmath>
 #include <limits>
 
-#include "app/record_grid.h"
+#include "app/tables/record_grid.h"
 #include "tests/app/script.h"
 
 namespace velorix {

@@ -1,4 +1,4 @@
-#include "app/edit_grid.h"
+#include "app/edit/edit_grid.h"
 
 #include <gtest/gtest.h>
 

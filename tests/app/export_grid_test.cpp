@@ -1,4 +1,4 @@
-#include "app/export_grid.h"
+#include "app/files/export_grid.h"
 
 #include "tests/app/golden.h"
 #include "tests/app/script.h"

@@ -1,6 +1,6 @@
-#include "app/factor_choice.h"
+#include "app/edit/factor_choice.h"
 
-#include "app/settings_file.h"
+#include "datafiles/settings_file.h"
 #include "tests/app/script.h"
 
 namespace velorix {

@@ -1,4 +1,4 @@
-#include "app/ged_editor.h"
+#include "app/edit/ged_editor.h"
 
 #include "datafiles/ged_file.h"
 #include "tests/app/script.h"

@@ -1,10 +1,10 @@
-#include "app/graphics_page.h"
+#include "app/files/graphics_page.h"
 
 #include <array>
 #include <cmath>
 #include <set>
 
-#include "plot/metafile_target.h"
+#include "plot/drawing/metafile_target.h"
 #include "tests/app/script.h"
 #include "tests/plot/metafile_reader.h"
 

@@ -1,4 +1,4 @@
-#include "app/group_table.h"
+#include "app/tables/group_table.h"
 
 #include <gtest/gtest.h>
 

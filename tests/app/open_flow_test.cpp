@@ -1,4 +1,4 @@
-#include "app/open_flow.h"
+#include "app/files/open_flow.h"
 
 #include "datafiles/ran_file.h"
 #include "tests/app/script.h"

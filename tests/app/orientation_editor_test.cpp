@@ -1,6 +1,6 @@
-#include "app/orientation_editor.h"
+#include "app/edit/orientation_editor.h"
 
-#include "app/ged_editor.h"
+#include "app/edit/ged_editor.h"
 #include "datafiles/ged_file.h"
 #include "datafiles/ran_file.h"
 #include "tests/app/script.h"

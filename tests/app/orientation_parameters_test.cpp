@@ -1,8 +1,8 @@
-#include "app/orientation_parameters.h"
+#include "app/edit/orientation_parameters.h"
 
 #include <algorithm>
 
-#include "app/settings_file.h"
+#include "datafiles/settings_file.h"
 #include "tests/app/script.h"
 
 namespace velorix {

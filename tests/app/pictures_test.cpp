@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "app/data_table.h"
-#include "plot/histogram.h"
-#include "plot/stereo.h"
-#include "plot/xy_plot.h"
+#include "app/tables/data_table.h"
+#include "plot/net/stereo.h"
+#include "plot/plots/histogram.h"
+#include "plot/plots/xy_plot.h"
 #include "tests/app/golden.h"
 #include "tests/app/script.h"
 

@@ -1,4 +1,4 @@
-#include "app/plane_from_lineations.h"
+#include "app/edit/plane_from_lineations.h"
 
 #include <gtest/gtest.h>
 

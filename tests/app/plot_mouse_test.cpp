@@ -1,4 +1,4 @@
-#include "app/plot_mouse.h"
+#include "app/display/plot_mouse.h"
 
 #include <cmath>
 

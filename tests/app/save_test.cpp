@@ -1,4 +1,4 @@
-#include "app/save.h"
+#include "app/files/save.h"
 
 #include "datafiles/ran_file.h"
 #include "tests/app/script.h"

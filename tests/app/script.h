@@ -12,10 +12,10 @@
 #include <vector>
 
 #include "app/commands.h"
-#include "app/display.h"
-#include "app/velorix.h"
+#include "app/display/display.h"
+#include "app/state/velorix.h"
 #include "datafiles/ams_file.h"
-#include "plot/recorder.h"
+#include "plot/drawing/recorder.h"
 #include "stats/gauss_random.h"
 #include "text/paths.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "plot/recorder.h"
+#include "plot/drawing/recorder.h"
 
 namespace velorix {
 

@@ -1,4 +1,4 @@
-#include "plot/clip.h"
+#include "plot/drawing/clip.h"
 
 #include <gtest/gtest.h>
 

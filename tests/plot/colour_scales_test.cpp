@@ -1,4 +1,4 @@
-#include "plot/colour_scales.h"
+#include "plot/drawing/colour_scales.h"
 
 #include <gtest/gtest.h>
 

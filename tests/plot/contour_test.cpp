@@ -1,11 +1,11 @@
-#include "plot/contour.h"
+#include "plot/plots/contour.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <string>
 
-#include "plot/colour_scales.h"
+#include "plot/drawing/colour_scales.h"
 #include "store/session.h"
 #include "tests/plot/calls.h"
 

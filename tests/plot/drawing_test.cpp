@@ -1,12 +1,12 @@
-#include "plot/drawing.h"
+#include "plot/drawing/drawing.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 #include "base/fault.h"
-#include "plot/recorder.h"
-#include "plot/symbols.h"
+#include "plot/drawing/recorder.h"
+#include "plot/drawing/symbols.h"
 
 namespace velorix {
 namespace {

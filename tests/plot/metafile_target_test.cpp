@@ -1,7 +1,7 @@
-#include "plot/metafile_target.h"
+#include "plot/drawing/metafile_target.h"
 
-#include "plot/drawing.h"
-#include "plot/symbols.h"
+#include "plot/drawing/drawing.h"
+#include "plot/drawing/symbols.h"
 #include "tests/plot/metafile_reader.h"
 
 namespace velorix {

@@ -1,5 +1,5 @@
-#include "plot/net.h"
-#include "plot/net_curves.h"
+#include "plot/net/net.h"
+#include "plot/net/net_curves.h"
 
 #include <gtest/gtest.h>
 

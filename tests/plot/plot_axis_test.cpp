@@ -1,11 +1,11 @@
-#include "plot/plot_axis.h"
+#include "plot/axes/plot_axis.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 #include <string>
 
-#include "plot/xy_plot.h"
+#include "plot/plots/xy_plot.h"
 #include "tests/plot/calls.h"
 
 namespace velorix {

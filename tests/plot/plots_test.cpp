@@ -6,11 +6,11 @@
 #include <string>
 
 #include "base/fault.h"
-#include "plot/axis_scale.h"
-#include "plot/colour_scales.h"
-#include "plot/histogram.h"
-#include "plot/parameters.h"
-#include "plot/xy_plot.h"
+#include "plot/axes/axis_scale.h"
+#include "plot/axes/parameters.h"
+#include "plot/drawing/colour_scales.h"
+#include "plot/plots/histogram.h"
+#include "plot/plots/xy_plot.h"
 #include "tests/plot/calls.h"
 
 namespace velorix {

@@ -1,11 +1,11 @@
-#include "plot/stereo.h"
+#include "plot/net/stereo.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <limits>
 
-#include "plot/axes.h"
+#include "plot/axes/axes.h"
 #include "store/session.h"
 #include "tests/plot/calls.h"
 

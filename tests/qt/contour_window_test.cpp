@@ -1,6 +1,6 @@
 // The contour window, driven by the names of its controls.
 
-#include "platform/qt/contour_window.h"
+#include "platform/qt/windows/contour_window.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -13,7 +13,7 @@
 #include <QTimer>
 
 #include "app/commands.h"
-#include "plot/contour.h"
+#include "plot/plots/contour.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;

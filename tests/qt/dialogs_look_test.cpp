@@ -4,12 +4,12 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include "platform/qt/edit_data_window.h"
-#include "platform/qt/factor_window.h"
-#include "platform/qt/foli_line_window.h"
-#include "platform/qt/ged_editor_window.h"
-#include "platform/qt/marks.h"
-#include "platform/qt/opar_window.h"
+#include "platform/qt/parts/marks.h"
+#include "platform/qt/windows/edit_data_window.h"
+#include "platform/qt/windows/factor_window.h"
+#include "platform/qt/windows/foli_line_window.h"
+#include "platform/qt/windows/ged_editor_window.h"
+#include "platform/qt/windows/opar_window.h"
 #include "tests/qt/test_window.h"
 
 namespace velorix {

@@ -11,8 +11,8 @@
 #include <csignal>
 #endif
 
-#include "app/edit_grid.h"
-#include "app/open_flow.h"
+#include "app/edit/edit_grid.h"
+#include "app/files/open_flow.h"
 #include "datafiles/ged_file.h"
 #include "tests/qt/on_modal.h"
 

@@ -8,16 +8,16 @@
 #include <QTimer>
 #include <QTreeView>
 
-#include "app/export_grid.h"
-#include "app/ged_editor.h"
-#include "app/graphics_page.h"
-#include "app/open_flow.h"
-#include "app/orientation_editor.h"
-#include "app/save.h"
+#include "app/edit/ged_editor.h"
+#include "app/edit/orientation_editor.h"
+#include "app/files/export_grid.h"
+#include "app/files/graphics_page.h"
+#include "app/files/open_flow.h"
+#include "app/files/save.h"
 #include "datafiles/ged_file.h"
-#include "platform/qt/page_output.h"
-#include "platform/qt/qt_dialogs.h"
-#include "platform/qt/widgets.h"
+#include "platform/qt/output/page_output.h"
+#include "platform/qt/parts/qt_dialogs.h"
+#include "platform/qt/parts/widgets.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;

@@ -4,7 +4,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
-#include "platform/qt/foli_line_window.h"
+#include "platform/qt/windows/foli_line_window.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;

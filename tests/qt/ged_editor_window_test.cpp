@@ -4,7 +4,7 @@
 #include <QPushButton>
 
 #include "datafiles/ged_file.h"
-#include "platform/qt/ged_editor_window.h"
+#include "platform/qt/windows/ged_editor_window.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;

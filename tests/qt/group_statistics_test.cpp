@@ -4,7 +4,7 @@
 #include <QClipboard>
 #include <QLabel>
 
-#include "platform/qt/group_statistics_window.h"
+#include "platform/qt/windows/group_statistics_window.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;

@@ -11,8 +11,8 @@
 #include <QUrl>
 #include <limits>
 
-#include "platform/qt/busy_cursor.h"
-#include "platform/qt/picture_widget.h"
+#include "platform/qt/parts/busy_cursor.h"
+#include "platform/qt/plots/picture_widget.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;

@@ -8,7 +8,7 @@
 #include <QScreen>
 
 #include "app/commands.h"
-#include "platform/qt/theme.h"
+#include "platform/qt/parts/theme.h"
 #include "stats/contour_grid.h"
 #include "tests/qt/on_modal.h"
 #include "tests/qt/test_window.h"

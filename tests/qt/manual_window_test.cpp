@@ -1,6 +1,6 @@
 // The manual's window on the real pages, and on some of its own.
 
-#include "platform/qt/manual_window.h"
+#include "platform/qt/windows/manual_window.h"
 
 #include <QDesktopServices>
 #include <QImage>
@@ -10,7 +10,7 @@
 #include <QTextBlock>
 #include <memory>
 
-#include "platform/qt/own_paths.h"
+#include "platform/qt/parts/own_paths.h"
 #include "tests/qt/on_modal.h"
 
 using namespace velorix;

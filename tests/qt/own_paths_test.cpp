@@ -4,7 +4,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "platform/qt/own_paths.h"
+#include "platform/qt/parts/own_paths.h"
 
 using namespace velorix;
 

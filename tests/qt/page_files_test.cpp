@@ -5,11 +5,11 @@
 #include <QPrinter>
 #include <QSvgRenderer>
 
-#include "app/graphics_page.h"
-#include "platform/qt/gif_file.h"
-#include "platform/qt/page_output.h"
-#include "platform/qt/picture_bytes.h"
-#include "plot/recorder.h"
+#include "app/files/graphics_page.h"
+#include "platform/painting/gif_file.h"
+#include "platform/painting/picture_bytes.h"
+#include "platform/qt/output/page_output.h"
+#include "plot/drawing/recorder.h"
 #include "tests/qt/painted.h"
 #include "tests/qt/test_window.h"
 

@@ -3,7 +3,7 @@
 #include <QImage>
 #include <QPainter>
 
-#include "platform/qt/painter_target.h"
+#include "platform/painting/painter_target.h"
 
 namespace velorix {
 

@@ -3,7 +3,7 @@
 #include <QTest>
 #include <cmath>
 
-#include "platform/host/picture_file.h"
+#include "platform/painting/picture_file.h"
 #include "tests/qt/painted.h"
 
 using namespace velorix;

@@ -1,8 +1,8 @@
 #include <QTest>
 
-#include "platform/qt/picture_widget.h"
-#include "plot/drawing.h"
-#include "plot/symbols.h"
+#include "platform/qt/plots/picture_widget.h"
+#include "plot/drawing/drawing.h"
+#include "plot/drawing/symbols.h"
 #include "tests/qt/painted.h"
 
 using namespace velorix;

@@ -2,9 +2,9 @@
 
 #include <random>
 
-#include "platform/qt/picture_widget.h"
-#include "plot/drawing.h"
-#include "plot/symbols.h"
+#include "platform/qt/plots/picture_widget.h"
+#include "plot/drawing/drawing.h"
+#include "plot/drawing/symbols.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;

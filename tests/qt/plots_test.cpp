@@ -5,8 +5,8 @@
 #include <QHeaderView>
 #include <QLabel>
 
-#include "platform/qt/data_table_window.h"
-#include "platform/qt/picture_widget.h"
+#include "platform/qt/plots/picture_widget.h"
+#include "platform/qt/windows/data_table_window.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;

@@ -19,7 +19,7 @@
 #include <QToolButton>
 
 #include "app/commands.h"
-#include "platform/qt/qt_dialogs.h"
+#include "platform/qt/parts/qt_dialogs.h"
 #include "tests/qt/on_modal.h"
 #include "tests/qt/test_window.h"
 

@@ -9,8 +9,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "app/display.h"
-#include "platform/qt/velorix_window.h"
+#include "app/display/display.h"
+#include "platform/qt/windows/velorix_window.h"
 #include "stats/gauss_random.h"
 #include "tests/app/script.h"
 

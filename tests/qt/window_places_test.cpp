@@ -3,7 +3,7 @@
 #include <QScrollBar>
 #include <QToolButton>
 
-#include "platform/qt/data_table_window.h"
+#include "platform/qt/windows/data_table_window.h"
 #include "stats/group_statistics.h"
 #include "tests/qt/test_window.h"
 

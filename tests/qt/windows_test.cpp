@@ -4,9 +4,9 @@
 #include <QPushButton>
 #include <QScreen>
 
-#include "platform/qt/about_window.h"
-#include "platform/qt/picture_widget.h"
+#include "platform/qt/plots/picture_widget.h"
 #include "platform/qt/start_up.h"
+#include "platform/qt/windows/about_window.h"
 #include "tests/qt/on_modal.h"
 
 using namespace velorix;

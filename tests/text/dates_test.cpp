@@ -5,8 +5,8 @@
 #include <cmath>
 
 #include "base/fault.h"
+#include "base/timer.h"
 #include "text/line_through.h"
-#include "text/timer.h"
 
 namespace velorix {
 namespace {

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+
+#include "app/state/velorix.h"
+
+namespace velorix {
+
+// What the controls of the contour window do.
+
+/// The data of one of the `ContourDisplays`: of each record in use at the coordinate level in view,
+/// in or out of phase, a principal direction (1 to 3), the pole of its first foliation of the code
+/// (4) or its first lineation of the code (5). Directions that are not finite are left out.
+ContourData BuildContourData(const Session& session, std::int16_t option,
+                             const std::string& foliCode, const std::string& lineCode);
+
+/// Puts the data in view in the picture, which then waits for a count.
+void ShowContourData(Velorix& velorix);
+/// Puts the data in view in the picture and keeps the count, whatever it is of.
+void RebuildContourData(Velorix& velorix);
+
+/// `optDisplay`: chooses what is counted and shows its data.
+void ChooseContourDisplay(Velorix& velorix, int index);
+
+/// `cmdCount`: counts the data in view. True when the picture has a new count; without data, when
+/// `progress` answers no, and when the smoothing is too great for 32-bit densities, which the user
+/// is told, everything stays as it was.
+bool CountContour(Velorix& velorix, const CountProgress& progress);
+
+/// Draws the picture as its controls say.
+void DrawContourPicture(Velorix& velorix, Target& target);
+
+/// `cmdGrevaExport`: writes "declination/inclination" of Kmax, whole degrees, a line for each
+/// record in use at the coordinate level in view, to "examples/grevadata.txt" in the program's
+/// folder. The user is told where it is, or why it isn't.
+void GrevaExport(Velorix& velorix);
+
+/// Texts of the window. `lblContour`: what the picture shows.
+std::string ContourCaption(const Velorix& velorix);
+/// What the count is of, "Counted for a.ams, geographic, N = 21; press Count", where that differs
+/// from what is in view by its file, its system or its data; else empty.
+std::string ContourStaleText(const ContourSession& contour);
+/// `lblLevels`: each level behind a blank; empty until counted.
+std::string ContourLevelsText(const ContourSession& contour);
+/// Maximum and minimum and where the maximum lies; empty until counted.
+std::string ContourMaximumText(const Velorix& velorix);
+/// The time of the count.
+std::string ContourTimeText(const ContourSession& contour);
+/// Direction and density of the node at a place of the picture; empty outside the circle, the
+/// direction alone until counted.
+std::string ContourCursorText(const Velorix& velorix, double x, double y);
+
+}  // namespace velorix

@@ -1,0 +1,196 @@
+#include "app/display/display.h"
+
+#include <array>
+
+#include "app/display/contour.h"
+#include "tensor/derivation.h"
+#include "text/numbers.h"
+#include "text/paths.h"
+
+namespace velorix {
+namespace {
+
+void ShowSelectedCodes(Velorix& velorix) {
+  velorix.Stereo.lstFoli = velorix.Lists.lstFoli.SelectedCodes();
+  velorix.Stereo.lstLine = velorix.Lists.lstLine.SelectedCodes();
+}
+
+/// The codes in use are those that the lists show; a list that shows nothing gives an empty code.
+void TakeShownCodes(Velorix& velorix) {
+  velorix.Session.FoliCode = velorix.Lists.odclFoli.Text();
+  velorix.Session.LineCode = velorix.Lists.odclLine.Text();
+}
+
+/// Factors and rotation of the records in view. A fault comes with the number of its record.
+void DeriveView(Session& session) {
+  const View view = ViewOf(session);
+  int number = 0;
+  try {
+    for (SpecimenRecord& record : session.Records) {
+      if (!record.HasCoor[session.CoorSys] || !record.Active) continue;
+      number = record.RecordNo;
+      DeriveFactors(record, session.Settings.FacIndex, session.ReImMode);
+      RotateRecord(record, view);
+    }
+  } catch (const Fault& fault) {
+    throw Fault(fault.Number, "Record " + PlainText(number) + ": " + fault.what(), fault.Source);
+  }
+}
+
+/// The group statistics of the records in view. A geologist hears what may be the cause.
+void ComputeGroup(Velorix& velorix) {
+  const Session& session = velorix.Session;
+  try {
+    GroupStatistics(session.Records, session.CoorSys, session.ReImMode, session.Settings.FacIndex,
+                    velorix.GaussTable, velorix.GroupStats);
+  } catch (const Fault& fault) {
+    throw StatisticsFault(
+        fault.Number, std::string("Group statistics incomplete: specimens too much alike, or mean "
+                                  "principal values equal (") +
+                          fault.what() + ")");
+  }
+}
+
+}  // namespace
+
+void DisplayData(Velorix& velorix, bool resetLists) {
+  Session& session = velorix.Session;
+  if (resetLists) ResetCodes(velorix.Lists);
+  for (const SpecimenRecord& record : session.Records) {
+    ListAddCodes(velorix.Lists, record, FromData);
+    ComboAddCodes(velorix.Lists, record, FromData, session.FoliCode, session.LineCode);
+  }
+  TakeShownCodes(velorix);
+  ShowSelectedCodes(velorix);
+  velorix.Views.ShowCodeLists();
+
+  // A record that fails here ends the display before its statistics: then no mean is shown, rather
+  // than that of the records shown before.
+  velorix.GroupStats.GroupN = 0;
+  DeriveView(session);
+  ComputeGroup(velorix);
+  RefreshViews(velorix);
+}
+
+void RefreshViews(Velorix& velorix) {
+  velorix.Views.ShowChoices();
+  velorix.Views.FillGrid();
+  velorix.Views.FillDataTable();
+  velorix.Views.RefreshGroupStatistics();
+  if (velorix.Windows.Contour) RebuildContourData(velorix);
+  AnisoView_DisplayAllPlots(velorix);
+}
+
+void AnisoView_DisplayAllPlots(Velorix& velorix) {
+  velorix.Views.RedrawStereo();
+  velorix.Views.RedrawHisto();
+  // Both plots take the switch of the first one: the second has its own only from a change of one
+  // of its controls to the next display. This is wanted.
+  for (const int plot : {1, 2}) {
+    velorix.XYLines[plot] = velorix.XYPlot[1].lines;
+    velorix.Views.RedrawXYPlot(plot);
+  }
+}
+
+void RotateAndRefresh(Velorix& velorix) {
+  const View view = ViewOf(velorix.Session);
+  for (SpecimenRecord& record : velorix.Session.Records)
+    if (record.HasCoor[velorix.Session.CoorSys]) RotateRecord(record, view);
+  RefreshViews(velorix);
+}
+
+void ChooseCoorSys(Velorix& velorix, int index) {
+  velorix.Session.CoorSys = static_cast<std::int16_t>(index + 1);
+  RotateAndRefresh(velorix);
+}
+
+void ChooseTectoPlane(Velorix& velorix, int index) {
+  velorix.Session.TectoPlane = static_cast<std::int16_t>(index + 1);
+  RotateAndRefresh(velorix);
+}
+
+void ChooseTectoAxis(Velorix& velorix, int index) {
+  velorix.Session.TectoNorthSouth = index % 2 == 1;
+  velorix.Session.TectoEastWest = index >= 2;
+  RotateAndRefresh(velorix);
+}
+
+void ChooseFoliation(Velorix& velorix, int index) {
+  velorix.Lists.odclFoli.ListIndex = index;
+  TakeShownCodes(velorix);
+  RotateAndRefresh(velorix);
+}
+
+void ChooseLineation(Velorix& velorix, int index) {
+  velorix.Lists.odclLine.ListIndex = index;
+  TakeShownCodes(velorix);
+  RotateAndRefresh(velorix);
+}
+
+void ShowFoliation(Velorix& velorix, int index, bool shown) {
+  velorix.Lists.lstFoli.Entries[static_cast<std::size_t>(index)].Selected = shown;
+  ShowSelectedCodes(velorix);
+  velorix.Views.RedrawStereo();
+}
+
+void ShowLineation(Velorix& velorix, int index, bool shown) {
+  velorix.Lists.lstLine.Entries[static_cast<std::size_t>(index)].Selected = shown;
+  ShowSelectedCodes(velorix);
+  velorix.Views.RedrawStereo();
+}
+
+void ChangeXYPlot(Velorix& velorix, int plot, const XYPlotOptions& options) {
+  velorix.XYPlot[plot] = options;
+  velorix.XYLines[plot] = options.lines;
+  velorix.Views.RedrawXYPlot(plot);
+}
+
+void ChooseHisto(Velorix& velorix, int parameter) {
+  velorix.HistoParameter = parameter;
+  velorix.Views.RedrawHisto();
+}
+
+XYPlotOptions ShownXYPlot(const Velorix& velorix, int plot) {
+  XYPlotOptions options = velorix.XYPlot[plot];
+  options.lines = velorix.XYLines[plot];
+  return options;
+}
+
+void ChooseFirstPlots(Velorix& velorix) {
+  constexpr int P = 4, T = 31;       // of the catalogue
+  constexpr int FirstParameter = 4;  // that is a factor
+  const auto parameterOf = [&](int factor, int slotWithoutIt) {
+    for (int slot = 1; slot <= 8; ++slot)
+      if (velorix.Session.Settings.FacIndex[slot] == factor) return FirstParameter + slot - 1;
+    return FirstParameter + slotWithoutIt - 1;
+  };
+  const int degree = parameterOf(P, 3), shape = parameterOf(T, 5);
+  velorix.XYPlot[1].x = KmeanParameter;
+  velorix.XYPlot[1].y = velorix.XYPlot[2].x = degree;
+  velorix.XYPlot[2].y = shape;
+  for (const int plot : {1, 2}) velorix.XYPlot[plot].colour = KmeanParameter;
+}
+
+void SelectRecords(Velorix& velorix, const std::vector<int>& ids) {
+  RecordArray& records = velorix.Session.Records;
+  ClearSelection(records);
+  for (int id : ids)  // record numbers are the records' indices
+    if (id >= 1 && id <= records.Count()) records[id].Selected = true;
+  velorix.Views.ShowSelection();
+  AnisoView_DisplayAllPlots(velorix);
+}
+
+int TectoAxisIndex(const Session& session) {
+  return (session.TectoEastWest ? 2 : 0) + (session.TectoNorthSouth ? 1 : 0);
+}
+
+void DisplayFormCaption(Velorix& velorix) {
+  const Session& session = velorix.Session;
+  std::string caption = ProgramTitle;
+  if (!session.CurrentFile.empty())
+    caption += " - [" + CompactPath(session.CurrentFile, velorix.Views.CaptionRoom()) +
+               "]     (N = " + std::to_string(session.RecordCount()) + ")";
+  velorix.Views.SetCaption(caption);
+}
+
+}  // namespace velorix

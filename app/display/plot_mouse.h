@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+
+#include "app/state/velorix.h"
+#include "plot/drawing/target.h"
+
+namespace velorix {
+
+// The mouse on the plots. Places are in the units of the picture's plane.
+
+/// A box by two opposite corners in any order.
+struct MouseBox {
+  float x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+};
+
+/// The keys that are held down, added together.
+enum MouseKeys : int { NoKeys = 0, ShiftKey = 1, CtrlKey = 2, AltKey = 4 };
+
+/// "Dec = " and "Inc = " at a place of the stereonet, both empty outside the primitive circle.
+struct StereoReadOut {
+  std::string dec, inc;
+};
+StereoReadOut ReadStereo(double x, double y);
+
+/// Both axes at a place of XY plot 1 or 2, empty where nothing is drawn or outside the frame.
+std::string ReadXYPlot(const Velorix& velorix, int plot, double x, double y);
+
+/// Selects the records one of whose directions lies in the box on the stereonet, and no others: of
+/// the axes that are shown, without a key; with Ctrl, Alt or Shift only Kmax, Kint or Kmin. Nothing
+/// happens while the directions are not shown.
+void SelectInStereo(Velorix& velorix, MouseBox box, int keys);
+
+/// Selects the records whose symbol lies in the box on the plot of a position slot, 1 to 4, and no
+/// others.
+void SelectInPlot(Velorix& velorix, int slot, MouseBox box);
+
+/// The box that is being drawn with the mouse.
+void DrawRubberBand(Target& target, const MouseBox& box);
+/// Lines through the mouse across the whole plot.
+void DrawMeasuringCross(Target& target, double x, double y);
+
+}  // namespace velorix

@@ -1,0 +1,27 @@
+#include "app/edit/factor_choice.h"
+
+#include "base/rounding.h"
+#include "datafiles/settings_file.h"
+#include "tensor/aniso_factor.h"
+
+namespace velorix {
+
+FactorRows FactorRowsOf(const Settings& settings) {
+  FactorRows rows;
+  for (int i = 1; i <= 8; ++i) {
+    const int index = settings.FacIndex[i];
+    rows[i] = {settings.FacName[i], FactorText(index).empty() ? -1 : index - 1};
+  }
+  return rows;
+}
+
+void ChangeFactors(Velorix& velorix, const FactorRows& rows) {
+  Session& session = velorix.Session;
+  for (int i = 1; i <= 8; ++i) {
+    session.Settings.FacName[i] = rows[i].Name;
+    session.Settings.FacIndex[i] = ToShort(rows[i].Position + 1);  // no selection: 0, the mean
+  }
+  SettingsWrite(session.Settings, session.SettingsFile);
+}
+
+}  // namespace velorix

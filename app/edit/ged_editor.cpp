@@ -1,0 +1,208 @@
+#include "app/edit/ged_editor.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "app/files/geo_files.h"
+#include "datafiles/ged_file.h"
+#include "datafiles/text_file.h"
+#include "text/numbers.h"
+#include "text/paths.h"
+#include "text/upper_case.h"
+
+namespace velorix {
+namespace {
+
+constexpr char Title[] = "Geological file editor";
+constexpr char SaveTitle[] = "Save geological file";
+constexpr char Filter[] = "GED-file(s) (*.ged)|*.ged";
+constexpr int MaxFileSize = 32767;
+
+// clang-format off
+constexpr GedColumn Columns[GedColumnCount] = {
+    // caption, is a number, highest, characters typed (a text: what the file has room for)
+    {"Sample name", false,   0, 12},
+    {"Orientation", true,  360, 16},
+    {"Inc",         true,   90, 16},
+    {"Foliation1",  false,   0,  1},
+    {"Azimuth",     true,  360, 16},
+    {"Dip",         true,  180, 16},  // twice the limit of a plunge: wanted
+    {"Lineation1",  false,   0,  1},
+    {"Trend",       true,  360, 16},
+    {"Plunge",      true,   90, 16},
+    {"Foliation2",  false,   0,  1},
+    {"Azimuth",     true,  360, 16},
+    {"Dip",         true,  180, 16},
+    {"Lineation2",  false,   0,  1},
+    {"Trend",       true,  360, 16},
+    {"Plunge",      true,   90, 16},
+};
+// clang-format on
+
+/// Calls `visit(column, field)` for the field of each column; it is a std::string or a float.
+template <class Record, class Visit>
+void ForEachCell(Record& r, Visit visit) {
+  int column = 0;
+  visit(column++, r.Name);
+  visit(column++, r.OrientAz);
+  visit(column++, r.OrientInc);
+  for (int s = 1; s <= 2; ++s) {
+    visit(column++, r.FoliName[s]);
+    visit(column++, r.FoliAz[s]);
+    visit(column++, r.FoliDip[s]);
+    visit(column++, r.LineName[s]);
+    visit(column++, r.LineTrend[s]);
+    visit(column++, r.LinePlunge[s]);
+  }
+}
+
+std::string TextOf(const std::string& text) { return text; }
+std::string TextOf(float value) { return PlainText(value); }
+
+void Take(const std::string& text, std::string& field) { field = StripBlanks(text); }
+void Take(const std::string& text, float& field) { field = SingleOf(text); }
+
+GedRow RowOf(const SpecimenRecord& record) {
+  GedRow row;
+  ForEachCell(record, [&row](int column, const auto& field) {
+    row.Cells[static_cast<std::size_t>(column)] = TextOf(field);
+  });
+  return row;
+}
+
+GedSite SiteOf(const SpecimenRecord& r) {
+  return {r.Site, PlainText(r.Lon), PlainText(r.Lat), r.Rock, r.Strat, r.Litho, r.Regio, r.OP};
+}
+
+SpecimenRecord RecordOf(const GedRow& row, const GedSite& site) {
+  SpecimenRecord r;
+  ForEachCell(r, [&row](int column, auto& field) {
+    Take(row.Cells[static_cast<std::size_t>(column)], field);
+  });
+  Take(site.Site, r.Site);
+  Take(site.Lon, r.Lon);
+  Take(site.Lat, r.Lat);
+  Take(site.Rock, r.Rock);
+  Take(site.Strat, r.Strat);
+  Take(site.Litho, r.Litho);
+  Take(site.Regio, r.Regio);
+  r.OP = site.OP;
+  return r;
+}
+
+bool IsToBeSaved(const GedRow& row) {
+  return !row.TakenOut &&
+         std::any_of(row.Cells.begin(), row.Cells.end(),
+                     [](const std::string& cell) { return !StripBlanks(cell).empty(); });
+}
+
+bool Exists(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::exists(PathOf(path), error);
+}
+
+/// The files that the user chose, all of which exist; none on cancel.
+FileList AskForFiles(Velorix& velorix) {
+  FileQuestion question;
+  question.Title = "Open GED file(s)";
+  question.Filter = Filter;
+  question.Folder = velorix.Session.DataFolder;
+  question.Multi = true;
+  question.MaxFileSize = MaxFileSize;
+  for (;;) {
+    const auto answer = velorix.Dialogs.ShowOpen(question);
+    if (!answer) return {};
+    FileList list = SplitFileList(answer->Filename);
+    const auto missing = std::find_if(
+        list.Names.begin(), list.Names.end(),
+        [&list](const std::string& name) { return !Exists(JoinPath(list.Folder, name)); });
+    if (missing == list.Names.end()) return list;
+    velorix.Dialogs.Ask(question.Title, *missing + "\nThis file does not exist.\nCreate new file?",
+                        {"&Retry"});
+    question.Again = answer;
+  }
+}
+
+/// The rows as records. "Overflow" when they are too many or a coordinate is too great.
+RecordArray RecordsOf(const GedSheet& sheet) {
+  RecordArray records;
+  for (const GedRow& row : sheet.Rows)
+    if (IsToBeSaved(row)) records.Add(RecordOf(row, sheet.Site));
+  return records;
+}
+
+}  // namespace
+
+const GedColumn& GedColumnAt(int column) {
+  if (column < 0 || column >= GedColumnCount) FailSubscript();
+  return Columns[column];
+}
+
+GedSheet NewGedSheet(const Settings& settings) {
+  GedSheet sheet;
+  sheet.Site.OP = settings.P;
+  return sheet;
+}
+
+std::optional<std::string> AcceptedGedText(int column, const std::string& text) {
+  const GedColumn& rule = GedColumnAt(column);
+  const std::string stripped(StripBlanks(text));
+  if (!rule.IsNumber || stripped.empty()) return stripped;
+  const double value = NumberOf(stripped);
+  if (value < 0 || value > rule.Highest) return std::nullopt;
+  return PlainText(static_cast<float>(value));
+}
+
+void RefuseGedCell(Velorix& velorix) {
+  velorix.Dialogs.Ask("Edit aniso", "Input out of limits!", {"OK"});
+}
+
+bool OpenGedFiles(Velorix& velorix, GedSheet& sheet) {
+  const FileList list = AskForFiles(velorix);
+  if (list.Names.empty()) return false;
+  if (!ReadGeoFiles(velorix, list)) return false;
+  const RecordArray& records = velorix.Session.GeoRecords;
+  GedSheet read;
+  read.Site = SiteOf(records[1]);
+  for (const SpecimenRecord& record : records) read.Rows.push_back(RowOf(record));
+  const bool one = list.Names.size() == 1;
+  read.Path = one ? velorix.Session.GeoFile : list.Folder + "\\MULTIPLE FILES";
+  if (one) read.Base = BaseName(list.FirstName);
+  read.ReadCount = records.Count();
+  sheet = std::move(read);
+  return true;
+}
+
+bool SaveGedFile(Velorix& velorix, const GedSheet& sheet) {
+  RecordArray records = RecordsOf(sheet);
+  if (records.Empty()) {
+    velorix.Dialogs.Ask(SaveTitle, "There is no sample to save.", {"&OK"});
+    return false;
+  }
+  FileQuestion question;
+  question.Title = SaveTitle;
+  question.Filter = Filter;
+  question.Folder = velorix.Session.DataFolder;
+  question.DefaultName = sheet.Base;
+  for (;;) {
+    const auto answer = velorix.Dialogs.ShowSave(question);
+    if (!answer) return false;
+    question.Again = answer;
+    if (Exists(answer->Filename) &&
+        velorix.Dialogs.Ask(UpperCase(SaveTitle), "Overwrite existing file?", {"&Yes", "&No"}, 1) !=
+            0)
+      continue;
+    if (!WriteGedFile(answer->Filename, records)) return false;
+    velorix.Session.GeoRecords = std::move(records);
+    velorix.Session.GeoFile = answer->Filename;
+    return true;
+  }
+}
+
+std::string GedCaption(const GedSheet& sheet, int room) {
+  if (sheet.Path.empty()) return Title;
+  return std::string(Title) + " - [" + CompactPath(sheet.Path, room) +
+         "] (N = " + std::to_string(sheet.ReadCount) + ")";
+}
+
+}  // namespace velorix

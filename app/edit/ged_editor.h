@@ -1,0 +1,67 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/state/velorix.h"
+
+namespace velorix {
+
+// The editor of geological files: a sheet of texts that is filled from files and saved into one.
+
+/// A column of the grid, counted from 0. Numbers are from 0 to `Highest`, both included.
+struct GedColumn {
+  const char* Caption;
+  bool IsNumber;
+  double Highest;
+  int Characters;  // that may be typed
+};
+inline constexpr int GedColumnCount = 15;
+const GedColumn& GedColumnAt(int column);
+
+/// One sample, the text of each cell.
+struct GedRow {
+  std::array<std::string, GedColumnCount> Cells;
+  bool TakenOut = false;  // not in view and not saved
+};
+
+/// What the head of a file says of all samples.
+struct GedSite {
+  std::string Site, Lon, Lat, Rock, Strat, Litho, Regio;
+  Array1<std::int16_t, 4> OP;
+};
+
+/// What the window shows.
+struct GedSheet {
+  GedSite Site;
+  std::vector<GedRow> Rows;
+  std::string Path;  // that the caption names; empty for a new file
+  std::string Base;  // name proposed when saving
+  int ReadCount = 0;
+};
+
+/// An empty sheet with the orientation parameters of the settings.
+GedSheet NewGedSheet(const Settings& settings);
+
+/// The text that a cell has after `text` was typed into it: for a number its plain form, or empty
+/// for blanks. Nothing when the number is outside the column's limits.
+std::optional<std::string> AcceptedGedText(int column, const std::string& text);
+/// Tells that a number was outside the limits.
+void RefuseGedCell(Velorix& velorix);
+
+/// Asks for files, reads them all and fills the sheet: the site from the first sample, a row for
+/// each sample. The session's geological records are those of the sheet then. False, with the sheet
+/// and the session as they were, on cancel or when a file can't be read.
+bool OpenGedFiles(Velorix& velorix, GedSheet& sheet);
+
+/// Asks for a name and writes the rows that are not taken out there, rows without any text left
+/// out; they become the session's geological records. False when nothing was written.
+bool SaveGedFile(Velorix& velorix, const GedSheet& sheet);
+
+/// The window's caption; a path has `room` characters.
+std::string GedCaption(const GedSheet& sheet, int room);
+
+}  // namespace velorix

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/edit/assign_ged.h"
+#include "app/edit/edit_grid.h"
+#include "app/state/velorix.h"
+
+namespace velorix {
+
+// What the window of the orientation editor does. It works on texts; the store changes by "SAVE".
+
+/// The editor while its window is open.
+struct OrientationEditor {
+  EditGrid Grid;     // the rows of the store
+  EditGrid Samples;  // the rows of the geological file that was opened last
+  bool ShowsSamples = false;
+  std::vector<char> Matched;  // rows that "AssignGED" matched, empty after the next change
+  std::string Line;           // what there is to say under the grid
+
+  const EditGrid& Shown() const { return ShowsSamples ? Samples : Grid; }
+};
+
+/// The store's contents go into the grid. A geological file that is open, as the editor of such
+/// files read or saved it last, is there for "AssignGED".
+void LoadEditor(OrientationEditor& editor, Velorix& velorix);
+
+/// "OpenGED": empties `GeoRecords`, asks for geological files with the file dialog for "New",
+/// "Open" or "Save", reads them there, lists the names in a box and shows the samples. They are
+/// shown to be looked at: the rows of the store wait with all that was typed, also after a failed
+/// read.
+void OpenGed(OrientationEditor& editor, Velorix& velorix, const std::string& action);
+/// "AssignGED" from `GeoRecords`, which shows the store's rows again.
+void AssignGed(OrientationEditor& editor, Velorix& velorix);
+/// "Write": the grid shows the store again. Wanted, despite the caption: what was typed is
+/// discarded. It can be undone.
+void WriteGrid(OrientationEditor& editor, Velorix& velorix);
+/// "SAVE": commits the grid, fills the lists of codes again (`RefillCodes`), and writes the open
+/// file when it is of a kind that can be written, with the extension in lower case. While samples
+/// are shown it commits the rows of the store that wait behind them. False when the writer refused,
+/// with its message shown, and a fault when the disk did; the records in memory are changed then.
+/// An overflow changes nothing.
+bool SaveGrid(OrientationEditor& editor, Velorix& velorix);
+
+/// Changes of the user: typing, and pasting a block. Nothing happens while samples are shown.
+void EditCells(OrientationEditor& editor, std::vector<CellText> texts);
+void PasteCells(OrientationEditor& editor, std::string_view lines, const CellBlock& block);
+/// The last change back, and again. While samples are shown the first leads back to the store's
+/// rows.
+void UndoEdit(OrientationEditor& editor);
+void RedoEdit(OrientationEditor& editor);
+
+}  // namespace velorix

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "app/state/velorix.h"
+
+namespace velorix {
+
+// The orientation parameters P1 to P4, `parameter` from 1: how a specimen was marked in the field
+// and how the instrument's system relates to the geographic one.
+
+/// The values on offer for a parameter: positions on a clock face, or angles in degrees.
+std::span<const std::int16_t> OrientationValues(int parameter);
+/// What the parameter says.
+std::string OrientationMeaning(int parameter);
+/// What one of its values says; empty for a value that is not on offer.
+std::string OrientationValueMeaning(int parameter, std::int16_t value);
+
+/// What the user chose.
+struct OrientationChoice {
+  Array1<std::int16_t, 4> P;
+  bool DemagFac = true;
+};
+
+/// Takes the choice into the settings and writes them. Records keep the parameters that they were
+/// read with, so other ones close the open file, of which the user is told, and forget the
+/// geological file. A file that can't be written is a fault; the session has the choice then.
+void ChangeOrientationParameters(Velorix& velorix, const OrientationChoice& choice);
+
+}  // namespace velorix

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "app/files/open_flow.h"
+
+namespace velorix {
+
+/// Reads all geological files of a dialog's answer in place of the session's geological records.
+/// False, with the session as it was and the reader's box shown, when one of them is refused.
+bool ReadGeoFiles(Velorix& velorix, const FileList& list);
+
+/// Forgets the session's geological records and their file.
+void ForgetGeoFile(Session& session);
+
+}  // namespace velorix

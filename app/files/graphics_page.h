@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+
+#include "app/state/velorix.h"
+
+namespace velorix {
+
+// The page: the plots of the main window at fixed places, the same whatever the window looks like.
+
+/// The page's logical plane; what is drawn on it with the scale `s` is s times as large.
+inline constexpr PlaneSize GraphicsPage = {900, 800};
+
+/// Its units an inch.
+inline constexpr int PageUnitsPerInch = 100;
+
+/// The scale of pictures of pixels. They are 1280 pixels high and hold the whole width of the page.
+inline constexpr double BitmapScale = 1.6;
+
+/// Draws the plots that `velorix.Page` chooses. The places in `PlotX` and `PlotY` stay as the
+/// screen has them.
+void DrawGraphicsPage(const Velorix& velorix, Target& target, double s);
+
+/// The page as a metafile, with the header that makes it a file.
+std::string GraphicsMetafile(const Velorix& velorix);
+
+/// Asks for a file and writes the page there.
+void SaveGraphics(Velorix& velorix);
+
+/// Writes the page: as a metafile, which fails in silence, or as a picture of the type that the
+/// extension tells, of whose failure the user is told. True on success. The old file stays when it
+/// fails.
+bool ExportGraphics(Velorix& velorix, const std::string& path, bool asBitmap);
+
+/// Writes what `picture` draws on the page as a picture of the type that the path's extension
+/// tells: png, gif, jpg, jpeg, tif, tiff or bmp with the scale of pixels, svg or pdf with scale 1.
+/// Another extension, or none, is refused.
+Outcome SaveBitmapAs(const Host& host, const std::function<void(Target&, double s)>& picture,
+                     const std::string& path);
+
+/// Puts the page on the clipboard, as vectors.
+void CopyGraphics(Velorix& velorix);
+
+/// Prints the page.
+void PrintGraphics(Velorix& velorix);
+
+}  // namespace velorix

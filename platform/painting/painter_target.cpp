@@ -1,0 +1,314 @@
+#include "platform/painting/painter_target.h"
+
+#include <QFontMetricsF>
+#include <QPaintDevice>
+#include <QPolygonF>
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace velorix {
+
+namespace {
+
+// The height of a character cell of Arial, and of Liberation Sans, in units of its em square.
+constexpr double CellPerEm = 1.117;
+
+constexpr double LargestStamp = 64;           // device pixels; a greater shape is drawn,
+constexpr double LargestStampPen = 16;        // and one under a wider pen
+constexpr std::size_t MostStamps = 1u << 12;  // more colours than that would only fill memory
+
+QColor ToQColor(Colour colour) {
+  return QColor(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
+                static_cast<int>(colour >> 16 & 0xFF));
+}
+
+Qt::PenStyle ToQPenStyle(std::int16_t style) {
+  switch (style) {
+    case Dashed:
+      return Qt::DashLine;
+    case Dotted:
+      return Qt::DotLine;
+    case DashDot:
+      return Qt::DashDotLine;
+    case DashDotDot:
+      return Qt::DashDotDotLine;
+    case NoLine:
+      return Qt::NoPen;
+    default:
+      return Qt::SolidLine;
+  }
+}
+
+/// The part of a transparent image that was drawn on: an empty margin costs time at each stamping.
+QRect Inked(const QImage& image) {
+  QRect inked;
+  for (int y = 0; y < image.height(); ++y) {
+    const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+    for (int x = 0; x < image.width(); ++x)
+      if (qAlpha(line[x]) != 0) inked |= QRect(x, y, 1, 1);
+  }
+  return inked.isEmpty() ? QRect(0, 0, 1, 1) : inked;
+}
+
+/// Whether a line goes on in its direction at `b`; curves of whole units do so at most points, and
+/// each corner costs time.
+bool GoesStraightOn(LogicalPoint a, LogicalPoint b, LogicalPoint c) {
+  const std::int64_t ux = std::int64_t{b.x} - a.x, uy = std::int64_t{b.y} - a.y;
+  const std::int64_t vx = std::int64_t{c.x} - b.x, vy = std::int64_t{c.y} - b.y;
+  constexpr std::int64_t Far = 1 << 20;  // beyond, the products could overflow
+  if (std::max({std::abs(ux), std::abs(uy), std::abs(vx), std::abs(vy)}) > Far) return false;
+  return ux * vy == uy * vx && ux * vx + uy * vy > 0;
+}
+
+/// A line in pieces that share their ends: the painter's time grows with the square of a path that
+/// crosses itself. Pieces outside the clip cost nothing. Dashes would begin anew, so they stay
+/// whole.
+void DrawInPieces(QPainter& painter, const QPolygonF& line) {
+  constexpr qsizetype Piece = 4;
+  const qsizetype step = painter.pen().style() == Qt::SolidLine ? Piece : line.size();
+  const QRegion clip = painter.hasClipping() ? painter.clipRegion() : QRegion();
+  const double rim = painter.pen().widthF() + 1;
+  for (qsizetype i = 0; i + 1 < line.size(); i += step) {
+    const QPointF* piece = line.constData() + i;
+    const qsizetype count = std::min(step + 1, line.size() - i);
+    if (!clip.isEmpty()) {
+      QRectF box(*piece, QSizeF());
+      for (const QPointF& p : std::span(piece, static_cast<std::size_t>(count)))
+        box = {QPointF(std::min(box.left(), p.x()), std::min(box.top(), p.y())),
+               QPointF(std::max(box.right(), p.x()), std::max(box.bottom(), p.y()))};
+      if (!clip.intersects(box.adjusted(-rim, -rim, rim, rim).toAlignedRect())) continue;
+    }
+    painter.drawPolyline(piece, static_cast<int>(count));
+  }
+}
+
+}  // namespace
+
+QPointF PlaneFit::ToLogical(const QPointF& p) const {
+  if (scale <= 0) return {};
+  return {(p.x() - dx) / scale, (p.y() - dy) / scale};
+}
+
+PlaneFit FitPlane(PlaneSize plane, const QSizeF& device) {
+  if (plane.width <= 0 || plane.height <= 0 || device.isEmpty()) return {0, 0, 0};
+  const double scale = std::min(device.width() / plane.width, device.height() / plane.height);
+  return {scale, (device.width() - scale * plane.width) / 2,
+          (device.height() - scale * plane.height) / 2};
+}
+
+PainterTarget::PainterTarget(QPainter& painter, const PlaneFit& fit, Surface surface)
+    : painter_(painter), fit_(fit), surface_(surface) {
+  painter_.setRenderHint(QPainter::Antialiasing);
+  painter_.setRenderHint(QPainter::TextAntialiasing);
+}
+
+void PainterTarget::SetTransparent() { painter_.setBackgroundMode(Qt::TransparentMode); }
+
+void PainterTarget::Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) {
+  Draw(Kind::Polygon, points, pen, brush);
+}
+
+void PainterTarget::Polyline(std::span<const LogicalPoint> points, const Pen& pen) {
+  if (surface_ == Surface::Pixels && points.size() == 2) FillToNeighbour(points, pen);
+  Draw(Kind::Polyline, points, pen, NoBrush);
+}
+
+/// Colour bars, up to three side by side, are made of level lines one unit apart. Where a unit has
+/// more pixels than the pen, paper would show between them; so the colour of such a line reaches up
+/// to the one before.
+void PainterTarget::FillToNeighbour(std::span<const LogicalPoint> points, const Pen& pen) {
+  const LogicalBox line = {points[0].x, points[0].y, points[1].x, points[1].y};
+  if (line.top != line.bottom || pen.style != Solid) return;
+  const LogicalBox neighbour = {line.left, line.top + 1, line.right, line.bottom + 1};
+  if (std::find(lastLines_.begin(), lastLines_.end(), neighbour) != lastLines_.end()) {
+    const QPointF from = Snapped(points[0]), to = Snapped(points[1]);
+    const double below = Snapped({neighbour.left, neighbour.top}).y();
+    painter_.fillRect(QRectF(from, QPointF(to.x() + 1, below)), ToQColor(pen.colour));
+  }
+  std::rotate(lastLines_.begin(), lastLines_.begin() + 1, lastLines_.end());
+  lastLines_.back() = line;
+}
+
+void PainterTarget::Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) {
+  const LogicalPoint corners[] = {{box.left, box.top}, {box.right, box.bottom}};
+  Draw(Kind::Ellipse, corners, pen, brush);
+}
+
+void PainterTarget::Pixel(LogicalPoint point, Colour colour) {
+  const QPointF corner =
+      surface_ == Surface::Pixels ? Snapped(point) : fit_.ToDevice(point.x, point.y);
+  const double side =
+      surface_ == Surface::Pixels ? std::max(1.0, std::round(fit_.scale)) : fit_.scale;
+  painter_.fillRect(QRectF(corner, QSizeF(side, side)), ToQColor(colour));
+}
+
+void PainterTarget::Text(std::string_view text, LogicalPoint point, const TextStyle& style) {
+  const double em = style.height * fit_.scale / CellPerEm;
+  if (!(em > 0) || text.empty()) return;
+  // In points, because a font takes pixels in whole numbers only.
+  QFont font;
+  font.setFamilies({QString::fromStdString(style.font), QStringLiteral("Liberation Sans")});
+  font.setPointSizeF(em * 72 / painter_.device()->logicalDpiY());
+  font.setWeight(static_cast<QFont::Weight>(std::clamp(style.weight, 1, 1000)));
+  font.setHintingPreference(QFont::PreferVerticalHinting);
+
+  const QString string = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  const QFontMetricsF metrics(font, painter_.device());
+  double x = 0, y = 0;
+  if ((style.alignment & AlignCentre) == AlignCentre) {
+    x = -metrics.horizontalAdvance(string) / 2;
+  } else if (style.alignment & AlignRight) {
+    x = -metrics.horizontalAdvance(string);
+  }
+  if ((style.alignment & AlignBaseline) == AlignBaseline) {
+    y = 0;
+  } else if (style.alignment & AlignBottom) {
+    y = -metrics.descent();
+  } else {
+    y = metrics.ascent();
+  }
+
+  painter_.save();
+  painter_.setFont(font);
+  painter_.setPen(ToQColor(style.colour));
+  painter_.translate(surface_ == Surface::Pixels ? Snapped(point)
+                                                 : fit_.ToDevice(point.x, point.y));
+  if (style.rotation != 0) painter_.rotate(-style.rotation / 10.0);
+  if (surface_ == Surface::Pixels) y = std::round(y);
+  painter_.drawText(QPointF(x, y), string);
+  painter_.restore();
+}
+
+QPointF PainterTarget::Snapped(LogicalPoint point) const {
+  const QPointF p = fit_.ToDevice(point.x, point.y);
+  return {std::floor(p.x() + 0.5), std::floor(p.y() + 0.5)};
+}
+
+double PainterTarget::PenWidth(const Pen& pen) const {
+  const double width = std::max<double>(pen.width, 1) * fit_.scale;
+  return surface_ == Surface::Pixels ? std::max(1.0, std::round(width)) : width;
+}
+
+QPen PainterTarget::ToQPen(const Pen& pen, Kind kind) const {
+  const Qt::PenStyle style = ToQPenStyle(pen.style);
+  // A solid line covers its end points too; dashes would run together.
+  return QPen(ToQColor(pen.colour), PenWidth(pen), style,
+              style == Qt::SolidLine ? Qt::SquareCap : Qt::FlatCap,
+              kind == Kind::Polyline ? Qt::BevelJoin : Qt::MiterJoin);
+}
+
+void PainterTarget::Draw(Kind kind, std::span<const LogicalPoint> points, const Pen& pen,
+                         Brush brush) {
+  if (points.size() < 2) return;
+  if (surface_ == Surface::Page) {
+    DrawShape(painter_, kind, points, fit_.ToDevice(points[0].x, points[0].y), pen, brush);
+  } else if (!DrawStamp(kind, points, pen, brush)) {
+    DrawShape(painter_, kind, points, Snapped(points[0]), pen, brush);
+  }
+}
+
+/// Draws the shape with its first point at `first`. On pixels all points are whole pixels apart,
+/// and half a pixel is added to all under a pen of odd width, whose line then fills whole pixels.
+void PainterTarget::DrawShape(QPainter& painter, Kind kind, std::span<const LogicalPoint> points,
+                              const QPointF& first, const Pen& pen, Brush brush) const {
+  const bool pixels = surface_ == Surface::Pixels;
+  const double half = pixels && std::fmod(PenWidth(pen), 2) == 1 ? 0.5 : 0;
+  QPolygonF polygon;
+  polygon.reserve(static_cast<qsizetype>(points.size()));
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const LogicalPoint p = points[i];
+    if (kind == Kind::Polyline && i > 0 && i + 1 < points.size() &&
+        GoesStraightOn(points[i - 1], p, points[i + 1]))
+      continue;
+    double x = (static_cast<double>(p.x) - points[0].x) * fit_.scale;
+    double y = (static_cast<double>(p.y) - points[0].y) * fit_.scale;
+    if (pixels) x = std::round(x), y = std::round(y);
+    const QPointF at(first.x() + x + half, first.y() + y + half);
+    if (polygon.size() < 2 || at != polygon.back()) polygon.append(at);
+  }
+  painter.setPen(ToQPen(pen, kind));
+  painter.setBrush(brush ? QBrush(ToQColor(*brush)) : QBrush(Qt::NoBrush));
+  switch (kind) {
+    case Kind::Polygon:
+      painter.drawPolygon(polygon);
+      break;
+    case Kind::Polyline:
+      DrawInPieces(painter, polygon);
+      break;
+    case Kind::Ellipse:
+      painter.drawEllipse(QRectF(polygon[0], polygon[1]));
+      break;
+  }
+}
+
+/// Stamps a shape that is small enough; false when it is not.
+bool PainterTarget::DrawStamp(Kind kind, std::span<const LogicalPoint> points, const Pen& pen,
+                              Brush brush) {
+  if (points.size() > MaxStampPoints || PenWidth(pen) > LargestStampPen) return false;
+  StampKey key = {.kind = kind,
+                  .count = static_cast<std::int16_t>(points.size()),
+                  .penStyle = pen.style,
+                  .penWidth = pen.width,
+                  .penColour = pen.colour,
+                  .fill = brush.value_or(0),
+                  .hollow = !brush};
+  const double limit = std::min(LargestStamp / std::max(fit_.scale, 1e-3), 1e4);
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    const double dx = static_cast<double>(points[i].x) - points[0].x;
+    const double dy = static_cast<double>(points[i].y) - points[0].y;
+    if (std::abs(dx) > limit || std::abs(dy) > limit) return false;
+    key.offsets[2 * i] = static_cast<std::int16_t>(dx);
+    key.offsets[2 * i + 1] = static_cast<std::int16_t>(dy);
+  }
+  auto found = stamps_.find(key);
+  if (found == stamps_.end()) {
+    if (stamps_.size() >= MostStamps) stamps_.clear();
+    found = stamps_.emplace(key, MakeStamp(kind, points, pen, brush)).first;
+  }
+  const Stamp& stamp = found->second;
+  painter_.drawImage(Snapped(points[0]) + stamp.corner, stamp.image);
+  return true;
+}
+
+PainterTarget::Stamp PainterTarget::MakeStamp(Kind kind, std::span<const LogicalPoint> points,
+                                              const Pen& pen, Brush brush) const {
+  double left = 0, top = 0, right = 0, bottom = 0;
+  for (const LogicalPoint p : points) {
+    left = std::min(left, (static_cast<double>(p.x) - points[0].x) * fit_.scale);
+    right = std::max(right, (static_cast<double>(p.x) - points[0].x) * fit_.scale);
+    top = std::min(top, (static_cast<double>(p.y) - points[0].y) * fit_.scale);
+    bottom = std::max(bottom, (static_cast<double>(p.y) - points[0].y) * fit_.scale);
+  }
+  // Pointed corners reach beyond the outline by up to three pen widths.
+  const double margin = 2 + 3 * PenWidth(pen);
+  const QPoint corner(static_cast<int>(std::floor(left - margin)),
+                      static_cast<int>(std::floor(top - margin)));
+  QImage image(static_cast<int>(std::ceil(right + margin)) - corner.x(),
+               static_cast<int>(std::ceil(bottom + margin)) - corner.y(),
+               QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  DrawShape(painter, kind, points, QPointF(-corner), pen, brush);
+  painter.end();
+  const QRect inked = Inked(image);
+  return {image.copy(inked), corner + inked.topLeft()};
+}
+
+std::size_t PainterTarget::StampHash::operator()(const StampKey& key) const {
+  std::uint64_t hash = static_cast<std::uint64_t>(key.kind) << 3 | (key.hollow ? 1u : 0u);
+  const auto mix = [&hash](std::uint64_t value) {
+    hash = (hash ^ value) * 0x9E37'79B9'7F4A'7C15u;
+    hash ^= hash >> 29;
+  };
+  mix(static_cast<std::uint64_t>(key.penColour) << 32 | key.fill);
+  mix(static_cast<std::uint64_t>(static_cast<std::uint16_t>(key.penStyle)) << 16 |
+      static_cast<std::uint16_t>(key.penWidth));
+  for (std::size_t i = 2; i < 2u * static_cast<std::size_t>(key.count); i += 2)
+    mix(static_cast<std::uint64_t>(static_cast<std::uint16_t>(key.offsets[i])) << 16 |
+        static_cast<std::uint16_t>(key.offsets[i + 1]));
+  return static_cast<std::size_t>(hash);
+}
+
+}  // namespace velorix

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QImage>
+#include <QPainter>
+#include <array>
+#include <cstdint>
+#include <span>
+#include <unordered_map>
+
+#include "plot/drawing/target.h"
+
+namespace velorix {
+
+/// How a logical plane lies on a device: one scale for both axes and an offset.
+struct PlaneFit {
+  double scale = 1, dx = 0, dy = 0;
+
+  QPointF ToDevice(double x, double y) const { return {x * scale + dx, y * scale + dy}; }
+  /// (0, 0) where the scale is 0.
+  QPointF ToLogical(const QPointF& p) const;
+};
+
+/// The plane whole and undistorted in the middle of `device`; scale 0 where either has no extent.
+PlaneFit FitPlane(PlaneSize plane, const QSizeF& device);
+
+/// What lies under a painter: device pixels, to which lines and symbols snap so that they are
+/// crisp, or a page of vectors (SVG, PDF), which keeps every call as it is.
+enum class Surface { Pixels, Page };
+
+/// A target on a painter, smooth at any scale. For `Surface::Pixels` one unit of the painter must
+/// be one pixel of its device. Pens scale with the plane but never get thinner than a device pixel.
+///
+/// A small shape drawn before with the same pen and brush is stamped as a picture on pixels, since
+/// a full store means 98,000 symbols; nothing else tells it from one that was drawn.
+class PainterTarget : public Target {
+ public:
+  PainterTarget(QPainter& painter, const PlaneFit& fit, Surface surface = Surface::Pixels);
+
+  void SetTransparent() override;
+  void Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) override;
+  void Polyline(std::span<const LogicalPoint> points, const Pen& pen) override;
+  void Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) override;
+  void Pixel(LogicalPoint point, Colour colour) override;
+  void Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) override;
+  void Text(std::string_view text, LogicalPoint point, const TextStyle& style) override;
+
+ private:
+  enum class Kind : std::int16_t { Polygon, Polyline, Ellipse };
+  static constexpr int MaxStampPoints = 4;
+
+  /// A shape apart from its place: the points from the first one on, pen and brush.
+  struct StampKey {
+    Kind kind = Kind::Polygon;
+    std::int16_t count = 0, penStyle = 0, penWidth = 0;
+    Colour penColour = 0, fill = 0;
+    bool hollow = false;
+    std::array<std::int16_t, 2 * MaxStampPoints> offsets = {};
+    bool operator==(const StampKey&) const = default;
+  };
+  struct StampHash {
+    std::size_t operator()(const StampKey& key) const;
+  };
+  struct Stamp {
+    QImage image;
+    QPoint corner;  // of the image, from the device pixel of the first point
+  };
+
+  void Draw(Kind kind, std::span<const LogicalPoint> points, const Pen& pen, Brush brush);
+  void FillToNeighbour(std::span<const LogicalPoint> points, const Pen& pen);
+  bool DrawStamp(Kind kind, std::span<const LogicalPoint> points, const Pen& pen, Brush brush);
+  void DrawShape(QPainter& painter, Kind kind, std::span<const LogicalPoint> points,
+                 const QPointF& first, const Pen& pen, Brush brush) const;
+  Stamp MakeStamp(Kind kind, std::span<const LogicalPoint> points, const Pen& pen,
+                  Brush brush) const;
+  QPointF Snapped(LogicalPoint point) const;
+  double PenWidth(const Pen& pen) const;
+  QPen ToQPen(const Pen& pen, Kind kind) const;
+
+  QPainter& painter_;
+  PlaneFit fit_;
+  Surface surface_;
+  std::array<LogicalBox, 3> lastLines_ = {};  // the last level lines
+  std::unordered_map<StampKey, Stamp, StampHash> stamps_;
+};
+
+}  // namespace velorix

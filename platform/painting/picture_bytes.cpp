@@ -1,0 +1,98 @@
+#include "platform/painting/picture_bytes.h"
+
+#include <QBuffer>
+#include <QHash>
+#include <QImage>
+#include <QImageWriter>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+#include <cmath>
+
+#include "platform/painting/gif_file.h"
+#include "platform/painting/painter_target.h"
+
+namespace velorix {
+namespace {
+
+using Draw = std::function<void(Target&)>;
+
+constexpr int DotsPerMeter = 3780;  // 96 an inch, whatever the screen has
+constexpr int JpegQuality = 95;
+
+QByteArray Pixels(const QByteArray& type, PlaneSize plane, double scale, const Draw& draw) {
+  QImage image(static_cast<int>(std::ceil(plane.width * scale)),
+               static_cast<int>(std::ceil(plane.height * scale)), QImage::Format_RGB32);
+  image.setDotsPerMeterX(DotsPerMeter);
+  image.setDotsPerMeterY(DotsPerMeter);
+  image.fill(Qt::white);
+  {
+    QPainter painter(&image);
+    PainterTarget target(painter, {scale, 0, 0});
+    draw(target);
+  }
+  if (type == "gif") return GifBytes(image);
+  QBuffer buffer;
+  QImageWriter writer(&buffer, type);
+  writer.setQuality(type == "jpg" || type == "jpeg" ? JpegQuality : -1);
+  return writer.write(image) ? buffer.data() : QByteArray();
+}
+
+QByteArray Svg(PlaneSize plane, const Draw& draw) {
+  QBuffer buffer;
+  QSvgGenerator generator;
+  generator.setOutputDevice(&buffer);
+  generator.setTitle("Velorix");
+  generator.setDescription("");
+  generator.setSize({plane.width, plane.height});
+  generator.setViewBox(QRect(0, 0, plane.width, plane.height));
+  {
+    QPainter painter(&generator);
+    // Other programs show a picture without paper on a ground of their own.
+    painter.fillRect(0, 0, plane.width, plane.height, Qt::white);
+    PainterTarget target(painter, {}, Surface::Page);
+    draw(target);
+  }
+  return buffer.data();
+}
+
+/// Takes the time of making out of a PDF file, which is then the same each time; blanks keep all
+/// else at its place.
+void BlankDate(QByteArray& bytes) {
+  const qsizetype start = bytes.indexOf("/CreationDate (");
+  const qsizetype end = bytes.indexOf(')', start);
+  if (start >= 0 && end >= 0)
+    bytes.replace(start, end + 1 - start, QByteArray(end + 1 - start, ' '));
+}
+
+QByteArray Pdf(PlaneSize plane, const Draw& draw) {
+  constexpr double PointsPerUnit = 0.75;
+  // The writer lists fonts and such in the order of a hash, which is another one each time.
+  QHashSeed::setDeterministicGlobalSeed();
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  {
+    QPdfWriter writer(&buffer);
+    writer.setCreator("Velorix");
+    writer.setPageSize(
+        QPageSize(QSizeF(plane.width, plane.height) * PointsPerUnit, QPageSize::Point));
+    writer.setPageMargins({});
+    QPainter painter(&writer);
+    PainterTarget target(painter, {PointsPerUnit * writer.resolution() / 72, 0, 0}, Surface::Page);
+    draw(target);
+  }
+  QHashSeed::resetRandomGlobalSeed();
+  QByteArray bytes = buffer.data();
+  BlankDate(bytes);
+  return bytes;
+}
+
+}  // namespace
+
+QByteArray PictureBytes(const QByteArray& type, PlaneSize plane, double scale, const Draw& draw) {
+  if (type == "svg") return Svg(plane, draw);
+  if (type == "pdf") return Pdf(plane, draw);
+  return Pixels(type, plane, scale, draw);
+}
+
+}  // namespace velorix

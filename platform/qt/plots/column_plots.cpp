@@ -1,0 +1,189 @@
+#include "platform/qt/plots/column_plots.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QSplitter>
+
+#include "app/display/display.h"
+#include "app/display/plot_mouse.h"
+#include "app/tables/data_table.h"
+#include "app/tables/record_grid.h"
+#include "platform/qt/parts/busy_cursor.h"
+#include "platform/qt/parts/widgets.h"
+#include "platform/qt/plots/plot_mouse.h"
+#include "platform/qt/tables/record_model.h"
+#include "plot/plots/histogram.h"
+
+namespace velorix {
+namespace {
+
+// clang-format off
+constexpr PlotNames HistoNames = {"Histogram", "picHisto", "cmdHistoProperties", "fraHistoProperties",
+    "Histogram of one column. The middle button shows a measuring cross", "Options of the histogram"};
+constexpr PlotNames XYNames[] = {
+    {"XY plot 1", "picXYPlot1", "cmdXYPlot1", "fraXYPlot1", "One column against another. Draw a box to select records; the middle button shows a measuring cross", "Options of XY plot 1"},
+    {"XY plot 2", "picXYPlot2", "cmdXYPlot2", "fraXYPlot2", "One column against another. Draw a box to select records; the middle button shows a measuring cross", "Options of XY plot 2"}};
+// These two pictures stay blank whatever their lists say, and this is wanted.
+constexpr PlotNames PairNames[] = {
+    {"Plot 1", "picPlot1", "cmdPlot1Properties", "fraPlot1Properties", "Plot of a pair of parameters", "Options of plot 1"},
+    {"Plot 2", "picPlot2", "cmdPlot2Properties", "fraPlot2Properties", "Plot of a pair of parameters", "Options of plot 2"}};
+// clang-format on
+
+constexpr int FirstParameterColumn = 3;  // "Field", column of the grid that is parameter 1
+
+QCheckBox* AddCheck(PlotPanel& panel, const QString& name, const char* caption, const char* tip,
+                    const std::function<void(bool)>& change = {}) {
+  auto* box = new QCheckBox(caption, panel.Frame);
+  box->setObjectName(name);
+  box->setToolTip(tip);
+  panel.Options->addWidget(box);
+  if (change) QObject::connect(box, &QCheckBox::toggled, box, change);
+  return box;
+}
+
+/// `text` before the control; "" leaves as much room as an axis's letter takes.
+void AddLabelled(PlotPanel& panel, const char* text, QWidget* control) {
+  auto* row = new QHBoxLayout;
+  auto* label = new QLabel(text, panel.Frame);
+  label->setBuddy(control);
+  label->setToolTip(control->toolTip());
+  label->setMinimumWidth(label->fontMetrics().horizontalAdvance("X"));
+  row->addWidget(label);
+  row->addWidget(control, 1);
+  panel.Options->addLayout(row);
+}
+
+PlotPanel* MakePanel(const PlotNames& names, Velorix& velorix, QWidget* parent) {
+  auto* panel = new PlotPanel(names, velorix.Host.AppFolder, parent);
+  panel->Picture->setMinimumSize(80, 60);
+  panel->Picture->OnFault = [&velorix, title = std::string(names.Title)](const Fault& fault) {
+    velorix.Log.DebugPrint("Error: " + title + ": " + fault.what());
+    velorix.Views.ShowStatus(title + ": " + fault.what());
+  };
+  return panel;
+}
+
+/// Selecting with the mouse on the plot of a position slot, with its read-out.
+void AttachPlotMouse(Velorix& velorix, PlotPanel& panel, int slot, const char* label,
+                     const std::function<std::string(double, double)>& read) {
+  QLabel* readOut = panel.AddReadOut(label, "Values under the mouse");
+  AttachMouse(*panel.Picture,
+              {.ReadOut = [=](double x, double y) { readOut->setText(ToQString(read(x, y))); },
+               .Leave = [=] { readOut->clear(); },
+               .Select = [&velorix, slot](
+                             const MouseBox& box,
+                             int) { Work(velorix, [&] { SelectInPlot(velorix, slot, box); }); },
+               .Cross = true});
+}
+
+}  // namespace
+
+ColumnPlots::ColumnPlots(Velorix& velorix, QWidget* column, QWidget* pairs) : velorix_(velorix) {
+  histo_ = MakeHisto(column);
+  for (int plot : {1, 2}) xyPlots_[plot] = MakeXYPlot(plot, column);
+  for (int plot : {1, 2}) MakePairs(plot, pairs);
+  ShowGridHeader();
+}
+
+PlotPanel* ColumnPlots::MakeHisto(QWidget* parent) {
+  PlotPanel* panel = MakePanel(HistoNames, velorix_, parent);
+  AddParameters(*panel, "X", "odclHisto", "Column whose distribution is shown", KmeanParameter,
+                velorix_.HistoParameter,
+                [this](int parameter) { ChooseHisto(velorix_, parameter); });
+  panel->Options->addStretch(1);
+  panel->Picture->SetPicture(HistoPlane, [this](Target& target) {
+    DrawHisto(target, PlotGeometry(), DataTableValues(velorix_.HistoParameter, velorix_.Session),
+              velorix_.HistoParameter, velorix_.Session.Settings);
+  });
+  AttachMouse(*panel->Picture, {.Cross = true});
+  panel->AddPageBox("chkHisto", velorix_.Page.chkHisto);
+  return panel;
+}
+
+PlotPanel* ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
+  PlotPanel* panel = MakePanel(XYNames[plot - 1], velorix_, parent);
+  const auto name = [plot](const char* pattern) { return QString(pattern).arg(plot); };
+  const auto change = [this, plot](auto field) {
+    return [this, plot, field](auto value) {
+      XYPlotOptions options = velorix_.XYPlot[plot];
+      options.*field = value;
+      Work(velorix_, [&] { ChangeXYPlot(velorix_, plot, options); });
+    };
+  };
+  const XYPlotOptions& options = velorix_.XYPlot[plot];
+  AddParameters(*panel, "X", name("odclXYPlot%1(1)"), "Column along the X axis", 1, options.x,
+                change(&XYPlotOptions::x));
+  AddParameters(*panel, "Y", name("odclXYPlot%1(2)"), "Column along the Y axis", 1, options.y,
+                change(&XYPlotOptions::y));
+  auto* coding = AddCheck(*panel, name("chkXYPlot%1ColorCoding"), "Colour coding",
+                          "Colour the symbols by a column", change(&XYPlotOptions::coding));
+  auto* colour =
+      AddParameters(*panel, "", name("odclXYPlot%1(3)"), "Column that colours the symbols", 1,
+                    options.colour, change(&XYPlotOptions::colour));
+  AddCheck(*panel, name("chkXYPLot%1Lines"), "Lines", "Connect the symbols in store order",
+           change(&XYPlotOptions::lines));
+  colour->setEnabled(false);
+  QObject::connect(coding, &QCheckBox::toggled, colour, &QWidget::setEnabled);
+  panel->Options->addStretch(1);
+
+  panel->Picture->SetPicture(XYPlotPlane(options), [this, plot](Target& target) {
+    velorix_.XYAxes[plot] =
+        DrawXYPlot(velorix_.Session, target, PlotGeometry(), ShownXYPlot(velorix_, plot), plot + 2);
+  });
+  AttachPlotMouse(velorix_, *panel, plot + 2, plot == 1 ? "lblXYPlot1" : "lblXYPlot2",
+                  [this, plot](double x, double y) { return ReadXYPlot(velorix_, plot, x, y); });
+  if (plot == 1)
+    panel->AddPageBox("chkXYPLot1", velorix_.Page.chkXYPLot1);
+  else
+    panel->AddPageBox("chkXYPlot2", velorix_.Page.chkXYPlot2);
+  return panel;
+}
+
+void ColumnPlots::MakePairs(int plot, QWidget* parent) {
+  PlotPanel* panel = MakePanel(PairNames[plot - 1], velorix_, parent);
+  QComboBox* list = MakeList(QString("cboPlot%1").arg(plot), "Pair of parameters", 9, panel->Frame);
+  if (plot == 1)
+    for (const char* name : Plot1Names) list->addItem(name);
+  else
+    for (const char* name : Plot2Names) list->addItem(name);
+  AddLabelled(*panel, "Pair", list);
+  AddCheck(*panel, QString("chkPlot%1Lines").arg(plot), "Lines",
+           "Connect the symbols in store order");
+  panel->Options->addStretch(1);
+  panel->Picture->SetPicture(HistoPlane, {});
+  AttachPlotMouse(velorix_, *panel, plot, plot == 1 ? "lblPlot1CursorPos" : "lblPlot2CursorPos",
+                  [](double, double) { return std::string(); });
+}
+
+QComboBox* ColumnPlots::AddParameters(PlotPanel& panel, const char* label, const QString& name,
+                                      const char* tip, int first, int chosen,
+                                      const std::function<void(int parameter)>& choose) {
+  QComboBox* list = MakeList(name, tip, 9, panel.Frame);
+  lists_.push_back({list, first, chosen - first});
+  AddLabelled(panel, label, list);
+  QObject::connect(list, &QComboBox::activated, list, [this, choose, first](int index) {
+    Work(velorix_, [&] { choose(first + index); });
+  });
+  return list;
+}
+
+void ColumnPlots::ShowGridHeader() {
+  for (ParameterList& parameters : lists_) {
+    QComboBox& list = *parameters.list;
+    if (list.count() > 0) parameters.chosen = list.currentIndex();
+    list.clear();
+    for (int c = FirstParameterColumn - 1 + parameters.first; c <= GridColumns; ++c)
+      AddEntry(list, ToQString(GridHeader(c, velorix_.Session.Settings)), GridColumnColour(c));
+    list.setCurrentIndex(parameters.chosen);
+  }
+}
+
+void ColumnPlots::RedrawHisto() { histo_->Picture->Redraw(); }
+
+void ColumnPlots::RedrawXYPlot(int plot) {
+  xyPlots_[plot]->Picture->SetPlane(XYPlotPlane(velorix_.XYPlot[plot]));
+  xyPlots_[plot]->Picture->Redraw();
+}
+
+}  // namespace velorix

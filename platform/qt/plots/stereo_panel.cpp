@@ -1,0 +1,250 @@
+#include "platform/qt/plots/stereo_panel.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "app/display/display.h"
+#include "app/tables/record_grid.h"
+#include "platform/qt/parts/busy_cursor.h"
+#include "platform/qt/parts/widgets.h"
+#include "platform/qt/plots/plot_mouse.h"
+#include "platform/qt/tables/record_model.h"
+
+namespace velorix {
+
+/// A check box of the property frame: `Heading` begins a group, `Back` colours it.
+struct OptionCheck {
+  const char *Heading, *Name, *Caption, *Tip;
+  Colour Back;
+  bool& (*Field)(StereoOptions&);
+};
+
+namespace {
+
+constexpr Colour NoBack = 0xFFFFFFFF, KmaxBack = 0xC0C0FF, KintBack = 0xC0FFC0, KminBack = 0xFFC0C0,
+                 FoliBack = 0xFFFFC0;
+
+using O = StereoOptions;
+
+// clang-format off
+constexpr OptionCheck Checks[] = {
+    {"Data", "chkData", "Directions", "Draw the principal directions of the records", NoBack, [](O& o) -> bool& { return o.chkData; }},
+    {"", "chkDataEllipses", "Ellipses", "Confidence ellipse of each direction", NoBack, [](O& o) -> bool& { return o.chkDataEllipses; }},
+    {"", "chkDataLines", "Lines", "Connect the directions of each axis in store order", NoBack, [](O& o) -> bool& { return o.chkDataLines; }},
+    {"Mean", "chkMean", "Directions", "Principal directions of the mean tensor", NoBack, [](O& o) -> bool& { return o.chkMean; }},
+    {"", "chkMeanEllipses", "Ellipses", "Confidence ellipses of the mean directions, from five records on", NoBack, [](O& o) -> bool& { return o.chkMeanEllipses; }},
+    {"Bootstrap", "chkBootStrap", "Cloud", "Directions of the bootstrap replicates, up to 100 records", NoBack, [](O& o) -> bool& { return o.chkBootStrap; }},
+    {"", "chkBootstrapEllips", "Contours", "Bootstrap confidence contours, up to 100 records", NoBack, [](O& o) -> bool& { return o.chkBootstrapEllips; }},
+    {"Axes", "chkK(1)", "Kmax", "Show Kmax, in data, mean and legend", KmaxBack, [](O& o) -> bool& { return o.chkK[1]; }},
+    {"", "chkGC(1)", "Circle", "Great circles perpendicular to Kmax", KmaxBack, [](O& o) -> bool& { return o.chkGC[1]; }},
+    {"", "chkK(2)", "Kint", "Show Kint, in data, mean and legend", KintBack, [](O& o) -> bool& { return o.chkK[2]; }},
+    {"", "chkGC(2)", "Circle", "Great circles perpendicular to Kint", KintBack, [](O& o) -> bool& { return o.chkGC[2]; }},
+    {"", "chkK(3)", "Kmin", "Show Kmin, in data, mean and legend", KminBack, [](O& o) -> bool& { return o.chkK[3]; }},
+    {"", "chkGC(3)", "Circle", "Great circles perpendicular to Kmin", KminBack, [](O& o) -> bool& { return o.chkGC[3]; }},
+    {"Texts", "chkCaption(0)", "Captions", "Coordinate system, projection and number of records beside the net", NoBack, [](O& o) -> bool& { return o.chkCaption[0]; }},
+    {"", "chkCaption(1)", "Legend", "Legend of axes, foliations and lineations", NoBack, [](O& o) -> bool& { return o.chkCaption[1]; }},
+    {"Colours", "chkStereoColorCoding", "By value", "Colour the symbols by a parameter", NoBack, [](O& o) -> bool& { return o.chkStereoColorCoding; }},
+    {"Foliations", "chkFoli(0)", "Planes", "Draw the foliations chosen below, outside specimen coordinates", FoliBack, [](O& o) -> bool& { return o.chkFoli[0]; }},
+    {"", "chkFoli(1)", "Circles", "Planes as great circles", FoliBack, [](O& o) -> bool& { return o.chkFoli[1]; }},
+    {"", "chkFoli(2)", "Poles", "Planes as poles", FoliBack, [](O& o) -> bool& { return o.chkFoli[2]; }},
+    {"", "chkFoli(3)", "Strikes", "Planes as strike sticks on the rim", FoliBack, [](O& o) -> bool& { return o.chkFoli[3]; }},
+    {"Lineations", "chkFoli(4)", "Lines", "Draw the lineations chosen below, outside specimen coordinates", FoliBack, [](O& o) -> bool& { return o.chkFoli[4]; }},
+};
+// clang-format on
+
+constexpr PlotNames Names = {
+    "Stereonet",
+    "picStereo",
+    "cmdStereoProperties",
+    "fraStereoProperties",
+    "Principal directions on the lower hemisphere. Draw a box to select records. "
+    "Hold CTRL-Kmax, ALT-Kint, SHIFT-Kmin",
+    "Options of the stereonet"};
+
+QLabel* MakeHeading(const char* text, QWidget* parent) {
+  auto* heading = new QLabel(text, parent);
+  heading->setForegroundRole(QPalette::PlaceholderText);
+  return heading;
+}
+
+QCheckBox* MakeCheck(const OptionCheck& check, QWidget* parent) {
+  auto* box = new QCheckBox(check.Caption, parent);
+  box->setObjectName(check.Name);
+  box->setToolTip(check.Tip);
+  if (check.Back == NoBack) return box;
+  QPalette palette = box->palette();
+  palette.setColor(QPalette::Window, ToQColor(check.Back));
+  palette.setColor(QPalette::WindowText, Qt::black);
+  palette.setColor(QPalette::Base, Qt::white);
+  palette.setColor(QPalette::Text, Qt::black);
+  box->setPalette(palette);
+  box->setBackgroundRole(QPalette::Window);
+  box->setAutoFillBackground(true);
+  return box;
+}
+
+}  // namespace
+
+StereoPanel::StereoPanel(Velorix& velorix, QWidget* parent)
+    : PlotPanel(Names, velorix.Host.AppFolder, parent), velorix_(velorix) {
+  AddChecks();
+  Options->addStretch(1);
+  Picture->SetPicture(StereoPlane(velorix.Stereo), [this](Target& target) {
+    const Session& session = velorix_.Session;
+    DrawStereo(session.Records, session.CoorSys, target, StereoGeometry{}, velorix_.Stereo,
+               session.ReImMode, velorix_.GroupStats, session.Settings);
+  });
+  QLabel* dec = AddReadOut("lblStereoCursorPos(1)", "Declination under the mouse");
+  QLabel* inc = AddReadOut("lblStereoCursorPos(2)", "Inclination under the mouse");
+  AttachMouse(*Picture, {.ReadOut =
+                             [=](double x, double y) {
+                               const StereoReadOut read = ReadStereo(x, y);
+                               dec->setText(ToQString(read.dec));
+                               inc->setText(ToQString(read.inc));
+                             },
+                         .Leave =
+                             [=] {
+                               dec->clear();
+                               inc->clear();
+                             },
+                         .Select =
+                             [this](const MouseBox& box, int keys) {
+                               Work(velorix_, [&] { SelectInStereo(velorix_, box, keys); });
+                             }});
+  AddPageBox("chkStereo", velorix.Page.chkStereo);
+  Picture->OnFault = [this](const Fault& fault) {
+    velorix_.Log.DebugPrint(std::string("Error: stereonet: ") + fault.what());
+    velorix_.Views.ShowStatus(std::string("Stereonet: ") + fault.what());
+  };
+}
+
+void StereoPanel::ChangeOption(const std::function<void(StereoOptions&)>& change) {
+  change(velorix_.Stereo);
+  Work(velorix_, [&] { velorix_.Views.RedrawStereo(); });
+}
+
+/// The groups of check boxes, two boxes a row.
+void StereoPanel::AddChecks() {
+  QGridLayout* group = nullptr;
+  for (const OptionCheck& check : Checks) {
+    if (*check.Heading) {
+      if (group) Options->addSpacing(4);
+      Options->addWidget(MakeHeading(check.Heading, Frame));
+      group = new QGridLayout;
+      group->setSpacing(3);
+      group->setColumnStretch(0, 1);
+      group->setColumnStretch(1, 1);
+      Options->addLayout(group);
+    }
+    AddCheck(check, *group);
+  }
+}
+
+void StereoPanel::AddCheck(const OptionCheck& check, QGridLayout& group) {
+  QCheckBox* box = MakeCheck(check, Frame);
+  box->setChecked(check.Field(velorix_.Stereo));
+  connect(box, &QCheckBox::toggled, this, [this, &check](bool on) {
+    ChangeOption([&](StereoOptions& options) { check.Field(options) = on; });
+  });
+  const int place = group.count();
+  group.addWidget(box, place / 2, place % 2);
+  if (box->objectName() == "chkStereoColorCoding") {
+    AddColourCoding(group);
+    connect(box, &QCheckBox::toggled, this, [this](bool on) { EnableColourCoding(on); });
+    EnableColourCoding(box->isChecked());
+  }
+  if (box->objectName() == "chkFoli(3)")
+    lstFoli_ = AddCodes("lstFoli", "Foliations shown, by their codes", ShowFoliation);
+  if (box->objectName() == "chkFoli(4)")
+    lstLine_ = AddCodes("lstLine", "Lineations shown, by their codes", ShowLineation);
+}
+
+/// The list of parameters and the two ways of colouring, below their check box.
+void StereoPanel::AddColourCoding(QGridLayout& group) {
+  parameters_ = MakeList("odclStereoColorCoding", "Parameter that colours the symbols", 9, Frame);
+  ShowGridHeader();
+  connect(parameters_, &QComboBox::activated, this, [this](int index) {
+    ChangeOption([&](StereoOptions& options) {
+      options.odclStereoColorCoding = static_cast<std::int16_t>(index);
+    });
+  });
+  group.addWidget(parameters_, 0, 1);
+  constexpr struct {
+    const char *Name, *Caption, *Tip;
+  } ways[] = {{"optStereoColorCoding(0)", "Per axis", "A ramp from white for each axis"},
+              {"optStereoColorCoding(1)", "One ramp", "One ramp from blue to red for all axes"}};
+  for (const std::int16_t way : {std::int16_t{0}, std::int16_t{1}}) {
+    auto* option = new QRadioButton(ways[way].Caption, Frame);
+    option->setObjectName(ways[way].Name);
+    option->setToolTip(ways[way].Tip);
+    option->setChecked(velorix_.Stereo.optStereoColorCoding == way);
+    connect(option, &QRadioButton::toggled, this, [this, way](bool on) {
+      if (on) ChangeOption([&](StereoOptions& options) { options.optStereoColorCoding = way; });
+    });
+    group.addWidget(option, 1, way);
+    colourWays_.push_back(option);
+  }
+}
+
+void StereoPanel::EnableColourCoding(bool on) {
+  parameters_->setEnabled(on);
+  for (QWidget* way : colourWays_) way->setEnabled(on);
+}
+
+void StereoPanel::ShowGridHeader() {
+  const int chosen = std::max(parameters_->currentIndex(), 0);
+  constexpr Colour NumberColour = 0xC0FFFF;
+  constexpr int FirstColumn = 3;  // "Field"
+  parameters_->clear();
+  AddEntry(*parameters_, " #", NumberColour);
+  for (int column = FirstColumn; column <= GridColumns; ++column)
+    AddEntry(*parameters_, ToQString(GridHeader(column, velorix_.Session.Settings)),
+             GridColumnColour(column));
+  parameters_->setCurrentIndex(chosen);
+}
+
+QListWidget* StereoPanel::AddCodes(const char* name, const char* tip,
+                                   void (*choose)(Velorix&, int, bool)) {
+  auto* list = new QListWidget(Frame);
+  list->setObjectName(name);
+  list->setToolTip(tip);
+  list->setAccessibleName(tip);
+  list->setFixedHeight(3 * (list->fontMetrics().height() + 6));
+  list->setMinimumWidth(90);
+  list->setSpacing(1);
+  list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  connect(list, &QListWidget::itemChanged, this, [this, list, choose](QListWidgetItem* item) {
+    if (filling_) return;
+    Work(velorix_, [&] { choose(velorix_, list->row(item), item->checkState() == Qt::Checked); });
+  });
+  Options->addWidget(list);
+  return list;
+}
+
+void StereoPanel::FillCodes(QListWidget& list, const CodeList& codes) {
+  filling_ = true;
+  list.clear();
+  for (const CodeEntry& entry : codes.Entries) {
+    auto* item = new QListWidgetItem(ToQString(entry.Text), &list);
+    item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
+    item->setCheckState(entry.Selected ? Qt::Checked : Qt::Unchecked);
+  }
+  filling_ = false;
+}
+
+void StereoPanel::ShowCodeLists() {
+  FillCodes(*lstFoli_, velorix_.Lists.lstFoli);
+  FillCodes(*lstLine_, velorix_.Lists.lstLine);
+}
+
+void StereoPanel::Redraw() {
+  Picture->SetPlane(StereoPlane(velorix_.Stereo));
+  Picture->Redraw();
+}
+
+}  // namespace velorix

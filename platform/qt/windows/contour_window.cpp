@@ -1,0 +1,419 @@
+#include "platform/qt/windows/contour_window.h"
+
+#include <QApplication>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QFrame>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QSpinBox>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "app/display/contour.h"
+#include "app/files/save.h"
+#include "platform/painting/picture_file.h"
+#include "platform/qt/parts/busy_cursor.h"
+#include "platform/qt/parts/marks.h"
+#include "platform/qt/parts/widgets.h"
+#include "platform/qt/plots/picture_widget.h"
+
+namespace velorix {
+namespace {
+
+constexpr int BarSteps = 10000;
+constexpr int ListenEvery = 30;  // milliseconds, while a count runs
+constexpr char PictureTip[] = "Density of the directions; the numbers below follow the mouse";
+
+struct CheckRow {
+  const char *Name, *Caption, *Tip;
+  bool ContourOptions::*Option;
+};
+
+// clang-format off
+constexpr CheckRow Checks[] = {
+    {"chkShowContours",   "&Contours",    "Black lines where the level changes",  &ContourOptions::chkShowContours},
+    {"chkShowGridPoints", "&Grid points", "Mark the nodes that are computed",     &ContourOptions::chkShowGridPoints},
+    {"chkDataPoint",      "&Data points", "Draw the data over their density",     &ContourOptions::chkDataPoint},
+};
+constexpr Array1<const char*, 5> DisplayTips = {"Count the directions of Kmax", "Count the directions of Kint", "Count the directions of Kmin",
+                                                "Count the poles of the foliation chosen in the main window",
+                                                "Count the lineation chosen in the main window"};
+// clang-format on
+
+template <class Button>
+Button* MakeButton(const char* name, const char* caption, const char* tip, QWidget* parent) {
+  auto* button = new Button(caption, parent);
+  button->setObjectName(name);
+  button->setToolTip(tip);
+  return button;
+}
+
+QLabel* MakeLabel(const char* name, const char* tip, QWidget* parent) {
+  auto* label = new QLabel(parent);
+  label->setObjectName(name);
+  label->setToolTip(tip);
+  return label;
+}
+
+/// A titled frame in the column of controls, and the column within it.
+QVBoxLayout* AddFrame(QVBoxLayout& column, const char* name, const char* title, QWidget* parent) {
+  auto* frame = new QGroupBox(title, parent);
+  frame->setObjectName(name);
+  auto* inside = new QVBoxLayout(frame);
+  inside->setContentsMargins(8, 4, 8, 6);
+  inside->setSpacing(3);
+  column.addWidget(frame);
+  return inside;
+}
+
+/// A line that stands out while it has something to tell.
+void ShowNotice(QLabel& label, const QString& text) {
+  QPalette palette = QApplication::palette();
+  palette.setColor(QPalette::Window, MarkColour(Mark::Doubt));
+  palette.setColor(QPalette::WindowText, palette.color(QPalette::Text));
+  label.setPalette(palette);
+  label.setAutoFillBackground(!text.isEmpty());
+  label.setText(text);
+}
+
+/// What a user does, as far as it could begin something else while a count runs.
+bool IsInput(QEvent::Type type) {
+  switch (type) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::Shortcut:
+    case QEvent::ContextMenu:
+    case QEvent::DragEnter:
+    case QEvent::Drop:
+    case QEvent::TouchBegin:
+    case QEvent::Close:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+frmContour::frmContour(Velorix& velorix, QWidget* owner)
+    : QWidget(owner, Qt::Window), velorix_(velorix) {
+  setObjectName("frmContour");
+  setWindowTitle("Contour Plot");
+  setAttribute(Qt::WA_QuitOnClose, false);
+  auto* row = new QHBoxLayout(this);
+  QLayout* controls = MakeControls();  // first in the order of Tab
+  row->addLayout(MakePicture(), 1);
+  row->addLayout(controls);
+  resize(ComfortableSize());
+  ShowContourData(velorix_);
+  ShowState();
+  findChild<QPushButton*>("cmdCount")->setFocus();
+}
+
+frmContour::~frmContour() { qApp->removeEventFilter(this); }
+
+/// All options in view beside a picture that fills its frame.
+QSize frmContour::ComfortableSize() const {
+  const auto* options = findChild<QScrollArea*>();
+  const int hidden = options->widget()->sizeHint().height() - options->sizeHint().height();
+  const int height = std::max(620, sizeHint().height() + std::max(0, hidden));
+  const QSize comfortable(height * 880 / 620, height);
+  return comfortable.boundedTo(screen()->availableSize()).expandedTo(QSize(880, 620));
+}
+
+/// The picture below its caption, above the levels and what the mouse points at.
+QLayout* frmContour::MakePicture() {
+  auto* column = new QVBoxLayout;
+  caption_ = MakeLabel("lblContour", "What the picture shows", this);
+  QFont bold = caption_->font();
+  bold.setBold(true);
+  caption_->setFont(bold);
+  column->addWidget(caption_);
+  stale_ = MakeLabel("lblStale", "What the density is of, where that is not in view", this);
+  stale_->setMargin(2);
+  stale_->setWordWrap(true);
+  column->addWidget(stale_);  // empty it keeps its line, so that the picture stays in its place
+
+  auto* border = new QFrame(this);
+  border->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+  auto* inside = new QVBoxLayout(border);
+  inside->setContentsMargins(1, 1, 1, 1);
+  picture_ = new PictureWidget(border);
+  picture_->setObjectName("picContour");
+  picture_->setToolTip(PictureTip);
+  picture_->SetPicture(ContourPlane,
+                       [this](Target& target) { DrawContourPicture(velorix_, target); });
+  picture_->OnMove = [this](const PictureMouse& mouse) { FollowMouse(mouse.x, mouse.y); };
+  picture_->OnLeave = [this] { cursor_->clear(); };
+  inside->addWidget(picture_);
+  column->addWidget(border, 1);
+  clip_ = MakeLabel("picClip", "", this);  // the picture on its way to the clipboard
+  clip_->hide();
+
+  auto* below = new QHBoxLayout;
+  below->addWidget(levelsTitle_ = new QLabel(this));
+  levels_ = MakeLabel("lblLevels", "Contour levels, in multiples of a uniform density", this);
+  levels_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  below->addWidget(levels_);
+  below->addStretch(1);
+  cursor_ = MakeLabel("lblCursor", "Direction and density under the mouse", this);
+  below->addWidget(cursor_);
+  column->addLayout(below);
+  column->addLayout(MakeProgress());
+  return column;
+}
+
+QLayout* frmContour::MakeProgress() {
+  auto* row = new QHBoxLayout;
+  const auto& options = velorix_.Contour.Options;
+  auto* shown =
+      MakeButton<QCheckBox>("chkProgressBar", "&Progress bar", "Show how far the count is", this);
+  shown->setChecked(options.chkProgressBar);
+  bar_ = new QProgressBar(this);
+  bar_->setObjectName("vbalProgressBar1");
+  bar_->setToolTip("How far the count is");
+  bar_->setRange(0, BarSteps);
+  bar_->setTextVisible(false);
+  bar_->setEnabled(options.chkProgressBar);
+  connect(shown, &QCheckBox::toggled, this, [this](bool on) {
+    velorix_.Contour.Options.chkProgressBar = on;
+    bar_->setEnabled(on);
+  });
+  time_ = MakeLabel("lblTime", "Time of the last count", this);
+  time_->setMinimumWidth(fontMetrics().horizontalAdvance("00.00 s"));
+  time_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  row->addWidget(shown);
+  row->addWidget(bar_, 1);
+  cancel_ = AddCommand(*row, "cmdCancel", "Cancel", "Stop the count; the picture stays [Esc]",
+                       &frmContour::Cancel);
+  cancel_->setEnabled(false);
+  row->addWidget(time_);
+  return row;
+}
+
+QLayout* frmContour::MakeControls() {
+  auto* column = new QVBoxLayout;
+  auto* options = new QWidget(this);
+  auto* frames = new QVBoxLayout(options);
+  frames->setContentsMargins(0, 0, 0, 0);
+  AddDisplays(*frames);
+  AddSmooth(*frames);
+  AddColours(*frames);
+  AddChecks(*frames);
+  frames->addStretch(1);
+  // With large letters they may be higher than the screen.
+  auto* scroll = new QScrollArea(this);
+  scroll->setFrameStyle(QFrame::NoFrame);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroll->setWidgetResizable(true);
+  scroll->setWidget(options);
+  scroll->setMinimumWidth(options->sizeHint().width() +
+                          scroll->verticalScrollBar()->sizeHint().width());
+  column->addWidget(scroll, 1);
+  column->addSpacing(8);
+  AddCommands(*column);
+  return column;
+}
+
+void frmContour::AddDisplays(QVBoxLayout& column) {
+  QVBoxLayout* inside = AddFrame(column, "fraDisplay", "Da&ta", this);
+  for (int index = 1; index <= 5; ++index) {
+    auto* option =
+        MakeButton<QRadioButton>("", ContourDisplays[index].Name, DisplayTips[index], this);
+    option->setObjectName(QString("optDisplay(%1)").arg(index));
+    option->setChecked(velorix_.Contour.Options.optDisplay == index);
+    connect(option, &QRadioButton::clicked, this, [this, index] {
+      Work(velorix_, [&] { ChooseContourDisplay(velorix_, index); });
+      ShowState();
+    });
+    inside->addWidget(option);
+  }
+}
+
+void frmContour::AddSmooth(QVBoxLayout& column) {
+  QVBoxLayout* inside = AddFrame(column, "fraSmooth", "&Smooth", this);
+  auto* spinner = new QSpinBox(this);
+  spinner->setObjectName("udSmooth");
+  spinner->setRange(0, 100);
+  spinner->setValue(velorix_.Contour.Options.txtSmooth);
+  const char tip[] = "Smoothing of the next count: greater is sharper";
+  spinner->setToolTip(tip);
+  spinner->setAccessibleName("Smooth");
+  if (auto* text = spinner->findChild<QLineEdit*>()) text->setObjectName("txtSmooth");
+  connect(spinner, &QSpinBox::valueChanged, this, [this](int value) {
+    velorix_.Contour.Options.txtSmooth = static_cast<std::int16_t>(value);
+  });
+  inside->addWidget(spinner);
+}
+
+void frmContour::AddColours(QVBoxLayout& column) {
+  QVBoxLayout* inside = AddFrame(column, "fraColours", "Colours", this);
+  auto* discrete =
+      MakeButton<QRadioButton>("optDiscrete", "D&iscrete", "A colour for each contour level", this);
+  auto* continuous =
+      MakeButton<QRadioButton>("optContinuous", "C&ontinuous", "A colour for each density", this);
+  (velorix_.Contour.Options.optDiscrete ? discrete : continuous)->setChecked(true);
+  connect(discrete, &QRadioButton::toggled, this,
+          [this](bool on) { Change([on](ContourOptions& o) { o.optDiscrete = on; }); });
+  inside->addWidget(discrete);
+  inside->addWidget(continuous);
+}
+
+void frmContour::AddChecks(QVBoxLayout& column) {
+  QVBoxLayout* inside = AddFrame(column, "fraShow", "Show", this);
+  for (const CheckRow& row : Checks) {
+    auto* check = MakeButton<QCheckBox>(row.Name, row.Caption, row.Tip, this);
+    check->setChecked(velorix_.Contour.Options.*row.Option);
+    connect(check, &QCheckBox::toggled, this,
+            [this, &row](bool on) { Change([&](ContourOptions& o) { o.*row.Option = on; }); });
+    inside->addWidget(check);
+  }
+}
+
+QPushButton* frmContour::AddCommand(QLayout& row, const char* name, const char* caption,
+                                    const char* tip, void (frmContour::*run)()) {
+  auto* button = MakeButton<QPushButton>(name, caption, tip, this);
+  connect(button, &QPushButton::clicked, this, [this, run] { (this->*run)(); });
+  row.addWidget(button);
+  return button;
+}
+
+void frmContour::AddCommands(QVBoxLayout& column) {
+  QPushButton* count =
+      AddCommand(column, "cmdCount", "Count", "Count the density of the data in view [Return]",
+                 &frmContour::Count);
+  QFont bold = count->font();
+  bold.setBold(true);
+  count->setFont(bold);
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
+    connect(new QShortcut(key, this), &QShortcut::activated, this, [this] { Count(); });
+  AddCommand(column, "cmdRedraw", "&Redraw", "Draw the picture again, without a count",
+             &frmContour::Redraw);
+  column.addSpacing(8);
+  AddCommand(column, "cmdCopyToClipboard", "Cop&y", "Copy the picture to the clipboard",
+             &frmContour::CopyPicture);
+  AddCommand(column, "cmdSavePicture", "Sa&ve picture", "Save the picture to a file",
+             &frmContour::SavePicture);
+  AddCommand(column, "cmdGrevaExport", "E&xport Kmax",
+             "Write the directions of Kmax for a stereographic plotting program, to "
+             "examples/grevadata.txt in the program's folder",
+             &frmContour::Export);
+  column.addSpacing(8);
+  AddCommand(column, "cmdCLOSE", "Close", "Close this window [Esc]", &frmContour::Shut);
+  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { Shut(); });
+}
+
+void frmContour::Change(const std::function<void(ContourOptions&)>& change) {
+  change(velorix_.Contour.Options);
+  Redraw();
+}
+
+void frmContour::Redraw() { picture_->Redraw(); }
+
+void frmContour::ShowState() {
+  const ContourSession& contour = velorix_.Contour;
+  caption_->setText(ToQString(ContourCaption(velorix_)));
+  ShowNotice(*stale_, ToQString(ContourStaleText(contour)));
+  levelsTitle_->setText(contour.Counted() ? "Levels:" : "Count (Return) computes the density.");
+  levels_->setText(ToQString(ContourLevelsText(contour)));
+  time_->setText(ToQString(ContourTimeText(contour)));
+  const QString maximum = ToQString(ContourMaximumText(velorix_));
+  levels_->setToolTip(maximum.isEmpty() ? "Contour levels, in multiples of a uniform density"
+                                        : maximum);
+  Redraw();
+}
+
+void frmContour::FollowMouse(double x, double y) {
+  cursor_->setText(ToQString(ContourCursorText(velorix_, x, y)));
+  const QString maximum = ToQString(ContourMaximumText(velorix_));
+  picture_->setToolTip(IsOnContourLegend(x, y) && !maximum.isEmpty() ? maximum : PictureTip);
+}
+
+void frmContour::Count() {
+  if (counting_) return;
+  counting_ = true;
+  cancelled_ = false;
+  cancel_->setEnabled(true);
+  events_.start();
+  qApp->installEventFilter(this);
+  Work(velorix_, [this] { CountContour(velorix_, [this](double share) { return GoOn(share); }); });
+  qApp->removeEventFilter(this);
+  counting_ = false;
+  cancel_->setEnabled(false);
+  bar_->setValue(0);
+  ShowState();
+}
+
+/// Shows the share of the work that is done and listens whether to go on.
+bool frmContour::GoOn(double share) {
+  if (velorix_.Contour.Options.chkProgressBar) bar_->setValue(static_cast<int>(share * BarSteps));
+  if (events_.elapsed() < ListenEvery) return !cancelled_;
+  ShowBusyCursor();
+  QCoreApplication::processEvents();
+  events_.restart();
+  return !cancelled_;
+}
+
+bool frmContour::eventFilter(QObject* watched, QEvent* event) {
+  const bool widget = watched->isWidgetType() || event->type() == QEvent::Shortcut;
+  if (!counting_ || !widget || watched == cancel_ || !IsInput(event->type())) return false;
+  const bool escape =
+      event->type() == QEvent::Shortcut
+          ? static_cast<QShortcutEvent*>(event)->key() == QKeySequence(Qt::Key_Escape)
+          : event->type() == QEvent::KeyPress &&
+                static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+  if (escape || (event->type() == QEvent::Close && watched == this)) Cancel();
+  event->ignore();
+  return true;
+}
+
+void frmContour::Cancel() { cancelled_ = true; }
+
+void frmContour::CopyPicture() {
+  clip_->setPixmap(picture_->grab());
+  QApplication::clipboard()->setPixmap(clip_->pixmap());
+}
+
+void frmContour::SavePicture() {
+  Work(velorix_, [&] {
+    FileQuestion question = SaveQuestion(velorix_.Session, "Save Picture");
+    question.Filter = PictureFilter();
+    const auto answer = AskWhereToSave(velorix_, question);
+    if (!answer) return;
+    constexpr double Scale = 3;  // pixels of a unit
+    const Outcome outcome =
+        WritePicture(answer->Filename, ContourPlane, Scale,
+                     [this](Target& target) { DrawContourPicture(velorix_, target); });
+    if (!outcome) velorix_.Dialogs.Ask(outcome.Title, outcome.Text, {"&OK"});
+  });
+}
+
+void frmContour::Export() {
+  Work(velorix_, [this] { GrevaExport(velorix_); });
+}
+
+void frmContour::Shut() { close(); }
+
+void frmContour::closeEvent(QCloseEvent* event) {
+  QWidget::closeEvent(event);
+  if (OnClose) OnClose();
+}
+
+}  // namespace velorix

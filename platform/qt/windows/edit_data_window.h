@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QDialog>
+#include <functional>
+
+#include "app/edit/orientation_editor.h"
+
+class QHBoxLayout;
+class QLabel;
+
+namespace velorix {
+
+class EditTable;
+
+/// The orientation editor, a modal window over the store's orientation data.
+class frmEditData : public QDialog {
+ public:
+  frmEditData(Velorix& velorix, QWidget* owner);
+
+ private:
+  void AddButton(QHBoxLayout& row, const char* name, const char* caption, const char* tip,
+                 const QKeySequence& key, const std::function<void()>& work);
+  QHBoxLayout* MakeButtons();
+  void ShowLines();
+
+  Velorix& velorix_;
+  OrientationEditor editor_;
+  EditTable* table_ = nullptr;
+  QLabel *line_ = nullptr, *doubts_ = nullptr;
+};
+
+}  // namespace velorix

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+#include "app/state/velorix.h"
+
+class QGridLayout;
+class QLabel;
+
+namespace velorix {
+
+/// The window of the group statistics: directions of the mean tensor with their errors above a
+/// table of factors. Its labels are named `lblJelinek(i)` and `lblBootStat(i)`.
+class frmGroupStatistics : public QWidget {
+ public:
+  /// A window owned by `owner`; `OnClose` is called when the user shuts it.
+  frmGroupStatistics(const Velorix& velorix, QWidget* owner);
+
+  std::function<void()> OnClose;
+
+  /// Writes the factors' names.
+  void AnisoFacName_Show();
+  /// Writes all value labels.
+  void AnisoView_DisplayGroupStatistics();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  struct Value {
+    QLabel* Label;
+    int Index;
+    bool Boot;
+  };
+
+  void AddHeading(QGridLayout& table, int row, int column, const QString& text, const QString& tip,
+                  int span = 1);
+  QLabel* AddName(QGridLayout& table, int row, const QString& text);
+  QLabel* AddValue(QGridLayout& table, int row, int column, int index, bool boot);
+  void AddDirections(QGridLayout& table);
+  void AddFactors(QGridLayout& table);
+  QLayout* MakeCommands();
+  void Copy();
+
+  const Velorix& velorix_;
+  std::vector<Value> values_;
+  std::vector<QLabel*> factorNames_;
+};
+
+}  // namespace velorix

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <string>
+
+#include "plot/axes/axis_scale.h"
+#include "plot/drawing/drawing.h"
+#include "tensor/projection.h"
+
+namespace velorix {
+
+/// An axis of a plot: its scale and its words.
+struct Axis {
+  AxisRange range;
+  std::string label, unit;
+  bool log = false;    // the values are logarithms; a tick shows 10 to its value
+  bool power = false;  // ticks show the value divided by the power of ten of the lower end
+  bool grid = false;   // a dotted grey line at each tick
+
+  /// Nothing can be placed on it: it has no extent, or one beyond all numbers.
+  bool IsEmpty() const {
+    return !(range.upper > range.lower) || !std::isfinite(range.upper - range.lower);
+  }
+  /// Where a value lies, 0 at the lower end and 1 at the upper one; and the value there.
+  double ShareOf(double value) const { return (value - range.lower) / (range.upper - range.lower); }
+  double ValueAt(double share) const { return range.lower + share * (range.upper - range.lower); }
+};
+
+/// The number at a tick.
+std::string TickText(const Axis& axis, double value);
+
+/// The ticks of an axis of `length` units whose labels of `height` don't run into each other along
+/// the text or across it. Both are those of scale 1, so that each target gets the same ticks.
+Ticks LabelledTicks(const Axis& axis, double length, double height, bool alongText);
+
+/// The label with the power of ten and the unit in brackets: "Kmean [10^-4 SI]".
+std::string AxisTitle(const Axis& axis);
+
+/// What the mouse reads off the axis: "Kmean = 1.250 10^-4".
+std::string AxisReadOut(const Axis& axis, double value);
+
+/// Where a plot lies on its target: its frame, in whose unit square (0, 0) is the lower left
+/// corner, and the sizes of letters and symbols. A negative height turns the plot upside down, its
+/// labels then on the other side. The defaults are those of the screen. `scale` multiplies all of
+/// them; sizes of letters, symbols and ticks are rounded once, behind it.
+struct PlotGeometry {
+  double left = 60, bottom = 245, width = 285, height = 205;
+  std::int16_t fontHeight = 12, symbolSize = 8;
+  // From the frame to the left and the right side of the colour scale, and to its title's baseline.
+  double barLeft = 55, barRight = 65, barTitle = 81;
+  double scale = 1;
+
+  /// A point of the unit square on the target, and the way back.
+  Point At(double u, double v) const;
+  Point FromTarget(const Point& p) const;
+  /// The tick across an axis, the height of letters, and a symbol.
+  std::int16_t TickSize(double part) const;
+  std::int16_t Letters(double factor) const;
+  std::int16_t SymbolSize() const;
+};
+
+/// Ticks, labels and title along the lower and the left side.
+void DrawXAxis(Target& target, const PlotGeometry& plot, const Axis& axis,
+               const std::string& title);
+void DrawYAxis(Target& target, const PlotGeometry& plot, const Axis& axis,
+               const std::string& title);
+
+/// White paper under the plot, the title above it, the frame round it; and the paper and the frame
+/// alone, which a plot without records shows.
+void DrawPlotPaper(Target& target, const PlotGeometry& plot);
+void DrawPlotTitle(Target& target, const PlotGeometry& plot, const std::string& title);
+void DrawPlotFrame(Target& target, const PlotGeometry& plot, Colour colour);
+void DrawEmptyPlot(Target& target, const PlotGeometry& plot);
+
+/// A text at (u, v) of the unit square, upright or reading upward.
+void DrawPlotText(Target& target, const PlotGeometry& plot, const std::string& text, double u,
+                  double v, const TextStyle& style);
+void DrawPlotTextVertical(Target& target, const PlotGeometry& plot, const std::string& text,
+                          double u, double v, const TextStyle& style);
+
+}  // namespace velorix

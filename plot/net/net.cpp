@@ -1,0 +1,75 @@
+#include "plot/net/net.h"
+
+#include "base/rounding.h"
+#include "plot/drawing/symbols.h"
+#include "store/session.h"
+
+namespace velorix {
+
+namespace {
+
+struct NetLabel {
+  double u, v;
+  int alignment;
+};
+
+// clang-format off
+constexpr NetLabel Labels[] = {             // top, right, bottom, left
+    { 0.00,  1.02, CentreBaseline},
+    { 1.02, -0.03, LeftBaseline},
+    { 0.00, -1.01, CentreTop},
+    {-1.02, -0.03, RightBaseline},
+};
+constexpr const char* SpecimenNames[] = {"X", "Y",  "-X",  "-Y"};
+constexpr const char* CompassNames[]  = {"N", "90", "180", "270"};
+constexpr const char* PlainNames[]    = {"0", "90", "180", "270"};
+// clang-format on
+
+const char* const* NamesOf(std::int16_t coorSys) {
+  switch (coorSys) {
+    case Specimen:
+    case Tectonic:
+      return SpecimenNames;
+    case Geographic:
+    case Paleogeographic:
+      return CompassNames;
+    default:
+      return PlainNames;
+  }
+}
+
+}  // namespace
+
+Point OnNet(const Net& net, double u, double v) {
+  return NetToTarget({u, v}, {net.cx, net.cy}, net.diameter);
+}
+
+void DrawNetSymbol(Target& target, const Net& net, Projection projection, Direction direction,
+                   std::int16_t type, std::int16_t size, Colour fill, Pen pen) {
+  const Point unit = ProjectDirection(projection, direction);
+  const Point p = OnNet(net, unit.x, unit.y);
+  DrawSymbol(target, type, static_cast<float>(p.x), static_cast<float>(p.y), size, fill, pen);
+}
+
+void DrawNet(Target& target, std::int16_t coorSys, Projection projection, const Net& net,
+             Colour colour, std::int16_t fontHeight) {
+  DrawCircle(target, net.cx, net.cy, net.diameter / 2, {.colour = colour, .width = 2}, 0);
+
+  const char* const* names = NamesOf(coorSys);
+  for (int i = 0; i < 4; ++i) {
+    const Point p = OnNet(net, Labels[i].u, Labels[i].v);
+    DrawText(target, names[i], p.x, p.y,
+             {.height = fontHeight, .colour = colour, .alignment = Labels[i].alignment});
+  }
+
+  // Each tick stands across its radius; those of inclination 90 make a small plus at the centre.
+  const std::int16_t size = ToShort(5 * net.diameter / 340);
+  for (int inc = 10; inc <= 90; inc += 10)
+    for (const int dec : {0, 180, 90, 270}) {
+      const std::int16_t type = dec % 180 == 0 ? 4 : 6;
+      DrawNetSymbol(target, net, projection, {static_cast<double>(dec), static_cast<double>(inc)},
+                    type, size, colour, {.colour = colour});
+    }
+}
+
+}  // namespace velorix

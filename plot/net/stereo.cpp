@@ -1,0 +1,62 @@
+#include "plot/net/stereo.h"
+
+#include <optional>
+
+#include "plot/net/stereo_view.h"
+
+namespace velorix {
+
+void DrawStereo(const RecordArray& records, std::int16_t coorSys, Target& target,
+                const StereoGeometry& geometry, const StereoOptions& options, std::int16_t reImMode,
+                const GroupStats& stats, const Settings& settings) {
+  const Net net = geometry.OnTarget();
+  const StereoView view = {records, coorSys, reImMode, target, geometry,
+                           options, stats,   settings, net};
+
+  target.SetTransparent();
+  DrawNet(target, coorSys, EqualArea, net, Black, geometry.FontHeight());
+  DrawCaptions(view);
+  DrawLegend(view);
+  DrawGeology(view, false);
+  DrawGeology(view, true);
+  DrawBootstrap(view);
+  const std::optional<ColourCoding> coding = DrawColourScale(view);
+  DrawRecordCircles(view, false);
+  DrawRecordCircles(view, true);
+  DrawDataLines(view);
+  DrawRecordEllipses(view, false);
+  DrawRecordSymbols(view, false, coding);
+  DrawRecordEllipses(view, true);
+  DrawRecordSymbols(view, true, coding);
+  DrawMeans(view);
+  DrawMeanEllipses(view);
+}
+
+PlaneSize StereoPlane(const StereoOptions& options) {
+  const StereoGeometry geometry;
+  const Net net = geometry.OnTarget();
+  const double em = 1.1 * geometry.fontHeight;  // no letter of a caption is wider
+
+  double width = 2 * geometry.cx, height = 366;
+  const auto makeRoom = [&](double u, double besideIt, std::size_t row, double belowIt) {
+    const Point p = OnNet(net, u, LegendTop - RowStep * static_cast<double>(row));
+    width = std::max(width, p.x + besideIt);
+    height = std::max(height, p.y + belowIt);
+  };
+  const auto makeRoomForCodes = [&](const std::vector<std::string>& codes, double textAt,
+                                    double lastAt) {
+    for (std::size_t row = 0; row < codes.size(); ++row) {
+      makeRoom(textAt, em * static_cast<double>(codes[row].size()), row, em);
+      makeRoom(lastAt, geometry.symbolSize, row, em);
+    }
+  };
+  if (options.chkCaption[1] && options.chkFoli[0])
+    makeRoomForCodes(options.lstFoli, FoliColumn, FoliColumn + 2 * ColumnStep + 0.15);
+  if (options.chkCaption[1] && options.chkFoli[4])
+    makeRoomForCodes(options.lstLine, LineColumn, LineColumn + ColumnStep);
+  if (options.chkData && options.chkStereoColorCoding)  // the colour scale right of the net
+    width = std::max(width, geometry.cx + geometry.diameter / 2 + ScaleGap + 25);
+  return {static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(height))};
+}
+
+}  // namespace velorix

@@ -1,0 +1,94 @@
+#include "plot/net/stereo_view.h"
+
+namespace velorix {
+namespace {
+
+constexpr double AxisColumn = -0.95, SymbolRise = 0.04;  // a symbol stands above its baseline
+
+const char* SystemName(std::int16_t coorSys) {
+  switch (coorSys) {
+    case Specimen:
+      return "Specimen";
+    case Geographic:
+      return "Geographic";
+    case Paleogeographic:
+      return "Paleogeographic";
+    case Tectonic:
+      return "Tectonic";
+    default:
+      return "";
+  }
+}
+
+void DrawAxisLegend(const StereoView& view) {
+  double v = LegendTop;
+  for (int k = 1; k <= 3; ++k) {
+    if (!view.options.chkK[k]) continue;
+    const PrincipalAxis& axis = Axes[k];
+    view.Text(axis.name, AxisColumn, v, LeftBaseline);
+    view.Symbol(axis.symbol, AxisColumn - 0.1, v + SymbolRise, axis.sizeFactor, axis.colour, Black);
+    v -= RowStep;
+  }
+}
+
+void DrawFoliLegend(const StereoView& view) {
+  const auto& chkFoli = view.options.chkFoli;
+  if (!chkFoli[0]) return;
+  double v = LegendTop;
+  int i = 0;
+  for (const std::string& code : view.options.lstFoli) {
+    ++i;
+    double u = FoliColumn;
+    if (chkFoli[1] || chkFoli[2] || chkFoli[3]) {
+      view.Text(code, u, v, LeftBaseline);
+      u += ColumnStep;
+    }
+    if (chkFoli[2]) {
+      view.Symbol(static_cast<std::int16_t>(i + 30), u, v + SymbolRise, 1.2, White, PlaneColour);
+      u += ColumnStep;
+    }
+    if (chkFoli[1]) view.Line(u - 0.05, u + 0.15, v + SymbolRise, FoliPen(i, PlaneColour));
+    v -= RowStep;
+  }
+}
+
+void DrawLineLegend(const StereoView& view) {
+  if (!view.options.chkFoli[4]) return;
+  double v = LegendTop;
+  int i = 0;
+  for (const std::string& code : view.options.lstLine) {
+    ++i;
+    view.Text(code, LineColumn, v, LeftBaseline);
+    view.Symbol(static_cast<std::int16_t>(i + 10), LineColumn + ColumnStep, v + SymbolRise, 1,
+                White, LineColour);
+    v -= RowStep;
+  }
+}
+
+}  // namespace
+
+Pen FoliPen(int i, Colour colour) {
+  if (i == 1) return {.style = Solid, .colour = colour, .width = 3};
+  return {.style = static_cast<std::int16_t>(i - 1), .colour = colour, .width = 1};
+}
+
+void DrawCaptions(const StereoView& view) {
+  if (!view.options.chkCaption[0]) return;
+  const auto plotted =
+      std::count_if(view.records.begin(), view.records.end(),
+                    [&](const SpecimenRecord& record) { return view.Plots(record); });
+  const std::string left[] = {SystemName(view.coorSys), "Coordinate", "System"};
+  const std::string right[] = {"Equal-Area", "Projection", "N = " + std::to_string(plotted)};
+  constexpr double rows[] = {0.9, 0.8, 0.7};
+  for (int i = 0; i < 3; ++i) view.Text(left[i], -1.1, rows[i], LeftBaseline);
+  for (int i = 0; i < 3; ++i) view.Text(right[i], 1.1, rows[i], RightBaseline);
+}
+
+void DrawLegend(const StereoView& view) {
+  if (!view.options.chkCaption[1]) return;
+  DrawAxisLegend(view);
+  DrawFoliLegend(view);
+  DrawLineLegend(view);
+}
+
+}  // namespace velorix

@@ -1,0 +1,71 @@
+#include "plot/net/stereo_view.h"
+
+namespace velorix {
+namespace {
+
+/// Strike sticks on the rim. An unselected record gets one, a selected one the two at right angles
+/// to its dip direction: this difference is wanted.
+void DrawSticks(const StereoView& view, double poleDec, bool selected, Colour colour) {
+  constexpr double NoDeclination = 30000;  // a damaged file may hold any number
+  const auto stick = [&](double dec) {
+    if (std::fabs(dec) > NoDeclination) return;
+    const auto type = static_cast<std::int16_t>(1000 + ToShort(dec));
+    DrawNetSymbol(view.target, view.net, EqualArea, {dec, 0}, type, view.SymbolSize(1), White,
+                  {.colour = colour});
+  };
+  if (!selected) return stick(poleDec + 90 >= 360 ? poleDec - 270 : poleDec + 90);
+  const double left = poleDec - 90 < 0 ? poleDec + 270 : poleDec - 90;
+  stick(left);
+  stick(left + 180 >= 360 ? left - 180 : left + 180);
+}
+
+void DrawPlane(const StereoView& view, Direction plane, int i, bool selected) {
+  const Direction pole = PoleOfPlane(plane);
+  if (!IsFinite(pole)) return;
+  const auto& chkFoli = view.options.chkFoli;
+  const Colour colour = selected ? SelectedColour : PlaneColour;
+  if (chkFoli[1])
+    DrawGreatCircle(view.target, view.net, EqualArea, 2, false, pole, FoliPen(i, colour));
+  if (chkFoli[2])
+    DrawNetSymbol(view.target, view.net, EqualArea, pole, static_cast<std::int16_t>(i + 30),
+                  view.SymbolSize(1.2), White, {.colour = colour});
+  if (chkFoli[3]) DrawSticks(view, pole.Dec, selected, colour);
+}
+
+void DrawPlanes(const StereoView& view, const SpecimenRecord& record, bool selected) {
+  int i = 0;
+  for (const std::string& code : view.options.lstFoli) {
+    ++i;
+    for (int slot = 1; slot <= 2; ++slot)
+      if (record.FoliName[slot] == code)
+        DrawPlane(view, {record.FoliDec[slot], record.FoliInc[slot]}, i, selected);
+  }
+}
+
+void DrawLines(const StereoView& view, const SpecimenRecord& record, bool selected) {
+  int i = 0;
+  for (const std::string& code : view.options.lstLine) {
+    ++i;
+    for (int slot = 1; slot <= 2; ++slot) {
+      const Direction line = {record.LineDec[slot], record.LineInc[slot]};
+      if (record.LineName[slot] == code && IsFinite(line))
+        DrawNetSymbol(view.target, view.net, EqualArea, line, static_cast<std::int16_t>(i + 10),
+                      view.SymbolSize(1), White,
+                      {.colour = selected ? SelectedColour : LineColour});
+    }
+  }
+}
+
+}  // namespace
+
+void DrawGeology(const StereoView& view, bool selected) {
+  if (view.coorSys < Geographic) return;
+  const bool planes = view.options.chkFoli[0], lines = view.options.chkFoli[4];
+  if (!planes && !lines) return;
+  view.ForEachPlotted(selected, [&](const SpecimenRecord& record, int) {
+    if (planes) DrawPlanes(view, record, selected);
+    if (lines) DrawLines(view, record, selected);
+  });
+}
+
+}  // namespace velorix

@@ -1,0 +1,62 @@
+#include "plot/net/stereo_view.h"
+
+namespace velorix {
+namespace {
+
+/// Pens of the bootstrap contours, darker than the axes.
+constexpr Array1<Colour, 3> ContourColours = {128, 32768, 0x800000};
+/// Sizes of the symbols of a bootstrap cloud.
+constexpr Array1<std::int16_t, 3> CloudSizes = {1, 3, 3};
+/// Sizes of the mean directions' symbols.
+constexpr Array1<double, 3> MeanSizes = {1.3, 1.3, 1.5};
+
+Direction Long(const ShortDirection& d) { return {d.Dec, d.Inc}; }
+
+}  // namespace
+
+void DrawBootstrap(const StereoView& view) {
+  const GroupStats& stats = view.stats;
+  if (view.records.Count() > BootMaxN) return;
+  if (stats.GroupN < 2 || stats.Reached < GroupStats::Bootstrap) return;
+  if (view.options.chkBootStrap)
+    for (int i = 1; i <= BootReplicates; ++i)
+      for (int k = 1; k <= 3; ++k) {
+        const Direction d = Long(stats.BootPoints[k][i]);
+        if (IsFinite(d))
+          DrawNetSymbol(view.target, view.net, EqualArea, d, Axes[k].symbol, CloudSizes[k],
+                        Axes[k].colour, {.colour = Axes[k].colour});
+      }
+  if (!view.options.chkBootstrapEllips) return;
+  for (int k = 1; k <= 3; ++k) {
+    std::vector<Direction> contour;
+    for (const ShortDirection& d : stats.BootContour[k]) contour.push_back(Long(d));
+    DrawNetPolyline(view.target, view.net, EqualArea, contour, {.colour = ContourColours[k]});
+  }
+}
+
+void DrawMeans(const StereoView& view) {
+  if (!view.options.chkMean || !ShowsMean(view.stats)) return;
+  const auto mean = [&](int k) -> Direction {
+    return {view.stats.MeanDec[k], view.stats.MeanInc[k]};
+  };
+  for (int k = 1; k <= 3; ++k)
+    if (view.options.chkGC[k])
+      DrawGreatCircle(view.target, view.net, EqualArea, 1, false, mean(k),
+                      {.colour = Axes[k].colour, .width = 2});
+  for (int k = 1; k <= 3; ++k)
+    if (view.options.chkK[k] && IsFinite(mean(k)))
+      DrawNetSymbol(view.target, view.net, EqualArea, mean(k), Axes[k].symbol,
+                    view.SymbolSize(MeanSizes[k]), White, {.colour = Axes[k].colour, .width = 2});
+}
+
+void DrawMeanEllipses(const StereoView& view) {
+  const GroupStats& stats = view.stats;
+  if (!view.options.chkMeanEllipses) return;
+  for (int k = 1; k <= 3; ++k)
+    if (view.options.chkK[k] && ShowsErrors(stats, k))
+      DrawConfidenceEllipse(view.target, view.net, EqualArea, false,
+                            {k, stats.MeanVec, stats.MeanE1[k], stats.MeanE2[k], stats.MeanRot[k]},
+                            {.colour = Axes[k].colour});
+}
+
+}  // namespace velorix

@@ -1,0 +1,83 @@
+#include "plot/net/stereo_view.h"
+
+namespace velorix {
+namespace {
+
+Direction DirectionOf(const SpecimenRecord& record, int k) {
+  return {record.Dec[k], record.Inc[k]};
+}
+
+/// The ellipse of axis `k` from the block in view, with its vectors as the file gave them.
+ConfidenceEllipse EllipseOf(const SpecimenRecord& record, int k, bool im) {
+  ConfidenceEllipse ellipse;
+  ellipse.axis = k;
+  const auto& vectors = im ? record.VecIm : record.Vec;
+  for (int i = 1; i <= 3; ++i)
+    for (int j = 1; j <= 3; ++j) ellipse.vectors(i, j) = vectors[i][j];
+  ellipse.E1 = (im ? record.EIm : record.E)[k];
+  ellipse.E2 = (im ? record.E2Im : record.E2)[k];
+  return ellipse;
+}
+
+}  // namespace
+
+void DrawRecordCircles(const StereoView& view, bool selected) {
+  const auto& chkGC = view.options.chkGC;
+  if (!chkGC[1] && !chkGC[2] && !chkGC[3]) return;
+  view.ForEachPlotted(selected, [&](const SpecimenRecord& record, int) {
+    for (int k = 1; k <= 3; ++k)
+      if (chkGC[k])
+        DrawGreatCircle(view.target, view.net, EqualArea, 2, false, DirectionOf(record, k),
+                        {.colour = selected ? SelectedColour : Axes[k].colour});
+  });
+}
+
+void DrawDataLines(const StereoView& view) {
+  const RecordArray& records = view.records;
+  if (!view.options.chkData || !view.options.chkDataLines || records.Count() < 2) return;
+  for (int k = 1; k <= 3; ++k) {
+    if (!view.options.chkK[k]) continue;
+    // A record that isn't in view leaves its entry at the origin, and the line runs there and back:
+    // this is wanted.
+    std::vector<LogicalPoint> points;
+    for (const SpecimenRecord& record : records) {
+      LogicalPoint& point = points.emplace_back();
+      const Direction d = DirectionOf(record, k);
+      if (!record.Active || record.CoorLevel != view.coorSys || !IsFinite(d)) continue;
+      const Point unit = ProjectDirection(EqualArea, d), p = OnNet(view.net, unit.x, unit.y);
+      point = ToLogical(p.x, p.y);
+    }
+    DrawPolyline(view.target, points, {.colour = Axes[k].colour});
+  }
+}
+
+void DrawRecordEllipses(const StereoView& view, bool selected) {
+  if (!view.options.chkData || !view.options.chkDataEllipses) return;
+  view.ForEachPlotted(selected, [&](const SpecimenRecord& record, int) {
+    for (int k = 1; k <= 3; ++k)
+      if (view.options.chkK[k])
+        DrawConfidenceEllipse(view.target, view.net, EqualArea, false,
+                              EllipseOf(record, k, view.reImMode == OutOfPhase),
+                              {.colour = selected ? SelectedColour : Axes[k].colour});
+  });
+}
+
+void DrawRecordSymbols(const StereoView& view, bool selected,
+                       const std::optional<ColourCoding>& coding) {
+  if (!view.options.chkData) return;
+  view.ForEachPlotted(selected, [&](const SpecimenRecord& record, int number) {
+    const double value = coding && !selected ? ColourCoding::Value(view, record, number) : 0;
+    for (int k = 1; k <= 3; ++k) {
+      const Direction direction = DirectionOf(record, k);
+      if (!view.options.chkK[k] || !IsFinite(direction)) continue;
+      const PrincipalAxis& axis = Axes[k];
+      const Colour fill = selected ? SelectedColour
+                          : coding ? coding->Fill(value, axis.colour)
+                                   : axis.colour;
+      DrawNetSymbol(view.target, view.net, EqualArea, direction, axis.symbol,
+                    view.SymbolSize(axis.sizeFactor), fill, {});
+    }
+  });
+}
+
+}  // namespace velorix

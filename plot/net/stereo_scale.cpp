@@ -1,0 +1,135 @@
+#include "plot/axes/parameters.h"
+#include "plot/drawing/colour_scales.h"
+#include "plot/net/stereo_view.h"
+#include "text/numbers.h"
+
+namespace velorix {
+namespace {
+
+/// Where the colour scale stands: right of the net, as high as its lower half.
+struct ScalePlace {
+  double base, bottom;  // left end of the last bar, y of the lower end
+  double barWidth;
+  int height;
+  int axesOn;
+  bool perAxis;
+
+  /// Left of the bars: each axis has one of its own, leading up to the base.
+  double Left() const { return perAxis ? base - barWidth * axesOn : base; }
+};
+
+ScalePlace PlaceOf(const StereoView& view) {
+  ScalePlace place;
+  place.height = ToShort(view.net.diameter / 2);
+  place.base = view.net.cx + place.height + ScaleGap * view.geometry.scale;
+  place.barWidth = BarWidth * view.geometry.scale;
+  place.bottom = view.net.cy + place.height;
+  place.axesOn = 0;
+  for (bool on : view.options.chkK) place.axesOn += on;
+  place.perAxis = view.options.optStereoColorCoding == 0;
+  return place;
+}
+
+void DrawBars(const StereoView& view, const ScalePlace& place) {
+  const auto line = [&](double x, double y, Colour colour) {
+    DrawLine(view.target, x, y, x + place.barWidth, y, {.colour = colour});
+  };
+  for (int i = 0; i <= place.height; ++i) {
+    const double y = place.bottom - i;
+    const float t = static_cast<float>(i) / static_cast<float>(place.height);
+    if (!place.perAxis) {
+      line(place.base, y, ColorScale(t));
+      continue;
+    }
+    double x = place.Left();
+    for (int k = 1; k <= 3; ++k) {
+      if (!view.options.chkK[k]) continue;
+      float share = t;
+      x += place.barWidth;
+      line(x, y, BlendColor(Axes[k].colour, White, share));
+    }
+  }
+}
+
+void DrawTicks(const StereoView& view, const ScalePlace& place, const Axis& scale) {
+  constexpr double LetterPart = 0.9;
+  const StereoGeometry& geometry = view.geometry;
+  const std::int16_t letters = view.Scaled(LetterPart, geometry.FontHeight());
+  const double left = place.Left(), gap = 5 * geometry.scale;
+  const Ticks ticks =
+      LabelledTicks(scale, geometry.diameter / 2, LetterPart * geometry.fontHeight, false);
+  for (const double value : ticks.major) {
+    const double y = place.bottom - place.height * scale.ShareOf(value);
+    DrawText(view.target, TickText(scale, value), place.perAxis ? left + gap : left - gap, y + gap,
+             {.height = letters, .alignment = RightBaseline});
+    const int bars = place.perAxis ? place.axesOn : 1;
+    for (int bar = 0; bar < bars; ++bar) {
+      const double x = left + (place.perAxis ? place.barWidth * (bar + 1) : 0);
+      DrawLine(view.target, x, y, x + place.barWidth, y, {.colour = Black});
+    }
+  }
+}
+
+void DrawTitle(const StereoView& view, const ScalePlace& place, const Axis& scale) {
+  DrawTextVertical(
+      view.target, AxisTitle(scale), place.base - 55 * view.geometry.scale,
+      view.net.cy + place.height / 2.0,
+      {.height = view.geometry.FontHeight(), .alignment = CentreBaseline, .weight = 600});
+}
+
+}  // namespace
+
+double ColourCoding::Value(const StereoView& view, const SpecimenRecord& record, int number) {
+  return ParameterValue(view.options.odclStereoColorCoding, record, view.reImMode, number);
+}
+
+Colour ColourCoding::Fill(double value, Colour axisColour) const {
+  float t = static_cast<float>((value - scale.lower) / (scale.upper - scale.lower));
+  return perAxis ? BlendColor(axisColour, White, t) : ColorScale(t);
+}
+
+std::optional<ColourCoding> DrawColourScale(const StereoView& view) {
+  if (!view.options.chkData || !view.options.chkStereoColorCoding) return std::nullopt;
+  Extent values;
+  view.ForEachPlotted(false, [&](const SpecimenRecord& record, int number) {
+    values.Add(ColourCoding::Value(view, record, number));
+  });
+  if (values.IsEmpty()) return std::nullopt;
+  const ScalePlace place = PlaceOf(view);
+  const int parameter = view.options.odclStereoColorCoding;
+  Axis scale = ParameterAxis(parameter, values.lower, values.upper, view.settings);
+  scale.label = ParameterTitle(parameter, view.settings);
+  if (place.axesOn > 0) {
+    DrawBars(view, place);
+    if (!scale.IsEmpty()) DrawTicks(view, place, scale);
+  }
+  DrawTitle(view, place, scale);
+  return ColourCoding{scale.range, place.perAxis};
+}
+
+void DrawFieldNet(Target& target, std::int16_t coorSys, const StereoGeometry& geometry,
+                  std::span<const FieldPoint> points) {
+  constexpr int StripSteps = 320;
+  const Net net = geometry.OnTarget();
+  target.SetTransparent();
+  DrawNet(target, coorSys, EqualArea, net, Black, geometry.FontHeight());
+  float lower = INFINITY, upper = -INFINITY;
+  for (const FieldPoint& point : points) {
+    lower = std::min(lower, point.Value);
+    upper = std::max(upper, point.Value);
+  }
+  for (const FieldPoint& point : points) {
+    if (!IsFinite(point.Direction) || !std::isfinite(point.Value)) continue;
+    const float share = upper > lower ? (point.Value - lower) / (upper - lower) : 0;
+    DrawNetSymbol(target, net, EqualArea, point.Direction, 3, ToShort(1.2 * geometry.SymbolSize()),
+                  RainbowColor(share), {});
+  }
+  for (int i = 1; i <= StripSteps; ++i) {
+    const Colour colour = RainbowColor(static_cast<float>(i) / StripSteps);
+    const Point p = OnNet(net, -1.04, i / 1100.0 - 1.05);
+    Pen pen = {.colour = colour};
+    DrawSymbol(target, 4, static_cast<float>(p.x), static_cast<float>(p.y), 14, colour, pen);
+  }
+}
+
+}  // namespace velorix

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <string>
+
+#include "base/rounding.h"
+#include "plot/axes/axes.h"
+#include "plot/axes/axis_scale.h"
+#include "plot/drawing/symbols.h"
+#include "plot/net/net_curves.h"
+#include "plot/net/stereo.h"
+#include "store/session.h"
+
+namespace velorix {
+
+// What the files of the stereo view share; nobody else includes this.
+
+/// What every layer draws from and on.
+struct StereoView {
+  const RecordArray& records;
+  std::int16_t coorSys, reImMode;
+  velorix::Target& target;
+  const StereoGeometry& geometry;
+  const StereoOptions& options;
+  const GroupStats& stats;
+  const Settings& settings;
+  Net net;
+
+  std::int16_t Scaled(double factor, std::int16_t size) const { return ToShort(factor * size); }
+  std::int16_t SymbolSize(double factor) const { return Scaled(factor, geometry.SymbolSize()); }
+  std::int16_t CaptionHeight() const { return Scaled(1.1, geometry.FontHeight()); }
+
+  void Text(const std::string& text, double u, double v, int alignment) const {
+    const Point p = OnNet(net, u, v);
+    DrawText(target, text, p.x, p.y, {.height = CaptionHeight(), .alignment = alignment});
+  }
+  void Symbol(std::int16_t type, double u, double v, double sizeFactor, Colour fill,
+              Colour penColour) const {
+    const Point p = OnNet(net, u, v);
+    Pen pen = {.colour = penColour};
+    DrawSymbol(target, type, static_cast<float>(p.x), static_cast<float>(p.y),
+               SymbolSize(sizeFactor), fill, pen);
+  }
+  void Line(double u1, double u2, double v, const Pen& pen) const {
+    const Point a = OnNet(net, u1, v), b = OnNet(net, u2, v);
+    DrawLine(target, a.x, a.y, b.x, b.y, pen);
+  }
+  /// As in all views, but a block that is neither of the two shows no record here.
+  bool Plots(const SpecimenRecord& record) const {
+    return (reImMode == InPhase || reImMode == OutOfPhase) && IsShown(record, coorSys, reImMode);
+  }
+  /// Visits the plotted records that are selected, or those that are not, with their running
+  /// numbers among all plotted ones: `visit(record, number)`.
+  template <class Visit>
+  void ForEachPlotted(bool selected, Visit visit) const {
+    int number = 0;
+    for (const SpecimenRecord& record : records)
+      if (Plots(record) && (++number, record.Selected == selected)) visit(record, number);
+  }
+};
+
+/// How a parameter colours the symbols of unselected records.
+struct ColourCoding {
+  AxisRange scale;
+  bool perAxis = true;  // a ramp from white for each axis, else one ramp for all
+
+  Colour Fill(double value, Colour axisColour) const;
+  static double Value(const StereoView& view, const SpecimenRecord& record, int number);
+};
+
+inline bool IsFinite(const Direction& d) { return std::isfinite(d.Dec) && std::isfinite(d.Inc); }
+
+/// The pen of the i-th foliation's great circle, in legend and net. The sixth has style 5 and so no
+/// line at all: the styles just run on.
+Pen FoliPen(int i, Colour colour);
+
+// The layers, in the order of drawing. `selected` chooses one of the two passes that some have.
+void DrawCaptions(const StereoView& view);
+void DrawLegend(const StereoView& view);
+void DrawGeology(const StereoView& view, bool selected);
+void DrawBootstrap(const StereoView& view);
+/// Draws the scale and gives the coding, or none when no record has a value or colours are off.
+std::optional<ColourCoding> DrawColourScale(const StereoView& view);
+void DrawRecordCircles(const StereoView& view, bool selected);
+void DrawDataLines(const StereoView& view);
+void DrawRecordEllipses(const StereoView& view, bool selected);
+void DrawRecordSymbols(const StereoView& view, bool selected,
+                       const std::optional<ColourCoding>& coding);
+void DrawMeans(const StereoView& view);
+void DrawMeanEllipses(const StereoView& view);
+
+/// Rows of the legend in the unit net.
+inline constexpr double RowStep = 0.1, LegendTop = -0.85;
+inline constexpr double FoliColumn = 0.68, LineColumn = 1.15, ColumnStep = 0.12;
+/// The colour scale at scale 1: from the net's rim to its bars, and the length of a line of a bar.
+inline constexpr int ScaleGap = 65, BarWidth = 10;
+
+}  // namespace velorix

@@ -1,0 +1,169 @@
+#include "plot/plots/contour.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "base/rounding.h"
+#include "plot/drawing/colour_scales.h"
+#include "text/numbers.h"
+
+namespace velorix {
+namespace {
+
+constexpr LogicalPoint Corner = {30, 30};  // of node (0, 0)
+constexpr int Spacing = 3;                 // of the computed nodes
+
+// The legend: title and count, below them the bar from `BarTop` (maximum) to `BarBottom` (0).
+constexpr int LegendLeft = 366, TitleLine = 28, CountLine = 48;
+constexpr int BarWidth = 20, BarTop = 88, BarBottom = 336, LabelLeft = LegendLeft + BarWidth + 8;
+constexpr std::int16_t FontHeight = 14;
+constexpr double HalfDigit = 4;  // a label's baseline lies this far below its middle
+
+struct ContourView {
+  velorix::Target& target;
+  const DensityCount& count;
+  const ContourOptions& options;
+  const ContourDisplay& display;
+  ContourLevels levels;
+
+  bool Counted() const { return count.ContourNodeCount > 0; }
+
+  std::int16_t LevelIndex(float density) const {
+    return ToShort(std::floor(density / static_cast<float>(levels.Step)));
+  }
+  Colour ColourAt(float fraction) const { return BlendColor(display.Colour, White, fraction); }
+  /// Level i of the list has the colour of the nodes with level index i. The index changes at the
+  /// multiples of the step, below the level's value where the step is above 1: wanted.
+  Colour LevelColour(int index) const {
+    return ColourAt(static_cast<float>((index - 1) * levels.Step + 1) /
+                    static_cast<float>(levels.Top()));
+  }
+  Colour ColourOf(float density) const {
+    return options.optDiscrete ? LevelColour(LevelIndex(density))
+                               : ColourAt(density / count.ContourMax);
+  }
+  void Text(const std::string& text, double x, double y) const {
+    DrawText(target, text, x, y, {.height = FontHeight});
+  }
+};
+
+void ColourNodes(const ContourView& view, ContourGrid& grid) {
+  for (std::size_t n = 0; n < grid.Inside.size(); ++n) {
+    if (!grid.Inside[n]) continue;
+    grid.Level[n] = view.LevelIndex(grid.Density[n]);
+    grid.Colour[n] = view.ColourOf(grid.Density[n]);
+  }
+}
+
+/// Blackens each node that has another level than its next neighbour along the row or the column.
+/// A neighbour outside the circle has level 0.
+void BlackenContours(ContourGrid& grid) {
+  const std::size_t side = static_cast<std::size_t>(grid.Side());
+  for (const std::size_t step : {std::size_t{1}, side})
+    for (std::size_t n = 0; n < grid.Inside.size(); ++n) {
+      const std::size_t place = step == 1 ? n % side : n / side;
+      if (grid.Inside[n] && place + 1 < side && grid.Level[n] != grid.Level[n + step])
+        grid.Colour[n] = Black;
+    }
+}
+
+/// The nodes as they are painted: as coloured, computed ones marked when that is wanted.
+void PaintNodes(const ContourView& view, const ContourGrid& grid) {
+  std::vector<Colour> pixels(grid.Colour);
+  for (std::size_t n = 0; n < pixels.size(); ++n)
+    if (!grid.Inside[n]) pixels[n] = NoColour;
+  if (view.options.chkShowGridPoints)
+    for (int j = grid.First; j <= grid.Last; j += Spacing)
+      for (int i = grid.First; i <= grid.Last; i += Spacing) {
+        const std::size_t n = static_cast<std::size_t>(grid.Index(i, j));
+        if (grid.Inside[n]) pixels[n] = Yellow;
+      }
+  view.target.Raster({Corner.x + grid.First, Corner.y + grid.First}, grid.Side(), pixels);
+}
+
+/// Each datum with the declination it has: one that points up is not turned over, as nowhere in
+/// `DrawNetSymbol`.
+void DrawDataPoints(const ContourView& view, const ContourData& data) {
+  for (std::size_t d = 0; d < data.Dec.size(); ++d)
+    DrawNetSymbol(view.target, ContourNet, EqualArea, {data.Dec[d], data.Inc[d]},
+                  view.display.Symbol, view.display.Size, view.display.Colour, {.width = 0});
+}
+
+/// A swatch for 0 and for each level.
+void DrawLevelBar(const ContourView& view) {
+  const int count = static_cast<int>(view.levels.Values.size()) + 1;
+  const double height = std::min((BarBottom - BarTop) / static_cast<double>(count), 24.0);
+  for (int i = 0; i < count; ++i) {
+    const double bottom = BarBottom - i * height;
+    DrawRectangle(view.target, LegendLeft, bottom - height, LegendLeft + BarWidth, bottom, {},
+                  i == 0 ? White : view.LevelColour(i));
+    view.Text(i == 0 ? "0" : PlainText(view.levels.Values[static_cast<std::size_t>(i - 1)]),
+              LabelLeft, bottom - height / 2 + HalfDigit);
+  }
+  view.Text("Max" + FormatNumber(view.count.ContourMax, "0.0"), LegendLeft,
+            BarBottom - count * height - 8);
+}
+
+/// The ramp from 0 to the maximum, with a tick at each level.
+void DrawRampBar(const ContourView& view) {
+  constexpr int Height = BarBottom - BarTop;
+  std::vector<Colour> pixels;
+  for (int y = 0; y < Height; ++y)
+    pixels.insert(pixels.end(), BarWidth,
+                  view.ColourAt(1 - (static_cast<float>(y) + 0.5f) / static_cast<float>(Height)));
+  view.target.Raster({LegendLeft, BarTop}, BarWidth, pixels);
+  DrawBox(view.target, LegendLeft, BarTop, LegendLeft + BarWidth, BarBottom, {});
+  constexpr double LabelHeight = 13;
+  const auto label = [&view](int value, double lower) {
+    const double y = BarBottom - value / static_cast<double>(view.count.ContourMax) * Height;
+    DrawLine(view.target, LegendLeft + BarWidth, y, LegendLeft + BarWidth + 4, y, {});
+    view.Text(PlainText(value), LabelLeft, y + lower + HalfDigit);
+  };
+  const double firstLevel = Height / static_cast<double>(view.count.ContourMax);
+  label(0, std::max(LabelHeight - firstLevel, 0.0));  // level 1 may lie close above 0
+  for (const std::int16_t value : view.levels.Values) label(value, 0);
+  view.Text("Max" + FormatNumber(view.count.ContourMax, "0.0"), LegendLeft, BarTop - 8);
+}
+
+void DrawContourLegend(const ContourView& view, const ContourData& data) {
+  DrawText(view.target, view.display.Name, LegendLeft, TitleLine, {.height = 16, .weight = 700});
+  view.Text("N = " + PlainText(data.Count()), LegendLeft, CountLine);
+  if (!view.Counted()) return;
+  if (view.options.optDiscrete)
+    DrawLevelBar(view);
+  else
+    DrawRampBar(view);
+}
+
+}  // namespace
+
+void DrawContour(Target& target, ContourGrid& grid, const ContourData& data,
+                 const DensityCount& count, std::int16_t coorSys, const ContourOptions& options) {
+  const ContourView view = {target, count, options, ContourDisplays[options.optDisplay],
+                            LevelsOf(count.ContourMax)};
+  target.SetTransparent();
+  if (view.Counted()) {
+    ColourNodes(view, grid);
+    if (options.chkShowContours) BlackenContours(grid);
+    PaintNodes(view, grid);
+  }
+  DrawNet(target, coorSys, EqualArea, ContourNet, Black, FontHeight);
+  if (options.chkDataPoint || !view.Counted()) DrawDataPoints(view, data);
+  DrawContourLegend(view, data);
+}
+
+std::optional<std::size_t> ContourNodeAt(const ContourGrid& grid, double x, double y) {
+  const double i = std::floor(x) - Corner.x, j = std::floor(y) - Corner.y;
+  if (!(i >= grid.First && i <= grid.Last && j >= grid.First && j <= grid.Last)) return {};
+  const std::size_t n =
+      static_cast<std::size_t>(grid.Index(static_cast<int>(i), static_cast<int>(j)));
+  return grid.Inside[n] ? std::optional(n) : std::nullopt;
+}
+
+bool IsOnContourLegend(double x, double y) {
+  return x >= LegendLeft && x < ContourPlane.width && y >= 0 && y < ContourPlane.height;
+}
+
+}  // namespace velorix

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "base/slots.h"
+#include "plot/net/net.h"
+#include "stats/density.h"
+
+namespace velorix {
+
+/// What the controls of the contour window decide, each under its control's name.
+struct ContourOptions {
+  std::int16_t txtSmooth = 20;  // the smoothing of the next count
+  std::int16_t optDisplay = 1;  // what is counted, see `ContourDisplays`
+  bool optDiscrete = true;      // levels, else a continuous ramp
+  bool chkShowContours = true;  // black lines between the levels
+  bool chkShowGridPoints = false;
+  bool chkDataPoint = true;
+  bool chkProgressBar = true;
+
+  bool operator==(const ContourOptions&) const = default;
+};
+
+/// What can be counted, and how it is drawn.
+struct ContourDisplay {
+  const char* Name;
+  velorix::Colour Colour;  // of the greatest density and of the data
+  std::int16_t Symbol, Size;
+};
+inline constexpr Array1<ContourDisplay, 5> ContourDisplays = {{{"Kmax", 255, 1, 5},
+                                                               {"Kint", 65280, 2, 5},
+                                                               {"Kmin", 0xFF0000, 3, 6},
+                                                               {"Foliation Pole", 0xC0C000, 3, 6},
+                                                               {"Lineation", 0x800080, 1, 5}}};
+
+/// The net of the contour picture: node (0, 0) of the grid is its unit (30, 30).
+inline constexpr Net ContourNet = {180, 180, 300};
+/// The plane of the picture with its legend.
+inline constexpr PlaneSize ContourPlane = {486, 360};
+
+/// Draws the counted densities, the net, the data and the legend; the net with the data alone while
+/// `count` is empty. Colours and levels of the nodes are made anew, their densities stay.
+void DrawContour(Target& target, ContourGrid& grid, const ContourData& data,
+                 const DensityCount& count, std::int16_t coorSys, const ContourOptions& options);
+
+/// The node of the grid at a place of the plane, when it lies within the circle.
+std::optional<std::size_t> ContourNodeAt(const ContourGrid& grid, double x, double y);
+/// Whether a place of the plane lies on the legend.
+bool IsOnContourLegend(double x, double y);
+
+}  // namespace velorix

@@ -1,0 +1,182 @@
+#include "plot/plots/xy_plot.h"
+
+#include <cmath>
+#include <limits>
+
+#include "plot/axes/axes.h"
+#include "plot/axes/parameters.h"
+#include "plot/drawing/clip.h"
+#include "plot/drawing/colour_scales.h"
+#include "plot/drawing/symbols.h"
+
+namespace velorix {
+namespace {
+
+constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
+
+void DrawZeroLines(Target& target, const PlotGeometry& plot, const Axis& x, const Axis& y,
+                   const XYPlotLook& look) {
+  const auto line = [&](double u1, double v1, double u2, double v2, PenStyle style) {
+    const Point a = plot.At(u1, v1), b = plot.At(u2, v2);
+    DrawLine(target, a.x, a.y, b.x, b.y, {.style = style, .colour = look.lineColour});
+  };
+  const auto crosses = [](const Axis& axis) { return axis.range.lower * axis.range.upper < 0; };
+  if (look.zeroX && crosses(x)) line(x.ShareOf(0), 0, x.ShareOf(0), 1, Solid);
+  if (look.zeroY && crosses(y)) line(0, y.ShareOf(0), 1, y.ShareOf(0), Solid);
+  if (look.diagonal) line(0, 0, 1, 1, Dashed);
+}
+
+void DrawLines(Target& target, const PlotGeometry& plot, std::span<const Point> places,
+               Colour colour) {
+  std::vector<LogicalPoint> line;
+  for (const auto& run : ClipPolylineToBox(places, plot.At(0, 0), plot.At(1, 1))) {
+    line.clear();
+    for (const Point& p : run) line.push_back(ToLogical(p.x, p.y));
+    DrawPolyline(target, line, {.colour = colour});
+  }
+}
+
+/// The bar right of the plot, its numbers left of it, its title right of it.
+void DrawColourScale(Target& target, const PlotGeometry& plot, const Axis& axis) {
+  const auto rightOfFrame = [&](double units) { return plot.At(1, 0).x + units * plot.scale; };
+  const double left = rightOfFrame(plot.barLeft), right = rightOfFrame(plot.barRight);
+  const int height = ToShort(std::fabs(plot.height) * plot.scale);
+  const double bottom = std::max(plot.At(0, 0).y, plot.At(0, 1).y);
+  for (int i = 0; i <= height; ++i)
+    DrawLine(target, left, bottom - i, right, bottom - i,
+             {.colour = ColorScale(static_cast<float>(i) / static_cast<float>(height))});
+  constexpr double LetterPart = 0.9;
+  const std::int16_t letters = plot.Letters(LetterPart);
+  const double gap = plot.fontHeight / 3.0 * plot.scale;
+  const double letterHeight = LetterPart * plot.fontHeight;
+  for (const double value :
+       LabelledTicks(axis, std::fabs(plot.height), letterHeight, false).major) {
+    const double y = bottom - height * axis.ShareOf(value);
+    DrawText(target, TickText(axis, value), left - gap, y + 0.015 * height,
+             {.height = letters, .alignment = RightBaseline});
+    Pen pen;
+    DrawSymbol(target, 42, static_cast<float>(left), static_cast<float>(y), plot.TickSize(15),
+               Black, pen);
+  }
+  DrawTextVertical(target, AxisTitle(axis), rightOfFrame(plot.barTitle), bottom - height / 2.0,
+                   {.height = letters, .alignment = CentreBaseline, .weight = 600});
+}
+
+}  // namespace
+
+std::vector<Point> PaintXYPlot(Target& target, const PlotGeometry& plot,
+                               std::span<const XYPoint> points, const Axis& x, const Axis& y,
+                               const std::optional<Axis>& colour, const XYPlotLook& look) {
+  std::vector<Point> places(points.size(), Point{NaN, NaN});
+  if (x.IsEmpty() || y.IsEmpty()) return places;
+  if (look.frame) {
+    DrawPlotPaper(target, plot);
+    DrawPlotTitle(target, plot, look.title);
+    DrawZeroLines(target, plot, x, y, look);
+    DrawXAxis(target, plot, x, AxisTitle(x));
+    DrawYAxis(target, plot, y, AxisTitle(y));
+    DrawPlotFrame(target, plot, look.frameColour);
+  }
+
+  for (std::size_t i = 0; i < points.size(); ++i)
+    places[i] = plot.At(x.ShareOf(points[i].x), y.ShareOf(points[i].y));
+  if (look.lines) DrawLines(target, plot, places, look.lineColour);
+
+  const bool colours = colour && !colour->IsEmpty();
+  Pen pen = {.colour = look.penColour};
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    if (!InBox(points[i].x, points[i].y, x.range.lower, y.range.lower, x.range.upper,
+               y.range.upper)) {
+      places[i] = {NaN, NaN};
+      continue;
+    }
+    const Colour fill =
+        colours ? ColorScale(static_cast<float>(colour->ShareOf(points[i].z))) : look.fill;
+    DrawSymbol(target, look.symbol, static_cast<float>(places[i].x),
+               static_cast<float>(places[i].y), plot.SymbolSize(), fill, pen);
+  }
+  if (look.frame && colours) DrawColourScale(target, plot, *colour);
+  return places;
+}
+
+PlaneSize XYPlotPlane(const XYPlotOptions& options) {
+  const PlotGeometry plot;
+  const double right = options.coding ? plot.barTitle + 4 : 15;
+  return {static_cast<int>(plot.left + plot.width + right), 290};
+}
+
+namespace {
+
+/// What a plot takes from the records in view: their points, unselected and selected ones apart,
+/// and the axes.
+struct XYPlotData {
+  std::vector<XYPoint> points[2];
+  std::vector<std::int16_t> records[2];  // their numbers, from 1
+  Extent x, y, z;
+};
+
+XYPlotData Gather(const Session& session, const XYPlotOptions& options) {
+  XYPlotData data;
+  int number = 0;
+  for (int i = 1; i <= session.RecordCount(); ++i) {
+    const SpecimenRecord& record = session.Records[i];
+    if (!IsShown(record, session.CoorSys, session.ReImMode)) continue;
+    ++number;
+    const auto value = [&](int parameter) {
+      return ParameterValue(parameter, record, session.ReImMode, number);
+    };
+    const XYPoint point = {value(options.x), value(options.y),
+                           options.coding ? value(options.colour) : 0};
+    data.x.Add(point.x);
+    data.y.Add(point.y);
+    if (!record.Selected) data.z.Add(point.z);
+    data.points[record.Selected].push_back(point);
+    data.records[record.Selected].push_back(static_cast<std::int16_t>(i));
+  }
+  return data;
+}
+
+template <class Keep>
+std::optional<XYPlotAxes> Draw(const Session& session, Target& target, const PlotGeometry& plot,
+                               const XYPlotOptions& options, Keep keep) {
+  target.SetTransparent();
+  const XYPlotData data = Gather(session, options);
+  if (data.points[false].empty() && data.points[true].empty()) DrawEmptyPlot(target, plot);
+  if (data.x.IsEmpty() || data.y.IsEmpty()) return std::nullopt;
+  const auto axis = [&](int parameter, const Extent& values) {
+    return ParameterAxis(parameter, values.lower, values.upper, session.Settings);
+  };
+  const XYPlotAxes axes = {axis(options.x, data.x), axis(options.y, data.y)};
+  std::optional<Axis> colour;
+  if (options.coding && !data.z.IsEmpty()) colour = axis(options.colour, data.z);
+  for (const bool selected : {false, true}) {
+    XYPlotLook look;
+    look.frame = !selected;
+    look.lines = options.lines;
+    look.title = axes.x.label + " - " + axes.y.label;
+    if (selected) look.fill = SelectedColour;
+    const std::vector<Point> places = PaintXYPlot(target, plot, data.points[selected], axes.x,
+                                                  axes.y, selected ? std::nullopt : colour, look);
+    for (std::size_t i = 0; i < places.size(); ++i) keep(data.records[selected][i], places[i]);
+  }
+  if (axes.x.IsEmpty() || axes.y.IsEmpty()) return std::nullopt;
+  return axes;
+}
+
+}  // namespace
+
+std::optional<XYPlotAxes> DrawXYPlot(const Session& session, Target& target,
+                                     const PlotGeometry& plot, const XYPlotOptions& options) {
+  return Draw(session, target, plot, options, [](int, const Point&) {});
+}
+
+std::optional<XYPlotAxes> DrawXYPlot(Session& session, Target& target, const PlotGeometry& plot,
+                                     const XYPlotOptions& options, int slot) {
+  for (SpecimenRecord& record : session.Records) record.PlotX[slot] = record.PlotY[slot] = NaN;
+  return Draw(session, target, plot, options, [&](int record, const Point& place) {
+    session.Records[record].PlotX[slot] = place.x;
+    session.Records[record].PlotY[slot] = place.y;
+  });
+}
+
+}  // namespace velorix

@@ -1,0 +1,139 @@
+#include "datafiles/settings_file.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/datafiles/temp_folder.h"
+
+namespace velorix {
+namespace {
+
+// clang-format off
+constexpr char DefaultText[] =
+    " 6     P1        |\r\n" " 0     P2        |\r\n" " 6     P3        |\r\n"
+    " 0     P4        |\r\n" " 1     DemagFac  |\r\n" " 9     L         |\r\n"
+    " 13    F         |\r\n" " 4     P         |\r\n" " 2     Pj        |\r\n"
+    " 31    T         |\r\n" " 32    U         |\r\n" " 24    Q         |\r\n"
+    " 28    E         |\r\n";
+// clang-format on
+
+/// The default text with line `line`, from 1, replaced.
+std::string WithLine(int line, const std::string& text) {
+  std::istringstream lines(DefaultText);
+  std::string result, one;
+  for (int i = 1; std::getline(lines, one, '\n'); ++i)
+    result += i == line ? text + "\r\n" : one + "\n";
+  return result;
+}
+
+TEST(SettingsFile, WhatIsWrittenReadsBack) {
+  Settings settings;
+  settings.DemagFac = false;
+  settings.P = {12, -3, 32767, -32768};
+  settings.FacIndex[8] = 38;
+  settings.FacName[1] = "a€é";
+  settings.FacName[2] = "tenletters";  // reaches the bar's column
+  settings.FacName[3] = "far_beyond_the_column";
+  Settings back;
+  ASSERT_TRUE(SettingsReadText(back, SettingsText(settings)));
+  EXPECT_EQ(back, settings);
+}
+
+TEST(SettingsFile, NameIsCutAtItsBlankByTheNextStartButGetsOneBeforeTheBar) {
+  Settings settings, back;
+  settings.FacName = {"tenletters", "nine_char", "P", "P j", "", "U\r\nU", "Q", "E"};
+  const std::string text = SettingsText(settings);
+  EXPECT_EQ(text.substr(5 * 20, 41), " 9     tenletters |\r\n 13    nine_char |\r\n");
+  ASSERT_TRUE(SettingsReadText(back, text));
+  // Behind no name the bar itself is the line's second token.
+  EXPECT_EQ(back.FacName,
+            (Array1<std::string, 8>{"tenletters", "nine_char", "P", "P", "|", "UU", "Q", "E"}));
+}
+
+TEST(SettingsFile, MeaningOfALineIsItsPlaceAlone) {
+  const struct {
+    int line;
+    const char* text;
+    void (*change)(Settings&);
+  } cases[] = {
+      {1, " 12 whatever", [](Settings& s) { s.P[1] = 12; }},
+      {2, "2.5", [](Settings& s) { s.P[2] = 2; }},  // halves to even
+      {3, "3.5", [](Settings& s) { s.P[3] = 4; }},
+      {4, "", [](Settings& s) { s.P[4] = 0; }},  // one empty token, and its value is 0
+      {4, "none", [](Settings& s) { s.P[4] = 0; }},
+      {5, " 2     DemagFac  |", [](Settings& s) { s.DemagFac = false; }},
+      {5, " 1.5   DemagFac  |", [](Settings& s) { s.DemagFac = false; }},
+      {6, " 10 k1/k2", [](Settings& s) { s.FacIndex[1] = 10, s.FacName[1] = "k1/k2"; }},
+  };
+  for (const auto& c : cases) {
+    Settings wanted, read;
+    c.change(wanted);
+    EXPECT_TRUE(SettingsReadText(read, WithLine(c.line, c.text))) << c.text;
+    EXPECT_EQ(read, wanted) << c.text;
+  }
+}
+
+TEST(SettingsFile, LineEndsOfEveryKindAreRead) {
+  for (const std::string end : {"\n", "\r", "\r\n"}) {
+    std::string text = DefaultText;
+    for (std::size_t at = 0; (at = text.find("\r\n", at)) != text.npos; ++at)
+      text.replace(at, 2, end);
+    Settings settings;
+    settings.P[1] = 1;
+    EXPECT_TRUE(SettingsReadText(settings, text));
+    EXPECT_EQ(settings, Settings{});
+    text.resize(text.size() - end.size());  // the last line needs no end
+    EXPECT_TRUE(SettingsReadText(settings, text));
+  }
+}
+
+TEST(SettingsFile, ShortFilesMissingTokensAndOverflowsAreRefused) {
+  Settings settings;
+  const std::string_view whole = DefaultText;
+  const std::size_t lastName = whole.find(" 28    E") + 7;
+  for (std::size_t n = 0; n < whole.size(); ++n)
+    EXPECT_EQ(SettingsReadText(settings, whole.substr(0, n)), n > lastName) << n;
+  EXPECT_FALSE(SettingsReadText(settings, WithLine(1, "32768")));
+  EXPECT_FALSE(SettingsReadText(settings, WithLine(6, "1E300 L")));
+  EXPECT_FALSE(SettingsReadText(settings, WithLine(13, " 28")));
+  EXPECT_TRUE(SettingsReadText(settings, std::string(DefaultText) + "more"));
+}
+
+struct SettingsOnDisk : ::testing::Test {
+  SettingsOnDisk() { std::filesystem::create_directories(Folder); }
+
+  TempFolder Own;
+  std::filesystem::path Folder = Own.Path / PathOf("ž");
+  std::string Path = Utf8Of(Folder / "MarloAniso.sav");
+};
+
+TEST_F(SettingsOnDisk, AFileWithoutItsLastLineIsMendedWithTheDefaults) {
+  // Twelve good lines: the choice in the first is lost.
+  PutFile(Path,
+          WithLine(1, " 12    P1        |").substr(0, std::string_view(DefaultText).rfind(" 28")));
+  Settings settings;
+  settings.P[1] = 3;
+  LoadSettings(settings, Path);
+  EXPECT_EQ(settings, Settings{});
+  EXPECT_EQ(BytesOf(Path), DefaultText);
+}
+
+TEST_F(SettingsOnDisk, FoldersAndBinaryFilesAreNoSettings) {
+  Settings settings;
+  EXPECT_FALSE(SettingsRead(settings, Utf8Of(Folder)));
+  EXPECT_FALSE(SettingsRead(settings, Path));
+  PutFile(Path, std::string(1 << 20, '\0'));
+  EXPECT_FALSE(SettingsRead(settings, Path));
+}
+
+TEST_F(SettingsOnDisk, FailedWriteLeavesTheOldFileAndNothingBesideIt) {
+  Settings settings;
+  std::filesystem::create_directories(PathOf(Path) / "a folder in the way");
+  EXPECT_THROW(SettingsWrite(settings, Path), std::filesystem::filesystem_error);
+  EXPECT_TRUE(std::filesystem::is_directory(PathOf(Path) / "a folder in the way"));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Folder), {}), 1);
+  EXPECT_THROW(SettingsWrite(settings, Utf8Of(Folder / "nowhere" / "x.sav")),
+               std::filesystem::filesystem_error);
+}
+
+}  // namespace
+}  // namespace velorix
