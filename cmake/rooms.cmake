@@ -1,5 +1,5 @@
-# Every target is compiled under the same rules: no product-and-sum is fused and no sum reordered, so that the same file
-# gives the same digits on every machine. Warnings are errors for us alone: a newer compiler must not stop a packager.
+# Every target is compiled under the same rules: no product-and-sum is fused and no sum reordered, so that sums and
+# products have the same bits on every machine. Warnings are errors for us alone: a newer compiler must not stop a packager.
 add_library(velorix_rules INTERFACE)
 target_include_directories(velorix_rules INTERFACE ${PROJECT_SOURCE_DIR})
 if(MSVC)
