@@ -66,7 +66,7 @@ std::string CompactPath(const std::string& path, int room) {
   const std::string name = last == path.npos ? path : path.substr(last);  // with its separator
   for (std::size_t cut = last; cut != path.npos;
        cut = cut == 0 ? path.npos : path.find_last_of("/\\", cut - 1)) {
-    const std::string shorter = path.substr(0, cut + 1).append(Dots) + name;
+    std::string shorter = path.substr(0, cut + 1).append(Dots) + name;
     if (LengthOf(shorter) <= room) return shorter;
   }
   if (last != path.npos && LengthOf(name) + std::ssize(Dots) <= room)
