@@ -109,8 +109,8 @@ void StereoView(benchmark::State& state) {
     records.Add(r);
   }
   StereoOptions options;
-  options.chkDataEllipses = options.chkDataLines = options.chkStereoColorCoding = true;
-  options.chkGC = {true, true, true};
+  options.showDataEllipses = options.showDataLines = options.colourByValue = true;
+  options.showGreatCircle = {true, true, true};
   for (auto _ : state) {
     NullTarget target;
     DrawStereo(records, Geographic, target, {}, options, InPhase);

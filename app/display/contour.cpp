@@ -42,7 +42,7 @@ const char* SystemName(std::int16_t coorSys) {
 ContourSubject SubjectInView(const Velorix& velorix) {
   const Session& session = velorix.Session;
   return {Utf8Of(PathOf(session.CurrentFile).filename()), session.CoorSys,
-          BuildContourData(session, velorix.Contour.Options.optDisplay, session.FoliCode,
+          BuildContourData(session, velorix.Contour.Options.display, session.FoliCode,
                            session.LineCode)};
 }
 
@@ -87,14 +87,14 @@ void RebuildContourData(Velorix& velorix) {
 }
 
 void ChooseContourDisplay(Velorix& velorix, int index) {
-  velorix.Contour.Options.optDisplay = static_cast<std::int16_t>(index);
+  velorix.Contour.Options.display = static_cast<std::int16_t>(index);
   ShowContourData(velorix);
 }
 
 bool CountContour(Velorix& velorix, const CountProgress& progress) {
   ContourSession& contour = velorix.Contour;
   // The count listens to the window system, so all is taken down before it.
-  const std::int16_t smooth = contour.Options.txtSmooth;
+  const std::int16_t smooth = contour.Options.smoothing;
   ContourSubject subject = SubjectInView(velorix);
   const ContourData& data = subject.Data;
   if (data.Count() == 0) return false;
@@ -146,7 +146,7 @@ void GrevaExport(Velorix& velorix) {
 
 std::string ContourCaption(const Velorix& velorix) {
   const ContourSession& contour = velorix.Contour;
-  std::string text = std::string(ContourDisplays[contour.Options.optDisplay].Name) + ", " +
+  std::string text = std::string(ContourDisplays[contour.Options.display].Name) + ", " +
                      SystemName(contour.InView.CoorSys) + " coordinates";
   if (contour.Counted() && !IsStale(contour))
     return text + ", smoothing " + PlainText(contour.Smooth);

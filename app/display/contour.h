@@ -19,7 +19,7 @@ void ShowContourData(Velorix& velorix);
 /// Puts the data in view in the picture and keeps the count, whatever it is of.
 void RebuildContourData(Velorix& velorix);
 
-/// `optDisplay`: chooses what is counted and shows its data.
+/// Chooses what is counted, one of the `ContourDisplays`, and shows its data.
 void ChooseContourDisplay(Velorix& velorix, int index);
 
 /// `cmdCount`: counts the data in view. True when the picture has a new count; without data, when

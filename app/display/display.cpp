@@ -11,14 +11,14 @@ namespace velorix {
 namespace {
 
 void ShowSelectedCodes(Velorix& velorix) {
-  velorix.Stereo.lstFoli = velorix.Lists.lstFoli.SelectedCodes();
-  velorix.Stereo.lstLine = velorix.Lists.lstLine.SelectedCodes();
+  velorix.Stereo.foliationCodes = velorix.Lists.foliationsShown.SelectedCodes();
+  velorix.Stereo.lineationCodes = velorix.Lists.lineationsShown.SelectedCodes();
 }
 
 /// The codes in use are those that the lists show; a list that shows nothing gives an empty code.
 void TakeShownCodes(Velorix& velorix) {
-  velorix.Session.FoliCode = velorix.Lists.odclFoli.Text();
-  velorix.Session.LineCode = velorix.Lists.odclLine.Text();
+  velorix.Session.FoliCode = velorix.Lists.foliationsInUse.Text();
+  velorix.Session.LineCode = velorix.Lists.lineationsInUse.Text();
 }
 
 /// Factors and rotation of the records in view. A fault comes with the number of its record.
@@ -116,25 +116,25 @@ void ChooseTectoAxis(Velorix& velorix, int index) {
 }
 
 void ChooseFoliation(Velorix& velorix, int index) {
-  velorix.Lists.odclFoli.ListIndex = index;
+  velorix.Lists.foliationsInUse.ListIndex = index;
   TakeShownCodes(velorix);
   RotateAndRefresh(velorix);
 }
 
 void ChooseLineation(Velorix& velorix, int index) {
-  velorix.Lists.odclLine.ListIndex = index;
+  velorix.Lists.lineationsInUse.ListIndex = index;
   TakeShownCodes(velorix);
   RotateAndRefresh(velorix);
 }
 
 void ShowFoliation(Velorix& velorix, int index, bool shown) {
-  velorix.Lists.lstFoli.Entries[static_cast<std::size_t>(index)].Selected = shown;
+  velorix.Lists.foliationsShown.Entries[static_cast<std::size_t>(index)].Selected = shown;
   ShowSelectedCodes(velorix);
   velorix.Views.RedrawStereo();
 }
 
 void ShowLineation(Velorix& velorix, int index, bool shown) {
-  velorix.Lists.lstLine.Entries[static_cast<std::size_t>(index)].Selected = shown;
+  velorix.Lists.lineationsShown.Entries[static_cast<std::size_t>(index)].Selected = shown;
   ShowSelectedCodes(velorix);
   velorix.Views.RedrawStereo();
 }

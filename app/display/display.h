@@ -30,16 +30,16 @@ void RotateAndRefresh(Velorix& velorix);
 void ChooseCoorSys(Velorix& velorix, int index);
 void ChooseTectoPlane(Velorix& velorix, int index);
 void ChooseTectoAxis(Velorix& velorix, int index);
-/// The lists `odclFoli`, `odclLine`; `index` from 0.
+/// The lists of the codes in use; `index` from 0.
 void ChooseFoliation(Velorix& velorix, int index);
 void ChooseLineation(Velorix& velorix, int index);
-/// The check lists `lstFoli`, `lstLine`: entry `index` is shown on the net or not.
+/// The lists of the codes shown: entry `index` is on the net or not.
 void ShowFoliation(Velorix& velorix, int index, bool shown);
 void ShowLineation(Velorix& velorix, int index, bool shown);
 
 /// A change in one of the lists or check boxes of an XY plot: that plot alone is drawn again.
 void ChangeXYPlot(Velorix& velorix, int plot, const XYPlotOptions& options);
-/// The list `odclHisto`; `parameter` as in plot/axes/parameters.h.
+/// The histogram's parameter, as in plot/axes/parameters.h.
 void ChooseHisto(Velorix& velorix, int parameter);
 /// What an XY plot shows now: its options, with the lines that it is drawn with.
 XYPlotOptions ShownXYPlot(const Velorix& velorix, int plot);

@@ -60,11 +60,11 @@ std::string ReadXYPlot(const Velorix& velorix, int plot, double x, double y) {
 }
 
 void SelectInStereo(Velorix& velorix, MouseBox box, int keys) {
-  if (!velorix.Stereo.chkData) return;
+  if (!velorix.Stereo.showData) return;
   SortRectangle(box.x1, box.y1, box.x2, box.y2);
   SelectWhere(velorix, [&](const SpecimenRecord& record) {
     for (int axis = 1; axis <= 3; ++axis) {
-      if (!velorix.Stereo.chkK[axis] || !IsTested(axis, keys)) continue;
+      if (!velorix.Stereo.showAxis[axis] || !IsTested(axis, keys)) continue;
       const Point unit = ProjectDirection(EqualArea, {record.Dec[axis], record.Inc[axis]});
       const Point p = OnNet(ScreenNet, unit.x, unit.y);
       if (InBox(p.x, p.y, box.x1, box.y1, box.x2, box.y2)) return true;

@@ -82,14 +82,14 @@ bool WriteMetafile(Velorix& velorix, const std::string& path) {
 void DrawGraphicsPage(const Velorix& velorix, Target& target, double s) {
   const Session& session = velorix.Session;
   const PageOptions& page = velorix.Page;
-  if (page.chkStereo)
+  if (page.stereonet)
     DrawStereo(session.Records, session.CoorSys, target, Scaled(StereoPlace, s), velorix.Stereo,
                session.ReImMode, velorix.GroupStats, session.Settings);
-  if (page.chkHisto)
+  if (page.histogram)
     DrawHisto(target, Scaled(HistoPlace, s), DataTableValues(velorix.HistoParameter, session),
               velorix.HistoParameter, session.Settings);
   for (int plot : {1, 2})
-    if (plot == 1 ? page.chkXYPLot1 : page.chkXYPlot2)
+    if (plot == 1 ? page.xyPlot1 : page.xyPlot2)
       DrawXYPlot(session, target, Scaled(XYPlotPlaces[plot - 1], s), ShownXYPlot(velorix, plot));
 }
 

@@ -80,26 +80,30 @@ std::vector<std::string> CodeList::SelectedCodes() const {
 }
 
 void ListAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData) {
-  if (AddCodes(lists.lstFoli, record.FoliName, itemData, FoliationColour))
-    lists.lstFoli.Entries.front().Selected = true;
-  if (AddCodes(lists.lstLine, record.LineName, itemData, LineationColour))
-    lists.lstLine.Entries.front().Selected = true;
+  if (AddCodes(lists.foliationsShown, record.FoliName, itemData, FoliationColour))
+    lists.foliationsShown.Entries.front().Selected = true;
+  if (AddCodes(lists.lineationsShown, record.LineName, itemData, LineationColour))
+    lists.lineationsShown.Entries.front().Selected = true;
 }
 
 void ComboAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData,
                    std::string& foliCode, std::string& lineCode) {
-  const bool foliation = AddCodes(lists.odclFoli, record.FoliName, itemData, FoliationColour);
-  bool lineation = AddCodes(lists.odclLine, record.LineName, itemData, LineationColour);
-  if (lists.odclLine.Entries.empty()) {
-    lists.odclLine.Add({"0", itemData, StrikeColour});
+  const bool foliation =
+      AddCodes(lists.foliationsInUse, record.FoliName, itemData, FoliationColour);
+  bool lineation = AddCodes(lists.lineationsInUse, record.LineName, itemData, LineationColour);
+  if (lists.lineationsInUse.Entries.empty()) {
+    lists.lineationsInUse.Add({"0", itemData, StrikeColour});
     lineation = true;
   }
-  if (foliation && lists.odclFoli.ListIndex < 0) SelectFirst(lists.odclFoli, foliCode);
-  if (lineation && lists.odclLine.ListIndex < 0) SelectFirst(lists.odclLine, lineCode);
+  if (foliation && lists.foliationsInUse.ListIndex < 0)
+    SelectFirst(lists.foliationsInUse, foliCode);
+  if (lineation && lists.lineationsInUse.ListIndex < 0)
+    SelectFirst(lists.lineationsInUse, lineCode);
 }
 
 void ResetCodes(CodeLists& lists) {
-  for (CodeList* list : {&lists.lstFoli, &lists.lstLine, &lists.odclFoli, &lists.odclLine})
+  for (CodeList* list : {&lists.foliationsShown, &lists.lineationsShown, &lists.foliationsInUse,
+                         &lists.lineationsInUse})
     list->Remove(FromData);
 }
 
@@ -111,12 +115,12 @@ void RefillCodes(CodeLists& lists, const RecordArray& records, std::string& foli
     ListAddCodes(lists, record, FromData);
     ComboAddCodes(lists, record, FromData, foliCode, lineCode);
   }
-  KeepTicks(lists.lstFoli, before.lstFoli);
-  KeepTicks(lists.lstLine, before.lstLine);
-  KeepChoice(lists.odclFoli, before.odclFoli);
-  KeepChoice(lists.odclLine, before.odclLine);
-  foliCode = lists.odclFoli.Text();
-  lineCode = lists.odclLine.Text();
+  KeepTicks(lists.foliationsShown, before.foliationsShown);
+  KeepTicks(lists.lineationsShown, before.lineationsShown);
+  KeepChoice(lists.foliationsInUse, before.foliationsInUse);
+  KeepChoice(lists.lineationsInUse, before.lineationsInUse);
+  foliCode = lists.foliationsInUse.Text();
+  lineCode = lists.lineationsInUse.Text();
 }
 
 }  // namespace velorix

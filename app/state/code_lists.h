@@ -38,18 +38,18 @@ struct CodeList {
   std::unordered_set<std::string> known_;
 };
 
-/// The lists of the main window that name the foliations and lineations found in the data:
-/// `odclFoli` and `odclLine` hold the codes that the rotation uses, `lstFoli` and `lstLine` those
-/// that the stereonet shows.
+/// The lists of the main window that name the foliations and lineations found in the data: those
+/// of which the rotation uses one code each, and those whose ticked codes the stereonet shows.
 struct CodeLists {
-  CodeList odclFoli, odclLine, lstFoli, lstLine;
+  CodeList foliationsInUse, lineationsInUse;
+  CodeList foliationsShown, lineationsShown;
 };
 
-/// Adds the codes of slots 1 and 2 to `lstFoli` and `lstLine`; a list that got a code selects its
-/// first entry.
+/// Adds the codes of slots 1 and 2 to the lists of codes shown; a list that got a code selects
+/// its first entry.
 void ListAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData);
 
-/// Adds the codes of slots 1 and 2 to `odclFoli` and `odclLine`. A lineation list that stays empty
+/// Adds the codes of slots 1 and 2 to the lists of codes in use. A lineation list that stays empty
 /// gets "0", the code for the strike of the foliation. A list without a selection that got
 /// an entry selects the first, and `foliCode` or `lineCode` becomes its text.
 void ComboAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData,
@@ -60,7 +60,7 @@ void ResetCodes(CodeLists& lists);
 
 /// Fills the lists with the codes of changed records. What was chosen or ticked and still exists
 /// stays so; a list that has nothing left of it chooses or ticks its first entry. `foliCode` and
-/// `lineCode` become what `odclFoli` and `odclLine` show.
+/// `lineCode` become what the lists of codes in use show.
 void RefillCodes(CodeLists& lists, const RecordArray& records, std::string& foliCode,
                  std::string& lineCode);
 

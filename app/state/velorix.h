@@ -44,9 +44,9 @@ struct Host {
       PrintPicture = {};
 };
 
-/// Which plots go on the page of `ExportGraphics`, each under its check box's name.
+/// Which plots go on the page of `ExportGraphics`.
 struct PageOptions {
-  bool chkStereo = true, chkHisto = true, chkXYPLot1 = true, chkXYPlot2 = true;
+  bool stereonet = true, histogram = true, xyPlot1 = true, xyPlot2 = true;
 };
 
 /// Which of the windows beside the main one stand open.

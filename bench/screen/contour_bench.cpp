@@ -53,7 +53,7 @@ struct Nodes : Target {
 void ContourNodes(benchmark::State& state) {
   Counted counted;
   ContourOptions options;
-  options.optDiscrete = false;
+  options.discrete = false;
   Nodes nodes;
   DrawContour(nodes, counted.grid, counted.data, counted.count, Geographic, options);
   const int scale = static_cast<int>(state.range(0));

@@ -48,10 +48,10 @@ struct Page {
     }
     Renumber(records);
     StereoOptions& o = Program.Stereo;
-    o.chkDataLines = o.chkDataEllipses = o.chkBootStrap = o.chkBootstrapEllips = true;
-    o.chkStereoColorCoding = true;
-    for (int axis = 1; axis <= 3; ++axis) o.chkGC[axis] = true;
-    o.chkFoli = {true, true, true, true, true};
+    o.showDataLines = o.showDataEllipses = o.showBootstrapCloud = o.showBootstrapContours = true;
+    o.colourByValue = true;
+    for (int axis = 1; axis <= 3; ++axis) o.showGreatCircle[axis] = true;
+    o.showPlanes = o.planesAsCircles = o.planesAsPoles = o.planesAsStrikes = o.showLines = true;
     ChooseFirstPlots(Program);
     DisplayData(Program, true);
   }

@@ -191,10 +191,10 @@ BENCHMARK(ColouredXYPlot)
 void SelectOne(benchmark::State& state) {
   Session session = Site(static_cast<int>(state.range(0)));
   StereoOptions options;
-  options.chkDataEllipses = true;
+  options.showDataEllipses = true;
   if (state.range(1) == 1) {
-    options.chkDataLines = options.chkStereoColorCoding = true;
-    options.chkGC = {true, true, true};
+    options.showDataLines = options.colourByValue = true;
+    options.showGreatCircle = {true, true, true};
   }
   const auto draw = [&](Target& target) {
     DrawStereo(session.Records, session.CoorSys, target, StereoGeometry{}, options, InPhase);

@@ -221,8 +221,8 @@ class Batch {
         if (list.Entries[i].Text == code) list.ListIndex = static_cast<int>(i);
       return true;
     };
-    const bool foli = choose(a_.FoliCode, velorix_.Lists.odclFoli);
-    const bool line = choose(a_.LineCode, velorix_.Lists.odclLine);
+    const bool foli = choose(a_.FoliCode, velorix_.Lists.foliationsInUse);
+    const bool line = choose(a_.LineCode, velorix_.Lists.lineationsInUse);
     if (!foli && !line) return;
     views_.Status.clear();
     Guarded(velorix_, [&] { DisplayData(velorix_, false); });
@@ -246,7 +246,7 @@ class Batch {
 
   bool Count() {
     if (a_.Contour == 0) return true;
-    const int smooth = a_.Smooth < 0 ? velorix_.Contour.Options.txtSmooth : a_.Smooth;
+    const int smooth = a_.Smooth < 0 ? velorix_.Contour.Options.smoothing : a_.Smooth;
     return CountForBatch(velorix_, a_.Contour, smooth, !a_.Quiet && IsTerminal());
   }
 

@@ -21,8 +21,8 @@ std::string WordOf(int display) {
 }  // namespace
 
 bool CountForBatch(Velorix& velorix, int display, int smooth, bool shown) {
-  velorix.Contour.Options.optDisplay = static_cast<std::int16_t>(display);
-  velorix.Contour.Options.txtSmooth = static_cast<std::int16_t>(smooth);
+  velorix.Contour.Options.display = static_cast<std::int16_t>(display);
+  velorix.Contour.Options.smoothing = static_cast<std::int16_t>(smooth);
   constexpr int Steps = 100;
   Progress progress("Counting the density", Steps, shown);
   Guarded(velorix, [&] {
@@ -44,7 +44,7 @@ void WriteContourJson(std::ostream& out, const Velorix& velorix) {
   const ContourSession& contour = velorix.Contour;
   const ContourGrid& grid = velorix.ContourGrid;
   const ContourLevels levels = LevelsOf(contour.Count.ContourMax);
-  out << "{\n \"option\": " << Json(WordOf(contour.Options.optDisplay))
+  out << "{\n \"option\": " << Json(WordOf(contour.Options.display))
       << ",\n \"Smooth\": " << contour.Smooth
       << ",\n \"ContourDataCount\": " << contour.Count.ContourDataCount
       << ",\n \"ContourNodeCount\": " << contour.Count.ContourNodeCount

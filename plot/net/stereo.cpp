@@ -50,11 +50,11 @@ PlaneSize StereoPlane(const StereoOptions& options) {
       makeRoom(lastAt, geometry.symbolSize, row, em);
     }
   };
-  if (options.chkCaption[1] && options.chkFoli[0])
-    makeRoomForCodes(options.lstFoli, FoliColumn, FoliColumn + 2 * ColumnStep + 0.15);
-  if (options.chkCaption[1] && options.chkFoli[4])
-    makeRoomForCodes(options.lstLine, LineColumn, LineColumn + ColumnStep);
-  if (options.chkData && options.chkStereoColorCoding)  // the colour scale right of the net
+  if (options.showLegend && options.showPlanes)
+    makeRoomForCodes(options.foliationCodes, FoliColumn, FoliColumn + 2 * ColumnStep + 0.15);
+  if (options.showLegend && options.showLines)
+    makeRoomForCodes(options.lineationCodes, LineColumn, LineColumn + ColumnStep);
+  if (options.showData && options.colourByValue)  // the colour scale right of the net
     width = std::max(width, geometry.cx + geometry.diameter / 2 + ScaleGap + 25);
   return {static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(height))};
 }

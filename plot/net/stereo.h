@@ -13,25 +13,24 @@
 
 namespace velorix {
 
-/// What the controls of the stereonet's property frame decide, each under its control's name.
+/// How values colour the symbols: a ramp from white for each axis, or one ramp for all.
+enum class ColourRamp { PerAxis, One };
+
+/// What the controls of the stereonet's property frame decide.
 /// The first picture shows the data and their mean with all three axes, legends on.
 struct StereoOptions {
-  Slots<bool, 0, 1> chkCaption = {true, true};  // 0 the caption blocks, 1 the legend
-  Array1<bool, 3> chkK = {true, true, true};    // Kmax, Kint, Kmin
-  bool chkData = true;
-  bool chkDataLines = false;
-  bool chkDataEllipses = false;
-  bool chkMean = true;
-  bool chkMeanEllipses = true;
-  Array1<bool, 3> chkGC;  // great circles perpendicular to Kmax, Kint, Kmin
-  bool chkBootStrap = false;
-  bool chkBootstrapEllips = false;
-  bool chkStereoColorCoding = false;
-  std::int16_t optStereoColorCoding = 0;   // the chosen one: 0 a ramp per axis, 1 one ramp
-  std::int16_t odclStereoColorCoding = 0;  // list index of the parameter
-  // 0 planes on: 1 great circle, 2 pole, 3 strike sticks; 4 lines on
-  Slots<bool, 0, 4> chkFoli = {false, true, true, false, false};
-  std::vector<std::string> lstFoli, lstLine;  // the selected codes, in list order
+  bool showCaptions = true, showLegend = true;
+  Array1<bool, 3> showAxis = {true, true, true};  // Kmax, Kint, Kmin
+  bool showData = true, showDataLines = false, showDataEllipses = false;
+  bool showMean = true, showMeanEllipses = true;
+  Array1<bool, 3> showGreatCircle;  // perpendicular to Kmax, Kint, Kmin
+  bool showBootstrapCloud = false, showBootstrapContours = false;
+  bool colourByValue = false;
+  ColourRamp colourRamp = ColourRamp::PerAxis;
+  int colourParameter = 0;  // as in plot/axes/parameters.h
+  bool showPlanes = false, planesAsCircles = true, planesAsPoles = true, planesAsStrikes = false;
+  bool showLines = false;
+  std::vector<std::string> foliationCodes, lineationCodes;  // those shown, in list order
 
   bool operator==(const StereoOptions&) const = default;
 };

@@ -23,7 +23,7 @@ const char* SystemName(std::int16_t coorSys) {
 void DrawAxisLegend(const StereoView& view) {
   double v = LegendTop;
   for (int k = 1; k <= 3; ++k) {
-    if (!view.options.chkK[k]) continue;
+    if (!view.options.showAxis[k]) continue;
     const PrincipalAxis& axis = Axes[k];
     view.Text(axis.name, AxisColumn, v, LeftBaseline);
     view.Symbol(axis.symbol, AxisColumn - 0.1, v + SymbolRise, axis.sizeFactor, axis.colour, Black);
@@ -32,31 +32,32 @@ void DrawAxisLegend(const StereoView& view) {
 }
 
 void DrawFoliLegend(const StereoView& view) {
-  const auto& chkFoli = view.options.chkFoli;
-  if (!chkFoli[0]) return;
+  const StereoOptions& options = view.options;
+  if (!options.showPlanes) return;
   double v = LegendTop;
   int i = 0;
-  for (const std::string& code : view.options.lstFoli) {
+  for (const std::string& code : view.options.foliationCodes) {
     ++i;
     double u = FoliColumn;
-    if (chkFoli[1] || chkFoli[2] || chkFoli[3]) {
+    if (options.planesAsCircles || options.planesAsPoles || options.planesAsStrikes) {
       view.Text(code, u, v, LeftBaseline);
       u += ColumnStep;
     }
-    if (chkFoli[2]) {
+    if (options.planesAsPoles) {
       view.Symbol(static_cast<std::int16_t>(i + 30), u, v + SymbolRise, 1.2, White, PlaneColour);
       u += ColumnStep;
     }
-    if (chkFoli[1]) view.Line(u - 0.05, u + 0.15, v + SymbolRise, FoliPen(i, PlaneColour));
+    if (options.planesAsCircles)
+      view.Line(u - 0.05, u + 0.15, v + SymbolRise, FoliPen(i, PlaneColour));
     v -= RowStep;
   }
 }
 
 void DrawLineLegend(const StereoView& view) {
-  if (!view.options.chkFoli[4]) return;
+  if (!view.options.showLines) return;
   double v = LegendTop;
   int i = 0;
-  for (const std::string& code : view.options.lstLine) {
+  for (const std::string& code : view.options.lineationCodes) {
     ++i;
     view.Text(code, LineColumn, v, LeftBaseline);
     view.Symbol(static_cast<std::int16_t>(i + 10), LineColumn + ColumnStep, v + SymbolRise, 1,
@@ -73,7 +74,7 @@ Pen FoliPen(int i, Colour colour) {
 }
 
 void DrawCaptions(const StereoView& view) {
-  if (!view.options.chkCaption[0]) return;
+  if (!view.options.showCaptions) return;
   const auto plotted =
       std::count_if(view.records.begin(), view.records.end(),
                     [&](const SpecimenRecord& record) { return view.Plots(record); });
@@ -85,7 +86,7 @@ void DrawCaptions(const StereoView& view) {
 }
 
 void DrawLegend(const StereoView& view) {
-  if (!view.options.chkCaption[1]) return;
+  if (!view.options.showLegend) return;
   DrawAxisLegend(view);
   DrawFoliLegend(view);
   DrawLineLegend(view);

@@ -22,19 +22,19 @@ void DrawSticks(const StereoView& view, double poleDec, bool selected, Colour co
 void DrawPlane(const StereoView& view, Direction plane, int i, bool selected) {
   const Direction pole = PoleOfPlane(plane);
   if (!IsFinite(pole)) return;
-  const auto& chkFoli = view.options.chkFoli;
+  const StereoOptions& options = view.options;
   const Colour colour = selected ? SelectedColour : PlaneColour;
-  if (chkFoli[1])
+  if (options.planesAsCircles)
     DrawGreatCircle(view.target, view.net, EqualArea, 2, false, pole, FoliPen(i, colour));
-  if (chkFoli[2])
+  if (options.planesAsPoles)
     DrawNetSymbol(view.target, view.net, EqualArea, pole, static_cast<std::int16_t>(i + 30),
                   view.SymbolSize(1.2), White, {.colour = colour});
-  if (chkFoli[3]) DrawSticks(view, pole.Dec, selected, colour);
+  if (options.planesAsStrikes) DrawSticks(view, pole.Dec, selected, colour);
 }
 
 void DrawPlanes(const StereoView& view, const SpecimenRecord& record, bool selected) {
   int i = 0;
-  for (const std::string& code : view.options.lstFoli) {
+  for (const std::string& code : view.options.foliationCodes) {
     ++i;
     for (int slot = 1; slot <= 2; ++slot)
       if (record.FoliName[slot] == code)
@@ -44,7 +44,7 @@ void DrawPlanes(const StereoView& view, const SpecimenRecord& record, bool selec
 
 void DrawLines(const StereoView& view, const SpecimenRecord& record, bool selected) {
   int i = 0;
-  for (const std::string& code : view.options.lstLine) {
+  for (const std::string& code : view.options.lineationCodes) {
     ++i;
     for (int slot = 1; slot <= 2; ++slot) {
       const Direction line = {record.LineDec[slot], record.LineInc[slot]};
@@ -60,7 +60,7 @@ void DrawLines(const StereoView& view, const SpecimenRecord& record, bool select
 
 void DrawGeology(const StereoView& view, bool selected) {
   if (view.coorSys < Geographic) return;
-  const bool planes = view.options.chkFoli[0], lines = view.options.chkFoli[4];
+  const bool planes = view.options.showPlanes, lines = view.options.showLines;
   if (!planes && !lines) return;
   view.ForEachPlotted(selected, [&](const SpecimenRecord& record, int) {
     if (planes) DrawPlanes(view, record, selected);

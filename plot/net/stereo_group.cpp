@@ -18,7 +18,7 @@ void DrawBootstrap(const StereoView& view) {
   const GroupStats& stats = view.stats;
   if (view.records.Count() > BootMaxN) return;
   if (stats.GroupN < 2 || stats.Reached < GroupStats::Bootstrap) return;
-  if (view.options.chkBootStrap)
+  if (view.options.showBootstrapCloud)
     for (int i = 1; i <= BootReplicates; ++i)
       for (int k = 1; k <= 3; ++k) {
         const Direction d = Long(stats.BootPoints[k][i]);
@@ -26,7 +26,7 @@ void DrawBootstrap(const StereoView& view) {
           DrawNetSymbol(view.target, view.net, EqualArea, d, Axes[k].symbol, CloudSizes[k],
                         Axes[k].colour, {.colour = Axes[k].colour});
       }
-  if (!view.options.chkBootstrapEllips) return;
+  if (!view.options.showBootstrapContours) return;
   for (int k = 1; k <= 3; ++k) {
     std::vector<Direction> contour;
     for (const ShortDirection& d : stats.BootContour[k]) contour.push_back(Long(d));
@@ -35,25 +35,25 @@ void DrawBootstrap(const StereoView& view) {
 }
 
 void DrawMeans(const StereoView& view) {
-  if (!view.options.chkMean || !ShowsMean(view.stats)) return;
+  if (!view.options.showMean || !ShowsMean(view.stats)) return;
   const auto mean = [&](int k) -> Direction {
     return {view.stats.MeanDec[k], view.stats.MeanInc[k]};
   };
   for (int k = 1; k <= 3; ++k)
-    if (view.options.chkGC[k])
+    if (view.options.showGreatCircle[k])
       DrawGreatCircle(view.target, view.net, EqualArea, 1, false, mean(k),
                       {.colour = Axes[k].colour, .width = 2});
   for (int k = 1; k <= 3; ++k)
-    if (view.options.chkK[k] && IsFinite(mean(k)))
+    if (view.options.showAxis[k] && IsFinite(mean(k)))
       DrawNetSymbol(view.target, view.net, EqualArea, mean(k), Axes[k].symbol,
                     view.SymbolSize(MeanSizes[k]), White, {.colour = Axes[k].colour, .width = 2});
 }
 
 void DrawMeanEllipses(const StereoView& view) {
   const GroupStats& stats = view.stats;
-  if (!view.options.chkMeanEllipses) return;
+  if (!view.options.showMeanEllipses) return;
   for (int k = 1; k <= 3; ++k)
-    if (view.options.chkK[k] && ShowsErrors(stats, k))
+    if (view.options.showAxis[k] && ShowsErrors(stats, k))
       DrawConfidenceEllipse(view.target, view.net, EqualArea, false,
                             {k, stats.MeanVec, stats.MeanE1[k], stats.MeanE2[k], stats.MeanRot[k]},
                             {.colour = Axes[k].colour});

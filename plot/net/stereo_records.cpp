@@ -22,11 +22,11 @@ ConfidenceEllipse EllipseOf(const SpecimenRecord& record, int k, bool im) {
 }  // namespace
 
 void DrawRecordCircles(const StereoView& view, bool selected) {
-  const auto& chkGC = view.options.chkGC;
-  if (!chkGC[1] && !chkGC[2] && !chkGC[3]) return;
+  const auto& shown = view.options.showGreatCircle;
+  if (!shown[1] && !shown[2] && !shown[3]) return;
   view.ForEachPlotted(selected, [&](const SpecimenRecord& record, int) {
     for (int k = 1; k <= 3; ++k)
-      if (chkGC[k])
+      if (shown[k])
         DrawGreatCircle(view.target, view.net, EqualArea, 2, false, DirectionOf(record, k),
                         {.colour = selected ? SelectedColour : Axes[k].colour});
   });
@@ -34,9 +34,9 @@ void DrawRecordCircles(const StereoView& view, bool selected) {
 
 void DrawDataLines(const StereoView& view) {
   const RecordArray& records = view.records;
-  if (!view.options.chkData || !view.options.chkDataLines || records.Count() < 2) return;
+  if (!view.options.showData || !view.options.showDataLines || records.Count() < 2) return;
   for (int k = 1; k <= 3; ++k) {
-    if (!view.options.chkK[k]) continue;
+    if (!view.options.showAxis[k]) continue;
     // A record that isn't in view leaves its entry at the origin, and the line runs there and back:
     // this is wanted.
     std::vector<LogicalPoint> points;
@@ -52,10 +52,10 @@ void DrawDataLines(const StereoView& view) {
 }
 
 void DrawRecordEllipses(const StereoView& view, bool selected) {
-  if (!view.options.chkData || !view.options.chkDataEllipses) return;
+  if (!view.options.showData || !view.options.showDataEllipses) return;
   view.ForEachPlotted(selected, [&](const SpecimenRecord& record, int) {
     for (int k = 1; k <= 3; ++k)
-      if (view.options.chkK[k])
+      if (view.options.showAxis[k])
         DrawConfidenceEllipse(view.target, view.net, EqualArea, false,
                               EllipseOf(record, k, view.reImMode == OutOfPhase),
                               {.colour = selected ? SelectedColour : Axes[k].colour});
@@ -64,12 +64,12 @@ void DrawRecordEllipses(const StereoView& view, bool selected) {
 
 void DrawRecordSymbols(const StereoView& view, bool selected,
                        const std::optional<ColourCoding>& coding) {
-  if (!view.options.chkData) return;
+  if (!view.options.showData) return;
   view.ForEachPlotted(selected, [&](const SpecimenRecord& record, int number) {
     const double value = coding && !selected ? ColourCoding::Value(view, record, number) : 0;
     for (int k = 1; k <= 3; ++k) {
       const Direction direction = DirectionOf(record, k);
-      if (!view.options.chkK[k] || !IsFinite(direction)) continue;
+      if (!view.options.showAxis[k] || !IsFinite(direction)) continue;
       const PrincipalAxis& axis = Axes[k];
       const Colour fill = selected ? SelectedColour
                           : coding ? coding->Fill(value, axis.colour)

@@ -25,8 +25,8 @@ ScalePlace PlaceOf(const StereoView& view) {
   place.barWidth = BarWidth * view.geometry.scale;
   place.bottom = view.net.cy + place.height;
   place.axesOn = 0;
-  for (bool on : view.options.chkK) place.axesOn += on;
-  place.perAxis = view.options.optStereoColorCoding == 0;
+  for (bool on : view.options.showAxis) place.axesOn += on;
+  place.perAxis = view.options.colourRamp == ColourRamp::PerAxis;
   return place;
 }
 
@@ -43,7 +43,7 @@ void DrawBars(const StereoView& view, const ScalePlace& place) {
     }
     double x = place.Left();
     for (int k = 1; k <= 3; ++k) {
-      if (!view.options.chkK[k]) continue;
+      if (!view.options.showAxis[k]) continue;
       float share = t;
       x += place.barWidth;
       line(x, y, BlendColor(Axes[k].colour, White, share));
@@ -80,7 +80,7 @@ void DrawTitle(const StereoView& view, const ScalePlace& place, const Axis& scal
 }  // namespace
 
 double ColourCoding::Value(const StereoView& view, const SpecimenRecord& record, int number) {
-  return ParameterValue(view.options.odclStereoColorCoding, record, view.reImMode, number);
+  return ParameterValue(view.options.colourParameter, record, view.reImMode, number);
 }
 
 Colour ColourCoding::Fill(double value, Colour axisColour) const {
@@ -89,14 +89,14 @@ Colour ColourCoding::Fill(double value, Colour axisColour) const {
 }
 
 std::optional<ColourCoding> DrawColourScale(const StereoView& view) {
-  if (!view.options.chkData || !view.options.chkStereoColorCoding) return std::nullopt;
+  if (!view.options.showData || !view.options.colourByValue) return std::nullopt;
   Extent values;
   view.ForEachPlotted(false, [&](const SpecimenRecord& record, int number) {
     values.Add(ColourCoding::Value(view, record, number));
   });
   if (values.IsEmpty()) return std::nullopt;
   const ScalePlace place = PlaceOf(view);
-  const int parameter = view.options.odclStereoColorCoding;
+  const int parameter = view.options.colourParameter;
   Axis scale = ParameterAxis(parameter, values.lower, values.upper, view.settings);
   scale.label = ParameterTitle(parameter, view.settings);
   if (place.axesOn > 0) {

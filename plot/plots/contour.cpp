@@ -41,8 +41,8 @@ struct ContourView {
                     static_cast<float>(levels.Top()));
   }
   Colour ColourOf(float density) const {
-    return options.optDiscrete ? LevelColour(LevelIndex(density))
-                               : ColourAt(density / count.ContourMax);
+    return options.discrete ? LevelColour(LevelIndex(density))
+                            : ColourAt(density / count.ContourMax);
   }
   void Text(const std::string& text, double x, double y) const {
     DrawText(target, text, x, y, {.height = FontHeight});
@@ -74,7 +74,7 @@ void PaintNodes(const ContourView& view, const ContourGrid& grid) {
   std::vector<Colour> pixels(grid.Colour);
   for (std::size_t n = 0; n < pixels.size(); ++n)
     if (!grid.Inside[n]) pixels[n] = NoColour;
-  if (view.options.chkShowGridPoints)
+  if (view.options.showGridPoints)
     for (int j = grid.First; j <= grid.Last; j += Spacing)
       for (int i = grid.First; i <= grid.Last; i += Spacing) {
         const std::size_t n = static_cast<std::size_t>(grid.Index(i, j));
@@ -131,7 +131,7 @@ void DrawContourLegend(const ContourView& view, const ContourData& data) {
   DrawText(view.target, view.display.Name, LegendLeft, TitleLine, {.height = 16, .weight = 700});
   view.Text("N = " + PlainText(data.Count()), LegendLeft, CountLine);
   if (!view.Counted()) return;
-  if (view.options.optDiscrete)
+  if (view.options.discrete)
     DrawLevelBar(view);
   else
     DrawRampBar(view);
@@ -141,16 +141,16 @@ void DrawContourLegend(const ContourView& view, const ContourData& data) {
 
 void DrawContour(Target& target, ContourGrid& grid, const ContourData& data,
                  const DensityCount& count, std::int16_t coorSys, const ContourOptions& options) {
-  const ContourView view = {target, count, options, ContourDisplays[options.optDisplay],
+  const ContourView view = {target, count, options, ContourDisplays[options.display],
                             LevelsOf(count.ContourMax)};
   target.SetTransparent();
   if (view.Counted()) {
     ColourNodes(view, grid);
-    if (options.chkShowContours) BlackenContours(grid);
+    if (options.showContours) BlackenContours(grid);
     PaintNodes(view, grid);
   }
   DrawNet(target, coorSys, EqualArea, ContourNet, Black, FontHeight);
-  if (options.chkDataPoint || !view.Counted()) DrawDataPoints(view, data);
+  if (options.showData || !view.Counted()) DrawDataPoints(view, data);
   DrawContourLegend(view, data);
 }
 

@@ -9,15 +9,15 @@
 
 namespace velorix {
 
-/// What the controls of the contour window decide, each under its control's name.
+/// What the controls of the contour window decide.
 struct ContourOptions {
-  std::int16_t txtSmooth = 20;  // the smoothing of the next count
-  std::int16_t optDisplay = 1;  // what is counted, see `ContourDisplays`
-  bool optDiscrete = true;      // levels, else a continuous ramp
-  bool chkShowContours = true;  // black lines between the levels
-  bool chkShowGridPoints = false;
-  bool chkDataPoint = true;
-  bool chkProgressBar = true;
+  std::int16_t smoothing = 20;  // of the next count
+  std::int16_t display = 1;     // what is counted, see `ContourDisplays`
+  bool discrete = true;         // levels, else a continuous ramp
+  bool showContours = true;     // black lines between the levels
+  bool showGridPoints = false;
+  bool showData = true;
+  bool showProgress = true;
 
   bool operator==(const ContourOptions&) const = default;
 };

@@ -137,11 +137,11 @@ TEST_F(ContourTest, TextsTellLevelsMaximumAndTheNodeUnderTheMouse) {
   ShowContourData(Program);
   EXPECT_EQ(ContourLevelsText(State) + ContourMaximumText(Program) + ContourTimeText(State), "");
   EXPECT_EQ(ContourCursorText(Program, 330.5, 180.5), "Dec 90.0, Inc 0.0");
-  State.Options.txtSmooth = 0;
+  State.Options.smoothing = 0;
   ASSERT_TRUE(Count());
   EXPECT_EQ(ContourLevelsText(State), " 1");
   EXPECT_EQ(ContourCursorText(Program, 330.5, 180.5), "Dec 90.0, Inc 0.0, density 1.00");
-  State.Options.txtSmooth = 3;
+  State.Options.smoothing = 3;
   ASSERT_TRUE(Count());
   // exp(3) over the mean of exp(3 u u) for u from 0 to 1 is 4.77 on a finer grid.
   const std::string maximum = "Maximum 4.75 at Dec 0.0, Inc 90.0\nMinimum 0.24\n";

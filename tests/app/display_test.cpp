@@ -45,10 +45,10 @@ class Display : public ProgramTest {
 
 TEST_F(Display, FillsTheCodeListsInOrderOfAppearanceInUpperCase) {
   Fill({Coded("s1", "L1"), Coded("S0", ""), Coded("S1", "l2")});
-  EXPECT_EQ(Codes(Lists.odclFoli) + Codes(Lists.odclLine), "S1 S0 L1 L2 ");
-  EXPECT_EQ(Codes(Lists.lstFoli), "S1 S0 ");
+  EXPECT_EQ(Codes(Lists.foliationsInUse) + Codes(Lists.lineationsInUse), "S1 S0 L1 L2 ");
+  EXPECT_EQ(Codes(Lists.foliationsShown), "S1 S0 ");
   EXPECT_EQ(Chosen(), "S1L1");
-  EXPECT_EQ(Program.Stereo.lstFoli, Texts{"S1"});
+  EXPECT_EQ(Program.Stereo.foliationCodes, Texts{"S1"});
   Menu("mnuView(3)");
   // Record codes keep their case and are compared exactly: "s1" and "l2" are not found.
   EXPECT_EQ(Shown(), 0);
@@ -56,14 +56,14 @@ TEST_F(Display, FillsTheCodeListsInOrderOfAppearanceInUpperCase) {
 
 TEST_F(Display, GivesTheLineationListZeroWhenTheFirstRecordHasNone) {
   Fill({Coded("S", ""), Coded("S", "L")});
-  EXPECT_EQ(Codes(Lists.odclLine) + Codes(Lists.lstLine), "0 L L ");
+  EXPECT_EQ(Codes(Lists.lineationsInUse) + Codes(Lists.lineationsShown), "0 L L ");
   EXPECT_EQ(Chosen(), "S0");
   Fill({Coded("S", "L")});  // a reset takes "0" away with the other codes of the data
-  EXPECT_EQ(Codes(Lists.odclLine), "L ");
+  EXPECT_EQ(Codes(Lists.lineationsInUse), "L ");
   Fill({Coded("", "L")});  // a list that shows nothing gives an empty code, not the former one
   EXPECT_EQ(Chosen(), "L");
   Fill({});
-  EXPECT_EQ(Codes(Lists.odclLine) + Chosen(), "");
+  EXPECT_EQ(Codes(Lists.lineationsInUse) + Chosen(), "");
 }
 
 TEST_F(Display, ResetsChosenCodesOnlyWhenAskedTo) {

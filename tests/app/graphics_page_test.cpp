@@ -18,8 +18,8 @@ class GraphicsPageTest : public ProgramTest {
     OpenFile(std::string(VELORIX_SOURCE_DIR) + "/examples/jelinek1978.ams");
     Program.XYPlot[1] = {.x = 3, .y = 6, .colour = 12, .coding = true};
     Program.XYPlot[2] = {.x = 6, .y = 8, .colour = 3, .coding = true, .lines = true};
-    Program.Stereo.chkStereoColorCoding = true;
-    Program.Stereo.odclStereoColorCoding = 8;
+    Program.Stereo.colourByValue = true;
+    Program.Stereo.colourParameter = 8;
     Program.Host.WritePicture = [this](const std::string& path, PlaneSize plane, double,
                                        const Host::DrawPicture& draw) {
       Written.push_back(path);
@@ -68,10 +68,10 @@ TEST_F(GraphicsPageTest, PlotsHaveTheirPlacesWhicheverAreChosen) {
   const struct {
     bool PageOptions::*Box;
     Extents Frame;  // of the net, or of the plot's paper
-  } cases[] = {{&PageOptions::chkStereo, {60, 40, 380, 360}},
-               {&PageOptions::chkHisto, {530, 100, 850, 340}},
-               {&PageOptions::chkXYPLot1, {60, 440, 380, 620}},
-               {&PageOptions::chkXYPlot2, {530, 440, 850, 620}}};
+  } cases[] = {{&PageOptions::stereonet, {60, 40, 380, 360}},
+               {&PageOptions::histogram, {530, 100, 850, 340}},
+               {&PageOptions::xyPlot1, {60, 440, 380, 620}},
+               {&PageOptions::xyPlot2, {530, 440, 850, 620}}};
   const struct {
     double s;
     std::set<int> Heights;  // of the last plot's texts

@@ -51,26 +51,26 @@ TEST_F(Pictures, GainEachLayerByItsOption) {
   };
   // clang-format off
   const Layer layers[] = {
-      {"chkCaption(0)", [](StereoOptions& o) { o.chkCaption[0] = true; }},
-      {"chkCaption(1)", [](StereoOptions& o) { o.chkCaption[1] = true; }},
-      {"chkFoli(0) circles", [](StereoOptions& o) { o.chkFoli = {true, true, false, false, false}; }},
-      {"chkFoli(0) poles", [](StereoOptions& o) { o.chkFoli = {true, false, true, false, false}; }},
-      {"chkFoli(0) strikes", [](StereoOptions& o) { o.chkFoli = {true, false, false, true, false}; }},
-      {"chkFoli(4)", [](StereoOptions& o) { o.chkFoli[4] = true; }},
-      {"chkBootStrap", [](StereoOptions& o) { o.chkBootStrap = true; }},
-      {"chkBootstrapEllips", [](StereoOptions& o) { o.chkBootstrapEllips = true; }},
-      {"chkData", [](StereoOptions& o) { o.chkData = true; }},
-      {"chkDataLines", [](StereoOptions& o) { o.chkData = o.chkDataLines = true; }},
-      {"chkDataEllipses", [](StereoOptions& o) { o.chkData = o.chkDataEllipses = true; }},
-      {"chkStereoColorCoding", [](StereoOptions& o) { o.chkData = o.chkStereoColorCoding = true; }},
-      {"chkGC(1)", [](StereoOptions& o) { o.chkGC[1] = true; }},
-      {"chkMean", [](StereoOptions& o) { o.chkMean = true; }},
-      {"chkMeanEllipses", [](StereoOptions& o) { o.chkMeanEllipses = true; }}};
+      {"chkCaption(0)", [](StereoOptions& o) { o.showCaptions = true; }},
+      {"chkCaption(1)", [](StereoOptions& o) { o.showLegend = true; }},
+      {"chkFoli(0) circles", [](StereoOptions& o) { o.showPlanes = true; o.planesAsPoles = false; }},
+      {"chkFoli(0) poles", [](StereoOptions& o) { o.showPlanes = true; o.planesAsCircles = false; }},
+      {"chkFoli(0) strikes", [](StereoOptions& o) { o.showPlanes = o.planesAsStrikes = true; o.planesAsCircles = o.planesAsPoles = false; }},
+      {"chkFoli(4)", [](StereoOptions& o) { o.showLines = true; }},
+      {"chkBootStrap", [](StereoOptions& o) { o.showBootstrapCloud = true; }},
+      {"chkBootstrapEllips", [](StereoOptions& o) { o.showBootstrapContours = true; }},
+      {"chkData", [](StereoOptions& o) { o.showData = true; }},
+      {"chkDataLines", [](StereoOptions& o) { o.showData = o.showDataLines = true; }},
+      {"chkDataEllipses", [](StereoOptions& o) { o.showData = o.showDataEllipses = true; }},
+      {"chkStereoColorCoding", [](StereoOptions& o) { o.showData = o.colourByValue = true; }},
+      {"chkGC(1)", [](StereoOptions& o) { o.showGreatCircle[1] = true; }},
+      {"chkMean", [](StereoOptions& o) { o.showMean = true; }},
+      {"chkMeanEllipses", [](StereoOptions& o) { o.showMeanEllipses = true; }}};
   // clang-format on
   Open("granite.ams");
   StereoOptions none = Program.Stereo;
-  none.chkCaption = {};
-  none.chkData = none.chkMean = none.chkMeanEllipses = false;
+  none.showCaptions = none.showLegend = false;
+  none.showData = none.showMean = none.showMeanEllipses = false;
   const std::vector<DrawCall> bare = Net(none);
   std::string text;
   for (const Layer& layer : layers) {

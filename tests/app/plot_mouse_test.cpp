@@ -50,7 +50,7 @@ TEST_F(PlotMouse, SelectsByAnyShownAxisOrByTheOneOfTheKey) {
       {false, 90, 30, CtrlKey, ""}};
   // clang-format on
   for (const auto& [kmaxShown, dec, inc, keys, selected] : cases) {
-    Program.Stereo.chkK[1] = kmaxShown;
+    Program.Stereo.showAxis[1] = kmaxShown;
     EXPECT_EQ(Select(dec, inc, keys), selected) << dec << " " << inc << " " << keys;
   }
 }
@@ -58,9 +58,9 @@ TEST_F(PlotMouse, SelectsByAnyShownAxisOrByTheOneOfTheKey) {
 TEST_F(PlotMouse, AClickClearsAndNothingHappensWithoutData) {
   Add(0);
   for (const bool data : {true, false}) {
-    Program.Stereo.chkData = true;
+    Program.Stereo.showData = true;
     EXPECT_EQ(Select(0, 30), "1 ");
-    Program.Stereo.chkData = data;
+    Program.Stereo.showData = data;
     SelectInStereo(Program, {50, 50, 50, 50}, NoKeys);
     EXPECT_EQ(Selected(), data ? "" : "1 ");
   }

@@ -38,7 +38,7 @@ TEST_F(ContourPicture, IsMadeOfTheseCalls) {
   BuildContourGrid(Grid, 0, 12, 3);
   Data.Add(90, 30);
   Run(2);
-  Options.chkShowGridPoints = true;
+  Options.showGridPoints = true;
   const auto net = Recorded([](Target& t) {
     DrawNet(t, Geographic, EqualArea, {180, 180, 300}, Black, 14);
   });
@@ -72,13 +72,13 @@ TEST_F(ContourPicture, IsMadeOfTheseCalls) {
 TEST_F(ContourPicture, ColoursNodesByLevelOrByDensity) {
   Data.Add(45, 60);
   Data.Add(200, 30);
-  Options.chkShowContours = false;
+  Options.showContours = false;
   for (const int smooth : {5, 20})  // steps 1 and above
-    for (Options.optDisplay = 1; Options.optDisplay <= 5; ++Options.optDisplay)
+    for (Options.display = 1; Options.display <= 5; ++Options.display)
       for (const bool discrete : {true, false}) {
         Run(smooth);
         const ContourLevels levels = LevelsOf(Count.ContourMax);
-        Options.optDiscrete = discrete;
+        Options.discrete = discrete;
         const RasterCall nodes = Nodes();
         ASSERT_EQ(nodes.pixels.size(), 301u * 301u);
         for (std::size_t n = 0; n < nodes.pixels.size(); ++n) {
@@ -87,7 +87,7 @@ TEST_F(ContourPicture, ColoursNodesByLevelOrByDensity) {
           // Below 0, which is white, under the first level and where the step is above 1.
           float t = discrete ? ((index - 1) * levels.Step + 1) / levels.Top()
                              : density / Count.ContourMax;
-          const Colour colour = BlendColor(ContourDisplays[Options.optDisplay].Colour, White, t);
+          const Colour colour = BlendColor(ContourDisplays[Options.display].Colour, White, t);
           ASSERT_EQ(nodes.pixels[n], Grid.Inside[n] ? colour : NoColour) << n;
         }
       }
@@ -105,7 +105,7 @@ TEST_F(ContourPicture, ShowsEachDatumInTheSymbolOfItsKindWhenWantedOrNotCounted)
   Data.Add(20, 30);
   Data.Add(110, -10);  // drawn at (110, 10), as everything upward is
   for (const auto& c : cases) {
-    Options.optDisplay = c.display;
+    Options.display = c.display;
     const auto expected = Recorded([&](Target& t) {
       for (const Direction d : {Direction{20, 30}, {110, 10}})
         DrawNetSymbol(t, {180, 180, 300}, EqualArea, d, c.symbol, c.size, c.colour, {.width = 0});
@@ -113,7 +113,7 @@ TEST_F(ContourPicture, ShowsEachDatumInTheSymbolOfItsKindWhenWantedOrNotCounted)
     for (const auto& [counted, wanted] : {std::pair{false, false}, {true, false}, {true, true}}) {
       Count = {};
       if (counted) Run(20);
-      Options.chkDataPoint = wanted;
+      Options.showData = wanted;
       const bool shown = ToText(Draw()).find(ToText(expected)) != std::string::npos;
       EXPECT_EQ(shown, wanted || !counted) << c.display;
       EXPECT_EQ(Nodes().pixels.empty(), !counted);
@@ -126,7 +126,7 @@ TEST_F(ContourPicture, LegendTellsLevelsMaximumAndCount) {
   Run(20);
   Count.ContourMax = 25.3f;
   for (const bool discrete : {true, false}) {
-    Options.optDiscrete = discrete;
+    Options.discrete = discrete;
     EXPECT_EQ(WordsOf(Draw()),
               "N|90|180|270|Kmax|N = 12|0|1|3|5|7|9|11|13|15|17|19|21|23|25|Max 25.3|");
   }
@@ -136,7 +136,7 @@ TEST_F(ContourPicture, StaysOnItsPlaneForEveryNumberOfLevels) {
   Data.Add(45, 60);
   for (const int smooth : {0, 1, 2, 5, 7, 8, 9, 20, 40, 88})
     for (const bool discrete : {true, false}) {
-      Options.optDiscrete = discrete;
+      Options.discrete = discrete;
       Run(smooth);
       double lowest = 1e9;
       for (const TextCall& text : CallsOf<TextCall>(Draw())) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <limits>
 
 #include "plot/axes/axes.h"
@@ -45,13 +46,22 @@ using O = StereoOptions;
 StereoOptions Only(std::initializer_list<bool O::*> layers = {},
                    const Array1<bool, 3>& axes = {true, true, true}) {
   StereoOptions options;
-  options.chkCaption = {};
-  options.chkData = options.chkMean = options.chkMeanEllipses = false;
+  options.showCaptions = options.showLegend = false;
+  options.showData = options.showMean = options.showMeanEllipses = false;
   for (const auto layer : layers) options.*layer = true;
-  options.chkK = axes;
-  options.lstFoli = {"S0"};
-  options.lstLine = {"L1"};
+  options.showAxis = axes;
+  options.foliationCodes = {"S0"};
+  options.lineationCodes = {"L1"};
   return options;
+}
+
+/// The switches of planes, as circles, poles and strike sticks, and of lines.
+void SetGeology(StereoOptions& options, const std::array<bool, 5>& on) {
+  options.showPlanes = on[0];
+  options.planesAsCircles = on[1];
+  options.planesAsPoles = on[2];
+  options.planesAsStrikes = on[3];
+  options.showLines = on[4];
 }
 
 std::vector<DrawCall> Drawn(const RecordArray& records, const StereoOptions& options,
@@ -81,9 +91,9 @@ TEST(DrawStereo, BeginsTransparentAndWithTheBlackNet) {
 
 TEST(DrawStereo, LegendListsAxesThenPlanesInASecondColumnAndLinesInAThird) {
   StereoOptions options = Only({}, {true, false, true});
-  options.chkCaption[1] = true;
-  options.chkFoli = {true, true, true, false, true};
-  options.lstFoli = {"S0", "K"};
+  options.showLegend = true;
+  SetGeology(options, {true, true, true, false, true});
+  options.foliationCodes = {"S0", "K"};
   EXPECT_EQ(ToText(OverTheNet({}, options)),
             "text \"Max\" (33,322) height 15 0 align 24\n"
             "polygon (13,311) (13,320) (22,320) (22,311) pen 0 0 1 brush FF\n"
@@ -101,11 +111,11 @@ TEST(DrawStereo, LegendListsAxesThenPlanesInASecondColumnAndLinesInAThird) {
             "text \"L1\" (358,322) height 15 0 align 24\n"
             "polygon (372,311) (372,320) (381,320) (381,311) pen 0 800080 1 brush FFFFFF\n"
             "ellipse (376,315) (378,316) pen 0 800080 1 brush FFFFFF\n");
-  options.chkK = {};
-  options.chkFoli = {true, false, false, true, false};  // strike sticks: the code alone
-  options.lstFoli = {"S0"};
+  options.showAxis = {};
+  SetGeology(options, {true, false, false, true, false});  // strike sticks: the code alone
+  options.foliationCodes = {"S0"};
   EXPECT_EQ(ToText(OverTheNet({}, options)), "text \"S0\" (285,322) height 15 0 align 24\n");
-  options.chkFoli = {false, true, true, true, false};
+  SetGeology(options, {false, true, true, true, false});
   EXPECT_EQ(ToText(OverTheNet({}, options)), "");
 }
 
@@ -121,8 +131,8 @@ TEST(DrawStereo, CaptionsAndSymbolsAreThoseOfTheSystemAndTheBlockInView) {
   } rows[] = {{Geographic, 1, 2, "Geographic"}, {Geographic, 2, 1, "Geographic"},
               {Geographic, 3, 0, "Geographic"}, {Tectonic, 1, 1, "Tectonic"},
               {Specimen, 1, 0, "Specimen"},     {Paleogeographic, 1, 0, "Paleogeographic"}};
-  StereoOptions options = Only({&O::chkData});
-  options.chkCaption[0] = true;
+  StereoOptions options = Only({&O::showData});
+  options.showCaptions = true;
   for (const auto& row : rows) {
     const auto calls = OverTheNet(store, options, GroupStats(), row.coorSys, row.block);
     EXPECT_EQ(WordsOf(calls), row.name + "|Coordinate|System|Equal-Area|Projection|N = " +
@@ -135,7 +145,7 @@ TEST(DrawStereo, ADirectionThatIsNotFiniteIsNotDrawnButItsRecordCounts) {
   RecordArray store = Uprights(1);
   store[1].Dec[1] = std::numeric_limits<double>::quiet_NaN();
   store[1].Inc[2] = std::numeric_limits<float>::infinity();
-  EXPECT_EQ(ToText(OverTheNet(store, Only({&O::chkData}))),
+  EXPECT_EQ(ToText(OverTheNet(store, Only({&O::showData}))),
             "ellipse (174,184) (186,196) pen 0 0 1 brush FF0000\n");
   EXPECT_NE(WordsOf(Drawn(store, {})).find("N = 1|"), std::string::npos);
 }
@@ -176,15 +186,15 @@ PlaneSize Extent(const std::vector<DrawCall>& calls) {
 
 TEST(StereoPlane, HoldsAllThatIsDrawn) {
   StereoOptions geological;
-  geological.chkFoli = {true, true, true, true, true};
+  SetGeology(geological, {true, true, true, true, true});
   for (int i = 0; i < 30; ++i) {
-    geological.lstFoli.push_back("S" + std::to_string(i));
-    geological.lstLine.push_back("L" + std::to_string(i));
+    geological.foliationCodes.push_back("S" + std::to_string(i));
+    geological.lineationCodes.push_back("L" + std::to_string(i));
   }
   StereoOptions longCodes = geological;
-  longCodes.lstFoli.push_back("LONGFOLIATION");
-  longCodes.lstLine.push_back("LONGERLINEATION");
-  const StereoOptions scale = Only({&O::chkData, &O::chkStereoColorCoding});
+  longCodes.foliationCodes.push_back("LONGFOLIATION");
+  longCodes.lineationCodes.push_back("LONGERLINEATION");
+  const StereoOptions scale = Only({&O::showData, &O::colourByValue});
   for (const StereoOptions& options : {StereoOptions{}, Only(), geological, longCodes, scale}) {
     const PlaneSize plane = StereoPlane(options), extent = Extent(Drawn(Uprights(2), options));
     EXPECT_LT(extent.width, plane.width);
@@ -220,7 +230,7 @@ std::string KindsOf(const std::vector<DrawCall>& calls) {
 
 TEST(StereoGeology, AnUnselectedPlaneGetsOneStickAndASelectedOneTwo) {
   StereoOptions options = Only();
-  options.chkFoli = {true, false, false, true, false};
+  SetGeology(options, {true, false, false, true, false});
   // The pole of dip direction 120 points to 300; 90 degrees on is 30, before is 210.
   EXPECT_EQ(ToText(OverTheNet(Uprights(1), options)),
             "polyline (258,56) (262,48) pen 0 C0C000 1\n");
@@ -231,19 +241,19 @@ TEST(StereoGeology, AnUnselectedPlaneGetsOneStickAndASelectedOneTwo) {
 
 TEST(StereoGeology, OnlyListedCodesAreDrawnEachInThePenOfItsPlace) {
   StereoOptions options = Only();
-  options.chkFoli = {true, true, true, false, false};
-  options.lstFoli = {"S1", "S0"};  // the second of the list is thin, dashed and has a plus
+  SetGeology(options, {true, true, true, false, false});
+  options.foliationCodes = {"S1", "S0"};  // the second of the list is thin, dashed and has a plus
   const auto calls = OverTheNet(Uprights(1), options);
   EXPECT_EQ(std::get<PolylineCall>(calls.at(0)).pen, (Pen{Dashed, PlaneColour, 1}));
   EXPECT_EQ(KindsOf(calls), "lsl");
   EXPECT_EQ(CallsOf<EllipseCall>(calls).size(), 1u);
   EXPECT_TRUE(OverTheNet(Uprights(1), options, GroupStats(), Specimen).empty());
-  options.lstFoli = {"s0"};
+  options.foliationCodes = {"s0"};
   EXPECT_TRUE(OverTheNet(Uprights(1), options).empty());
 }
 
 TEST(StereoGroup, TheBootstrapNeedsAStoreOfAtMostAHundred) {
-  const StereoOptions options = Only({&O::chkBootStrap, &O::chkBootstrapEllips});
+  const StereoOptions options = Only({&O::showBootstrapCloud, &O::showBootstrapContours});
   GroupStats stats = Group(100);
   stats.BootPoints[1][1] = {90, 0};
   const auto calls = OverTheNet(Uprights(100), options, stats);
@@ -258,7 +268,7 @@ TEST(StereoGroup, MeansShowFromOneRecordOnAndTheirEllipsesFromFive) {
   RecordArray outOfView = Uprights(1);
   outOfView[1].Active = false;
   const auto drawn = [&](const GroupStats& stats) {
-    return OverTheNet(outOfView, Only({&O::chkMean, &O::chkMeanEllipses}), stats);
+    return OverTheNet(outOfView, Only({&O::showMean, &O::showMeanEllipses}), stats);
   };
   for (const auto& [n, kinds] : {std::pair<std::int16_t, const char*>{0, ""}, {4, "s"}, {5, "sl"}})
     EXPECT_EQ(KindsOf(drawn(Group(n))), kinds);
@@ -269,8 +279,8 @@ TEST(StereoGroup, MeansShowFromOneRecordOnAndTheirEllipsesFromFive) {
 }
 
 TEST(StereoRecords, CirclesEllipsesAndSymbolsOfSelectedRecordsComeLast) {
-  StereoOptions options = Only({&O::chkData, &O::chkDataEllipses}, {false, false, true});
-  options.chkGC[3] = true;
+  StereoOptions options = Only({&O::showData, &O::showDataEllipses}, {false, false, true});
+  options.showGreatCircle[3] = true;
   RecordArray records = Uprights(2, 1);
   for (SpecimenRecord& r : records) r.E[3] = r.E2[3] = 10.0;
   // Circles; the unselected ellipse and symbol, then the selected ones.
@@ -278,7 +288,7 @@ TEST(StereoRecords, CirclesEllipsesAndSymbolsOfSelectedRecordsComeLast) {
 }
 
 TEST(StereoRecords, EllipsesTakeTheBlockInViewAndNothingThatIsNoNumber) {
-  const StereoOptions options = Only({&O::chkData, &O::chkDataEllipses}, {false, false, true});
+  const StereoOptions options = Only({&O::showData, &O::showDataEllipses}, {false, false, true});
   RecordArray records = Uprights(1);
   SpecimenRecord& r = records[1];
   r.HasIm = true;
@@ -296,7 +306,7 @@ TEST(StereoRecords, EllipsesTakeTheBlockInViewAndNothingThatIsNoNumber) {
 }
 
 TEST(StereoRecords, DataLinesRunToTheOriginForRecordsOutOfView) {
-  const StereoOptions options = Only({&O::chkData, &O::chkDataLines}, {false, true, false});
+  const StereoOptions options = Only({&O::showData, &O::showDataLines}, {false, true, false});
   RecordArray records = Uprights(3);
   records[2].Active = false;
   EXPECT_EQ(ToText(OverTheNet(records, options).at(0)),
@@ -305,8 +315,8 @@ TEST(StereoRecords, DataLinesRunToTheOriginForRecordsOutOfView) {
 }
 
 TEST(StereoColours, TheScaleStandsRightOfTheNetInBothWays) {
-  StereoOptions options = Only({&O::chkData, &O::chkStereoColorCoding}, {true, false, true});
-  options.odclStereoColorCoding = 8;  // T, from -1 to 1
+  StereoOptions options = Only({&O::showData, &O::colourByValue}, {true, false, true});
+  options.colourParameter = 8;  // T, from -1 to 1
   RecordArray records = Uprights(3, 3);
   records[1].Fac[5] = -1;
   records[2].Fac[5] = 0.5f;
@@ -323,7 +333,7 @@ TEST(StereoColours, TheScaleStandsRightOfTheNetInBothWays) {
   EXPECT_EQ(std::get<PolygonCall>(perAxis[348]).brush, 0x4040FFu);  // three quarters of the way
   EXPECT_EQ(std::get<PolygonCall>(perAxis[350]).brush, Yellow);
 
-  options.optStereoColorCoding = 1;
+  options.colourRamp = ColourRamp::One;
   const auto oneRamp = OverTheNet(records, options);
   ASSERT_EQ(oneRamp.size(), 156u + 11 * 2 + 1 + 6);
   EXPECT_EQ(ToText(oneRamp[0]), "polyline (400,345) (410,345) pen 0 FF0000 1");
@@ -332,19 +342,19 @@ TEST(StereoColours, TheScaleStandsRightOfTheNetInBothWays) {
 }
 
 TEST(StereoColours, KmeanTakesAPowerOfTenAndNumbersCountTheShown) {
-  StereoOptions options = Only({&O::chkData, &O::chkStereoColorCoding}, {false, false, true});
-  options.odclStereoColorCoding = 3;
+  StereoOptions options = Only({&O::showData, &O::colourByValue}, {false, false, true});
+  options.colourParameter = 3;
   RecordArray records = Uprights(4, 2);
   double km = 0.002;
   for (SpecimenRecord& r : records) r.Km = km += 0.001;
   const auto textsOf = [&] { return WordsOf(OverTheNet(records, options)); };
   EXPECT_EQ(textsOf(), " 3.0| 3.5| 4.0| 4.5| 5.0| 5.5| 6.0| 6.5|Kmean [10^-3 SI]|");
-  options.odclStereoColorCoding = 0;
+  options.colourParameter = 0;
   records[1].Active = false;  // the selected record is number 1 now, the others 2 and 3
   EXPECT_EQ(textsOf(),
             " 0.0| 0.2| 0.4| 0.6| 0.8| 1.0| 1.2| 1.4| 1.6| 1.8| 2.0| 2.2| 2.4| 2.6| 2.8|"
             " 3.0|# |");
-  options.chkK = {};
+  options.showAxis = {};
   EXPECT_EQ(textsOf(), "# |");  // the title stays
 }
 

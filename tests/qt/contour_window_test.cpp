@@ -165,7 +165,7 @@ class ContourWindowTest : public QObject {
     press(&The<QWidget>("cmdCancel"));
     Press("cmdCount");
     QVERIFY(Contour() && !State().Counted());
-    QCOMPARE(State().Options.optDisplay, std::int16_t(1));
+    QCOMPARE(State().Options.display, std::int16_t(1));
     QVERIFY(Picture() == before);
     QVERIFY(!The<QWidget>("cmdCancel").isEnabled());
 

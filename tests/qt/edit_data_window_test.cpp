@@ -160,8 +160,9 @@ class EditDataWindowTest : public QObject {
     Velorix& program = W().Program;
     const auto state = [&program] {
       std::string text;
-      for (const CodeList* list : {&program.Lists.odclFoli, &program.Lists.lstFoli,
-                                   &program.Lists.odclLine, &program.Lists.lstLine}) {
+      for (const CodeList* list :
+           {&program.Lists.foliationsInUse, &program.Lists.foliationsShown,
+            &program.Lists.lineationsInUse, &program.Lists.lineationsShown}) {
         for (const CodeEntry& entry : list->Entries)
           text += entry.Text + (entry.Selected ? "+" : "");
         text += " ";

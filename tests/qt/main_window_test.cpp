@@ -81,7 +81,7 @@ class MainWindowTest : public QObject {
     const QImage five = picture();
     QVERIFY(five != empty);
     W().The<QCheckBox>("chkK(1)").click();
-    QVERIFY(!W().Program.Stereo.chkK[1] && picture() != five && picture() != empty);
+    QVERIFY(!W().Program.Stereo.showAxis[1] && picture() != five && picture() != empty);
   }
 
   void everyExampleShowsSomethingInItsFolder() {

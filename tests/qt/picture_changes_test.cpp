@@ -44,12 +44,11 @@ class PictureChangesTest : public QObject {
     PictureWidget picture;
     picture.SetPicture(Plane, draw);
     std::mt19937 random(11);
-    bool* const switches[] = {&options.chkData,         &options.chkDataLines,
-                              &options.chkDataEllipses, &options.chkMean,
-                              &options.chkMeanEllipses, &options.chkK[2],
-                              &options.chkGC[1],        &options.chkBootStrap,
-                              &options.chkCaption[0],   &options.chkStereoColorCoding,
-                              &options.chkFoli[0]};
+    bool* const switches[] = {
+        &options.showData,           &options.showDataLines,      &options.showDataEllipses,
+        &options.showMean,           &options.showMeanEllipses,   &options.showAxis[2],
+        &options.showGreatCircle[1], &options.showBootstrapCloud, &options.showCaptions,
+        &options.colourByValue,      &options.showPlanes};
     for (int step = 0; step < 60; ++step) {
       if (step % 20 == 0) picture.resize(300 + 7 * step, 310 + 5 * step);
       if (step % 3 == 0) {

@@ -97,7 +97,7 @@ PlotPanel* ColumnPlots::MakeHisto(QWidget* parent) {
               velorix_.HistoParameter, velorix_.Session.Settings);
   });
   AttachMouse(*panel->Picture, {.Cross = true});
-  panel->AddPageBox("chkHisto", velorix_.Page.chkHisto);
+  panel->AddPageBox("chkHisto", velorix_.Page.histogram);
   return panel;
 }
 
@@ -134,9 +134,9 @@ PlotPanel* ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
   AttachPlotMouse(velorix_, *panel, plot + 2, plot == 1 ? "lblXYPlot1" : "lblXYPlot2",
                   [this, plot](double x, double y) { return ReadXYPlot(velorix_, plot, x, y); });
   if (plot == 1)
-    panel->AddPageBox("chkXYPLot1", velorix_.Page.chkXYPLot1);
+    panel->AddPageBox("chkXYPLot1", velorix_.Page.xyPlot1);
   else
-    panel->AddPageBox("chkXYPlot2", velorix_.Page.chkXYPlot2);
+    panel->AddPageBox("chkXYPlot2", velorix_.Page.xyPlot2);
   return panel;
 }
 

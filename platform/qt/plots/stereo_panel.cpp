@@ -33,27 +33,27 @@ using O = StereoOptions;
 
 // clang-format off
 constexpr OptionCheck Checks[] = {
-    {"Data", "chkData", "Directions", "Draw the principal directions of the records", NoBack, [](O& o) -> bool& { return o.chkData; }},
-    {"", "chkDataEllipses", "Ellipses", "Confidence ellipse of each direction", NoBack, [](O& o) -> bool& { return o.chkDataEllipses; }},
-    {"", "chkDataLines", "Lines", "Connect the directions of each axis in store order", NoBack, [](O& o) -> bool& { return o.chkDataLines; }},
-    {"Mean", "chkMean", "Directions", "Principal directions of the mean tensor", NoBack, [](O& o) -> bool& { return o.chkMean; }},
-    {"", "chkMeanEllipses", "Ellipses", "Confidence ellipses of the mean directions, from five records on", NoBack, [](O& o) -> bool& { return o.chkMeanEllipses; }},
-    {"Bootstrap", "chkBootStrap", "Cloud", "Directions of the bootstrap replicates, up to 100 records", NoBack, [](O& o) -> bool& { return o.chkBootStrap; }},
-    {"", "chkBootstrapEllips", "Contours", "Bootstrap confidence contours, up to 100 records", NoBack, [](O& o) -> bool& { return o.chkBootstrapEllips; }},
-    {"Axes", "chkK(1)", "Kmax", "Show Kmax, in data, mean and legend", KmaxBack, [](O& o) -> bool& { return o.chkK[1]; }},
-    {"", "chkGC(1)", "Circle", "Great circles perpendicular to Kmax", KmaxBack, [](O& o) -> bool& { return o.chkGC[1]; }},
-    {"", "chkK(2)", "Kint", "Show Kint, in data, mean and legend", KintBack, [](O& o) -> bool& { return o.chkK[2]; }},
-    {"", "chkGC(2)", "Circle", "Great circles perpendicular to Kint", KintBack, [](O& o) -> bool& { return o.chkGC[2]; }},
-    {"", "chkK(3)", "Kmin", "Show Kmin, in data, mean and legend", KminBack, [](O& o) -> bool& { return o.chkK[3]; }},
-    {"", "chkGC(3)", "Circle", "Great circles perpendicular to Kmin", KminBack, [](O& o) -> bool& { return o.chkGC[3]; }},
-    {"Texts", "chkCaption(0)", "Captions", "Coordinate system, projection and number of records beside the net", NoBack, [](O& o) -> bool& { return o.chkCaption[0]; }},
-    {"", "chkCaption(1)", "Legend", "Legend of axes, foliations and lineations", NoBack, [](O& o) -> bool& { return o.chkCaption[1]; }},
-    {"Colours", "chkStereoColorCoding", "By value", "Colour the symbols by a parameter", NoBack, [](O& o) -> bool& { return o.chkStereoColorCoding; }},
-    {"Foliations", "chkFoli(0)", "Planes", "Draw the foliations chosen below, outside specimen coordinates", FoliBack, [](O& o) -> bool& { return o.chkFoli[0]; }},
-    {"", "chkFoli(1)", "Circles", "Planes as great circles", FoliBack, [](O& o) -> bool& { return o.chkFoli[1]; }},
-    {"", "chkFoli(2)", "Poles", "Planes as poles", FoliBack, [](O& o) -> bool& { return o.chkFoli[2]; }},
-    {"", "chkFoli(3)", "Strikes", "Planes as strike sticks on the rim", FoliBack, [](O& o) -> bool& { return o.chkFoli[3]; }},
-    {"Lineations", "chkFoli(4)", "Lines", "Draw the lineations chosen below, outside specimen coordinates", FoliBack, [](O& o) -> bool& { return o.chkFoli[4]; }},
+    {"Data", "chkData", "Directions", "Draw the principal directions of the records", NoBack, [](O& o) -> bool& { return o.showData; }},
+    {"", "chkDataEllipses", "Ellipses", "Confidence ellipse of each direction", NoBack, [](O& o) -> bool& { return o.showDataEllipses; }},
+    {"", "chkDataLines", "Lines", "Connect the directions of each axis in store order", NoBack, [](O& o) -> bool& { return o.showDataLines; }},
+    {"Mean", "chkMean", "Directions", "Principal directions of the mean tensor", NoBack, [](O& o) -> bool& { return o.showMean; }},
+    {"", "chkMeanEllipses", "Ellipses", "Confidence ellipses of the mean directions, from five records on", NoBack, [](O& o) -> bool& { return o.showMeanEllipses; }},
+    {"Bootstrap", "chkBootStrap", "Cloud", "Directions of the bootstrap replicates, up to 100 records", NoBack, [](O& o) -> bool& { return o.showBootstrapCloud; }},
+    {"", "chkBootstrapEllips", "Contours", "Bootstrap confidence contours, up to 100 records", NoBack, [](O& o) -> bool& { return o.showBootstrapContours; }},
+    {"Axes", "chkK(1)", "Kmax", "Show Kmax, in data, mean and legend", KmaxBack, [](O& o) -> bool& { return o.showAxis[1]; }},
+    {"", "chkGC(1)", "Circle", "Great circles perpendicular to Kmax", KmaxBack, [](O& o) -> bool& { return o.showGreatCircle[1]; }},
+    {"", "chkK(2)", "Kint", "Show Kint, in data, mean and legend", KintBack, [](O& o) -> bool& { return o.showAxis[2]; }},
+    {"", "chkGC(2)", "Circle", "Great circles perpendicular to Kint", KintBack, [](O& o) -> bool& { return o.showGreatCircle[2]; }},
+    {"", "chkK(3)", "Kmin", "Show Kmin, in data, mean and legend", KminBack, [](O& o) -> bool& { return o.showAxis[3]; }},
+    {"", "chkGC(3)", "Circle", "Great circles perpendicular to Kmin", KminBack, [](O& o) -> bool& { return o.showGreatCircle[3]; }},
+    {"Texts", "chkCaption(0)", "Captions", "Coordinate system, projection and number of records beside the net", NoBack, [](O& o) -> bool& { return o.showCaptions; }},
+    {"", "chkCaption(1)", "Legend", "Legend of axes, foliations and lineations", NoBack, [](O& o) -> bool& { return o.showLegend; }},
+    {"Colours", "chkStereoColorCoding", "By value", "Colour the symbols by a parameter", NoBack, [](O& o) -> bool& { return o.colourByValue; }},
+    {"Foliations", "chkFoli(0)", "Planes", "Draw the foliations chosen below, outside specimen coordinates", FoliBack, [](O& o) -> bool& { return o.showPlanes; }},
+    {"", "chkFoli(1)", "Circles", "Planes as great circles", FoliBack, [](O& o) -> bool& { return o.planesAsCircles; }},
+    {"", "chkFoli(2)", "Poles", "Planes as poles", FoliBack, [](O& o) -> bool& { return o.planesAsPoles; }},
+    {"", "chkFoli(3)", "Strikes", "Planes as strike sticks on the rim", FoliBack, [](O& o) -> bool& { return o.planesAsStrikes; }},
+    {"Lineations", "chkFoli(4)", "Lines", "Draw the lineations chosen below, outside specimen coordinates", FoliBack, [](O& o) -> bool& { return o.showLines; }},
 };
 // clang-format on
 
@@ -116,7 +116,7 @@ StereoPanel::StereoPanel(Velorix& velorix, QWidget* parent)
                              [this](const MouseBox& box, int keys) {
                                Work(velorix_, [&] { SelectInStereo(velorix_, box, keys); });
                              }});
-  AddPageBox("chkStereo", velorix.Page.chkStereo);
+  AddPageBox("chkStereo", velorix.Page.stereonet);
   Picture->OnFault = [this](const Fault& fault) {
     velorix_.Log.DebugPrint(std::string("Error: stereonet: ") + fault.what());
     velorix_.Views.ShowStatus(std::string("Stereonet: ") + fault.what());
@@ -169,24 +169,28 @@ void StereoPanel::AddColourCoding(QGridLayout& group) {
   parameters_ = MakeList("odclStereoColorCoding", "Parameter that colours the symbols", 9, Frame);
   ShowGridHeader();
   connect(parameters_, &QComboBox::activated, this, [this](int index) {
-    ChangeOption([&](StereoOptions& options) {
-      options.odclStereoColorCoding = static_cast<std::int16_t>(index);
-    });
+    ChangeOption([&](StereoOptions& options) { options.colourParameter = index; });
   });
   group.addWidget(parameters_, 0, 1);
   constexpr struct {
+    ColourRamp Ramp;
     const char *Name, *Caption, *Tip;
-  } ways[] = {{"optStereoColorCoding(0)", "Per axis", "A ramp from white for each axis"},
-              {"optStereoColorCoding(1)", "One ramp", "One ramp from blue to red for all axes"}};
-  for (const std::int16_t way : {std::int16_t{0}, std::int16_t{1}}) {
-    auto* option = new QRadioButton(ways[way].Caption, Frame);
-    option->setObjectName(ways[way].Name);
-    option->setToolTip(ways[way].Tip);
-    option->setChecked(velorix_.Stereo.optStereoColorCoding == way);
-    connect(option, &QRadioButton::toggled, this, [this, way](bool on) {
-      if (on) ChangeOption([&](StereoOptions& options) { options.optStereoColorCoding = way; });
+  } ways[] = {
+      {ColourRamp::PerAxis, "optStereoColorCoding(0)", "Per axis",
+       "A ramp from white for each axis"},
+      {ColourRamp::One, "optStereoColorCoding(1)", "One ramp",
+       "One ramp from blue to red for all axes"},
+  };
+  int column = 0;
+  for (const auto& way : ways) {
+    auto* option = new QRadioButton(way.Caption, Frame);
+    option->setObjectName(way.Name);
+    option->setToolTip(way.Tip);
+    option->setChecked(velorix_.Stereo.colourRamp == way.Ramp);
+    connect(option, &QRadioButton::toggled, this, [this, ramp = way.Ramp](bool on) {
+      if (on) ChangeOption([&](StereoOptions& options) { options.colourRamp = ramp; });
     });
-    group.addWidget(option, 1, way);
+    group.addWidget(option, 1, column++);
     colourWays_.push_back(option);
   }
 }
@@ -238,8 +242,8 @@ void StereoPanel::FillCodes(QListWidget& list, const CodeList& codes) {
 }
 
 void StereoPanel::ShowCodeLists() {
-  FillCodes(*lstFoli_, velorix_.Lists.lstFoli);
-  FillCodes(*lstLine_, velorix_.Lists.lstLine);
+  FillCodes(*lstFoli_, velorix_.Lists.foliationsShown);
+  FillCodes(*lstLine_, velorix_.Lists.lineationsShown);
 }
 
 void StereoPanel::Redraw() {

@@ -43,9 +43,9 @@ struct CheckRow {
 
 // clang-format off
 constexpr CheckRow Checks[] = {
-    {"chkShowContours",   "&Contours",    "Black lines where the level changes",  &ContourOptions::chkShowContours},
-    {"chkShowGridPoints", "&Grid points", "Mark the nodes that are computed",     &ContourOptions::chkShowGridPoints},
-    {"chkDataPoint",      "&Data points", "Draw the data over their density",     &ContourOptions::chkDataPoint},
+    {"chkShowContours",   "&Contours",    "Black lines where the level changes",  &ContourOptions::showContours},
+    {"chkShowGridPoints", "&Grid points", "Mark the nodes that are computed",     &ContourOptions::showGridPoints},
+    {"chkDataPoint",      "&Data points", "Draw the data over their density",     &ContourOptions::showData},
 };
 constexpr Array1<const char*, 5> DisplayTips = {"Count the directions of Kmax", "Count the directions of Kint", "Count the directions of Kmin",
                                                 "Count the poles of the foliation chosen in the main window",
@@ -184,15 +184,15 @@ QLayout* frmContour::MakeProgress() {
   const auto& options = velorix_.Contour.Options;
   auto* shown =
       MakeButton<QCheckBox>("chkProgressBar", "&Progress bar", "Show how far the count is", this);
-  shown->setChecked(options.chkProgressBar);
+  shown->setChecked(options.showProgress);
   bar_ = new QProgressBar(this);
   bar_->setObjectName("vbalProgressBar1");
   bar_->setToolTip("How far the count is");
   bar_->setRange(0, BarSteps);
   bar_->setTextVisible(false);
-  bar_->setEnabled(options.chkProgressBar);
+  bar_->setEnabled(options.showProgress);
   connect(shown, &QCheckBox::toggled, this, [this](bool on) {
-    velorix_.Contour.Options.chkProgressBar = on;
+    velorix_.Contour.Options.showProgress = on;
     bar_->setEnabled(on);
   });
   time_ = MakeLabel("lblTime", "Time of the last count", this);
@@ -238,7 +238,7 @@ void frmContour::AddDisplays(QVBoxLayout& column) {
     auto* option =
         MakeButton<QRadioButton>("", ContourDisplays[index].Name, DisplayTips[index], this);
     option->setObjectName(QString("optDisplay(%1)").arg(index));
-    option->setChecked(velorix_.Contour.Options.optDisplay == index);
+    option->setChecked(velorix_.Contour.Options.display == index);
     connect(option, &QRadioButton::clicked, this, [this, index] {
       Work(velorix_, [&] { ChooseContourDisplay(velorix_, index); });
       ShowState();
@@ -252,13 +252,13 @@ void frmContour::AddSmooth(QVBoxLayout& column) {
   auto* spinner = new QSpinBox(this);
   spinner->setObjectName("udSmooth");
   spinner->setRange(0, 100);
-  spinner->setValue(velorix_.Contour.Options.txtSmooth);
+  spinner->setValue(velorix_.Contour.Options.smoothing);
   const char tip[] = "Smoothing of the next count: greater is sharper";
   spinner->setToolTip(tip);
   spinner->setAccessibleName("Smooth");
   if (auto* text = spinner->findChild<QLineEdit*>()) text->setObjectName("txtSmooth");
   connect(spinner, &QSpinBox::valueChanged, this, [this](int value) {
-    velorix_.Contour.Options.txtSmooth = static_cast<std::int16_t>(value);
+    velorix_.Contour.Options.smoothing = static_cast<std::int16_t>(value);
   });
   inside->addWidget(spinner);
 }
@@ -269,9 +269,9 @@ void frmContour::AddColours(QVBoxLayout& column) {
       MakeButton<QRadioButton>("optDiscrete", "D&iscrete", "A colour for each contour level", this);
   auto* continuous =
       MakeButton<QRadioButton>("optContinuous", "C&ontinuous", "A colour for each density", this);
-  (velorix_.Contour.Options.optDiscrete ? discrete : continuous)->setChecked(true);
+  (velorix_.Contour.Options.discrete ? discrete : continuous)->setChecked(true);
   connect(discrete, &QRadioButton::toggled, this,
-          [this](bool on) { Change([on](ContourOptions& o) { o.optDiscrete = on; }); });
+          [this](bool on) { Change([on](ContourOptions& o) { o.discrete = on; }); });
   inside->addWidget(discrete);
   inside->addWidget(continuous);
 }
@@ -363,7 +363,7 @@ void frmContour::Count() {
 
 /// Shows the share of the work that is done and listens whether to go on.
 bool frmContour::GoOn(double share) {
-  if (velorix_.Contour.Options.chkProgressBar) bar_->setValue(static_cast<int>(share * BarSteps));
+  if (velorix_.Contour.Options.showProgress) bar_->setValue(static_cast<int>(share * BarSteps));
   if (events_.elapsed() < ListenEvery) return !cancelled_;
   ShowBusyCursor();
   QCoreApplication::processEvents();

@@ -61,8 +61,8 @@ void ViewLists::ShowChoices() {
 }
 
 void ViewLists::ShowCodeLists() {
-  Fill(*odclFoli_, velorix_.Lists.odclFoli);
-  Fill(*odclLine_, velorix_.Lists.odclLine);
+  Fill(*odclFoli_, velorix_.Lists.foliationsInUse);
+  Fill(*odclLine_, velorix_.Lists.lineationsInUse);
 }
 
 }  // namespace velorix
