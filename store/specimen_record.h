@@ -6,6 +6,7 @@
 
 #include "base/number.h"
 #include "base/slots.h"
+#include "store/factors.h"
 
 namespace velorix {
 
@@ -68,7 +69,7 @@ struct SpecimenRecord {
   Slots<Number, 0, 3> FTestIm;
 
   // View data
-  Array1<float, 8> Fac;            // the eight chosen factors; 1E9: could not be computed
+  Array1<float, FactorSlots> Fac;  // the chosen factors, `FailedFactor` where one failed
   Array1<Number, 4> PlotX, PlotY;  // last place of the symbol in each of the four plots
   bool Selected = false;
 

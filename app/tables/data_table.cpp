@@ -12,8 +12,6 @@
 namespace velorix {
 namespace {
 
-constexpr float NotComputed = 1e9f;  // a factor that failed
-
 struct DataTableColumn {
   const char *Upper, *Lower;  // headers
   int Factor;                 // the slot that names it, or 0
@@ -54,7 +52,7 @@ std::string Inc(R r, bool) {
 }
 template <int Slot>
 std::string Factor(R r, bool) {
-  return r.Fac[Slot] == NotComputed ? "" : FormatNumber(r.Fac[Slot], "0.000");
+  return IsComputed(r.Fac[Slot]) ? FormatNumber(r.Fac[Slot], "0.000") : "";
 }
 template <int Slot>
 std::string FTest(R r, bool im) {
