@@ -40,7 +40,7 @@ bool IsZero(const Array1<Number, 6>& tensor) {
 void ResetRest(SpecimenRecord& r) {
   r.RecordNo = r.CoorLevel = 0;
   r.HasCoor[3] = r.HasCoor[4] = r.Selected = false;
-  r.FoliDec = r.FoliInc = r.LineDec = r.LineInc = r.PlotX = r.PlotY = {};
+  r.FoliDec = r.FoliInc = r.LineDec = r.LineInc = {};
   r.TensorRot = r.TensorRotIm = {};
   r.Dec = r.Inc = r.DecIm = r.IncIm = {};
   r.Fac = {};

@@ -70,7 +70,6 @@ struct SpecimenRecord {
 
   // View data
   Array1<float, FactorSlots> Fac;  // the chosen factors, `FailedFactor` where one failed
-  Array1<Number, 4> PlotX, PlotY;  // last place of the symbol in each of the four plots
   bool Selected = false;
 
   bool operator==(const SpecimenRecord&) const = default;
@@ -107,8 +106,7 @@ void ForEachField(Record& record, Visit visit) {
   VELORIX_FIELD(DecIm);      VELORIX_FIELD(IncIm);      VELORIX_FIELD(VecIm);
   VELORIX_FIELD(EIm);        VELORIX_FIELD(E2Im);       VELORIX_FIELD(E3Im);
   VELORIX_FIELD(FTestIm);
-  VELORIX_FIELD(Fac);        VELORIX_FIELD(PlotX);      VELORIX_FIELD(PlotY);
-  VELORIX_FIELD(Selected);
+  VELORIX_FIELD(Fac);        VELORIX_FIELD(Selected);
   // clang-format on
 #undef VELORIX_FIELD
 }

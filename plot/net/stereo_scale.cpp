@@ -1,4 +1,4 @@
-#include "plot/axes/parameters.h"
+#include "plot/axes/column_axis.h"
 #include "plot/drawing/colour_scales.h"
 #include "plot/net/stereo_view.h"
 #include "text/numbers.h"
@@ -80,7 +80,7 @@ void DrawTitle(const StereoView& view, const ScalePlace& place, const Axis& scal
 }  // namespace
 
 double ColourCoding::Value(const StereoView& view, const SpecimenRecord& record, int number) {
-  return ParameterValue(view.options.colourParameter, record, view.reImMode, number);
+  return ColumnValue(view.options.colourParameter, record, view.reImMode, number);
 }
 
 Colour ColourCoding::Fill(double value, Colour axisColour) const {
@@ -96,9 +96,9 @@ std::optional<ColourCoding> DrawColourScale(const StereoView& view) {
   });
   if (values.IsEmpty()) return std::nullopt;
   const ScalePlace place = PlaceOf(view);
-  const int parameter = view.options.colourParameter;
-  Axis scale = ParameterAxis(parameter, values.lower, values.upper, view.settings);
-  scale.label = ParameterTitle(parameter, view.settings);
+  const Column parameter = view.options.colourParameter;
+  Axis scale = ColumnAxis(parameter, values.lower, values.upper, view.settings);
+  scale.label = ScaleTitle(parameter, view.settings);
   if (place.axesOn > 0) {
     DrawBars(view, place);
     if (!scale.IsEmpty()) DrawTicks(view, place, scale);

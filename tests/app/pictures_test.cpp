@@ -34,11 +34,15 @@ class Pictures : public ProgramTest {
 TEST_F(Pictures, AreDrawnAsApproved) {
   Open("jelinek1978.ams");
   ExpectGolden("stereonet.txt", ToText(Net(Program.Stereo)));
-  ExpectGolden("xy_plot.txt", ToText(Plot({.x = 6, .y = 8})));
-  ExpectGolden("xy_plot_coloured.txt",
-               ToText(Plot({.x = 12, .y = 16, .colour = 6, .coding = true, .lines = true})));
+  ExpectGolden("xy_plot.txt", ToText(Plot({.x = Column::Fac3, .y = Column::Fac5})));
+  ExpectGolden("xy_plot_coloured.txt", ToText(Plot({.x = Column::KmaxDec,
+                                                    .y = Column::KminDec,
+                                                    .colour = Column::Fac3,
+                                                    .coding = true,
+                                                    .lines = true})));
   ExpectGolden("histogram.txt", ToText(CallsOf([&](Target& target) {
-                 DrawHisto(target, PlotGeometry(), DataTableValues(6, Now), 6, Now.Settings);
+                 DrawHisto(target, PlotGeometry(), DataTableValues(Column::Fac3, Now), Column::Fac3,
+                           Now.Settings);
                })));
 }
 

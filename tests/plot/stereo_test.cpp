@@ -316,7 +316,7 @@ TEST(StereoRecords, DataLinesRunToTheOriginForRecordsOutOfView) {
 
 TEST(StereoColours, TheScaleStandsRightOfTheNetInBothWays) {
   StereoOptions options = Only({&O::showData, &O::colourByValue}, {true, false, true});
-  options.colourParameter = 8;  // T, from -1 to 1
+  options.colourParameter = Column::Fac5;  // T, from -1 to 1
   RecordArray records = Uprights(3, 3);
   records[1].Fac[5] = -1;
   records[2].Fac[5] = 0.5f;
@@ -343,13 +343,13 @@ TEST(StereoColours, TheScaleStandsRightOfTheNetInBothWays) {
 
 TEST(StereoColours, KmeanTakesAPowerOfTenAndNumbersCountTheShown) {
   StereoOptions options = Only({&O::showData, &O::colourByValue}, {false, false, true});
-  options.colourParameter = 3;
+  options.colourParameter = Column::Km;
   RecordArray records = Uprights(4, 2);
   double km = 0.002;
   for (SpecimenRecord& r : records) r.Km = km += 0.001;
   const auto textsOf = [&] { return WordsOf(OverTheNet(records, options)); };
   EXPECT_EQ(textsOf(), " 3.0| 3.5| 4.0| 4.5| 5.0| 5.5| 6.0| 6.5|Kmean [10^-3 SI]|");
-  options.colourParameter = 0;
+  options.colourParameter = Column::Number;
   records[1].Active = false;  // the selected record is number 1 now, the others 2 and 3
   EXPECT_EQ(textsOf(),
             " 0.0| 0.2| 0.4| 0.6| 0.8| 1.0| 1.2| 1.4| 1.6| 1.8| 2.0| 2.2| 2.4| 2.6| 2.8|"
