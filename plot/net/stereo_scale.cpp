@@ -31,24 +31,22 @@ ScalePlace PlaceOf(const StereoView& view) {
 }
 
 void DrawBars(const StereoView& view, const ScalePlace& place) {
-  const auto line = [&](double x, double y, Colour colour) {
-    DrawLine(view.target, x, y, x + place.barWidth, y, {.colour = colour});
-  };
+  std::vector<double> sides = {place.perAxis ? place.Left() + place.barWidth : place.base};
+  const int bars = place.perAxis ? place.axesOn : 1;
+  for (int bar = 0; bar < bars; ++bar) sides.push_back(sides.back() + place.barWidth);
+  std::vector<Colour> colours;
   for (int i = 0; i <= place.height; ++i) {
-    const double y = place.bottom - i;
     const float t = static_cast<float>(i) / static_cast<float>(place.height);
     if (!place.perAxis) {
-      line(place.base, y, ColorScale(t));
+      colours.push_back(ColorScale(t));
       continue;
     }
-    double x = place.Left();
     for (int k = 1; k <= 3; ++k) {
-      if (!view.options.showAxis[k]) continue;
       float share = t;
-      x += place.barWidth;
-      line(x, y, BlendColor(Axes[k].colour, White, share));
+      if (view.options.showAxis[k]) colours.push_back(BlendColor(Axes[k].colour, White, share));
     }
   }
+  DrawRamp(view.target, sides, place.bottom, colours);
 }
 
 void DrawTicks(const StereoView& view, const ScalePlace& place, const Axis& scale) {

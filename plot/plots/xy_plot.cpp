@@ -1,5 +1,6 @@
 #include "plot/plots/xy_plot.h"
 
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -42,9 +43,10 @@ void DrawColourScale(Target& target, const PlotGeometry& plot, const Axis& axis)
   const double left = rightOfFrame(plot.barLeft), right = rightOfFrame(plot.barRight);
   const int height = ToShort(std::fabs(plot.height) * plot.scale);
   const double bottom = std::max(plot.At(0, 0).y, plot.At(0, 1).y);
+  std::vector<Colour> colours;
   for (int i = 0; i <= height; ++i)
-    DrawLine(target, left, bottom - i, right, bottom - i,
-             {.colour = ColorScale(static_cast<float>(i) / static_cast<float>(height))});
+    colours.push_back(ColorScale(static_cast<float>(i) / static_cast<float>(height)));
+  DrawRamp(target, std::array{left, right}, bottom, colours);
   constexpr double LetterPart = 0.9;
   const std::int16_t letters = plot.Letters(LetterPart);
   const double gap = plot.fontHeight / 3.0 * plot.scale;

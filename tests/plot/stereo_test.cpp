@@ -170,6 +170,8 @@ PlaneSize Extent(const std::vector<DrawCall>& calls) {
     std::vector<LogicalPoint> ends;
     if (const auto* polygon = std::get_if<PolygonCall>(&call)) ends = polygon->points;
     if (const auto* line = std::get_if<PolylineCall>(&call)) ends = line->points;
+    if (const auto* ramp = std::get_if<RampCall>(&call))
+      ends = {{ramp->sides.back(), ramp->bottom}};
     if (const auto* ellipse = std::get_if<EllipseCall>(&call))
       ends = {{ellipse->box.right, ellipse->box.bottom}};
     if (const auto* text = std::get_if<TextCall>(&call)) {
@@ -322,23 +324,25 @@ TEST(StereoColours, TheScaleStandsRightOfTheNetInBothWays) {
   records[2].Fac[5] = 0.5f;
   records[3].Fac[5] = 7;  // a selected record is no part of the scale
   const auto perAxis = OverTheNet(records, options);
-  // 156 steps of two bars, eleven ticks of a label and two strokes, the title, four and two
-  // symbols.
-  ASSERT_EQ(perAxis.size(), 2u * 156 + 11 * 3 + 1 + 6) << ToText(perAxis);
-  EXPECT_EQ(ToText(perAxis[0]), "polyline (390,345) (400,345) pen 0 FFFFFF 1");
-  EXPECT_EQ(ToText(perAxis[311]), "polyline (400,190) (410,190) pen 0 FF0000 1");
-  EXPECT_EQ(ToText(perAxis[312]), "text \"-1.0\" (385,350) height 13 0 align 26");
-  EXPECT_EQ(std::get<TextCall>(perAxis[345]).text, "T ");
-  EXPECT_EQ(std::get<PolygonCall>(perAxis[346]).brush, White);      // T = -1
-  EXPECT_EQ(std::get<PolygonCall>(perAxis[348]).brush, 0x4040FFu);  // three quarters of the way
-  EXPECT_EQ(std::get<PolygonCall>(perAxis[350]).brush, Yellow);
+  // The two bars, eleven ticks of a label and two strokes, the title, four and two symbols.
+  ASSERT_EQ(perAxis.size(), 1u + 11 * 3 + 1 + 6) << ToText(perAxis);
+  const auto bars = std::get<RampCall>(perAxis[0]);
+  EXPECT_EQ(bars.sides, (std::vector<std::int32_t>{390, 400, 410}));
+  EXPECT_EQ(bars.colours.size(), 2u * 156);  // a line a unit, from 345 up to 190
+  EXPECT_TRUE(ToText(bars).starts_with("polyline (390,345) (400,345) pen 0 FFFFFF 1\n"));
+  EXPECT_TRUE(ToText(bars).ends_with("\npolyline (400,190) (410,190) pen 0 FF0000 1"));
+  EXPECT_EQ(ToText(perAxis[1]), "text \"-1.0\" (385,350) height 13 0 align 26");
+  EXPECT_EQ(std::get<TextCall>(perAxis[34]).text, "T ");
+  EXPECT_EQ(std::get<PolygonCall>(perAxis[35]).brush, White);      // T = -1
+  EXPECT_EQ(std::get<PolygonCall>(perAxis[37]).brush, 0x4040FFu);  // three quarters of the way
+  EXPECT_EQ(std::get<PolygonCall>(perAxis[39]).brush, Yellow);
 
   options.colourRamp = ColourRamp::One;
   const auto oneRamp = OverTheNet(records, options);
-  ASSERT_EQ(oneRamp.size(), 156u + 11 * 2 + 1 + 6);
-  EXPECT_EQ(ToText(oneRamp[0]), "polyline (400,345) (410,345) pen 0 FF0000 1");
-  EXPECT_EQ(std::get<TextCall>(oneRamp[156]).point, (LogicalPoint{395, 350}));
-  EXPECT_EQ(std::get<PolygonCall>(oneRamp[179]).brush, Blue);
+  ASSERT_EQ(oneRamp.size(), 1u + 11 * 2 + 1 + 6);
+  EXPECT_TRUE(ToText(oneRamp[0]).starts_with("polyline (400,345) (410,345) pen 0 FF0000 1\n"));
+  EXPECT_EQ(std::get<TextCall>(oneRamp[1]).point, (LogicalPoint{395, 350}));
+  EXPECT_EQ(std::get<PolygonCall>(oneRamp[24]).brush, Blue);
 }
 
 TEST(StereoColours, KmeanTakesAPowerOfTenAndNumbersCountTheShown) {
