@@ -9,13 +9,6 @@
 namespace velorix {
 namespace {
 
-std::string FormattedText(const ColumnInfo& column, const Number& value) {
-  if (column.picture.empty()) return PlainText(value);
-  if (column.picture == FourDigits) return SignificantText(value, 4);
-  if (column.slot > 0 && !IsComputed(value)) return "";
-  return FormatNumber(value, column.picture);
-}
-
 /// Sorts by keys that are made once a row; a row without one comes last.
 template <class MakeKey>
 void SortByKey(std::vector<int>& rows, bool downward, MakeKey makeKey) {
@@ -47,11 +40,13 @@ std::string DataTableHeader(int row, Column column, const Settings& settings) {
 }
 
 std::string DataTableCell(Column column, const SpecimenRecord& record, std::int16_t reImMode) {
-  const CellValue value = CellOf(column, record, reImMode);
-  if (const auto* number = std::get_if<Number>(&value))
-    return FormattedText(InfoOf(column), *number);
-  if (const auto* words = std::get_if<std::string_view>(&value)) return std::string(*words);
-  return PlainText(*std::get_if<std::int16_t>(&value));
+  const ColumnInfo& c = InfoOf(column);
+  if (c.text) return std::string(c.text(record));
+  const Number value = c.value(record, reImMode == OutOfPhase);
+  if (c.picture.empty()) return PlainText(value);
+  if (c.picture == FourDigits) return SignificantText(value, 4);
+  if (c.slot > 0 && !IsComputed(value)) return "";
+  return FormatNumber(value, c.picture);
 }
 
 std::vector<int> DataTableRows(const Session& session) {

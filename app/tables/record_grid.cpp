@@ -12,13 +12,11 @@ std::string GridCell(Column column, const SpecimenRecord& record, std::int16_t r
 
 void AppendGridCell(std::string& text, Column column, const SpecimenRecord& record,
                     std::int16_t reImMode) {
-  const CellValue value = CellOf(column, record, reImMode);
-  if (const auto* number = std::get_if<Number>(&value))
-    AppendPlainText(text, *number);
-  else if (const auto* words = std::get_if<std::string_view>(&value))
-    text += *words;
+  const ColumnInfo& c = InfoOf(column);
+  if (c.text)
+    text += c.text(record);
   else
-    AppendPlainText(text, *std::get_if<std::int16_t>(&value));
+    AppendPlainText(text, c.value(record, reImMode == OutOfPhase));
 }
 
 }  // namespace velorix

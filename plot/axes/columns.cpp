@@ -12,7 +12,8 @@ using R = const SpecimenRecord&;
 using C = Column;
 using enum Bounds;
 
-CellValue ModeText(R r, bool) {
+std::string_view NameText(R r) { return r.Name; }
+std::string_view ModeText(R r) {
   switch (r.MeasMode) {
     case -1:
       return "AMS(H)";
@@ -27,32 +28,32 @@ CellValue ModeText(R r, bool) {
   }
 }
 template <int Axis>
-CellValue Principal(R r, bool) {
+Number Principal(R r, bool) {
   return r.K[Axis];
 }
 // Kept for agreement with published results: of the in-phase tensor in both blocks.
 template <int Axis>
-CellValue PrincipalError(R r, bool) {
+Number PrincipalError(R r, bool) {
   return r.KSD[Axis];
 }
 template <int Slot>
-CellValue Factor(R r, bool) {
+Number Factor(R r, bool) {
   return Number(r.Fac[Slot]);
 }
 template <int Axis>
-CellValue Dec(R r, bool) {
+Number Dec(R r, bool) {
   return r.Dec[Axis];
 }
 template <int Axis>
-CellValue Inc(R r, bool) {
+Number Inc(R r, bool) {
   return r.Inc[Axis];
 }
 template <int Slot>
-CellValue FTest(R r, bool im) {
+Number FTest(R r, bool im) {
   return (im ? r.FTestIm : r.FTest)[Slot];
 }
 template <int Slot>
-CellValue Angle(R r, bool im) {
+Number Angle(R r, bool im) {
   return (im ? r.EIm : r.E)[Slot];
 }
 
@@ -64,15 +65,15 @@ constexpr Colour Cyan = 0xFFFF00, Magenta = 0xFF00FF, Grey = 0x808080;
 // stereonet's scale.
 // clang-format off
 constexpr ColumnInfo Table[] = {
-    // key          name         data table's headers    slot unit  bounds        picture     colour   widths  value
-    {C::ID,        "ID",        "ID",       "ID",        0, "",    Free,         Plain,      Yellow,   5,  5, [](R r, bool) -> CellValue { return r.RecordNo; }},
-    {C::Specimen,  "Specimen",  "Specimen", "Specimen",  0, "",    Free,         Plain,      Yellow,  13, 13, [](R r, bool) -> CellValue { return r.Name; }},
-    {C::Mode,      "",          "Mode",     "H",         0, "",    Free,         Plain,      Yellow,   0, 10, ModeText},
+    // key          name         data table's headers    slot unit  bounds        picture     colour   widths  value, text, title of scale
+    {C::ID,        "ID",        "ID",       "ID",        0, "",    Free,         Plain,      Yellow,   5,  5, [](R r, bool) { return Number(static_cast<float>(r.RecordNo)); }},
+    {C::Specimen,  "Specimen",  "Specimen", "Specimen",  0, "",    Free,         Plain,      Yellow,  13, 13, nullptr, NameText},
+    {C::Mode,      "",          "Mode",     "H",         0, "",    Free,         Plain,      Yellow,   0, 10, nullptr, ModeText},
     {C::Number,    "#",         "",         "",          0, "",    FromZero,     Plain,      Yellow,   0,  0, nullptr},
-    {C::Field,     "Field",     "Field",    "FreqName",  0, "A/m", FromZero,     Plain,      Yellow,   9, 10, [](R r, bool) -> CellValue { return Number(r.Field); }},
-    {C::Frequency, "Frequency", "Freq",     "f",         0, "Hz",  FromZero,     Plain,      Yellow,   9, 10, [](R r, bool) -> CellValue { return Number(r.Frequency); }},
-    {C::Km,        "Kmean",     "Km",       "Km",        0, "SI",  Free,         FourDigits, Magenta, 22, 10, [](R r, bool im) -> CellValue { return Number(im ? r.KmIm : r.Km); }},
-    {C::KmSD,      "",          "KmSD",     "Km_Err",    0, "",    Free,         FourDigits, Magenta,  0, 10, [](R r, bool im) -> CellValue { return Number(im ? r.KmSDIm : r.KmSD); }},
+    {C::Field,     "Field",     "Field",    "FreqName",  0, "A/m", FromZero,     Plain,      Yellow,   9, 10, [](R r, bool) { return Number(r.Field); }},
+    {C::Frequency, "Frequency", "Freq",     "f",         0, "Hz",  FromZero,     Plain,      Yellow,   9, 10, [](R r, bool) { return Number(r.Frequency); }},
+    {C::Km,        "Kmean",     "Km",       "Km",        0, "SI",  Free,         FourDigits, Magenta, 22, 10, [](R r, bool im) { return Number(im ? r.KmIm : r.Km); }},
+    {C::KmSD,      "",          "KmSD",     "Km_Err",    0, "",    Free,         FourDigits, Magenta,  0, 10, [](R r, bool im) { return Number(im ? r.KmSDIm : r.KmSD); }},
     {C::Kmax,      "",          "K1",       "Kmax",      0, "",    Free,         "0.0000",   Red,      0, 10, Principal<1>},
     {C::KmaxSD,    "",          "K1SD",     "Kmax_Err",  0, "",    Free,         "0.0000",   Red,      0, 10, PrincipalError<1>},
     {C::Kint,      "",          "K2",       "Kint",      0, "",    Free,         "0.0000",   Green,    0, 10, Principal<2>},
@@ -98,7 +99,7 @@ constexpr ColumnInfo Table[] = {
     {C::F23,       "FTest_F23", "F23",      "F23",       0, "",    Free,         "0.0",      Grey,    12, 10, FTest<2>},
     {C::E12,       "E12",       "E12",      "E12",       0, "deg", Free,         "0.000",    Grey,    12, 10, Angle<2>},
     {C::E23,       "E23",       "E23",      "E23",       0, "deg", Free,         "0.000",    Grey,    12, 10, Angle<3>},
-    {C::E13,       "E13",       "E13",      "E13",       0, "deg", Free,         "0.000",    Grey,    12, 10, Angle<1>, "13"},
+    {C::E13,       "E13",       "E13",      "E13",       0, "deg", Free,         "0.000",    Grey,    12, 10, Angle<1>, nullptr, "13"},
 };
 // clang-format on
 
@@ -156,16 +157,10 @@ std::string ScaleTitle(Column column, const Settings& settings) {
 
 Colour TintOf(Column column) { return 0xC0C0C0 + (At(column).colour >> 2 & 0x3F3F3F); }
 
-CellValue CellOf(Column column, const SpecimenRecord& record, std::int16_t reImMode) {
-  assert(At(column).value);
-  return At(column).value(record, reImMode == OutOfPhase);
-}
-
 double ColumnValue(Column column, const SpecimenRecord& record, std::int16_t reImMode, int number) {
   if (column == C::Number) return number;
-  const CellValue value = CellOf(column, record, reImMode);
-  assert(std::holds_alternative<Number>(value));
-  return *std::get_if<Number>(&value);
+  assert(At(column).value);
+  return At(column).value(record, reImMode == OutOfPhase);
 }
 
 }  // namespace velorix

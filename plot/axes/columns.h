@@ -4,7 +4,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <variant>
 
 #include "base/number.h"
 #include "plot/drawing/target.h"
@@ -58,10 +57,6 @@ constexpr Column FactorColumn(int slot) {
   return static_cast<Column>(static_cast<int>(Column::Fac1) + slot - 1);
 }
 
-/// The content of a cell: a number with its width, a whole number or a text. A text is valid as
-/// long as the record.
-using CellValue = std::variant<velorix::Number, std::int16_t, std::string_view>;
-
 /// Ends and steps that a column imposes on its scale.
 enum class Bounds { Free, FromZero, FromOne, PlusMinusOne, Declination, Inclination };
 
@@ -80,7 +75,10 @@ struct ColumnInfo {
   std::string_view picture;   // of its numbers in the data table
   Colour colour;              // of its bars in the histogram
   int gridWidth, tableWidth;  // usual longest text, in characters; 0: it doesn't stand there
-  CellValue (*value)(const SpecimenRecord& record, bool outOfPhase);
+  // The number of a cell with its width, or its text, which lives as long as the record; the other
+  // is null. Km, F tests and angles are those of the block. The running number has neither.
+  Number (*value)(const SpecimenRecord& record, bool outOfPhase);
+  std::string_view (*text)(const SpecimenRecord& record) = nullptr;
   const char* scaleTitle = nullptr;  // on the stereonet's colour scale, where it isn't the name
 };
 const ColumnInfo& InfoOf(Column column);
@@ -100,10 +98,6 @@ std::string ScaleTitle(Column column, const Settings& settings);
 
 /// The light tint of a column's header: its bars' colour, a quarter of it with white.
 Colour TintOf(Column column);
-
-/// The content of the record's cell. Km, F tests and angles are those of the block in view. Not for
-/// `Column::Number`.
-CellValue CellOf(Column column, const SpecimenRecord& record, std::int16_t reImMode);
 
 /// The value on an axis or scale of a column of `PlotColumns`. `number` is the record's running
 /// number.
