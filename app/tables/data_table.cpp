@@ -39,7 +39,7 @@ std::string DataTableHeader(int row, Column column, const Settings& settings) {
   return row == -2 ? c.upper : c.lower;
 }
 
-std::string DataTableCell(Column column, const SpecimenRecord& record, std::int16_t reImMode) {
+std::string DataTableCell(Column column, const SpecimenRecord& record, TensorBlock reImMode) {
   const ColumnInfo& c = InfoOf(column);
   if (c.text) return std::string(c.text(record));
   const Number value = c.value(record, reImMode == OutOfPhase);

@@ -4,14 +4,14 @@
 
 namespace velorix {
 
-std::string GridCell(Column column, const SpecimenRecord& record, std::int16_t reImMode) {
+std::string GridCell(Column column, const SpecimenRecord& record, TensorBlock reImMode) {
   std::string text;
   AppendGridCell(text, column, record, reImMode);
   return text;
 }
 
 void AppendGridCell(std::string& text, Column column, const SpecimenRecord& record,
-                    std::int16_t reImMode) {
+                    TensorBlock reImMode) {
   const ColumnInfo& c = InfoOf(column);
   if (c.text)
     text += c.text(record);

@@ -10,9 +10,9 @@ namespace velorix {
 /// Text of the cell of `record` in a column of `GridColumns`: the plain text of the number,
 /// shortest for its own width; empty for a number that is not finite. Km, the F tests and the
 /// angles are those of the block in view.
-std::string GridCell(Column column, const SpecimenRecord& record, std::int16_t reImMode);
+std::string GridCell(Column column, const SpecimenRecord& record, TensorBlock reImMode);
 /// The same behind `text`.
 void AppendGridCell(std::string& text, Column column, const SpecimenRecord& record,
-                    std::int16_t reImMode);
+                    TensorBlock reImMode);
 
 }  // namespace velorix

@@ -157,7 +157,7 @@ std::string ScaleTitle(Column column, const Settings& settings) {
 
 Colour TintOf(Column column) { return 0xC0C0C0 + (At(column).colour >> 2 & 0x3F3F3F); }
 
-double ColumnValue(Column column, const SpecimenRecord& record, std::int16_t reImMode, int number) {
+double ColumnValue(Column column, const SpecimenRecord& record, TensorBlock reImMode, int number) {
   if (column == C::Number) return number;
   assert(At(column).value);
   return At(column).value(record, reImMode == OutOfPhase);

@@ -101,6 +101,6 @@ Colour TintOf(Column column);
 
 /// The value on an axis or scale of a column of `PlotColumns`. `number` is the record's running
 /// number.
-double ColumnValue(Column column, const SpecimenRecord& record, std::int16_t reImMode, int number);
+double ColumnValue(Column column, const SpecimenRecord& record, TensorBlock reImMode, int number);
 
 }  // namespace velorix

@@ -13,7 +13,7 @@ namespace velorix {
 struct RecordColumns {
   std::span<const Column> Columns;
   std::string (*Header)(Column column, const Settings& settings);
-  std::string (*Cell)(Column column, const SpecimenRecord& record, std::int16_t reImMode);
+  std::string (*Cell)(Column column, const SpecimenRecord& record, TensorBlock reImMode);
   // Room: a longer text is cut off with dots, its tip has it whole.
   int (*Characters)(Column column);
 
