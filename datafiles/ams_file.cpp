@@ -41,7 +41,7 @@ void ResetRest(SpecimenRecord& r) {
   r.RecordNo = 0;
   r.CoorLevel = CoordinateSystem::None;
   r.HasCoor[3] = r.HasCoor[4] = r.Selected = false;
-  r.FoliDec = r.FoliInc = r.LineDec = r.LineInc = r.PlotX = r.PlotY = {};
+  r.FoliDec = r.FoliInc = r.LineDec = r.LineInc = {};
   r.TensorRot = r.TensorRotIm = {};
   r.Dec = r.Inc = r.DecIm = r.IncIm = {};
   r.Fac = {};

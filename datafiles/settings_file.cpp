@@ -56,7 +56,7 @@ void ReadLines(Settings& record, std::string_view bytes) {
   };
   for (std::int16_t& p : record.P) p = ToShort(value());
   record.DemagFac = value() == 1;  // 2 is false, too: wanted
-  for (int i = 1; i <= 8; ++i) {
+  for (int i = 1; i <= FactorSlots; ++i) {
     record.FacIndex[i] = ToShort(value());
     FromCodePage(tokens.Token(2), record.FacName[i]);
   }
@@ -70,7 +70,7 @@ std::string SettingsText(const Settings& record) {
   std::string text;
   for (int i = 1; i <= 4; ++i) AppendLine(text, FormatNumber(record.P[i], "0"), "P" + PlainText(i));
   AppendLine(text, record.DemagFac ? " 1" : " 0", "DemagFac");
-  for (int i = 1; i <= 8; ++i)
+  for (int i = 1; i <= FactorSlots; ++i)
     AppendLine(text, FormatNumber(record.FacIndex[i], "0"), KeyOf(record.FacName[i]));
   return text;
 }

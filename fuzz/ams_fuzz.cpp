@@ -26,8 +26,8 @@ Bytes Encoded(const SpecimenRecord& record) {
 /// Equal, or as equal as records with a NaN among their plain floats can be seen to be.
 bool Same(const SpecimenRecord& a, const SpecimenRecord& b) {
   return a == b || (a != a && b != b && Encoded(a) == Encoded(b) && a.TensorRot == b.TensorRot &&
-                    a.Dec == b.Dec && a.PlotX == b.PlotX && a.FoliDec == b.FoliDec &&
-                    a.FoliName == b.FoliName && a.Selected == b.Selected);
+                    a.Dec == b.Dec && a.FoliDec == b.FoliDec && a.FoliName == b.FoliName &&
+                    a.Selected == b.Selected);
 }
 
 SpecimenRecord Decoded(const Bytes& bytes) {
@@ -69,7 +69,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Hold(Same(fresh[i], used[i]));
     HoldRoundTrip(fresh[i]);
     used[i].Selected = true;  // something stale for the next input
-    used[i].TensorRot[1] = used[i].PlotX[1] = used[i].FoliDec[3] = 1.0;
+    used[i].TensorRot[1] = used[i].FoliDec[3] = 1.0;
     used[i].FoliName[4] = "S4";
   }
   return 0;

@@ -93,7 +93,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool equalToItself = fresh[i] == fresh[i];  // without a NaN among its plain floats
     Hold(!equalToItself || fresh[i] == used[i]);
     used[i].Selected = true;  // something stale for the next input
-    used[i].TensorRot[1] = used[i].PlotX[1] = used[i].FoliDec[3] = 1.0;
+    used[i].TensorRot[1] = used[i].FoliDec[3] = 1.0;
     used[i].FoliName[4] = "S4";
   }
   HoldRoundTrip(fresh);

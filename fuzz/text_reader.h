@@ -41,7 +41,7 @@ bool ReadsOrLeaves(Read read, RecordArray& records) {
   for (int i = 2; i <= used.Count(); ++i) {
     Hold(used[i] == records[i]);  // equal, since no text reads as a NaN
     used[i].Selected = true;      // something stale for the next input
-    used[i].TensorRot[1] = used[i].PlotX[1] = 1.0;
+    used[i].TensorRot[1] = 1.0;
     used[i].FoliName[4] = "S4";
   }
   return done;

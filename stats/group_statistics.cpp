@@ -73,7 +73,7 @@ void AverageSlot(const RecordArray& records, CoordinateSystem coorSys, std::int1
       FactorIn32(AnisoFactor(facIndex, stats.MeanK[1], stats.MeanK[2], stats.MeanK[3]));
   std::vector<double> values;
   for (const SpecimenRecord& record : records)
-    if (IsAveraged(record, coorSys) && record.Fac[slot] != static_cast<float>(FailedFactor))
+    if (IsAveraged(record, coorSys) && IsComputed(record.Fac[slot]))
       values.push_back(record.Fac[slot]);
   stats.HasAverage[slot] = Average(values, stats.AvgFac[slot], stats.SdFac[slot]);
 }
@@ -81,8 +81,8 @@ void AverageSlot(const RecordArray& records, CoordinateSystem coorSys, std::int1
 }  // namespace
 
 void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, TensorBlock reImMode,
-                     const Array1<std::int16_t, 8>& facIndex, std::span<const float> gaussTable,
-                     GroupStats& stats) {
+                     const Array1<std::int16_t, FactorSlots>& facIndex,
+                     std::span<const float> gaussTable, GroupStats& stats) {
   stats.Reached = GroupStats::None;
   stats.FactorsDone = 0;
   const std::vector<TensorColumn> T = ShownTensors(records, coorSys, reImMode);
@@ -99,7 +99,7 @@ void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, Tenso
     if (IsAveraged(record, coorSys)) km.push_back(record.Km);
   stats.HasAverages = Average(km, stats.AvgKm, stats.SdKm);
   stats.Reached = GroupStats::AverageKm;
-  for (int slot = 1; slot <= 8; ++slot) {
+  for (int slot = 1; slot <= FactorSlots; ++slot) {
     AverageSlot(records, coorSys, facIndex[slot], slot, stats);
     stats.FactorsDone = slot;
   }

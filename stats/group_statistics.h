@@ -21,19 +21,20 @@ struct GroupStats : TensorStats {
   /// How far the last run came before it failed, or `All`.
   enum Step { None, MeanTensor, TensorErrors, Bootstrap, AverageKm, All };
 
-  std::int16_t GroupN = 0;   // records in the mean tensor
-  Array1<float, 8> MeanFac;  // factors of the mean tensor; one that failed is 1E9
-  float AvgKm = 0;           // averages over the records and their deviations
-  Array1<float, 8> AvgFac;
+  std::int16_t GroupN = 0;  // records in the mean tensor
+  Array1<float, FactorSlots>
+      MeanFac;      // factors of the mean tensor, `FailedFactor` where one failed
+  float AvgKm = 0;  // averages over the records and their deviations
+  Array1<float, FactorSlots> AvgFac;
   float SdKm = 0;
-  Array1<float, 8> SdFac;
+  Array1<float, FactorSlots> SdFac;
   Array1<double, 3> BootE1, BootE2;                    // semi-axes of the bootstrap regions
   Array1<Array1<ShortDirection, 1000>, 3> BootPoints;  // slots 1 to 500 are filled
   Array1<Array1<ShortDirection, 200>, 3> BootContour;
   Step Reached = None;
-  int FactorsDone = 0;         // slots of MeanFac, AvgFac, SdFac that this run computed
-  bool HasAverages = false;    // some record stood behind AvgKm
-  Array1<bool, 8> HasAverage;  // some record stood behind AvgFac
+  int FactorsDone = 0;                   // slots of MeanFac, AvgFac, SdFac that this run computed
+  bool HasAverages = false;              // some record stood behind AvgKm
+  Array1<bool, FactorSlots> HasAverage;  // some record stood behind AvgFac
 
   bool operator==(const GroupStats&) const = default;
 };
@@ -47,8 +48,8 @@ inline constexpr int BootContourPoints = 200;
 /// "Division by zero" where a group has equal mean values or no scatter; what was computed before
 /// stands, and `stats.Reached` tells how far that is.
 void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, TensorBlock reImMode,
-                     const Array1<std::int16_t, 8>& facIndex, std::span<const float> gaussTable,
-                     GroupStats& stats);
+                     const Array1<std::int16_t, FactorSlots>& facIndex,
+                     std::span<const float> gaussTable, GroupStats& stats);
 
 // What a view may show of the last run: what the group is large enough for, and what was reached.
 bool ShowsMean(const GroupStats& stats);           // MeanK, MeanDec, MeanInc, MeanVec

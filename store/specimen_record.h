@@ -7,6 +7,7 @@
 #include "base/number.h"
 #include "base/slots.h"
 #include "store/coordinates.h"
+#include "store/factors.h"
 
 namespace velorix {
 
@@ -69,8 +70,7 @@ struct SpecimenRecord {
   Slots<Number, 0, 3> FTestIm;
 
   // View data
-  Array1<float, 8> Fac;            // the eight chosen factors; 1E9: could not be computed
-  Array1<Number, 4> PlotX, PlotY;  // last place of the symbol in each of the four plots
+  Array1<float, FactorSlots> Fac;  // the chosen factors, `FailedFactor` where one failed
   bool Selected = false;
 
   bool operator==(const SpecimenRecord&) const = default;
@@ -107,8 +107,7 @@ void ForEachField(Record& record, Visit visit) {
   VELORIX_FIELD(DecIm);      VELORIX_FIELD(IncIm);      VELORIX_FIELD(VecIm);
   VELORIX_FIELD(EIm);        VELORIX_FIELD(E2Im);       VELORIX_FIELD(E3Im);
   VELORIX_FIELD(FTestIm);
-  VELORIX_FIELD(Fac);        VELORIX_FIELD(PlotX);      VELORIX_FIELD(PlotY);
-  VELORIX_FIELD(Selected);
+  VELORIX_FIELD(Fac);        VELORIX_FIELD(Selected);
   // clang-format on
 #undef VELORIX_FIELD
 }

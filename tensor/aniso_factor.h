@@ -4,10 +4,9 @@
 #include <limits>
 #include <string_view>
 
-namespace velorix {
+#include "store/factors.h"
 
-/// The value of a factor that could not be computed; statistics leave it out.
-inline constexpr double FailedFactor = 1e9;
+namespace velorix {
 
 /// Indices of the catalogue; 0, the mean, isn't in the user's list.
 inline constexpr int FirstFactor = 0, LastFactor = 38;

@@ -178,14 +178,15 @@ View ViewOf(const Session& session) {
           session.TectoPlane, session.TectoNorthSouth, session.TectoEastWest};
 }
 
-bool DeriveFactors(SpecimenRecord& record, const Array1<std::int16_t, 8>& facIndex,
+bool DeriveFactors(SpecimenRecord& record, const Array1<std::int16_t, FactorSlots>& facIndex,
                    TensorBlock reImMode) {
   if (reImMode == OutOfPhase && !record.HasIm) return false;
   Fetch(record);
   const Vector<3> k = EigenvaluesJK(BlockTensor(record, reImMode));
   const FactorInput input(k[1], k[2], k[3]);
   for (int i = 1; i <= 3; ++i) record.K[i] = k[i];
-  for (int i = 1; i <= 8; ++i) record.Fac[i] = FactorIn32(AnisoFactor(facIndex[i], input));
+  for (int i = 1; i <= FactorSlots; ++i)
+    record.Fac[i] = FactorIn32(AnisoFactor(facIndex[i], input));
   return true;
 }
 

@@ -24,7 +24,7 @@ View ViewOf(const Session& session);
 /// with the record untouched, when the out-of-phase block is asked for and the record has none. A
 /// `reImMode` that is neither of the two derives the zero tensor. A tensor with NaN or infinity
 /// gives NaN values and failed factors.
-bool DeriveFactors(SpecimenRecord& record, const Array1<std::int16_t, 8>& facIndex,
+bool DeriveFactors(SpecimenRecord& record, const Array1<std::int16_t, FactorSlots>& facIndex,
                    TensorBlock reImMode);
 
 /// Turns the tensor of the view's block from the specimen system to the one in view, and stores it

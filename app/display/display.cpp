@@ -145,8 +145,8 @@ void ChangeXYPlot(Velorix& velorix, int plot, const XYPlotOptions& options) {
   velorix.Views.RedrawXYPlot(plot);
 }
 
-void ChooseHisto(Velorix& velorix, int parameter) {
-  velorix.HistoParameter = parameter;
+void ChooseHisto(Velorix& velorix, Column column) {
+  velorix.HistoParameter = column;
   velorix.Views.RedrawHisto();
 }
 
@@ -157,18 +157,17 @@ XYPlotOptions ShownXYPlot(const Velorix& velorix, int plot) {
 }
 
 void ChooseFirstPlots(Velorix& velorix) {
-  constexpr int P = 4, T = 31;       // of the catalogue
-  constexpr int FirstParameter = 4;  // that is a factor
-  const auto parameterOf = [&](int factor, int slotWithoutIt) {
-    for (int slot = 1; slot <= 8; ++slot)
-      if (velorix.Session.Settings.FacIndex[slot] == factor) return FirstParameter + slot - 1;
-    return FirstParameter + slotWithoutIt - 1;
+  constexpr int P = 4, T = 31;  // of the catalogue
+  const auto columnOf = [&](int factor, Column without) {
+    for (int slot = 1; slot <= FactorSlots; ++slot)
+      if (velorix.Session.Settings.FacIndex[slot] == factor) return FactorColumn(slot);
+    return without;
   };
-  const int degree = parameterOf(P, 3), shape = parameterOf(T, 5);
-  velorix.XYPlot[1].x = KmeanParameter;
+  const Column degree = columnOf(P, Column::Fac3), shape = columnOf(T, Column::Fac5);
+  velorix.XYPlot[1].x = Column::Km;
   velorix.XYPlot[1].y = velorix.XYPlot[2].x = degree;
   velorix.XYPlot[2].y = shape;
-  for (const int plot : {1, 2}) velorix.XYPlot[plot].colour = KmeanParameter;
+  for (const int plot : {1, 2}) velorix.XYPlot[plot].colour = Column::Km;
 }
 
 void SelectRecords(Velorix& velorix, const std::vector<int>& ids) {

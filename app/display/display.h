@@ -39,8 +39,8 @@ void ShowLineation(Velorix& velorix, int index, bool shown);
 
 /// A change in one of the lists or check boxes of an XY plot: that plot alone is drawn again.
 void ChangeXYPlot(Velorix& velorix, int plot, const XYPlotOptions& options);
-/// The histogram's parameter, as in plot/axes/parameters.h.
-void ChooseHisto(Velorix& velorix, int parameter);
+/// The column that the histogram shows.
+void ChooseHisto(Velorix& velorix, Column column);
 /// What an XY plot shows now: its options, with the lines that it is drawn with.
 XYPlotOptions ShownXYPlot(const Velorix& velorix, int plot);
 /// The plots that a newcomer sees: Km and P, P and T where the settings have them.

@@ -12,7 +12,7 @@ namespace {
 constexpr StereoGeometry Stereonet;
 constexpr Net ScreenNet = {Stereonet.cx, Stereonet.cy, Stereonet.diameter};
 
-/// Selects the records that `hit` names, then tells all views.
+/// Selects the records for which `hit` holds, then refreshes all views.
 template <class Hit>
 void SelectWhere(Velorix& velorix, Hit hit) {
   Session& session = velorix.Session;
@@ -51,12 +51,12 @@ StereoReadOut ReadStereo(double x, double y) {
 }
 
 std::string ReadXYPlot(const Velorix& velorix, int plot, double x, double y) {
-  const std::optional<XYPlotAxes>& axes = velorix.XYAxes[plot];
-  if (!axes) return "";
+  const std::optional<DrawnXYPlot>& drawn = velorix.XYDrawn[plot];
+  if (!drawn) return "";
   const Point p = PlotGeometry().FromTarget({x, y});
   if (!InBox(p.x, p.y, 0, 0, 1, 1)) return "";
-  return AxisReadOut(axes->x, axes->x.ValueAt(p.x)) + "   " +
-         AxisReadOut(axes->y, axes->y.ValueAt(p.y));
+  return AxisReadOut(drawn->x, drawn->x.ValueAt(p.x)) + "   " +
+         AxisReadOut(drawn->y, drawn->y.ValueAt(p.y));
 }
 
 void SelectInStereo(Velorix& velorix, MouseBox box, int keys) {
@@ -73,12 +73,19 @@ void SelectInStereo(Velorix& velorix, MouseBox box, int keys) {
   });
 }
 
-void SelectInPlot(Velorix& velorix, int slot, MouseBox box) {
+void SelectInXYPlot(Velorix& velorix, int plot, MouseBox box) {
   SortRectangle(box.x1, box.y1, box.x2, box.y2);
+  const std::optional<DrawnXYPlot>& drawn = velorix.XYDrawn[plot];
   SelectWhere(velorix, [&](const SpecimenRecord& record) {
-    const Number &x = record.PlotX[slot], &y = record.PlotY[slot];
-    return x.width() != Number::Width::Unset && InBox(x, y, box.x1, box.y1, box.x2, box.y2);
+    const auto i = static_cast<std::size_t>(record.RecordNo - 1);
+    if (!drawn || i >= drawn->symbols.size()) return false;
+    const Point& symbol = drawn->symbols[i];
+    return InBox(symbol.x, symbol.y, box.x1, box.y1, box.x2, box.y2);
   });
+}
+
+void SelectInBlankPlot(Velorix& velorix) {
+  SelectWhere(velorix, [](const SpecimenRecord&) { return false; });
 }
 
 void DrawRubberBand(Target& target, const MouseBox& box) {

@@ -31,9 +31,10 @@ std::string ReadXYPlot(const Velorix& velorix, int plot, double x, double y);
 /// happens while the directions are not shown.
 void SelectInStereo(Velorix& velorix, MouseBox box, int keys);
 
-/// Selects the records whose symbol lies in the box on the plot of a position slot, 1 to 4, and no
-/// others.
-void SelectInPlot(Velorix& velorix, int slot, MouseBox box);
+/// Selects the records whose symbol lies in the box on XY plot 1 or 2, and no others.
+void SelectInXYPlot(Velorix& velorix, int plot, MouseBox box);
+/// The same on a plot without symbols: nothing stays selected.
+void SelectInBlankPlot(Velorix& velorix);
 
 /// The box that is being drawn with the mouse.
 void DrawRubberBand(Target& target, const MouseBox& box);

@@ -8,7 +8,7 @@ namespace velorix {
 
 FactorRows FactorRowsOf(const Settings& settings) {
   FactorRows rows;
-  for (int i = 1; i <= 8; ++i) {
+  for (int i = 1; i <= FactorSlots; ++i) {
     const int index = settings.FacIndex[i];
     rows[i] = {settings.FacName[i], FactorText(index).empty() ? -1 : index - 1};
   }
@@ -17,7 +17,7 @@ FactorRows FactorRowsOf(const Settings& settings) {
 
 void ChangeFactors(Velorix& velorix, const FactorRows& rows) {
   Session& session = velorix.Session;
-  for (int i = 1; i <= 8; ++i) {
+  for (int i = 1; i <= FactorSlots; ++i) {
     session.Settings.FacName[i] = rows[i].Name;
     session.Settings.FacIndex[i] = ToShort(rows[i].Position + 1);  // no selection: 0, the mean
   }

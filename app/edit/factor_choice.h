@@ -11,7 +11,7 @@ struct FactorRow {
   std::string Name;   // the user's name for the factor, taken as it is
   int Position = -1;  // in the list of formulas, from 0; -1 for no selection
 };
-using FactorRows = Array1<FactorRow, 8>;
+using FactorRows = Array1<FactorRow, FactorSlots>;
 
 /// The rows for the settings; an index that is not in the list, 0 for one, selects nothing.
 FactorRows FactorRowsOf(const Settings& settings);

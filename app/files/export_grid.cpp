@@ -80,12 +80,13 @@ GridTexts RecordGridTexts(const Session& session) {
   GridTexts grid;
   grid.Rows = session.RecordCount();
   grid.RowHeaderColumns = 1;
-  grid.Columns = GridColumns - 1;
+  grid.Columns = static_cast<int>(GridColumns.size()) - 1;
   grid.AppendCell = [&session](std::string& text, int row, int column) {
+    const Column key = GridColumns[static_cast<std::size_t>(column + 1)];
     if (row < 0)
-      text += GridHeader(column + 2, session.Settings);
+      text += ColumnName(key, session.Settings);
     else
-      AppendGridCell(text, column + 2, session.Records[row + 1], session.ReImMode);
+      AppendGridCell(text, key, session.Records[row + 1], session.ReImMode);
   };
   grid.IsSelected = [&session](int row) { return session.Records[row + 1].Selected; };
   grid.IsHidden = [&session](int row) {

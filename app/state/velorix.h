@@ -11,7 +11,7 @@
 #include "app/state/dialogs.h"
 #include "app/state/views.h"
 #include "base/outcome.h"
-#include "plot/axes/parameters.h"
+#include "plot/axes/columns.h"
 #include "plot/net/stereo.h"
 #include "plot/plots/xy_plot.h"
 #include "stats/contour_grid.h"
@@ -67,10 +67,10 @@ struct Velorix {
   velorix::Session Session = {};
   CodeLists Lists = {};
   StereoOptions Stereo = {};
-  Array1<XYPlotOptions, 2> XYPlot = {};              // of `picXYPlot1` and `picXYPlot2`
-  Array1<bool, 2> XYLines = {};                      // whether each is drawn with lines now
-  Array1<std::optional<XYPlotAxes>, 2> XYAxes = {};  // of the plots on the screen
-  int HistoParameter = KmeanParameter;
+  Array1<XYPlotOptions, 2> XYPlot = {};                // of `picXYPlot1` and `picXYPlot2`
+  Array1<bool, 2> XYLines = {};                        // whether each is drawn with lines now
+  Array1<std::optional<DrawnXYPlot>, 2> XYDrawn = {};  // the plots on the screen
+  Column HistoParameter = Column::Km;
   PageOptions Page = {};
   OpenWindows Windows = {};
   velorix::GroupStats GroupStats = {};

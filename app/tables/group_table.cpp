@@ -56,7 +56,7 @@ std::string JelinekText(int index, const GroupStats& stats) {
   for (int row = 1; row <= 3; ++row)
     for (int column = 1; column <= 5; ++column)
       if (DirectionLabel(row, column) == index) return DirectionText(row, column, stats);
-  for (int row = 0; row <= 8; ++row)
+  for (int row = 0; row <= FactorSlots; ++row)
     for (int column = 1; column <= 3; ++column)
       if (FactorValueLabel(row, column) == index)
         return row == 0 ? KmText(column, stats) : FactorText(row, column, stats);
@@ -84,7 +84,7 @@ std::string GroupTableText(const GroupStats& stats, const Settings& settings) {
                  cell(DirectionLabel(k, 4)), cell(DirectionLabel(k, 5)),
                  BootStatText(2 * k - 1, stats), BootStatText(2 * k, stats)});
   text += Row("", {"Mean Tensor", "Average", "Std. Err."});
-  for (int row = 0; row <= 8; ++row) {
+  for (int row = 0; row <= FactorSlots; ++row) {
     const std::string head = row == 0 ? "Km" : FactorLabel(row, settings);
     if (!head.empty())
       text += Row(head, {cell(FactorValueLabel(row, 1)), cell(FactorValueLabel(row, 2)),

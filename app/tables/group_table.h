@@ -18,11 +18,13 @@ std::string BootStatText(int index, const GroupStats& stats);
 std::string FactorLabel(int slot, const Settings& settings);
 
 /// Labels of the table's cells. Directions: rows 1 to 3 for Kmax, Kint, Kmin, columns 1 to 5 for
-/// value, declination, inclination and the two errors. Factors: row 0 is Km, rows 1 to 8 the
+/// value, declination, inclination and the two errors. Factors: row 0 is Km, the others are the
 /// slots, columns 1 to 3 for mean tensor, average, deviation. `CountLabel` is "N = ".
 constexpr int DirectionLabel(int row, int column) { return 6 * row - 5 + column; }
-constexpr int FactorValueLabel(int row, int column) { return 24 + 9 * column + row; }
-inline constexpr int CountLabel = 60;
+constexpr int FactorValueLabel(int row, int column) {
+  return 24 + (FactorSlots + 1) * column + row;
+}
+inline constexpr int CountLabel = FactorValueLabel(0, 4);
 
 /// The whole table as tab-separated text with its headings.
 std::string GroupTableText(const GroupStats& stats, const Settings& settings);

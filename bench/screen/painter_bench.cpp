@@ -155,7 +155,8 @@ Session Site(int count) {
 
 void ColouredXYPlot(benchmark::State& state) {
   const Session session = Site(static_cast<int>(state.range(0)));
-  const XYPlotOptions options = {.x = 6, .y = 8, .colour = 3, .coding = true};
+  const XYPlotOptions options = {
+      .x = Column::Fac3, .y = Column::Fac5, .colour = Column::Km, .coding = true};
   Recorder recorder;
   DrawXYPlot(session, recorder, PlotGeometry(), options);
   std::erase_if(recorder.calls,

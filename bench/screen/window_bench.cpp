@@ -69,7 +69,7 @@ BENCHMARK(RefreshAfterASelection)->Arg(32'767)->Iterations(1)->Unit(benchmark::k
 void SortByAColumn(benchmark::State& state) {
   FullWindow window(static_cast<int>(state.range(0)));
   const Session& session = window.Program.Session;
-  constexpr int MaxDec = 12;
+  constexpr Column MaxDec = Column::KmaxDec;
   for (auto _ : state) {
     const auto [sort, cells] = bench::MediansInTurn(
         5,

@@ -89,8 +89,6 @@ void WriteRecord(std::ostream& out, const SpecimenRecord& record, Wanted wanted)
   object.End();
 }
 
-bool IsNoPlace(std::string_view name) { return name != "PlotX" && name != "PlotY"; }
-
 /// `Add`s the records as a list, and calls `tell` with the number written so far.
 template <class Wanted, class Tell>
 void AddRecords(ObjectWriter& object, std::ostream& out, const char* name,
@@ -139,7 +137,8 @@ void WriteRecordsJson(std::ostream& out, const Session& session,
   object.Add("ReImMode", session.ReImMode);
   object.Add("FoliCode", session.FoliCode);
   object.Add("LineCode", session.LineCode);
-  AddRecords(object, out, "Records", session.Records, IsNoPlace, tell);
+  const auto all = [](std::string_view) { return true; };
+  AddRecords(object, out, "Records", session.Records, all, tell);
   object.End();
   out << '\n';
 }

@@ -110,24 +110,25 @@ void PainterTarget::Polygon(std::span<const LogicalPoint> points, const Pen& pen
 }
 
 void PainterTarget::Polyline(std::span<const LogicalPoint> points, const Pen& pen) {
-  if (surface_ == Surface::Pixels && points.size() == 2) FillToNeighbour(points, pen);
   Draw(Kind::Polyline, points, pen, NoBrush);
 }
 
-/// Colour bars, up to three side by side, are made of level lines one unit apart. Where a unit has
-/// more pixels than the pen, paper would show between them; so the colour of such a line reaches up
-/// to the one before.
-void PainterTarget::FillToNeighbour(std::span<const LogicalPoint> points, const Pen& pen) {
-  const LogicalBox line = {points[0].x, points[0].y, points[1].x, points[1].y};
-  if (line.top != line.bottom || pen.style != Solid) return;
-  const LogicalBox neighbour = {line.left, line.top + 1, line.right, line.bottom + 1};
-  if (std::find(lastLines_.begin(), lastLines_.end(), neighbour) != lastLines_.end()) {
-    const QPointF from = Snapped(points[0]), to = Snapped(points[1]);
-    const double below = Snapped({neighbour.left, neighbour.top}).y();
-    painter_.fillRect(QRectF(from, QPointF(to.x() + 1, below)), ToQColor(pen.colour));
+/// On pixels each line of a bar reaches down to the one below it, so that no paper shows between
+/// them where a unit has more pixels than the pen. Its other sides are those of a line of the pen.
+void PainterTarget::Ramp(std::span<const std::int32_t> sides, std::int32_t bottom,
+                         std::span<const Colour> colours) {
+  if (surface_ == Surface::Page) return Target::Ramp(sides, bottom, colours);
+  const double pen = PenWidth({}), half = std::floor(pen / 2);
+  const std::size_t bars = sides.size() - 1;
+  for (std::size_t n = 0; n < colours.size(); ++n) {
+    const std::int32_t y = bottom - static_cast<std::int32_t>(n / bars);
+    const QPointF from = Snapped({sides[n % bars], y});
+    const QPointF below = Snapped({sides[n % bars + 1], std::min(y + 1, bottom)});
+    const QPointF corner(from.x() - half, from.y() - half);
+    painter_.fillRect(
+        QRectF(corner, QPointF(below.x() - half + pen, std::max(below.y(), corner.y() + pen))),
+        ToQColor(colours[n]));
   }
-  std::rotate(lastLines_.begin(), lastLines_.begin() + 1, lastLines_.end());
-  lastLines_.back() = line;
 }
 
 void PainterTarget::Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) {

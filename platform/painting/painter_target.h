@@ -42,6 +42,8 @@ class PainterTarget : public Target {
   void Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) override;
   void Pixel(LogicalPoint point, Colour colour) override;
   void Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) override;
+  void Ramp(std::span<const std::int32_t> sides, std::int32_t bottom,
+            std::span<const Colour> colours) override;
   void Text(std::string_view text, LogicalPoint point, const TextStyle& style) override;
 
  private:
@@ -66,7 +68,6 @@ class PainterTarget : public Target {
   };
 
   void Draw(Kind kind, std::span<const LogicalPoint> points, const Pen& pen, Brush brush);
-  void FillToNeighbour(std::span<const LogicalPoint> points, const Pen& pen);
   bool DrawStamp(Kind kind, std::span<const LogicalPoint> points, const Pen& pen, Brush brush);
   void DrawShape(QPainter& painter, Kind kind, std::span<const LogicalPoint> points,
                  const QPointF& first, const Pen& pen, Brush brush) const;
@@ -79,7 +80,6 @@ class PainterTarget : public Target {
   QPainter& painter_;
   PlaneFit fit_;
   Surface surface_;
-  std::array<LogicalBox, 3> lastLines_ = {};  // the last level lines
   std::unordered_map<StampKey, Stamp, StampHash> stamps_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "base/rounding.h"
 
@@ -24,6 +25,13 @@ void DrawCircle(Target& target, double cx, double cy, double r, const Pen& pen, 
 void DrawLine(Target& target, double x1, double y1, double x2, double y2, const Pen& pen) {
   const LogicalPoint points[] = {ToLogical(x1, y1), ToLogical(x2, y2)};
   target.Polyline(points, pen);
+}
+
+void DrawRamp(Target& target, std::span<const double> sides, double bottom,
+              std::span<const Colour> colours) {
+  std::vector<std::int32_t> places;
+  for (const double x : sides) places.push_back(ToLong(x));
+  target.Ramp(places, ToLong(bottom), colours);
 }
 
 void DrawPolyline(Target& target, std::span<const LogicalPoint> points, const Pen& pen) {

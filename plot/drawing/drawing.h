@@ -20,6 +20,10 @@ void DrawCircle(Target& target, double cx, double cy, double r, const Pen& pen, 
 
 void DrawLine(Target& target, double x1, double y1, double x2, double y2, const Pen& pen);
 
+/// Colour scales side by side, see `Target::Ramp`: `sides` are the x of the bars' sides.
+void DrawRamp(Target& target, std::span<const double> sides, double bottom,
+              std::span<const Colour> colours);
+
 /// One line through all points; fewer than two draw nothing.
 void DrawPolyline(Target& target, std::span<const LogicalPoint> points, const Pen& pen);
 

@@ -21,6 +21,10 @@ void Recorder::Pixel(LogicalPoint point, Colour colour) {
 void Recorder::Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) {
   calls.push_back(RasterCall{corner, width, {pixels.begin(), pixels.end()}});
 }
+void Recorder::Ramp(std::span<const std::int32_t> sides, std::int32_t bottom,
+                    std::span<const Colour> colours) {
+  calls.push_back(RampCall{{sides.begin(), sides.end()}, bottom, {colours.begin(), colours.end()}});
+}
 void Recorder::Text(std::string_view text, LogicalPoint point, const TextStyle& style) {
   calls.push_back(TextCall{std::string(text), point, style});
 }
@@ -35,6 +39,7 @@ struct Player {
   void operator()(const EllipseCall& c) const { target.Ellipse(c.box, c.pen, c.brush); }
   void operator()(const PixelCall& c) const { target.Pixel(c.point, c.colour); }
   void operator()(const RasterCall& c) const { target.Raster(c.corner, c.width, c.pixels); }
+  void operator()(const RampCall& c) const { target.Ramp(c.sides, c.bottom, c.colours); }
   void operator()(const TextCall& c) const { target.Text(c.text, c.point, c.style); }
 };
 
@@ -83,6 +88,13 @@ struct Writer {
       text += " " + std::to_string(end - n) + " " +
               (c.pixels[n] == NoColour ? std::string("none") : Hex(c.pixels[n]));
     }
+    return text;
+  }
+  std::string operator()(const RampCall& c) const {
+    Recorder lines;
+    lines.Target::Ramp(c.sides, c.bottom, c.colours);
+    std::string text = ToText(lines.calls);
+    if (!text.empty()) text.pop_back();  // the last line's end
     return text;
   }
   std::string operator()(const TextCall& c) const {

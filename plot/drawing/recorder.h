@@ -41,6 +41,12 @@ struct RasterCall {
   std::vector<Colour> pixels;
   bool operator==(const RasterCall&) const = default;
 };
+struct RampCall {
+  std::vector<std::int32_t> sides;
+  std::int32_t bottom = 0;
+  std::vector<Colour> colours;
+  bool operator==(const RampCall&) const = default;
+};
 struct TextCall {
   std::string text;
   LogicalPoint point;
@@ -49,7 +55,7 @@ struct TextCall {
 };
 
 using DrawCall = std::variant<TransparentCall, PolygonCall, PolylineCall, EllipseCall, PixelCall,
-                              RasterCall, TextCall>;
+                              RasterCall, RampCall, TextCall>;
 
 /// A target that remembers what was drawn on it, in order.
 struct Recorder : Target {
@@ -61,6 +67,8 @@ struct Recorder : Target {
   void Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) override;
   void Pixel(LogicalPoint point, Colour colour) override;
   void Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) override;
+  void Ramp(std::span<const std::int32_t> sides, std::int32_t bottom,
+            std::span<const Colour> colours) override;
   void Text(std::string_view text, LogicalPoint point, const TextStyle& style) override;
 };
 
@@ -68,8 +76,9 @@ struct Recorder : Target {
 void Replay(const std::vector<DrawCall>& calls, Target& target);
 
 /// One call as one line of text without a line end, for tests and golden files, such as
-/// `polyline (1,2) (3,4) pen 0 FF 1` (style, colour in hexadecimal, width). A raster is told in
-/// runs of like pixels, as `raster (0,0) width 4: 2 none 1 FF 1 0`.
+/// `polyline (1,2) (3,4) pen 0 FF 1` (style, colour in hexadecimal, width). A raster is written in
+/// runs of like pixels, as `raster (0,0) width 4: 2 none 1 FF 1 0`, a ramp as its lines, one a line
+/// of text.
 std::string ToText(const DrawCall& call);
 /// All calls, one a line.
 std::string ToText(const std::vector<DrawCall>& calls);

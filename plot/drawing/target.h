@@ -88,14 +88,27 @@ struct Target {
   virtual void Pixel(LogicalPoint point, Colour colour) = 0;
   /// Pixels row by row, `width` of them a row, from `corner` to the right and downward; `NoColour`
   /// leaves a unit as it was. `width` is at least 1 and `pixels` holds whole rows. A target that
-  /// knows no better makes a `Pixel` of each; one that does covers the same units, without the gaps
-  /// and overlaps that pixels of whole device units have at a scale between.
+  /// doesn't override this makes a `Pixel` of each; one that does covers the same units, without
+  /// the gaps and overlaps that pixels of whole device units have at a scale between.
   virtual void Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) {
     for (std::size_t n = 0; n < pixels.size(); ++n)
       if (pixels[n] != NoColour)
         Pixel({corner.x + static_cast<int>(n % static_cast<std::size_t>(width)),
                corner.y + static_cast<int>(n / static_cast<std::size_t>(width))},
               pixels[n]);
+  }
+  /// Colour scales side by side: bars of level lines, a unit apart from `bottom` upward. The sides
+  /// of the bars are at `sides`, from left to right, one more than there are bars; `colours` holds
+  /// the lines from the lowest on, a colour for each bar. A target that doesn't override this draws
+  /// each line; one that does leaves no gaps between them at a scale above 1.
+  virtual void Ramp(std::span<const std::int32_t> sides, std::int32_t bottom,
+                    std::span<const Colour> colours) {
+    const std::size_t bars = sides.size() - 1;
+    for (std::size_t n = 0; n < colours.size(); ++n) {
+      const std::int32_t y = bottom - static_cast<std::int32_t>(n / bars);
+      const LogicalPoint line[] = {{sides[n % bars], y}, {sides[n % bars + 1], y}};
+      Polyline(line, {.colour = colours[n]});
+    }
   }
   /// `text` is UTF-8.
   virtual void Text(std::string_view text, LogicalPoint point, const TextStyle& style) = 0;

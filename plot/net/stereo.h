@@ -7,6 +7,7 @@
 
 #include "base/rounding.h"
 #include "base/slots.h"
+#include "plot/axes/columns.h"
 #include "plot/net/net.h"
 #include "stats/group_statistics.h"
 #include "store/coordinates.h"
@@ -28,7 +29,7 @@ struct StereoOptions {
   bool showBootstrapCloud = false, showBootstrapContours = false;
   bool colourByValue = false;
   ColourRamp colourRamp = ColourRamp::PerAxis;
-  int colourParameter = 0;  // as in plot/axes/parameters.h
+  Column colourParameter = Column::Number;
   bool showPlanes = false, planesAsCircles = true, planesAsPoles = true, planesAsStrikes = false;
   bool showLines = false;
   std::vector<std::string> foliationCodes, lineationCodes;  // those shown, in list order

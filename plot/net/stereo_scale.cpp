@@ -1,4 +1,4 @@
-#include "plot/axes/parameters.h"
+#include "plot/axes/column_axis.h"
 #include "plot/drawing/colour_scales.h"
 #include "plot/net/stereo_view.h"
 #include "text/numbers.h"
@@ -31,24 +31,22 @@ ScalePlace PlaceOf(const StereoView& view) {
 }
 
 void DrawBars(const StereoView& view, const ScalePlace& place) {
-  const auto line = [&](double x, double y, Colour colour) {
-    DrawLine(view.target, x, y, x + place.barWidth, y, {.colour = colour});
-  };
+  std::vector<double> sides = {place.perAxis ? place.Left() + place.barWidth : place.base};
+  const int bars = place.perAxis ? place.axesOn : 1;
+  for (int bar = 0; bar < bars; ++bar) sides.push_back(sides.back() + place.barWidth);
+  std::vector<Colour> colours;
   for (int i = 0; i <= place.height; ++i) {
-    const double y = place.bottom - i;
     const float t = static_cast<float>(i) / static_cast<float>(place.height);
     if (!place.perAxis) {
-      line(place.base, y, ColorScale(t));
+      colours.push_back(ColorScale(t));
       continue;
     }
-    double x = place.Left();
     for (int k = 1; k <= 3; ++k) {
-      if (!view.options.showAxis[k]) continue;
       float share = t;
-      x += place.barWidth;
-      line(x, y, BlendColor(Axes[k].colour, White, share));
+      if (view.options.showAxis[k]) colours.push_back(BlendColor(Axes[k].colour, White, share));
     }
   }
+  DrawRamp(view.target, sides, place.bottom, colours);
 }
 
 void DrawTicks(const StereoView& view, const ScalePlace& place, const Axis& scale) {
@@ -80,7 +78,7 @@ void DrawTitle(const StereoView& view, const ScalePlace& place, const Axis& scal
 }  // namespace
 
 double ColourCoding::Value(const StereoView& view, const SpecimenRecord& record, int number) {
-  return ParameterValue(view.options.colourParameter, record, view.reImMode, number);
+  return ColumnValue(view.options.colourParameter, record, view.reImMode, number);
 }
 
 Colour ColourCoding::Fill(double value, Colour axisColour) const {
@@ -96,9 +94,9 @@ std::optional<ColourCoding> DrawColourScale(const StereoView& view) {
   });
   if (values.IsEmpty()) return std::nullopt;
   const ScalePlace place = PlaceOf(view);
-  const int parameter = view.options.colourParameter;
-  Axis scale = ParameterAxis(parameter, values.lower, values.upper, view.settings);
-  scale.label = ParameterTitle(parameter, view.settings);
+  const Column parameter = view.options.colourParameter;
+  Axis scale = ColumnAxis(parameter, values.lower, values.upper, view.settings);
+  scale.label = ScaleTitle(parameter, view.settings);
   if (place.axesOn > 0) {
     DrawBars(view, place);
     if (!scale.IsEmpty()) DrawTicks(view, place, scale);

@@ -4,8 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "plot/axes/parameters.h"
-#include "plot/drawing/colour_scales.h"
+#include "plot/axes/column_axis.h"
 
 namespace velorix {
 namespace {
@@ -24,15 +23,6 @@ std::vector<HistoClass> CountClasses(std::span<const double> values, const AxisR
     classes.push_back({lower, upper, std::count_if(values.begin(), values.end(), within)});
   }
   return classes;
-}
-
-Colour BarColour(int parameter) {
-  if (parameter == KmeanParameter) return 0xFF00FF;
-  if (parameter <= 11) return 0xFFFF00;
-  if (parameter <= 13) return Red;
-  if (parameter <= 15) return Green;
-  if (parameter <= 17) return Blue;
-  return GrayLevel(128);
 }
 
 }  // namespace
@@ -62,16 +52,16 @@ void PaintHistogram(Target& target, const PlotGeometry& plot, std::span<const do
 }
 
 void DrawHisto(Target& target, const PlotGeometry& plot, std::span<const double> values,
-               int parameter, const Settings& settings) {
+               Column column, const Settings& settings) {
   target.SetTransparent();
   if (values.empty()) return DrawEmptyPlot(target, plot);
   Extent extent;
   for (const double value : values) extent.Add(value);
   if (extent.IsEmpty()) return;
-  // Before the scale is chosen, so that the classes suit the range; ParameterAxis does it again.
-  extent = ImposeBounds(parameter, extent);
-  const Axis axis = ParameterAxis(parameter, extent.lower, extent.upper, settings);
-  PaintHistogram(target, plot, values, axis, axis.label, BarColour(parameter), Black);
+  // Before the scale is chosen, so that the classes suit the range; ColumnAxis does it again.
+  extent = ImposeBounds(column, extent);
+  const Axis axis = ColumnAxis(column, extent.lower, extent.upper, settings);
+  PaintHistogram(target, plot, values, axis, axis.label, InfoOf(column).colour, Black);
 }
 
 }  // namespace velorix

@@ -1,10 +1,11 @@
 #include "plot/plots/xy_plot.h"
 
+#include <array>
 #include <cmath>
 #include <limits>
 
 #include "plot/axes/axes.h"
-#include "plot/axes/parameters.h"
+#include "plot/axes/column_axis.h"
 #include "plot/drawing/clip.h"
 #include "plot/drawing/colour_scales.h"
 #include "plot/drawing/symbols.h"
@@ -42,9 +43,10 @@ void DrawColourScale(Target& target, const PlotGeometry& plot, const Axis& axis)
   const double left = rightOfFrame(plot.barLeft), right = rightOfFrame(plot.barRight);
   const int height = ToShort(std::fabs(plot.height) * plot.scale);
   const double bottom = std::max(plot.At(0, 0).y, plot.At(0, 1).y);
+  std::vector<Colour> colours;
   for (int i = 0; i <= height; ++i)
-    DrawLine(target, left, bottom - i, right, bottom - i,
-             {.colour = ColorScale(static_cast<float>(i) / static_cast<float>(height))});
+    colours.push_back(ColorScale(static_cast<float>(i) / static_cast<float>(height)));
+  DrawRamp(target, std::array{left, right}, bottom, colours);
   constexpr double LetterPart = 0.9;
   const std::int16_t letters = plot.Letters(LetterPart);
   const double gap = plot.fontHeight / 3.0 * plot.scale;
@@ -111,7 +113,7 @@ namespace {
 /// and the axes.
 struct XYPlotData {
   std::vector<XYPoint> points[2];
-  std::vector<std::int16_t> records[2];  // their numbers, from 1
+  std::vector<std::size_t> records[2];  // their places in the store, from 0
   Extent x, y, z;
 };
 
@@ -122,8 +124,8 @@ XYPlotData Gather(const Session& session, const XYPlotOptions& options) {
     const SpecimenRecord& record = session.Records[i];
     if (!IsShown(record, session.CoorSys, session.ReImMode)) continue;
     ++number;
-    const auto value = [&](int parameter) {
-      return ParameterValue(parameter, record, session.ReImMode, number);
+    const auto value = [&](Column column) {
+      return ColumnValue(column, record, session.ReImMode, number);
     };
     const XYPoint point = {value(options.x), value(options.y),
                            options.coding ? value(options.colour) : 0};
@@ -131,52 +133,39 @@ XYPlotData Gather(const Session& session, const XYPlotOptions& options) {
     data.y.Add(point.y);
     if (!record.Selected) data.z.Add(point.z);
     data.points[record.Selected].push_back(point);
-    data.records[record.Selected].push_back(static_cast<std::int16_t>(i));
+    data.records[record.Selected].push_back(static_cast<std::size_t>(i - 1));
   }
   return data;
 }
 
-template <class Keep>
-std::optional<XYPlotAxes> Draw(const Session& session, Target& target, const PlotGeometry& plot,
-                               const XYPlotOptions& options, Keep keep) {
+}  // namespace
+
+std::optional<DrawnXYPlot> DrawXYPlot(const Session& session, Target& target,
+                                      const PlotGeometry& plot, const XYPlotOptions& options) {
   target.SetTransparent();
   const XYPlotData data = Gather(session, options);
   if (data.points[false].empty() && data.points[true].empty()) DrawEmptyPlot(target, plot);
   if (data.x.IsEmpty() || data.y.IsEmpty()) return std::nullopt;
-  const auto axis = [&](int parameter, const Extent& values) {
-    return ParameterAxis(parameter, values.lower, values.upper, session.Settings);
+  const auto axis = [&](Column column, const Extent& values) {
+    return ColumnAxis(column, values.lower, values.upper, session.Settings);
   };
-  const XYPlotAxes axes = {axis(options.x, data.x), axis(options.y, data.y)};
+  DrawnXYPlot drawn = {axis(options.x, data.x), axis(options.y, data.y), {}};
+  drawn.symbols.resize(static_cast<std::size_t>(session.RecordCount()), {NaN, NaN});
   std::optional<Axis> colour;
   if (options.coding && !data.z.IsEmpty()) colour = axis(options.colour, data.z);
   for (const bool selected : {false, true}) {
     XYPlotLook look;
     look.frame = !selected;
     look.lines = options.lines;
-    look.title = axes.x.label + " - " + axes.y.label;
+    look.title = drawn.x.label + " - " + drawn.y.label;
     if (selected) look.fill = SelectedColour;
-    const std::vector<Point> places = PaintXYPlot(target, plot, data.points[selected], axes.x,
-                                                  axes.y, selected ? std::nullopt : colour, look);
-    for (std::size_t i = 0; i < places.size(); ++i) keep(data.records[selected][i], places[i]);
+    const std::vector<Point> places = PaintXYPlot(target, plot, data.points[selected], drawn.x,
+                                                  drawn.y, selected ? std::nullopt : colour, look);
+    for (std::size_t i = 0; i < places.size(); ++i)
+      drawn.symbols[data.records[selected][i]] = places[i];
   }
-  if (axes.x.IsEmpty() || axes.y.IsEmpty()) return std::nullopt;
-  return axes;
-}
-
-}  // namespace
-
-std::optional<XYPlotAxes> DrawXYPlot(const Session& session, Target& target,
-                                     const PlotGeometry& plot, const XYPlotOptions& options) {
-  return Draw(session, target, plot, options, [](int, const Point&) {});
-}
-
-std::optional<XYPlotAxes> DrawXYPlot(Session& session, Target& target, const PlotGeometry& plot,
-                                     const XYPlotOptions& options, int slot) {
-  for (SpecimenRecord& record : session.Records) record.PlotX[slot] = record.PlotY[slot] = NaN;
-  return Draw(session, target, plot, options, [&](int record, const Point& place) {
-    session.Records[record].PlotX[slot] = place.x;
-    session.Records[record].PlotY[slot] = place.y;
-  });
+  if (drawn.x.IsEmpty() || drawn.y.IsEmpty()) return std::nullopt;
+  return drawn;
 }
 
 }  // namespace velorix

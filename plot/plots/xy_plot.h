@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "plot/axes/columns.h"
 #include "plot/axes/plot_axis.h"
-#include "store/session.h"
 
 namespace velorix {
 
@@ -35,31 +35,28 @@ std::vector<Point> PaintXYPlot(Target& target, const PlotGeometry& plot,
                                std::span<const XYPoint> points, const Axis& x, const Axis& y,
                                const std::optional<Axis>& colour, const XYPlotLook& look);
 
-/// What the controls of an XY plot decide. The parameters are counted as in plot/axes/parameters.h.
+/// What the controls of an XY plot decide: columns of `PlotColumns`.
 struct XYPlotOptions {
-  int x = 1, y = 1, colour = 1;
+  Column x = Column::Field, y = Column::Field, colour = Column::Field;
   bool coding = false, lines = false;
 
   bool operator==(const XYPlotOptions&) const = default;
 };
 
-/// The two axes of a plot that was drawn.
-struct XYPlotAxes {
+/// A plot that was drawn, as the mouse needs it: its two axes and where each record of the store
+/// has its symbol, NaN for one without.
+struct DrawnXYPlot {
   Axis x, y;
+  std::vector<Point> symbols;
 };
 
 /// The plane that holds all that `DrawXYPlot` draws in the screen's geometry.
 PlaneSize XYPlotPlane(const XYPlotOptions& options);
 
-/// Draws two parameters of the records in view against each other, the selected ones on top and
-/// yellow. Gives the axes, or none when nothing could be drawn: the axes come from the finite
-/// values, and a point without one is left out.
-std::optional<XYPlotAxes> DrawXYPlot(const Session& session, Target& target,
-                                     const PlotGeometry& plot, const XYPlotOptions& options);
-
-/// The same, and keeps the places of the symbols in slot `slot` of `PlotX` and `PlotY` of all
-/// records, NaN where there is none, for the mouse to find them.
-std::optional<XYPlotAxes> DrawXYPlot(Session& session, Target& target, const PlotGeometry& plot,
-                                     const XYPlotOptions& options, int slot);
+/// Draws two columns of the records in view against each other, the selected ones on top and
+/// yellow. Gives nothing when nothing could be drawn: the axes come from the finite values, and a
+/// point without one is left out.
+std::optional<DrawnXYPlot> DrawXYPlot(const Session& session, Target& target,
+                                      const PlotGeometry& plot, const XYPlotOptions& options);
 
 }  // namespace velorix

@@ -37,26 +37,30 @@ TEST(DataTable, ShowsEachValueInItsFormat) {
   r.RecordNo = 7;
   r.Fac[2] = 1e9f;
   std::string cells;
-  for (int c = -1; c < DataTableColumns; ++c) cells += DataTableCell(c, r, InPhase) + "|";
+  for (const Column c : DataTableColumns) cells += DataTableCell(c, r, InPhase) + "|";
   EXPECT_EQ(cells,
             "7|S1|AMS(H)|12.3|976|1.235E-04| 0.000E+00| 1.1000| 0.0013| 1.0000| 0.0013| 0.9000|"
             " 0.0013| 100.0|-20.0| 200.0|-20.0| 300.0|-20.0| 1.000|| 1.000| 1.000| 1.000| 1.000|"
             " 1.000| 1.000| 7.3| 7.3| 7.3| 2.000| 3.000| 1.000|");
   // Out of phase: mean, F tests and angles are the block's; the deviations stay in-phase.
-  EXPECT_EQ(DataTableCell(4, r, OutOfPhase), "-5.000E-06");
-  EXPECT_EQ(DataTableCell(7, r, OutOfPhase), " 0.0013");
-  EXPECT_EQ(DataTableCell(31, r, OutOfPhase), " 10.000");
+  EXPECT_EQ(DataTableCell(Column::Km, r, OutOfPhase), "-5.000E-06");
+  EXPECT_EQ(DataTableCell(Column::KmaxSD, r, OutOfPhase), " 0.0013");
+  EXPECT_EQ(DataTableCell(Column::E13, r, OutOfPhase), " 10.000");
   r.Dec[1] = std::nan("");
-  EXPECT_EQ(DataTableCell(12, r, InPhase), "");
+  EXPECT_EQ(DataTableCell(Column::KmaxDec, r, InPhase), "");
 }
 
 TEST(DataTable, HeadersHaveTwoRowsAndTheNamesOfTheFactors) {
   Settings settings;
   settings.FacName[1] = "k1/k2";
-  EXPECT_EQ(DataTableHeader(-2, -1, settings) + DataTableHeader(-1, -1, settings), "IDID");
-  EXPECT_EQ(DataTableHeader(-1, 2, settings), "FreqName");  // one column early, and wanted
-  EXPECT_EQ(DataTableHeader(-2, 18, settings) + DataTableHeader(-1, 18, settings), "k1/k2k1/k2");
-  EXPECT_EQ(DataTableHeader(-1, 31, settings), "E13");
+  EXPECT_EQ(DataTableHeader(-2, Column::ID, settings) + DataTableHeader(-1, Column::ID, settings),
+            "IDID");
+  EXPECT_EQ(DataTableHeader(-1, Column::Field, settings),
+            "FreqName");  // one column early, and wanted
+  EXPECT_EQ(
+      DataTableHeader(-2, Column::Fac1, settings) + DataTableHeader(-1, Column::Fac1, settings),
+      "k1/k2k1/k2");
+  EXPECT_EQ(DataTableHeader(-1, Column::E13, settings), "E13");
 }
 
 TEST(DataTable, SortsByTextOrByNumberAndKeepsEqualRowsInOrder) {
@@ -71,17 +75,17 @@ TEST(DataTable, SortsByTextOrByNumberAndKeepsEqualRowsInOrder) {
     session.Records.Add(r);
   }
   Renumber(session.Records);
-  const std::tuple<int, bool, std::vector<int>> cases[] = {
-      {0, false, {4, 2, 1, 3}},   // text: "b10" before "b9"
-      {2, false, {4, 1, 3, 2}},   // number: 9 before 10
-      {2, true, {2, 1, 3, 4}},    // equal ones as they were
-      {18, false, {3, 1, 4, 2}},  // an empty cell last
-      {18, true, {4, 1, 3, 2}},   // both ways
-      {-1, true, {4, 3, 2, 1}}};
+  const std::tuple<Column, bool, std::vector<int>> cases[] = {
+      {Column::Specimen, false, {4, 2, 1, 3}},  // text: "b10" before "b9"
+      {Column::Field, false, {4, 1, 3, 2}},     // number: 9 before 10
+      {Column::Field, true, {2, 1, 3, 4}},      // equal ones as they were
+      {Column::Fac1, false, {3, 1, 4, 2}},      // an empty cell last
+      {Column::Fac1, true, {4, 1, 3, 2}},       // both ways
+      {Column::ID, true, {4, 3, 2, 1}}};
   for (const auto& [column, downward, wanted] : cases) {
     std::vector<int> ids = DataTableRows(session);
     SortDataTable(ids, column, downward, session);
-    EXPECT_EQ(ids, wanted) << column << downward;
+    EXPECT_EQ(ids, wanted) << static_cast<int>(column) << downward;
   }
 }
 
@@ -92,10 +96,11 @@ TEST(DataTable, ValuesOfAParameterAreThoseOfTheCells) {
   session.Records[2].CoorLevel = Specimen;  // not in view
   Renumber(session.Records);
   using Values = std::vector<double>;
-  EXPECT_EQ(DataTableValues(3, session), (Values{1.235e-4, 1.235e-4}));  // as the cell rounds it
-  EXPECT_EQ(DataTableValues(8, session), (Values{0, 1}));                // the empty cell is 0
-  EXPECT_EQ(DataTableValues(13, session), (Values{-20, -20}));
-  EXPECT_EQ(DataTableValues(23, session), (Values{1, 1}));
+  EXPECT_EQ(DataTableValues(Column::Km, session),
+            (Values{1.235e-4, 1.235e-4}));                            // as the cell rounds it
+  EXPECT_EQ(DataTableValues(Column::Fac5, session), (Values{0, 1}));  // the empty cell is 0
+  EXPECT_EQ(DataTableValues(Column::KmaxInc, session), (Values{-20, -20}));
+  EXPECT_EQ(DataTableValues(Column::E13, session), (Values{1, 1}));
 }
 
 }  // namespace

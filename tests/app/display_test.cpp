@@ -142,12 +142,13 @@ TEST_F(Display, TheGridShowsTheMeanAndTheErrorsOfTheBlockAndAnyFactor) {
   r.Fac[8] = 1e9f;  // one that could not be computed
   for (int i = 0; i <= 3; ++i) r.FTest[i] = 5.0 + i, r.FTestIm[i] = 0.5 + i;
   for (int i = 1; i <= 3; ++i) r.E[i] = 1.0 * i, r.EIm[i] = 10.0 * i;
-  const std::tuple<int, const char*, const char*> cases[] = {
-      {5, "0.1", "1.5E-05"}, {13, "1E+09", "1E+09"}, {20, "5", "0.5"}, {22, "7", "2.5"},
-      {23, "2", "20"},       {24, "3", "30"},        {25, "1", "10"}};
+  const std::tuple<Column, const char*, const char*> cases[] = {
+      {Column::Km, "0.1", "1.5E-05"}, {Column::Fac8, "1E+09", "1E+09"}, {Column::F, "5", "0.5"},
+      {Column::F23, "7", "2.5"},      {Column::E12, "2", "20"},         {Column::E23, "3", "30"},
+      {Column::E13, "1", "10"}};
   for (const auto& [column, kre, kim] : cases) {
-    EXPECT_EQ(GridCell(column, r, InPhase), kre) << column;
-    EXPECT_EQ(GridCell(column, r, OutOfPhase), kim) << column;
+    EXPECT_EQ(GridCell(column, r, InPhase), kre) << static_cast<int>(column);
+    EXPECT_EQ(GridCell(column, r, OutOfPhase), kim) << static_cast<int>(column);
   }
 }
 

@@ -1,6 +1,7 @@
 // The pictures of a published site, as calls on a target.
 
 #include <algorithm>
+#include <sstream>
 
 #include "app/tables/data_table.h"
 #include "plot/net/stereo.h"
@@ -34,11 +35,15 @@ class Pictures : public ProgramTest {
 TEST_F(Pictures, AreDrawnAsApproved) {
   Open("jelinek1978.ams");
   ExpectGolden("stereonet.txt", ToText(Net(Program.Stereo)));
-  ExpectGolden("xy_plot.txt", ToText(Plot({.x = 6, .y = 8})));
-  ExpectGolden("xy_plot_coloured.txt",
-               ToText(Plot({.x = 12, .y = 16, .colour = 6, .coding = true, .lines = true})));
+  ExpectGolden("xy_plot.txt", ToText(Plot({.x = Column::Fac3, .y = Column::Fac5})));
+  ExpectGolden("xy_plot_coloured.txt", ToText(Plot({.x = Column::KmaxDec,
+                                                    .y = Column::KminDec,
+                                                    .colour = Column::Fac3,
+                                                    .coding = true,
+                                                    .lines = true})));
   ExpectGolden("histogram.txt", ToText(CallsOf([&](Target& target) {
-                 DrawHisto(target, PlotGeometry(), DataTableValues(6, Now), 6, Now.Settings);
+                 DrawHisto(target, PlotGeometry(), DataTableValues(Column::Fac3, Now), Column::Fac3,
+                           Now.Settings);
                })));
 }
 
@@ -80,10 +85,13 @@ TEST_F(Pictures, GainEachLayerByItsOption) {
     for (const DrawCall& call : bare)
       if (const auto same = std::find(gained.begin(), gained.end(), call); same != gained.end())
         gained.erase(same);
-    text += std::string("# ") + layer.name + ": " + std::to_string(gained.size()) + " calls\n";
+    std::istringstream calls(ToText(gained));  // one a line, but each line of a colour scale
+    Texts lines;
+    for (std::string line; std::getline(calls, line);) lines.push_back(line + "\n");
+    text += std::string("# ") + layer.name + ": " + std::to_string(lines.size()) + " calls\n";
     constexpr std::size_t Shown = 12;
-    if (gained.size() > Shown) gained.resize(Shown);
-    text += ToText(gained);
+    if (lines.size() > Shown) lines.resize(Shown);
+    for (const std::string& line : lines) text += line;
   }
   ExpectGolden("stereonet_layers.txt", text);
 }

@@ -76,16 +76,13 @@ TEST_F(PlotMouse, LeavesOutDisregardedRecordsAndThoseOfAnotherSystem) {
 
 TEST_F(PlotMouse, SelectsBySymbolsPlacesOnAPlot) {
   for (int i = 0; i < 4; ++i) Add(0);
-  for (int i = 1; i <= 3; ++i) {
-    Program.Session.Records[i].PlotX[3] = 10.0 * i;
-    Program.Session.Records[i].PlotY[3] = 100.0;
-  }
-  Program.Session.Records[2].PlotX[3] = std::nan("");  // it has no symbol; the fourth never had
-  SelectInPlot(Program, 3, {30, 100, 0, 0});
+  // The second has no symbol, and the fourth came after the plot was drawn.
+  Program.XYDrawn[1] = {.x = {}, .y = {}, .symbols = {{10, 100}, {std::nan(""), 100}, {30, 100}}};
+  SelectInXYPlot(Program, 1, {30, 100, 0, 0});
   EXPECT_EQ(Selected(), "1 3 ");  // edges included
   EXPECT_EQ(Seen.Selections, 1);
   EXPECT_EQ(Seen.XYPlots, "12");
-  SelectInPlot(Program, 4, {-10, -10, 500, 500});
+  SelectInXYPlot(Program, 2, {-10, -10, 500, 500});
   EXPECT_EQ(Selected(), "");
 }
 
@@ -104,12 +101,12 @@ TEST_F(PlotMouse, ReadsDirectionsOffTheNet) {
 
 TEST_F(PlotMouse, ReadsValuesOffAnXYPlot) {
   EXPECT_EQ(ReadXYPlot(Program, 1, 100, 100), "");  // nothing drawn yet
-  XYPlotAxes axes;
+  DrawnXYPlot axes;
   axes.x.label = "Field";
   axes.x.range = {0, 10, 0, 1, 0.5};
   axes.y = {{2e-4, 4e-4, 2e-4, 1e-5, 1e-6}, "Kmean", "SI"};
   axes.y.power = true;
-  Program.XYAxes[1] = axes;
+  Program.XYDrawn[1] = axes;
   EXPECT_EQ(ReadXYPlot(Program, 1, 202.5, 142.5), "Field =  5.000   Kmean =  3.000 10^-4");
   EXPECT_EQ(ReadXYPlot(Program, 1, 59, 142.5), "");
   EXPECT_EQ(ReadXYPlot(Program, 2, 202.5, 142.5), "");

@@ -210,7 +210,7 @@ TEST(BadInput, MemoryUsedBeforeGivesWhatFreshMemoryGives) {
   full.FoliAz[3] = full.LinePlunge[4] = full.Fac[1] = 5;
   for (int i = 1; i <= 6; ++i)
     full.K[i] = full.TensorRot[i] = full.TensorRotIm[i] = full.KSDIm[i] = 9.0;
-  for (int i = 1; i <= 3; ++i) full.Dec[i] = full.IncIm[i] = full.PlotX[i] = full.LineInc[i] = 9.0;
+  for (int i = 1; i <= 3; ++i) full.Dec[i] = full.IncIm[i] = full.LineInc[i] = 9.0;
   for (const Reader& reader : Readers) {
     const std::string bytes = ExampleOf(reader) + std::string(reader.IsText ? 0 : 640, '\0');
     RecordArray fresh, used;

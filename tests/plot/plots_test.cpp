@@ -7,7 +7,7 @@
 
 #include "base/fault.h"
 #include "plot/axes/axis_scale.h"
-#include "plot/axes/parameters.h"
+#include "plot/axes/column_axis.h"
 #include "plot/drawing/colour_scales.h"
 #include "plot/plots/histogram.h"
 #include "plot/plots/xy_plot.h"
@@ -100,8 +100,9 @@ TEST(ClassEdges, AreTheNumbersThatTheirDigitsSay) {
         9.2e-30, 9.4e-30}},
       {AxisScale(3.1e25, 7.6e25),
        {3e25, 3.5e25, 4e25, 4.5e25, 5e25, 5.5e25, 6e25, 6.5e25, 7e25, 7.5e25, 8e25, 8.5e25}},
-      {ParameterScale(4, 1, 18.4), {1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21}},  // from a fixed end
-      {ParameterScale(13, 3, 5), {0, 10, 20, 30, 40, 50, 60, 70, 80, 90, 100}},
+      {ColumnScale(Column::Fac1, 1, 18.4),
+       {1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21}},  // from a fixed end
+      {ColumnScale(Column::KmaxInc, 3, 5), {0, 10, 20, 30, 40, 50, 60, 70, 80, 90, 100}},
   };
   for (const auto& c : cases) EXPECT_EQ(ClassEdges(c.axis), c.wanted);
 }
@@ -120,7 +121,7 @@ TEST(TickPicture, FollowsTheStepOrThePowerOfTen) {
   }
 }
 
-TEST(Parameters, HaveTheirFixedEndsUnitsAndWordsAndTakeTheBlockInView) {
+TEST(Columns, HaveTheirFixedEndsUnitsAndWordsAndTakeTheBlockInView) {
   Settings settings;
   settings.FacName[1] = "Lambda";
   SpecimenRecord r;
@@ -131,34 +132,34 @@ TEST(Parameters, HaveTheirFixedEndsUnitsAndWordsAndTakeTheBlockInView) {
   r.Fac[5] = 8;
   r.Inc[3] = 30.0;
   const struct {
-    int index;
+    Column column;
     const char *title, *unit;
     AxisRange range;  // for values from 2 to 7
     double kre, kim;
   } cases[] = {
       // clang-format off
-      {0,  "#",        "",    {0, 7, 0, 0.5, 0.1},    5,  5},
-      {1,  "Field",    "A/m", {0, 7.5, 0, 0.5, 0.1},  0,  0},
-      {3,  "Kmean",    "SI",  {2, 7.5, 2, 0.5, 0.1},  1,  2},
-      {4,  "Lambda",   "",    {1, 7.5, 1, 0.5, 0.1},  0,  0},
-      {8,  "T",        "",    {-1, 1, -1, 0.5, 0.1},  8,  8},
-      {10, "Q",        "",    {2, 7.5, 2, 0.5, 0.1},  0,  0},
-      {12, "Kmax_Dec", "deg", {0, 360, 0, 30, 10},    0,  0},
-      {17, "Kmin_Inc", "deg", {0, 90, 0, 10, 2},      30, 30},
-      {23, "13",       "deg", {2, 7.5, 2, 0.5, 0.1},  13, 14},
+      {Column::Number,  "#",        "",    {0, 7, 0, 0.5, 0.1},    5,  5},
+      {Column::Field,   "Field",    "A/m", {0, 7.5, 0, 0.5, 0.1},  0,  0},
+      {Column::Km,      "Kmean",    "SI",  {2, 7.5, 2, 0.5, 0.1},  1,  2},
+      {Column::Fac1,    "Lambda",   "",    {1, 7.5, 1, 0.5, 0.1},  0,  0},
+      {Column::Fac5,    "T",        "",    {-1, 1, -1, 0.5, 0.1},  8,  8},
+      {Column::Fac7,    "Q",        "",    {2, 7.5, 2, 0.5, 0.1},  0,  0},
+      {Column::KmaxDec, "Kmax_Dec", "deg", {0, 360, 0, 30, 10},    0,  0},
+      {Column::KminInc, "Kmin_Inc", "deg", {0, 90, 0, 10, 2},      30, 30},
+      {Column::E13,     "13",       "deg", {2, 7.5, 2, 0.5, 0.1},  13, 14},
       // clang-format on
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.title);
-    EXPECT_EQ(ParameterTitle(c.index, settings), c.title);
-    EXPECT_STREQ(ParameterUnit(c.index), c.unit);
-    ExpectNear(ParameterScale(c.index, 2, 7), c.range);
-    EXPECT_EQ(ParameterValue(c.index, r, InPhase, 5), c.kre);
-    EXPECT_EQ(ParameterValue(c.index, r, OutOfPhase, 5), c.kim);
+    EXPECT_EQ(ScaleTitle(c.column, settings), c.title);
+    EXPECT_STREQ(InfoOf(c.column).unit, c.unit);
+    ExpectNear(ColumnScale(c.column, 2, 7), c.range);
+    EXPECT_EQ(ColumnValue(c.column, r, InPhase, 5), c.kre);
+    EXPECT_EQ(ColumnValue(c.column, r, OutOfPhase, 5), c.kim);
   }
 }
 
-constexpr XYPlotOptions FieldAndFTest = {.x = 1, .y = 18};
+constexpr XYPlotOptions FieldAndFTest = {.x = Column::Field, .y = Column::F};
 
 /// A session of records whose Field is `x` and whose F test is `y`.
 Session Records(const std::vector<Point>& values) {
@@ -174,29 +175,26 @@ Session Records(const std::vector<Point>& values) {
   return session;
 }
 
-/// The plot drawn, its axes and its places kept in slot 3.
 struct Plot {
-  explicit Plot(Session s, const XYPlotOptions& options = FieldAndFTest) : session(std::move(s)) {
-    calls = Recorded([&](Target& t) { axes = DrawXYPlot(session, t, PlotGeometry(), options, 3); });
+  explicit Plot(const Session& session, const XYPlotOptions& options = FieldAndFTest) {
+    calls = Recorded([&](Target& t) { drawn = DrawXYPlot(session, t, PlotGeometry(), options); });
   }
   std::size_t Symbols() const { return CallsOf<EllipseCall>(calls).size(); }
 
-  Session session;
   std::vector<DrawCall> calls;
-  std::optional<XYPlotAxes> axes;
+  std::optional<DrawnXYPlot> drawn;
 };
 
-TEST(XYPlot, PlacesPointsByTheirAxesAndKeepsThePlaces) {
+TEST(XYPlot, PlacesPointsByTheirAxesAndGivesThePlaces) {
   Session session = Records({{0, 0}, {6, 4}, {3.5, 1.8}});
   session.Records[1].Selected = true;
   Plot plot(session);
-  ASSERT_TRUE(plot.axes);
-  EXPECT_EQ(plot.axes->x.range, (AxisRange{0, 7, 0, 1, 0.2}));
-  EXPECT_EQ(plot.axes->y.range, (AxisRange{0, 4.5, 0, 0.5, 0.1}));
+  ASSERT_TRUE(plot.drawn);
+  EXPECT_EQ(plot.drawn->x.range, (AxisRange{0, 7, 0, 1, 0.2}));
+  EXPECT_EQ(plot.drawn->y.range, (AxisRange{0, 4.5, 0, 0.5, 0.1}));
   // Half of 285 units from 60; 1.8 of 4.5 up 205 units from 245.
-  EXPECT_DOUBLE_EQ(plot.session.Records[3].PlotX[3], 202.5);
-  EXPECT_DOUBLE_EQ(plot.session.Records[3].PlotY[3], 163);
-  EXPECT_EQ(plot.session.Records[3].PlotX[4].width(), Number::Width::Unset);
+  EXPECT_DOUBLE_EQ(plot.drawn->symbols[2].x, 202.5);
+  EXPECT_DOUBLE_EQ(plot.drawn->symbols[2].y, 163);
   EXPECT_EQ(plot.Symbols(), 3u);
   EXPECT_EQ(CallsOf<EllipseCall>(plot.calls).back().brush, Yellow);  // the selected one on top
   // A label left of the frame's upper end.
@@ -205,22 +203,22 @@ TEST(XYPlot, PlacesPointsByTheirAxesAndKeepsThePlaces) {
 
 TEST(XYPlot, DrawsTheSmallestValueWhereTheFirstTickLiesARoundingErrorAbove) {
   const Plot plot(Records({{1, 3.4}, {2, 3.5}, {3, 4.1}, {4, 4.9}}));
-  ASSERT_TRUE(plot.axes);
-  ExpectNear(plot.axes->y.range, {3.4, 5, 3.4, 0.2, 0.1});
-  EXPECT_GT(plot.axes->y.range.first, 3.4);
+  ASSERT_TRUE(plot.drawn);
+  ExpectNear(plot.drawn->y.range, {3.4, 5, 3.4, 0.2, 0.1});
+  EXPECT_GT(plot.drawn->y.range.first, 3.4);
   EXPECT_EQ(plot.Symbols(), 4u);
-  EXPECT_EQ(plot.session.Records[1].PlotY[3], 245.0);
+  EXPECT_EQ(plot.drawn->symbols[0].y, 245.0);
 }
 
 TEST(XYPlot, LeavesOutWhatIsNoNumberOrOutsideAnImposedRange) {
   Session session = Records({{0, 1}, {NAN, 2}, {4, INFINITY}, {8, 3}});
-  session.Records[1].PlotX[3] = 7.0;  // of an earlier picture
-  session.Records[1].Field = -5;      // the field's axis begins at 0
+  session.Records[1].Field = -5;  // the field's axis begins at 0
   Plot plot(session);
-  ASSERT_TRUE(plot.axes);
-  EXPECT_EQ(plot.axes->y.range.upper, 3.5);
+  ASSERT_TRUE(plot.drawn);
+  EXPECT_EQ(plot.drawn->y.range.upper, 3.5);
   EXPECT_EQ(plot.Symbols(), 1u);
-  for (int i : {1, 2, 3, 4}) EXPECT_EQ(std::isnan(plot.session.Records[i].PlotX[3]), i < 4) << i;
+  ASSERT_EQ(plot.drawn->symbols.size(), 4u);
+  for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(std::isnan(plot.drawn->symbols[i].x), i < 3) << i;
 }
 
 TEST(XYPlot, LinesGoInStoreOrderAndEndAtTheFrame) {
@@ -250,17 +248,18 @@ TEST(XYPlot, StaysBlankWhereAnAxisHasNoExtentAndBearsTheWidestRanges) {
   outOfView.Records[1].Active = false;
   for (const Session& session : {Records({}), outOfView}) {
     const Plot empty(session);
-    EXPECT_FALSE(empty.axes);
+    EXPECT_FALSE(empty.drawn);
     EXPECT_EQ(ToText(empty.calls), EmptyPlot);
   }
-  const auto blank = [](const Plot& plot) { return !plot.axes && plot.calls.size() == 1; };
+  const auto blank = [](const Plot& plot) { return !plot.drawn && plot.calls.size() == 1; };
   EXPECT_TRUE(blank(Plot(Records({{1, NAN}}))));
   // A factor of 0: its axis begins at 1, above.
-  EXPECT_TRUE(blank(Plot(Records({{1, 1}}), {.x = 1, .y = 4})));
+  EXPECT_TRUE(blank(Plot(Records({{1, 1}}), {.x = Column::Field, .y = Column::Fac1})));
   // The scale itself leaves the numbers.
   EXPECT_TRUE(blank(Plot(Records({{0, -1.7e308}, {1, 1.7e308}}))));
 
-  const Plot wide(Records({{0, 1e-300}, {1, 1e300}}), {.x = 1, .y = 18, .lines = true});
+  const Plot wide(Records({{0, 1e-300}, {1, 1e300}}),
+                  {.x = Column::Field, .y = Column::F, .lines = true});
   EXPECT_EQ(wide.Symbols(), 2u);
   EXPECT_LT(wide.calls.size(), 1000u);
 }
@@ -284,17 +283,18 @@ TEST(XYPlot, LinesAtZeroStandWithinAxesThatCrossIt) {
     EXPECT_EQ(linesOn(lower, upper), "") << lower;
 }
 
-constexpr int Kmean = 3, Factor1 = 4, Declination = 12, F = 18;
+constexpr Column Kmean = Column::Km, Factor1 = Column::Fac1, Declination = Column::KmaxDec,
+                 F = Column::F;
 
-std::vector<DrawCall> Histo(const std::vector<double>& values, int parameter) {
-  return Recorded([&](Target& t) { DrawHisto(t, PlotGeometry(), values, parameter, Settings()); });
+std::vector<DrawCall> Histo(const std::vector<double>& values, Column column) {
+  return Recorded([&](Target& t) { DrawHisto(t, PlotGeometry(), values, column, Settings()); });
 }
 
 /// The bars as their left ends and their heights in counts, where the axis ends at `highest`.
-std::vector<std::pair<int, int>> Bars(const std::vector<double>& values, int parameter,
+std::vector<std::pair<int, int>> Bars(const std::vector<double>& values, Column column,
                                       Colour colour, double highest) {
   std::vector<std::pair<int, int>> bars;
-  for (const PolygonCall& p : CallsOf<PolygonCall>(Histo(values, parameter)))
+  for (const PolygonCall& p : CallsOf<PolygonCall>(Histo(values, column)))
     if (p.brush == colour && p.pen.style == Solid)
       bars.emplace_back(p.points[0].x, std::lround((245 - p.points[2].y) * highest / 205));
   return bars;
@@ -308,7 +308,7 @@ TEST(Histogram, CountsAValueOnABoundaryInBothClasses) {
             (Wanted{{60, 2}, {101, 1}, {141, 1}, {182, 1}, {264, 1}, {304, 1}}));
   const struct {
     std::vector<double> values;
-    int parameter;
+    Column column;
     Colour colour;
     double highest;  // end of the axis of counts
     std::vector<int> counts;
@@ -320,7 +320,7 @@ TEST(Histogram, CountsAValueOnABoundaryInBothClasses) {
   };
   for (const auto& c : cases) {
     std::vector<int> counts;
-    for (const auto& bar : Bars(c.values, c.parameter, c.colour, c.highest))
+    for (const auto& bar : Bars(c.values, c.column, c.colour, c.highest))
       counts.push_back(bar.second);
     EXPECT_EQ(counts, c.counts) << c.values[0];
   }

@@ -173,6 +173,8 @@ PlaneSize Extent(const std::vector<DrawCall>& calls) {
     std::vector<LogicalPoint> ends;
     if (const auto* polygon = std::get_if<PolygonCall>(&call)) ends = polygon->points;
     if (const auto* line = std::get_if<PolylineCall>(&call)) ends = line->points;
+    if (const auto* ramp = std::get_if<RampCall>(&call))
+      ends = {{ramp->sides.back(), ramp->bottom}};
     if (const auto* ellipse = std::get_if<EllipseCall>(&call))
       ends = {{ellipse->box.right, ellipse->box.bottom}};
     if (const auto* text = std::get_if<TextCall>(&call)) {
@@ -319,40 +321,42 @@ TEST(StereoRecords, DataLinesRunToTheOriginForRecordsOutOfView) {
 
 TEST(StereoColours, TheScaleStandsRightOfTheNetInBothWays) {
   StereoOptions options = Only({&O::showData, &O::colourByValue}, {true, false, true});
-  options.colourParameter = 8;  // T, from -1 to 1
+  options.colourParameter = Column::Fac5;  // T, from -1 to 1
   RecordArray records = Uprights(3, 3);
   records[1].Fac[5] = -1;
   records[2].Fac[5] = 0.5f;
   records[3].Fac[5] = 7;  // a selected record is no part of the scale
   const auto perAxis = OverTheNet(records, options);
-  // 156 steps of two bars, eleven ticks of a label and two strokes, the title, four and two
-  // symbols.
-  ASSERT_EQ(perAxis.size(), 2u * 156 + 11 * 3 + 1 + 6) << ToText(perAxis);
-  EXPECT_EQ(ToText(perAxis[0]), "polyline (390,345) (400,345) pen 0 FFFFFF 1");
-  EXPECT_EQ(ToText(perAxis[311]), "polyline (400,190) (410,190) pen 0 FF0000 1");
-  EXPECT_EQ(ToText(perAxis[312]), "text \"-1.0\" (385,350) height 13 0 align 26");
-  EXPECT_EQ(std::get<TextCall>(perAxis[345]).text, "T ");
-  EXPECT_EQ(std::get<PolygonCall>(perAxis[346]).brush, White);      // T = -1
-  EXPECT_EQ(std::get<PolygonCall>(perAxis[348]).brush, 0x4040FFu);  // three quarters of the way
-  EXPECT_EQ(std::get<PolygonCall>(perAxis[350]).brush, Yellow);
+  // The two bars, eleven ticks of a label and two strokes, the title, four and two symbols.
+  ASSERT_EQ(perAxis.size(), 1u + 11 * 3 + 1 + 6) << ToText(perAxis);
+  const auto bars = std::get<RampCall>(perAxis[0]);
+  EXPECT_EQ(bars.sides, (std::vector<std::int32_t>{390, 400, 410}));
+  EXPECT_EQ(bars.colours.size(), 2u * 156);  // a line a unit, from 345 up to 190
+  EXPECT_TRUE(ToText(bars).starts_with("polyline (390,345) (400,345) pen 0 FFFFFF 1\n"));
+  EXPECT_TRUE(ToText(bars).ends_with("\npolyline (400,190) (410,190) pen 0 FF0000 1"));
+  EXPECT_EQ(ToText(perAxis[1]), "text \"-1.0\" (385,350) height 13 0 align 26");
+  EXPECT_EQ(std::get<TextCall>(perAxis[34]).text, "T ");
+  EXPECT_EQ(std::get<PolygonCall>(perAxis[35]).brush, White);      // T = -1
+  EXPECT_EQ(std::get<PolygonCall>(perAxis[37]).brush, 0x4040FFu);  // three quarters of the way
+  EXPECT_EQ(std::get<PolygonCall>(perAxis[39]).brush, Yellow);
 
   options.colourRamp = ColourRamp::One;
   const auto oneRamp = OverTheNet(records, options);
-  ASSERT_EQ(oneRamp.size(), 156u + 11 * 2 + 1 + 6);
-  EXPECT_EQ(ToText(oneRamp[0]), "polyline (400,345) (410,345) pen 0 FF0000 1");
-  EXPECT_EQ(std::get<TextCall>(oneRamp[156]).point, (LogicalPoint{395, 350}));
-  EXPECT_EQ(std::get<PolygonCall>(oneRamp[179]).brush, Blue);
+  ASSERT_EQ(oneRamp.size(), 1u + 11 * 2 + 1 + 6);
+  EXPECT_TRUE(ToText(oneRamp[0]).starts_with("polyline (400,345) (410,345) pen 0 FF0000 1\n"));
+  EXPECT_EQ(std::get<TextCall>(oneRamp[1]).point, (LogicalPoint{395, 350}));
+  EXPECT_EQ(std::get<PolygonCall>(oneRamp[24]).brush, Blue);
 }
 
 TEST(StereoColours, KmeanTakesAPowerOfTenAndNumbersCountTheShown) {
   StereoOptions options = Only({&O::showData, &O::colourByValue}, {false, false, true});
-  options.colourParameter = 3;
+  options.colourParameter = Column::Km;
   RecordArray records = Uprights(4, 2);
   double km = 0.002;
   for (SpecimenRecord& r : records) r.Km = km += 0.001;
   const auto textsOf = [&] { return WordsOf(OverTheNet(records, options)); };
   EXPECT_EQ(textsOf(), " 3.0| 3.5| 4.0| 4.5| 5.0| 5.5| 6.0| 6.5|Kmean [10^-3 SI]|");
-  options.colourParameter = 0;
+  options.colourParameter = Column::Number;
   records[1].Active = false;  // the selected record is number 1 now, the others 2 and 3
   EXPECT_EQ(textsOf(),
             " 0.0| 0.2| 0.4| 0.6| 0.8| 1.0| 1.2| 1.4| 1.6| 1.8| 2.0| 2.2| 2.4| 2.6| 2.8|"

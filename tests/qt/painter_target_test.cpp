@@ -83,9 +83,9 @@ class PainterTargetTest : public QObject {
 
   void ColourBarsHaveNoStripesAtAnyScale() {
     for (const double scale : {1.0, 1.2, 1.4, 1.55, 1.9, 2.45}) {
-      const QImage image = Picture(scale, [](Target& target) {
-        for (int y = 80; y >= 20; --y)  // two bars side by side, drawn row by row
-          for (int x : {30, 40}) DrawLine(target, x, y, x + 10, y, {.colour = Blue});
+      const std::vector<Colour> colours(2 * 61, Blue);  // two bars side by side, from 80 up to 20
+      const QImage image = Picture(scale, [&](Target& target) {
+        DrawRamp(target, std::array{30.0, 40.0, 50.0}, 80, colours);
       });
       for (int y = static_cast<int>(21 * scale); y < 80 * scale; ++y)
         for (const int x : {35, 45})

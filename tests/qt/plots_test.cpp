@@ -59,7 +59,7 @@ class PlotsTest : public QObject {
       QCOMPARE(W().The<QComboBox>(list).currentText(), parameter);
     Choose("odclXYPlot2(2)", 20);
     Settle();
-    QCOMPARE(W().Program.XYAxes[2]->y.label, "E12");  // the entry's own column
+    QCOMPARE(W().Program.XYDrawn[2]->y.label, "E12");  // the entry's own column
   }
 
   void theSameBoxSelectsTheSameRecordsAtAnySize() {
@@ -76,7 +76,8 @@ class PlotsTest : public QObject {
       const QList<int> selected = W().Selected();
       QVERIFY(selected.size() > 3 && selected.size() < 130);
       for (const SpecimenRecord& r : Records()) {  // give or take a pixel at the box's edges
-        const double x = r.PlotX[3], y = r.PlotY[3];
+        const auto [x, y] =
+            W().Program.XYDrawn[1]->symbols[static_cast<std::size_t>(r.RecordNo - 1)];
         const bool inside = x > 61 && x < 250 && y > 101 && y < 199;
         const bool outside = x > 252 || y < 99 || y > 201;
         if (r.Selected ? outside : inside) QFAIL(qPrintable(QString::number(r.RecordNo)));
@@ -192,7 +193,7 @@ class PlotsTest : public QObject {
     W().Key(Qt::Key_X, Qt::ControlModifier);
     Settle();
     QCOMPARE(Table().Table->model()->rowCount(), 0);
-    QVERIFY(!W().Program.XYAxes[1]);
+    QVERIFY(!W().Program.XYDrawn[1]);
     Drag(Picture("picXYPlot1"), {10, 10}, {100, 90}, Qt::LeftButton);
   }
 };

@@ -4,15 +4,14 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSplitter>
+#include <algorithm>
 
 #include "app/display/display.h"
 #include "app/display/plot_mouse.h"
 #include "app/tables/data_table.h"
-#include "app/tables/record_grid.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/widgets.h"
 #include "platform/qt/plots/plot_mouse.h"
-#include "platform/qt/tables/record_model.h"
 #include "plot/plots/histogram.h"
 
 namespace velorix {
@@ -24,13 +23,11 @@ constexpr PlotNames HistoNames = {"Histogram", "picHisto", "cmdHistoProperties",
 constexpr PlotNames XYNames[] = {
     {"XY plot 1", "picXYPlot1", "cmdXYPlot1", "fraXYPlot1", "One column against another. Draw a box to select records; the middle button shows a measuring cross", "Options of XY plot 1"},
     {"XY plot 2", "picXYPlot2", "cmdXYPlot2", "fraXYPlot2", "One column against another. Draw a box to select records; the middle button shows a measuring cross", "Options of XY plot 2"}};
-// These two pictures stay blank whatever their lists say, and this is wanted.
+// Kept for agreement with published results: these two pictures stay blank whatever their lists say.
 constexpr PlotNames PairNames[] = {
     {"Plot 1", "picPlot1", "cmdPlot1Properties", "fraPlot1Properties", "Plot of a pair of parameters", "Options of plot 1"},
     {"Plot 2", "picPlot2", "cmdPlot2Properties", "fraPlot2Properties", "Plot of a pair of parameters", "Options of plot 2"}};
 // clang-format on
-
-constexpr int FirstParameterColumn = 3;  // "Field", column of the grid that is parameter 1
 
 QCheckBox* AddCheck(PlotPanel& panel, const QString& name, const char* caption, const char* tip,
                     const std::function<void(bool)>& change = {}) {
@@ -64,16 +61,16 @@ PlotPanel* MakePanel(const PlotNames& names, Velorix& velorix, QWidget* parent) 
   return panel;
 }
 
-/// Selecting with the mouse on the plot of a position slot, with its read-out.
-void AttachPlotMouse(Velorix& velorix, PlotPanel& panel, int slot, const char* label,
+/// Selecting with the mouse on a plot, with its read-out.
+void AttachPlotMouse(Velorix& velorix, PlotPanel& panel, const char* label,
+                     const std::function<void(const MouseBox&)>& select,
                      const std::function<std::string(double, double)>& read) {
   QLabel* readOut = panel.AddReadOut(label, "Values under the mouse");
   AttachMouse(*panel.Picture,
               {.ReadOut = [=](double x, double y) { readOut->setText(ToQString(read(x, y))); },
                .Leave = [=] { readOut->clear(); },
-               .Select = [&velorix, slot](
-                             const MouseBox& box,
-                             int) { Work(velorix, [&] { SelectInPlot(velorix, slot, box); }); },
+               .Select = [&velorix, select](const MouseBox& box,
+                                            int) { Work(velorix, [&] { select(box); }); },
                .Cross = true});
 }
 
@@ -88,9 +85,8 @@ ColumnPlots::ColumnPlots(Velorix& velorix, QWidget* column, QWidget* pairs) : ve
 
 PlotPanel* ColumnPlots::MakeHisto(QWidget* parent) {
   PlotPanel* panel = MakePanel(HistoNames, velorix_, parent);
-  AddParameters(*panel, "X", "odclHisto", "Column whose distribution is shown", KmeanParameter,
-                velorix_.HistoParameter,
-                [this](int parameter) { ChooseHisto(velorix_, parameter); });
+  AddColumns(*panel, "X", "odclHisto", "Column whose distribution is shown", Column::Km,
+             velorix_.HistoParameter, [this](Column column) { ChooseHisto(velorix_, column); });
   panel->Options->addStretch(1);
   panel->Picture->SetPicture(HistoPlane, [this](Target& target) {
     DrawHisto(target, PlotGeometry(), DataTableValues(velorix_.HistoParameter, velorix_.Session),
@@ -112,15 +108,14 @@ PlotPanel* ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
     };
   };
   const XYPlotOptions& options = velorix_.XYPlot[plot];
-  AddParameters(*panel, "X", name("odclXYPlot%1(1)"), "Column along the X axis", 1, options.x,
-                change(&XYPlotOptions::x));
-  AddParameters(*panel, "Y", name("odclXYPlot%1(2)"), "Column along the Y axis", 1, options.y,
-                change(&XYPlotOptions::y));
+  AddColumns(*panel, "X", name("odclXYPlot%1(1)"), "Column along the X axis", Column::Field,
+             options.x, change(&XYPlotOptions::x));
+  AddColumns(*panel, "Y", name("odclXYPlot%1(2)"), "Column along the Y axis", Column::Field,
+             options.y, change(&XYPlotOptions::y));
   auto* coding = AddCheck(*panel, name("chkXYPlot%1ColorCoding"), "Colour coding",
                           "Colour the symbols by a column", change(&XYPlotOptions::coding));
-  auto* colour =
-      AddParameters(*panel, "", name("odclXYPlot%1(3)"), "Column that colours the symbols", 1,
-                    options.colour, change(&XYPlotOptions::colour));
+  auto* colour = AddColumns(*panel, "", name("odclXYPlot%1(3)"), "Column that colours the symbols",
+                            Column::Field, options.colour, change(&XYPlotOptions::colour));
   AddCheck(*panel, name("chkXYPLot%1Lines"), "Lines", "Connect the symbols in store order",
            change(&XYPlotOptions::lines));
   colour->setEnabled(false);
@@ -128,11 +123,14 @@ PlotPanel* ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
   panel->Options->addStretch(1);
 
   panel->Picture->SetPicture(XYPlotPlane(options), [this, plot](Target& target) {
-    velorix_.XYAxes[plot] =
-        DrawXYPlot(velorix_.Session, target, PlotGeometry(), ShownXYPlot(velorix_, plot), plot + 2);
+    velorix_.XYDrawn[plot].reset();  // nothing for the mouse when drawing fails
+    velorix_.XYDrawn[plot] =
+        DrawXYPlot(velorix_.Session, target, PlotGeometry(), ShownXYPlot(velorix_, plot));
   });
-  AttachPlotMouse(velorix_, *panel, plot + 2, plot == 1 ? "lblXYPlot1" : "lblXYPlot2",
-                  [this, plot](double x, double y) { return ReadXYPlot(velorix_, plot, x, y); });
+  AttachPlotMouse(
+      velorix_, *panel, plot == 1 ? "lblXYPlot1" : "lblXYPlot2",
+      [this, plot](const MouseBox& box) { SelectInXYPlot(velorix_, plot, box); },
+      [this, plot](double x, double y) { return ReadXYPlot(velorix_, plot, x, y); });
   if (plot == 1)
     panel->AddPageBox("chkXYPLot1", velorix_.Page.xyPlot1);
   else
@@ -152,30 +150,34 @@ void ColumnPlots::MakePairs(int plot, QWidget* parent) {
            "Connect the symbols in store order");
   panel->Options->addStretch(1);
   panel->Picture->SetPicture(HistoPlane, {});
-  AttachPlotMouse(velorix_, *panel, plot, plot == 1 ? "lblPlot1CursorPos" : "lblPlot2CursorPos",
-                  [](double, double) { return std::string(); });
+  AttachPlotMouse(
+      velorix_, *panel, plot == 1 ? "lblPlot1CursorPos" : "lblPlot2CursorPos",
+      [this](const MouseBox&) { SelectInBlankPlot(velorix_); },
+      [](double, double) { return std::string(); });
 }
 
-QComboBox* ColumnPlots::AddParameters(PlotPanel& panel, const char* label, const QString& name,
-                                      const char* tip, int first, int chosen,
-                                      const std::function<void(int parameter)>& choose) {
+QComboBox* ColumnPlots::AddColumns(PlotPanel& panel, const char* label, const QString& name,
+                                   const char* tip, Column first, Column chosen,
+                                   const std::function<void(Column column)>& choose) {
   QComboBox* list = MakeList(name, tip, 9, panel.Frame);
-  lists_.push_back({list, first, chosen - first});
+  const std::span<const Column> columns = PlotColumnsFrom(first);
+  lists_.push_back(
+      {list, columns, static_cast<int>(std::ranges::find(columns, chosen) - columns.begin())});
   AddLabelled(panel, label, list);
-  QObject::connect(list, &QComboBox::activated, list, [this, choose, first](int index) {
-    Work(velorix_, [&] { choose(first + index); });
+  QObject::connect(list, &QComboBox::activated, list, [this, choose, columns](int index) {
+    Work(velorix_, [&] { choose(columns[static_cast<std::size_t>(index)]); });
   });
   return list;
 }
 
 void ColumnPlots::ShowGridHeader() {
-  for (ParameterList& parameters : lists_) {
-    QComboBox& list = *parameters.list;
-    if (list.count() > 0) parameters.chosen = list.currentIndex();
+  for (ColumnList& entries : lists_) {
+    QComboBox& list = *entries.list;
+    if (list.count() > 0) entries.chosen = list.currentIndex();
     list.clear();
-    for (int c = FirstParameterColumn - 1 + parameters.first; c <= GridColumns; ++c)
-      AddEntry(list, ToQString(GridHeader(c, velorix_.Session.Settings)), GridColumnColour(c));
-    list.setCurrentIndex(parameters.chosen);
+    for (const Column column : entries.columns)
+      AddEntry(list, ToQString(ColumnName(column, velorix_.Session.Settings)), TintOf(column));
+    list.setCurrentIndex(entries.chosen);
   }
 }
 

@@ -21,20 +21,21 @@ class ColumnPlots {
   void RedrawXYPlot(int plot);
 
  private:
-  /// A list of parameters, from `first` on (plot/axes/parameters.h).
-  struct ParameterList {
+  /// A list of columns.
+  struct ColumnList {
     QComboBox* list;
-    int first, chosen;  // parameter of the first entry; index of the chosen one
+    std::span<const Column> columns;
+    int chosen;  // index
   };
   PlotPanel* MakeHisto(QWidget* parent);
   PlotPanel* MakeXYPlot(int plot, QWidget* parent);
   void MakePairs(int plot, QWidget* parent);
-  QComboBox* AddParameters(PlotPanel& panel, const char* label, const QString& name,
-                           const char* tip, int first, int chosen,
-                           const std::function<void(int parameter)>& choose);
+  QComboBox* AddColumns(PlotPanel& panel, const char* label, const QString& name, const char* tip,
+                        Column first, Column chosen,
+                        const std::function<void(Column column)>& choose);
 
   Velorix& velorix_;
-  std::vector<ParameterList> lists_;
+  std::vector<ColumnList> lists_;
   PlotPanel* histo_;
   Array1<PlotPanel*, 2> xyPlots_;
 };

@@ -8,8 +8,7 @@ namespace velorix {
 namespace {
 
 constexpr int TileSide = 8;  // logical units
-/// Beyond the points: rims of smoothed lines, pointed corners, and the neighbour's line of a colour
-/// bar.
+/// Beyond the points: rims of smoothed lines and pointed corners.
 constexpr int Rim = 4;
 
 LogicalBox Grown(LogicalBox box, std::int64_t by) {
@@ -45,6 +44,11 @@ LogicalBox BoxOf(std::string_view text, LogicalPoint point, const TextStyle& sty
 LogicalBox BoxOf(LogicalPoint corner, int width, std::size_t pixels) {
   const int rows = width > 0 ? static_cast<int>(pixels / static_cast<std::size_t>(width)) : 0;
   return Grown({corner.x, corner.y, corner.x + width, corner.y + rows}, Rim);
+}
+
+LogicalBox BoxOf(std::span<const std::int32_t> sides, std::int32_t bottom, std::size_t colours) {
+  const auto lines = static_cast<std::int32_t>(colours / (sides.size() - 1));
+  return Grown({sides.front(), bottom - lines, sides.back(), bottom}, Rim);
 }
 
 class Hash {
@@ -85,6 +89,7 @@ enum Kind : std::uint64_t {
   EllipseKind,
   PixelKind,
   RasterKind,
+  RampKind,
   TextKind
 };
 
@@ -150,6 +155,17 @@ void CallMarks::Raster(LogicalPoint corner, int width, std::span<const Colour> p
   Begin(hash.Value());
   Cover(BoxOf(corner, width, pixels.size()));
   if (next_) next_->Raster(corner, width, pixels);
+}
+
+void CallMarks::Ramp(std::span<const std::int32_t> sides, std::int32_t bottom,
+                     std::span<const Colour> colours) {
+  Hash hash;
+  hash << RampKind;
+  for (const std::int32_t x : sides) hash << LogicalPoint{x, bottom};
+  for (const Colour colour : colours) hash << colour;
+  Begin(hash.Value());
+  Cover(BoxOf(sides, bottom, colours.size()));
+  if (next_) next_->Ramp(sides, bottom, colours);
 }
 
 void CallMarks::Text(std::string_view text, LogicalPoint point, const TextStyle& style) {
@@ -261,6 +277,11 @@ void TileTarget::Pixel(LogicalPoint point, Colour colour) {
 
 void TileTarget::Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) {
   if (tiles_.Touch(BoxOf(corner, width, pixels.size()))) next_.Raster(corner, width, pixels);
+}
+
+void TileTarget::Ramp(std::span<const std::int32_t> sides, std::int32_t bottom,
+                      std::span<const Colour> colours) {
+  if (tiles_.Touch(BoxOf(sides, bottom, colours.size()))) next_.Ramp(sides, bottom, colours);
 }
 
 void TileTarget::Text(std::string_view text, LogicalPoint point, const TextStyle& style) {

@@ -65,6 +65,8 @@ class CallMarks : public Target {
   void Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) override;
   void Pixel(LogicalPoint point, Colour colour) override;
   void Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) override;
+  void Ramp(std::span<const std::int32_t> sides, std::int32_t bottom,
+            std::span<const Colour> colours) override;
   void Text(std::string_view text, LogicalPoint point, const TextStyle& style) override;
 
  private:
@@ -109,6 +111,8 @@ class TileTarget : public Target {
   void Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) override;
   void Pixel(LogicalPoint point, Colour colour) override;
   void Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) override;
+  void Ramp(std::span<const std::int32_t> sides, std::int32_t bottom,
+            std::span<const Colour> colours) override;
   void Text(std::string_view text, LogicalPoint point, const TextStyle& style) override;
 
  private:

@@ -169,7 +169,9 @@ void StereoPanel::AddColourCoding(QGridLayout& group) {
   parameters_ = MakeList("odclStereoColorCoding", "Parameter that colours the symbols", 9, Frame);
   ShowGridHeader();
   connect(parameters_, &QComboBox::activated, this, [this](int index) {
-    ChangeOption([&](StereoOptions& options) { options.colourParameter = index; });
+    ChangeOption([&](StereoOptions& options) {
+      options.colourParameter = PlotColumns[static_cast<std::size_t>(index)];
+    });
   });
   group.addWidget(parameters_, 0, 1);
   constexpr struct {
@@ -202,13 +204,12 @@ void StereoPanel::EnableColourCoding(bool on) {
 
 void StereoPanel::ShowGridHeader() {
   const int chosen = std::max(parameters_->currentIndex(), 0);
-  constexpr Colour NumberColour = 0xC0FFFF;
-  constexpr int FirstColumn = 3;  // "Field"
   parameters_->clear();
-  AddEntry(*parameters_, " #", NumberColour);
-  for (int column = FirstColumn; column <= GridColumns; ++column)
-    AddEntry(*parameters_, ToQString(GridHeader(column, velorix_.Session.Settings)),
-             GridColumnColour(column));
+  for (const Column column : PlotColumns) {
+    const char* blank = column == Column::Number ? " " : "";
+    AddEntry(*parameters_, blank + ToQString(ColumnName(column, velorix_.Session.Settings)),
+             TintOf(column));
+  }
   parameters_->setCurrentIndex(chosen);
 }
 

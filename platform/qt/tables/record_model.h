@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -8,22 +9,23 @@
 
 namespace velorix {
 
-/// The columns of a table of records, counted from 0.
+/// The columns of a table of records, from left to right.
 struct RecordColumns {
-  int Count;
-  std::string (*Header)(int column, const Settings& settings);
-  std::string (*Cell)(int column, const SpecimenRecord& record, TensorBlock reImMode);
-  velorix::Colour (*Colour)(int column);  // of the header
-  int (*Characters)(int column);  // room: a longer text is cut off with dots, its tip has it whole
-  int NameColumn;                 // the one that reads from the left
+  std::span<const Column> Columns;
+  std::string (*Header)(Column column, const Settings& settings);
+  std::string (*Cell)(Column column, const SpecimenRecord& record, TensorBlock reImMode);
+  // Room: a longer text is cut off with dots, its tip has it whole.
+  int (*Characters)(Column column);
+
+  int Count() const { return static_cast<int>(Columns.size()); }
+  /// The key of a column, counted from 0.
+  Column operator[](int column) const { return Columns[static_cast<std::size_t>(column)]; }
+  /// The place of the specimens' names.
+  int NameColumn() const;
 };
 
 /// The record grid and the data table.
 extern const RecordColumns GridRecordColumns, DataTableRecordColumns;
-
-/// Light tint of a column (1 to 25) of the record grid, which the lists of columns take over: the
-/// bar colour that the column has in the histogram, mixed with white.
-Colour GridColumnColour(int column);
 
 /// The records that the view shows as rows of a table. A cell's text is made when it is looked at.
 class RecordModel : public QAbstractTableModel {

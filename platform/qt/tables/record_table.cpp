@@ -37,9 +37,10 @@ RecordTable::RecordTable(Velorix& velorix, const RecordColumns& columns, QWidget
 
   setModel(&model_);
   const int digit = fontMetrics().horizontalAdvance('0');
-  for (int c = 0; c < columns.Count; ++c) setColumnWidth(c, columns.Characters(c) * digit + 12);
+  for (int c = 0; c < columns.Count(); ++c)
+    setColumnWidth(c, columns.Characters(columns[c]) * digit + 12);
   heldHeader_ = new QHeaderView(Qt::Horizontal, this);
-  Freeze(columns.NameColumn + 1, heldHeader_);
+  Freeze(columns.NameColumn() + 1, heldHeader_);
   connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this] { TellSelection(); });
   connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this] { clearSelection(); });

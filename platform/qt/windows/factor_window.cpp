@@ -22,7 +22,7 @@ frmAnisoFac::frmAnisoFac(Velorix& velorix, QWidget* owner) : QDialog(owner) {
   rows->addWidget(new QLabel("Factor", this), 0, 2);
   rows->setColumnStretch(2, 1);
   const FactorRows shown = FactorRowsOf(velorix.Session.Settings);
-  for (int slot = 1; slot <= 8; ++slot) AddRow(*rows, slot, shown[slot]);
+  for (int slot = 1; slot <= FactorSlots; ++slot) AddRow(*rows, slot, shown[slot]);
   auto* letters = new QLabel(FactorLetters, this);
   letters->setObjectName("lblLetters");
 
@@ -65,7 +65,7 @@ void frmAnisoFac::AddRow(QGridLayout& rows, int slot, const FactorRow& row) {
 }
 
 void frmAnisoFac::Lock(bool locked) {
-  for (int slot = 1; slot <= 8; ++slot) {
+  for (int slot = 1; slot <= FactorSlots; ++slot) {
     names_[slot]->setEnabled(!locked);
     formulas_[slot]->setEnabled(!locked);
   }
@@ -73,7 +73,7 @@ void frmAnisoFac::Lock(bool locked) {
 
 FactorRows frmAnisoFac::Chosen() const {
   FactorRows rows;
-  for (int slot = 1; slot <= 8; ++slot)
+  for (int slot = 1; slot <= FactorSlots; ++slot)
     rows[slot] = {names_[slot]->text().toStdString(), formulas_[slot]->currentIndex()};
   return rows;
 }

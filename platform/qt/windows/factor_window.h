@@ -23,8 +23,8 @@ class frmAnisoFac : public QDialog {
   void Lock(bool locked);
   FactorRows Chosen() const;
 
-  Array1<QLineEdit*, 8> names_;
-  Array1<QComboBox*, 8> formulas_;
+  Array1<QLineEdit*, FactorSlots> names_;
+  Array1<QComboBox*, FactorSlots> formulas_;
 };
 
 }  // namespace velorix
