@@ -218,10 +218,6 @@ requires(Target == ToForm ? !std::is_const_v<V6> : !std::is_const_v<M33>) void T
 }
 
 /// Sets every element to 0.
-template <class V>
-void VectorClear(V& vector) {
-  for (auto& element : vector) element = 0.0;
-}
 template <class M>
 void MatrixClear(M& matrix) {
   for (int i = 1; i <= matrix.Rows(); ++i)
