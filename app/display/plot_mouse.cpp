@@ -12,7 +12,7 @@ namespace {
 constexpr StereoGeometry Stereonet;
 constexpr Net ScreenNet = {Stereonet.cx, Stereonet.cy, Stereonet.diameter};
 
-/// Selects the records that `hit` names, then tells all views.
+/// Selects the records that `hit` accepts, and all views follow.
 template <class Hit>
 void SelectWhere(Velorix& velorix, Hit hit) {
   Session& session = velorix.Session;
@@ -50,8 +50,7 @@ StereoReadOut ReadStereo(double x, double y) {
           "Inc = " + TrimmedNumber(direction.Inc, "0.0")};
 }
 
-std::string ReadXYPlot(const Velorix& velorix, int plot, double x, double y) {
-  const std::optional<XYPlotAxes>& axes = velorix.XYAxes[plot];
+std::string ReadXYPlot(const std::optional<XYPlotAxes>& axes, double x, double y) {
   if (!axes) return "";
   const Point p = PlotGeometry().FromTarget({x, y});
   if (!InBox(p.x, p.y, 0, 0, 1, 1)) return "";

@@ -131,8 +131,9 @@ PlotPanel* ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
     velorix_.XYAxes[plot] =
         DrawXYPlot(velorix_.Session, target, PlotGeometry(), ShownXYPlot(velorix_, plot), plot + 2);
   });
-  AttachPlotMouse(velorix_, *panel, plot + 2, plot == 1 ? "lblXYPlot1" : "lblXYPlot2",
-                  [this, plot](double x, double y) { return ReadXYPlot(velorix_, plot, x, y); });
+  AttachPlotMouse(
+      velorix_, *panel, plot + 2, plot == 1 ? "lblXYPlot1" : "lblXYPlot2",
+      [this, plot](double x, double y) { return ReadXYPlot(velorix_.XYAxes[plot], x, y); });
   if (plot == 1)
     panel->AddPageBox("chkXYPLot1", velorix_.Page.xyPlot1);
   else
