@@ -43,7 +43,7 @@ void BuildTables(ContourGrid& grid, std::vector<float>& gaussTable,
 
 void ResetSession(Session& session) {
   session.CoorSys = Geographic;
-  session.TectoPlane = Horizontal;
+  session.TectoPlane = PaleoPlane::Horizontal;
   session.TectoNorthSouth = session.TectoEastWest = false;
   session.ReImMode = InPhase;
   ClearStore(session);

@@ -114,7 +114,7 @@ class MainWindowTest : public QObject {
     for (int system : {3, 0, 2, 1, 1}) {  // the last repeats what is shown already
       W().Key(Qt::Key_F5 + system);
       QCOMPARE(ShownSystem(), shown[system]);
-      QCOMPARE(S().CoorSys, system + 1);
+      QCOMPARE(S().CoorSys, SystemAt(system));
     }
     for (int system : {2, 1, 3, 3, 0}) {
       W().Press(QString("Toolbar1(%1)").arg(22 + system));
@@ -139,7 +139,7 @@ class MainWindowTest : public QObject {
       const char *list, *entry;
       std::function<bool()> set;
     } cases[] = {
-        {"cboCoor(2)", "Vertical", [this] { return S().TectoPlane == Vertical; }},
+        {"cboCoor(2)", "Vertical", [this] { return S().TectoPlane == PaleoPlane::Vertical; }},
         {"cboCoor(3)", "North-South", [this] { return S().TectoNorthSouth && !S().TectoEastWest; }},
         {"odclFoli", "B", [this] { return S().FoliCode == "B"; }},
     };
