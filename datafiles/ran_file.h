@@ -35,9 +35,8 @@ Outcome ReadRanBytes(std::span<const std::byte> bytes, const std::string& path,
 /// `append` the file is new or replaced; with it the records go behind those that it has, under the
 /// header that it has, all of them or none. Refused, silently, when there are no records at all.
 /// When none is to be written, no file is made, and without `append` an old one is removed. A
-/// failure is a `FileFault`, "Overflow" when the file would pass 32766
-/// records of 64 bytes or a number doesn't fit its field, or the failure of a rotation; the old
-/// file then stands.
+/// failure is a `FileFault`, "Overflow" when the file would pass 32766 records of 64 bytes or a
+/// number doesn't fit its field, or the failure of a rotation; the old file then stands.
 Outcome WriteRanFile(const std::string& path, const RecordArray& records, bool append, bool all,
                      const std::string& suffix = {});
 

@@ -229,8 +229,7 @@ std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion&
 /// A box with a title and a text, before its icon and its buttons.
 class TextBox : public QMessageBox {
  public:
-  TextBox(QWidget* owner, const std::string& title, const std::string& text)
-      : QMessageBox(owner) {
+  TextBox(QWidget* owner, const std::string& title, const std::string& text) : QMessageBox(owner) {
     PauseBusyCursor();
     setObjectName("frmMessage");
     setWindowTitle(ToQString(title));
