@@ -2,7 +2,6 @@
 
 #include <cassert>
 #include <exception>
-#include <filesystem>
 
 #include "app/display/display.h"
 #include "app/files/export_grid.h"
@@ -12,7 +11,6 @@
 #include "tensor/derivation.h"
 #include "tensor/kernel.h"
 #include "tensor/rotations.h"
-#include "text/paths.h"
 
 namespace velorix {
 namespace {
@@ -22,23 +20,25 @@ void ShowStore(Velorix& v) {
   DisplayFormCaption(v);
 }
 
-void New(Velorix& v) {
-  if (OpenDataFiles(v, "New", false)) ShowStore(v);
+template <FileAction What>
+void OpenFiles(Velorix& v) {
+  if (OpenDataFiles(v.Session, v.Dialogs, v.Host, What)) ShowStore(v);
 }
-void Open(Velorix& v) {
-  if (OpenDataFiles(v, "Open", true)) ShowStore(v);
-}
-void Previous(Velorix& v) {
-  OpenPrevious(v);
+/// A change of the store from files on the disk: the next file, the previous one, the same again.
+template <void (*Read)(Session&, Dialogs&)>
+void Reread(Velorix& v) {
+  Read(v.Session, v.Dialogs);
   ShowStore(v);
 }
-void Next(Velorix& v) {
-  OpenNext(v);
-  ShowStore(v);
+template <void (*Write)(const Session&, Dialogs&, Views&)>
+void Save(Velorix& v) {
+  Write(v.Session, v.Dialogs, v.Views);
 }
-void Reload(Velorix& v) {
-  ReloadFile(v);
-  ShowStore(v);
+void Export(Velorix& v) { ExportData(v.Session, v.Dialogs, v.Views, v.Log); }
+
+template <void (WindowOpener::*Window)()>
+void OpenWindow(Velorix& v) {
+  (v.Opener.*Window)();
 }
 
 template <auto Choice, auto Value>
@@ -59,7 +59,7 @@ bool IsChosen(const Velorix& v) {
 template <bool OpenWindows::*Window>
 void Toggle(Velorix& v) {
   v.Windows.*Window = !(v.Windows.*Window);
-  v.Views.ShowWindows();
+  v.Opener.ShowWindows();
   v.Views.ShowChoices();
 }
 template <bool OpenWindows::*Window>
@@ -69,20 +69,20 @@ bool IsOpen(const Velorix& v) {
 
 /// The lists of codes stay as they are, or as the editor's "SAVE" filled them.
 void EditOrientations(Velorix& v) {
-  v.Views.ShowOrientationEditor();
+  v.Opener.ShowOrientationEditor();
   DisplayData(v, false);
   DisplayFormCaption(v);
 }
 
 /// The values in the records stay as they are until the next display.
 void ChooseFactors(Velorix& v) {
-  v.Views.ShowFactorChoice();
+  v.Opener.ShowFactorChoice();
   v.Views.ShowGridHeader();
 }
 
 void Rotate(Velorix& v) {
   v.Dialogs.Ask(ProgramTitle, "Rotate", {"&OK"});
-  RotateAllNinety(v);
+  RotateAllNinety(v.Session.Records);
 }
 
 /// M = R M' R transposed for a tensor in its six numbers.
@@ -118,17 +118,17 @@ constexpr Menu MenuTable[] = {
 // Key spellings in the tips ("Crtl") are the program's own. Selection item 4 is a separator.
 constexpr Command CommandTable[] = {
     // name, menu, caption, key, button, tip, icon, look, hidden, run, checked, separator before
-    {"mnuNew", "mnuFile", "New", "", 0, "", "", Action, false, New, nullptr, false},
-    {"mnuOpen", "mnuFile", "Open", "Ctrl+O", 1, "Open Data File(s) [Crtl+O]", "open", Action, false, Open, nullptr, false},
-    {"mnuOpenPrevious", "mnuFile", "Open Previous", "Ctrl+P", 2, "Open Previous Data File [Crtl+P]", "previous", Action, false, Previous, nullptr, false},
-    {"mnuOpenNext", "mnuFile", "Open Next", "Ctrl+N", 3, "Open Next Data File [Crtl+N]", "next", Action, false, Next, nullptr, false},
-    {"mnuReload", "mnuFile", "Reload", "Ctrl+R", 4, "Reload Current Data File [Crtl+R]", "reload", Action, false, Reload, nullptr, false},
-    {"mnuSave", "mnuFile", "Save", "", 0, "", "", Action, true, SaveFile, nullptr, false},
-    {"mnuSaveAs", "mnuFile", "Save As", "Ctrl+S", 5, "Save Current Data File As [Crtl+S]", "save", Action, false, SaveAs, nullptr, true},
-    {"mnuSaveSelectedAs", "mnuFile", "Save Select Record(s) As", "Ctrl+A", 6, "Save Selected Record(s) As [Crtl+A]", "save-selected", Action, false, SaveSelectedAs, nullptr, false},
-    {"mnuExport", "mnuFile", "Export", "Ctrl+E", 7, "Export Data [Crtl+E]", "export", Action, false, ExportData, nullptr, false},
+    {"mnuNew", "mnuFile", "New", "", 0, "", "", Action, false, OpenFiles<FileAction::New>, nullptr, false},
+    {"mnuOpen", "mnuFile", "Open", "Ctrl+O", 1, "Open Data File(s) [Crtl+O]", "open", Action, false, OpenFiles<FileAction::Open>, nullptr, false},
+    {"mnuOpenPrevious", "mnuFile", "Open Previous", "Ctrl+P", 2, "Open Previous Data File [Crtl+P]", "previous", Action, false, Reread<OpenPrevious>, nullptr, false},
+    {"mnuOpenNext", "mnuFile", "Open Next", "Ctrl+N", 3, "Open Next Data File [Crtl+N]", "next", Action, false, Reread<OpenNext>, nullptr, false},
+    {"mnuReload", "mnuFile", "Reload", "Ctrl+R", 4, "Reload Current Data File [Crtl+R]", "reload", Action, false, Reread<ReloadFile>, nullptr, false},
+    {"mnuSave", "mnuFile", "Save", "", 0, "", "", Action, true, Save<SaveFile>, nullptr, false},
+    {"mnuSaveAs", "mnuFile", "Save As", "Ctrl+S", 5, "Save Current Data File As [Crtl+S]", "save", Action, false, Save<SaveAs>, nullptr, true},
+    {"mnuSaveSelectedAs", "mnuFile", "Save Select Record(s) As", "Ctrl+A", 6, "Save Selected Record(s) As [Crtl+A]", "save-selected", Action, false, Save<SaveSelectedAs>, nullptr, false},
+    {"mnuExport", "mnuFile", "Export", "Ctrl+E", 7, "Export Data [Crtl+E]", "export", Action, false, Export, nullptr, false},
     {"mnuClose", "mnuFile", "Close", "Ctrl+X", 0, "", "", Action, false, CloseFile, nullptr, true},
-    {"mnuExit", "mnuFile", "Exit Program", "Ctrl+Q", 0, "", "", Action, false, [](Velorix& v) { v.Views.Exit(); }, nullptr, true},
+    {"mnuExit", "mnuFile", "Exit Program", "Ctrl+Q", 0, "", "", Action, false, OpenWindow<&WindowOpener::Exit>, nullptr, true},
 
     {"mnuGraphicsCopy", "mnuGraphics", "Copy To Clipboard", "Ctrl+C", 9, "Copy Graphics To Clipboard [Crtl+C]", "copy-picture", Action, false, CopyGraphics, nullptr, false},
     {"mnuGraphicsSave", "mnuGraphics", "Save To File", "Ctrl+F", 10, "Save Graphics To File [Crtl+F]", "save-picture", Action, false, SaveGraphics, nullptr, false},
@@ -137,7 +137,7 @@ constexpr Command CommandTable[] = {
 
     {"mnuEdit(1)", "mnuEditt", "Edit Orientation Data", "F2", 12, "Edit Orientation Data [F2]", "edit-orientation", Check, false, EditOrientations, nullptr, false},
     {"mnuEdit(2)", "mnuEditt", "Rotate Data", "", 0, "", "", Action, true, nullptr, nullptr, false},
-    {"mnuGedEditor", "mnuEditt", "Geological File Editor", "", 0, "", "", Action, false, [](Velorix& v) { v.Views.ShowGedEditor(); }, nullptr, false},
+    {"mnuGedEditor", "mnuEditt", "Geological File Editor", "", 0, "", "", Action, false, OpenWindow<&WindowOpener::ShowGedEditor>, nullptr, false},
 
     {"mnuAnalysis(1)", "mnuStatistics", "Group Statistics", "F9", 14, "Group Statistics [F9]", "statistics", Check, false, Toggle<&OpenWindows::GroupStatistics>, IsOpen<&OpenWindows::GroupStatistics>, false},
     {"mnuAnalysis(2)", "mnuStatistics", "Bootstrap Statistics", "F11", 0, "", "", Action, true, nullptr, nullptr, false},
@@ -161,10 +161,10 @@ constexpr Command CommandTable[] = {
     {"mnuSelection(5)", "mnuViewMain", "Clear Selection", "Shift+Ctrl+F12", 33, "Clear Selection [Shift + Ctrl +F12]", "clear", Action, false, Select<ClearSelection>, nullptr, true},
     {"rotate", "", "Rotate the tensors of all records by 90 degrees about the vertical axis", "", 35, "", "rotate", Action, false, Rotate, nullptr, false},
 
-    {"mnuOPAR", "mnuSetting", "Orientation Parameters", "", 0, "", "", Action, false, [](Velorix& v) { v.Views.ShowOrientationParameters(); }, nullptr, false},
+    {"mnuOPAR", "mnuSetting", "Orientation Parameters", "", 0, "", "", Action, false, OpenWindow<&WindowOpener::ShowOrientationParameters>, nullptr, false},
     {"mnuAnisoFac", "mnuSetting", "Anisotropy Quantitative Factors", "", 0, "", "", Action, false, ChooseFactors, nullptr, false},
-    {"mnuAbout", "mnuHelp", "About", "", 0, "", "", Action, false, [](Velorix& v) { v.Views.ShowAbout(); }, nullptr, false},
-    {"mnuManual", "mnuHelp", "Manual", "Shift+F1", 0, "", "", Action, false, [](Velorix& v) { v.Views.ShowManual(); }, nullptr, false},
+    {"mnuAbout", "mnuHelp", "About", "", 0, "", "", Action, false, OpenWindow<&WindowOpener::ShowAbout>, nullptr, false},
+    {"mnuManual", "mnuHelp", "Manual", "Shift+F1", 0, "", "", Action, false, OpenWindow<&WindowOpener::ShowManual>, nullptr, false},
 };
 // clang-format on
 
@@ -173,12 +173,9 @@ std::string FailureText(const std::exception_ptr& failure) {
   try {
     std::rethrow_exception(failure);
   } catch (const Fault& fault) {
-    const std::string source = fault.Source.empty() ? "" : fault.Source + ": ";
-    return source + fault.what();
+    return FaultText(fault);
   } catch (const std::bad_alloc&) {
     return "Out of memory";
-  } catch (const std::filesystem::filesystem_error& error) {
-    return Utf8Of(error.path1()) + "\n" + error.code().message();
   } catch (const std::system_error& error) {
     return error.code().message();
   } catch (const std::exception& error) {
@@ -186,7 +183,7 @@ std::string FailureText(const std::exception_ptr& failure) {
   }
 }
 
-/// Tells a failure in log and status line, and lets the views follow the store.
+/// Puts a failure into log and status line, and lets the views follow the store.
 void ReportFailure(Velorix& velorix, const std::string& text) {
   velorix.Log.DebugPrint("Error: " + text);
   try {  // so that no view goes on showing what is no longer so
@@ -239,16 +236,16 @@ void RunButton(Velorix& velorix, const Command& command) {
     Guarded(velorix, [&] { DisplayData(velorix, true); });
 }
 
-void RotateAllNinety(Velorix& velorix) {
+void RotateAllNinety(RecordArray& records) {
   const Matrix<3, 3> rotation = VerticalRotation(90);
-  for (SpecimenRecord& record : velorix.Session.Records) {
+  for (SpecimenRecord& record : records) {
     TurnTensor(rotation, record.Tensor);
     TurnTensor(rotation, record.TensorIm);
   }
 }
 
-bool ConfirmExit(Velorix& velorix) {
-  return velorix.Dialogs.Ask(ProgramTitle, "EXIT PROGRAM?", {"&Yes", "&No"}) == 0;
+bool ConfirmExit(Dialogs& dialogs) {
+  return dialogs.Ask(ProgramTitle, "EXIT PROGRAM?", {"&Yes", "&No"}) == 0;
 }
 
 }  // namespace velorix

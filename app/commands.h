@@ -49,9 +49,9 @@ void RunButton(Velorix& velorix, const Command& command);
 bool Guarded(Velorix& velorix, const std::function<void()>& work);
 
 /// Turns the tensors of every record by 90 degrees about the vertical axis, a diagnostic.
-void RotateAllNinety(Velorix& velorix);
+void RotateAllNinety(RecordArray& records);
 
 /// Asks whether to leave. True for "&Yes".
-bool ConfirmExit(Velorix& velorix);
+bool ConfirmExit(Dialogs& dialogs);
 
 }  // namespace velorix

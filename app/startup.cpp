@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "app/state/velorix.h"
+#include "datafiles/file_faults.h"
 #include "datafiles/settings_file.h"
 #include "stats/gauss_random.h"
 #include "text/paths.h"
@@ -14,37 +16,38 @@ namespace velorix {
 
 const char* const Version = VELORIX_VERSION;
 
-void PrepareSession(Velorix& velorix) {
-  const Host& host = velorix.Host;
-  const auto make = [](const std::string& folder, const char* name) {
-    std::filesystem::create_directories(PathOf(JoinPath(folder, name)));
+void PrepareSession(Session& session, DebugLog& log, const Host& host) {
+  const auto make = [](const std::string& folder) {
+    OnFile(folder, [&folder] { std::filesystem::create_directories(PathOf(folder)); });
   };
-  for (const char* name : {"LogFiles", "ServiceTest"}) make(host.AppFolder, name);
-  velorix.Log.Open(JoinPath(JoinPath(host.AppFolder, "LogFiles"), "DebugPrint.log"));
-  std::filesystem::create_directories(PathOf(host.DataRoot));
+  const auto makeIn = [&make](const std::string& folder, const char* name) {
+    make(JoinPath(folder, name));
+  };
+  for (const char* name : {"LogFiles", "ServiceTest"}) makeIn(host.AppFolder, name);
+  log.Open(JoinPath(JoinPath(host.AppFolder, "LogFiles"), "DebugPrint.log"));
+  make(host.DataRoot);
   for (const char* name : {"TemporaryData", "SimulData", "RawData", "SigmaTest"})
-    make(host.DataRoot, name);
-  for (const char* name : {"Fields", "HCorr"}) make(host.AppFolder, name);
+    makeIn(host.DataRoot, name);
+  for (const char* name : {"Fields", "HCorr"}) makeIn(host.AppFolder, name);
 
-  velorix.Session.SettingsFile = JoinPath(host.AppFolder, "MarloAniso.sav");
-  LoadSettings(velorix.Session.Settings, velorix.Session.SettingsFile);
+  session.SettingsFile = JoinPath(host.AppFolder, "MarloAniso.sav");
+  LoadSettings(session.Settings, session.SettingsFile);
 }
 
-void BuildTables(Velorix& velorix, const std::function<void()>& yield) {
-  BuildContourGrid(velorix.ContourGrid, 0, 300, 3);
+void BuildTables(ContourGrid& grid, std::vector<float>& gaussTable,
+                 const std::function<void()>& yield) {
+  BuildContourGrid(grid, 0, 300, 3);
   yield();
-  FillGaussTable(velorix.GaussTable, yield);
+  FillGaussTable(gaussTable, yield);
 }
 
-void ResetSession(Velorix& velorix) {
-  Session& session = velorix.Session;
+void ResetSession(Session& session) {
   session.CoorSys = Geographic;
   session.TectoPlane = PaleoPlane::Horizontal;
   session.TectoNorthSouth = session.TectoEastWest = false;
   session.ReImMode = InPhase;
   ClearStore(session);
   session.CurrentFile.clear();
-  session.CurrentFileBase.clear();
   session.OpenFiles.clear();
 }
 

@@ -1,20 +1,25 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
-#include "app/state/velorix.h"
+#include "app/state/debug_log.h"
+#include "app/state/host.h"
+#include "stats/contour_grid.h"
+#include "store/session.h"
 
 namespace velorix {
 
-/// Folders, debug log and settings, in the program's order. A folder that can't be made ends the
-/// start-up with the system's error.
-void PrepareSession(Velorix& velorix);
+/// Folders, debug log and settings, in the program's order. A folder that can't be made is a
+/// `FileFault`, which ends the start-up.
+void PrepareSession(Session& session, DebugLog& log, const Host& host);
 
 /// The contour grid and the Gaussian table. `yield` is called now and then, so that a splash window
 /// can repaint.
-void BuildTables(Velorix& velorix, const std::function<void()>& yield);
+void BuildTables(ContourGrid& grid, std::vector<float>& gaussTable,
+                 const std::function<void()>& yield);
 
 /// What the main window's load does to the session: views as at a first start, no file, no records.
-void ResetSession(Velorix& velorix);
+void ResetSession(Session& session);
 
 }  // namespace velorix

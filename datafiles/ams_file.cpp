@@ -1,13 +1,13 @@
 #include "datafiles/ams_file.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <vector>
 
 #include "base/rounding.h"
 #include "datafiles/ams_layout.h"
+#include "datafiles/file_faults.h"
 #include "datafiles/safe_write.h"
 #include "text/numbers.h"
 #include "text/paths.h"
@@ -72,11 +72,6 @@ void TakeOneBlock(SpecimenRecord& r, bool useIm) {
   r.Active = !IsZero(r.Tensor);
 }
 
-[[noreturn]] void FailReading(const fs::path& path) {
-  const int reason = errno != 0 ? errno : EIO;
-  throw fs::filesystem_error("cannot read", path, std::error_code(reason, std::generic_category()));
-}
-
 /// Reads the records of `size` bytes behind those that `records` has and hands each to `finish`.
 /// `fetch(to, wanted)` gives the next bytes, as many as there are. After a failure `records` is as
 /// it was.
@@ -111,18 +106,20 @@ Outcome ReadRecords(std::uintmax_t size, const std::string& path, RecordArray& r
 
 template <class Finish>
 Outcome ReadFile(const std::string& path, RecordArray& records, Finish finish) {
-  const fs::path file = PathOf(path);
-  const std::uintmax_t size = fs::file_size(file);
-  errno = 0;
-  std::ifstream in(file, std::ios::binary);
-  if (!in) FailReading(file);
-  const auto fetch = [&](std::byte* to, std::size_t wanted) {
+  return OnFile(path, [&] {
+    const fs::path file = PathOf(path);
+    const std::uintmax_t size = fs::file_size(file);
     errno = 0;
-    in.read(reinterpret_cast<char*>(to), static_cast<std::streamsize>(wanted));
-    if (in.bad()) FailReading(file);
-    return static_cast<std::size_t>(in.gcount());
-  };
-  return ReadRecords(size, path, records, fetch, finish);
+    std::ifstream in(file, std::ios::binary);
+    if (!in) FailOnFile(path);
+    const auto fetch = [&](std::byte* to, std::size_t most) {
+      errno = 0;
+      in.read(reinterpret_cast<char*>(to), static_cast<std::streamsize>(most));
+      if (in.bad()) FailOnFile(path);
+      return static_cast<std::size_t>(in.gcount());
+    };
+    return ReadRecords(size, path, records, fetch, finish);
+  });
 }
 
 /// What an existing file keeps when `more` records go behind it: whole records, a broken one filled
@@ -137,7 +134,7 @@ std::vector<char> BytesToKeep(const std::string& path, int more) {
   kept.resize(size);
   errno = 0;
   std::ifstream in(file, std::ios::binary);
-  if (!in || !in.read(kept.data(), static_cast<std::streamsize>(kept.size()))) FailReading(file);
+  if (!in || !in.read(kept.data(), static_cast<std::streamsize>(kept.size()))) FailOnFile(path);
   kept.resize(static_cast<std::size_t>(n) * AmsRecordSize);
   return kept;
 }
@@ -205,7 +202,9 @@ Outcome ReloadAmsFile(const std::string& path, RecordArray& records, bool useIm)
   return ReadFile(path, records, [useIm](SpecimenRecord& r) { TakeOneBlock(r, useIm); });
 }
 
-Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all) {
+namespace {
+
+Outcome WriteAms(const std::string& path, const RecordArray& records, bool append, bool all) {
   const auto isWanted = [all](const SpecimenRecord& r) { return all || r.Selected; };
   const auto count = std::count_if(records.begin(), records.end(), isWanted);
   if (count == 0) {
@@ -224,6 +223,12 @@ Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool a
     writer.Flush();
   });
   return {};
+}
+
+}  // namespace
+
+Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all) {
+  return OnFile(path, [&] { return WriteAms(path, records, append, all); });
 }
 
 Outcome WriteAmsRecord(const std::string& path, const SpecimenRecord& record) {

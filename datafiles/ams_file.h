@@ -16,9 +16,8 @@ namespace velorix {
 /// Appends all records of the file. Refused for an empty file, with a message, and without one for
 /// a file of up to half a record. A last record that the file cuts off reads as far as the file
 /// goes, the rest of it zero; a rest of less than half a record goes unnoticed, and so does one of
-/// exactly half behind an even number of records. "Overflow" when the
-/// array would pass its limit. A file that can't be read is a std::filesystem::filesystem_error.
-/// After any failure the array is as it was.
+/// exactly half behind an even number of records. "Overflow" when the array would pass its limit. A
+/// file that can't be read is a `FileFault`. After any failure the array is as it was.
 Outcome ReadAmsFile(const std::string& path, RecordArray& records);
 
 /// The same from the bytes of a file; `path` is for the message.
@@ -34,8 +33,8 @@ Outcome ReloadAmsFile(const std::string& path, RecordArray& records, bool useIm)
 /// too. Without `append` the file is new or replaced; with it the records go behind those that it
 /// has, all of them or none. Refused, silently, when there are no records at all. When none is to
 /// be written, no file is made, and without `append` an old one is removed. A failure is a
-/// std::filesystem::filesystem_error, or "Overflow" when an append would bring the file over 32767
-/// records or a number is too large for the file's 32 bits; the old file then stands.
+/// `FileFault`, or "Overflow" when an append would bring the file over 32767 records or a number is
+/// too large for the file's 32 bits; the old file then stands.
 Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all);
 
 /// Appends one record to a file, which is made when missing.

@@ -14,8 +14,7 @@ namespace velorix {
 /// Appends the specimens of an ASC report. Refused for an empty file, with a message. A report that
 /// ends inside a specimen is "Input past end of file", a line with too few tokens "Subscript out of
 /// range", a number too large for its field "Overflow", each with the file and the line. A file
-/// that can't be read is a std::filesystem::filesystem_error. After any failure the array is as it
-/// was.
+/// that can't be read is a `FileFault`. After any failure the array is as it was.
 Outcome ReadAscFile(const std::string& path, RecordArray& records);
 
 /// The same from the text of a file; `path` is for the messages.

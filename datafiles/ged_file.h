@@ -33,8 +33,7 @@ Outcome CheckGedLines(const std::string& path, std::string_view text, int length
 /// Appends the file's samples to `records`: their names, angles in whole degrees, codes ("0" stays
 /// "0"), and the site's data in each. A field that must be a number and is none refuses the file
 /// with the line; so does a file without a sample, in silence. A file that can't be read is a
-/// std::filesystem::filesystem_error, a number beyond 16 bits "Overflow". After any failure
-/// `records` is as it was.
+/// `FileFault`, a number beyond 16 bits "Overflow". After any failure `records` is as it was.
 Outcome ReadGedFile(const std::string& path, RecordArray& records);
 
 /// The same from the content of a file.
@@ -43,8 +42,7 @@ Outcome ReadGedText(const std::string& path, std::string_view text, RecordArray&
 /// Writes the records as a file in place of the old one; the site's data are those of the first.
 /// Texts are cut at the width of their field, and so are angles of more than four characters. The
 /// coordinates change places on the way through a file. Without a record the file stays and the
-/// refusal is silent. What can't be written is a std::filesystem::filesystem_error, and the old
-/// file stays.
+/// refusal is silent. What can't be written is a `FileFault`, and the old file stays.
 Outcome WriteGedFile(const std::string& path, const RecordArray& records);
 
 /// The bytes of such a file.

@@ -1,7 +1,6 @@
 #include "datafiles/ran_file.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
 #include <cmath>
 #include <filesystem>
@@ -11,6 +10,7 @@
 
 #include "base/narrowing.h"
 #include "base/rounding.h"
+#include "datafiles/file_faults.h"
 #include "datafiles/ran_layout.h"
 #include "datafiles/safe_write.h"
 #include "tensor/derivation.h"
@@ -24,19 +24,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void FailReading(const fs::path& path) {
-  const int reason = errno != 0 ? errno : EIO;
-  throw fs::filesystem_error("cannot read", path, std::error_code(reason, std::generic_category()));
-}
-
 /// The first `size` bytes of a file, as many as there are.
-std::vector<std::byte> BytesOfFile(const fs::path& path, std::uintmax_t size) {
+std::vector<std::byte> BytesOfFile(const std::string& path, std::uintmax_t size) {
   std::vector<std::byte> bytes(static_cast<std::size_t>(size));
   errno = 0;
-  std::ifstream in(path, std::ios::binary);
-  if (!in) FailReading(path);
+  std::ifstream in(PathOf(path), std::ios::binary);
+  if (!in) FailOnFile(path);
   in.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  if (in.bad()) FailReading(path);
+  if (in.bad()) FailOnFile(path);
   bytes.resize(static_cast<std::size_t>(in.gcount()));
   return bytes;
 }
@@ -209,7 +204,7 @@ std::vector<std::byte> BytesToKeep(const std::string& path) {
   if (!fs::exists(file)) return {};
   const std::uintmax_t size = fs::file_size(file);
   const int n = ToShort(static_cast<double>(size) / RanRecordSize);
-  std::vector<std::byte> kept = BytesOfFile(file, size);
+  std::vector<std::byte> kept = BytesOfFile(path, size);
   kept.resize(static_cast<std::size_t>(n) * RanRecordSize);
   return kept;
 }
@@ -251,10 +246,11 @@ Outcome ReadRanBytes(std::span<const std::byte> bytes, const std::string& path,
 }
 
 Outcome ReadRanFile(const std::string& path, RecordArray& records, const Settings& settings) {
-  const fs::path file = PathOf(path);
-  const std::uintmax_t size = fs::file_size(file);
-  (void)RanSpecimenCount(size);  // before the memory is asked for
-  return ReadRanBytes(BytesOfFile(file, size), path, records, settings);
+  return OnFile(path, [&] {
+    const std::uintmax_t size = fs::file_size(PathOf(path));
+    (void)RanSpecimenCount(size);  // before the memory is asked for
+    return ReadRanBytes(BytesOfFile(path, size), path, records, settings);
+  });
 }
 
 std::vector<std::byte> RanBytes(std::vector<std::byte> kept, const RecordArray& records, bool all,
@@ -279,8 +275,10 @@ std::vector<std::byte> RanBytes(std::vector<std::byte> kept, const RecordArray& 
   return bytes;
 }
 
-Outcome WriteRanFile(const std::string& path, const RecordArray& records, bool append, bool all,
-                     const std::string& suffix) {
+namespace {
+
+Outcome WriteRan(const std::string& path, const RecordArray& records, bool append, bool all,
+                 const std::string& suffix) {
   const bool isSome = std::any_of(records.begin(), records.end(),
                                   [all](const SpecimenRecord& r) { return all || r.Selected; });
   if (!isSome) {
@@ -295,6 +293,13 @@ Outcome WriteRanFile(const std::string& path, const RecordArray& records, bool a
               static_cast<std::streamsize>(bytes.size()));
   });
   return {};
+}
+
+}  // namespace
+
+Outcome WriteRanFile(const std::string& path, const RecordArray& records, bool append, bool all,
+                     const std::string& suffix) {
+  return OnFile(path, [&] { return WriteRan(path, records, append, all, suffix); });
 }
 
 Outcome WriteRanRecord(const std::string& path, const SpecimenRecord& record,

@@ -22,7 +22,7 @@ namespace velorix {
 /// record goes unnoticed, and so does one of exactly half behind an even number of specimens. "Type
 /// mismatch" when a coordinate is no number, "Overflow" when it, an orientation parameter or a
 /// field is too large or the array would pass its limit. A file that can't be read is a
-/// std::filesystem::filesystem_error. After any failure the array is as it was.
+/// `FileFault`. After any failure the array is as it was.
 Outcome ReadRanFile(const std::string& path, RecordArray& records, const Settings& settings);
 
 /// The same from the bytes of a file; `path` is for the message and the extension.
@@ -35,9 +35,8 @@ Outcome ReadRanBytes(std::span<const std::byte> bytes, const std::string& path,
 /// `append` the file is new or replaced; with it the records go behind those that it has, under the
 /// header that it has, all of them or none. Refused, silently, when there are no records at all.
 /// When none is to be written, no file is made, and without `append` an old one is removed. A
-/// failure is a std::filesystem::filesystem_error, "Overflow" when the file would pass 32766
-/// records of 64 bytes or a number doesn't fit its field, or the failure of a rotation; the old
-/// file then stands.
+/// failure is a `FileFault`, "Overflow" when the file would pass 32766 records of 64 bytes or a
+/// number doesn't fit its field, or the failure of a rotation; the old file then stands.
 Outcome WriteRanFile(const std::string& path, const RecordArray& records, bool append, bool all,
                      const std::string& suffix = {});
 

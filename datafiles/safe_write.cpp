@@ -1,21 +1,15 @@
 #include "datafiles/safe_write.h"
 
-#include <cerrno>
 #include <fstream>
 #include <random>
 
+#include "datafiles/file_faults.h"
 #include "text/paths.h"
 
 namespace velorix {
 namespace {
 
 namespace fs = std::filesystem;
-
-[[noreturn]] void Fail(const fs::path& path, std::errc otherwise) {
-  const int reason = errno != 0 ? errno : static_cast<int>(otherwise);
-  throw fs::filesystem_error("cannot write", path,
-                             std::error_code(reason, std::generic_category()));
-}
 
 /// A name in the folder of `path` that no file has.
 fs::path NameBeside(const fs::path& path) {
@@ -38,14 +32,14 @@ void Fill(const fs::path& path, const fs::path& target,
           const std::function<void(std::ostream&)>& write) {
   errno = 0;
   std::ofstream out(path, std::ios::binary);
-  if (!out) Fail(target, std::errc::permission_denied);
+  if (!out) FailOnFile(Utf8Of(target), EACCES);
   errno = 0;
   write(out);
   out.close();
-  if (!out) Fail(target, std::errc::no_space_on_device);
+  if (!out) FailOnFile(Utf8Of(target), ENOSPC);
 }
 
-/// Removes the file that it names, unless told that it has become the real one.
+/// Removes the file that it names, unless that has become the real one.
 struct NewFile {
   fs::path Path;
   bool Done = false;
@@ -56,17 +50,14 @@ struct NewFile {
   }
 };
 
-}  // namespace
-
-void SafeWrite(const std::string& path, const std::function<void(std::ostream&)>& write) {
-  const fs::path target = LinkTarget(PathOf(path));
+void Replace(const fs::path& target, const std::function<void(std::ostream&)>& write) {
   const bool replaces = fs::exists(target);
   // A device or a pipe has no old content to save, and nothing may take its place.
   if (replaces && !fs::is_regular_file(target)) return Fill(target, target, write);
   // A renamed file would replace even a read-only one: so it must let itself be opened for writing.
   errno = 0;
   if (replaces && !std::ofstream(target, std::ios::binary | std::ios::app))
-    Fail(target, std::errc::permission_denied);
+    FailOnFile(Utf8Of(target), EACCES);
 
   NewFile made{NameBeside(target)};
   Fill(made.Path, target, write);
@@ -74,6 +65,16 @@ void SafeWrite(const std::string& path, const std::function<void(std::ostream&)>
   if (replaces) fs::permissions(made.Path, fs::status(target).permissions(), ignored);
   fs::rename(made.Path, target);
   made.Done = true;
+}
+
+}  // namespace
+
+void SafeWrite(const std::string& path, const std::function<void(std::ostream&)>& write) {
+  try {
+    Replace(LinkTarget(PathOf(path)), write);
+  } catch (const fs::filesystem_error& error) {
+    throw FileFault(Utf8Of(error.path2().empty() ? error.path1() : error.path2()), error.code());
+  }
 }
 
 }  // namespace velorix

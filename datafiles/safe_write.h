@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <filesystem>
 #include <functional>
 #include <ostream>
 #include <string>
@@ -15,9 +14,9 @@ namespace velorix {
 /// regular file, such as a device or a pipe, is written as it stands, and what fails on the way has
 /// been written in part.
 ///
-/// Fails with a std::filesystem::filesystem_error that carries the system's reason when the folder
-/// or an existing file can't be written, or the disk is full, and with whatever `write` throws; the
-/// new file is then gone. A program that is killed on the way leaves it, as velorix-*.new.
+/// A `FileFault` with the system's reason when the folder or an existing file can't be written, or
+/// the disk is full; what `write` throws passes. The new file is then gone. A program that is
+/// killed on the way leaves it, as velorix-*.new.
 void SafeWrite(const std::string& path, const std::function<void(std::ostream&)>& write);
 
 }  // namespace velorix

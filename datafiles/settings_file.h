@@ -26,7 +26,7 @@ bool SettingsReadText(Settings& record, std::string_view bytes);
 bool SettingsRead(Settings& record, const std::string& path);
 
 /// Writes the file at `path`, by way of a new file beside it, so that either the old or the new one
-/// is there whole. A failure is a std::filesystem::filesystem_error; the old file then stands.
+/// is there whole. A failure is a `FileFault`; the old file then stands.
 void SettingsWrite(const Settings& record, const std::string& path);
 
 /// Reads the settings; when the file is missing or bad takes the defaults and writes them, so that

@@ -16,8 +16,7 @@ namespace velorix {
 /// Refused for an empty file, with a message. A file that ends inside a specimen is "Input past end
 /// of file", a line with too few tokens "Subscript out of range", a number too large for its field
 /// "Overflow", a mean of 0 or two equal directions "Division by zero", each with the file and the
-/// line. A file that can't be read is a std::filesystem::filesystem_error. After any failure the
-/// array is as it was.
+/// line. A file that can't be read is a `FileFault`. After any failure the array is as it was.
 Outcome ReadSi2bFile(const std::string& path, RecordArray& records, const Settings& settings);
 
 /// The same from the text of a file; `path` is for the messages.

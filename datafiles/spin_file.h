@@ -14,8 +14,7 @@ namespace velorix {
 /// Appends the specimens of an AMSSpin file; the orientation parameters are those of `settings`.
 /// Refused for an empty file, with a message. A line with too few tokens, an empty one too, is
 /// "Subscript out of range", a number too large for its field "Overflow", each with the file and
-/// the line. A file that can't be read is a std::filesystem::filesystem_error. After any failure
-/// the array is as it was.
+/// the line. A file that can't be read is a `FileFault`. After any failure the array is as it was.
 Outcome ReadSpinFile(const std::string& path, RecordArray& records, const Settings& settings);
 
 /// The same from the text of a file; `path` is for the messages.

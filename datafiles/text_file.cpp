@@ -1,12 +1,12 @@
 #include "datafiles/text_file.h"
 
-#include <cerrno>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
 
 #include "base/narrowing.h"
 #include "datafiles/bytes.h"
+#include "datafiles/file_faults.h"
 #include "text/numbers.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
@@ -15,18 +15,16 @@ namespace velorix {
 
 std::string TextOfFile(const std::string& path) {
   namespace fs = std::filesystem;
-  const fs::path file = PathOf(path);
-  std::string text(static_cast<std::size_t>(fs::file_size(file)), '\0');
-  errno = 0;
-  std::ifstream in(file, std::ios::binary);
-  if (in) in.read(text.data(), static_cast<std::streamsize>(text.size()));
-  if (!in.is_open() || in.bad()) {
-    const int reason = errno != 0 ? errno : EIO;
-    throw fs::filesystem_error("cannot read", file,
-                               std::error_code(reason, std::generic_category()));
-  }
-  text.resize(static_cast<std::size_t>(in.gcount()));
-  return text;
+  return OnFile(path, [&path] {
+    const fs::path file = PathOf(path);
+    std::string text(static_cast<std::size_t>(fs::file_size(file)), '\0');
+    errno = 0;
+    std::ifstream in(file, std::ios::binary);
+    if (in) in.read(text.data(), static_cast<std::streamsize>(text.size()));
+    if (!in.is_open() || in.bad()) FailOnFile(path);
+    text.resize(static_cast<std::size_t>(in.gcount()));
+    return text;
+  });
 }
 
 std::string_view TextLines::Next() {
@@ -56,10 +54,10 @@ Outcome RefuseEmptyFile(const std::string& path) {
   return Outcome::Refused("Input error!", "File <<" + UpperCase(path) + ">> is empty!");
 }
 
-Fault FaultInLine(const Fault& fault, const std::string& path, int line) {
-  return Fault(fault.Number,
-               std::string(fault.what()) + " (" + path + ", line " + PlainText(line) + ")",
-               fault.Source);
+Fault FaultInLine(Fault fault, const std::string& path, int line) {
+  fault.Path = path;
+  fault.Line = line;
+  return fault;
 }
 
 }  // namespace velorix

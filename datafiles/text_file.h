@@ -13,8 +13,7 @@ namespace velorix {
 // What the readers of text formats share. A file is taken into memory once; lines and tokens look
 // into it.
 
-/// The bytes of a file, whose path is UTF-8. A file that can't be read is a
-/// std::filesystem::filesystem_error.
+/// The bytes of a file, whose path is UTF-8. A file that can't be read is a `FileFault`.
 std::string TextOfFile(const std::string& path);
 
 /// The lines of a text, one behind the other. A line ends in LF or CR LF, which are no part of it;
@@ -43,8 +42,8 @@ std::array<std::uint8_t, 4> BytesOfSingle(float value);
 /// The refusal of a file without a byte.
 Outcome RefuseEmptyFile(const std::string& path);
 
-/// A fault with the place at which it happened: "Subscript out of range (/data/x.asc, line 17)".
-Fault FaultInLine(const Fault& fault, const std::string& path, int line);
+/// A fault with the file and the line, from 1, in which it happened.
+Fault FaultInLine(Fault fault, const std::string& path, int line);
 
 /// Appends a record for each specimen of a text: `readSpecimen(lines, record)` fills an empty
 /// record from the next lines, until they are all read. Refused for an empty text; a fault gets the

@@ -25,7 +25,7 @@ void Allocate(ContourGrid& grid, int first, int last) {
 
 }  // namespace
 
-bool BuildContourGrid(ContourGrid& grid, int first, int last, int step) {
+void BuildContourGrid(ContourGrid& grid, int first, int last, int step) {
   if (last < first || step < 1) FailArgument();
   Allocate(grid, first, last);
   const double radius = last / 2.0;
@@ -49,7 +49,6 @@ bool BuildContourGrid(ContourGrid& grid, int first, int last, int step) {
   for (int j = first; j <= last; j += step)
     for (int i = first; i <= last; i += step)
       grid.ComputedCount += grid.Inside[static_cast<std::size_t>(grid.Index(i, j))];
-  return grid.Built = true;
 }
 
 }  // namespace velorix

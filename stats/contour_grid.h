@@ -18,7 +18,6 @@ struct ContourGrid {
   std::vector<std::int16_t> Level;    // index of the contour level
   std::vector<std::uint32_t> Colour;  // 0x00BBGGRR
 
-  bool Built = false;
   int InsideCount = 0;    // nodes within the circle
   int ComputedCount = 0;  // those of them at the spacing of a count
 
@@ -28,8 +27,8 @@ struct ContourGrid {
 
 /// Lays the nodes `first` to `last` in both directions over the circle with centre (`last` / 2,
 /// `last` / 2) and radius `last` / 2, gives those within it their direction in the equal-area net
-/// (up is declination 0), and counts them, all and at the spacing `step`. The result, kept in
-/// `Built`, is true. "Invalid procedure call or argument" when `last` < `first` or `step` < 1.
-bool BuildContourGrid(ContourGrid& grid, int first, int last, int step);
+/// (up is declination 0), and counts them, all and at the spacing `step`. "Invalid procedure call
+/// or argument" when `last` < `first` or `step` < 1.
+void BuildContourGrid(ContourGrid& grid, int first, int last, int step);
 
 }  // namespace velorix

@@ -22,9 +22,8 @@ struct Session {
   std::string FoliCode, LineCode;  // codes in use for the rotation
   TensorBlock ReImMode = InPhase;
 
-  std::string DataFolder;       // folder of the last data file, without a separator at its end
-  std::string CurrentFile;      // full path; empty when no file is open
-  std::string CurrentFileBase;  // the path without the extension
+  std::string DataFolder;   // folder of the last data file, without a separator at its end
+  std::string CurrentFile;  // full path; empty when no file is open
   std::string CurrentExt;
   std::int16_t CurrentFilter = 0;        // 1..6, selects the reader
   std::vector<std::string> OpenFiles;    // paths of the files that make up the store

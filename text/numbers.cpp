@@ -300,10 +300,6 @@ std::string SignificantText(double value, int digits) {
   return text + std::to_string(size);
 }
 
-ExponentParts SignificantParts(double value, int digits) {
-  return SplitExponent(NumberOf(SignificantText(value, digits)));
-}
-
 void AppendPlainText(std::string& text, float value) { AppendShortest(text, value, 1e7f); }
 
 void AppendPlainText(std::string& text, double value) { AppendShortest(text, value, 1e15); }

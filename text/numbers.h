@@ -55,9 +55,6 @@ ExponentParts SplitExponent(double value);
 /// gives the empty text.
 std::string SignificantText(double value, int digits);
 
-/// `SplitExponent` of what `SignificantText` shows.
-ExponentParts SignificantParts(double value, int digits);
-
 /// Puts the plain text of a number behind `text`: the shortest that reads back to the same value of
 /// its own width. Fixed notation ("0.0001"), or exponent form ("1.5E-05", "1E+09") when the decimal
 /// exponent is below -4, or at least 7 for a 32-bit and 15 for a 64-bit float. 0, -0.0 and an unset

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <filesystem>
 
+#include "datafiles/file_faults.h"
 #include "datafiles/safe_write.h"
 #include "tensor/directions.h"
 #include "text/numbers.h"
@@ -11,8 +12,9 @@
 namespace velorix {
 namespace {
 
-/// Visits the records in use at the coordinate level in view. A record without an out-of-phase
-/// tensor takes part in that block too, with the directions it has: wanted.
+/// Visits the records in use at the coordinate level in view. Kept for agreement with published
+/// results: a record without an out-of-phase tensor takes part in that block too, with the
+/// directions it has.
 template <class Visit>
 void ForEachAtLevel(const Session& session, Visit visit) {
   for (const SpecimenRecord& record : session.Records)
@@ -34,11 +36,9 @@ std::string DirectionText(const ContourGrid& grid, std::size_t node) {
 }
 
 /// What is in view for a count.
-ContourSubject SubjectInView(const Velorix& velorix) {
-  const Session& session = velorix.Session;
+ContourSubject SubjectInView(const ContourSession& contour, const Session& session) {
   return {Utf8Of(PathOf(session.CurrentFile).filename()), session.CoorSys,
-          BuildContourData(session, velorix.Contour.Options.display, session.FoliCode,
-                           session.LineCode)};
+          BuildContourData(session, contour.Options.display, session.FoliCode, session.LineCode)};
 }
 
 bool IsSame(const ContourSubject& a, const ContourSubject& b) {
@@ -71,39 +71,39 @@ ContourData BuildContourData(const Session& session, std::int16_t option,
   return data;
 }
 
-void ShowContourData(Velorix& velorix) {
-  velorix.Contour.InView = SubjectInView(velorix);
-  velorix.Contour.Count = {};
+void ShowContourData(ContourSession& contour, const Session& session) {
+  contour.InView = SubjectInView(contour, session);
+  contour.Count = {};
 }
 
-void RebuildContourData(Velorix& velorix) {
-  velorix.Contour.InView = SubjectInView(velorix);
-  velorix.Views.RefreshContour();
+void RebuildContourData(ContourSession& contour, const Session& session, Views& views) {
+  contour.InView = SubjectInView(contour, session);
+  views.RefreshContour();
 }
 
-void ChooseContourDisplay(Velorix& velorix, int index) {
-  velorix.Contour.Options.display = static_cast<std::int16_t>(index);
-  ShowContourData(velorix);
+void ChooseContourDisplay(ContourSession& contour, const Session& session, int index) {
+  contour.Options.display = static_cast<std::int16_t>(index);
+  ShowContourData(contour, session);
 }
 
-bool CountContour(Velorix& velorix, const CountProgress& progress) {
-  ContourSession& contour = velorix.Contour;
-  // The count listens to the window system, so all is taken down before it.
+bool CountContour(ContourSession& contour, const Session& session, Dialogs& dialogs,
+                  const CountProgress& progress) {
+  // Events of the window system run during the count, so its input is copied before.
   const std::int16_t smooth = contour.Options.smoothing;
-  ContourSubject subject = SubjectInView(velorix);
+  ContourSubject subject = SubjectInView(contour, session);
   const ContourData& data = subject.Data;
   if (data.Count() == 0) return false;
-  if (!DensityFits(velorix.ContourGrid, data, smooth)) {
-    velorix.Dialogs.Ask("Contour Plot",
-                        "A smoothing of " + PlainText(smooth) + " is too great for " +
-                            PlainText(data.Count()) +
-                            " data: their densities would leave the range of 32-bit numbers.\n"
-                            "Choose a smaller one.",
-                        {"&OK"});
+  if (!DensityFits(contour.Grid, data, smooth)) {
+    dialogs.Ask("Contour Plot",
+                "A smoothing of " + PlainText(smooth) + " is too great for " +
+                    PlainText(data.Count()) +
+                    " data: their densities would leave the range of 32-bit numbers.\n"
+                    "Choose a smaller one.",
+                {"&OK"});
     return false;
   }
   DensityCount count;
-  if (!CountDensity(velorix.ContourGrid, data, smooth, count, progress)) return false;
+  if (!CountDensity(contour.Grid, data, smooth, count, progress)) return false;
   contour.InView = subject;
   contour.OfCount = std::move(subject);
   contour.Smooth = smooth;
@@ -111,36 +111,34 @@ bool CountContour(Velorix& velorix, const CountProgress& progress) {
   return true;
 }
 
-void DrawContourPicture(Velorix& velorix, Target& target) {
-  const ContourSession& contour = velorix.Contour;
-  DrawContour(target, velorix.ContourGrid, contour.InView.Data, contour.Count,
-              contour.InView.CoorSys, contour.Options);
+void DrawContourPicture(ContourSession& contour, Target& target) {
+  DrawContour(target, contour.Grid, contour.InView.Data, contour.Count, contour.InView.CoorSys,
+              contour.Options);
 }
 
-void GrevaExport(Velorix& velorix) {
+void GrevaExport(const Session& session, const std::string& appFolder, Dialogs& dialogs,
+                 Views& views) {
   constexpr char Title[] = "Export For Stereographic Plot";
-  const std::string folder = JoinPath(velorix.Host.AppFolder, "examples");
+  const std::string folder = JoinPath(appFolder, "examples");
   const std::string path = JoinPath(folder, "grevadata.txt");
   int lines = 0;
   try {
-    std::filesystem::create_directories(PathOf(folder));
+    OnFile(folder, [&] { std::filesystem::create_directories(PathOf(folder)); });
     SafeWrite(path, [&](std::ostream& out) {
-      ForEachAtLevel(velorix.Session, [&](const SpecimenRecord& r) {
+      ForEachAtLevel(session, [&](const SpecimenRecord& r) {
         if (!std::isfinite(r.Dec[1]) || !std::isfinite(r.Inc[1])) return;
         out << TrimmedNumber(r.Dec[1], "0") << '/' << TrimmedNumber(r.Inc[1], "0") << "\r\n";
         ++lines;
       });
     });
-  } catch (const std::filesystem::filesystem_error& error) {
-    velorix.Dialogs.Ask(Title, path + "\nThis file could not be written: " + error.code().message(),
-                        {"&OK"});
-    return;
+  } catch (const FileFault& fault) {
+    return Show(dialogs, Outcome::Refused(
+                             Title, path + "\nThis file could not be written: " + fault.what()));
   }
-  velorix.Views.ShowStatus(PlainText(lines) + " directions written to " + path);
+  views.ShowStatus(PlainText(lines) + " directions written to " + path);
 }
 
-std::string ContourCaption(const Velorix& velorix) {
-  const ContourSession& contour = velorix.Contour;
+std::string ContourCaption(const ContourSession& contour) {
   std::string text = std::string(ContourDisplays[contour.Options.display].Name) + ", " +
                      NamesOf(contour.InView.CoorSys).Word + " coordinates";
   if (contour.Counted() && !IsStale(contour))
@@ -164,11 +162,11 @@ std::string ContourLevelsText(const ContourSession& contour) {
   return text;
 }
 
-std::string ContourMaximumText(const Velorix& velorix) {
-  const DensityCount& count = velorix.Contour.Count;
-  if (!velorix.Contour.Counted()) return {};
+std::string ContourMaximumText(const ContourSession& contour) {
+  const DensityCount& count = contour.Count;
+  if (!contour.Counted()) return {};
   return "Maximum " + TrimmedNumber(count.ContourMax, "0.00") + " at " +
-         DirectionText(velorix.ContourGrid, count.MaxNode) + "\nMinimum " +
+         DirectionText(contour.Grid, count.MaxNode) + "\nMinimum " +
          TrimmedNumber(count.ContourMin, "0.00") + "\nin multiples of a uniform density";
 }
 
@@ -176,12 +174,11 @@ std::string ContourTimeText(const ContourSession& contour) {
   return contour.Counted() ? TrimmedNumber(contour.Count.Seconds, "0.00") + " s" : "";
 }
 
-std::string ContourCursorText(const Velorix& velorix, double x, double y) {
-  const auto node = ContourNodeAt(velorix.ContourGrid, x, y);
+std::string ContourCursorText(const ContourSession& contour, double x, double y) {
+  const auto node = ContourNodeAt(contour.Grid, x, y);
   if (!node) return {};
-  std::string text = DirectionText(velorix.ContourGrid, *node);
-  if (velorix.Contour.Counted())
-    text += ", density " + TrimmedNumber(velorix.ContourGrid.Density[*node], "0.00");
+  std::string text = DirectionText(contour.Grid, *node);
+  if (contour.Counted()) text += ", density " + TrimmedNumber(contour.Grid.Density[*node], "0.00");
   return text;
 }
 

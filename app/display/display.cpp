@@ -58,7 +58,7 @@ void DisplayData(Velorix& velorix, bool resetLists) {
   if (resetLists) ResetCodes(velorix.Lists);
   for (const SpecimenRecord& record : session.Records) {
     ListAddCodes(velorix.Lists, record, FromData);
-    ComboAddCodes(velorix.Lists, record, FromData, session.FoliCode, session.LineCode);
+    ComboAddCodes(velorix.Lists, record, FromData);
   }
   TakeShownCodes(velorix);
   ShowSelectedCodes(velorix);
@@ -77,7 +77,7 @@ void RefreshViews(Velorix& velorix) {
   velorix.Views.FillGrid();
   velorix.Views.FillDataTable();
   velorix.Views.RefreshGroupStatistics();
-  if (velorix.Windows.Contour) RebuildContourData(velorix);
+  if (velorix.Windows.Contour) RebuildContourData(velorix.Contour, velorix.Session, velorix.Views);
   AnisoView_DisplayAllPlots(velorix);
 }
 

@@ -50,8 +50,7 @@ StereoReadOut ReadStereo(double x, double y) {
           "Inc = " + TrimmedNumber(direction.Inc, "0.0")};
 }
 
-std::string ReadXYPlot(const Velorix& velorix, int plot, double x, double y) {
-  const std::optional<DrawnXYPlot>& drawn = velorix.XYDrawn[plot];
+std::string ReadXYPlot(const std::optional<DrawnXYPlot>& drawn, double x, double y) {
   if (!drawn) return "";
   const Point p = PlotGeometry().FromTarget({x, y});
   if (!InBox(p.x, p.y, 0, 0, 1, 1)) return "";

@@ -23,8 +23,8 @@ struct StereoReadOut {
 };
 StereoReadOut ReadStereo(double x, double y);
 
-/// Both axes at a place of XY plot 1 or 2, empty where nothing is drawn or outside the frame.
-std::string ReadXYPlot(const Velorix& velorix, int plot, double x, double y);
+/// Both axes at a place of an XY plot, empty where nothing is drawn or outside the frame.
+std::string ReadXYPlot(const std::optional<DrawnXYPlot>& drawn, double x, double y);
 
 /// Selects the records one of whose directions lies in the box on the stereonet, and no others: of
 /// the axes that are shown, without a key; with Ctrl, Alt or Shift only Kmax, Kint or Kmin. Nothing

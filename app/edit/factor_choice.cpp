@@ -15,8 +15,7 @@ FactorRows FactorRowsOf(const Settings& settings) {
   return rows;
 }
 
-void ChangeFactors(Velorix& velorix, const FactorRows& rows) {
-  Session& session = velorix.Session;
+void ChangeFactors(Session& session, const FactorRows& rows) {
   for (int i = 1; i <= FactorSlots; ++i) {
     session.Settings.FacName[i] = rows[i].Name;
     session.Settings.FacIndex[i] = ToShort(rows[i].Position + 1);  // no selection: 0, the mean

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "app/state/velorix.h"
+#include "store/session.h"
 
 namespace velorix {
 
@@ -18,7 +18,7 @@ FactorRows FactorRowsOf(const Settings& settings);
 
 /// Takes the rows into the settings and writes them. The values in the records stay as they are.
 /// A file that can't be written is a fault; the session has the choice then.
-void ChangeFactors(Velorix& velorix, const FactorRows& rows);
+void ChangeFactors(Session& session, const FactorRows& rows);
 
 /// What the letters in the formulas mean.
 inline constexpr char FactorLetters[] =

@@ -1,7 +1,6 @@
 #include "app/edit/ged_editor.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "app/files/geo_files.h"
 #include "datafiles/ged_file.h"
@@ -15,7 +14,6 @@ namespace {
 
 constexpr char Title[] = "Geological file editor";
 constexpr char SaveTitle[] = "Save geological file";
-constexpr char Filter[] = "GED-file(s) (*.ged)|*.ged";
 constexpr int MaxFileSize = 32767;
 
 // clang-format off
@@ -26,7 +24,7 @@ constexpr GedColumn Columns[GedColumnCount] = {
     {"Inc",         true,   90, 16},
     {"Foliation1",  false,   0,  1},
     {"Azimuth",     true,  360, 16},
-    {"Dip",         true,  180, 16},  // twice the limit of a plunge: wanted
+    {"Dip",         true,  180, 16},  // kept for agreement with published results: twice the limit of a plunge
     {"Lineation1",  false,   0,  1},
     {"Trend",       true,  360, 16},
     {"Plunge",      true,   90, 16},
@@ -96,31 +94,33 @@ bool IsToBeSaved(const GedRow& row) {
                      [](const std::string& cell) { return !StripBlanks(cell).empty(); });
 }
 
-bool Exists(const std::string& path) {
-  std::error_code error;
-  return std::filesystem::exists(PathOf(path), error);
+/// The one filter of the dialogs, which ends without a bar.
+std::string Filter() {
+  std::string filter = GedFilter();
+  filter.pop_back();
+  return filter;
 }
 
 /// The files that the user chose, all of which exist; none on cancel.
-FileList AskForFiles(Velorix& velorix) {
+FileList AskForFiles(const Session& session, Dialogs& dialogs) {
   FileQuestion question;
   question.Title = "Open GED file(s)";
-  question.Filter = Filter;
-  question.Folder = velorix.Session.DataFolder;
+  question.Filter = Filter();
+  question.Folder = session.DataFolder;
   question.Multi = true;
   question.MaxFileSize = MaxFileSize;
-  for (;;) {
-    const auto answer = velorix.Dialogs.ShowOpen(question);
-    if (!answer) return {};
-    FileList list = SplitFileList(answer->Filename);
-    const auto missing = std::find_if(
-        list.Names.begin(), list.Names.end(),
-        [&list](const std::string& name) { return !Exists(JoinPath(list.Folder, name)); });
-    if (missing == list.Names.end()) return list;
-    velorix.Dialogs.Ask(question.Title, *missing + "\nThis file does not exist.\nCreate new file?",
-                        {"&Retry"});
-    question.Again = answer;
-  }
+  FileList list;
+  const auto allExist = [&](const FileAnswer& answer) {
+    list = SplitFileList(answer.Filename);
+    for (const std::string& name : list.Names) {
+      if (FileExists(InFolder(list.Folder, name))) continue;
+      dialogs.Ask(question.Title, name + "\nThis file does not exist.\nCreate new file?",
+                  {"&Retry"});
+      return false;
+    }
+    return true;
+  };
+  return AskForFile(dialogs, FileAction::Open, question, allExist) ? list : FileList();
 }
 
 /// The rows as records. "Overflow" when they are too many or a coordinate is too great.
@@ -153,50 +153,44 @@ std::optional<std::string> AcceptedGedText(int column, const std::string& text) 
   return PlainText(static_cast<float>(value));
 }
 
-void RefuseGedCell(Velorix& velorix) {
-  velorix.Dialogs.Ask("Edit aniso", "Input out of limits!", {"OK"});
-}
+void RefuseGedCell(Dialogs& dialogs) { dialogs.Ask("Edit aniso", "Input out of limits!", {"OK"}); }
 
-bool OpenGedFiles(Velorix& velorix, GedSheet& sheet) {
-  const FileList list = AskForFiles(velorix);
+bool OpenGedFiles(Session& session, Dialogs& dialogs, GedSheet& sheet) {
+  const FileList list = AskForFiles(session, dialogs);
   if (list.Names.empty()) return false;
-  if (!ReadGeoFiles(velorix, list)) return false;
-  const RecordArray& records = velorix.Session.GeoRecords;
+  if (!ReadGeoFiles(session, dialogs, list)) return false;
+  const RecordArray& records = session.GeoRecords;
   GedSheet read;
   read.Site = SiteOf(records[1]);
   for (const SpecimenRecord& record : records) read.Rows.push_back(RowOf(record));
   const bool one = list.Names.size() == 1;
-  read.Path = one ? velorix.Session.GeoFile : list.Folder + "\\MULTIPLE FILES";
+  read.Path = one ? session.GeoFile : list.Folder + "\\MULTIPLE FILES";
   if (one) read.Base = BaseName(list.FirstName);
   read.ReadCount = records.Count();
   sheet = std::move(read);
   return true;
 }
 
-bool SaveGedFile(Velorix& velorix, const GedSheet& sheet) {
+bool SaveGedFile(Session& session, Dialogs& dialogs, const GedSheet& sheet) {
   RecordArray records = RecordsOf(sheet);
   if (records.Empty()) {
-    velorix.Dialogs.Ask(SaveTitle, "There is no sample to save.", {"&OK"});
+    dialogs.Ask(SaveTitle, "There is no sample to save.", {"&OK"});
     return false;
   }
   FileQuestion question;
   question.Title = SaveTitle;
-  question.Filter = Filter;
-  question.Folder = velorix.Session.DataFolder;
+  question.Filter = Filter();
+  question.Folder = session.DataFolder;
   question.DefaultName = sheet.Base;
-  for (;;) {
-    const auto answer = velorix.Dialogs.ShowSave(question);
-    if (!answer) return false;
-    question.Again = answer;
-    if (Exists(answer->Filename) &&
-        velorix.Dialogs.Ask(UpperCase(SaveTitle), "Overwrite existing file?", {"&Yes", "&No"}, 1) !=
-            0)
-      continue;
-    if (!WriteGedFile(answer->Filename, records)) return false;
-    velorix.Session.GeoRecords = std::move(records);
-    velorix.Session.GeoFile = answer->Filename;
-    return true;
-  }
+  const auto accepts = [&dialogs](const FileAnswer& answer) {
+    return !FileExists(answer.Filename) ||
+           AskYesNo(dialogs, UpperCase(SaveTitle), "Overwrite existing file?");
+  };
+  const auto answer = AskForFile(dialogs, FileAction::Save, question, accepts);
+  if (!answer || !WriteGedFile(answer->Filename, records)) return false;
+  session.GeoRecords = std::move(records);
+  session.GeoFile = answer->Filename;
+  return true;
 }
 
 std::string GedCaption(const GedSheet& sheet, int room) {

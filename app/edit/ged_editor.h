@@ -6,7 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "app/state/velorix.h"
+#include "app/state/dialogs.h"
+#include "store/session.h"
 
 namespace velorix {
 
@@ -49,17 +50,17 @@ GedSheet NewGedSheet(const Settings& settings);
 /// The text that a cell has after `text` was typed into it: for a number its plain form, or empty
 /// for blanks. Nothing when the number is outside the column's limits.
 std::optional<std::string> AcceptedGedText(int column, const std::string& text);
-/// Tells that a number was outside the limits.
-void RefuseGedCell(Velorix& velorix);
+/// Shows that a number was outside the limits.
+void RefuseGedCell(Dialogs& dialogs);
 
 /// Asks for files, reads them all and fills the sheet: the site from the first sample, a row for
 /// each sample. The session's geological records are those of the sheet then. False, with the sheet
 /// and the session as they were, on cancel or when a file can't be read.
-bool OpenGedFiles(Velorix& velorix, GedSheet& sheet);
+bool OpenGedFiles(Session& session, Dialogs& dialogs, GedSheet& sheet);
 
 /// Asks for a name and writes the rows that are not taken out there, rows without any text left
 /// out; they become the session's geological records. False when nothing was written.
-bool SaveGedFile(Velorix& velorix, const GedSheet& sheet);
+bool SaveGedFile(Session& session, Dialogs& dialogs, const GedSheet& sheet);
 
 /// The window's caption; a path has `room` characters.
 std::string GedCaption(const GedSheet& sheet, int room);

@@ -1,58 +1,21 @@
 #include "app/edit/orientation_editor.h"
 
 #include <algorithm>
-#include <filesystem>
 
+#include "app/files/file_kinds.h"
 #include "app/files/geo_files.h"
-#include "datafiles/ams_file.h"
-#include "datafiles/ran_file.h"
 #include "text/numbers.h"
-#include "text/paths.h"
 
 namespace velorix {
 namespace {
 
-constexpr char GedFilter[] = "GED-file(s) (*.ged)|*.ged|";
 constexpr std::size_t NamesInBox = 40;  // a box must fit a screen
 
-std::string TitleOf(const std::string& action) {
-  if (action == "New") return "New File";
-  return action == "Save" ? "Save Data" : "Open File(s)";
-}
-
-std::string InFolder(const std::string& folder, const std::string& name) {
-  return PathOf(name).is_absolute() ? name : folder + PathSeparator + name;
-}
-
-bool FileExists(const std::string& path) {
-  std::error_code error;
-  const auto status = std::filesystem::status(PathOf(path), error);
-  return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
-}
-
-enum class Answer { Again, Read, NoFile };
-
-/// What to do with the chosen name, going by whether its file exists and what the user says then.
-Answer JudgeName(Velorix& velorix, const std::string& action, const FileList& list) {
-  const std::string title = TitleOf(action);
-  const bool exists = FileExists(InFolder(list.Folder, list.FirstName));
-  if (exists && action == "Open") return Answer::Read;
-  if (exists) {
-    const int answer = velorix.Dialogs.Ask(
-        title, list.FirstName + "\nThis file already exists.\nAppend to existing file?",
-        {"&Yes", "&No"}, 1);
-    return answer == 0 ? Answer::Read : Answer::Again;
-  }
-  const int answer = velorix.Dialogs.Ask(
-      title, list.FirstName + "\nThis file does not exist.\nCreate new file?", {"&Yes", "&No"}, 1);
-  return answer == 0 ? Answer::NoFile : Answer::Again;
-}
-
-void ShowSamples(OrientationEditor& editor, Velorix& velorix, const std::string& title) {
-  const RecordArray& samples = velorix.Session.GeoRecords;
+void ShowSamples(OrientationEditor& editor, const RecordArray& samples, Dialogs& dialogs,
+                 const std::string& title) {
   std::vector<std::string> names;
   for (const SpecimenRecord& sample : samples) names.push_back(sample.Name);
-  if (!names.empty()) velorix.Dialogs.Ask(title, ListedNames(names, NamesInBox, "\n"), {"&OK"});
+  if (!names.empty()) dialogs.Ask(title, ListedNames(names, NamesInBox, "\n"), {"&OK"});
   FillGrid(editor.Samples, RowsOfSamples(samples));
   editor.ShowsSamples = true;
   editor.Matched.clear();
@@ -71,29 +34,22 @@ void ShowStoreRows(OrientationEditor& editor) {
   NoteChange(editor);
 }
 
-void RefillLists(Velorix& velorix) {
-  Session& session = velorix.Session;
-  RefillCodes(velorix.Lists, session.Records, session.FoliCode, session.LineCode);
+void RefillLists(CodeLists& lists, Session& session) {
+  RefillCodes(lists, session.Records, session.FoliCode, session.LineCode);
 }
 
 Outcome WriteCurrentFile(const Session& session) {
   // Writers take the old file away when they get nothing to write.
   if (session.Records.Empty()) return {};
-  // Wanted: "AMS" in upper case matches nothing, other files are not written at all, and of several
-  // open files the first one gets the records of all.
-  return WithFileName(session.CurrentFile, [&]() -> Outcome {
-    if (session.CurrentExt == "ams")
-      return WriteAmsFile(session.CurrentFile, session.Records, false, true);
-    if (session.CurrentExt == "ran")
-      return WriteRanFile(session.CurrentFile, session.Records, false, true, "");
-    return {};
-  });
+  // Kept for agreement with published results: "AMS" in upper case matches nothing, other files are
+  // not written at all, and of several open files the first one gets the records of all.
+  const FileWriter write = WriterOf(session.CurrentExt);
+  return write ? write(session.CurrentFile, session.Records, true) : Outcome();
 }
 
 }  // namespace
 
-void LoadEditor(OrientationEditor& editor, Velorix& velorix) {
-  const Session& session = velorix.Session;
+void LoadEditor(OrientationEditor& editor, const Session& session) {
   editor = {};
   FillGrid(editor.Grid, RowsOf(session.Records));
   editor.Line =
@@ -104,42 +60,30 @@ void LoadEditor(OrientationEditor& editor, Velorix& velorix) {
                    " sample(s) is open for AssignGED.";
 }
 
-void OpenGed(OrientationEditor& editor, Velorix& velorix, const std::string& action) {
-  Session& session = velorix.Session;
+void OpenGed(OrientationEditor& editor, Session& session, CodeLists& lists, Dialogs& dialogs,
+             FileAction action) {
   ForgetGeoFile(session);
   if (editor.ShowsSamples) ShowStoreRows(editor);
-  FileQuestion question;
-  question.Title = TitleOf(action);
-  question.Folder = session.DataFolder;
-  question.Multi = action == "Open";
-  question.MaxFileSize = question.Multi ? 32767 : 2048;
-  question.Filter = GedFilter;
-  for (const OpenFilter& filter : OpenFilters()) question.Filter += filter.Text;
-  for (;;) {
-    const auto answer =
-        action == "Save" ? velorix.Dialogs.ShowSave(question) : velorix.Dialogs.ShowOpen(question);
-    if (!answer) return;
-    const FileList list = SplitFileList(answer->Filename);
-    switch (JudgeName(velorix, action, list)) {
-      case Answer::Again:
-        question.Again = answer;
-        continue;
-      case Answer::NoFile:  // wanted: the new file starts from an empty store
-        ClearStore(session);
-        RefillLists(velorix);
-        FillGrid(editor.Grid, {});
-        break;
-      case Answer::Read:
-        if (answer->FilterIndex != 1) return;  // the other types read nothing
-        if (!ReadGeoFiles(velorix, list)) return;
-        break;
-    }
-    return ShowSamples(editor, velorix, question.Title);
+  FileQuestion question = DataFileQuestion(session, action);
+  question.Filter = GedFilter() + OpenFilters();
+  const auto takesMissing = [&](const std::string& name) {
+    return AskYesNo(dialogs, question.Title,
+                    name + "\nThis file does not exist.\nCreate new file?");
+  };
+  const auto chosen = AskForDataFiles(dialogs, action, question, takesMissing);
+  if (!chosen) return;
+  if (chosen->Exists) {
+    if (chosen->Filter != 1) return;  // the other types read nothing
+    if (!ReadGeoFiles(session, dialogs, chosen->List)) return;
+  } else {  // kept for agreement with published results: the new file starts from an empty store
+    ClearStore(session);
+    RefillLists(lists, session);
+    FillGrid(editor.Grid, {});
   }
+  ShowSamples(editor, session.GeoRecords, dialogs, question.Title);
 }
 
-void AssignGed(OrientationEditor& editor, Velorix& velorix) {
-  const Session& session = velorix.Session;
+void AssignGed(OrientationEditor& editor, const Session& session) {
   ShowStoreRows(editor);
   if (session.GeoRecords.Empty()) {
     editor.Line = "No geological file is open: OpenGED reads one.";
@@ -150,9 +94,9 @@ void AssignGed(OrientationEditor& editor, Velorix& velorix) {
   editor.Line = MatchLine(matches);
 }
 
-void WriteGrid(OrientationEditor& editor, Velorix& velorix) {
+void WriteGrid(OrientationEditor& editor, const Session& session) {
   ShowStoreRows(editor);
-  const std::vector<EditRow> rows = RowsOf(velorix.Session.Records);
+  const std::vector<EditRow> rows = RowsOf(session.Records);
   std::vector<CellText> texts;
   for (int row = 1; row <= editor.Grid.RowCount(); ++row)
     for (int column = 1; column <= EditColumns; ++column)
@@ -161,13 +105,12 @@ void WriteGrid(OrientationEditor& editor, Velorix& velorix) {
   NoteChange(editor, changed ? "What was typed is discarded; Ctrl+Z brings it back." : "");
 }
 
-bool SaveGrid(OrientationEditor& editor, Velorix& velorix) {
-  CommitGrid(editor.Grid, velorix.Session.Records);
-  RefillLists(velorix);
-  const Outcome outcome = WriteCurrentFile(velorix.Session);
-  if (outcome || outcome.Text.empty()) return true;
-  velorix.Dialogs.Ask(outcome.Title, outcome.Text, {"&OK"});
-  return false;
+bool SaveGrid(OrientationEditor& editor, Session& session, CodeLists& lists, Dialogs& dialogs) {
+  CommitGrid(editor.Grid, session.Records);
+  RefillLists(lists, session);
+  const Outcome outcome = WriteCurrentFile(session);
+  Show(dialogs, outcome);
+  return outcome || outcome.Text.empty();
 }
 
 void EditCells(OrientationEditor& editor, std::vector<CellText> texts) {

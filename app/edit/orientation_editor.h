@@ -5,7 +5,8 @@
 
 #include "app/edit/assign_ged.h"
 #include "app/edit/edit_grid.h"
-#include "app/state/velorix.h"
+#include "app/files/ask_file.h"
+#include "app/state/code_lists.h"
 
 namespace velorix {
 
@@ -24,24 +25,25 @@ struct OrientationEditor {
 
 /// The store's contents go into the grid. A geological file that is open, as the editor of such
 /// files read or saved it last, is there for "AssignGED".
-void LoadEditor(OrientationEditor& editor, Velorix& velorix);
+void LoadEditor(OrientationEditor& editor, const Session& session);
 
-/// "OpenGED": empties `GeoRecords`, asks for geological files with the file dialog for "New",
-/// "Open" or "Save", reads them there, lists the names in a box and shows the samples. They are
-/// shown to be looked at: the rows of the store wait with all that was typed, also after a failed
-/// read.
-void OpenGed(OrientationEditor& editor, Velorix& velorix, const std::string& action);
+/// "OpenGED": empties `GeoRecords`, asks for geological files with the file dialog of an action,
+/// reads them there, lists the names in a box and shows the samples. They are shown to be looked
+/// at: the rows of the store wait with all that was typed, also after a failed read. A file that
+/// does not exist empties the store, if the user agrees.
+void OpenGed(OrientationEditor& editor, Session& session, CodeLists& lists, Dialogs& dialogs,
+             FileAction action);
 /// "AssignGED" from `GeoRecords`, which shows the store's rows again.
-void AssignGed(OrientationEditor& editor, Velorix& velorix);
-/// "Write": the grid shows the store again. Wanted, despite the caption: what was typed is
-/// discarded. It can be undone.
-void WriteGrid(OrientationEditor& editor, Velorix& velorix);
+void AssignGed(OrientationEditor& editor, const Session& session);
+/// "Write": the grid shows the store again. Kept for agreement with published results: what was
+/// typed is discarded, despite the caption. It can be undone.
+void WriteGrid(OrientationEditor& editor, const Session& session);
 /// "SAVE": commits the grid, fills the lists of codes again (`RefillCodes`), and writes the open
 /// file when it is of a kind that can be written, with the extension in lower case. While samples
 /// are shown it commits the rows of the store that wait behind them. False when the writer refused,
 /// with its message shown, and a fault when the disk did; the records in memory are changed then.
 /// An overflow changes nothing.
-bool SaveGrid(OrientationEditor& editor, Velorix& velorix);
+bool SaveGrid(OrientationEditor& editor, Session& session, CodeLists& lists, Dialogs& dialogs);
 
 /// Changes of the user: typing, and pasting a block. Nothing happens while samples are shown.
 void EditCells(OrientationEditor& editor, std::vector<CellText> texts);

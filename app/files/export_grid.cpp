@@ -5,8 +5,9 @@
 #include <fstream>
 #include <iterator>
 
-#include "app/files/save.h"
+#include "app/files/ask_file.h"
 #include "app/tables/record_grid.h"
+#include "datafiles/file_faults.h"
 #include "datafiles/safe_write.h"
 #include "text/code_page.h"
 #include "text/numbers.h"
@@ -21,7 +22,7 @@ constexpr char Title[] = "Export Data";
 constexpr std::size_t PrintZone = 14;
 constexpr std::size_t BlockSize = 1u << 16;  // bytes that are written at a time
 
-/// Brings the cell that begins at `start` into the code page, and without its blanks if told.
+/// Brings the cell that begins at `start` into the code page; `stripBlanks` removes its blanks.
 void PutInForm(std::string& text, std::size_t start, bool stripBlanks) {
   bool plain = true;  // as nearly every cell: no blank, and nothing that the code page changes
   for (const char c : std::string_view(text).substr(start))
@@ -33,8 +34,8 @@ void PutInForm(std::string& text, std::size_t start, bool stripBlanks) {
                text.end());
 }
 
-/// Fills the print zones that a value of `length` characters takes. One that fills its zone has no
-/// blank before the next value: this is wanted.
+/// Fills the print zones that a value of `length` characters takes. Kept for agreement with
+/// published results: one that fills its zone has no blank before the next value.
 void FillZone(std::string& text, std::size_t length) {
   const std::size_t zones = std::max<std::size_t>(1, (length + PrintZone - 1) / PrintZone);
   text.append(zones * PrintZone - length, ' ');
@@ -58,7 +59,7 @@ void WriteRows(const GridTexts& grid, const ExportForm& form, bool header, std::
       if (inZones)
         FillZone(block, block.size() - start);
       else
-        block += cellEnd;  // behind the last value too: this is wanted
+        block += cellEnd;  // kept for agreement with published results: behind the last value too
     }
     block += "\r\n";
     if (block.size() >= BlockSize) write();
@@ -66,12 +67,19 @@ void WriteRows(const GridTexts& grid, const ExportForm& form, bool header, std::
   write();
 }
 
-/// All of a file; less is a failure of `out`.
-void CopyFile(const fs::path& path, std::ostream& out) {
-  std::ifstream in(path, std::ios::binary);
+/// The size of a regular file, 0 for anything else.
+std::uintmax_t SizeOf(const std::string& path) {
+  return OnFile(path, [&path]() -> std::uintmax_t {
+    const fs::path file = PathOf(path);
+    return fs::is_regular_file(file) ? fs::file_size(file) : 0;
+  });
+}
+
+/// All `size` bytes of a file; less is a failure of `out`.
+void CopyFile(const std::string& path, std::uintmax_t size, std::ostream& out) {
+  std::ifstream in(PathOf(path), std::ios::binary);
   out << in.rdbuf();
-  if (static_cast<std::uintmax_t>(out.tellp()) != fs::file_size(path))
-    out.setstate(std::ios::failbit);
+  if (static_cast<std::uintmax_t>(out.tellp()) != size) out.setstate(std::ios::failbit);
 }
 
 }  // namespace
@@ -97,41 +105,39 @@ GridTexts RecordGridTexts(const Session& session) {
 
 bool ExportGrid(const GridTexts& grid, const std::string& path, const ExportForm& form) {
   try {
-    const fs::path old = PathOf(path);
-    const bool goesOn = form.Append && fs::is_regular_file(old) && fs::file_size(old) > 0;
+    const std::uintmax_t kept = form.Append ? SizeOf(path) : 0;
     SafeWrite(path, [&](std::ostream& out) {
-      if (goesOn) CopyFile(old, out);
-      WriteRows(grid, form, !goesOn, out);
+      if (kept > 0) CopyFile(path, kept, out);
+      WriteRows(grid, form, kept == 0, out);
     });
     return true;
-  } catch (const fs::filesystem_error&) {
+  } catch (const FileFault&) {
     return false;
   }
 }
 
-void ExportData(Velorix& velorix) {
+void ExportData(const Session& session, Dialogs& dialogs, Views& views, DebugLog& log) {
   enum Choice { Append, Overwrite, Cancel };
-  FileQuestion question = SaveQuestion(velorix.Session, Title);
-  for (const ExportFilter& filter : ExportFilters) question.Filter += filter.Text;
-  for (;;) {
-    const auto answer = velorix.Dialogs.ShowSave(question);
-    if (!answer) return;
-    question.Again = answer;
-    ExportForm form;
-    const int filter = std::clamp<int>(answer->FilterIndex, 1, std::ssize(ExportFilters));
-    form.Delimiter = ExportFilters[filter - 1].Delimiter;
-    if (HasFile(answer->Filename)) {
-      const int choice =
-          velorix.Dialogs.Ask(Title, answer->Filename + "\n\nThis file already exists.",
-                              {"&Append", "&Overwrite", "&Cancel"}, Append);
-      if (choice == Cancel) continue;
-      form.Append = choice == Append;
-    }
-    // A file that can't be written ends the command without a word: this is wanted.
-    if (ExportGrid(RecordGridTexts(velorix.Session), answer->Filename, form))
-      return TellWritten(velorix, answer->Filename);
-    return velorix.Log.DebugPrint("Export failed: " + answer->Filename);
-  }
+  FileQuestion question = SaveQuestion(session, Title);
+  for (const ExportKind& kind : ExportKinds)
+    question.Filter += FilterText(kind.Caption, kind.Extension);
+  ExportForm form;
+  const auto accepts = [&](const FileAnswer& answer) {
+    if (!FileExists(answer.Filename)) return true;
+    const int choice = dialogs.Ask(Title, answer.Filename + "\n\nThis file already exists.",
+                                   {"&Append", "&Overwrite", "&Cancel"}, Append);
+    form.Append = choice == Append;
+    return choice != Cancel;
+  };
+  const auto answer = AskForFile(dialogs, FileAction::Save, question, accepts);
+  if (!answer) return;
+  const int kind = std::clamp<int>(answer->FilterIndex, 1, std::ssize(ExportKinds));
+  form.Delimiter = ExportKinds[kind - 1].Delimiter;
+  if (ExportGrid(RecordGridTexts(session), answer->Filename, form))
+    return ShowWritten(views, answer->Filename);
+  // Kept for agreement with published results: the user sees nothing of a file that can't be
+  // written.
+  log.DebugPrint("Export failed: " + answer->Filename);
 }
 
 }  // namespace velorix

@@ -3,7 +3,10 @@
 #include <functional>
 #include <string>
 
-#include "app/state/velorix.h"
+#include "app/state/debug_log.h"
+#include "app/state/dialogs.h"
+#include "app/state/views.h"
+#include "store/session.h"
 
 namespace velorix {
 
@@ -34,22 +37,25 @@ struct ExportForm {
 /// one blank and the delimiter; where the delimiter is nothing but blanks, the value fills fields
 /// of 14 characters. The header rows go only into a file without content. The memory it takes does
 /// not depend on the number of rows. False when the file could not be written, which then is as it
-/// was; nobody is told.
+/// was.
 bool ExportGrid(const GridTexts& grid, const std::string& path, const ExportForm& form);
 
 /// A choice of the export dialog.
-struct ExportFilter {
-  const char* Text;
+struct ExportKind {
+  const char* Word;  // of the console: "comma"
+  const char* Caption;
+  const char* Extension;
   const char* Delimiter;
 };
-inline constexpr ExportFilter ExportFilters[] = {
-    {"Comma-delimited text file (*.csv)|*.csv|", ","},
-    {"Space-delimited text file (*.txt)|*.txt|", " "},
-    {"Semicolon-delimited text file (*.txt)|*.txt|", ";"},
-    {"Tab-delimited text file (*.txt)|*.txt|", "\t"},
+inline constexpr ExportKind ExportKinds[] = {
+    {"comma", "Comma-delimited text file", "csv", ","},
+    {"space", "Space-delimited text file", "txt", " "},
+    {"semicolon", "Semicolon-delimited text file", "txt", ";"},
+    {"tab", "Tab-delimited text file", "txt", "\t"},
 };
 
-/// Asks for a file and writes the record grid there.
-void ExportData(Velorix& velorix);
+/// Asks for a file and writes the record grid there. A file that can't be written is only noted in
+/// the log.
+void ExportData(const Session& session, Dialogs& dialogs, Views& views, DebugLog& log);
 
 }  // namespace velorix

@@ -1,36 +1,21 @@
 #include "app/files/geo_files.h"
 
 #include "datafiles/ged_file.h"
-#include "text/paths.h"
 
 namespace velorix {
-namespace {
 
-void ShowRefusal(Dialogs& dialogs, const Outcome& outcome) {
-  if (outcome.Text.empty()) return;
-  if (outcome.IsWarning)
-    dialogs.Warn(outcome.Title, outcome.Text);
-  else
-    dialogs.Ask(outcome.Title, outcome.Text, {"OK"});
-}
+std::string GedFilter() { return FilterText("GED-file(s)", "ged"); }
 
-/// The dialog may give a name with a folder of its own.
-std::string PathIn(const FileList& list, const std::string& name) {
-  return Utf8Of(PathOf(list.Folder) / PathOf(name));
-}
-
-}  // namespace
-
-bool ReadGeoFiles(Velorix& velorix, const FileList& list) {
+bool ReadGeoFiles(Session& session, Dialogs& dialogs, const FileList& list) {
   RecordArray samples;
-  for (const std::string& name : list.Names) {
-    const Outcome outcome = ReadGedFile(PathIn(list, name), samples);
+  for (const std::string& path : list.Paths()) {
+    const Outcome outcome = ReadGedFile(path, samples);
     if (outcome) continue;
-    ShowRefusal(velorix.Dialogs, outcome);
+    Show(dialogs, outcome, "OK");
     return false;
   }
-  velorix.Session.GeoRecords = std::move(samples);
-  velorix.Session.GeoFile = PathIn(list, list.FirstName);
+  session.GeoRecords = std::move(samples);
+  session.GeoFile = list.FirstPath();
   return true;
 }
 

@@ -1,12 +1,9 @@
 #include "app/files/graphics_page.h"
 
-#include <algorithm>
-#include <filesystem>
-#include <iterator>
-
 #include "app/display/display.h"
-#include "app/files/save.h"
+#include "app/files/ask_file.h"
 #include "app/tables/data_table.h"
+#include "base/fault.h"
 #include "base/rounding.h"
 #include "datafiles/safe_write.h"
 #include "plot/drawing/metafile_target.h"
@@ -16,8 +13,6 @@
 
 namespace velorix {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr char SaveTitle[] = "Save graphics", ExportTitle[] = "Export graphics";
 constexpr char PrintTitle[] = "Print", DocumentName[] = "Pelt4Q";
@@ -31,28 +26,34 @@ constexpr PlotGeometry XYPlotPlaces[] = {
     {.left = 60,  .bottom = 620, .width = 320, .height = 180, .fontHeight = 9, .symbolSize = 8, .barLeft = 23, .barRight = 31, .barTitle = 45},
     {.left = 530, .bottom = 620, .width = 320, .height = 180, .fontHeight = 9, .symbolSize = 8, .barLeft = 23, .barRight = 31, .barTitle = 45}};
 
-/// Types of files. The first is the metafile; for all others the extension alone counts.
-constexpr const char* Filters[] = {
-    "Windows metafile (*.wmf)|*.wmf|",
-    "Bitmap Files (*.bmp)|*.bmp|",
-    "Graphics Interchange Format (*.gif)|*.gif|",
-    "Tagged Image Format (*.tif)|*.tif|",
-    "Portable Network Graphics (*.png)|*.png|",
-    "Joint Photographic Experts Group (*.jpg)|*.jpg|",
-    "Scalable Vector Graphics (*.svg)|*.svg|",
-    "Portable Document Format (*.pdf)|*.pdf|",
+/// A type of files. The filter of the metafile, the first one, gives a metafile under any name; for
+/// all others the extension alone counts.
+struct PageKind {
+  const char *Caption, *Extension;
+  const char* OtherExtension;  // that is the same type
+  double Scale;                // of its pictures; 0: the host makes none
+};
+constexpr PageKind Kinds[] = {
+    {"Windows metafile",                   "wmf", "",     0},
+    {"Bitmap Files",                       "bmp", "",     BitmapScale},
+    {"Graphics Interchange Format",        "gif", "",     BitmapScale},
+    {"Tagged Image Format",                "tif", "tiff", BitmapScale},
+    {"Portable Network Graphics",          "png", "",     BitmapScale},
+    {"Joint Photographic Experts Group",   "jpg", "jpeg", BitmapScale},
+    {"Scalable Vector Graphics",           "svg", "",     1},
+    {"Portable Document Format",           "pdf", "",     1},
 };
 constexpr int MetafileFilter = 1;
-
-struct Encoder {
-  const char* Extension;
-  double Scale;
-};
-constexpr Encoder Encoders[] = {
-    {"PNG", BitmapScale}, {"GIF", BitmapScale},  {"JPG", BitmapScale}, {"JPEG", BitmapScale},
-    {"TIF", BitmapScale}, {"TIFF", BitmapScale}, {"BMP", BitmapScale}, {"SVG", 1}, {"PDF", 1},
-};
 // clang-format on
+
+/// The scale of pictures with an extension, in any case of letters; 0 for those that nobody makes.
+double ScaleOf(const std::string& extension) {
+  const std::string lower = LowerCase(extension);
+  for (const PageKind& kind : Kinds)
+    if (!lower.empty() && (lower == kind.Extension || lower == kind.OtherExtension))
+      return kind.Scale;
+  return 0;
+}
 
 /// A place on the page, times `s`.
 template <class Geometry>
@@ -70,9 +71,9 @@ bool WriteMetafile(Velorix& velorix, const std::string& path) {
   try {
     SafeWrite(path, [&](std::ostream& out) { out << bytes; });
     return true;
-  } catch (const fs::filesystem_error& error) {
-    // The user isn't told: this is wanted.
-    velorix.Log.DebugPrint("Metafile failed: " + path + ": " + error.code().message());
+  } catch (const FileFault& fault) {
+    // Kept for agreement with published results: the user sees nothing of it.
+    velorix.Log.DebugPrint("Metafile failed: " + path + ": " + fault.what());
     return false;
   }
 }
@@ -101,13 +102,13 @@ std::string GraphicsMetafile(const Velorix& velorix) {
 
 void SaveGraphics(Velorix& velorix) {
   FileQuestion question = SaveQuestion(velorix.Session, SaveTitle);
-  for (const char* filter : Filters) question.Filter += filter;
+  for (const PageKind& kind : Kinds) question.Filter += FilterText(kind.Caption, kind.Extension);
   // Only the proposed name gets an extension. One typed without it names no encoder and is refused.
   question.AddsExtension = false;
-  const auto answer = AskWhereToSave(velorix, question);
+  const auto answer = AskWhereToSave(velorix.Dialogs, question);
   if (!answer) return;
   if (ExportGraphics(velorix, answer->Filename, answer->FilterIndex != MetafileFilter))
-    TellWritten(velorix, answer->Filename);
+    ShowWritten(velorix.Views, answer->Filename);
 }
 
 bool ExportGraphics(Velorix& velorix, const std::string& path, bool asBitmap) {
@@ -116,20 +117,16 @@ bool ExportGraphics(Velorix& velorix, const std::string& path, bool asBitmap) {
   const Outcome outcome = SaveBitmapAs(velorix.Host, draw, path);
   if (outcome) return true;
   velorix.Log.DebugPrint("Picture failed: " + outcome.Text);
-  velorix.Dialogs.Ask(ExportTitle, path + "\nFile was not saved!", {"&OK"});
+  Show(velorix.Dialogs, Outcome::Refused(ExportTitle, path + "\nFile was not saved!"));
   return false;
 }
 
 Outcome SaveBitmapAs(const Host& host, const std::function<void(Target&, double s)>& picture,
                      const std::string& path) {
-  const std::string extension = UpperCase(ExtensionOf(path));
-  const auto encoder = std::find_if(std::begin(Encoders), std::end(Encoders),
-                                    [&](const Encoder& e) { return extension == e.Extension; });
-  if (encoder == std::end(Encoders))
-    return Outcome::Refused(ExportTitle, path + "\nNo encoder has this extension.");
+  const double s = ScaleOf(ExtensionOf(path));
+  if (s == 0) return Outcome::Refused(ExportTitle, path + "\nNo encoder has this extension.");
   if (!host.WritePicture)
     return Outcome::Refused(ExportTitle, path + "\nThis build has no encoders.");
-  const double s = encoder->Scale;
   return host.WritePicture(path, Scaled(GraphicsPage, s), 1,
                            [&](Target& target) { picture(target, s); });
 }
@@ -142,9 +139,10 @@ void CopyGraphics(Velorix& velorix) {
 
 void PrintGraphics(Velorix& velorix) {
   if (!velorix.Host.PrintPicture) return;
-  const Outcome outcome = velorix.Host.PrintPicture(
+  Outcome outcome = velorix.Host.PrintPicture(
       DocumentName, GraphicsPage, [&](Target& target) { DrawGraphicsPage(velorix, target, 1); });
-  if (!outcome && !outcome.Text.empty()) velorix.Dialogs.Ask(PrintTitle, outcome.Text, {"&OK"});
+  outcome.Title = PrintTitle;
+  Show(velorix.Dialogs, outcome);
 }
 
 }  // namespace velorix

@@ -26,14 +26,13 @@ std::string GraphicsMetafile(const Velorix& velorix);
 /// Asks for a file and writes the page there.
 void SaveGraphics(Velorix& velorix);
 
-/// Writes the page: as a metafile, which fails in silence, or as a picture of the type that the
-/// extension tells, of whose failure the user is told. True on success. The old file stays when it
-/// fails.
+/// Writes the page: as a metafile, which fails in silence, or as a picture of the extension's type,
+/// which shows a box when it fails. True on success. The old file stays when it fails.
 bool ExportGraphics(Velorix& velorix, const std::string& path, bool asBitmap);
 
-/// Writes what `picture` draws on the page as a picture of the type that the path's extension
-/// tells: png, gif, jpg, jpeg, tif, tiff or bmp with the scale of pixels, svg or pdf with scale 1.
-/// Another extension, or none, is refused.
+/// Writes what `picture` draws on the page as a picture of the type of the path's extension: png,
+/// gif, jpg, jpeg, tif, tiff or bmp with the scale of pixels, svg or pdf with scale 1. Another
+/// extension, or none, is refused.
 Outcome SaveBitmapAs(const Host& host, const std::function<void(Target&, double s)>& picture,
                      const std::string& path);
 

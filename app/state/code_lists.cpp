@@ -28,11 +28,6 @@ bool AddCodes(CodeList& list, const Array1<std::string, 4>& codes, int itemData,
   return added;
 }
 
-void SelectFirst(CodeList& list, std::string& code) {
-  list.ListIndex = 0;
-  code = list.Text();
-}
-
 void KeepChoice(CodeList& list, const CodeList& before) {
   for (std::size_t i = 0; i < list.Entries.size(); ++i)
     if (before.ListIndex >= 0 && list.Entries[i].Text == before.Text())
@@ -86,8 +81,7 @@ void ListAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData) 
     lists.lineationsShown.Entries.front().Selected = true;
 }
 
-void ComboAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData,
-                   std::string& foliCode, std::string& lineCode) {
+void ComboAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData) {
   const bool foliation =
       AddCodes(lists.foliationsInUse, record.FoliName, itemData, FoliationColour);
   bool lineation = AddCodes(lists.lineationsInUse, record.LineName, itemData, LineationColour);
@@ -95,10 +89,8 @@ void ComboAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData,
     lists.lineationsInUse.Add({"0", itemData, StrikeColour});
     lineation = true;
   }
-  if (foliation && lists.foliationsInUse.ListIndex < 0)
-    SelectFirst(lists.foliationsInUse, foliCode);
-  if (lineation && lists.lineationsInUse.ListIndex < 0)
-    SelectFirst(lists.lineationsInUse, lineCode);
+  if (foliation && lists.foliationsInUse.ListIndex < 0) lists.foliationsInUse.ListIndex = 0;
+  if (lineation && lists.lineationsInUse.ListIndex < 0) lists.lineationsInUse.ListIndex = 0;
 }
 
 void ResetCodes(CodeLists& lists) {
@@ -113,7 +105,7 @@ void RefillCodes(CodeLists& lists, const RecordArray& records, std::string& foli
   ResetCodes(lists);
   for (const SpecimenRecord& record : records) {
     ListAddCodes(lists, record, FromData);
-    ComboAddCodes(lists, record, FromData, foliCode, lineCode);
+    ComboAddCodes(lists, record, FromData);
   }
   KeepTicks(lists.foliationsShown, before.foliationsShown);
   KeepTicks(lists.lineationsShown, before.lineationsShown);

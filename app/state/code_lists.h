@@ -50,10 +50,9 @@ struct CodeLists {
 void ListAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData);
 
 /// Adds the codes of slots 1 and 2 to the lists of codes in use. A lineation list that stays empty
-/// gets "0", the code for the strike of the foliation. A list without a selection that got
-/// an entry selects the first, and `foliCode` or `lineCode` becomes its text.
-void ComboAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData,
-                   std::string& foliCode, std::string& lineCode);
+/// gets "0", the code for the strike of the foliation. A list without a selection that got an entry
+/// selects the first.
+void ComboAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData);
 
 /// Takes the codes found in the data away.
 void ResetCodes(CodeLists& lists);

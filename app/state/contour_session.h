@@ -4,6 +4,7 @@
 #include <string>
 
 #include "plot/plots/contour.h"
+#include "stats/contour_grid.h"
 #include "stats/density.h"
 
 namespace velorix {
@@ -16,9 +17,10 @@ struct ContourSubject {
 };
 
 /// What the contour window holds: its controls, the data in the picture and, unless `Count` is
-/// empty, the count and what it is of. The densities stand in the session's grid.
+/// empty, the count and what it is of. The densities are in `Grid`.
 struct ContourSession {
   ContourOptions Options;
+  ContourGrid Grid;
   ContourSubject InView, OfCount;
   std::int16_t Smooth = 0;  // of the count
   DensityCount Count;

@@ -1,9 +1,9 @@
 #include "app/state/debug_log.h"
 
 #include <cerrno>
-#include <filesystem>
 
 #include "base/timer.h"
+#include "datafiles/file_faults.h"
 #include "text/dates.h"
 #include "text/paths.h"
 
@@ -12,10 +12,7 @@ namespace velorix {
 void DebugLog::Open(const std::string& path) {
   errno = 0;
   file_ = std::ofstream(PathOf(path), std::ios::binary | std::ios::trunc);
-  if (!file_)
-    throw std::filesystem::filesystem_error(
-        "cannot write", PathOf(path),
-        std::error_code(errno != 0 ? errno : EIO, std::generic_category()));
+  if (!file_) FailOnFile(path);
 }
 
 void DebugLog::DebugPrint(std::string_view text, bool noNewline, bool asIs) {

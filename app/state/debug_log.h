@@ -12,7 +12,7 @@ class DebugLog {
   bool ToFile = true;
   int Indent = 0;  // steps of two blanks
 
-  /// Starts the file at `path` (UTF-8) empty. A std::filesystem::filesystem_error when it can't be
+  /// Starts the file at `path` (UTF-8) empty. A `FileFault` when it can't be
   /// written.
   void Open(const std::string& path);
 

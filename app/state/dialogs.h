@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "base/outcome.h"
+
 namespace velorix {
 
 /// What the user chose: one path, or for several files the folder, a zero character and the names,
@@ -18,7 +20,7 @@ struct FileAnswer {
 /// What a file dialog is asked to show.
 struct FileQuestion {
   std::string Title;
-  std::string Filter;         // "text|pattern|" pairs, as the lists of filters give them
+  std::string Filter;         // "text|pattern|" pairs, as `FilterText` makes them
   std::string Folder;         // initial folder, empty for the host's own choice
   std::string DefaultName;    // proposed when saving, without the extension, which the dialog adds
   bool Multi = false;         // several files may be chosen
@@ -41,5 +43,9 @@ struct Dialogs {
   /// A box with a warning's icon, where there are icons, and the one button "OK".
   virtual void Warn(const std::string& title, const std::string& text) { Ask(title, text, {"OK"}); }
 };
+
+/// Shows why a reader or writer refused, in a box with the one button `button`; a warning in a
+/// warning's box. Nothing is shown for a silent refusal, nor for what was done.
+void Show(Dialogs& dialogs, const Outcome& outcome, const char* button = "&OK");
 
 }  // namespace velorix

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -9,12 +8,12 @@
 #include "app/state/contour_session.h"
 #include "app/state/debug_log.h"
 #include "app/state/dialogs.h"
+#include "app/state/host.h"
+#include "app/state/page_options.h"
 #include "app/state/views.h"
-#include "base/outcome.h"
 #include "plot/axes/columns.h"
 #include "plot/net/stereo.h"
 #include "plot/plots/xy_plot.h"
-#include "stats/contour_grid.h"
 #include "stats/group_statistics.h"
 #include "store/session.h"
 
@@ -22,32 +21,6 @@ namespace velorix {
 
 inline constexpr char ProgramTitle[] = "Velorix5";
 inline constexpr char ReleaseLine[] = "06-April-2018";
-
-/// What the program asks of the system it runs on.
-struct Host {
-  std::string AppFolder;  // where settings and log stand; it can be written
-  std::string DataRoot;   // root of the data folders
-  /// Names of the files in `folder` with the extension, in any case, in name order.
-  std::function<std::vector<std::string>(const std::string& folder, const std::string& extension)>
-      ListFolder;
-  // Pictures, where the host can make them; `draw` draws on the plane.
-  using DrawPicture = std::function<void(Target&)>;
-  /// A file of the type that the extension tells; `scale` pixels make a unit of the plane.
-  std::function<Outcome(const std::string& path, PlaneSize plane, double scale,
-                        const DrawPicture& draw)>
-      WritePicture = {};
-  /// On the clipboard, as the bytes of a metafile's file and in the host's own vectors.
-  std::function<void(const std::string& metafile, PlaneSize plane, const DrawPicture& draw)>
-      CopyPicture = {};
-  /// Asks for a printer and prints on it, the plane whole and undistorted.
-  std::function<Outcome(const std::string& document, PlaneSize plane, const DrawPicture& draw)>
-      PrintPicture = {};
-};
-
-/// Which plots go on the page of `ExportGraphics`.
-struct PageOptions {
-  bool stereonet = true, histogram = true, xyPlot1 = true, xyPlot2 = true;
-};
 
 /// Which of the windows beside the main one stand open.
 struct OpenWindows {
@@ -58,10 +31,12 @@ struct OpenWindows {
 };
 
 /// The running program: the session, the tables made at start-up, what the controls of the windows
-/// decide, and the ways to the user. `main` owns the one object; every command gets it.
+/// decide, and the ways to the user. `main` owns the one object; commands and windows know it, and
+/// hand on what a routine touches.
 struct Velorix {
   velorix::Dialogs& Dialogs;
   velorix::Views& Views;
+  WindowOpener& Opener;
   velorix::Host Host;
 
   velorix::Session Session = {};
@@ -75,7 +50,6 @@ struct Velorix {
   OpenWindows Windows = {};
   velorix::GroupStats GroupStats = {};
   std::vector<float> GaussTable = {};
-  velorix::ContourGrid ContourGrid = {};
   ContourSession Contour = {};
   DebugLog Log = {};
 };

@@ -4,8 +4,8 @@
 
 namespace velorix {
 
-/// What the program tells its windows; `platform/` fulfils it. No view decides anything: each looks
-/// at the `Velorix` object it was made with.
+/// What shows the session. The program calls it after each change; `platform/` implements it. No
+/// view decides anything: each reads the `Velorix` object that it was made with.
 struct Views {
   virtual ~Views() = default;
   /// The main window's caption, and how many characters of a path have room in it.
@@ -27,12 +27,19 @@ struct Views {
   virtual void RedrawStereo() = 0;
   virtual void RedrawHisto() = 0;
   virtual void RedrawXYPlot(int plot) = 0;
-  /// The windows beside the main one open and shut as `Velorix::Windows` says.
-  virtual void ShowWindows() = 0;
   /// The group statistics have changed.
   virtual void RefreshGroupStatistics() = 0;
   /// The data in the contour window have changed.
   virtual void RefreshContour() = 0;
+  /// A line of the status bar, for a short time.
+  virtual void ShowStatus(const std::string& text) = 0;
+};
+
+/// What opens and shuts windows; `platform/` implements it.
+struct WindowOpener {
+  virtual ~WindowOpener() = default;
+  /// The windows beside the main one open and shut as `Velorix::Windows` says.
+  virtual void ShowWindows() = 0;
   virtual void ShowAbout() = 0;
   /// Opens the window of the manual, or raises it.
   virtual void ShowManual() = 0;
@@ -44,8 +51,6 @@ struct Views {
   virtual void ShowGedEditor() = 0;
   /// Asks the main window to close, which asks the exit question.
   virtual void Exit() = 0;
-  /// A line of the status bar, for a short time.
-  virtual void ShowStatus(const std::string& text) = 0;
 };
 
 }  // namespace velorix

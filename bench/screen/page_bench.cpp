@@ -24,7 +24,7 @@ namespace {
 struct Page {
   ScriptedDialogs Asked;
   RecordedViews Seen;
-  Velorix Program{Asked, Seen, Host()};
+  Velorix Program{Asked, Seen, Seen, Host()};
 
   Page() {
     FillGaussTable(Program.GaussTable, [] {});

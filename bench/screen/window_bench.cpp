@@ -46,7 +46,7 @@ struct FullWindow {
 
   ScriptedDialogs Asked;
   frmVelorix Window;
-  Velorix Program{Asked, Window, {}};
+  Velorix Program{Asked, Window, Window, {}};
 };
 
 void RefreshAfterASelection(benchmark::State& state) {

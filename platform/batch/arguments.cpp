@@ -5,7 +5,9 @@
 #include <charconv>
 #include <filesystem>
 
-#include "app/files/open_flow.h"
+#include "app/files/export_grid.h"
+#include "app/files/file_kinds.h"
+#include "app/state/velorix.h"
 #include "platform/batch/contour_output.h"
 #include "platform/painting/picture_file.h"
 #include "text/paths.h"
@@ -27,21 +29,30 @@ using Place = std::variant<Choice, bool Arguments::*, int Arguments::*, std::str
 struct OptionRow {
   const char* Name;
   std::string Value;  // what the help calls it; words to choose from stand between bars; "": a flag
-  const char* Help;
+  std::string Help;
   velorix::Place Place;
   bool Repeats = false;
 };
 
-std::string FormatNames() {
-  std::string names;
-  for (const OpenFilter& filter : OpenFilters())
-    names += std::string(names.empty() ? "" : "|") + filter.Name;
-  return names;
+/// The words of a table's rows, between bars.
+std::string Words(const auto& rows) {
+  std::string words;
+  for (const auto& row : rows) words += std::string(words.empty() ? "" : "|") + row.Word;
+  return words;
+}
+
+/// The extensions of the files in which records can be saved: ".ams or .ran".
+std::string SavedExtensions() {
+  std::string extensions;
+  for (const FileKind& kind : FileKinds())
+    if (kind.Write)
+      extensions += (extensions.empty() ? "." : " or .") + std::string(kind.Extension);
+  return extensions;
 }
 
 // clang-format off
 const OptionRow Options[] = {
-    {"--format",        FormatNames(),               "reader of all files; default: by the extension", Choice{&Arguments::Filter, 1}},
+    {"--format",        Words(FileKinds()),          "reader of all files; default: by the extension", Choice{&Arguments::Filter, 1}},
     {"--reload",        "",                          "after opening, reload",                           &Arguments::Reload},
     {"--next",          "N",                         "after opening, open the next file N times",       &Arguments::Next},
     {"--previous",      "N",                         "after opening, open the previous file N times",   &Arguments::Previous},
@@ -58,7 +69,7 @@ const OptionRow Options[] = {
     {"--disregard",     "ID[,ID...]",                "records to disregard, by number",                 &Arguments::Disregard, true},
     {"--records",       "FILE",                      "every record as JSON; - is standard output",      &Arguments::Records},
     {"--grid",          "FILE",                      "the record grid as delimited text",               &Arguments::Grid},
-    {"--delimiter",     "comma|space|semicolon|tab", "for --grid; default comma",                       Choice{&Arguments::Delimiter, 0}},
+    {"--delimiter",     Words(ExportKinds),          "for --grid; default comma",                       Choice{&Arguments::Delimiter, 0}},
     {"--append",        "",                          "append to an existing --grid file",               &Arguments::Append},
     {"--table",         "FILE",                      "the data table as tab-separated text",            &Arguments::Table},
     {"--stats",         "FILE",                      "the group statistics as JSON; - is standard output", &Arguments::Stats},
@@ -67,8 +78,8 @@ const OptionRow Options[] = {
     {"--smooth",        "N",                         "smoothing of --contour; default 20",              &Arguments::Smooth},
     {"--contour-json",  "FILE",                      "the counted grid as JSON; - is standard output",  &Arguments::ContourJson},
     {"--contour-image", "FILE",                      "the contour picture, png",                        &Arguments::ContourImage},
-    {"--save",          "FILE",                      "all records, as .ams or .ran",                    &Arguments::Save},
-    {"--save-selected", "FILE",                      "the selected records, as .ams or .ran",           &Arguments::SaveSelected},
+    {"--save",          "FILE",                      "all records, as " + SavedExtensions(),                    &Arguments::Save},
+    {"--save-selected", "FILE",                      "the selected records, as " + SavedExtensions(),           &Arguments::SaveSelected},
     {"--geo-json",      "FILE",                      "the geological records as JSON",                  &Arguments::GeoJson},
     {"--write-ged",     "FILE",                      "the geological records as a geological file",     &Arguments::WriteGed},
     {"--force",         "",                          "overwrite existing outputs",                      &Arguments::Force},
@@ -179,9 +190,8 @@ std::string Complaint(Arguments& a) {
   if (a.Filter == 0)
     return a.Files.front() + ": the extension tells no format; give one with --format.";
   for (const std::string* file : {&a.Save, &a.SaveSelected}) {
-    const std::string extension = UpperCase(ExtensionOf(*file));
-    if (!file->empty() && extension != "AMS" && extension != "RAN")
-      return *file + ": records are saved as .ams or .ran files.";
+    if (!file->empty() && SaveFilterOf(*file) == 0)
+      return *file + ": records are saved as " + SavedExtensions() + " files.";
   }
   if (a.Contour == 0 && (a.Smooth >= 0 || !a.ContourJson.empty() || !a.ContourImage.empty()))
     return "--smooth, --contour-json and --contour-image need --contour.";

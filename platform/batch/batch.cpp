@@ -11,6 +11,7 @@
 #include "app/display/display.h"
 #include "app/edit/assign_ged.h"
 #include "app/files/export_grid.h"
+#include "app/files/file_kinds.h"
 #include "app/files/graphics_page.h"
 #include "app/tables/data_table.h"
 #include "datafiles/ged_file.h"
@@ -31,7 +32,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// Dialogs that the arguments answer. A box is a complaint on standard error, but for the question
-/// whether to overwrite: without leave to do so no output is begun.
+/// whether to overwrite: without `--force` no output is begun.
 struct BatchDialogs : Dialogs {
   std::deque<FileAnswer> Answers;
   bool Complained = false;
@@ -54,7 +55,7 @@ struct BatchDialogs : Dialogs {
 };
 
 /// Views that show nothing but a failure of the statistics, on standard error.
-struct BatchViews : Views {
+struct BatchViews : Views, WindowOpener {
   std::string Status;
 
   void SetCaption(const std::string&) override {}
@@ -85,7 +86,7 @@ struct BatchViews : Views {
 class Batch {
  public:
   Batch(const Arguments& arguments, const Host& host)
-      : a_(arguments), velorix_{dialogs_, views_, host} {
+      : a_(arguments), velorix_{dialogs_, views_, views_, host} {
     velorix_.Host.WritePicture = WritePicture;
   }
 
@@ -102,7 +103,7 @@ class Batch {
     if (!WriteOutputs()) return 1;
     if (a_.Outputs().empty() && !a_.Quiet) {
       std::cout << Summary(velorix_);
-      if (a_.Contour != 0) std::cout << ContourSummary(velorix_);
+      if (a_.Contour != 0) std::cout << ContourSummary(velorix_.Contour);
     }
     if (std::cout.flush()) return 0;
     std::cerr << "Standard output could not be written.\n";
@@ -130,7 +131,7 @@ class Batch {
     return nullptr;
   }
 
-  /// Told before anything is read or written.
+  /// Checked before anything is read or written.
   bool OutputsAreFree() const {
     for (const std::string& output : a_.Outputs())
       if (const char* const obstacle = Obstacle(output)) {
@@ -191,13 +192,13 @@ class Batch {
       if (dialogs_.Complained) return false;
       if (outcome) continue;
       if (outcome.Text.empty()) outcome = Outcome::Refused(file, "no sample could be read.");
-      std::cerr << outcome.Title << ": " << outcome.Text << "\n";
+      Show(dialogs_, outcome);
       return false;
     }
     return true;
   }
 
-  /// Which records had no sample is told on standard error: the rest goes on without them.
+  /// Standard error names the records without a sample; the rest goes on without them.
   bool AssignOrientations() {
     if (!a_.AssignGed) return true;
     views_.Status.clear();
@@ -252,7 +253,7 @@ class Batch {
 
   bool WriteGrid() {
     if (a_.Grid.empty()) return true;
-    const ExportForm form = {.Delimiter = ExportFilters[std::max(a_.Delimiter, 0)].Delimiter,
+    const ExportForm form = {.Delimiter = ExportKinds[std::max(a_.Delimiter, 0)].Delimiter,
                              .Append = a_.Append};
     if (ExportGrid(RecordGridTexts(velorix_.Session), Absolute(a_.Grid), form)) return true;
     std::cerr << a_.Grid << ": The grid could not be written.\n";
@@ -272,8 +273,8 @@ class Batch {
     constexpr double Scale = 3;  // pixels of a unit
     const Outcome outcome =
         WritePicture(a_.ContourImage, ContourPlane, Scale,
-                     [this](Target& target) { DrawContourPicture(velorix_, target); });
-    if (!outcome) std::cerr << outcome.Title << ": " << outcome.Text << "\n";
+                     [this](Target& target) { DrawContourPicture(velorix_.Contour, target); });
+    Show(dialogs_, outcome);
     return outcome.Done;
   }
 
@@ -292,8 +293,7 @@ class Batch {
   bool WriteOutputs() {
     const auto save = [&](const std::string& output, const char* command) {
       if (output.empty()) return true;
-      const bool isRan = UpperCase(ExtensionOf(output)) == "RAN";
-      dialogs_.Answers = {FileAnswer{Absolute(output), isRan ? 2 : 1}};
+      dialogs_.Answers = {FileAnswer{Absolute(output), SaveFilterOf(output)}};
       return Command(command);
     };
     const bool written =
@@ -307,7 +307,8 @@ class Batch {
           Write(a_.GeoJson,
                 [&](std::ostream& out) { WriteGeoJson(out, velorix_.Session.GeoRecords); });
           if (!a_.WriteGed.empty()) (void)WriteGedFile(a_.WriteGed, velorix_.Session.GeoRecords);
-          Write(a_.ContourJson, [&](std::ostream& out) { WriteContourJson(out, velorix_); });
+          Write(a_.ContourJson,
+                [&](std::ostream& out) { WriteContourJson(out, velorix_.Contour); });
         });
     return written && WriteGrid() && WritePage() && WriteContourImage();
   }

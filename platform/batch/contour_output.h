@@ -10,14 +10,15 @@ namespace velorix {
 inline constexpr char ContourWords[] = "kmax|kint|kmin|foli|line";
 
 /// Builds the grid and counts the density of one of the `ContourDisplays`; `shown`: with a line of
-/// progress. False, and told on standard error, when there is nothing to count or it can't be.
+/// progress. False, with the reason on standard error, when there is nothing to count or it can't
+/// be.
 bool CountForBatch(Velorix& velorix, int display, int smooth, bool shown);
 
 /// The count as JSON: what was counted, maximum, levels, and the density of node (i, j) as
 /// `Density[i][j]`, null outside the circle.
-void WriteContourJson(std::ostream& out, const Velorix& velorix);
+void WriteContourJson(std::ostream& out, const ContourSession& contour);
 
 /// Lines for the summary.
-std::string ContourSummary(const Velorix& velorix);
+std::string ContourSummary(const ContourSession& contour);
 
 }  // namespace velorix

@@ -1,17 +1,15 @@
 #include "platform/batch/json.h"
 
 #include <cmath>
-#include <nlohmann/json.hpp>
 #include <string_view>
+
+#include "platform/batch/json_writer.h"
 
 namespace velorix {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 Json ToJson(double value) { return std::isfinite(value) ? Json(value) : Json(); }
 Json ToJson(float value) { return ToJson(static_cast<double>(value)); }
-Json ToJson(const Json& value) { return value; }
 Json ToJson(int value) { return value; }
 Json ToJson(const Number& value) { return ToJson(static_cast<double>(value)); }
 Json ToJson(std::int16_t value) { return value; }
@@ -46,61 +44,24 @@ Json ToJson(const Matrix<3, 3>& matrix) {
   return rows;
 }
 
-/// Writes an object as it comes, a field a line: a full store's JSON is far larger than the store.
-class ObjectWriter {
- public:
-  ObjectWriter(std::ostream& out, int depth) : out_(out), depth_(depth) { out_ << '{'; }
-
-  /// Begins a field; its value is written next.
-  std::ostream& Field(std::string_view name) {
-    NextLine(empty_ ? "" : ",", depth_ + 1);
-    empty_ = false;
-    return out_ << Text(std::string(name)) << ": ";
-  }
-  template <class T>
-  void Add(std::string_view name, const T& value) {
-    Field(name) << Text(ToJson(value));
-  }
-  void End() {
-    NextLine("", depth_);
-    out_ << '}';
-  }
-
- private:
-  static std::string Text(const Json& json) {
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
-  }
-  void NextLine(const char* before, int indent) {
-    out_ << before << '\n' << std::string(static_cast<std::size_t>(indent), ' ');
-  }
-
-  std::ostream& out_;
-  int depth_;
-  bool empty_ = true;
-};
-
-/// The fields of `record` for whose names `wanted` holds.
-template <class Wanted>
-void WriteRecord(std::ostream& out, const SpecimenRecord& record, Wanted wanted) {
+/// The fields of `record` for whose names `isWritten` holds.
+template <class IsWritten>
+void WriteRecord(std::ostream& out, const SpecimenRecord& record, IsWritten isWritten) {
   ObjectWriter object(out, 2);
   ForEachField(record, [&](std::string_view name, const auto& field) {
-    if (wanted(name)) object.Add(name, field);
+    if (isWritten(name)) object.Add(name, ToJson(field));
   });
   object.End();
 }
 
 /// `Add`s the records as a list, and calls `tell` with the number written so far.
-template <class Wanted, class Tell>
+template <class IsWritten, class Tell>
 void AddRecords(ObjectWriter& object, std::ostream& out, const char* name,
-                const RecordArray& records, Wanted wanted, Tell tell) {
-  object.Field(name) << '[';
-  int done = 0;
-  for (const SpecimenRecord& record : records) {
-    out << (done == 0 ? "\n  " : ",\n  ");
-    WriteRecord(out, record, wanted);
-    tell(++done);
-  }
-  out << (done == 0 ? "]" : "\n ]");
+                const RecordArray& records, IsWritten isWritten, Tell tell) {
+  object.AddList(name, records.Count(), [&](int i) {
+    WriteRecord(out, records[i + 1], isWritten);
+    tell(i + 1);
+  });
 }
 
 /// A list of the slots for which `shown` holds, null for the others; one null when none does.
@@ -131,12 +92,12 @@ Json PointsJson(const GroupStats& stats) {
 void WriteRecordsJson(std::ostream& out, const Session& session,
                       const std::function<void(int)>& tell) {
   ObjectWriter object(out, 0);
-  object.Add("CurrentFile", session.CurrentFile);
-  object.Add("RecordCount", session.RecordCount());
-  object.Add("CoorSys", session.CoorSys);
-  object.Add("ReImMode", session.ReImMode);
-  object.Add("FoliCode", session.FoliCode);
-  object.Add("LineCode", session.LineCode);
+  object.Add("CurrentFile", ToJson(session.CurrentFile));
+  object.Add("RecordCount", ToJson(session.RecordCount()));
+  object.Add("CoorSys", ToJson(session.CoorSys));
+  object.Add("ReImMode", ToJson(session.ReImMode));
+  object.Add("FoliCode", ToJson(session.FoliCode));
+  object.Add("LineCode", ToJson(session.LineCode));
   const auto all = [](std::string_view) { return true; };
   AddRecords(object, out, "Records", session.Records, all, tell);
   object.End();
@@ -145,13 +106,13 @@ void WriteRecordsJson(std::ostream& out, const Session& session,
 
 void WriteGeoJson(std::ostream& out, const RecordArray& geoRecords) {
   bool geological = false;  // the fields from Site to LineInc
-  const auto wanted = [&](std::string_view name) {
+  const auto isWritten = [&](std::string_view name) {
     geological = geological ? name != "Km" : name == "Site";
     return geological || name == "Name";
   };
   ObjectWriter object(out, 0);
-  object.Add("GeoRecordCount", geoRecords.Count());
-  AddRecords(object, out, "GeoRecords", geoRecords, wanted, [](int) {});
+  object.Add("GeoRecordCount", ToJson(geoRecords.Count()));
+  AddRecords(object, out, "GeoRecords", geoRecords, isWritten, [](int) {});
   object.End();
   out << '\n';
 }
@@ -165,7 +126,7 @@ void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& 
   const auto avgFac = [&](int slot) { return ShowsAvgFac(stats, slot); };
   const auto sdFac = [&](int slot) { return deviations && avgFac(slot); };
   ObjectWriter object(out, 0);
-  object.Add("GroupN", stats.GroupN);
+  object.Add("GroupN", ToJson(stats.GroupN));
   object.Add("MeanK", when(mean, stats.MeanK));
   object.Add("MeanVec", when(mean, stats.MeanVec));
   object.Add("MeanDec", when(mean, stats.MeanDec));
@@ -182,7 +143,7 @@ void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& 
   object.Add("BootE2", when(boot, stats.BootE2));
   object.Add("BootContour", when(boot, stats.BootContour));
   object.Add("BootPoints", boot ? PointsJson(stats) : Json());
-  object.Add("FacName", settings.FacName);
+  object.Add("FacName", ToJson(settings.FacName));
   object.End();
   out << '\n';
 }

@@ -1,9 +1,9 @@
 #include "platform/painting/picture_file.h"
 
 #include <QGuiApplication>
-#include <filesystem>
 #include <memory>
 
+#include "base/fault.h"
 #include "datafiles/safe_write.h"
 #include "platform/painting/picture_bytes.h"
 #include "text/paths.h"
@@ -71,9 +71,8 @@ Outcome WritePicture(const std::string& path, PlaneSize plane, double scale,
   try {
     SafeWrite(path, [&bytes](std::ostream& out) { out.write(bytes.data(), bytes.size()); });
     return {};
-  } catch (const std::filesystem::filesystem_error& error) {
-    return Outcome::Refused(Title,
-                            path + "\nThis file could not be written: " + error.code().message());
+  } catch (const FileFault& fault) {
+    return Outcome::Refused(Title, path + "\nThis file could not be written: " + fault.what());
   }
 }
 

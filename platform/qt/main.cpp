@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QMessageBox>
 
+#include "base/fault.h"
 #include "platform/host/host.h"
 #include "platform/qt/output/page_output.h"
 #include "platform/qt/parts/qt_dialogs.h"
@@ -14,7 +15,7 @@ using namespace velorix;
 
 /// The program's objects, each behind those that it refers to.
 struct Program {
-  explicit Program(Host host) : Running{Asked, Window, std::move(host)} {
+  explicit Program(Host host) : Running{Asked, Window, Window, std::move(host)} {
     Asked.Owner = &Window;
     GivePictures(Running.Host, &Window);
   }
@@ -35,6 +36,9 @@ int main(int argc, char** argv) {
     Program program(MakeHost(ExecutablePath(argv[0])));
     StartUp(program.Running, program.Window);
     return QApplication::exec();
+  } catch (const Fault& fault) {
+    QMessageBox::critical(nullptr, ProgramTitle, QString::fromStdString(FaultText(fault)));
+    return 1;
   } catch (const std::exception& error) {
     QMessageBox::critical(nullptr, ProgramTitle, QString::fromUtf8(error.what()));
     return 1;

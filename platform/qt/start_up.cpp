@@ -25,7 +25,7 @@ static void ShowWithFrame(QWidget& window) {
 
 void StartUp(Velorix& velorix, frmVelorix& window) {
   const auto yield = [] { QApplication::processEvents(); };
-  PrepareSession(velorix);
+  PrepareSession(velorix.Session, velorix.Log, velorix.Host);
   window.Load(velorix);
 
   frmSplash splash;
@@ -33,7 +33,7 @@ void StartUp(Velorix& velorix, frmVelorix& window) {
   splash.show();
   const float start = Timer();
   yield();
-  BuildTables(velorix, yield);
+  BuildTables(velorix.Contour.Grid, velorix.GaussTable, yield);
   QEventLoop pause;  // events run while it stands
   QTimer::singleShot(SplashTime, &pause, &QEventLoop::quit);
   pause.exec();

@@ -1,7 +1,6 @@
 #include "plot/drawing/drawing.h"
 
 #include <algorithm>
-#include <cmath>
 #include <vector>
 
 #include "base/rounding.h"
@@ -64,11 +63,6 @@ void DrawTextVertical(Target& target, std::string_view text, double x, double y,
 void SortRectangle(float& x1, float& y1, float& x2, float& y2) {
   if (x1 > x2) std::swap(x1, x2);
   if (y1 > y2) std::swap(y1, y2);
-}
-
-float Distance(double x1, double y1, double z1, double x2, double y2, double z2) {
-  const double dx = x2 - x1, dy = y2 - y1, dz = z2 - z1;
-  return static_cast<float>(std::sqrt(dx * dx + dy * dy + dz * dz));
 }
 
 }  // namespace velorix

@@ -43,7 +43,4 @@ void DrawTextVertical(Target& target, std::string_view text, double x, double y,
 /// Exchanges values so that x1 <= x2 and y1 <= y2.
 void SortRectangle(float& x1, float& y1, float& x2, float& y2);
 
-/// The distance of two points in space, rounded to 32 bits.
-float Distance(double x1, double y1, double z1, double x2, double y2, double z2);
-
 }  // namespace velorix

@@ -9,7 +9,7 @@ namespace {
 
 struct ContourTest : ProgramTest {
   ContourTest() {
-    BuildContourGrid(Program.ContourGrid, 0, 300, 3);
+    BuildContourGrid(Program.Contour.Grid, 0, 300, 3);
     Program.Host.AppFolder = Path("");
     Program.Session.CoorSys = Geographic;
     Program.Session.FoliCode = "S";
@@ -29,7 +29,7 @@ struct ContourTest : ProgramTest {
     return BuildContourData(Program.Session, option, code, code).Dec;
   }
   bool Count() {
-    return CountContour(Program, [](double) { return true; });
+    return CountContour(State, Program.Session, Asked, [](double) { return true; });
   }
 
   using Floats = std::vector<float>;
@@ -76,14 +76,14 @@ TEST_F(ContourTest, TheFirstOfTwoSlotsWithTheCodeGivesPoleAndLineation) {
 
 TEST_F(ContourTest, ACountIsOfTheDataInViewThen) {
   Add(10, 20);
-  ShowContourData(Program);
+  ShowContourData(State, Program.Session);
   EXPECT_FALSE(State.Counted());
-  EXPECT_EQ(ContourCaption(Program), "Kmax, geographic coordinates, not counted yet");
+  EXPECT_EQ(ContourCaption(State), "Kmax, geographic coordinates, not counted yet");
   Add(15, 25);
   ASSERT_TRUE(Count());
   EXPECT_EQ(State.Count.ContourDataCount, 2);
-  EXPECT_EQ(ContourCaption(Program), "Kmax, geographic coordinates, smoothing 20");
-  ChooseContourDisplay(Program, 2);
+  EXPECT_EQ(ContourCaption(State), "Kmax, geographic coordinates, smoothing 20");
+  ChooseContourDisplay(State, Program.Session, 2);
   EXPECT_FALSE(State.Counted());
   EXPECT_EQ(State.InView.Data.Dec, (Floats{11, 16}));
 }
@@ -91,9 +91,9 @@ TEST_F(ContourTest, ACountIsOfTheDataInViewThen) {
 TEST_F(ContourTest, ADisplayRebuildsTheDataOfAnOpenWindowAndKeepsItsCount) {
   Program.Session.CurrentFile = Path("granite.ams");
   for (int i = 0; i < 21; ++i) Add(10 + i, 20);
-  ShowContourData(Program);
+  ShowContourData(State, Program.Session);
   ASSERT_TRUE(Count());
-  const auto density = Program.ContourGrid.Density;
+  const auto density = Program.Contour.Grid.Density;
   EXPECT_EQ(ContourStaleText(State), "");
 
   const std::string stale = "Counted for granite.ams, geographic, N = 21; press Count";
@@ -111,12 +111,12 @@ TEST_F(ContourTest, ADisplayRebuildsTheDataOfAnOpenWindowAndKeepsItsCount) {
     EXPECT_EQ(ContourStaleText(State), stale) << name;
     EXPECT_EQ(State.InView.Data.Count(), count) << name;
   }
-  EXPECT_EQ(ContourCaption(Program), "Kmax, tectonic coordinates, no data in view");
+  EXPECT_EQ(ContourCaption(State), "Kmax, tectonic coordinates, no data in view");
   EXPECT_EQ(Seen.Contours, 4);
   Program.Session.CoorSys = Geographic;
   RefreshViews(Program);
-  EXPECT_EQ(ContourCaption(Program), "Kmax, geographic coordinates, not counted yet");
-  EXPECT_TRUE(Program.ContourGrid.Density == density);
+  EXPECT_EQ(ContourCaption(State), "Kmax, geographic coordinates, not counted yet");
+  EXPECT_TRUE(Program.Contour.Grid.Density == density);
   ASSERT_TRUE(Count());
   EXPECT_EQ(ContourStaleText(State), "");
 }
@@ -124,28 +124,28 @@ TEST_F(ContourTest, ADisplayRebuildsTheDataOfAnOpenWindowAndKeepsItsCount) {
 TEST_F(ContourTest, ACancelledCountLeavesTheLastOne) {
   Add(10, 20);
   ASSERT_TRUE(Count());
-  const auto before = Program.ContourGrid.Density;
+  const auto before = Program.Contour.Grid.Density;
   Add(100, 50);
-  EXPECT_FALSE(CountContour(Program, [](double) { return false; }));
+  EXPECT_FALSE(CountContour(State, Program.Session, Asked, [](double) { return false; }));
   EXPECT_EQ(State.InView.Data.Count(), 1);
   EXPECT_EQ(State.Count.ContourDataCount, 1);
-  EXPECT_TRUE(Program.ContourGrid.Density == before);
+  EXPECT_TRUE(Program.Contour.Grid.Density == before);
 }
 
 TEST_F(ContourTest, TextsTellLevelsMaximumAndTheNodeUnderTheMouse) {
   Add(0, 90);
-  ShowContourData(Program);
-  EXPECT_EQ(ContourLevelsText(State) + ContourMaximumText(Program) + ContourTimeText(State), "");
-  EXPECT_EQ(ContourCursorText(Program, 330.5, 180.5), "Dec 90.0, Inc 0.0");
+  ShowContourData(State, Program.Session);
+  EXPECT_EQ(ContourLevelsText(State) + ContourMaximumText(State) + ContourTimeText(State), "");
+  EXPECT_EQ(ContourCursorText(State, 330.5, 180.5), "Dec 90.0, Inc 0.0");
   State.Options.smoothing = 0;
   ASSERT_TRUE(Count());
   EXPECT_EQ(ContourLevelsText(State), " 1");
-  EXPECT_EQ(ContourCursorText(Program, 330.5, 180.5), "Dec 90.0, Inc 0.0, density 1.00");
+  EXPECT_EQ(ContourCursorText(State, 330.5, 180.5), "Dec 90.0, Inc 0.0, density 1.00");
   State.Options.smoothing = 3;
   ASSERT_TRUE(Count());
   // exp(3) over the mean of exp(3 u u) for u from 0 to 1 is 4.77 on a finer grid.
   const std::string maximum = "Maximum 4.75 at Dec 0.0, Inc 90.0\nMinimum 0.24\n";
-  EXPECT_EQ(ContourMaximumText(Program).substr(0, maximum.size()), maximum);
+  EXPECT_EQ(ContourMaximumText(State).substr(0, maximum.size()), maximum);
   EXPECT_EQ(ContourLevelsText(State), " 1 2 3 4");
 }
 
@@ -155,18 +155,18 @@ TEST_F(ContourTest, ExportWritesWholeDegreesOfKmaxInStoreOrder) {
   Add(300.5, 0.2);
   Add(45, 45).Active = false;
   Add(7, -3.4);
-  GrevaExport(Program);
+  GrevaExport(Program.Session, Program.Host.AppFolder, Asked, Seen);
   EXPECT_EQ(Bytes("examples/grevadata.txt"), "10/21\r\n301/0\r\n7/-3\r\n");
   EXPECT_NE(Seen.Status.find("3 directions"), std::string::npos);
   Program.Session.Records.Clear();
-  GrevaExport(Program);
+  GrevaExport(Program.Session, Program.Host.AppFolder, Asked, Seen);
   EXPECT_EQ(Bytes("examples/grevadata.txt"), "");
   EXPECT_TRUE(Asked.Boxes.empty());
 }
 
 TEST_F(ContourTest, ExportIntoAFolderThatCannotBeTellsWhy) {
   Put("examples", "a file in the folder's place");
-  GrevaExport(Program);
+  GrevaExport(Program.Session, Program.Host.AppFolder, Asked, Seen);
   ASSERT_EQ(Asked.Boxes.size(), 1u);
   EXPECT_NE(Asked.Boxes[0].find("grevadata.txt\nThis file could not be written: "),
             std::string::npos);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/fault.h"
 #include "tests/datafiles/temp_folder.h"
 
 namespace velorix {
@@ -41,7 +42,7 @@ TEST_F(DebugLogFile, StartsEmptyAtEachRunAndPrintsNothingWhileOffOrNotOpened) {
 
 TEST_F(DebugLogFile, PlaceThatCannotBeWrittenIsAnError) {
   DebugLog log;
-  EXPECT_THROW(log.Open(Folder.File("no such folder/x.log")), std::filesystem::filesystem_error);
+  EXPECT_THROW(log.Open(Folder.File("no such folder/x.log")), FileFault);
 }
 
 }  // namespace

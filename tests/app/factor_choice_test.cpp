@@ -22,7 +22,7 @@ TEST_F(FactorChoice, AnIndexThatIsNotInTheListSelectsNothingAndBecomesTheMean) {
     Now.FacIndex[3] = index;
     const FactorRows rows = FactorRowsOf(Now);
     EXPECT_EQ(rows[3].Position, position) << index;
-    ChangeFactors(Program, rows);
+    ChangeFactors(Program.Session, rows);
     wanted.FacIndex[3] = taken;
     EXPECT_EQ(Now, wanted) << index;
   }
@@ -32,7 +32,7 @@ TEST_F(FactorChoice, NamesAreTakenAsTheyAreAndCutAtABlankAtTheNextStart) {
   FactorRows rows = FactorRowsOf(Now);
   rows[1].Name = "";
   rows[2].Name = "my F";
-  ChangeFactors(Program, rows);
+  ChangeFactors(Program.Session, rows);
   EXPECT_EQ(Now.FacName[1], "");
   EXPECT_EQ(Now.FacName[2], "my F");
   Settings next;
@@ -46,7 +46,7 @@ TEST_F(FactorChoice, RecordsKeepTheirValuesUntilTheNextDisplay) {
   const Array1<float, 8> before = Choice.Records[1].Fac;
   FactorRows rows = FactorRowsOf(Now);
   rows[1].Position = 3;  // k1/k3
-  ChangeFactors(Program, rows);
+  ChangeFactors(Program.Session, rows);
   const int headers = Seen.GridHeaders, grids = Seen.Grids;
   Menu("mnuAnisoFac");
   EXPECT_EQ(Seen.GridHeaders, headers + 1);

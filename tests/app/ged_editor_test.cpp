@@ -31,11 +31,11 @@ class GedEditor : public ProgramTest {
   }
   bool Open(const std::string& list) {
     Answer(list);
-    return OpenGedFiles(Program, Sheet);
+    return OpenGedFiles(Program.Session, Asked, Sheet);
   }
   bool Save(const std::string& path) {
     Answer(path);
-    return SaveGedFile(Program, Sheet);
+    return SaveGedFile(Program.Session, Asked, Sheet);
   }
   RecordArray Written(const std::string& path) const {
     RecordArray records;
@@ -83,7 +83,7 @@ TEST_F(GedEditor, WhatCannotBeReadIsToldOrAskedForAgainAndLeavesWhatWasTyped) {
   Sheet.Rows[0].Cells[0] = "typed";
   EXPECT_FALSE(Open(Put("bad.ged", "no geological file\r\n")));
   EXPECT_EQ(Asked.Boxes.size(), 2u);
-  EXPECT_FALSE(OpenGedFiles(Program, Sheet));  // cancelled
+  EXPECT_FALSE(OpenGedFiles(Program.Session, Asked, Sheet));  // cancelled
   EXPECT_EQ(Sheet.Rows[0].Cells[0], "typed");
   EXPECT_EQ(GeoNames(), "hill1 ");
 }
@@ -101,7 +101,7 @@ TEST_F(GedEditor, NumbersAreHeldToTheirLimits) {
   // clang-format on
   for (const auto& [column, text, taken] : cases)
     EXPECT_EQ(AcceptedGedText(column, text).value_or("refused"), taken) << column << " " << text;
-  RefuseGedCell(Program);
+  RefuseGedCell(Asked);
   EXPECT_EQ(Asked.Boxes.back(), "Edit aniso|Input out of limits!|OK");
 }
 
@@ -134,13 +134,13 @@ TEST_F(GedEditor, AsksBeforeItOverwritesAndNoAsksForAnotherName) {
 }
 
 TEST_F(GedEditor, WhatCannotBeSavedIsToldAndNothingChanges) {
-  EXPECT_FALSE(SaveGedFile(Program, Sheet));
+  EXPECT_FALSE(SaveGedFile(Program.Session, Asked, Sheet));
   EXPECT_EQ(Asked.Boxes.back(), "Save geological file|There is no sample to save.|&OK");
   EXPECT_TRUE(Asked.FileQuestions.empty());
 
   Open(WriteGed("hill", 1));
   Sheet.Rows[0].Cells[0] = "typed";
-  EXPECT_THROW(Save(Path("no folder/out.ged")), std::filesystem::filesystem_error);
+  EXPECT_THROW(Save(Path("no folder/out.ged")), FileFault);
   Sheet.Site.Lon = "1E400";
   EXPECT_THROW(Save(Path("out.ged")), Fault);
   EXPECT_FALSE(Exists("out.ged"));

@@ -1,5 +1,6 @@
 #include "app/files/open_flow.h"
 
+#include "app/files/file_kinds.h"
 #include "datafiles/ran_file.h"
 #include "tests/app/script.h"
 
@@ -62,7 +63,6 @@ TEST_F(OpenFlow, ConcatenatesSeveralFilesInTheDialogsOrder) {
   EXPECT_EQ(Names(), "b1 b2 a1 a2 ");
   EXPECT_EQ(Now.Records[3].RecordNo, 3);
   EXPECT_EQ(Now.CurrentFile, Path("b.ams"));
-  EXPECT_EQ(Now.CurrentFileBase, Path("b"));
   EXPECT_EQ(Now.OpenFiles, (Texts{Path("b.ams"), Path("a.ams")}));
   EXPECT_EQ(Now.FolderFiles, (Texts{"a.ams", "b.ams"}));
   EXPECT_EQ(Now.FolderFilePos, 2);
@@ -158,9 +158,9 @@ TEST_F(OpenFlow, KeepsTheMovedNameWhenTheNextFileVanished) {
 TEST_F(OpenFlow, OpensDroppedFilesByTheExtensionOfTheFirst) {
   std::filesystem::create_directories(Folder / "sub");
   std::filesystem::rename(PathOf(WriteFile("b", 2)), Folder / "sub" / "b.ams");
-  EXPECT_TRUE(OpenDroppedFiles(Program, {WriteFile("a", 1), Path("sub/b.ams")}));
+  EXPECT_TRUE(OpenDroppedFiles(Now, Asked, Program.Host, {WriteFile("a", 1), Path("sub/b.ams")}));
   EXPECT_EQ(Names(), "a1 b1 b2 ");
-  EXPECT_FALSE(OpenDroppedFiles(Program, {Path("picture.png")}));
+  EXPECT_FALSE(OpenDroppedFiles(Now, Asked, Program.Host, {Path("picture.png")}));
   EXPECT_EQ(Asked.Boxes.size(), 1u);
   EXPECT_EQ(Names(), "a1 b1 b2 ");
 }

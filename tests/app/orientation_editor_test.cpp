@@ -16,7 +16,7 @@ class OrientationEditing : public ProgramTest {
 
   void Load(int count = 3) {
     OpenFile(WriteFile("a", count));
-    LoadEditor(Editor, Program);
+    LoadEditor(Editor, Now);
   }
   /// A geological file of samples with these names, oriented 10/20, 11/20 and so on, that have the
   /// foliation S 120/40 and no lineation.
@@ -33,7 +33,9 @@ class OrientationEditing : public ProgramTest {
     EXPECT_TRUE(WriteGedFile(Path(name), records));
     return Path(name);
   }
-  void Open(const std::string& action = "Open") { OpenGed(Editor, Program, action); }
+  void Open(FileAction action = FileAction::Open) {
+    OpenGed(Editor, Now, Program.Lists, Asked, action);
+  }
   void Type(int row, int column, const char* text) { EditCells(Editor, {{row, column, text}}); }
   const std::string& Cell(int row, int column) const { return Editor.Shown().Cell(row, column); }
 };
@@ -41,10 +43,10 @@ class OrientationEditing : public ProgramTest {
 TEST_F(OrientationEditing, OpenGedAsksForGeologicalFilesFirst) {
   Load();
   Now.DataFolder = "/somewhere";
-  const std::tuple<const char*, const char*, bool, int> cases[] = {
-      {"Open", "Open File(s)", true, 32767},
-      {"New", "New File", false, 2048},
-      {"Save", "Save Data", false, 2048}};
+  const std::tuple<FileAction, const char*, bool, int> cases[] = {
+      {FileAction::Open, "Open File(s)", true, 32767},
+      {FileAction::New, "New File", false, 2048},
+      {FileAction::Save, "Save Data", false, 2048}};
   for (const auto& [action, title, multi, size] : cases) {
     Open(action);
     const FileQuestion& q = Asked.FileQuestions.back();
@@ -94,9 +96,9 @@ TEST_F(OrientationEditing, MatchedRowsAreMarkedUntilTheNextChange) {
       [this] {
         PasteCells(Editor, "8", {1, 3, 1, 1});
       },
-      [this] { WriteGrid(Editor, Program); }};
+      [this] { WriteGrid(Editor, Now); }};
   for (const auto& change : changes) {
-    AssignGed(Editor, Program);
+    AssignGed(Editor, Now);
     Type(1, 1, "no change");
     EXPECT_FALSE(Editor.Matched.empty());
     change();
@@ -114,7 +116,7 @@ TEST_F(OrientationEditing, SamplesAreOnlyLookedAt) {
   PasteCells(Editor, "55", {1, 3, 1, 1});
   RedoEdit(Editor);
   EXPECT_EQ(Cell(1, 3), "10");
-  EXPECT_TRUE(SaveGrid(Editor, Program));
+  EXPECT_TRUE(SaveGrid(Editor, Now, Program.Lists, Asked));
   EXPECT_EQ(Now.Records[1].OrientAz, 77);
   EXPECT_EQ(Now.Records[2].OrientAz, 40);
   UndoEdit(Editor);  // leads back to the records with what was typed
@@ -160,16 +162,17 @@ TEST_F(OrientationEditing, AMissingFileAsksAndYesEmptiesTheStore) {
                                "Open File(s)|none.ged\nThis file does not exist.\n"
                                "Create new file?|&Yes|&No"));
   EXPECT_EQ(Names(), "");
-  AssignGed(Editor, Program);
+  AssignGed(Editor, Now);
   EXPECT_EQ(Editor.Shown().RowCount(), 0);
-  EXPECT_TRUE(SaveGrid(Editor, Program));
+  EXPECT_TRUE(SaveGrid(Editor, Now, Program.Lists, Asked));
   EXPECT_TRUE(Exists("a.ams"));  // an empty store takes no file away
 }
 
 TEST_F(OrientationEditing, AnExistingFileAsksUnderNewAndSave) {
   Load();
   const std::string path = WriteGed("b.ged", {"a2"});
-  for (const auto& [action, title] : {std::pair{"New", "New File|"}, {"Save", "Save Data|"}}) {
+  for (const auto& [action, title] :
+       {std::pair{FileAction::New, "New File|"}, {FileAction::Save, "Save Data|"}}) {
     Asked.Boxes.clear();
     Asked.Buttons = {1, 0};
     for (int i = 0; i < 2; ++i) Answer(path);
@@ -185,16 +188,16 @@ TEST_F(OrientationEditing, AssignGedTakesWhatTheGeologicalEditorReadOrSavedLast)
   GedSheet sheet;
   const auto assigned = [this] {
     Load();
-    AssignGed(Editor, Program);
+    AssignGed(Editor, Now);
     return Cell(2, OrientationColumn);
   };
   Answer(WriteGed("b.ged", {"a2"}));
-  ASSERT_TRUE(OpenGedFiles(Program, sheet));
+  ASSERT_TRUE(OpenGedFiles(Now, Asked, sheet));
   EXPECT_EQ(assigned(), "10");
   sheet.Rows[0].Cells[1] = "77";
   EXPECT_EQ(assigned(), "10");  // typed only
   Answer(Path("c.ged"));
-  ASSERT_TRUE(SaveGedFile(Program, sheet));
+  ASSERT_TRUE(SaveGedFile(Now, Asked, sheet));
   EXPECT_EQ(assigned(), "77");
 
   Open();  // cancelled
@@ -217,7 +220,7 @@ TEST_F(OrientationEditing, SaveWritesByTheExactExtension) {
     Now.CurrentExt = extension;
     Now.CurrentFile = Path(name);
     Type(1, 3, "77");
-    EXPECT_TRUE(SaveGrid(Editor, Program));
+    EXPECT_TRUE(SaveGrid(Editor, Now, Program.Lists, Asked));
     EXPECT_EQ(Now.Records[1].OrientAz, 77);
     EXPECT_EQ(Exists(name), isWritten) << name;
     RecordArray written;
@@ -232,8 +235,8 @@ TEST_F(OrientationEditing, SaveGivesTheFirstOfSeveralFilesTheRecordsOfAll) {
   WriteFile("a", 2);
   const std::string b = BytesAt(WriteFile("b", 3));
   OpenFile(Several({"a.ams", "b.ams"}));
-  LoadEditor(Editor, Program);
-  EXPECT_TRUE(SaveGrid(Editor, Program));
+  LoadEditor(Editor, Now);
+  EXPECT_TRUE(SaveGrid(Editor, Now, Program.Lists, Asked));
   RecordArray first;
   ASSERT_TRUE(ReadAmsFile(Path("a.ams"), first));
   EXPECT_EQ(NamesOf(first), "a1 a2 b1 b2 b3 ");
@@ -258,12 +261,12 @@ TEST_F(OrientationEditing, AnExampleOrientedByItsGeologicalFileIsTheGroupOriente
   EXPECT_EQ(Now.CoorSys, Geographic);
   EXPECT_EQ(Program.GroupStats.GroupN, 0);
 
-  LoadEditor(Editor, Program);
+  LoadEditor(Editor, Now);
   Answer(examples + "granite.ged");
   Open();
-  AssignGed(Editor, Program);
+  AssignGed(Editor, Now);
   EXPECT_EQ(Editor.Line, "21 of 24 record(s) matched. Without a sample: GR3A, GR7A, GR11A.");
-  ASSERT_TRUE(SaveGrid(Editor, Program));
+  ASSERT_TRUE(SaveGrid(Editor, Now, Program.Lists, Asked));
   for (const bool again : {false, true}) {  // in memory, and from the disk
     if (again) OpenFile(Path(file));
     DisplayData(Program, true);

@@ -40,7 +40,7 @@ TEST_F(OrientationParameters, OtherOnesCloseTheFileAndForgetTheGeologicalOne) {
     Change(wanted);
     EXPECT_EQ(Asked.Boxes, Texts{"Anisotropy settings|Orientation parameters were changed!\n"
                                  "Currently open data file is closed.|&OK"});
-    EXPECT_EQ(Now.CurrentFile + Now.CurrentFileBase + Now.GeoFile, "");
+    EXPECT_EQ(Now.CurrentFile + Now.GeoFile, "");
     EXPECT_EQ(Now.RecordCount() + Now.GeoRecords.Count(), 0);
     EXPECT_GT(Seen.Grids, grids);
   }

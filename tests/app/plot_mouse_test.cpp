@@ -100,16 +100,14 @@ TEST_F(PlotMouse, ReadsDirectionsOffTheNet) {
 }
 
 TEST_F(PlotMouse, ReadsValuesOffAnXYPlot) {
-  EXPECT_EQ(ReadXYPlot(Program, 1, 100, 100), "");  // nothing drawn yet
+  EXPECT_EQ(ReadXYPlot(Program.XYDrawn[1], 100, 100), "");  // nothing drawn yet
   DrawnXYPlot axes;
   axes.x.label = "Field";
   axes.x.range = {0, 10, 0, 1, 0.5};
   axes.y = {{2e-4, 4e-4, 2e-4, 1e-5, 1e-6}, "Kmean", "SI"};
   axes.y.power = true;
-  Program.XYDrawn[1] = axes;
-  EXPECT_EQ(ReadXYPlot(Program, 1, 202.5, 142.5), "Field =  5.000   Kmean =  3.000 10^-4");
-  EXPECT_EQ(ReadXYPlot(Program, 1, 59, 142.5), "");
-  EXPECT_EQ(ReadXYPlot(Program, 2, 202.5, 142.5), "");
+  EXPECT_EQ(ReadXYPlot(axes, 202.5, 142.5), "Field =  5.000   Kmean =  3.000 10^-4");
+  EXPECT_EQ(ReadXYPlot(axes, 59, 142.5), "");
 }
 
 TEST_F(PlotMouse, TheCrossReachesPastTheEdges) {

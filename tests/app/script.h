@@ -51,7 +51,7 @@ struct ScriptedDialogs : Dialogs {
 };
 
 /// Views that keep the caption and count what was told.
-struct RecordedViews : Views {
+struct RecordedViews : Views, WindowOpener {
   std::string Caption, Status;
   int Room = 200, Grids = 0, Stereos = 0, Groups = 0, CodeListsShown = 0;
   int Tables = 0, Selections = 0, Histos = 0, GridHeaders = 0, Contours = 0;
@@ -174,7 +174,7 @@ class ProgramTest : public testing::Test {
   std::filesystem::path Folder;
   ScriptedDialogs Asked;
   RecordedViews Seen;
-  Velorix Program{Asked, Seen,
+  Velorix Program{Asked, Seen, Seen,
                   Host{"", "", [](const std::string& folder, const std::string& extension) {
                          std::vector<std::string> names;
                          for (const auto& f : std::filesystem::directory_iterator(PathOf(folder)))

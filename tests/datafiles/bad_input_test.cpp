@@ -93,7 +93,7 @@ std::string Reading(const Reader& reader, const std::string& bytes,
   } catch (const Fault& fault) {
     EXPECT_EQ(records.Count(), 1) << path;
     EXPECT_TRUE(fault.Number >= 6 && fault.Number <= 62 && fault.Source.empty()) << fault.Number;
-    said = fault.what();
+    said = FaultText(fault);
     // Readers of text tell the line; to a binary reader's fault the opening adds the path.
     const std::size_t place = said.find(" (" + path + ", line ");
     EXPECT_EQ(place != said.npos, reader.IsText) << said;
@@ -112,7 +112,7 @@ TEST(BadInput, WhatIsNoFileFailsWithTheSystemsReason) {
     RecordArray records;
     records.Add(golden::Record());
     for (const std::string& path : {folder.File("missing"), Utf8Of(folder.Path)})
-      EXPECT_THROW((void)reader.FromFile(path, records), std::filesystem::filesystem_error);
+      EXPECT_THROW((void)reader.FromFile(path, records), FileFault);
     EXPECT_EQ(records.Count(), 1);
     const std::string path = folder.File("größe 日本." + std::string(reader.Extension));
     PutFile(path, "");

@@ -7,12 +7,12 @@
 
 namespace velorix {
 
-/// The text of the fault in which something ends, empty without one.
+/// The text of the fault in which something ends, with its line in a file; empty without one.
 inline std::string FaultOf(const std::function<void()>& run) {
   try {
     run();
   } catch (const Fault& fault) {
-    return fault.what();
+    return fault.Line > 0 ? FaultText(fault) : fault.what();
   }
   return {};
 }

@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 
+#include "base/fault.h"
 #include "tests/datafiles/temp_folder.h"
 
 namespace velorix {
@@ -15,12 +16,15 @@ void Write(const std::string& path, const std::string& bytes) {
   SafeWrite(path, [&](std::ostream& out) { out << bytes; });
 }
 
+std::string TextOf(std::errc reason) { return std::make_error_code(reason).message(); }
+
 /// The system's reason for which something cannot be written.
-std::error_code ReasonOf(const std::string& path) {
+std::string ReasonOf(const std::string& path) {
   try {
     Write(path, std::string(100000, 'x'));
-  } catch (const fs::filesystem_error& fault) {
-    return fault.code();
+  } catch (const FileFault& fault) {
+    EXPECT_EQ(fault.Path, path);
+    return fault.what();
   }
   return {};
 }
@@ -47,7 +51,7 @@ TEST(SafeWrite, AFailureOnTheWayLeavesTheOldFileWhole) {
   EXPECT_THROW(SafeWrite(folder.File("new"), stop), std::runtime_error);
   // A stream that went bad, as of a full disk, need not throw by itself.
   const auto fill = [](std::ostream& out) { out.setstate(std::ios::badbit); };
-  EXPECT_THROW(SafeWrite(folder.File("x"), fill), fs::filesystem_error);
+  EXPECT_THROW(SafeWrite(folder.File("x"), fill), FileFault);
   EXPECT_EQ(BytesOf(folder.File("x")), "old");
   EXPECT_EQ(folder.FileCount(), 1);
 }
@@ -55,7 +59,7 @@ TEST(SafeWrite, AFailureOnTheWayLeavesTheOldFileWhole) {
 TEST(SafeWrite, APlaceThatCannotBeWrittenIsNamedWithTheReason) {
   const TempFolder folder;
   PutFile(folder.File("file"), "old");
-  EXPECT_TRUE(ReasonOf(folder.File("missing/x")) && ReasonOf(folder.File("file/x")));
+  for (const char* name : {"missing/x", "file/x"}) EXPECT_NE(ReasonOf(folder.File(name)), "");
   EXPECT_ANY_THROW(Write(Utf8Of(folder.Path), "new"));  // a folder is no file
   EXPECT_EQ(BytesOf(folder.File("file")), "old");
   EXPECT_EQ(folder.FileCount(), 1);
@@ -64,7 +68,7 @@ TEST(SafeWrite, APlaceThatCannotBeWrittenIsNamedWithTheReason) {
 #ifndef _WIN32
 TEST(SafeWrite, AFullDiskIsTheReason) {
   if (!fs::exists("/dev/full")) GTEST_SKIP() << "this system has no full device";
-  EXPECT_EQ(ReasonOf("/dev/full"), std::errc::no_space_on_device);
+  EXPECT_EQ(ReasonOf("/dev/full"), TextOf(std::errc::no_space_on_device));
   EXPECT_TRUE(fs::is_character_file("/dev/full"));
 }
 
@@ -93,7 +97,7 @@ TEST(SafeWrite, AReadOnlyFileOrFolderStaysAsItIs) {
     GTEST_SKIP() << "the superuser may write anything";
   fs::permissions(folder.Path / "locked", fs::perms::owner_read | fs::perms::owner_exec);
   for (const char* name : {"x", "locked/x", "locked/new"})
-    EXPECT_EQ(ReasonOf(folder.File(name)), std::errc::permission_denied) << name;
+    EXPECT_EQ(ReasonOf(folder.File(name)), TextOf(std::errc::permission_denied)) << name;
   fs::permissions(folder.Path / "locked", fs::perms::owner_all);
   EXPECT_EQ(BytesOf(folder.File("x")), "old");
   EXPECT_EQ(BytesOf(folder.File("locked/x")), "old");

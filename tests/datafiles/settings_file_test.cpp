@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/fault.h"
 #include "tests/datafiles/temp_folder.h"
 
 namespace velorix {
@@ -128,11 +129,10 @@ TEST_F(SettingsOnDisk, FoldersAndBinaryFilesAreNoSettings) {
 TEST_F(SettingsOnDisk, FailedWriteLeavesTheOldFileAndNothingBesideIt) {
   Settings settings;
   std::filesystem::create_directories(PathOf(Path) / "a folder in the way");
-  EXPECT_THROW(SettingsWrite(settings, Path), std::filesystem::filesystem_error);
+  EXPECT_THROW(SettingsWrite(settings, Path), FileFault);
   EXPECT_TRUE(std::filesystem::is_directory(PathOf(Path) / "a folder in the way"));
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Folder), {}), 1);
-  EXPECT_THROW(SettingsWrite(settings, Utf8Of(Folder / "nowhere" / "x.sav")),
-               std::filesystem::filesystem_error);
+  EXPECT_THROW(SettingsWrite(settings, Utf8Of(Folder / "nowhere" / "x.sav")), FileFault);
 }
 
 }  // namespace

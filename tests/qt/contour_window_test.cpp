@@ -57,7 +57,7 @@ class ContourWindowTest : public QObject {
  private slots:
   void init() {
     window_.emplace();
-    BuildContourGrid(window_->Program.ContourGrid, 0, 300, 3);
+    BuildContourGrid(window_->Program.Contour.Grid, 0, 300, 3);
   }
 
   void ShowsTheDataFirstAndTheirDensityWhenCounted() {
@@ -89,8 +89,8 @@ class ContourWindowTest : public QObject {
   void NeitherDrawingNorItsChoicesCountAgain() {
     OpenAndCount();
     const float seconds = State().Count.Seconds;
-    window_->Program.ContourGrid.Density[State().Count.MaxNode] += 1;  // a count would mend it
-    const float marked = window_->Program.ContourGrid.Density[State().Count.MaxNode];
+    window_->Program.Contour.Grid.Density[State().Count.MaxNode] += 1;  // a count would mend it
+    const float marked = window_->Program.Contour.Grid.Density[State().Count.MaxNode];
     QImage last = Picture();
     for (const char* name :
          {"optContinuous", "chkShowContours", "chkShowGridPoints", "chkDataPoint", "optDiscrete"}) {
@@ -100,7 +100,7 @@ class ContourWindowTest : public QObject {
     }
     Press("cmdRedraw");
     QVERIFY(Picture() == last);
-    QCOMPARE(window_->Program.ContourGrid.Density[State().Count.MaxNode], marked);
+    QCOMPARE(window_->Program.Contour.Grid.Density[State().Count.MaxNode], marked);
     QCOMPARE(State().Count.Seconds, seconds);
   }
 

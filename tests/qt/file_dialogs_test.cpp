@@ -136,7 +136,8 @@ struct Asker {
   QTemporaryDir Temp;
   RecordedViews Seen;
   QtDialogs Dialogs;
-  Velorix Program{Dialogs, Seen, {"", "", [](auto&, auto&) { return std::vector<std::string>(); }}};
+  Velorix Program{
+      Dialogs, Seen, Seen, {"", "", [](auto&, auto&) { return std::vector<std::string>(); }}};
 };
 
 }  // namespace
@@ -201,7 +202,7 @@ class FileDialogsTest : public QObject {
       }
     } dialogs;
     Asker asker;
-    Velorix program{dialogs, asker.Seen, {}};
+    Velorix program{dialogs, asker.Seen, asker.Seen, {}};
     program.Session.DataFolder = asker.Program.Session.DataFolder;
     program.Session.CurrentFile = proposed.isEmpty() ? "" : (proposed + ".ams").toStdString();
     program.Session.Records.Grow(1);
@@ -209,10 +210,11 @@ class FileDialogsTest : public QObject {
     sheet.Base = proposed.toStdString();
     sheet.Rows.emplace_back().Cells[0] = "sample";
     const std::map<QString, std::function<void()>> questions = {
-        {"export", [&] { ExportData(program); }},
-        {"save", [&] { SaveAs(program); }},
+        {"export",
+         [&] { ExportData(program.Session, program.Dialogs, program.Views, program.Log); }},
+        {"save", [&] { SaveAs(program.Session, program.Dialogs, program.Views); }},
         {"page", [&] { SaveGraphics(program); }},
-        {"ged", [&] { SaveGedFile(program, sheet); }}};
+        {"ged", [&] { SaveGedFile(program.Session, program.Dialogs, sheet); }}};
     asker.Ask(questions.at(dialog), {[&](QDialog& file) {
                 for (const QString& step : steps.split(' ', Qt::SkipEmptyParts))
                   if (const int type = step.toInt())
@@ -254,7 +256,12 @@ class FileDialogsTest : public QObject {
   void theExportedTextHasTheChosenDelimiter() {
     Asker asker;
     for (const int type : {2, 3, 4})
-      asker.Ask([&] { ExportData(asker.Program); }, {Answer(type, QString("%1.txt").arg(type))});
+      asker.Ask(
+          [&] {
+            ExportData(asker.Program.Session, asker.Program.Dialogs, asker.Program.Views,
+                       asker.Program.Log);
+          },
+          {Answer(type, QString("%1.txt").arg(type))});
     QVERIFY(asker.Bytes("2.txt").startsWith("ID            Specimen"));
     QVERIFY(asker.Bytes("3.txt").startsWith("ID ;Specimen ;"));
     QVERIFY(asker.Bytes("4.txt").startsWith("ID \tSpecimen \t"));
@@ -281,7 +288,10 @@ class FileDialogsTest : public QObject {
     Asker asker;
     asker.WriteFile("a.ams", "a");
     asker.WriteFile("b.ams", "b");
-    const auto open = [&] { OpenDataFiles(asker.Program, "Open", true); };
+    const auto open = [&] {
+      OpenDataFiles(asker.Program.Session, asker.Program.Dialogs, asker.Program.Host,
+                    FileAction::Open);
+    };
     const auto told = [](const QString& name) {
       return "Open File(s)|" + name + "\nThis file does not exist.|&Retry";
     };
@@ -311,17 +321,22 @@ class FileDialogsTest : public QObject {
   void severalFilesAreChosenInTheList() {
     Asker asker;
     for (const char* name : {"a", "b", "c"}) asker.WriteFile(name + std::string(".ams"), name);
-    asker.Ask([&] { OpenDataFiles(asker.Program, "Open", true); }, {[](QDialog& dialog) {
-                auto& list = In<QTreeView>(dialog, "treeView");
-                QTRY_COMPARE(list.model()->rowCount(list.rootIndex()), 3);
-                const auto place = [&](int row) {
-                  return list.visualRect(list.model()->index(row, 0, list.rootIndex())).center();
-                };
-                QTRY_VERIFY(!place(2).isNull());
-                QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place(0));
-                QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, place(2));
-                Accept(dialog);
-              }});
+    asker.Ask(
+        [&] {
+          OpenDataFiles(asker.Program.Session, asker.Program.Dialogs, asker.Program.Host,
+                        FileAction::Open);
+        },
+        {[](QDialog& dialog) {
+          auto& list = In<QTreeView>(dialog, "treeView");
+          QTRY_COMPARE(list.model()->rowCount(list.rootIndex()), 3);
+          const auto place = [&](int row) {
+            return list.visualRect(list.model()->index(row, 0, list.rootIndex())).center();
+          };
+          QTRY_VERIFY(!place(2).isNull());
+          QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place(0));
+          QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, place(2));
+          Accept(dialog);
+        }});
     QCOMPARE(asker.Names(), "a c ");
   }
 
@@ -329,15 +344,19 @@ class FileDialogsTest : public QObject {
     Asker asker;
     asker.Program.Session.Records.Grow(1);
     OrientationEditor editor;
-    LoadEditor(editor, asker.Program);
+    LoadEditor(editor, asker.Program.Session);
     const QString told = "|new.ged\nThis file does not exist.\nCreate new file?|";
-    QCOMPARE(asker.Ask([&] { OpenGed(editor, asker.Program, "Open"); },
-                       {Answer(1, "new.ged"), Press("&No"), Accept, Press("&Yes")}),
+    QCOMPARE(asker.Ask(
+                 [&] {
+                   OpenGed(editor, asker.Program.Session, asker.Program.Lists,
+                           asker.Program.Dialogs, FileAction::Open);
+                 },
+                 {Answer(1, "new.ged"), Press("&No"), Accept, Press("&Yes")}),
              QStringList({"data||1", "Open File(s)" + told + "&Yes|&No", "data|new.ged|1",
                           "Open File(s)" + told + "&Yes|&No"}));
     QCOMPARE(asker.Program.Session.RecordCount(), 0);
     GedSheet sheet;
-    QCOMPARE(asker.Ask([&] { OpenGedFiles(asker.Program, sheet); },
+    QCOMPARE(asker.Ask([&] { OpenGedFiles(asker.Program.Session, asker.Program.Dialogs, sheet); },
                        {Answer(1, "new.ged"), Press("&Retry"), Cancel}),
              QStringList({"data||1", "Open GED file(s)" + told + "&Retry", "data|new.ged|1"}));
   }
@@ -348,10 +367,16 @@ class FileDialogsTest : public QObject {
     GedSheet sheet;
     sheet.Rows.emplace_back().Cells[0] = "sample";
     const std::tuple<std::function<void()>, int, const char*, const char*> rows[] = {
-        {[&] { SaveAs(asker.Program); }, 2, "old.ran", "&No"},
+        {[&] { SaveAs(asker.Program.Session, asker.Program.Dialogs, asker.Program.Views); }, 2,
+         "old.ran", "&No"},
         {[&] { SaveGraphics(asker.Program); }, 5, "old.png", "&No"},
-        {[&] { SaveGedFile(asker.Program, sheet); }, 1, "old.ged", "&No"},
-        {[&] { ExportData(asker.Program); }, 1, "old.csv", "&Cancel"}};
+        {[&] { SaveGedFile(asker.Program.Session, asker.Program.Dialogs, sheet); }, 1, "old.ged",
+         "&No"},
+        {[&] {
+           ExportData(asker.Program.Session, asker.Program.Dialogs, asker.Program.Views,
+                      asker.Program.Log);
+         },
+         1, "old.csv", "&Cancel"}};
     for (const auto& [ask, type, name, no] : rows) {
       asker.WriteFile(name, "old");
       const QStringList story = asker.Ask(ask, {Answer(type, name), Press(no), Cancel});

@@ -129,7 +129,7 @@ int main(int argc, char** argv) {
   QDir().mkpath(argv[1]);
   for (const Image& image : Images) {
     TestWindow window;
-    BuildContourGrid(window.Program.ContourGrid, 0, 300, 3);
+    BuildContourGrid(window.Program.Contour.Grid, 0, 300, 3);
     window.Window.resize(size.size() == 2 ? QSize(size[0].toInt(), size[1].toInt()) : image.Size);
     if (*image.Example) {
       window.Asked.Files.push_back(FileAnswer{Example(image.Example), 1});

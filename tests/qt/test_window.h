@@ -170,7 +170,7 @@ struct TestWindow {
   QTemporaryDir Folder;
   ScriptedDialogs Asked;
   frmVelorix Window;
-  Velorix Program{Asked, Window, {}};
+  Velorix Program{Asked, Window, Window, {}};
 };
 
 }  // namespace velorix

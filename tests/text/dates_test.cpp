@@ -2,26 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
-#include "base/fault.h"
 #include "base/timer.h"
-#include "text/line_through.h"
 
 namespace velorix {
 namespace {
 
-TEST(Dates, DateAndTimeTextPadTheirParts) {
-  const std::pair<double, const char*> dates[] = {
-      // clang-format off
-      {0, ""}, {1, "31-12-1899"}, {43196, "06-04-2018"}, {43196.99, "06-04-2018"},
-      {36585, "29-02-2000"}, {-1.25, "29-12-1899"}, {-657434, "01-01-0100"},
-      {2958465, "31-12-9999"},
-      // clang-format on
-  };
-  for (const auto& [date, wanted] : dates) EXPECT_EQ(DateText(date), wanted) << date;
-  for (double date : {-657435.0, 2958466.0, 1e300, std::nan("")})
-    EXPECT_THROW(DateText(date), Fault) << date;
+TEST(Dates, TimeTextPadsItsParts) {
   EXPECT_EQ(TimeText(0), " 00:00:00");  // with a blank in front
   EXPECT_EQ(TimeText(3723.9), " 01:02:03");
   EXPECT_EQ(TimeText(86399.99), " 23:59:59");
@@ -41,12 +27,6 @@ TEST(Timer, TimerLiesWithinTheDayAndMovesOn) {
   while (Elapsed(start) == 0) {
   }
   EXPECT_LT(Elapsed(start), 60.0f);
-}
-
-TEST(LineThrough, GoesThroughBothPointsAndRefusesUprightLines) {
-  EXPECT_EQ(LineThrough(0, 1, 3, 7), (StraightLine{2, 1}));
-  EXPECT_EQ(LineThrough(3, 7, 0, 1), (StraightLine{2, 1}));
-  EXPECT_THROW(LineThrough(2, 1, 2, 5), Fault);
 }
 
 }  // namespace

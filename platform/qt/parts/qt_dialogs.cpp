@@ -226,6 +226,18 @@ std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion&
   return answer;
 }
 
+/// A box with a title and a text, before its icon and its buttons.
+class TextBox : public QMessageBox {
+ public:
+  TextBox(QWidget* owner, const std::string& title, const std::string& text) : QMessageBox(owner) {
+    PauseBusyCursor();
+    setObjectName("frmMessage");
+    setWindowTitle(ToQString(title));
+    setTextFormat(Qt::PlainText);
+    setText(ToQString(text));
+  }
+};
+
 }  // namespace
 
 QString NameFilter::ForDialog() const {
@@ -280,12 +292,7 @@ std::optional<FileAnswer> QtDialogs::ShowSave(const FileQuestion& question) {
 
 int QtDialogs::Ask(const std::string& title, const std::string& text,
                    const std::vector<std::string>& buttons, int defaultButton) {
-  PauseBusyCursor();
-  QMessageBox box(Owner);
-  box.setObjectName("frmMessage");
-  box.setWindowTitle(ToQString(title));
-  box.setTextFormat(Qt::PlainText);
-  box.setText(ToQString(text));
+  TextBox box(Owner, title, text);
   box.setIconPixmap(OwnIcon("velorix").pixmap(QSize(48, 48), box.devicePixelRatioF()));
   std::vector<QPushButton*> made;
   for (const std::string& caption : buttons) {
@@ -302,12 +309,7 @@ int QtDialogs::Ask(const std::string& title, const std::string& text,
 }
 
 void QtDialogs::Warn(const std::string& title, const std::string& text) {
-  PauseBusyCursor();
-  QMessageBox box(Owner);
-  box.setObjectName("frmMessage");
-  box.setWindowTitle(ToQString(title));
-  box.setTextFormat(Qt::PlainText);
-  box.setText(ToQString(text));
+  TextBox box(Owner, title, text);
   box.setIcon(QMessageBox::Warning);
   box.addButton("OK", QMessageBox::AcceptRole);
   box.exec();

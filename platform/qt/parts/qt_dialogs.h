@@ -30,7 +30,7 @@ class QtDialogs : public Dialogs {
 /// One filter of a "text|pattern|" list.
 struct NameFilter {
   QString Text, Pattern;
-  /// As the toolkit wants it, matching the extension in any case; the last parenthesis is hidden.
+  /// As the toolkit takes it, matching the extension in any case; the last parenthesis is hidden.
   QString ForDialog() const;
   /// The extension of the pattern: "ams".
   QString Suffix() const;

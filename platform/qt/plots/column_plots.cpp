@@ -130,7 +130,7 @@ PlotPanel* ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
   AttachPlotMouse(
       velorix_, *panel, plot == 1 ? "lblXYPlot1" : "lblXYPlot2",
       [this, plot](const MouseBox& box) { SelectInXYPlot(velorix_, plot, box); },
-      [this, plot](double x, double y) { return ReadXYPlot(velorix_, plot, x, y); });
+      [this, plot](double x, double y) { return ReadXYPlot(velorix_.XYDrawn[plot], x, y); });
   if (plot == 1)
     panel->AddPageBox("chkXYPLot1", velorix_.Page.xyPlot1);
   else

@@ -22,7 +22,7 @@
 #include <algorithm>
 
 #include "app/display/contour.h"
-#include "app/files/save.h"
+#include "app/files/ask_file.h"
 #include "platform/painting/picture_file.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/marks.h"
@@ -121,7 +121,7 @@ frmContour::frmContour(Velorix& velorix, QWidget* owner)
   row->addLayout(MakePicture(), 1);
   row->addLayout(controls);
   resize(ComfortableSize());
-  ShowContourData(velorix_);
+  ShowContourData(velorix_.Contour, velorix_.Session);
   ShowState();
   findChild<QPushButton*>("cmdCount")->setFocus();
 }
@@ -158,7 +158,7 @@ QLayout* frmContour::MakePicture() {
   picture_->setObjectName("picContour");
   picture_->setToolTip(PictureTip);
   picture_->SetPicture(ContourPlane,
-                       [this](Target& target) { DrawContourPicture(velorix_, target); });
+                       [this](Target& target) { DrawContourPicture(velorix_.Contour, target); });
   picture_->OnMove = [this](const PictureMouse& mouse) { FollowMouse(mouse.x, mouse.y); };
   picture_->OnLeave = [this] { cursor_->clear(); };
   inside->addWidget(picture_);
@@ -240,7 +240,7 @@ void frmContour::AddDisplays(QVBoxLayout& column) {
     option->setObjectName(QString("optDisplay(%1)").arg(index));
     option->setChecked(velorix_.Contour.Options.display == index);
     connect(option, &QRadioButton::clicked, this, [this, index] {
-      Work(velorix_, [&] { ChooseContourDisplay(velorix_, index); });
+      Work(velorix_, [&] { ChooseContourDisplay(velorix_.Contour, velorix_.Session, index); });
       ShowState();
     });
     inside->addWidget(option);
@@ -329,20 +329,20 @@ void frmContour::Redraw() { picture_->Redraw(); }
 
 void frmContour::ShowState() {
   const ContourSession& contour = velorix_.Contour;
-  caption_->setText(ToQString(ContourCaption(velorix_)));
+  caption_->setText(ToQString(ContourCaption(contour)));
   ShowNotice(*stale_, ToQString(ContourStaleText(contour)));
   levelsTitle_->setText(contour.Counted() ? "Levels:" : "Count (Return) computes the density.");
   levels_->setText(ToQString(ContourLevelsText(contour)));
   time_->setText(ToQString(ContourTimeText(contour)));
-  const QString maximum = ToQString(ContourMaximumText(velorix_));
+  const QString maximum = ToQString(ContourMaximumText(velorix_.Contour));
   levels_->setToolTip(maximum.isEmpty() ? "Contour levels, in multiples of a uniform density"
                                         : maximum);
   Redraw();
 }
 
 void frmContour::FollowMouse(double x, double y) {
-  cursor_->setText(ToQString(ContourCursorText(velorix_, x, y)));
-  const QString maximum = ToQString(ContourMaximumText(velorix_));
+  cursor_->setText(ToQString(ContourCursorText(velorix_.Contour, x, y)));
+  const QString maximum = ToQString(ContourMaximumText(velorix_.Contour));
   picture_->setToolTip(IsOnContourLegend(x, y) && !maximum.isEmpty() ? maximum : PictureTip);
 }
 
@@ -353,7 +353,10 @@ void frmContour::Count() {
   cancel_->setEnabled(true);
   events_.start();
   qApp->installEventFilter(this);
-  Work(velorix_, [this] { CountContour(velorix_, [this](double share) { return GoOn(share); }); });
+  Work(velorix_, [this] {
+    CountContour(velorix_.Contour, velorix_.Session, velorix_.Dialogs,
+                 [this](double share) { return GoOn(share); });
+  });
   qApp->removeEventFilter(this);
   counting_ = false;
   cancel_->setEnabled(false);
@@ -395,18 +398,19 @@ void frmContour::SavePicture() {
   Work(velorix_, [&] {
     FileQuestion question = SaveQuestion(velorix_.Session, "Save Picture");
     question.Filter = PictureFilter();
-    const auto answer = AskWhereToSave(velorix_, question);
+    const auto answer = AskWhereToSave(velorix_.Dialogs, question);
     if (!answer) return;
     constexpr double Scale = 3;  // pixels of a unit
-    const Outcome outcome =
-        WritePicture(answer->Filename, ContourPlane, Scale,
-                     [this](Target& target) { DrawContourPicture(velorix_, target); });
-    if (!outcome) velorix_.Dialogs.Ask(outcome.Title, outcome.Text, {"&OK"});
+    Show(velorix_.Dialogs,
+         WritePicture(answer->Filename, ContourPlane, Scale,
+                      [this](Target& target) { DrawContourPicture(velorix_.Contour, target); }));
   });
 }
 
 void frmContour::Export() {
-  Work(velorix_, [this] { GrevaExport(velorix_); });
+  Work(velorix_, [this] {
+    GrevaExport(velorix_.Session, velorix_.Host.AppFolder, velorix_.Dialogs, velorix_.Views);
+  });
 }
 
 void frmContour::Shut() { close(); }

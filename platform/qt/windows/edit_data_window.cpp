@@ -15,7 +15,7 @@ namespace velorix {
 frmEditData::frmEditData(Velorix& velorix, QWidget* owner) : QDialog(owner), velorix_(velorix) {
   setObjectName("frmEditData");
   setWindowTitle("Edit Orientation Data");
-  LoadEditor(editor_, velorix_);
+  LoadEditor(editor_, velorix_.Session);
   table_ = new EditTable(editor_, this);
   line_ = new QLabel(this);
   line_->setObjectName("lblAssigned");
@@ -68,22 +68,24 @@ void frmEditData::AddButton(QHBoxLayout& row, const char* name, const char* capt
 
 QHBoxLayout* frmEditData::MakeButtons() {
   auto* row = new QHBoxLayout;
-  AddButton(*row, "cmdOpenGED", "OpenGED",
-            "Read geological file(s) and show their samples (Ctrl+O)", QKeySequence("Ctrl+O"),
-            [this] { OpenGed(editor_, velorix_, "Open"); });
+  AddButton(
+      *row, "cmdOpenGED", "OpenGED", "Read geological file(s) and show their samples (Ctrl+O)",
+      QKeySequence("Ctrl+O"), [this] {
+        OpenGed(editor_, velorix_.Session, velorix_.Lists, velorix_.Dialogs, FileAction::Open);
+      });
   AddButton(*row, "cmdGEDASSign", "AssignGED",
             "Give each record the orientation, foliations and lineations of the sample of its name "
             "(Ctrl+G)",
-            QKeySequence("Ctrl+G"), [this] { AssignGed(editor_, velorix_); });
+            QKeySequence("Ctrl+G"), [this] { AssignGed(editor_, velorix_.Session); });
   AddButton(*row, "cmdWrite", "Write",
             "Show the records as they are, without what was typed here (F5)", QKeySequence("F5"),
-            [this] { WriteGrid(editor_, velorix_); });
+            [this] { WriteGrid(editor_, velorix_.Session); });
   row->addStretch(1);
   AddButton(
       *row, "cmdRead", "SAVE",
       "Put the grid into the records and write the open file (.ams, .ran); then close (Ctrl+S)",
       QKeySequence("Ctrl+S"), [this] {
-        if (SaveGrid(editor_, velorix_)) accept();
+        if (SaveGrid(editor_, velorix_.Session, velorix_.Lists, velorix_.Dialogs)) accept();
       });
   AddButton(*row, "cmdCancel", "CANCEL", "Close without saving (Esc)", {}, [this] { reject(); });
   return row;

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "app/edit/orientation_editor.h"
+#include "app/state/velorix.h"
 
 class QHBoxLayout;
 class QLabel;

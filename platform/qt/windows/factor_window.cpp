@@ -37,7 +37,7 @@ frmAnisoFac::frmAnisoFac(Velorix& velorix, QWidget* owner) : QDialog(owner) {
         Lock(false);
         names_[1]->setFocus();
       },
-      [this, &velorix] { ChangeFactors(velorix, Chosen()); }));
+      [this, &velorix] { ChangeFactors(velorix.Session, Chosen()); }));
   column->setSizeConstraint(QLayout::SetFixedSize);
   Lock(true);
 }

@@ -3,6 +3,7 @@
 #include <QDialog>
 
 #include "app/edit/factor_choice.h"
+#include "app/state/velorix.h"
 
 class QComboBox;
 class QGridLayout;

@@ -76,7 +76,7 @@ frmGEDEditor::frmGEDEditor(Velorix& velorix, QWidget* owner)
     refused_ = true;
     QTimer::singleShot(0, this, [this] {  // when the cell's editor is gone
       refused_ = false;
-      RefuseGedCell(velorix_);
+      RefuseGedCell(velorix_.Dialogs);
     });
   };
   MakeMenu();
@@ -213,7 +213,7 @@ bool frmGEDEditor::EndTyping() {
 void frmGEDEditor::Open() {
   if (!EndTyping()) return;
   Work(velorix_, [this] {
-    if (!OpenGedFiles(velorix_, sheet_)) return;
+    if (!OpenGedFiles(velorix_.Session, velorix_.Dialogs, sheet_)) return;
     model_.Refresh();
     ShowAllRows();
     ShowSite();
@@ -225,7 +225,7 @@ void frmGEDEditor::Save() {
   if (!EndTyping()) return;
   TakeSite();
   bool saved = false;
-  Work(velorix_, [&] { saved = SaveGedFile(velorix_, sheet_); });
+  Work(velorix_, [&] { saved = SaveGedFile(velorix_.Session, velorix_.Dialogs, sheet_); });
   if (saved) close();
 }
 

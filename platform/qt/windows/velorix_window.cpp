@@ -100,7 +100,7 @@ void frmVelorix::Load(Velorix& velorix) {
   resize(1280, 800);
   statusBar()->showMessage("Open a data file with Ctrl+O, or drop one on this window.");
 
-  ResetSession(*velorix_);
+  ResetSession(velorix_->Session);
   ShowCodeLists();
   RefreshViews(*velorix_);
   DisplayFormCaption(*velorix_);
@@ -335,7 +335,7 @@ void frmVelorix::ShowStatus(const std::string& text) {
 }
 
 void frmVelorix::closeEvent(QCloseEvent* event) {
-  event->setAccepted(ConfirmExit(*velorix_));
+  event->setAccepted(ConfirmExit(velorix_->Dialogs));
   if (event->isAccepted()) velorix_->Log.DebugPrint(">> frmVelorix_Terminate");
 }
 
@@ -350,7 +350,7 @@ void frmVelorix::dropEvent(QDropEvent* event) {
   // Later, so that a question does not hold up the file manager.
   QTimer::singleShot(0, this, [this, paths] {
     Work(*velorix_, [&] {
-      if (!OpenDroppedFiles(*velorix_, paths)) return;
+      if (!OpenDroppedFiles(velorix_->Session, velorix_->Dialogs, velorix_->Host, paths)) return;
       DisplayData(*velorix_, true);
       DisplayFormCaption(*velorix_);
     });

@@ -24,9 +24,9 @@ class GridPanel;
 class StereoPanel;
 class ViewLists;
 
-/// The main window. It decides nothing: controls call the commands, and the commands tell it what
-/// to show.
-class frmVelorix : public QMainWindow, public Views {
+/// The main window. It decides nothing: controls call the commands, and the commands say what to
+/// show.
+class frmVelorix : public QMainWindow, public Views, public WindowOpener {
  public:
   frmVelorix();
   ~frmVelorix() override;
@@ -43,13 +43,15 @@ class frmVelorix : public QMainWindow, public Views {
   void ShowGridHeader() override;
   void FillGrid() override;
   void RedrawStereo() override;
-  void ShowWindows() override;
   void FillDataTable() override;
   void ShowSelection() override;
   void RedrawHisto() override;
   void RedrawXYPlot(int plot) override;
   void RefreshGroupStatistics() override;
   void RefreshContour() override;
+  void ShowStatus(const std::string& text) override;
+
+  void ShowWindows() override;
   void ShowAbout() override;
   void ShowManual() override;
   void ShowOrientationEditor() override;
@@ -57,7 +59,6 @@ class frmVelorix : public QMainWindow, public Views {
   void ShowFactorChoice() override;
   void ShowGedEditor() override;
   void Exit() override;
-  void ShowStatus(const std::string& text) override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -1,0 +1,114 @@
+#include "app/files/file_kinds.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "app/files/ask_file.h"
+#include "base/fault.h"
+#include "datafiles/ams_file.h"
+#include "datafiles/asc_file.h"
+#include "datafiles/ran_file.h"
+#include "datafiles/si2b_file.h"
+#include "datafiles/spin_file.h"
+#include "text/paths.h"
+#include "text/upper_case.h"
+
+namespace velorix {
+namespace {
+
+/// A reader whose files leave nothing to the settings.
+template <Outcome (*Read)(const std::string&, RecordArray&)>
+Outcome Plain(const std::string& path, RecordArray& records, const Settings&) {
+  return Read(path, records);
+}
+
+Outcome ReloadAmsInPhase(const std::string& path, RecordArray& records, const Settings&) {
+  return ReloadAmsFile(path, records, false);
+}
+
+Outcome WriteAms(const std::string& path, const RecordArray& records, bool all) {
+  return WriteAmsFile(path, records, false, all);
+}
+
+Outcome WriteRan(const std::string& path, const RecordArray& records, bool all) {
+  return WriteRanFile(path, records, false, all);
+}
+
+// clang-format off
+constexpr FileKind Kinds[] = {
+    // word, extension, captions to open and to save, read, reload, write
+    {"ams",  "ams", "AMS-file(s)",      "AMS file", Plain<ReadAmsFile>, ReloadAmsInPhase,   WriteAms},
+    {"ran",  "ran", "RAN-file(s)",      "RAN file", ReadRanFile,        ReadRanFile,        WriteRan},
+    {"are",  "are", "ARE-file(s)",      "",         ReadRanFile,        ReadRanFile,        nullptr},
+    {"asc",  "asc", "ASC-file(s)",      "",         Plain<ReadAscFile>, Plain<ReadAscFile>, nullptr},
+    {"si2b", "AMS", "SI2B AMS-file(s)", "",         ReadSi2bFile,       ReadSi2bFile,       nullptr},
+    {"spin", "txt", "AMSSpin-file(s)",  "",         ReadSpinFile,       ReadSpinFile,       nullptr},
+};
+// clang-format on
+
+/// The kinds that can be written, in the order of the filters to save.
+std::vector<const FileKind*> KindsToSave() {
+  std::vector<const FileKind*> kinds;
+  for (const FileKind& kind : Kinds)
+    if (kind.Write) kinds.push_back(&kind);
+  return kinds;
+}
+
+/// The position, from 1, of the first of the kinds that has the extension; 0 when none has it.
+template <class Has>
+int PositionOf(Has has) {
+  const auto kind = std::find_if(std::begin(Kinds), std::end(Kinds), has);
+  return kind == std::end(Kinds) ? 0 : static_cast<int>(kind - std::begin(Kinds)) + 1;
+}
+
+}  // namespace
+
+std::span<const FileKind> FileKinds() { return Kinds; }
+
+const FileKind& KindOfFilter(int filter) {
+  if (filter < 1 || filter > static_cast<int>(std::size(Kinds))) FailSubscript();
+  return Kinds[filter - 1];
+}
+
+int FilterOfExtension(const std::string& extension) {
+  const int exact = PositionOf([&](const FileKind& kind) { return extension == kind.Extension; });
+  if (exact != 0) return exact;
+  const std::string upper = UpperCase(extension);
+  return PositionOf([&](const FileKind& kind) { return upper == UpperCase(kind.Extension); });
+}
+
+const FileKind& KindToSave(int filter) {
+  const auto kinds = KindsToSave();
+  return *kinds[filter >= 1 && filter <= std::ssize(kinds) ? static_cast<std::size_t>(filter - 1)
+                                                           : 0];
+}
+
+int SaveFilterOf(const std::string& path) {
+  const std::string upper = UpperCase(ExtensionOf(path));
+  int filter = 0;
+  for (const FileKind* kind : KindsToSave())
+    if (++filter; upper == UpperCase(kind->Extension)) return filter;
+  return 0;
+}
+
+FileWriter WriterOf(const std::string& extension) {
+  for (const FileKind* kind : KindsToSave())
+    if (extension == kind->Extension) return kind->Write;
+  return nullptr;
+}
+
+std::string OpenFilters() {
+  std::string filters;
+  for (const FileKind& kind : Kinds) filters += FilterText(kind.OpenCaption, kind.Extension);
+  filters.pop_back();
+  return filters;
+}
+
+std::string SaveFilters() {
+  std::string filters;
+  for (const FileKind* kind : KindsToSave())
+    filters += FilterText(kind->SaveCaption, kind->Extension);
+  return filters;
+}
+
+}  // namespace velorix

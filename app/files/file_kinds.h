@@ -1,0 +1,53 @@
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "base/outcome.h"
+#include "store/record_array.h"
+#include "store/settings.h"
+
+namespace velorix {
+
+/// Appends the records of a file; what the file leaves open comes from the settings.
+using FileReader = Outcome (*)(const std::string& path, RecordArray& records,
+                               const Settings& settings);
+
+/// Writes all records, or the selected ones, in place of a file.
+using FileWriter = Outcome (*)(const std::string& path, const RecordArray& records, bool all);
+
+/// A kind of data files. The one table of the kinds serves the dialogs to open and to save, the
+/// orientation editor, the console and files that are dropped on the window.
+struct FileKind {
+  const char* Word;         // of the console: "ams"
+  const char* Extension;    // "ams"
+  const char* OpenCaption;  // of the filter to open: "AMS-file(s)"
+  const char* SaveCaption;  // of the filter to save: "AMS file"
+  FileReader Read, Reload;
+  FileWriter Write;  // null: files of this kind are only read, and have no filter to save
+};
+
+/// The kinds in the order of the filters to open, which count from 1.
+std::span<const FileKind> FileKinds();
+
+/// The kind of a filter to open; "Subscript out of range" when there is no such filter.
+const FileKind& KindOfFilter(int filter);
+
+/// The filter to open for a file's extension, 0 when there is none. An extension in exactly these
+/// letters goes before one in others: "AMS" is the SI2B text format, "ams" and "Ams" the binary
+/// one.
+int FilterOfExtension(const std::string& extension);
+
+/// The kinds that can be written, by their filter to save, which counts from 1; the first one when
+/// there is no such filter.
+const FileKind& KindToSave(int filter);
+/// The filter to save for a path's extension in any case of letters, 0 when there is none.
+int SaveFilterOf(const std::string& path);
+/// The writer for an extension in exactly these letters, null when there is none.
+FileWriter WriterOf(const std::string& extension);
+
+/// All filters of the dialogs. Those to open end without a bar.
+std::string OpenFilters();
+std::string SaveFilters();
+
+}  // namespace velorix
