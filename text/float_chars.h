@@ -9,7 +9,7 @@
 namespace velorix {
 
 /// std::from_chars of a decimal number, also where the standard library has it for integers alone
-/// (libc++ up to 19). Writing needs no such help: std::to_chars of floating point is there.
+/// (libc++). Writing needs no such help: std::to_chars of floating point is there.
 inline std::from_chars_result FromChars(const char* first, const char* last, double& value) {
 #ifdef __cpp_lib_to_chars
   return std::from_chars(first, last, value);
