@@ -1,7 +1,7 @@
 #include "datafiles/ran_file.h"
 
 #include <algorithm>
-#include <charconv>
+#include <cerrno>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -14,6 +14,7 @@
 #include "datafiles/ran_layout.h"
 #include "datafiles/safe_write.h"
 #include "tensor/derivation.h"
+#include "text/float_chars.h"
 #include "text/lines.h"
 #include "text/numbers.h"
 #include "text/paths.h"
@@ -49,7 +50,7 @@ float CoordinateOf(std::string_view text) {
     FailType();
   double ignored;
   const char* const end = digits.data() + digits.size();
-  if (std::from_chars(digits.data(), end, ignored).ptr != end) FailType();
+  if (FromChars(digits.data(), end, ignored).ptr != end) FailType();
   return ToSingle(NumberOf(text));
 }
 

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "base/fault.h"
+#include "text/float_chars.h"
 
 namespace velorix {
 
@@ -196,11 +197,11 @@ double NumberOf(std::string_view text) {
   std::from_chars_result result{};
   const char letter = prefix.MantissaEnd < prefix.End ? *prefix.MantissaEnd : 'e';
   if (letter == 'D' || letter == 'd') {
-    std::string other(p, prefix.End);  // from_chars doesn't know this letter
+    std::string other(p, prefix.End);  // FromChars takes e alone
     other[static_cast<std::size_t>(prefix.MantissaEnd - p)] = 'e';
-    result = std::from_chars(other.data(), other.data() + other.size(), value);
+    result = FromChars(other.data(), other.data() + other.size(), value);
   } else {
-    result = std::from_chars(p, prefix.End, value);
+    result = FromChars(p, prefix.End, value);
   }
   if (result.ec != std::errc{} || !std::isfinite(value))
     value = prefix.Size > 0 ? std::numeric_limits<double>::max() : 0;

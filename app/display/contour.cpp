@@ -126,8 +126,9 @@ void GrevaExport(const Session& session, const std::string& appFolder, Dialogs& 
     OnFile(folder, [&] { std::filesystem::create_directories(PathOf(folder)); });
     SafeWrite(path, [&](std::ostream& out) {
       ForEachAtLevel(session, [&](const SpecimenRecord& r) {
-        if (!std::isfinite(r.Dec[1]) || !std::isfinite(r.Inc[1])) return;
-        out << TrimmedNumber(r.Dec[1], "0") << '/' << TrimmedNumber(r.Inc[1], "0") << "\r\n";
+        const double dec = r.Dec[1], inc = r.Inc[1];
+        if (!std::isfinite(dec) || !std::isfinite(inc)) return;
+        out << TrimmedNumber(dec, "0") << '/' << TrimmedNumber(inc, "0") << "\r\n";
         ++lines;
       });
     });

@@ -75,6 +75,7 @@ std::vector<CountedColour> ChoosePalette(std::vector<CountedColour> colours) {
     groups.push_back(rest);
   }
   std::vector<CountedColour> palette;
+  palette.reserve(groups.size());
   for (const Group& group : groups) palette.push_back(group.chosen);
   return palette;
 }
@@ -102,6 +103,7 @@ IndexedImage Indexed(const QImage& image) {
       if (++counts[line[x]] == 1) order.push_back(line[x]);
   }
   std::vector<CountedColour> colours;
+  colours.reserve(order.size());
   for (const QRgb c : order) colours.push_back({{qRed(c), qGreen(c), qBlue(c)}, counts[c]});
   IndexedImage indexed{ChoosePalette(colours), {}};
   for (std::size_t i = 0; i < order.size(); ++i)

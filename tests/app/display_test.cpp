@@ -164,7 +164,7 @@ TEST_F(Display, SurvivesRecordsWithoutNumbers) {
   ReplaceStore(Now, records);
   for (const char* view : {"mnuView(1)", "mnuView(2)", "mnuView(3)", "mnuView(4)"}) {
     Menu(view);
-    EXPECT_TRUE(std::isfinite(Now.Records[1].Dec[1])) << view;
+    EXPECT_TRUE(std::isfinite(double(Now.Records[1].Dec[1]))) << view;
   }
   EXPECT_TRUE(Asked.Boxes.empty());
 }

@@ -170,7 +170,7 @@ TEST_F(ContourPicture, KnowsTheNodeAndTheLegendUnderAPlace) {
 TEST(Raster, IsAPixelForEachUnitOnATargetThatKnowsNoBetter) {
   struct PlainTarget : Recorder {
     void Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) override {
-      Target::Raster(corner, width, pixels);
+      Target::Raster(corner, width, pixels);  // NOLINT(bugprone-parent-virtual-call): on purpose
     }
   } target;
   const Colour pixels[] = {Red, NoColour, Blue, Black, Black, NoColour};
