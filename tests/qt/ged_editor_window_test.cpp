@@ -78,7 +78,6 @@ class GedEditorWindowTest : public WindowTest {
   void everyWayOutOfACellEndsTheTypingFirst() {
     const std::string path = WriteGed("hill", 3), out = W().Path("out.ged");
     const std::pair<const char*, std::function<void()>> ways[] = {
-        {"Tab", [this] { Key(Qt::Key_Tab); }},
         {"Ctrl+R", [this] { Key(Qt::Key_R, Qt::ControlModifier); }},
         {"Ctrl+O, cancelled", [this] { Key(Qt::Key_O, Qt::ControlModifier); }},
         {"menu", [this] { The<QAction>("mnuOpen").trigger(); }},

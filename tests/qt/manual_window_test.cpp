@@ -80,31 +80,6 @@ class ManualWindowTest : public QObject {
     }
   }
 
-  /// Every link of every page of the manual leads to a page and, where it names one, to a heading.
-  void noLinkOfTheManualIsDead() {
-    Show(FirstPage);
-    QList<QUrl> pages = {QUrl::fromLocalFile(FirstPage)};
-    QSet<QUrl> headings, targets;
-    for (qsizetype i = 0; i < pages.size(); ++i) {
-      Page().setSource(pages[i]);
-      for (QTextBlock block = Document().begin(); block.isValid(); block = block.next())
-        for (auto part = block.begin(); !part.atEnd(); ++part) {
-          const QTextCharFormat format = part.fragment().charFormat();
-          for (const QString& name : format.anchorNames())
-            headings += pages[i].resolved(QUrl("#" + name));
-          const QUrl target = pages[i].resolved(QUrl(format.anchorHref()));
-          if (!target.isLocalFile()) continue;
-          QVERIFY2(QFileInfo::exists(target.toLocalFile()), qPrintable(target.toString()));
-          if (target.hasFragment()) targets += target;
-          const QUrl page = target.adjusted(QUrl::RemoveFragment);
-          if (page.path().endsWith(".md") && !pages.contains(page)) pages += page;
-        }
-    }
-    for (const QUrl& target : targets)
-      QVERIFY2(headings.contains(target), qPrintable(target.toString()));
-    QVERIFY(pages.size() > 10 && targets.size() > 20);
-  }
-
   void aLinkToAHeadingShowsItAtTheTop() {
     const QByteArray lines = QByteArray("line\n\n").repeated(100);
     Write("b.md", "# Other\n\n" + lines + "## Deep\n\n" + lines);
