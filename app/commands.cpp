@@ -41,17 +41,9 @@ void Reload(Velorix& v) {
   ShowStore(v);
 }
 
-template <std::int16_t Block>
-void SetBlock(Velorix& v) {
-  v.Session.ReImMode = Block;
-}
-template <std::int16_t System>
-void SetSystem(Velorix& v) {
-  v.Session.CoorSys = System;
-}
-template <std::int16_t Plane>
-void SetPlane(Velorix& v) {
-  v.Session.TectoPlane = Plane;
+template <auto Choice, auto Value>
+void Choose(Velorix& v) {
+  v.Session.*Choice = Value;
 }
 template <void (*Change)(RecordArray&)>
 void Select(Velorix& v) {
@@ -59,17 +51,9 @@ void Select(Velorix& v) {
   DisplayData(v, false);
 }
 
-template <std::int16_t Block>
-bool IsBlock(const Velorix& v) {
-  return v.Session.ReImMode == Block;
-}
-template <std::int16_t System>
-bool IsSystem(const Velorix& v) {
-  return v.Session.CoorSys == System;
-}
-template <std::int16_t Plane>
-bool IsPlane(const Velorix& v) {
-  return v.Session.TectoPlane == Plane;
+template <auto Choice, auto Value>
+bool IsChosen(const Velorix& v) {
+  return v.Session.*Choice == Value;
 }
 
 template <bool OpenWindows::*Window>
@@ -111,6 +95,10 @@ void TurnTensor(const Matrix<3, 3>& rotation, Array1<Number, 6>& tensor) {
   TensorForm<ToForm>(matrix, form);
   for (int i = 1; i <= 6; ++i) tensor[i] = form[i];
 }
+
+constexpr auto Block = &Session::ReImMode;
+constexpr auto System = &Session::CoorSys;
+constexpr auto Plane = &Session::TectoPlane;
 
 constexpr auto Action = Command::Action;
 constexpr auto Check = Command::Check;
@@ -158,14 +146,14 @@ constexpr Command CommandTable[] = {
     {"mnuFoliLine", "mnuStatistics", "Plane from Lineations", "", 0, "", "", Check, false, Toggle<&OpenWindows::FoliLine>, IsOpen<&OpenWindows::FoliLine>, true},
 
     {"mnuDataTable", "mnuViewMain", "Data Table", "F1", 17, "View Data Table [F1]", "table", Check, false, Toggle<&OpenWindows::DataTable>, IsOpen<&OpenWindows::DataTable>, false},
-    {"mnuAnisoReIm(1)", "mnuViewMain", "Kre", "F3", 19, "Show In-Phase AMS [F3]", "kre", Radio, false, SetBlock<InPhase>, IsBlock<InPhase>, true},
-    {"mnuAnisoReIm(2)", "mnuViewMain", "Kim", "F4", 20, "Show Out-Of-Phase AMS [F4]", "kim", Radio, false, SetBlock<OutOfPhase>, IsBlock<OutOfPhase>, false},
-    {"mnuView(1)", "mnuViewMain", "Specimen", "F5", 22, "Specimen Coordinate System [F5]", "specimen", Radio, false, SetSystem<Specimen>, IsSystem<Specimen>, true},
-    {"mnuView(2)", "mnuViewMain", "Geographic", "F6", 23, "Geographic Coordinate System [F6]", "geographic", Radio, false, SetSystem<Geographic>, IsSystem<Geographic>, false},
-    {"mnuView(3)", "mnuViewMain", "Paleogeographic", "F7", 24, "Paleogeographic Coordinate System [F7]", "paleogeographic", Radio, false, SetSystem<Paleogeographic>, IsSystem<Paleogeographic>, false},
-    {"mnuView(4)", "mnuViewMain", "Tectonic", "F8", 25, "Tectonic Coordinate System [F8]", "tectonic", Radio, false, SetSystem<Tectonic>, IsSystem<Tectonic>, false},
-    {"tecto(1)", "", "", "", 27, "Paleohorizontal", "paleohorizontal", Radio, false, SetPlane<Horizontal>, IsPlane<Horizontal>, false},
-    {"tecto(2)", "", "", "", 28, "Paleovertical", "paleovertical", Radio, false, SetPlane<Vertical>, IsPlane<Vertical>, false},
+    {"mnuAnisoReIm(1)", "mnuViewMain", "Kre", "F3", 19, "Show In-Phase AMS [F3]", "kre", Radio, false, Choose<Block, InPhase>, IsChosen<Block, InPhase>, true},
+    {"mnuAnisoReIm(2)", "mnuViewMain", "Kim", "F4", 20, "Show Out-Of-Phase AMS [F4]", "kim", Radio, false, Choose<Block, OutOfPhase>, IsChosen<Block, OutOfPhase>, false},
+    {"mnuView(1)", "mnuViewMain", "Specimen", "F5", 22, "Specimen Coordinate System [F5]", "specimen", Radio, false, Choose<System, Specimen>, IsChosen<System, Specimen>, true},
+    {"mnuView(2)", "mnuViewMain", "Geographic", "F6", 23, "Geographic Coordinate System [F6]", "geographic", Radio, false, Choose<System, Geographic>, IsChosen<System, Geographic>, false},
+    {"mnuView(3)", "mnuViewMain", "Paleogeographic", "F7", 24, "Paleogeographic Coordinate System [F7]", "paleogeographic", Radio, false, Choose<System, Paleogeographic>, IsChosen<System, Paleogeographic>, false},
+    {"mnuView(4)", "mnuViewMain", "Tectonic", "F8", 25, "Tectonic Coordinate System [F8]", "tectonic", Radio, false, Choose<System, Tectonic>, IsChosen<System, Tectonic>, false},
+    {"tecto(1)", "", "", "", 27, "Paleohorizontal", "paleohorizontal", Radio, false, Choose<Plane, PaleoPlane::Horizontal>, IsChosen<Plane, PaleoPlane::Horizontal>, false},
+    {"tecto(2)", "", "", "", 28, "Paleovertical", "paleovertical", Radio, false, Choose<Plane, PaleoPlane::Vertical>, IsChosen<Plane, PaleoPlane::Vertical>, false},
 
     {"mnuSelection(1)", "mnuViewMain", "Invert Selection", "Ctrl+Ins", 30, "Invert Selection [Ctrl + Ins]", "invert", Action, false, Select<InvertSelection>, nullptr, true},
     {"mnuSelection(2)", "mnuViewMain", "Disregard Selected Record(s)", "Del", 31, "Disregard Selected Record(s) [Del]", "disregard", Action, false, Select<DisregardSelected>, nullptr, false},

@@ -39,7 +39,7 @@ void BuildTables(Velorix& velorix, const std::function<void()>& yield) {
 void ResetSession(Velorix& velorix) {
   Session& session = velorix.Session;
   session.CoorSys = Geographic;
-  session.TectoPlane = Horizontal;
+  session.TectoPlane = PaleoPlane::Horizontal;
   session.TectoNorthSouth = session.TectoEastWest = false;
   session.ReImMode = InPhase;
   ClearStore(session);

@@ -38,7 +38,8 @@ bool IsZero(const Array1<Number, 6>& tensor) {
 
 /// Fields that have no place on disk, so that nothing of an earlier use of the memory stays.
 void ResetRest(SpecimenRecord& r) {
-  r.RecordNo = r.CoorLevel = 0;
+  r.RecordNo = 0;
+  r.CoorLevel = CoordinateSystem::None;
   r.HasCoor[3] = r.HasCoor[4] = r.Selected = false;
   r.FoliDec = r.FoliInc = r.LineDec = r.LineInc = r.PlotX = r.PlotY = {};
   r.TensorRot = r.TensorRotIm = {};

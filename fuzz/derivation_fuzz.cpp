@@ -48,8 +48,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return static_cast<std::int16_t>(chosen);
   };
   View view;
-  view.CoorSys = choose(Tectonic + 1);
-  view.ReImMode = choose(OutOfPhase + 1);
+  view.CoorSys = static_cast<CoordinateSystem>(choose(5));
+  view.ReImMode = static_cast<TensorBlock>(choose(3));
   const bool strike = choose(2) == 1;
   view.FoliCode = record.FoliName[1];
   view.LineCode = strike ? std::string_view("0") : std::string_view(record.LineName[1]);

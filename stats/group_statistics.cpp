@@ -10,12 +10,12 @@ namespace {
 
 /// Whether the averages take the record: unlike the mean tensor they don't ask for the out-of-phase
 /// block, and they take the in-phase `Km` whatever block is in view. Both are wanted.
-bool IsAveraged(const SpecimenRecord& record, std::int16_t coorSys) {
+bool IsAveraged(const SpecimenRecord& record, CoordinateSystem coorSys) {
   return record.CoorLevel == coorSys && record.Active;
 }
 
-std::vector<TensorColumn> ShownTensors(const RecordArray& records, std::int16_t coorSys,
-                                       std::int16_t reImMode) {
+std::vector<TensorColumn> ShownTensors(const RecordArray& records, CoordinateSystem coorSys,
+                                       TensorBlock reImMode) {
   std::vector<TensorColumn> T;
   for (const SpecimenRecord& record : records) {
     if (!IsShown(record, coorSys, reImMode)) continue;
@@ -67,8 +67,8 @@ bool Average(const std::vector<double>& values, float& mean, float& sd) {
   return !values.empty();
 }
 
-void AverageSlot(const RecordArray& records, std::int16_t coorSys, std::int16_t facIndex, int slot,
-                 GroupStats& stats) {
+void AverageSlot(const RecordArray& records, CoordinateSystem coorSys, std::int16_t facIndex,
+                 int slot, GroupStats& stats) {
   stats.MeanFac[slot] =
       FactorIn32(AnisoFactor(facIndex, stats.MeanK[1], stats.MeanK[2], stats.MeanK[3]));
   std::vector<double> values;
@@ -80,7 +80,7 @@ void AverageSlot(const RecordArray& records, std::int16_t coorSys, std::int16_t 
 
 }  // namespace
 
-void GroupStatistics(const RecordArray& records, std::int16_t coorSys, std::int16_t reImMode,
+void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, TensorBlock reImMode,
                      const Array1<std::int16_t, 8>& facIndex, std::span<const float> gaussTable,
                      GroupStats& stats) {
   stats.Reached = GroupStats::None;

@@ -17,7 +17,7 @@ void ReplaceStore(Session& session, RecordArray& records) {
   Renumber(session.Records);
 }
 
-bool IsShown(const SpecimenRecord& record, std::int16_t coorSys, std::int16_t reImMode) {
+bool IsShown(const SpecimenRecord& record, CoordinateSystem coorSys, TensorBlock reImMode) {
   return record.Active && record.CoorLevel == coorSys && (reImMode != OutOfPhase || record.HasIm);
 }
 

@@ -4,17 +4,11 @@
 #include <string>
 #include <vector>
 
+#include "store/coordinates.h"
 #include "store/record_array.h"
 #include "store/settings.h"
 
 namespace velorix {
-
-/// Coordinate systems, the values of `Session::CoorSys` and `SpecimenRecord::CoorLevel`.
-enum Coordinates : std::int16_t { Specimen = 1, Geographic = 2, Paleogeographic = 3, Tectonic = 4 };
-/// Tensor blocks, the values of `Session::ReImMode`.
-enum TensorBlock : std::int16_t { InPhase = 1, OutOfPhase = 2 };
-/// Values of `Session::TectoPlane`.
-enum PaleoPlane : std::int16_t { Horizontal = 1, Vertical = 2 };
 
 /// All that a session holds: the store of records and how it is looked at. `main` owns one and
 /// hands it on by reference; a test makes its own. Paths and names are UTF-8.
@@ -22,11 +16,11 @@ struct Session {
   RecordArray Records;
   RecordArray GeoRecords;  // the geological file in hand: names and geological fields only
 
-  std::int16_t CoorSys = Geographic;
-  std::int16_t TectoPlane = Horizontal;
+  CoordinateSystem CoorSys = Geographic;
+  PaleoPlane TectoPlane = PaleoPlane::Horizontal;
   bool TectoNorthSouth = false, TectoEastWest = false;
   std::string FoliCode, LineCode;  // codes in use for the rotation
-  std::int16_t ReImMode = InPhase;
+  TensorBlock ReImMode = InPhase;
 
   std::string DataFolder;       // folder of the last data file, without a separator at its end
   std::string CurrentFile;      // full path; empty when no file is open
@@ -57,7 +51,7 @@ void ReplaceStore(Session& session, RecordArray& records);
 /// Whether a view shows the record: in use, rotated to the system in view and, for the out-of-phase
 /// block, in possession of one. Grids, plots and the group's mean tensor go by this test. The
 /// group's averages, the contours and a box drawn on a plot don't ask for the out-of-phase block.
-bool IsShown(const SpecimenRecord& record, std::int16_t coorSys, std::int16_t reImMode);
+bool IsShown(const SpecimenRecord& record, CoordinateSystem coorSys, TensorBlock reImMode);
 
 /// Calls `visit(record)` for each record that a view shows, in store order.
 template <class Visit>

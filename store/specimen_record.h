@@ -6,6 +6,7 @@
 
 #include "base/number.h"
 #include "base/slots.h"
+#include "store/coordinates.h"
 
 namespace velorix {
 
@@ -37,9 +38,9 @@ struct SpecimenRecord {
   std::string Site;
   float Lon = 0, Lat = 0, GeoAux = 0;  // GeoAux: carried unchanged
   std::string Rock, Strat, Litho, Regio;
-  Array1<std::int16_t, 4> OP;  // orientation parameters P1..P4
-  std::int16_t CoorLevel = 0;  // reached by the last rotation; 0 none, else as CoorSys
-  Array1<bool, 4> HasCoor;     // specimen, geographic, paleogeographic, tectonic
+  Array1<std::int16_t, 4> OP;                           // orientation parameters P1..P4
+  CoordinateSystem CoorLevel = CoordinateSystem::None;  // reached by the last rotation
+  Array1<bool, 4> HasCoor;  // specimen, geographic, paleogeographic, tectonic
   float OrientAz = 0, OrientInc = 0;
   Array1<std::string, 4> FoliName;  // slots 1 and 2 are used
   Array1<float, 4> FoliAz, FoliDip;

@@ -12,7 +12,7 @@ namespace {
 using Matrix33 = Matrix<3, 3>;
 
 /// The tensor of a block; zeros for a block that doesn't exist.
-Matrix33 BlockTensor(const SpecimenRecord& record, std::int16_t reImMode) {
+Matrix33 BlockTensor(const SpecimenRecord& record, TensorBlock reImMode) {
   Matrix33 K;
   if (reImMode == InPhase) TensorForm<ToMatrix>(K, record.Tensor);
   if (reImMode == OutOfPhase) TensorForm<ToMatrix>(K, record.TensorIm);
@@ -23,10 +23,10 @@ Matrix33 BlockTensor(const SpecimenRecord& record, std::int16_t reImMode) {
 struct Turned {
   Matrix33 K;                                   // the tensor
   Array1<Direction, 2> Foliations, Lineations;  // dip direction and dip; trend and plunge
-  std::int16_t Level = 0;
+  CoordinateSystem Level = CoordinateSystem::None;
 };
 
-Turned AsStored(const SpecimenRecord& r, std::int16_t reImMode) {
+Turned AsStored(const SpecimenRecord& r, TensorBlock reImMode) {
   return {BlockTensor(r, reImMode),
           {{{r.FoliAz[1], r.FoliDip[1]}, {r.FoliAz[2], r.FoliDip[2]}}},
           {{{r.LineTrend[1], r.LinePlunge[1]}, {r.LineTrend[2], r.LinePlunge[2]}}}};
@@ -90,7 +90,7 @@ PlaneAndLine ChoosePlaneAndLine(const SpecimenRecord& record, const Turned& t, c
 void TurnToPaleogeographic(Turned& t, const SpecimenRecord& record, const View& view,
                            const PlaneAndLine& by) {
   Direction plane = by.Plane;
-  if (view.TectoPlane == Vertical) plane.Inc -= 90;
+  if (view.TectoPlane == PaleoPlane::Vertical) plane.Inc -= 90;
   const Matrix33 M = FoliationMatrix(plane, by.Line);
   Mxabat(M, t.K, t.K);
   const Array1<Direction, 2> before = t.Foliations;
@@ -128,8 +128,8 @@ void TurnToPrincipal(Turned& t) {
 
 /// A staircase: each system continues from the one below it.
 void TurnToView(Turned& t, const SpecimenRecord& record, const View& view) {
-  if (view.CoorSys == 0) return TurnToPrincipal(t);
-  if (record.HasCoor[Specimen]) t.Level = Specimen;
+  if (view.CoorSys == CoordinateSystem::None) return TurnToPrincipal(t);
+  if (record.HasCoor[static_cast<int>(Specimen)]) t.Level = Specimen;
   if (view.CoorSys == Specimen) return;
 
   if (record.SourceProgram != "Marlo") {  // its tensors are geographic already
@@ -179,7 +179,7 @@ View ViewOf(const Session& session) {
 }
 
 bool DeriveFactors(SpecimenRecord& record, const Array1<std::int16_t, 8>& facIndex,
-                   std::int16_t reImMode) {
+                   TensorBlock reImMode) {
   if (reImMode == OutOfPhase && !record.HasIm) return false;
   Fetch(record);
   const Vector<3> k = EigenvaluesJK(BlockTensor(record, reImMode));

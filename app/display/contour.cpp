@@ -33,11 +33,6 @@ std::string DirectionText(const ContourGrid& grid, std::size_t node) {
          TrimmedNumber(grid.Inc[node], "0.0");
 }
 
-const char* SystemName(std::int16_t coorSys) {
-  constexpr const char* Names[] = {"", "specimen", "geographic", "paleogeographic", "tectonic"};
-  return coorSys >= 1 && coorSys <= 4 ? Names[coorSys] : "";
-}
-
 /// What is in view for a count.
 ContourSubject SubjectInView(const Velorix& velorix) {
   const Session& session = velorix.Session;
@@ -147,7 +142,7 @@ void GrevaExport(Velorix& velorix) {
 std::string ContourCaption(const Velorix& velorix) {
   const ContourSession& contour = velorix.Contour;
   std::string text = std::string(ContourDisplays[contour.Options.display].Name) + ", " +
-                     SystemName(contour.InView.CoorSys) + " coordinates";
+                     NamesOf(contour.InView.CoorSys).Word + " coordinates";
   if (contour.Counted() && !IsStale(contour))
     return text + ", smoothing " + PlainText(contour.Smooth);
   return text + (contour.InView.Data.Count() > 0 ? ", not counted yet" : ", no data in view");
@@ -157,7 +152,7 @@ std::string ContourStaleText(const ContourSession& contour) {
   if (!IsStale(contour)) return {};
   const ContourSubject& counted = contour.OfCount;
   const std::string file = counted.File.empty() ? "" : counted.File + ", ";
-  return "Counted for " + file + SystemName(counted.CoorSys) +
+  return "Counted for " + file + NamesOf(counted.CoorSys).Word +
          ", N = " + PlainText(counted.Data.Count()) + "; press Count";
 }
 

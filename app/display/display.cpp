@@ -27,7 +27,7 @@ void DeriveView(Session& session) {
   int number = 0;
   try {
     for (SpecimenRecord& record : session.Records) {
-      if (!record.HasCoor[session.CoorSys] || !record.Active) continue;
+      if (!record.HasCoor[static_cast<int>(session.CoorSys)] || !record.Active) continue;
       number = record.RecordNo;
       DeriveFactors(record, session.Settings.FacIndex, session.ReImMode);
       RotateRecord(record, view);
@@ -95,17 +95,17 @@ void AnisoView_DisplayAllPlots(Velorix& velorix) {
 void RotateAndRefresh(Velorix& velorix) {
   const View view = ViewOf(velorix.Session);
   for (SpecimenRecord& record : velorix.Session.Records)
-    if (record.HasCoor[velorix.Session.CoorSys]) RotateRecord(record, view);
+    if (record.HasCoor[static_cast<int>(velorix.Session.CoorSys)]) RotateRecord(record, view);
   RefreshViews(velorix);
 }
 
 void ChooseCoorSys(Velorix& velorix, int index) {
-  velorix.Session.CoorSys = static_cast<std::int16_t>(index + 1);
+  velorix.Session.CoorSys = SystemAt(index);
   RotateAndRefresh(velorix);
 }
 
 void ChooseTectoPlane(Velorix& velorix, int index) {
-  velorix.Session.TectoPlane = static_cast<std::int16_t>(index + 1);
+  velorix.Session.TectoPlane = PlaneAt(index);
   RotateAndRefresh(velorix);
 }
 

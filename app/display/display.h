@@ -54,7 +54,6 @@ void SelectRecords(Velorix& velorix, const std::vector<int>& ids);
 void DisplayFormCaption(Velorix& velorix);
 
 /// The entries of the lists filled at load, each in the order of its session values.
-inline constexpr const char* CoorSysNames[] = {"SPEC", "GEO", "PALEO", "TECTO"};
 inline constexpr const char* TectoPlaneNames[] = {"Horizontal", "Vertical"};
 inline constexpr const char* TectoAxisNames[] = {"North", "North-South", "East", "East-West"};
 inline constexpr const char* Plot1Names[] = {"Km-P",     "Km-Pj",   "Km-T", "Km-U", "LogKm-P",

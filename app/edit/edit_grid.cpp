@@ -163,7 +163,9 @@ void CommitRow(const EditRow& row, SpecimenRecord& record) {
   for (int p = 1; p <= 4; ++p) record.OP[p] = ToShort(NumberOf(row[ParameterColumn(p)]));
   // The display leaves a record alone that lacks the system in view: it must not go on standing
   // where an earlier display put it.
-  if (record.CoorLevel != 0 && !record.HasCoor[record.CoorLevel]) record.CoorLevel = 0;
+  if (record.CoorLevel != CoordinateSystem::None &&
+      !record.HasCoor[static_cast<int>(record.CoorLevel)])
+    record.CoorLevel = CoordinateSystem::None;
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ namespace velorix {
 /// The data of a count and where they are from.
 struct ContourSubject {
   std::string File;  // its name, without folder
-  std::int16_t CoorSys = 0;
+  CoordinateSystem CoorSys = CoordinateSystem::None;
   ContourData Data;
 };
 

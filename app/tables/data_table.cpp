@@ -138,7 +138,7 @@ std::string DataTableHeader(int row, int column, const Settings& settings) {
   return row == -2 ? c.Upper : c.Lower;
 }
 
-std::string DataTableCell(int column, const SpecimenRecord& record, std::int16_t reImMode) {
+std::string DataTableCell(int column, const SpecimenRecord& record, TensorBlock reImMode) {
   return Column(column).Cell(record, reImMode == OutOfPhase);
 }
 

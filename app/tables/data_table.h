@@ -19,7 +19,7 @@ std::string DataTableHeader(int row, int column, const Settings& settings);
 
 /// Text of the cell of `record` in a column from -1 on. Empty for a number that is not finite and
 /// for a factor that could not be computed.
-std::string DataTableCell(int column, const SpecimenRecord& record, std::int16_t reImMode);
+std::string DataTableCell(int column, const SpecimenRecord& record, TensorBlock reImMode);
 
 /// Numbers of the records in view, the table's rows before it is sorted.
 std::vector<int> DataTableRows(const Session& session);

@@ -66,14 +66,14 @@ std::string GridHeader(int column, const Settings& settings) {
   return c.Factor == 0 ? c.Header : settings.FacName[c.Factor];
 }
 
-std::string GridCell(int column, const SpecimenRecord& record, std::int16_t reImMode) {
+std::string GridCell(int column, const SpecimenRecord& record, TensorBlock reImMode) {
   std::string text;
   AppendGridCell(text, column, record, reImMode);
   return text;
 }
 
 void AppendGridCell(std::string& text, int column, const SpecimenRecord& record,
-                    std::int16_t reImMode) {
+                    TensorBlock reImMode) {
   Column(column).Append(text, record, reImMode == OutOfPhase);
 }
 

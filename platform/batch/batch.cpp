@@ -156,7 +156,7 @@ class Batch {
     ChooseTectoAxis(velorix_, a_.Axis);
     ChooseTectoPlane(velorix_, a_.Plane);
     ChooseCoorSys(velorix_, a_.CoorSys);
-    velorix_.Session.ReImMode = static_cast<std::int16_t>(a_.Block + 1);
+    velorix_.Session.ReImMode = a_.Block == 1 ? OutOfPhase : InPhase;
   }
 
   static std::string Absolute(const std::string& path) {

@@ -16,6 +16,8 @@ Json ToJson(int value) { return value; }
 Json ToJson(const Number& value) { return ToJson(static_cast<double>(value)); }
 Json ToJson(std::int16_t value) { return value; }
 Json ToJson(bool value) { return value; }
+Json ToJson(CoordinateSystem value) { return static_cast<int>(value); }
+Json ToJson(TensorBlock value) { return static_cast<int>(value); }
 Json ToJson(const std::string& value) { return value; }
 Json ToJson(const ShortDirection& d) { return Json::array({ToJson(d.Dec), ToJson(d.Inc)}); }
 

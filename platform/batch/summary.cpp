@@ -42,7 +42,7 @@ std::string Summary(const Velorix& velorix) {
     text += (text.empty() ? "Files    " : "         ") + file + "\n";
   text += "Records  " + std::to_string(session.RecordCount()) + ", " + std::to_string(shown) +
           " shown\n";
-  text += std::string("View     ") + CoorSysNames[session.CoorSys - 1] +
+  text += std::string("View     ") + NamesOf(session.CoorSys).Short +
           (session.ReImMode == OutOfPhase ? ", Kim" : ", Kre") + "\n";
   if (ShowsMean(velorix.GroupStats))
     text += "Mean tensor, N = " + std::to_string(velorix.GroupStats.GroupN) + "\n" +

@@ -84,7 +84,7 @@ std::string ParameterTitle(int index, const Settings& settings) {
 
 const char* ParameterUnit(int index) { return At(index).Unit; }
 
-double ParameterValue(int index, const SpecimenRecord& record, std::int16_t reImMode, int number) {
+double ParameterValue(int index, const SpecimenRecord& record, TensorBlock reImMode, int number) {
   const Parameter& p = At(index);
   return p.Value ? p.Value(record, reImMode == OutOfPhase) : number;
 }

@@ -25,7 +25,7 @@ const char* ParameterUnit(int index);
 
 /// Value of the parameter; Km, F tests and angles are those of the block in view. `number` is the
 /// record's running number.
-double ParameterValue(int index, const SpecimenRecord& record, std::int16_t reImMode, int number);
+double ParameterValue(int index, const SpecimenRecord& record, TensorBlock reImMode, int number);
 
 /// The automatic scale with the fixed ends and steps that the parameter has.
 AxisRange ParameterScale(int index, double lower, double upper);

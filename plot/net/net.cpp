@@ -2,7 +2,7 @@
 
 #include "base/rounding.h"
 #include "plot/drawing/symbols.h"
-#include "store/session.h"
+#include "store/coordinates.h"
 
 namespace velorix {
 
@@ -20,23 +20,7 @@ constexpr NetLabel Labels[] = {             // top, right, bottom, left
     { 0.00, -1.01, CentreTop},
     {-1.02, -0.03, RightBaseline},
 };
-constexpr const char* SpecimenNames[] = {"X", "Y",  "-X",  "-Y"};
-constexpr const char* CompassNames[]  = {"N", "90", "180", "270"};
-constexpr const char* PlainNames[]    = {"0", "90", "180", "270"};
 // clang-format on
-
-const char* const* NamesOf(std::int16_t coorSys) {
-  switch (coorSys) {
-    case Specimen:
-    case Tectonic:
-      return SpecimenNames;
-    case Geographic:
-    case Paleogeographic:
-      return CompassNames;
-    default:
-      return PlainNames;
-  }
-}
 
 }  // namespace
 
@@ -51,11 +35,11 @@ void DrawNetSymbol(Target& target, const Net& net, Projection projection, Direct
   DrawSymbol(target, type, static_cast<float>(p.x), static_cast<float>(p.y), size, fill, pen);
 }
 
-void DrawNet(Target& target, std::int16_t coorSys, Projection projection, const Net& net,
+void DrawNet(Target& target, CoordinateSystem coorSys, Projection projection, const Net& net,
              Colour colour, std::int16_t fontHeight) {
   DrawCircle(target, net.cx, net.cy, net.diameter / 2, {.colour = colour, .width = 2}, 0);
 
-  const char* const* names = NamesOf(coorSys);
+  const auto& names = NamesOf(coorSys).Rim;
   for (int i = 0; i < 4; ++i) {
     const Point p = OnNet(net, Labels[i].u, Labels[i].v);
     DrawText(target, names[i], p.x, p.y,

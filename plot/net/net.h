@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "plot/drawing/drawing.h"
+#include "store/coordinates.h"
 #include "tensor/directions.h"
 #include "tensor/projection.h"
 
@@ -20,7 +21,7 @@ Point OnNet(const Net& net, double u, double v);
 /// "-X",
 /// "-Y"; 2 or 3 "N", "90", "180", "270"; any other "0", "90", "180", "270") and a tick at every 10
 /// degrees of inclination on both axes.
-void DrawNet(Target& target, std::int16_t coorSys, Projection projection, const Net& net,
+void DrawNet(Target& target, CoordinateSystem coorSys, Projection projection, const Net& net,
              Colour colour, std::int16_t fontHeight);
 
 /// A symbol at a direction (degrees). The sign of the inclination is not looked at: (200, -30) is

@@ -6,8 +6,8 @@
 
 namespace velorix {
 
-void DrawStereo(const RecordArray& records, std::int16_t coorSys, Target& target,
-                const StereoGeometry& geometry, const StereoOptions& options, std::int16_t reImMode,
+void DrawStereo(const RecordArray& records, CoordinateSystem coorSys, Target& target,
+                const StereoGeometry& geometry, const StereoOptions& options, TensorBlock reImMode,
                 const GroupStats& stats, const Settings& settings) {
   const Net net = geometry.OnTarget();
   const StereoView view = {records, coorSys, reImMode, target, geometry,

@@ -9,6 +9,7 @@
 #include "base/slots.h"
 #include "plot/net/net.h"
 #include "stats/group_statistics.h"
+#include "store/coordinates.h"
 #include "store/record_array.h"
 
 namespace velorix {
@@ -53,8 +54,8 @@ PlaneSize StereoPlane(const StereoOptions& options);
 /// Draws the stereo view of the records that the view shows (`IsShown`) and of their group, layer
 /// upon layer. What has an angle that is not finite is left out; its record still counts in "N = ".
 /// What `stats` didn't reach isn't drawn. The settings name the factors on the colour scale.
-void DrawStereo(const RecordArray& records, std::int16_t coorSys, Target& target,
-                const StereoGeometry& geometry, const StereoOptions& options, std::int16_t reImMode,
+void DrawStereo(const RecordArray& records, CoordinateSystem coorSys, Target& target,
+                const StereoGeometry& geometry, const StereoOptions& options, TensorBlock reImMode,
                 const GroupStats& stats = GroupStats(), const Settings& settings = Settings());
 
 /// Directions with a value each as coloured circles on a net, a colour strip at its left.
@@ -63,7 +64,7 @@ struct FieldPoint {
   velorix::Direction Direction;
   float Value = 0;
 };
-void DrawFieldNet(Target& target, std::int16_t coorSys, const StereoGeometry& geometry,
+void DrawFieldNet(Target& target, CoordinateSystem coorSys, const StereoGeometry& geometry,
                   std::span<const FieldPoint> points);
 
 }  // namespace velorix

@@ -5,21 +5,6 @@ namespace {
 
 constexpr double AxisColumn = -0.95, SymbolRise = 0.04;  // a symbol stands above its baseline
 
-const char* SystemName(std::int16_t coorSys) {
-  switch (coorSys) {
-    case Specimen:
-      return "Specimen";
-    case Geographic:
-      return "Geographic";
-    case Paleogeographic:
-      return "Paleogeographic";
-    case Tectonic:
-      return "Tectonic";
-    default:
-      return "";
-  }
-}
-
 void DrawAxisLegend(const StereoView& view) {
   double v = LegendTop;
   for (int k = 1; k <= 3; ++k) {
@@ -78,7 +63,7 @@ void DrawCaptions(const StereoView& view) {
   const auto plotted =
       std::count_if(view.records.begin(), view.records.end(),
                     [&](const SpecimenRecord& record) { return view.Plots(record); });
-  const std::string left[] = {SystemName(view.coorSys), "Coordinate", "System"};
+  const std::string left[] = {NamesOf(view.coorSys).Title, "Coordinate", "System"};
   const std::string right[] = {"Equal-Area", "Projection", "N = " + std::to_string(plotted)};
   constexpr double rows[] = {0.9, 0.8, 0.7};
   for (int i = 0; i < 3; ++i) view.Text(left[i], -1.1, rows[i], LeftBaseline);

@@ -107,7 +107,7 @@ std::optional<ColourCoding> DrawColourScale(const StereoView& view) {
   return ColourCoding{scale.range, place.perAxis};
 }
 
-void DrawFieldNet(Target& target, std::int16_t coorSys, const StereoGeometry& geometry,
+void DrawFieldNet(Target& target, CoordinateSystem coorSys, const StereoGeometry& geometry,
                   std::span<const FieldPoint> points) {
   constexpr int StripSteps = 320;
   const Net net = geometry.OnTarget();

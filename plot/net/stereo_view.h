@@ -20,7 +20,8 @@ namespace velorix {
 /// What every layer draws from and on.
 struct StereoView {
   const RecordArray& records;
-  std::int16_t coorSys, reImMode;
+  CoordinateSystem coorSys;
+  TensorBlock reImMode;
   velorix::Target& target;
   const StereoGeometry& geometry;
   const StereoOptions& options;

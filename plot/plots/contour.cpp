@@ -140,7 +140,8 @@ void DrawContourLegend(const ContourView& view, const ContourData& data) {
 }  // namespace
 
 void DrawContour(Target& target, ContourGrid& grid, const ContourData& data,
-                 const DensityCount& count, std::int16_t coorSys, const ContourOptions& options) {
+                 const DensityCount& count, CoordinateSystem coorSys,
+                 const ContourOptions& options) {
   const ContourView view = {target, count, options, ContourDisplays[options.display],
                             LevelsOf(count.ContourMax)};
   target.SetTransparent();

@@ -6,6 +6,7 @@
 #include "base/slots.h"
 #include "plot/net/net.h"
 #include "stats/density.h"
+#include "store/coordinates.h"
 
 namespace velorix {
 
@@ -42,7 +43,8 @@ inline constexpr PlaneSize ContourPlane = {486, 360};
 /// Draws the counted densities, the net, the data and the legend; the net with the data alone while
 /// `count` is empty. Colours and levels of the nodes are made anew, their densities stay.
 void DrawContour(Target& target, ContourGrid& grid, const ContourData& data,
-                 const DensityCount& count, std::int16_t coorSys, const ContourOptions& options);
+                 const DensityCount& count, CoordinateSystem coorSys,
+                 const ContourOptions& options);
 
 /// The node of the grid at a place of the plane, when it lies within the circle.
 std::optional<std::size_t> ContourNodeAt(const ContourGrid& grid, double x, double y);

@@ -75,7 +75,7 @@ TEST_F(Display, ResetsChosenCodesOnlyWhenAskedTo) {
   EXPECT_EQ(Chosen(), "S1L1");
   Button("tecto(2)");  // every button resets the lists
   EXPECT_EQ(Chosen(), "S0L0");
-  EXPECT_EQ(Now.TectoPlane, Vertical);
+  EXPECT_EQ(Now.TectoPlane, PaleoPlane::Vertical);
 }
 
 TEST_F(Display, ShowsARecordOnlyInTheSystemsItReaches) {

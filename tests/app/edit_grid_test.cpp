@@ -104,7 +104,7 @@ TEST(EditGrid, CommitReadsTextsByTheirNumericPrefixAndRoundsParametersHalvesToEv
 }
 
 TEST(EditGrid, ARecordLeavesTheViewThatItHasLost) {
-  for (std::int16_t level = 1; level <= 4; ++level) {
+  for (const CoordinateSystem level : SystemsInView) {
     Editor e;
     e.Records[1].CoorLevel = level;
     e.Type(OrientationColumn, " ");  // one of the two is enough
@@ -112,7 +112,7 @@ TEST(EditGrid, ARecordLeavesTheViewThatItHasLost) {
     EXPECT_TRUE(e.Records[1].HasCoor[2]);
     EXPECT_EQ(e.Records[1].OrientAz, 0);
     for (const int column : {4, 5, 8, 11, 14}) e.Type(column, "");
-    EXPECT_EQ(e.Commit().CoorLevel, level == 1 ? 1 : 0);
+    EXPECT_EQ(e.Commit().CoorLevel, level == Specimen ? Specimen : CoordinateSystem::None);
     EXPECT_FALSE(e.Records[1].HasCoor[2]);
     EXPECT_EQ(e.Records[1].OrientInc, 0);
   }

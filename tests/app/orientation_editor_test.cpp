@@ -255,7 +255,7 @@ TEST_F(OrientationEditing, AnExampleOrientedByItsGeologicalFileIsTheGroupOriente
   const std::string wanted = Group(Program);
   ASSERT_EQ(wanted.substr(0, 3), "21 ");
   OpenFile(Put(file, BytesAt(examples + file)));
-  EXPECT_EQ(Now.CoorSys, 2);
+  EXPECT_EQ(Now.CoorSys, Geographic);
   EXPECT_EQ(Program.GroupStats.GroupN, 0);
 
   LoadEditor(Editor, Program);

@@ -204,7 +204,8 @@ TEST(BadInput, TheStoreIsFilledToItsLimitAndNotBeyond) {
 
 TEST(BadInput, MemoryUsedBeforeGivesWhatFreshMemoryGives) {
   SpecimenRecord full = golden::Record();  // as full as it gets
-  full.CoorLevel = full.RecordNo = full.Selected = true;
+  full.CoorLevel = Tectonic;
+  full.RecordNo = full.Selected = true;
   full.FoliName[3] = "S3";
   full.FoliAz[3] = full.LinePlunge[4] = full.Fac[1] = 5;
   for (int i = 1; i <= 6; ++i)

@@ -22,7 +22,7 @@ RecordArray Example(const std::string& name) {
   return records;
 }
 
-View ViewIn(std::int16_t coorSys, std::int16_t block = InPhase) {
+View ViewIn(CoordinateSystem coorSys, TensorBlock block = InPhase) {
   View view;
   view.CoorSys = coorSys;
   view.ReImMode = block;
@@ -109,17 +109,17 @@ TEST(Examples, BeddedSpecimensTurnIntoThePublishedTensors) {
 TEST(Examples, TheSyntheticSiteHasSomethingToShowInEverySystemAndBlock) {
   RecordArray records = Example("granite.ams");
   ASSERT_EQ(records.Count(), 24);
-  for (const std::int16_t block : {InPhase, OutOfPhase})
-    for (std::int16_t coorSys = Specimen; coorSys <= Tectonic; ++coorSys) {
+  for (const TensorBlock block : {InPhase, OutOfPhase})
+    for (const CoordinateSystem coorSys : SystemsInView) {
       int reached = 0;
       for (SpecimenRecord& r : records) {
-        if (!r.HasCoor[coorSys]) continue;
+        if (!r.HasCoor[static_cast<int>(coorSys)]) continue;
         ASSERT_TRUE(RotateRecord(r, ViewIn(coorSys, block)));
         EXPECT_TRUE(coorSys == Specimen || r.HasCoor[2]) << r.Name;  // a loose block
         reached += r.CoorLevel == coorSys;
       }
-      EXPECT_EQ(reached == 24, coorSys == Specimen) << coorSys;
-      EXPECT_GE(reached, 12) << coorSys;
+      EXPECT_EQ(reached == 24, coorSys == Specimen) << NamesOf(coorSys).Short;
+      EXPECT_GE(reached, 12) << NamesOf(coorSys).Short;
     }
 }
 

@@ -13,15 +13,19 @@
 namespace velorix {
 namespace {
 
-std::vector<DrawCall> NetOf(std::int16_t coorSys, const Net& net) {
+std::vector<DrawCall> NetOf(CoordinateSystem coorSys, const Net& net) {
   return Recorded([&](Target& t) { DrawNet(t, coorSys, EqualArea, net, Black, 14); });
 }
 
 TEST(DrawNet, NamesTheAxesOfEachCoordinateSystem) {
-  const char* const names[] = {"0|90|180|270|", "X|Y|-X|-Y|", "N|90|180|270|",
-                               "N|90|180|270|", "X|Y|-X|-Y|", "0|90|180|270|"};
-  for (std::int16_t coorSys = 0; coorSys <= 5; ++coorSys)
-    EXPECT_EQ(WordsOf(NetOf(coorSys, {180, 190, 310})), names[coorSys]) << coorSys;
+  const std::pair<CoordinateSystem, const char*> systems[] = {
+      {CoordinateSystem::None, "0|90|180|270|"},
+      {Specimen, "X|Y|-X|-Y|"},
+      {Geographic, "N|90|180|270|"},
+      {Paleogeographic, "N|90|180|270|"},
+      {Tectonic, "X|Y|-X|-Y|"}};
+  for (const auto& [system, names] : systems)
+    EXPECT_EQ(WordsOf(NetOf(system, {180, 190, 310})), names);
 }
 
 TEST(DrawNet, TickLengthGrowsWithTheNetAndOneOfNoExtentCollapsesToItsCentre) {

@@ -65,7 +65,7 @@ void SetGeology(StereoOptions& options, const std::array<bool, 5>& on) {
 }
 
 std::vector<DrawCall> Drawn(const RecordArray& records, const StereoOptions& options,
-                            std::int16_t coorSys = Geographic, std::int16_t block = InPhase,
+                            CoordinateSystem coorSys = Geographic, TensorBlock block = InPhase,
                             const GroupStats& stats = GroupStats(),
                             const StereoGeometry& geometry = {}) {
   return Recorded(
@@ -75,7 +75,8 @@ std::vector<DrawCall> Drawn(const RecordArray& records, const StereoOptions& opt
 /// What the layers above the net drew.
 std::vector<DrawCall> OverTheNet(const RecordArray& records, const StereoOptions& options,
                                  const GroupStats& stats = GroupStats(),
-                                 std::int16_t coorSys = Geographic, std::int16_t block = InPhase) {
+                                 CoordinateSystem coorSys = Geographic,
+                                 TensorBlock block = InPhase) {
   const auto net = Drawn({}, Only(), coorSys, block);
   const auto all = Drawn(records, options, coorSys, block, stats);
   EXPECT_TRUE(all.size() >= net.size() && std::equal(net.begin(), net.end(), all.begin()));
@@ -125,7 +126,8 @@ TEST(DrawStereo, CaptionsAndSymbolsAreThoseOfTheSystemAndTheBlockInView) {
   store[3].CoorLevel = Tectonic;
   store[4].HasIm = true;
   const struct {
-    std::int16_t coorSys, block;
+    CoordinateSystem coorSys;
+    int block;
     std::size_t count;
     std::string name;
   } rows[] = {{Geographic, 1, 2, "Geographic"}, {Geographic, 2, 1, "Geographic"},
@@ -134,7 +136,8 @@ TEST(DrawStereo, CaptionsAndSymbolsAreThoseOfTheSystemAndTheBlockInView) {
   StereoOptions options = Only({&O::showData});
   options.showCaptions = true;
   for (const auto& row : rows) {
-    const auto calls = OverTheNet(store, options, GroupStats(), row.coorSys, row.block);
+    const auto calls =
+        OverTheNet(store, options, GroupStats(), row.coorSys, static_cast<TensorBlock>(row.block));
     EXPECT_EQ(WordsOf(calls), row.name + "|Coordinate|System|Equal-Area|Projection|N = " +
                                   std::to_string(row.count) + "|");
     EXPECT_EQ(CallsOf<EllipseCall>(calls).size(), row.count);
@@ -292,7 +295,7 @@ TEST(StereoRecords, EllipsesTakeTheBlockInViewAndNothingThatIsNoNumber) {
   RecordArray records = Uprights(1);
   SpecimenRecord& r = records[1];
   r.HasIm = true;
-  const auto ellipses = [&](std::int16_t block) {
+  const auto ellipses = [&](TensorBlock block) {
     return CallsOf<PolylineCall>(OverTheNet(records, options, GroupStats(), Geographic, block))
         .size();
   };

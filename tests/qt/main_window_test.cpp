@@ -100,7 +100,7 @@ class MainWindowTest : public WindowTest {
     for (const int system : {3, 0, 2, 1, 1}) {  // the last repeats what is shown already
       W().Key(Qt::Key_F5 + system);
       QCOMPARE(ShownSystem(), shown[system]);
-      QCOMPARE(S().CoorSys, system + 1);
+      QCOMPARE(S().CoorSys, SystemAt(system));
     }
     for (const int system : {2, 1, 3, 3, 0}) {
       Press(QString("Toolbar1(%1)").arg(22 + system));
@@ -115,7 +115,7 @@ class MainWindowTest : public WindowTest {
     for (const char* list : {"cboCoor(1)", "cboCoor(2)", "cboCoor(3)", "odclFoli"})
       QTest::keyClick(&The<QComboBox>(list), Qt::Key_Down);
     QCOMPARE(Look("cboCoor(2) cboCoor(3) odclFoli"), "Vertical|North-South|B");
-    QVERIFY(ShownSystem() == shown[1] && S().TectoPlane == Vertical && S().FoliCode == "B");
+    QVERIFY(ShownSystem() == shown[1] && S().TectoPlane == PaleoPlane::Vertical && S().FoliCode == "B");
     QVERIFY(S().TectoNorthSouth && !S().TectoEastWest);
     QVERIFY(W().The<QAction>("Toolbar1(28)").isChecked());
     QTest::keyClick(&The<QComboBox>("cboCoor(1)"), Qt::Key_Down);

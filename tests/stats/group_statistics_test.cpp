@@ -53,7 +53,7 @@ RecordArray RecordsOf(const std::vector<TensorColumn>& tensors) {
 }
 
 /// Statistics of all that the geographic view shows, into what a run before left.
-void RunOn(const RecordArray& records, GroupStats& stats, std::int16_t block = InPhase) {
+void RunOn(const RecordArray& records, GroupStats& stats, TensorBlock block = InPhase) {
   GroupStatistics(records, Geographic, block, Settings().FacIndex, GaussNumbers(), stats);
 }
 

@@ -75,20 +75,21 @@ TEST(Store, RenumberGoesThroughTheWholeStore) {
 TEST(Store, IsShownGoesByUseSystemAndBlock) {
   const struct {
     bool active;
-    std::int16_t level;
+    CoordinateSystem level;
     bool hasIm;
-    std::int16_t coorSys, block;
+    CoordinateSystem coorSys;
+    TensorBlock block;
     bool wanted;
   } cases[] = {
       // clang-format off
-      {true,  2, false, Geographic, InPhase,    true},
-      {true,  2, true,  Geographic, InPhase,    true},
-      {false, 2, true,  Geographic, InPhase,    false},
-      {true,  1, true,  Geographic, InPhase,    false},   // not rotated there
-      {true,  0, true,  Specimen,   InPhase,    false},
-      {true,  4, true,  Tectonic,   OutOfPhase, true},
-      {true,  4, false, Tectonic,   OutOfPhase, false},
-      {false, 4, true,  Tectonic,   OutOfPhase, false},
+      {true,  Geographic, false, Geographic, InPhase,    true},
+      {true,  Geographic, true,  Geographic, InPhase,    true},
+      {false, Geographic, true,  Geographic, InPhase,    false},
+      {true,  Specimen, true,  Geographic, InPhase,    false},   // not rotated there
+      {true,  CoordinateSystem::None, true,  Specimen,   InPhase,    false},
+      {true,  Tectonic, true,  Tectonic,   OutOfPhase, true},
+      {true,  Tectonic, false, Tectonic,   OutOfPhase, false},
+      {false, Tectonic, true,  Tectonic,   OutOfPhase, false},
       // clang-format on
   };
   for (const auto& c : cases) {

@@ -39,9 +39,13 @@ SpecimenRecord Oriented() {
   return r;
 }
 
-View ViewIn(int coorSys, std::string_view foliCode = "S1", std::string_view lineCode = "L1") {
+constexpr CoordinateSystem None = CoordinateSystem::None;
+constexpr CoordinateSystem AllSystems[] = {None, Specimen, Geographic, Paleogeographic, Tectonic};
+
+View ViewIn(CoordinateSystem coorSys, std::string_view foliCode = "S1",
+            std::string_view lineCode = "L1") {
   View view;
-  view.CoorSys = static_cast<std::int16_t>(coorSys);
+  view.CoorSys = coorSys;
   view.FoliCode = foliCode;
   view.LineCode = lineCode;
   return view;
@@ -60,7 +64,7 @@ void ExpectAxis(double dec, double inc, double expectedDec, double expectedInc) 
 TEST(DeriveFactors, ValuesAndFactorsAreThoseOfTheBlockInView) {
   SpecimenRecord r = Oriented();
   r.HasIm = true;
-  for (const std::int16_t block : {InPhase, OutOfPhase}) {
+  for (const TensorBlock block : {InPhase, OutOfPhase}) {
     Matrix<3, 3> A, D, W;
     TensorForm<ToMatrix>(A, block == InPhase ? r.Tensor : r.TensorIm);
     EIGEN_JK(A, D, W);
@@ -74,7 +78,7 @@ TEST(DeriveFactors, ValuesAndFactorsAreThoseOfTheBlockInView) {
 
 TEST(DeriveFactors, TheZeroTensorOfNoBlockAndAFactorBeyond32BitsFail) {
   SpecimenRecord r = Oriented(), wide;
-  ASSERT_TRUE(DeriveFactors(r, DefaultFactors, 3));
+  ASSERT_TRUE(DeriveFactors(r, DefaultFactors, TensorBlock{3}));
   EXPECT_EQ(r.K[1], 0.0);
   EXPECT_EQ(r.Fac[1], 1e9f);
   wide.Tensor = TensorOf({1e30, 1.0, 1e-30});
@@ -101,20 +105,29 @@ TEST(RotateRecord, TheOutOfPhaseBlockIsRotatedIntoTheSameFieldsAndWithoutOneNoth
 TEST(RotateRecord, EachSystemIsReachedAndNamed) {
   struct {
     const char *Foli, *Line;
-    int CoorSys, Level;
+    CoordinateSystem CoorSys, Level;
   } const cases[] = {
-      {"S1", "L1", 1, 1}, {"S1", "L1", 2, 2}, {"S1", "L1", 3, 3}, {"S1", "L1", 4, 4},
-      {"S1", "0", 3, 3},  {"S1", "0", 4, 4},  {"S2", "L1", 3, 2}, {"S2", "L1", 4, 2},
-      {"S1", "L2", 4, 2}, {"s1", "L1", 3, 2}, {"S1", "L1", 0, 0},
+      {"S1", "L1", Specimen, Specimen},
+      {"S1", "L1", Geographic, Geographic},
+      {"S1", "L1", Paleogeographic, Paleogeographic},
+      {"S1", "L1", Tectonic, Tectonic},
+      {"S1", "0", Paleogeographic, Paleogeographic},
+      {"S1", "0", Tectonic, Tectonic},
+      {"S2", "L1", Paleogeographic, Geographic},
+      {"S2", "L1", Tectonic, Geographic},
+      {"S1", "L2", Tectonic, Geographic},
+      {"s1", "L1", Paleogeographic, Geographic},
+      {"S1", "L1", None, None},
   };
   const SpecimenRecord geographic = Rotated(Oriented(), ViewIn(Geographic));
   EXPECT_EQ(geographic.FoliDec[1], 300);
   EXPECT_EQ(geographic.LineInc[1], 20);
   for (const auto& c : cases) {
     const SpecimenRecord r = Rotated(Oriented(), ViewIn(c.CoorSys, c.Foli, c.Line));
-    EXPECT_EQ(r.CoorLevel, c.Level) << c.Foli << c.Line << c.CoorSys;
+    EXPECT_EQ(r.CoorLevel, c.Level) << c.Foli << c.Line << NamesOf(c.CoorSys).Short;
     // Without the plane or the line the geographic fields remain.
-    EXPECT_EQ(r == geographic, c.Level == 2) << c.Foli << c.Line << c.CoorSys;
+    EXPECT_EQ(r == geographic, c.Level == Geographic)
+        << c.Foli << c.Line << NamesOf(c.CoorSys).Short;
   }
 }
 
@@ -122,7 +135,7 @@ TEST(RotateRecord, ARecordWithoutSpecimenSystemIsDerivedAllTheSame) {
   SpecimenRecord r = Oriented();
   r.HasCoor[1] = false;
   r = Rotated(r, ViewIn(Specimen));
-  EXPECT_EQ(r.CoorLevel, 0);
+  EXPECT_EQ(r.CoorLevel, None);
   EXPECT_NE(r.Inc[1], 0);
 }
 
@@ -149,7 +162,7 @@ TEST(RotateRecord, TensorsFromMarloStandInGeographicCoordinatesAlready) {
     SpecimenRecord r = Oriented();
     r.SourceProgram = program;
     r = Rotated(r, ViewIn(Geographic));
-    EXPECT_EQ(r.CoorLevel, 2);
+    EXPECT_EQ(r.CoorLevel, Geographic);
     // Not turned, so not rounded to 32 bits either.
     EXPECT_EQ(r.TensorRot == r.Tensor, *program == 'M');
   }
@@ -176,7 +189,7 @@ TEST(RotateRecord, TheChosenPlaneBecomesHorizontalOrVerticalOrStandsAcrossTheLin
   View view = ViewIn(Paleogeographic, "S1", "0");
   const SpecimenRecord flat = Rotated(Oriented(), view);
   ExpectAxis(flat.FoliDec[1], flat.FoliInc[1], 300, 0);  // the dip direction keeps its value
-  view.TectoPlane = Vertical;
+  view.TectoPlane = PaleoPlane::Vertical;
   EXPECT_NEAR(Rotated(flat, view).FoliInc[1], 90, 1e-3);
   const SpecimenRecord r = Rotated(flat, ViewIn(Paleogeographic));
   ExpectAxis(r.LineDec[1], r.LineInc[1], 200, 0);  // a plunging line keeps its trend
@@ -220,7 +233,7 @@ TEST(RotateRecord, ALineThatCameToPointUpwardEndsAtTheOtherEnd) {
 }
 
 TEST(RotateRecord, PrincipalVectorsBelongToTheRotatedTensor) {
-  for (int coorSys = 0; coorSys <= 4; ++coorSys) {
+  for (const CoordinateSystem coorSys : AllSystems) {
     SpecimenRecord r = Oriented();
     DeriveFactors(r, DefaultFactors, InPhase);
     r = Rotated(r, ViewIn(coorSys));
@@ -241,7 +254,7 @@ TEST(RotateRecord, PrincipalVectorsBelongToTheRotatedTensor) {
 }
 
 TEST(RotateRecord, ThePrincipalSystemHasKminVerticalAndKmaxOnTheMeridian) {
-  const SpecimenRecord r = Rotated(Oriented(), ViewIn(0));
+  const SpecimenRecord r = Rotated(Oriented(), ViewIn(None));
   EXPECT_NEAR(std::fabs(std::cos(r.Dec[1] / DegPerRad)), 1, 1e-4);
   EXPECT_NEAR(r.Inc[3], 90, 0.01);
 }
@@ -257,7 +270,7 @@ TEST(RotateRecord, AFailureLeavesTheRecordAsItWas) {
 TEST(Derivation, TensorsThatAreNotFiniteGiveNanAndNoFailure) {
   for (const float value : {NAN, INFINITY, -INFINITY})
     for (int slot = 1; slot <= 6; ++slot)
-      for (int coorSys = 0; coorSys <= 4; ++coorSys) {
+      for (const CoordinateSystem coorSys : AllSystems) {
         SpecimenRecord r = Oriented();
         r.Tensor[slot] = value;
         ASSERT_TRUE(DeriveFactors(r, DefaultFactors, InPhase));

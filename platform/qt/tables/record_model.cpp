@@ -41,7 +41,7 @@ Colour DataTableColour(int column) {
 const RecordColumns GridRecordColumns = {
     GridColumns,
     [](int column, const Settings& settings) { return GridHeader(column + 1, settings); },
-    [](int column, const SpecimenRecord& record, std::int16_t reImMode) {
+    [](int column, const SpecimenRecord& record, TensorBlock reImMode) {
       return GridCell(column + 1, record, reImMode);
     },
     [](int column) { return GridColumnColour(column + 1); },
@@ -54,7 +54,7 @@ const RecordColumns DataTableRecordColumns = {
       return DataTableHeader(-2, column - 1, settings) + "\n" +
              DataTableHeader(-1, column - 1, settings);
     },
-    [](int column, const SpecimenRecord& record, std::int16_t reImMode) {
+    [](int column, const SpecimenRecord& record, TensorBlock reImMode) {
       return DataTableCell(column - 1, record, reImMode);
     },
     DataTableColour,

@@ -12,7 +12,7 @@ namespace velorix {
 struct RecordColumns {
   int Count;
   std::string (*Header)(int column, const Settings& settings);
-  std::string (*Cell)(int column, const SpecimenRecord& record, std::int16_t reImMode);
+  std::string (*Cell)(int column, const SpecimenRecord& record, TensorBlock reImMode);
   velorix::Colour (*Colour)(int column);  // of the header
   int (*Characters)(int column);  // room: a longer text is cut off with dots, its tip has it whole
   int NameColumn;                 // the one that reads from the left

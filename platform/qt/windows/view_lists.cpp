@@ -34,7 +34,7 @@ ViewLists::ViewLists(Velorix& velorix, QWidget* parent) : QWidget(parent), velor
           "Code of the lineation that the rotation uses; 0 takes the strike of the foliation", 6,
           ChooseLineation);
   row->addStretch(1);
-  for (const char* name : CoorSysNames) cboCoor_[0]->addItem(name);
+  for (const CoordinateSystem system : SystemsInView) cboCoor_[0]->addItem(NamesOf(system).Short);
   for (const char* name : TectoPlaneNames) cboCoor_[1]->addItem(name);
   for (const char* name : TectoAxisNames) cboCoor_[2]->addItem(name);
 }
@@ -55,8 +55,8 @@ QComboBox* ViewLists::Add(const char* text, const char* name, const char* tip, i
 }
 
 void ViewLists::ShowChoices() {
-  cboCoor_[0]->setCurrentIndex(velorix_.Session.CoorSys - 1);
-  cboCoor_[1]->setCurrentIndex(velorix_.Session.TectoPlane - 1);
+  cboCoor_[0]->setCurrentIndex(IndexOf(velorix_.Session.CoorSys));
+  cboCoor_[1]->setCurrentIndex(IndexOf(velorix_.Session.TectoPlane));
   cboCoor_[2]->setCurrentIndex(TectoAxisIndex(velorix_.Session));
 }
 
