@@ -115,7 +115,8 @@ class MainWindowTest : public WindowTest {
     for (const char* list : {"cboCoor(1)", "cboCoor(2)", "cboCoor(3)", "odclFoli"})
       QTest::keyClick(&The<QComboBox>(list), Qt::Key_Down);
     QCOMPARE(Look("cboCoor(2) cboCoor(3) odclFoli"), "Vertical|North-South|B");
-    QVERIFY(ShownSystem() == shown[1] && S().TectoPlane == PaleoPlane::Vertical && S().FoliCode == "B");
+    QVERIFY(ShownSystem() == shown[1] && S().TectoPlane == PaleoPlane::Vertical &&
+            S().FoliCode == "B");
     QVERIFY(S().TectoNorthSouth && !S().TectoEastWest);
     QVERIFY(W().The<QAction>("Toolbar1(28)").isChecked());
     QTest::keyClick(&The<QComboBox>("cboCoor(1)"), Qt::Key_Down);
