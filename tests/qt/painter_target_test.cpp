@@ -317,6 +317,22 @@ class PainterTargetTest : public QObject {
     }
   }
 
+  void aPictureMapsTheMouseToItsPlane() {
+    PictureWidget widget;
+    widget.resize(408, 208);  // the plane twice as large, from (104, 4) on
+    widget.SetPicture(Plane, [](Target&) {});
+    QString heard;
+    const auto hear = [&heard](const PictureMouse& mouse) {
+      heard += QString("%1 %2 %3; ").arg(mouse.x).arg(mouse.y).arg(mouse.button);
+    };
+    widget.OnPress = widget.OnMove = widget.OnRelease = hear;
+    widget.show();
+    QTest::mousePress(&widget, Qt::LeftButton, {}, {104, 4});
+    MoveMouse(widget, {204, 104});
+    QTest::mouseRelease(&widget, Qt::MiddleButton, {}, {304, 204});
+    QCOMPARE(heard, "0 0 1; 50 50 0; 100 100 4; ");
+  }
+
   void everyChangeOfTheStereonetIsDrawnAsIfWhole() {
     TestWindow window;
     window.Open(VELORIX_SOURCE_DIR "/examples/granite.ams");
