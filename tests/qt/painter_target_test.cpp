@@ -32,15 +32,6 @@ QImage Line(double scale, const velorix::Pen& pen) {
   return Picture(scale, [&](Target& t) { DrawLine(t, 10, 50, 90, 50, pen); });
 }
 
-/// The box round all that is not white; empty for a white picture.
-QRect Ink(const QImage& image) {
-  QRect ink;
-  for (int y = 0; y < image.height(); ++y)
-    for (int x = 0; x < image.width(); ++x)
-      if (image.pixel(x, y) != QColor(Qt::white).rgb()) ink |= QRect(x, y, 1, 1);
-  return ink;
-}
-
 QRect TextInk(const TextStyle& style, double scale = 1) {
   return Ink(Picture(scale, [&](Target& t) { t.Text("HHH", {50, 50}, style); }));
 }
