@@ -11,10 +11,12 @@
 
 using namespace velorix;
 
-class CommandsTest : public QObject {
+class CommandsTest : public WindowTest {
   Q_OBJECT
 
  private slots:
+  void init() { window_.emplace(); }
+
   void menusHaveTheseItemsAndKeys() {
     const QStringList menus = {
         "File: New, Open Ctrl+O, Open Previous Ctrl+P, Open Next Ctrl+N, Reload Ctrl+R, (Save), -, "
@@ -30,9 +32,8 @@ class CommandsTest : public QObject {
         "Clear Selection Ctrl+Shift+F12",
         "Settings: Orientation Parameters, Anisotropy Quantitative Factors",
         "About: About, Manual Shift+F1"};
-    TestWindow w;
     QStringList shown;
-    for (const QAction* menu : w.Window.menuBar()->actions()) {
+    for (const QAction* menu : W().Window.menuBar()->actions()) {
       QStringList items;
       for (const QAction* item : menu->menu()->actions()) {
         QCOMPARE(item->isEnabled(), item->isVisible());
@@ -59,8 +60,7 @@ class CommandsTest : public QObject {
         "27 Paleohorizontal, 28 Paleovertical, -, 30 Invert Selection [Ctrl + Ins], "
         "31 Disregard Selected Record(s) [Del], 32 Restore All Records  [Alt + Bksp], "
         "33 Clear Selection [Shift + Ctrl +F12], -, 35 ";
-    TestWindow w;
-    auto& bar = w.The<QToolBar>("Toolbar1");
+    auto& bar = W().The<QToolBar>("Toolbar1");
     QStringList shown;
     for (QAction* action : bar.actions()) {
       const auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
@@ -72,7 +72,7 @@ class CommandsTest : public QObject {
     }
     QCOMPARE(shown.join(", "), buttons);
     // Without a tip, the status line and the name for a screen reader say what it does.
-    const auto& rotate = w.The<QToolButton>("Toolbar1(35)");
+    const auto& rotate = W().The<QToolButton>("Toolbar1(35)");
     const QString does = "Rotate the tensors of all records by 90 degrees about the vertical axis";
     QCOMPARE(rotate.accessibleName(), does);
     QCOMPARE(rotate.statusTip(), does);
@@ -84,16 +84,15 @@ class CommandsTest : public QObject {
       return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
     };
     const auto letter = [](const QString& text) { return text[text.indexOf('&') + 1].toUpper(); };
-    TestWindow w;
     QStringList lists, menus;
     for (const char* name : {"cboCoor(1)", "cboCoor(2)", "cboCoor(3)", "odclFoli", "odclLine"})
-      for (const QLabel* label : w.Window.findChildren<QLabel*>())
+      for (const QLabel* label : W().Window.findChildren<QLabel*>())
         if (label->buddy() && label->buddy()->objectName() == name) {
           lists += letter(label->text());
           const QString row = "\n| " + label->text().remove('&') + " | " + lists.back() + " |";
           QVERIFY2(page("windows.md").contains(row), qPrintable(row));
         }
-    for (const QAction* menu : w.Window.menuBar()->actions()) menus += letter(menu->text());
+    for (const QAction* menu : W().Window.menuBar()->actions()) menus += letter(menu->text());
     QVERIFY(page("keyboard.md").contains("| Alt+" + lists.join(", ") + " | the lists"));
     QVERIFY(page("keyboard.md").contains("| Alt+" + menus.join(", ") + " | the menus"));
   }

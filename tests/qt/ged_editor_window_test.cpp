@@ -1,57 +1,33 @@
 // The editor of geological files, driven by the names of its controls.
 
 #include <QLineEdit>
-#include <QPushButton>
 
 #include "datafiles/ged_file.h"
-#include "platform/qt/windows/ged_editor_window.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;
 
-class GedEditorWindowTest : public QObject {
+class GedEditorWindowTest : public WindowTest {
   Q_OBJECT
 
-  std::optional<TestWindow> window_;
-  TestWindow& W() { return *window_; }
-
-  frmGEDEditor* Editor() { return W().Window.findChild<frmGEDEditor*>("frmGEDEditor"); }
-  template <class Control>
-  Control& The(const char* name) {
-    return In<Control>(*Editor(), name);
-  }
   QTableView& Grid() { return The<QTableView>("scgEditAniso"); }
-  void Press(const char* name) { QTest::mouseClick(&The<QPushButton>(name), Qt::LeftButton); }
-  QString Cell(int row, int column) { return Grid().model()->index(row, column).data().toString(); }
+  QString Names() { return ColumnText(Grid(), 0); }
   /// Types into a cell, counted from 0, as a user does; the cell is still open then.
   void Begin(int row, int column, const QString& text) {
     Grid().setCurrentIndex(Grid().model()->index(row, column));
     QTest::keyClicks(&Grid(), text.left(1));  // opens the cell's editor
-    auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-    QVERIFY(box);
-    QTest::keyClicks(box, text.mid(1));
-  }
-  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    QCoreApplication::processEvents();
+    QVERIFY(qobject_cast<QLineEdit*>(QApplication::focusWidget()));
+    QTest::keyClicks(QApplication::focusWidget(), text.mid(1));
   }
   void Type(int row, int column, const QString& text) {
     Begin(row, column, text);
     Key(Qt::Key_Return);
-  }
-  /// Names of the samples in view.
-  QString Names() {
-    QStringList names;
-    for (int row = 0; row + 1 < Grid().model()->rowCount(); ++row)
-      if (!Grid().isRowHidden(row)) names += Cell(row, 0);
-    return names.join(' ');
   }
   std::string WriteGed(const std::string& name, int count) {
     RecordArray records;
     for (int i = 1; i <= count; ++i) {
       SpecimenRecord r;
       r.Name = name + std::to_string(i);
-      r.Site = name;
       r.OP = {5, 90, 3, 90};
       records.Add(r);
     }
@@ -59,112 +35,94 @@ class GedEditorWindowTest : public QObject {
     if (!WriteGedFile(path, records)) qFatal("no test file");
     return path;
   }
+  void Answer(const std::string& path) { W().Asked.Files.push_back(FileAnswer{path, 1}); }
   void Open(const std::string& path) {
-    W().Asked.Files.push_back(FileAnswer{path, 1});
+    OpenForm("mnuGedEditor", "frmGEDEditor");
+    Answer(path);
     The<QAction>("mnuOpen").trigger();
   }
-  std::string Saved(const std::string& path) {
+  /// The samples of a file, which is removed.
+  QString Taken(const std::string& path) {
     RecordArray records;
-    std::string names = ReadGedFile(path, records) ? "" : "none";
-    for (const SpecimenRecord& r : records) names += r.Name + " ";
-    return names;
+    QString names = ReadGedFile(path, records) ? "" : "none";
+    for (const SpecimenRecord& r : records) names += QString::fromStdString(r.Name + " ");
+    QFile::remove(QString::fromStdString(path));
+    return names.trimmed();
   }
 
  private slots:
-  void init() {
-    window_.emplace();
-    W().The<QAction>("mnuGedEditor").trigger();
-    QVERIFY(Editor());
-    QTRY_COMPARE(QApplication::activeWindow(), Editor());
-  }
+  void init() { window_.emplace(); }
 
   void aFileCanBeTypedFromNothing() {
-    QCOMPARE(Editor()->windowTitle(), "Geological file editor");
+    OpenForm("mnuGedEditor", "frmGEDEditor");
+    QCOMPARE(form_->windowTitle(), "Geological file editor");
     QCOMPARE(HeaderTexts(Grid()),
              "Sample name|Orientation|Inc|Foliation1|Azimuth|Dip|Lineation1|Trend|Plunge|"
              "Foliation2|Azimuth|Dip|Lineation2|Trend|Plunge");
-    QCOMPARE(The<QPushButton>("cmdRestore").text(), "RESTORE ALL");
-    QCOMPARE(The<QPushButton>("cmdCopy1stRow").text(), "COPY 1ST ROW TO ALL");
+    QCOMPARE(Look("cmdRestore cmdCopy1stRow"), "RESTORE ALL|COPY 1ST ROW TO ALL");
     The<QLineEdit>("txtSite").setText("hill");
-    for (int i = 1; i <= 3; ++i) Type(i - 1, 0, QString("a%1").arg(i));
+    for (int i = 0; i < 3; ++i) Type(i, 0, QString("a%1").arg(i));
     Type(1, 5, "170");
+    Press("cmdCopy1stRow");  // which has no action
     The<QComboBox>("cboOP(2)").setCurrentText("90");
-    const std::string path = W().Path("new.ged");
-    W().Asked.Files.push_back(FileAnswer{path, 1});
+    Answer(W().Path("new.ged"));
     Press("cmdOK");
     RecordArray records;
-    QVERIFY(ReadGedFile(path, records));
-    QCOMPARE(records.Count(), 3);
-    QCOMPARE(records[2].FoliDip[1], 170.0f);
-    QCOMPARE(records[1].Site, "hill");
-    QCOMPARE(records[1].OP[2], 90);
-    QTRY_VERIFY(!Editor());
+    QVERIFY(ReadGedFile(W().Path("new.ged"), records));
+    QVERIFY(records.Count() == 3 && records[1].Name == "a0" && records[2].Name == "a1");
+    QVERIFY(records[1].FoliDip[1] == 0 && records[2].FoliDip[1] == 170);
+    QVERIFY(records[1].Site == "hill" && records[1].OP[2] == 90);
+    QTRY_VERIFY(!form_);
   }
 
   void everyWayOutOfACellEndsTheTypingFirst() {
     const std::string path = WriteGed("hill", 3), out = W().Path("out.ged");
     const std::pair<const char*, std::function<void()>> ways[] = {
-        {"Return", [this] { Key(Qt::Key_Return); }},
-        {"Tab", [this] { Key(Qt::Key_Tab); }},
         {"Ctrl+R", [this] { Key(Qt::Key_R, Qt::ControlModifier); }},
         {"Ctrl+O, cancelled", [this] { Key(Qt::Key_O, Qt::ControlModifier); }},
         {"menu", [this] { The<QAction>("mnuOpen").trigger(); }},
         {"another window", [this] { W().Window.activateWindow(); }},
-        {"Ctrl+S, cancelled", [this] { Key(Qt::Key_S, Qt::ControlModifier); }},
     };
     for (const auto& [name, leave] : ways) {
       Open(path);
       Begin(1, 0, "typed");
       leave();
-      QTRY_VERIFY2(Cell(1, 0) == "typed", name);
-      Editor()->activateWindow();
-      QTRY_COMPARE(QApplication::activeWindow(), Editor());
+      QTRY_VERIFY2(CellAt(Grid(), 1, 0) == "typed", name);
     }
     for (const bool mouse : {true, false}) {
-      W().The<QAction>("mnuGedEditor").trigger();
-      QTRY_COMPARE(QApplication::activeWindow(), Editor());
       Open(path);
       Begin(1, 0, "typed");
-      W().Asked.Files.push_back(FileAnswer{out, 1});
+      Answer(out);
       mouse ? Press("cmdOK") : Key(Qt::Key_S, Qt::ControlModifier);
-      QTRY_VERIFY(!Editor());
-      QCOMPARE(Saved(out), "hill1 typed hill3 ");
-      QVERIFY(QFile::remove(QString::fromStdString(out)));
+      QTRY_VERIFY(!form_);
+      QCOMPARE(Taken(out), "hill1 typed hill3");
     }
   }
 
-  void aRefusedCellIsNotSavedAroundNorLost() {
-    Open(WriteGed("hill", 2));
-    const auto questions = W().Asked.FileQuestions.size();
-    for (const bool mouse : {false, true}) {
-      W().Asked.Boxes.clear();
-      Begin(0, 8, "120");
-      mouse ? Press("cmdOK") : Key(Qt::Key_S, Qt::ControlModifier);
-      QTRY_COMPARE(W().Asked.Boxes, std::vector<std::string>{"Edit aniso|Input out of limits!|OK"});
-      QVERIFY(Editor() && Editor()->isVisible());
-      QCOMPARE(W().Asked.FileQuestions.size(), questions);
-    }
-  }
-
-  void aRefusedCellGoesBackToItsFormerValue() {
+  void aRefusedCellIsNotSavedAndGoesBack() {
     Open(WriteGed("hill", 2));
     Type(0, 8, "45");
-    Type(0, 8, "120");
-    QTRY_COMPARE(W().Asked.Boxes.size(), 1u);
-    QCOMPARE(Cell(0, 8), "45");
-    Type(0, 1, "360.5");  // as a whole, not what fits the file
-    QTRY_COMPARE(W().Asked.Boxes.size(), 2u);
-    QCOMPARE(Cell(0, 1), "0");
+    const auto questions = W().Asked.FileQuestions.size();
+    const std::function<void()> ways[] = {[this] { Key(Qt::Key_Return); },
+                                          [this] { Press("cmdOK"); },
+                                          [this] { Key(Qt::Key_S, Qt::ControlModifier); }};
+    for (const auto& leave : ways) {
+      Boxes().clear();
+      Begin(0, 8, "120");
+      leave();
+      QTRY_COMPARE(Boxes(), std::vector<std::string>{"Edit aniso|Input out of limits!|OK"});
+      QVERIFY(form_ && form_->isVisible() && W().Asked.FileQuestions.size() == questions);
+      QCOMPARE(CellAt(Grid(), 0, 8), "45");
+    }
     Type(2, 8, "120");  // the empty row stays empty
-    QTRY_COMPARE(W().Asked.Boxes.size(), 3u);
+    QTRY_COMPARE(Boxes().size(), 2u);
     QCOMPARE(Grid().model()->rowCount(), 3);
   }
 
   void rowsTakenOutComeBackOrAreNotSaved() {
-    const std::string path = WriteGed("hill", 4);
-    Open(path);
-    QCOMPARE(Names(), "hill1 hill2 hill3 hill4");
+    Open(WriteGed("hill", 4));
     const auto takeOut = [this] {
+      QCOMPARE(Names(), "hill1 hill2 hill3 hill4");
       Grid().selectRow(1);
       Grid().selectionModel()->select(Grid().model()->index(3, 0),
                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
@@ -175,60 +133,41 @@ class GedEditorWindowTest : public QObject {
     };
     takeOut();
     Press("cmdRestore");
-    QCOMPARE(Names(), "hill1 hill2 hill3 hill4");
     takeOut();
-    const std::string out = W().Path("out.ged");
-    W().Asked.Files.push_back(FileAnswer{out, 1});
+    Answer(W().Path("out.ged"));
     Press("cmdOK");
-    QCOMPARE(Saved(out), "hill1 hill3 ");
+    QCOMPARE(Taken(W().Path("out.ged")), "hill1 hill3");
   }
 
   void openingAnotherFileShowsAllItsRows() {
-    const std::string two = WriteGed("two", 2), six = WriteGed("six", 6);
-    Open(six);
+    Open(WriteGed("six", 6));
     Grid().selectAll();
     Press("cmdDelete");
     QCOMPARE(Names(), "");
-    Open(two);
-    QCOMPARE(Names(), "two1 two2");
-    QVERIFY(!Grid().isRowHidden(2));  // the row for the next sample
-    Open(six);
+    const QWidget* editor = form_;
+    Open(WriteGed("two", 2));
+    QVERIFY(form_ == editor && !Grid().isRowHidden(2));  // the row for the next sample
+    Open(WriteGed("six", 6));
     QCOMPARE(Names(), "six1 six2 six3 six4 six5 six6");
-    QVERIFY(Editor()->windowTitle().endsWith("six.ged] (N = 6)"));
-    W().The<QAction>("mnuGedEditor").trigger();  // raises the window that is open
-    QCOMPARE(W().Window.findChildren<frmGEDEditor*>().size(), 1);
-    QCOMPARE(The<QComboBox>("cboOP(1)").currentText(), "5");  // not on offer, but in the file
+    QVERIFY(form_->windowTitle().endsWith("six.ged] (N = 6)"));
+    QCOMPARE(Look("cboOP(1)"), "5");  // not on offer, but in the file
   }
 
-  void copyOfTheFirstRowHasNoAction() {
-    Open(WriteGed("hill", 2));
-    Type(0, 1, "45");
-    Press("cmdCopy1stRow");  // wanted
-    QCOMPARE(Cell(1, 1), "0");
-    QCOMPARE(Cell(1, 0), "hill2");
-  }
-
-  void cancelAndCloseSaveNothing() {
-    const std::string path = WriteGed("hill", 2);
-    for (const bool menu : {false, true}) {
-      W().The<QAction>("mnuGedEditor").trigger();
-      QTRY_COMPARE(QApplication::activeWindow(), Editor());
+  void nothingIsSavedWithoutAFileOrAfterCancelAndClose() {
+    const std::function<void()> ways[] = {[this] { Press("cmdCancel"); },
+                                          [this] { The<QAction>("mnuClose").trigger(); }};
+    for (const auto& leave : ways) {
+      const std::string path = WriteGed("hill", 2);
       Open(path);
       Type(0, 0, "typed");
-      menu ? The<QAction>("mnuClose").trigger() : Press("cmdCancel");
-      QTRY_VERIFY(!Editor());
-      QCOMPARE(Saved(path), "hill1 hill2 ");
+      Answer(W().Path("no folder/out.ged"));
+      Press("cmdOK");
+      QVERIFY(Boxes().back().starts_with("Velorix5|") && form_ && form_->isVisible());
+      QCOMPARE(Names(), "typed hill2");
+      leave();
+      QTRY_VERIFY(!form_);
+      QCOMPARE(Taken(path), "hill1 hill2");
     }
-  }
-
-  void aDiskThatRefusesKeepsTheWindowWithTheEdits() {
-    Open(WriteGed("hill", 2));
-    Type(0, 0, "typed");
-    W().Asked.Files.push_back(FileAnswer{W().Path("no folder/out.ged"), 1});
-    Press("cmdOK");
-    QVERIFY(W().Asked.Boxes.back().starts_with("Velorix5|"));
-    QVERIFY(Editor() && Editor()->isVisible());
-    QCOMPARE(Cell(0, 0), "typed");
   }
 };
 

@@ -12,14 +12,14 @@ class OwnPathsTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void AnInstallationsFileIsTakenBeforeTheSources() {
-    QTemporaryDir sources;
+  void anInstallationsFileIsTakenBeforeTheSources() {
+    const QTemporaryDir sources;
     const QDir root(sources.path());
     const QString bin = root.filePath("build/release/bin");
     for (const char* folder :
          {"docs/manual", "build/release/bin", "build/release/share/doc/manual"})
       QVERIFY(root.mkpath(folder));
-    const auto found = [&](const QString& installed, const QString& source) {
+    const auto found = [&](const char* installed, const char* source) {
       return root.relativeFilePath(OwnPath(bin, installed, source));
     };
     QCOMPARE(found("doc/manual", "docs/manual"), "build/release/share/doc/manual");
@@ -27,13 +27,11 @@ class OwnPathsTest : public QObject {
     QVERIFY(OwnPath(bin, "doc/guide", "docs/guide").isEmpty());
   }
 
-  void ABuildOfTheSourcesFindsTheirExamplesAndManual() {
-    const QDir sources(QDir(VELORIX_SOURCE_DIR).canonicalPath());
-    if (QDir(QCoreApplication::applicationDirPath() + "/../../..").canonicalPath() !=
-        sources.path())
-      QSKIP("built elsewhere");
-    QCOMPARE(sources.relativeFilePath(ExamplesFolder()), "examples");
-    QCOMPARE(sources.relativeFilePath(ManualPath()), "docs/manual/README.md");
+  void aBuildOfTheSourcesFindsTheirExamplesAndManual() {
+    const QDir root(QCoreApplication::applicationDirPath() + "/../../..");
+    if (!root.exists("docs/manual/README.md")) QSKIP("built elsewhere");
+    QCOMPARE(root.relativeFilePath(ExamplesFolder()), "examples");
+    QCOMPARE(root.relativeFilePath(ManualPath()), "docs/manual/README.md");
   }
 };
 

@@ -9,18 +9,12 @@
 #include "platform/painting/gif_file.h"
 #include "platform/painting/picture_bytes.h"
 #include "platform/qt/output/page_output.h"
-#include "plot/drawing/recorder.h"
 #include "tests/qt/painted.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;
 
 namespace {
-
-QByteArray ContentOf(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 /// Share of the pixels that differ visibly between two pictures of one size.
 double Difference(const QImage& a, const QImage& b) {
@@ -35,131 +29,106 @@ double Difference(const QImage& a, const QImage& b) {
   return static_cast<double>(different) / (a.width() * a.height());
 }
 
-/// The window with a site in view, whose host makes pictures.
-struct PageWindow : TestWindow {
-  PageWindow() {
-    GivePictures(Program.Host, &Window);
-    Asked.Files.push_back(FileAnswer{std::string(VELORIX_SOURCE_DIR) + "/examples/dike.ams", 1});
-    Window.activateWindow();
-    RunMenu(Program, CommandNamed("mnuOpen"));
-  }
-  QString Path(const char* name) const { return Folder.filePath(name); }
-  void Save(const char* name, int filter) {
-    Asked.Files.push_back(FileAnswer{Path(name).toStdString(), filter});
-    Key(Qt::Key_F, Qt::ControlModifier);
-  }
-};
+void DrawLetters(Target& target) { target.Text("N = 12", {20, 20}, {}); }
 
 }  // namespace
 
-class PageFilesTest : public QObject {
+/// The main window with a site in view, whose host makes pictures.
+class PageFilesTest : public WindowTest {
   Q_OBJECT
 
- private slots:
-  void EveryTypeShowsTheSamePicture() {
-    PageWindow window;
-    const char* const names[] = {"p.wmf", "p.bmp", "p.gif", "p.tif",
-                                 "p.png", "p.jpg", "p.svg", "p.pdf"};
-    for (int filter = 1; filter <= 8; ++filter) window.Save(names[filter - 1], filter);
-    const QImage bmp(window.Path("p.bmp"));
-    QCOMPARE(bmp.size(), QSize(1440, 1280));
-    for (const char* name : {"p.png", "p.tif"}) QVERIFY2(QImage(window.Path(name)) == bmp, name);
-    QVERIFY(Difference(QImage(window.Path("p.jpg")), bmp) < 0.01);
-    const QImage gif(window.Path("p.gif"));
-    QVERIFY(Difference(gif, bmp) < 0.001);
-    QCOMPARE(gif.pixelColor(1430, 1270), QColor(Qt::white));
+  QString Path(const char* name) { return W().Folder.filePath(name); }
+  QByteArray Content(const char* name) {
+    QFile file(Path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
 
-    QSvgRenderer svg(window.Path("p.svg"));
-    QCOMPARE(svg.viewBox(), QRect(0, 0, 900, 800));
-    const QImage drawn = Rendered(svg, bmp.size(), Qt::black);  // it brings its own paper
+ private slots:
+  void init() {
+    window_.emplace();
+    form_ = &W().Window;
+    GivePictures(W().Program.Host, form_);
+    W().Open(VELORIX_SOURCE_DIR "/examples/dike.ams");
+  }
+
+  void everyTypeShowsTheSamePicture() {
+    int filter = 0;
+    for (const char* name :
+         {"p.wmf", "p.bmp", "p.gif", "p.tif", "p.png", "p.jpg", "p.svg", "p.pdf"}) {
+      W().Asked.Files.push_back(FileAnswer{Path(name).toStdString(), ++filter});
+      W().Key(Qt::Key_F, Qt::ControlModifier);
+    }
+    const QImage bmp(Path("p.bmp")), gif(Path("p.gif"));
+    QCOMPARE(bmp.size(), QSize(1440, 1280));
+    for (const char* name : {"p.png", "p.tif"}) QVERIFY2(QImage(Path(name)) == bmp, name);
+    QVERIFY(Difference(QImage(Path("p.jpg")), bmp) < 0.01 && Difference(gif, bmp) < 0.001);
+    QCOMPARE(gif.pixelColor(1430, 1270), QColor(Qt::white));
+    QSvgRenderer svg(Path("p.svg"));
     const auto small = [](const QImage& image) {
       return image.scaled(180, 160, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     };
-    QImage paper(bmp.size(), QImage::Format_RGB32);
+    const QImage drawn = small(Rendered(svg, bmp.size(), Qt::black));  // it brings its own paper
+    QImage paper(drawn.size(), QImage::Format_RGB32);
     paper.fill(Qt::white);
-    QVERIFY(Difference(small(drawn), small(bmp)) < 0.2 * Difference(small(paper), small(bmp)));
-    QVERIFY(ContentOf(window.Path("p.svg")).contains(">Equal-Area<"));
-    QVERIFY(ContentOf(window.Path("p.pdf")).contains("/FontFile2"));
-    QVERIFY(ContentOf(window.Path("p.wmf")).startsWith("\xD7\xCD\xC6\x9A"));
-    QVERIFY(window.Asked.Boxes.empty());
+    QVERIFY(Difference(drawn, small(bmp)) < 0.2 * Difference(paper, small(bmp)));
+    QVERIFY(Content("p.svg").contains(">Equal-Area<") && Content("p.pdf").contains("/FontFile2"));
+    QVERIFY(Content("p.wmf").startsWith("\xD7\xCD\xC6\x9A") && Boxes().empty());
   }
 
-  void NoFileTellsTheTimeOfItsMaking() {
-    const auto draw = [](Target& target) {
-      target.Text("N = 12", {20, 20}, {});
-      target.Text("bold", {20, 40}, {.weight = 700});
-    };
-    const QByteArray first = PictureBytes("pdf", {100, 100}, 1, draw);
+  void noFileContainsTheTimeOfItsMaking() {
+    const QByteArray first = PictureBytes("pdf", {100, 100}, 1, DrawLetters);
     QTest::qWait(1100);
-    QCOMPARE(PictureBytes("pdf", {100, 100}, 1, draw), first);
+    QCOMPARE(PictureBytes("pdf", {100, 100}, 1, DrawLetters), first);
     QVERIFY(!first.contains("CreationDate"));
   }
 
-  void CheckBoxesChooseThePlots() {
-    PageWindow window;
-    const auto marks = [&window] {
-      Recorder recorder;
-      DrawGraphicsPage(window.Program, recorder, 1);
-      return recorder.calls.size();
-    };
-    std::size_t all = marks();
-    for (const char* box : {"chkStereo", "chkHisto", "chkXYPLot1", "chkXYPlot2"}) {
-      QVERIFY(window.The<QAbstractButton>(box).isChecked());
-      window.Press(box);
-      QVERIFY2(marks() < all, box);
-      all = marks();
+  void checkBoxesChooseThePlots() {
+    const PageOptions& page = W().Program.Page;
+    for (const auto& [box, on] :
+         {std::pair{"chkStereo", &page.stereonet}, std::pair{"chkHisto", &page.histogram},
+          std::pair{"chkXYPLot1", &page.xyPlot1}, std::pair{"chkXYPlot2", &page.xyPlot2}}) {
+      QVERIFY2(*on && Look(box) == "Page+", box);
+      Press(box);
+      QVERIFY2(!*on, box);
     }
-    QCOMPARE(all, std::size_t{0});
   }
 
-  void ClipboardHoldsVectorsAndNoPixels() {
-    PageWindow window;
-    window.Key(Qt::Key_C, Qt::ControlModifier);
+  void clipboardHoldsVectorsAndNoPixels() {
+    W().Key(Qt::Key_C, Qt::ControlModifier);
     const QMimeData* data = QGuiApplication::clipboard()->mimeData();
     QVERIFY(data && !data->hasImage());
-    QCOMPARE(data->data("image/x-wmf").toStdString(), GraphicsMetafile(window.Program));
-    QSvgRenderer svg(data->data("image/svg+xml"));
-    QVERIFY(svg.isValid());
-    QCOMPARE(svg.viewBox(), QRect(0, 0, 900, 800));
+    QCOMPARE(data->data("image/x-wmf").toStdString(), GraphicsMetafile(W().Program));
+    QCOMPARE(QSvgRenderer(data->data("image/svg+xml")).viewBox(), QRect(0, 0, 900, 800));
   }
 
-  void PrintedPlaneKeepsItsMarginsAndItsShape() {
+  void printedPlaneKeepsItsMarginsAndItsShape() {
     const PlaneFit wide = PrintPlace({900, 800}, {10000, 5000});
-    QCOMPARE(wide.dx, 1000.0);
-    QCOMPARE(wide.dy, 250.0);
-    QCOMPARE(wide.scale, 5.0);
-    const PlaneFit tall = PrintPlace({900, 800}, {4500, 9000});
-    QCOMPARE(tall.scale, 4.0);
+    QVERIFY(wide.dx == 1000 && wide.dy == 250 && wide.scale == 5);
+    QCOMPARE(PrintPlace({900, 800}, {4500, 9000}).scale, 4.0);
 
-    QTemporaryDir folder;
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(folder.filePath("p.pdf"));
-    QVERIFY(bool(PrintOn(printer, "Pelt4Q", {900, 800}, [](Target& target) {
-      target.Text("N = 12", {20, 20}, {});
-    })));
-    const QByteArray bytes = ContentOf(folder.filePath("p.pdf"));
-    QVERIFY(bytes.contains("/Count 1"));
-    QVERIFY(bytes.contains(QByteArray("\0P\0e\0l\0t\0004\0Q", 12)));
-    printer.setOutputFileName(folder.filePath("none/p.pdf"));
-    QVERIFY(!PrintOn(printer, "Pelt4Q", {900, 800}, [](Target&) {}));
+    for (const bool can : {true, false}) {
+      printer.setOutputFileName(Path(can ? "p.pdf" : "none/p.pdf"));
+      QCOMPARE(bool(PrintOn(printer, "Pelt4Q", {900, 800}, DrawLetters)), can);
+    }
+    QVERIFY(Content("p.pdf").contains("/Count 1"));
+    QVERIFY(Content("p.pdf").contains(QByteArray("\0P\0e\0l\0t\0004\0Q", 12)));
   }
 
-  void GifKeepsColoursUntilThereAreTooMany() {
-    QImage few(20, 13, QImage::Format_RGB32);
-    for (int i = 0; i < 260; ++i)
-      few.setPixel(i % 20, i / 20, qRgb(std::min(i, 255), 255 - std::min(i, 255), 7));
+  void gifKeepsColoursUntilThereAreTooMany() {
     const auto back = [](const QImage& image) {
       return QImage::fromData(GifBytes(image), "gif").convertToFormat(QImage::Format_RGB32);
     };
+    QImage few(20, 13, QImage::Format_RGB32), many(128, 128, QImage::Format_RGB32);
+    for (int i = 0; i < 260; ++i)
+      few.setPixel(i % 20, i / 20, qRgb(std::min(i, 255), 255 - std::min(i, 255), 7));
     QVERIFY(back(few) == few);
-    QImage many(128, 128, QImage::Format_RGB32);
     many.fill(Qt::white);
     for (int y = 0; y < 64; ++y)
       for (int x = 0; x < 128; ++x) many.setPixel(x, y, qRgb(2 * x, 4 * y, 2 * (x ^ y)));
-    const QImage shown = back(many);
-    QCOMPARE(shown.pixelColor(127, 127), QColor(Qt::white));
-    QVERIFY(Difference(shown, many) < 0.01);
+    QCOMPARE(back(many).pixelColor(127, 127), QColor(Qt::white));
+    QVERIFY(Difference(back(many), many) < 0.01);
     QVERIFY(GifBytes(QImage()).isEmpty());
   }
 };

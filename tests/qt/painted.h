@@ -28,4 +28,13 @@ QImage Rendered(Renderer& renderer, QSize size, QColor ground = Qt::white) {
   return image;
 }
 
+/// The box round all that is not white; empty for a white picture.
+inline QRect Ink(const QImage& image) {
+  QRect ink;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x)
+      if (image.pixel(x, y) != QColor(Qt::white).rgb()) ink |= QRect(x, y, 1, 1);
+  return ink;
+}
+
 }  // namespace velorix

@@ -1,10 +1,8 @@
-// What every window of the program promises to those who use it without a mouse, by ear, or with
-// large letters.
+// What every window of the program promises to those who use it without a mouse, by ear, with large
+// letters or on a dark desktop.
 
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
-#include <QCheckBox>
-#include <QDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,11 +14,10 @@
 #include <QShortcut>
 #include <QStyleOptionComboBox>
 #include <QTextEdit>
-#include <QToolButton>
 
 #include "app/commands.h"
+#include "platform/qt/parts/marks.h"
 #include "platform/qt/parts/qt_dialogs.h"
-#include "tests/qt/on_modal.h"
 #include "tests/qt/test_window.h"
 
 namespace velorix {
@@ -76,15 +73,35 @@ QStringList NameFaults(const QWidget& window) {
   for (const QWidget* control : Controls(window)) {
     if (!HasName(*control)) faults += "no name: " + Called(*control);
     if ((control->toolTip() + control->statusTip()).isEmpty() &&
-        IsOneOf<QAbstractButton>(*control) && !IsOneOf<QMessageBox>(window))
+        !IsOneOf<QTextEdit, QLabel>(*control) && !IsOneOf<QMessageBox>(window))
       faults += "no tip: " + Called(*control);
   }
   return faults;
 }
 
-bool Activate(QWidget& window) {
-  window.activateWindow();
-  return QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; });
+/// Contrast of two colours, 1 to 21; 4.5 and more is read with ease.
+double Contrast(const QColor& a, const QColor& b) {
+  const auto light = [](const QColor& c) {
+    const auto part = [](float v) {
+      return v <= 0.04045f ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
+    };
+    return 0.05 + 0.2126 * part(c.redF()) + 0.7152 * part(c.greenF()) + 0.0722 * part(c.blueF());
+  };
+  return std::max(light(a), light(b)) / std::min(light(a), light(b));
+}
+
+QStringList ColourFaults(const QWidget& window) {
+  QStringList faults;
+  for (const QWidget* control : window.findChildren<QWidget*>())
+    for (const auto& [text, ground] : {std::pair{QPalette::Text, QPalette::Base},
+                                       std::pair{QPalette::ButtonText, QPalette::Button},
+                                       std::pair{QPalette::WindowText, QPalette::Window}})
+      if (const QPalette& colours = control->palette();
+          IsControl(*control) && !IsPart(*control) &&
+          (control->isEnabled() || IsOneOf<QDialog>(window)) &&
+          Contrast(colours.color(text), colours.color(ground)) <= 3)
+        faults += "no contrast: " + Called(*control);
+  return faults;
 }
 
 /// A key that presses the button, or that its tip tells; one without an action needs none.
@@ -188,8 +205,8 @@ QStringList ClipFaults(const QWidget& window) {
 
 QStringList Faults(QWidget& window, const QList<QAction*>& everywhere) {
   QTest::qWait(1);  // for the layout
-  QStringList faults =
-      NameFaults(window) + TabFaults(window) + KeyFaults(window, everywhere) + ClipFaults(window);
+  QStringList faults = NameFaults(window) + TabFaults(window) + KeyFaults(window, everywhere) +
+                       ClipFaults(window) + ColourFaults(window);
   for (const QSize& size : {QSize(1, 1), QSize(1280, 800)}) {
     window.resize(size);
     QTest::qWait(1);
@@ -198,17 +215,20 @@ QStringList Faults(QWidget& window, const QList<QAction*>& everywhere) {
   return faults;
 }
 
-class ReachTest : public QObject {
+class ReachTest : public WindowTest {
   Q_OBJECT
 
-  QFont font_ = QApplication::font();
+  const QFont font_ = QApplication::font();
 
  private slots:
+  void init() { window_.emplace(); }
+  void cleanup() { QApplication::setPalette(QPalette()); }
+
   void everyWindowIsUsedWithoutAMouseAndReadWhole_data() {
     QTest::addColumn<QString>("command");
     QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("points");
-    for (const int points : {0, 14})
+    QTest::addColumn<bool>("large");
+    for (const bool large : {false, true})
       for (const auto& [command, name] :
            {std::pair{"", "frmVelorix"}, std::pair{"mnuDataTable", "frmDataTable"},
             std::pair{"mnuAnalysis(1)", "frmGroupStatistics"},
@@ -216,20 +236,24 @@ class ReachTest : public QObject {
             std::pair{"mnuGedEditor", "frmGEDEditor"}, std::pair{"mnuManual", "frmManual"},
             std::pair{"mnuEdit(1)", "frmEditData"}, std::pair{"mnuOPAR", "frmOPAR"},
             std::pair{"mnuAnisoFac", "frmAnisoFac"}, std::pair{"mnuAbout", "frmAbout"}})
-        QTest::addRow("%s %d", name, points) << command << name << points;
+        QTest::addRow("%s%s", name, large ? ", large and dark" : "") << command << name << large;
   }
   void everyWindowIsUsedWithoutAMouseAndReadWhole() {
     QFETCH(const QString, command);
     QFETCH(const QString, name);
-    QFETCH(const int, points);
+    QFETCH(const bool, large);
     QFont font = font_;
-    if (points) font.setPointSize(points);
+    if (large) font.setPointSize(14);
     QApplication::setFont(font);
-    TestWindow w;
-    w.Open(w.WriteFile("site", 6));
+    if (large) QApplication::setPalette(QPalette(QColor(0x35, 0x35, 0x35)));
+    const QColor text = QApplication::palette().color(QPalette::Text);
+    for (const Mark mark : {Mark::Doubt, Mark::Matched, Mark::Fixed, Mark::Group})
+      QVERIFY(Contrast(text, MarkColour(mark)) > 4.5);
+    window_.emplace();
+    W().Open(W().WriteFile("site", 6));
     QStringList faults;
     QList<QAction*> everywhere;
-    for (QAction* action : w.Window.findChildren<QAction*>())
+    for (QAction* action : W().Window.findChildren<QAction*>())
       if (action->shortcutContext() == Qt::ApplicationShortcut && action->isVisible())
         everywhere += action;
     const bool modal =
@@ -240,39 +264,31 @@ class ReachTest : public QObject {
         QCOMPARE(dialog.objectName(), name);
         dialog.reject();
       });
-    if (!command.isEmpty()) RunMenu(w.Program, CommandNamed(command.toStdString()));
+    if (!command.isEmpty()) W().Run(command);
     if (!modal) {
-      QWidget* window = command.isEmpty() ? &w.Window : w.Window.findChild<QWidget*>(name);
-      QVERIFY(window && window->isVisible());
+      QWidget* window = command.isEmpty() ? &W().Window : W().Shown<QWidget>(name);
+      QVERIFY(window);
       faults = Faults(*window, everywhere);
     }
     QVERIFY2(faults.isEmpty(), qPrintable("\n" + faults.join('\n')));
   }
 
   void theDataTableIsSortedByKeys() {
-    TestWindow w;
-    w.Open(w.WriteFile("site", 4));
-    RunMenu(w.Program, CommandNamed("mnuDataTable"));
-    auto& window = *w.Window.findChild<QWidget*>("frmDataTable");
-    QVERIFY(Activate(window));
-    auto& table = *window.findChild<QTableView*>("scgAnisoView");
+    W().Open(W().WriteFile("site", 4));
+    OpenForm("mnuDataTable", "frmDataTable");
+    auto& table = The<QTableView>("scgAnisoView");
     QVERIFY(table.hasFocus());
     table.setCurrentIndex(table.model()->index(0, 1));
-    const auto names = [&] {
-      QString all;
-      for (int row = 0; row < 4; ++row) all += table.model()->index(row, 1).data().toString() + " ";
-      return all;
-    };
     const auto* header = table.horizontalHeader();
     for (const auto& [order, sorted] :
-         {std::pair{Qt::AscendingOrder, "site1 site2 site3 site4 "},
-          std::pair{Qt::DescendingOrder, "site4 site3 site2 site1 "}}) {
+         {std::pair{Qt::AscendingOrder, "site1 site2 site3 site4"},
+          std::pair{Qt::DescendingOrder, "site4 site3 site2 site1"}}) {
       QTest::keyClick(&table, Qt::Key_S, Qt::AltModifier);  // the button is pressed for a while
       QTRY_VERIFY(header->isSortIndicatorShown() && header->sortIndicatorSection() == 1 &&
                   header->sortIndicatorOrder() == order);
-      QCOMPARE(names(), sorted);
+      QCOMPARE(ColumnText(table, 1), sorted);
     }
-    QVERIFY(w.Selected().isEmpty());
+    QVERIFY(W().Selected().isEmpty());
   }
 
   void aQuestionIsAnsweredByKeys() {
@@ -283,11 +299,10 @@ class ReachTest : public QObject {
       QTest::keyClick(&box, Qt::Key_N, Qt::AltModifier);
     });
     QCOMPARE(dialogs.Ask("Title", "A question?", {"&Yes", "&No", "&Cancel"}, 0), 1);
-    QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
     OnModal<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
     QCOMPARE(dialogs.Ask("Title", "A question?", {"&Yes", "&No", "&Cancel"}, 0), 2);
     OnModal<QMessageBox>([&](QMessageBox& box) {
-      faults = Faults(box, {});
+      faults += Faults(box, {});
       QCOMPARE(box.icon(), QMessageBox::Warning);
       QCOMPARE(box.windowTitle() + "|" + box.text() + "|" + box.buttons().value(0)->text(),
                "<<x>>|Line 1\nLine 2|OK");
@@ -295,29 +310,6 @@ class ReachTest : public QObject {
     });
     dialogs.Warn("<<x>>", "Line 1\nLine 2");
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
-  }
-
-  void escapeClosesTheWindowsBesideTheMainOne_data() {
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<QString>("name");
-    for (const auto& [command, name] :
-         {std::pair{"mnuDataTable", "frmDataTable"},
-          std::pair{"mnuAnalysis(1)", "frmGroupStatistics"},
-          std::pair{"mnuAnalysis(3)", "frmContour"}, std::pair{"mnuFoliLine", "frmFoliLine"},
-          std::pair{"mnuManual", "frmManual"}})
-      QTest::addRow("%s", name) << command << name;
-  }
-  void escapeClosesTheWindowsBesideTheMainOne() {
-    QFETCH(const QString, command);
-    QFETCH(const QString, name);
-    TestWindow w;
-    RunMenu(w.Program, CommandNamed(command.toStdString()));
-    QPointer<QWidget> window = w.Window.findChild<QWidget*>(name);
-    QVERIFY(window);
-    QVERIFY(Activate(*window));
-    QTest::keyClick(window, Qt::Key_Escape);
-    QVERIFY(!window || !window->isVisible());
-    QVERIFY(!w.The<QAction>(command).isChecked());
   }
 };
 

@@ -2,12 +2,17 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QDir>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
+#include <functional>
 
 #include "app/display/display.h"
 #include "platform/qt/windows/velorix_window.h"
@@ -29,6 +34,55 @@ inline QString Entries(const QComboBox& list) {
   QStringList entries;
   for (int i = 0; i < list.count(); ++i) entries += list.itemText(i);
   return entries.join(' ');
+}
+
+/// What controls show, in one text: "12|(90)|Lines+|OK" for a list at "12", a locked one at "90", a
+/// box "Lines" with its mark and a button "OK".
+inline QString Look(const QObject& form, const QString& names) {
+  QStringList looks;
+  for (const QString& name : names.split(' ')) {
+    const auto& control = In<QObject>(form, name);
+    const bool isList = qobject_cast<const QComboBox*>(&control);
+    QString look = control.property(isList ? "currentText" : "text").toString();
+    if (control.property("checked").toBool()) look += '+';
+    looks += control.property("enabled").toBool() ? look : '(' + look + ')';
+  }
+  return looks.join('|');
+}
+
+/// Clicks a button near its left end, where a check box has its mark.
+inline void Press(QObject& form, const QString& button) {
+  auto& control = In<QAbstractButton>(form, button);
+  QTest::mouseClick(&control, Qt::LeftButton, {}, {10, control.height() / 2});
+  QCoreApplication::processEvents();  // for the layout
+}
+
+inline bool Activate(QWidget& window) {
+  window.activateWindow();
+  return QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; });
+}
+
+/// Does `act` to the next modal window of a kind, once it is up.
+template <class Modal>
+void OnModal(std::function<void(Modal&)> act) {
+  QTimer::singleShot(0, [act] {
+    auto* window = qobject_cast<Modal*>(QApplication::activeModalWidget());
+    if (!window) return OnModal<Modal>(act);
+    act(*window);
+  });
+}
+
+/// The text in a table's cell, both counted from 0.
+inline QString CellAt(const QTableView& table, int row, int column) {
+  return table.model()->index(row, column).data().toString();
+}
+
+/// The texts of a column's cells in view, with blanks between.
+inline QString ColumnText(const QTableView& table, int column) {
+  QStringList texts;
+  for (int row = 0; row < table.model()->rowCount(); ++row)
+    if (!table.isRowHidden(row)) texts += CellAt(table, row, column);
+  return texts.join(' ').trimmed();
 }
 
 /// All headers of a table's columns.
@@ -90,6 +144,8 @@ struct TestWindow {
   Control& The(const QString& name) {
     return In<Control>(Window, name);
   }
+  /// Chooses an item of a menu.
+  void Run(const QString& command) { The<QAction>(command).trigger(); }
   /// A window beside the main one, where it is shown.
   template <class Form>
   Form* Shown(const QString& name) {
@@ -98,21 +154,12 @@ struct TestWindow {
     return nullptr;
   }
   QTableView& Grid() { return The<QTableView>("scgAnisoView"); }
-  QString Cell(int row, int column) {
-    return Grid().model()->index(row, column - 1).data().toString();
-  }
-  QString Specimens() {
-    QStringList names;
-    for (int row = 0; row < Grid().model()->rowCount(); ++row) names += Cell(row, 2);
-    return names.join(' ');
-  }
+  QString Cell(int row, int column) { return CellAt(Grid(), row, column - 1); }
+  QString Specimens() { return ColumnText(Grid(), 1); }
   void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
     QTest::keyClick(&Window, static_cast<Qt::Key>(key), modifiers);
   }
-  void Press(const QString& button) {
-    QTest::mouseClick(&The<QAbstractButton>(button), Qt::LeftButton);
-    QCoreApplication::processEvents();  // for the layout
-  }
+  void Press(const QString& button) { velorix::Press(Window, button); }
   void ClickRow(int row, Qt::KeyboardModifiers modifiers = {}) {
     const QPoint centre = Grid().visualRect(Grid().model()->index(row, 0)).center();
     QTest::mouseClick(Grid().viewport(), Qt::LeftButton, modifiers, centre);
@@ -171,6 +218,49 @@ struct TestWindow {
   ScriptedDialogs Asked;
   frmVelorix Window;
   Velorix Program{Asked, Window, Window, {}};
+};
+
+/// Tests that have a new main window each, and most of them another one that is tested.
+class WindowTest : public QObject {
+ protected:
+  TestWindow& W() { return *window_; }
+  Session& S() { return W().Program.Session; }
+  std::vector<std::string>& Boxes() { return W().Asked.Boxes; }
+
+  /// Opens a window beside the main one by its command, or shows it again.
+  void OpenForm(const char* command, const char* name) {
+    W().Run(command);
+    form_ = W().Shown<QWidget>(name);
+    QVERIFY(form_ && Activate(*form_));
+  }
+  /// Opens a dialog by its command, lets `act` use it, and returns when it is closed.
+  void ShowDialog(const char* command, const std::function<void()>& act) {
+    bool seen = false;
+    OnModal<QDialog>([&](QDialog& dialog) {
+      form_ = &dialog;
+      QVERIFY(Activate(dialog));
+      act();
+      seen = true;
+      if (dialog.isVisible()) dialog.reject();
+    });
+    W().Run(command);
+    QVERIFY(seen);
+  }
+  template <class Control>
+  Control& The(const QString& name) {
+    return In<Control>(*form_, name);
+  }
+  void Press(const QString& button) { velorix::Press(*form_, button); }
+  QString Look(const QString& names) { return velorix::Look(*form_, names); }
+  /// Presses a key where the focus is.
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QWidget* focus = form_->focusWidget();
+    QTest::keyClick(focus ? focus : form_.data(), key, modifiers);
+    QCoreApplication::processEvents();
+  }
+
+  std::optional<TestWindow> window_;
+  QPointer<QWidget> form_;
 };
 
 }  // namespace velorix

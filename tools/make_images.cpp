@@ -10,7 +10,6 @@
 #include "app/commands.h"
 #include "platform/qt/parts/theme.h"
 #include "stats/contour_grid.h"
-#include "tests/qt/on_modal.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;
