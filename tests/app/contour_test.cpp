@@ -11,9 +11,9 @@ struct ContourTest : ProgramTest {
   ContourTest() {
     BuildContourGrid(Program.Contour.Grid, 0, 300, 3);
     Program.Host.AppFolder = Path("");
-    Program.Session.CoorSys = Geographic;
-    Program.Session.FoliCode = "S";
-    Program.Session.LineCode = "L";
+    Now.CoorSys = Geographic;
+    Now.FoliCode = "S";
+    Now.LineCode = "L";
   }
 
   /// A record in view, its Kmax, Kint and Kmin at `dec`, `dec` + 1, `dec` + 2.
@@ -22,8 +22,8 @@ struct ContourTest : ProgramTest {
     r.Active = true;
     r.CoorLevel = Geographic;
     for (int k = 1; k <= 3; ++k) r.Dec[k] = dec + k - 1, r.Inc[k] = inc;
-    Program.Session.Records.Add(r);
-    return Program.Session.Records[Program.Session.RecordCount()];
+    Now.Records.Add(r);
+    return Now.Records[Now.RecordCount()];
   }
   std::vector<float> Decs(std::int16_t option, const char* code = "") {
     return BuildContourData(Program.Session, option, code, code).Dec;
@@ -37,7 +37,7 @@ struct ContourTest : ProgramTest {
 };
 
 TEST_F(ContourTest, DataAreTheDirectionsOfTheRecordsAtTheLevelInView) {
-  Program.Session.ReImMode = OutOfPhase;  // a record without that tensor takes part all the same
+  Now.ReImMode = OutOfPhase;  // a record without that tensor takes part all the same
   Add(10, 20);
   Add(30, 20).Active = false;
   Add(50, 20).CoorLevel = Specimen;
@@ -89,7 +89,7 @@ TEST_F(ContourTest, ACountIsOfTheDataInViewThen) {
 }
 
 TEST_F(ContourTest, ADisplayRebuildsTheDataOfAnOpenWindowAndKeepsItsCount) {
-  Program.Session.CurrentFile = Path("granite.ams");
+  Now.CurrentFile = Path("granite.ams");
   for (int i = 0; i < 21; ++i) Add(10 + i, 20);
   ShowContourData(State, Program.Session);
   ASSERT_TRUE(Count());
@@ -97,13 +97,12 @@ TEST_F(ContourTest, ADisplayRebuildsTheDataOfAnOpenWindowAndKeepsItsCount) {
   EXPECT_EQ(ContourStaleText(State), "");
 
   const std::string stale = "Counted for granite.ams, geographic, N = 21; press Count";
-  SpecimenRecord& last = Program.Session.Records[21];
+  SpecimenRecord& last = Now.Records[21];
   const std::tuple<const char*, int, std::function<void()>> changes[] = {
       {"a record less", 20, [&] { last.Active = false; }},
       {"a record turned", 21, [&] { last.Active = true, last.Dec[1] = 99.0; }},
-      {"another file", 21,
-       [&] { last.Dec[1] = 30.0, Program.Session.CurrentFile = Path("b.ams"); }},
-      {"another system", 0, [&] { Program.Session.CoorSys = Tectonic; }}};
+      {"another file", 21, [&] { last.Dec[1] = 30.0, Now.CurrentFile = Path("b.ams"); }},
+      {"another system", 0, [&] { Now.CoorSys = Tectonic; }}};
   Program.Windows.Contour = true;
   for (const auto& [name, count, change] : changes) {
     change();
@@ -113,7 +112,7 @@ TEST_F(ContourTest, ADisplayRebuildsTheDataOfAnOpenWindowAndKeepsItsCount) {
   }
   EXPECT_EQ(ContourCaption(State), "Kmax, tectonic coordinates, no data in view");
   EXPECT_EQ(Seen.Contours, 4);
-  Program.Session.CoorSys = Geographic;
+  Now.CoorSys = Geographic;
   RefreshViews(Program);
   EXPECT_EQ(ContourCaption(State), "Kmax, geographic coordinates, not counted yet");
   EXPECT_TRUE(Program.Contour.Grid.Density == density);
@@ -158,8 +157,8 @@ TEST_F(ContourTest, ExportWritesWholeDegreesOfKmaxInStoreOrder) {
   GrevaExport(Program.Session, Program.Host.AppFolder, Asked, Seen);
   EXPECT_EQ(Bytes("examples/grevadata.txt"), "10/21\r\n301/0\r\n7/-3\r\n");
   EXPECT_NE(Seen.Status.find("3 directions"), std::string::npos);
-  Program.Session.Records.Clear();
-  GrevaExport(Program.Session, Program.Host.AppFolder, Asked, Seen);
+  Now.Records.Clear();
+  GrevaExport(Now, Program.Host.AppFolder, Asked, Seen);
   EXPECT_EQ(Bytes("examples/grevadata.txt"), "");
   EXPECT_TRUE(Asked.Boxes.empty());
 }

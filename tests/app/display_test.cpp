@@ -1,8 +1,5 @@
 #include "app/display/display.h"
 
-#include <cmath>
-#include <limits>
-
 #include "app/tables/record_grid.h"
 #include "tests/app/script.h"
 
@@ -39,7 +36,6 @@ class Display : public ProgramTest {
   }
   std::string Chosen() const { return Now.FoliCode + Now.LineCode; }
 
-  Session& Now = Program.Session;
   const CodeLists& Lists = Program.Lists;
 };
 
@@ -110,16 +106,6 @@ TEST_F(Display, TheListsRotateDisregardedRecordsTooButLeaveFactorsAlone) {
   EXPECT_NE(Now.Records[1].Fac[1], 77);
 }
 
-TEST_F(Display, TheAxisListSetsThePairOfFlags) {
-  for (int index = 0; index < 4; ++index) {
-    ChooseTectoAxis(Program, index);
-    EXPECT_EQ(TectoAxisIndex(Now), index);
-    const std::string name = TectoAxisNames[index];
-    EXPECT_EQ(Now.TectoEastWest, name.starts_with("East"));
-    EXPECT_EQ(Now.TectoNorthSouth, name.find('-') != std::string::npos);
-  }
-}
-
 TEST_F(Display, SelectionCommandsActOnTheFlagsAndTheGridSetsThem) {
   Fill({Record("a"), Record("b"), Record("c")});
   const auto selected = [this] {
@@ -150,23 +136,6 @@ TEST_F(Display, TheGridShowsTheMeanAndTheErrorsOfTheBlockAndAnyFactor) {
     EXPECT_EQ(GridCell(column, r, InPhase), kre) << static_cast<int>(column);
     EXPECT_EQ(GridCell(column, r, OutOfPhase), kim) << static_cast<int>(column);
   }
-}
-
-TEST_F(Display, SurvivesRecordsWithoutNumbers) {
-  std::vector<SpecimenRecord> list(1, Coded("S", "L"));
-  for (float value : {std::nanf(""), std::numeric_limits<float>::infinity(), 3e38f})
-    for (int slot = 1; slot <= 6; ++slot) {
-      list.push_back(list.front());
-      list.back().Tensor = {};
-      list.back().Tensor[slot] = value;
-    }
-  RecordArray records = ArrayOf(list);
-  ReplaceStore(Now, records);
-  for (const char* view : {"mnuView(1)", "mnuView(2)", "mnuView(3)", "mnuView(4)"}) {
-    Menu(view);
-    EXPECT_TRUE(std::isfinite(double(Now.Records[1].Dec[1]))) << view;
-  }
-  EXPECT_TRUE(Asked.Boxes.empty());
 }
 
 TEST_F(Display, CloseEmptiesTheStoreAndKeepsTheView) {

@@ -1,7 +1,7 @@
 #include "app/files/export_grid.h"
 
-#include "tests/app/golden.h"
 #include "tests/app/script.h"
+#include "tests/datafiles/golden_file.h"
 
 namespace velorix {
 namespace {
@@ -22,7 +22,7 @@ GridTexts SmallGrid() {
 const std::string Rows = "1 ,\xB5\x31 , ,\r\n2 ,? ,-1.5E-05 ,\r\n",
                   Whole = "ID ,Name ,Km ,\r\n" + Rows;
 
-class ExportGridTest : public ProgramTest {};
+using ExportGridTest = ProgramTest;
 
 TEST_F(ExportGridTest, PutsABlankAndTheDelimiterBehindEveryValue) {
   const std::tuple<const char*, ExportForm, const char*> cases[] = {
@@ -135,7 +135,7 @@ TEST_F(ExportGridTest, WritesTheRecordsInViewAsApproved) {
                          "export_tab.txt"};
   for (int filter = 1; filter <= 4; ++filter) {
     const std::string name = names[filter - 1];
-    ExpectGolden(name, exported(name, filter));
+    ExpectGolden("app", name, exported(name, filter));
   }
   Menu("mnuClose");
   const std::string comma = Bytes("export_comma.csv");

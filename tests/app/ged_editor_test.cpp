@@ -42,7 +42,7 @@ class GedEditor : public ProgramTest {
     EXPECT_TRUE(ReadGedFile(path, records));
     return records;
   }
-  std::string GeoNames() const { return NamesOf(Program.Session.GeoRecords); }
+  std::string GeoNames() const { return NamesOf(Now.GeoRecords); }
 
   GedSheet Sheet = NewGedSheet({});
 };
@@ -57,7 +57,7 @@ TEST_F(GedEditor, OpensOneFileIntoSiteAndRows) {
   EXPECT_EQ(Sheet.Site.OP, (Array1<std::int16_t, 4>{12, 90, 3, 90}));
   EXPECT_EQ(GedCaption(Sheet, 500), "Geological file editor - [" + Path("hill.ged") + "] (N = 2)");
   EXPECT_EQ(GeoNames() + Names(), "hill1 hill2 ");
-  EXPECT_EQ(Program.Session.GeoFile, Path("hill.ged"));
+  EXPECT_EQ(Now.GeoFile, Path("hill.ged"));
   const FileQuestion& question = Asked.FileQuestions.back();
   EXPECT_EQ(question.Title + "|" + question.Filter, "Open GED file(s)|GED-file(s) (*.ged)|*.ged");
   EXPECT_TRUE(question.Multi);
@@ -120,7 +120,7 @@ TEST_F(GedEditor, SavesTheRowsThatAreNotTakenOut) {
   EXPECT_EQ(records[2].FoliDip[1], 170);
   EXPECT_EQ(records[2].LineTrend[2], 5);
   EXPECT_EQ(GeoNames(), "hill1 hill3 new ");
-  EXPECT_EQ(Program.Session.GeoFile, Path("out.ged"));
+  EXPECT_EQ(Now.GeoFile, Path("out.ged"));
 }
 
 TEST_F(GedEditor, AsksBeforeItOverwritesAndNoAsksForAnotherName) {
@@ -145,7 +145,7 @@ TEST_F(GedEditor, WhatCannotBeSavedIsToldAndNothingChanges) {
   EXPECT_THROW(Save(Path("out.ged")), Fault);
   EXPECT_FALSE(Exists("out.ged"));
   EXPECT_EQ(GeoNames(), "hill1 ");
-  EXPECT_EQ(Program.Session.GeoFile, Path("hill.ged"));
+  EXPECT_EQ(Now.GeoFile, Path("hill.ged"));
 }
 
 }  // namespace

@@ -12,7 +12,6 @@ namespace {
 class OrientationEditing : public ProgramTest {
  protected:
   OrientationEditor Editor;
-  Session& Now = Program.Session;
 
   void Load(int count = 3) {
     OpenFile(WriteFile("a", count));
@@ -233,7 +232,7 @@ TEST_F(OrientationEditing, SaveWritesByTheExactExtension) {
 
 TEST_F(OrientationEditing, SaveGivesTheFirstOfSeveralFilesTheRecordsOfAll) {
   WriteFile("a", 2);
-  const std::string b = BytesAt(WriteFile("b", 3));
+  const std::string b = BytesOf(WriteFile("b", 3));
   OpenFile(Several({"a.ams", "b.ams"}));
   LoadEditor(Editor, Now);
   EXPECT_TRUE(SaveGrid(Editor, Now, Program.Lists, Asked));
@@ -241,37 +240,6 @@ TEST_F(OrientationEditing, SaveGivesTheFirstOfSeveralFilesTheRecordsOfAll) {
   ASSERT_TRUE(ReadAmsFile(Path("a.ams"), first));
   EXPECT_EQ(NamesOf(first), "a1 a2 b1 b2 b3 ");
   EXPECT_TRUE(Bytes("b.ams") == b);
-}
-
-/// Directions and greatest principal value of the group in view.
-std::string Group(const Velorix& program) {
-  const GroupStats& g = program.GroupStats;
-  std::string text = std::to_string(g.GroupN);
-  for (int k = 1; k <= 3; ++k)
-    text += " " + std::to_string(g.MeanDec[k]) + "/" + std::to_string(g.MeanInc[k]);
-  return text + " " + std::to_string(g.MeanK[1]);
-}
-
-TEST_F(OrientationEditing, AnExampleOrientedByItsGeologicalFileIsTheGroupOrientedFromTheStart) {
-  const std::string examples = VELORIX_SOURCE_DIR "/examples/", file = "granite_unoriented.ams";
-  OpenFile(examples + "granite.ams");
-  const std::string wanted = Group(Program);
-  ASSERT_EQ(wanted.substr(0, 3), "21 ");
-  OpenFile(Put(file, BytesAt(examples + file)));
-  EXPECT_EQ(Now.CoorSys, Geographic);
-  EXPECT_EQ(Program.GroupStats.GroupN, 0);
-
-  LoadEditor(Editor, Now);
-  Answer(examples + "granite.ged");
-  Open();
-  AssignGed(Editor, Now);
-  EXPECT_EQ(Editor.Line, "21 of 24 record(s) matched. Without a sample: GR3A, GR7A, GR11A.");
-  ASSERT_TRUE(SaveGrid(Editor, Now, Program.Lists, Asked));
-  for (const bool again : {false, true}) {  // in memory, and from the disk
-    if (again) OpenFile(Path(file));
-    DisplayData(Program, true);
-    EXPECT_EQ(Group(Program), wanted);
-  }
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "tests/app/script.h"
+#include "tests/plot/calls.h"
 
 namespace velorix {
 namespace {
@@ -19,12 +20,12 @@ class PlotMouse : public ProgramTest {
       r.Dec[k] = dec[k - 1] + turn;
       r.Inc[k] = inc[k - 1];
     }
-    Program.Session.Records.Add(r);
-    Renumber(Program.Session.Records);
+    Now.Records.Add(r);
+    Renumber(Now.Records);
   }
   std::string Selected() const {
     std::string ids;
-    for (const SpecimenRecord& r : Program.Session.Records)
+    for (const SpecimenRecord& r : Now.Records)
       if (r.Selected) ids += std::to_string(r.RecordNo) + " ";
     return ids;
   }
@@ -68,9 +69,9 @@ TEST_F(PlotMouse, AClickClearsAndNothingHappensWithoutData) {
 
 TEST_F(PlotMouse, LeavesOutDisregardedRecordsAndThoseOfAnotherSystem) {
   for (int i = 0; i < 3; ++i) Add(0);
-  Program.Session.Records[1].Active = false;
-  Program.Session.Records[2].CoorLevel = Specimen;
-  for (int i = 1; i <= 3; ++i) Program.Session.Records[i].Selected = true;
+  Now.Records[1].Active = false;
+  Now.Records[2].CoorLevel = Specimen;
+  for (int i = 1; i <= 3; ++i) Now.Records[i].Selected = true;
   EXPECT_EQ(Select(0, 30), "3 ");
 }
 
@@ -114,7 +115,7 @@ TEST_F(PlotMouse, TheCrossReachesPastTheEdges) {
   std::string lines;
   for (const char* end : {"(100,8000)", "(100,0)", "(0,50)", "(11300,50)"})
     lines += std::string("polyline (100,50) ") + end + " pen 0 80C0FF 1\n";
-  EXPECT_EQ(ToText(CallsOf([](Target& target) { DrawMeasuringCross(target, 100, 50); })), lines);
+  EXPECT_EQ(ToText(Recorded([](Target& target) { DrawMeasuringCross(target, 100, 50); })), lines);
 }
 
 }  // namespace

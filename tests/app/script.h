@@ -4,10 +4,7 @@
 
 #include <algorithm>
 #include <deque>
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -15,9 +12,8 @@
 #include "app/display/display.h"
 #include "app/state/velorix.h"
 #include "datafiles/ams_file.h"
-#include "plot/drawing/recorder.h"
 #include "stats/gauss_random.h"
-#include "text/paths.h"
+#include "tests/datafiles/temp_folder.h"
 
 namespace velorix {
 
@@ -85,11 +81,6 @@ struct RecordedViews : Views, WindowOpener {
 class ProgramTest : public testing::Test {
  protected:
   ProgramTest() {
-    const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-    Folder = std::filesystem::temp_directory_path() /
-             (std::string("velorix-") + info->test_suite_name() + "-" + info->name());
-    std::filesystem::remove_all(Folder);
-    std::filesystem::create_directories(Folder);
     static const std::vector<float> gauss = [] {
       std::vector<float> table;
       FillGaussTable(table, [] {});
@@ -97,29 +88,16 @@ class ProgramTest : public testing::Test {
     }();
     Program.GaussTable = gauss;
   }
-  ~ProgramTest() override {
-    std::error_code ignored;
-    std::filesystem::remove_all(Folder, ignored);
-  }
 
   using Texts = std::vector<std::string>;
 
-  std::string Path(const std::string& name) const { return Utf8Of(Folder / PathOf(name)); }
+  std::string Path(const std::string& name) const { return Own.File(name); }
   bool Exists(const std::string& name) const { return std::filesystem::exists(PathOf(Path(name))); }
   /// A file's bytes, and a file of such bytes.
-  static std::string BytesAt(const std::string& path) {
-    std::ifstream in(PathOf(path), std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
-  std::string Bytes(const std::string& name) const { return BytesAt(Path(name)); }
+  std::string Bytes(const std::string& name) const { return BytesOf(Path(name)); }
   std::string Put(const std::string& name, const std::string& bytes) const {
-    std::ofstream(PathOf(Path(name)), std::ios::binary) << bytes;
+    PutFile(Path(name), bytes);
     return Path(name);
-  }
-  static std::vector<DrawCall> CallsOf(const std::function<void(Target&)>& draw) {
-    Recorder recorder;
-    draw(recorder);
-    return recorder.calls;
   }
   /// The answer of a file dialog that chose several files of the folder.
   std::string Several(const Texts& names) const {
@@ -171,7 +149,8 @@ class ProgramTest : public testing::Test {
   }
   std::string Names() const { return NamesOf(Program.Session.Records); }
 
-  std::filesystem::path Folder;
+  TempFolder Own;
+  const std::filesystem::path& Folder = Own.Path;
   ScriptedDialogs Asked;
   RecordedViews Seen;
   Velorix Program{Asked, Seen, Seen,
@@ -183,6 +162,7 @@ class ProgramTest : public testing::Test {
                          std::sort(names.begin(), names.end());
                          return names;
                        }}};
+  velorix::Session& Now = Program.Session;
 };
 
 }  // namespace velorix

@@ -1,8 +1,10 @@
-#include "datafiles/ams_file.h"
-
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "base/fault.h"
+#include "datafiles/ams_file.h"
+#include "datafiles/ams_layout.h"
 #include "datafiles/ran_file.h"
 #include "tests/datafiles/golden_record.h"
 #include "tests/datafiles/temp_folder.h"
@@ -57,27 +59,6 @@ TEST(WriteAmsFile, AllOrTheSelectedRecordsGoOutInTheirOrder) {
   EXPECT_EQ(folder.FileCount(), 1);
 }
 
-TEST(AmsRoundTrip, AmsToAmsLosesTheDeviationsOfPrincipalValuesAndNothingElse) {
-  const std::string examples = VELORIX_SOURCE_DIR "/examples/";
-  const TempFolder folder;
-  PutFile(folder.File("golden.ams"), Full + golden::OnDisk("other "));
-  for (const std::string& path : {folder.File("golden.ams"), examples + "granite.ams",
-                                  examples + "tr245.ams", examples + "u1359b.ams"}) {
-    RecordArray records, again;
-    ASSERT_TRUE(ReadAmsFile(path, records));
-    ASSERT_TRUE(WriteAmsFile(folder.File("1.ams"), records, false, true));
-    ASSERT_TRUE(ReadAmsFile(folder.File("1.ams"), again));
-    ASSERT_TRUE(WriteAmsFile(folder.File("2.ams"), again, false, true));
-    EXPECT_TRUE(BytesOf(folder.File("1.ams")) == BytesOf(folder.File("2.ams"))) << path;
-    ASSERT_EQ(again.Count(), records.Count());
-    for (int i = 1; i <= records.Count(); ++i) {
-      EXPECT_NE(records[i].KSD[1], 0.0) << path;
-      for (int j = 1; j <= 3; ++j) records[i].KSD[j] = records[i].KSDIm[j] = 0.0f;
-      EXPECT_EQ(again[i], records[i]) << path << i;
-    }
-  }
-}
-
 TEST(WriteAmsFile, ABrokenTailIsFilledUpOrOverwrittenAsItsLengthRounds) {
   const TempFolder folder;
   const std::string path = folder.File("x.ams"), added = Encoded(SpecimenRecord());
@@ -113,6 +94,166 @@ TEST(WriteAmsFile, AnAppendBeyondTheSixteenBitsLeavesTheFile) {
   PutFile(path, bytes);
   EXPECT_THROW((void)WriteAmsRecord(path, SpecimenRecord()), Fault);
   EXPECT_TRUE(BytesOf(path) == bytes);
+}
+
+using golden::Decoded, golden::Encoded;
+
+const std::string ShortFalse(2, '\0'), ShortTrue = "\xFF\xFF";
+
+TEST(AmsLayout, EveryFieldHasItsPlace) {
+  const SpecimenRecord record = Decoded(golden::OnDisk());
+  EXPECT_EQ(record, golden::Record());
+  EXPECT_EQ(record.K[4].width(), Number::Width::Unset);
+  const std::string written = Encoded(record), expected = golden::Written();
+  for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(written[i], expected[i]) << i;
+}
+
+TEST(AmsLayout, ReservedBytesAndSlots3And4AreNeitherReadNorWritten) {
+  const std::pair<std::size_t, std::size_t> dead[] = {
+      // clang-format off
+      {30, 4}, {104, 4}, {116, 8}, {132, 8}, {144, 4}, {156, 8}, {172, 8}, {468, 4}, {546, 94},
+      // clang-format on
+  };
+  std::string bytes = golden::OnDisk();
+  for (const auto& [at, width] : dead) bytes.replace(at, width, width, 'A');
+  EXPECT_EQ(Decoded(bytes), golden::Record());
+
+  SpecimenRecord record = golden::Record();
+  record.FoliName[3] = record.FoliName[4] = record.LineName[3] = record.LineName[4] = "S3";
+  record.FoliAz[3] = record.FoliDip[4] = record.LineTrend[4] = record.LinePlunge[3] = 33;
+  EXPECT_EQ(Encoded(record), golden::Written());
+}
+
+TEST(AmsLayout, SpecimenSystemIsInvertedTheOrientationIsNotAndWithoutItAnglesAreZero) {
+  const std::tuple<int, int, bool, bool> cases[] = {
+      // clang-format off
+      {0, 0, true, false}, {-1, 0, false, false}, {-1, -1, false, true}, {0, 1, true, true},
+      {256, 256, false, true},
+      // clang-format on
+  };
+  for (const auto& [at544, at90, specimen, geographic] : cases) {
+    std::string bytes = golden::OnDisk();
+    golden::PutShort(bytes, 544, at544);
+    golden::PutShort(bytes, 90, at90);
+    SpecimenRecord expected = golden::Record();
+    expected.HasCoor = {specimen, geographic, true, true};
+    const std::string written = Encoded(expected);  // of a record that has angles
+    if (!geographic) expected.OrientAz = expected.OrientInc = 0;
+    EXPECT_EQ(Decoded(bytes), expected);
+    EXPECT_EQ(written.substr(544, 2), specimen ? ShortFalse : ShortTrue);
+    EXPECT_EQ(written.substr(90, 2), geographic ? ShortTrue : ShortFalse);
+    EXPECT_EQ(written.substr(92, 8) == std::string(8, '\0'), !geographic);
+  }
+}
+
+TEST(AmsLayout, TextsArePaddedCutConvertedAndStrippedAtTheEndOrAtBoth) {
+  using namespace std::string_literals;
+  const std::tuple<std::string, std::string, std::string> sites[] = {
+      // clang-format off
+      {"",                          "                    ",      ""},
+      {" Quarry ",                  " Quarry             ",      " Quarry"},
+      {"a site of many characté!!",  "a site of many chara",      "a site of many chara"},
+      {"Quarry é",                  "Quarry \xE9            ",  "Quarry é"},
+      {"nineteen lettres, é",       "nineteen lettres, \xE9 ",  "nineteen lettres, é"},
+      {"Tichý důl",                 "Tich\xFD d?l           ",   "Tichý d?l"},
+      {"5 € \u0081",                "5 \x80 \x81               ", "5 € \u0081"},
+      {"a\0b"s,                     "a\0b                 "s,    "a\0b"s},
+      {"ends in zero\0"s,           "ends in zero\0       "s,    "ends in zero"},
+      // clang-format on
+  };
+  for (const auto& [text, onDisk, readBack] : sites) {
+    SpecimenRecord record;
+    record.Site = text;
+    const std::string bytes = Encoded(record);
+    EXPECT_EQ(bytes.substr(472, 20), onDisk);
+    EXPECT_EQ(Decoded(bytes).Site, readBack);
+  }
+  std::string bytes = golden::OnDisk("  A 1  ");
+  golden::PutText(bytes, 100, " F");
+  golden::PutText(bytes, 142, ShortFalse);
+  SpecimenRecord record = Decoded(bytes);
+  EXPECT_EQ(record.Name + "|" + record.FoliName[1] + "|" + record.LineName[2], "A 1|F|");
+  record.FoliName[1] = "  Fx ";
+  EXPECT_EQ(Encoded(record).substr(100, 4), "FxS1");
+}
+
+TEST(AmsLayout, OneCodeInAnyOfTheFourSlotsOpensTheUpperSystems) {
+  std::string none = golden::OnDisk();
+  for (const std::size_t at : {100u, 102u, 140u, 142u}) golden::PutText(none, at, "  ");
+  EXPECT_FALSE(Decoded(none).HasCoor[3] || Decoded(none).HasCoor[4]);
+  for (const std::size_t at : {100u, 102u, 140u, 142u}) {
+    std::string bytes = none;
+    golden::PutText(bytes, at, "F ");
+    EXPECT_TRUE(Decoded(bytes).HasCoor[3] && Decoded(bytes).HasCoor[4]) << at;
+  }
+}
+
+TEST(AmsLayout, AStrikeIsTurnedIntoADipDirectionAndBackWhereP4Is90AndTheFoliationHasACode) {
+  const std::tuple<int, const char*, float, float, float> cases[] = {
+      // clang-format off
+      {90, "S ", 0, 90, 0},         {90, "S ", 269.5f, 359.5f, 269.5f}, {90, " S", 270, 0, 270},
+      {90, "S0", 359, 89, 359},     {90, "S ", 360, 90, 0},             {90, "0 ", 45, 135, 45},
+      {90, "  ", 45, 45, 45},       {0, "S ", 300, 300, 300},           {89, "S ", 45, 45, 45},
+      {-90, "S ", 45, 45, 45},
+      // clang-format on
+  };
+  for (const auto& [p4, code, onDisk, read, written] : cases)
+    for (const std::size_t slot : {0u, 1u}) {
+      std::string bytes = golden::OnDisk();
+      golden::PutShort(bytes, 88, p4);
+      golden::PutText(bytes, 100 + 2 * slot, code);
+      golden::PutFloat(bytes, 108 + 4 * slot, onDisk);
+      const SpecimenRecord record = Decoded(bytes);
+      EXPECT_EQ(record.FoliAz.v[slot], read) << p4 << code << onDisk;
+      EXPECT_EQ(record.OP[4], p4);
+      golden::PutFloat(bytes, 108 + 4 * slot, written);
+      EXPECT_EQ(Encoded(record).substr(108 + 4 * slot, 4), bytes.substr(108 + 4 * slot, 4));
+    }
+}
+
+TEST(AmsLayout, OneOutOfPhaseTensorValueMakesTheBlock) {
+  std::string zero = golden::OnDisk();
+  for (std::size_t at = 356; at < 380; at += 4) golden::PutFloat(zero, at, -0.0f);
+  EXPECT_FALSE(Decoded(zero).HasIm);
+  EXPECT_EQ(Decoded(zero).KmIm, 300.5);  // the rest is taken all the same
+  for (std::size_t at = 356; at < 380; at += 4)
+    for (float value : {1e-40f, -1.0f, std::nanf("")}) {
+      std::string bytes = zero;
+      golden::PutFloat(bytes, at, value);
+      EXPECT_TRUE(Decoded(bytes).HasIm) << at;
+    }
+}
+
+TEST(AmsLayout, EveryFloatSurvivesWhateverItIs) {
+  std::vector<std::size_t> floats = {26,  34,  40,  92,  96,  108, 112, 124,
+                                     128, 148, 152, 164, 168, 492, 496, 500};
+  for (std::size_t at = 180; at < 468; at += 4)
+    if ((at < 200 || at >= 212) && (at < 344 || at >= 356)) floats.push_back(at);
+  for (const std::uint32_t value : {0x7FC12345u, 0xFFC00001u, 0x7F800000u, 0xFF800000u, 0x80000000u,
+                                    0x00000001u, 0x7F7FFFFFu}) {
+    std::string bytes = golden::Written();
+    golden::PutShort(bytes, 88, 0);  // strikes do not stay as they are
+    for (const std::size_t at : floats) golden::PutInteger(bytes, at, value, 4);
+    EXPECT_EQ(Encoded(Decoded(bytes)), bytes) << value;
+  }
+}
+
+TEST(AmsLayout, NumbersOf64BitsAreNarrowedAndUnsetOnesAreZero) {
+  SpecimenRecord record;
+  record.Km = 1.0 / 3;
+  record.K[1] = 0.1;
+  record.FTest[3] = 2.0 / 3;
+  std::string expected = Encoded(SpecimenRecord());
+  EXPECT_EQ(expected.substr(180, 292), std::string(292, '\0'));
+  golden::PutFloat(expected, 180, 0.333333343f);
+  golden::PutFloat(expected, 188, 0.1f);
+  golden::PutFloat(expected, 320, 0.666666687f);
+  EXPECT_EQ(Encoded(record), expected);
+  SpecimenRecord large[3];  // finite, but not in 32 bits
+  large[0].KmIm = 1e39;
+  large[1].E3[2] = -1e39;
+  large[2].Vec[3][1] = 1e39;
+  for (const SpecimenRecord& r : large) EXPECT_THROW((void)Encoded(r), Fault);
 }
 
 }  // namespace

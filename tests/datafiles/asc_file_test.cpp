@@ -79,10 +79,7 @@ TEST(ReadAscFile, EveryPlaceOfAReportComesIntoItsField) { EXPECT_EQ(Only(Report(
 
 TEST(ReadAscFile, AFormFeedAloneOrBeforeANameEndsASpecimen) {
   const std::string one = Joined(Report()), other = Joined(With(Name, "other"));
-  const struct {
-    std::string Text;
-    Lines Names;
-  } cases[] = {
+  const std::tuple<std::string, Lines> cases[] = {
       // clang-format off
       {one, {"GR1-1A"}},                              {one + other, {"GR1-1A"}},
       {one + "\f\r\n", {"GR1-1A"}},                   {one + "\f", {"GR1-1A"}},
@@ -94,12 +91,12 @@ TEST(ReadAscFile, AFormFeedAloneOrBeforeANameEndsASpecimen) {
       {Joined(With(Name, "\fx")) + "\f\n" + Joined(With(Name, "x")), {"x", "x"}},
       // clang-format on
   };
-  for (const auto& c : cases) {
+  for (const auto& [text, wanted] : cases) {
     RecordArray records;
-    EXPECT_TRUE(ReadAscText(c.Text, "x.asc", records));
+    EXPECT_TRUE(ReadAscText(text, "x.asc", records));
     Lines names;
     for (const SpecimenRecord& r : records) names.push_back(r.Name);
-    EXPECT_EQ(names, c.Names);
+    EXPECT_EQ(names, wanted);
     EXPECT_EQ(records[records.Count()].Tensor, Expected().Tensor);
   }
 }
@@ -117,23 +114,21 @@ TEST(ReadAscFile, NamesAreFifteenCharactersWithoutControlsAndBlanksAtTheEnds) {
 }
 
 TEST(ReadAscFile, CodesOfZeroAreNoneAndOpenNoSystem) {
-  const struct {
-    const char *Line, *Foli1, *Line1, *Foli2, *Line2;
-    bool Upper;
-  } cases[] = {
-      {"00 130/45 40/5.5 00 310/20 220/70", "", "", "", "", false},
-      {"0 130/45 40/5.5 0 310/20 220/70", "", "", "", "", false},
-      {"0l 130/45 40/5.5 00 310/20 220/70", "", "L", "", "", true},
-      {"00 130/45 40/5.5 m0 310/20 220/70", "", "", "M", "", true},
-      {"x 130/45 40/5.5 0-y 310/20 220/70", "X", "X", "", "Y", true},
-      {"\xE4\xF6 130/45 40/5.5 00 310/20 220/70", "Ä", "Ö", "", "", true},
-  };
-  for (const auto& c : cases) {
+  const std::tuple<const char*, const char*, const char*, const char*, const char*, bool> cases[] =
+      {
+          {"00 130/45 40/5.5 00 310/20 220/70", "", "", "", "", false},
+          {"0 130/45 40/5.5 0 310/20 220/70", "", "", "", "", false},
+          {"0l 130/45 40/5.5 00 310/20 220/70", "", "L", "", "", true},
+          {"00 130/45 40/5.5 m0 310/20 220/70", "", "", "M", "", true},
+          {"x 130/45 40/5.5 0-y 310/20 220/70", "X", "X", "", "Y", true},
+          {"\xE4\xF6 130/45 40/5.5 00 310/20 220/70", "Ä", "Ö", "", "", true},
+      };
+  for (const auto& [line, foli1, line1, foli2, line2, upper] : cases) {
     SpecimenRecord expected = Expected();
-    expected.FoliName = {c.Foli1, c.Foli2, "", ""};
-    expected.LineName = {c.Line1, c.Line2, "", ""};
-    expected.HasCoor = {true, true, c.Upper, c.Upper};
-    EXPECT_EQ(Only(With(C, c.Line)), expected) << c.Line;
+    expected.FoliName = {foli1, foli2, "", ""};
+    expected.LineName = {line1, line2, "", ""};
+    expected.HasCoor = {true, true, upper, upper};
+    EXPECT_EQ(Only(With(C, line)), expected) << line;
   }
 }
 
@@ -147,27 +142,20 @@ TEST(ReadAscFile, AMissingNumberOfAPairIsZero) {
 }
 
 TEST(ReadAscFile, AnOrientationOpensTheGeographicSystemAndItsParametersRoundHalvesToEven) {
-  const struct {
-    const char *Az, *Inc;
-    bool Geographic;
-  } cases[] = {{"0", "0.0", false}, {"none", "-", false}, {"0", "-1", true}, {"0.5", "0", true}};
-  for (const auto& c : cases) {
-    Lines lines = With(A, std::string("Azi ") + c.Az + " 3 4 2.5 3.5 -0.5 12abc 9 10 11");
-    lines[B] = std::string("Dip ") + c.Inc + " 3 4 5 no 7 8 9 10 11";
+  const std::tuple<const char*, const char*, bool> cases[] = {
+      {"0", "0.0", false}, {"none", "-", false}, {"0", "-1", true}, {"0.5", "0", true}};
+  for (const auto& [az, inc, geographic] : cases) {
+    Lines lines = With(A, std::string("Azi ") + az + " 3 4 2.5 3.5 -0.5 12abc 9 10 11");
+    lines[B] = std::string("Dip ") + inc + " 3 4 5 no 7 8 9 10 11";
     const SpecimenRecord r = Only(lines);
     EXPECT_EQ(r.RunAux2, 0);
     EXPECT_EQ(r.OP, (Array1<std::int16_t, 4>{2, 4, 0, 12}));
-    EXPECT_EQ(r.HasCoor, (Array1<bool, 4>{true, c.Geographic, true, true})) << c.Az << c.Inc;
+    EXPECT_EQ(r.HasCoor, (Array1<bool, 4>{true, geographic, true, true})) << az << inc;
   }
 }
 
 TEST(ReadAscFile, TheCaptionTellsHowTheFieldIsGiven) {
-  const struct {
-    const char *Caption, *Line, *FreqName;
-    float Field;
-    std::int16_t FreqIndex;
-    double Km;
-  } cases[] = {
+  const std::tuple<const char*, const char*, const char*, float, std::int16_t, double> cases[] = {
       {"Field", "400 F2 1 2 3 4 5", "F2", 400, 2, 1},
       {"Field", "400 F 1 2 3 4 5", "F", 400, 0, 1},
       {"Field x", "200.5 1 2 3 4 5", "", 200.5, 0, 1},
@@ -175,17 +163,17 @@ TEST(ReadAscFile, TheCaptionTellsHowTheFieldIsGiven) {
       {"Field", "200 1E400 2 3 4 5", "", 200, 0, std::numeric_limits<double>::max()},
       {" Mean susceptibility", "1 no 2 3 4 5", "F1", 425, 1, 1},
   };
-  for (const auto& c : cases) {
-    Lines lines = With(Caption, c.Caption);
-    lines[D] = c.Line;
+  for (const auto& [caption, line, freqName, field, freqIndex, km] : cases) {
+    Lines lines = With(Caption, caption);
+    lines[D] = line;
     SpecimenRecord expected = Expected();
-    expected.FreqName = c.FreqName;
-    expected.Field = c.Field;
-    expected.FreqIndex = c.FreqIndex;
-    expected.Km = c.Km;
+    expected.FreqName = freqName;
+    expected.Field = field;
+    expected.FreqIndex = freqIndex;
+    expected.Km = km;
     expected.KmSD = 2;
     Put(expected.FTest, {3.0, 4.0, 5.0});
-    EXPECT_EQ(Only(lines), expected) << c.Line;
+    EXPECT_EQ(Only(lines), expected) << line;
   }
 }
 
@@ -209,10 +197,7 @@ TEST(ReadAscFile, ConfidenceAnglesComeFromTheirLineOrFromThePrincipalValues) {
 }
 
 TEST(ReadAscFile, WhatIsWrongIsToldWithFileAndLine) {
-  const struct {
-    int Place;
-    const char *Line, *Text;
-  } cases[] = {
+  const std::tuple<int, const char*, const char*> cases[] = {
       // clang-format off
       {A, "Azi 1 3 4 6 0 6", "Subscript out of range (/data/x.asc, line 4)"},
       {A, "Azi 1E39 3 4 6 0 6 0 9 10 11", "Overflow (/data/x.asc, line 4)"},
@@ -228,10 +213,10 @@ TEST(ReadAscFile, WhatIsWrongIsToldWithFileAndLine) {
       {Caption, "field", "Subscript out of range (/data/x.asc, line 32)"},  // finds the next "Mean"
       // clang-format on
   };
-  for (const auto& c : cases) {
+  for (const auto& [place, line, fault] : cases) {
     RecordArray records;
-    const std::string text = Joined(With(c.Place, c.Line));
-    EXPECT_EQ(FaultOf([&] { (void)ReadAscText(text, "/data/x.asc", records); }), c.Text) << c.Line;
+    const std::string text = Joined(With(place, line));
+    EXPECT_EQ(FaultOf([&] { (void)ReadAscText(text, "/data/x.asc", records); }), fault) << line;
   }
 }
 

@@ -1,6 +1,11 @@
+// The tables of the pages on formats with fixed fields are the layouts that reader and writer walk.
+
 #include <gtest/gtest.h>
 
+#include "datafiles/ams_layout.h"
 #include "datafiles/asc_file.h"
+#include "datafiles/ged_file.h"
+#include "datafiles/ran_layout.h"
 #include "datafiles/si2b_file.h"
 #include "datafiles/spin_file.h"
 #include "examples/example_sites.h"
@@ -22,10 +27,9 @@ RecordArray Example(const std::string& name) {
   return records;
 }
 
-View ViewIn(CoordinateSystem coorSys, TensorBlock block = InPhase) {
+View ViewIn(CoordinateSystem coorSys) {
   View view;
   view.CoorSys = coorSys;
-  view.ReImMode = block;
   view.FoliCode = "S0";
   view.LineCode = "0";
   return view;
@@ -106,33 +110,6 @@ TEST(Examples, BeddedSpecimensTurnIntoThePublishedTensors) {
   }
 }
 
-TEST(Examples, TheSyntheticSiteHasSomethingToShowInEverySystemAndBlock) {
-  RecordArray records = Example("granite.ams");
-  ASSERT_EQ(records.Count(), 24);
-  for (const TensorBlock block : {InPhase, OutOfPhase})
-    for (const CoordinateSystem coorSys : SystemsInView) {
-      int reached = 0;
-      for (SpecimenRecord& r : records) {
-        if (!r.HasCoor[static_cast<int>(coorSys)]) continue;
-        ASSERT_TRUE(RotateRecord(r, ViewIn(coorSys, block)));
-        EXPECT_TRUE(coorSys == Specimen || r.HasCoor[2]) << r.Name;  // a loose block
-        reached += r.CoorLevel == coorSys;
-      }
-      EXPECT_EQ(reached == 24, coorSys == Specimen) << NamesOf(coorSys).Short;
-      EXPECT_GE(reached, 12) << NamesOf(coorSys).Short;
-    }
-}
-
-TEST(Examples, ConfidenceAnglesAndDeviationsAreThere) {
-  for (const examples::ExampleFile& file : examples::ExampleFiles())
-    for (const SpecimenRecord& r : Example(file.Name)) {
-      EXPECT_NEAR(r.Tensor[1] + r.Tensor[2] + r.Tensor[3], 3, 1e-4) << r.Name;
-      EXPECT_TRUE(r.KmSD > 0 && r.KSD[1] > 0 && r.KSD[2] > 0 && r.KSD[3] > 0) << r.Name;
-      for (int i = 1; i <= 3; ++i) EXPECT_TRUE(r.E[i] >= r.E[1] && r.E[i] < 90) << r.Name;
-      EXPECT_GT(r.E[1], 0) << r.Name;
-    }
-}
-
 TEST(Examples, OtherFormatsKeepTheTensorsOfTheSite) {
   RecordArray asc, si2b, spin, are, ran;
   ASSERT_TRUE(ReadAscFile(Folder + "formats/tr245.asc", asc));
@@ -160,6 +137,40 @@ TEST(Examples, OtherFormatsKeepTheTensorsOfTheSite) {
     EXPECT_TRUE(asc[n].OrientAz == site[n].OrientAz && asc[n].OrientInc == site[n].OrientInc);
     EXPECT_TRUE(asc[n].FoliName[1] == "S" && asc[n].FoliAz[1] == site[n].FoliAz[1]);
     EXPECT_NEAR(asc[n].E[2], site[n].E[2], 0.06);
+  }
+}
+
+/// The rows of a page's table, as a layout has them.
+template <class Layout>
+std::string TableOf(const Layout& layout) {
+  std::ostringstream table;
+  ForEachRanRow(layout, [&](const auto& row) {
+    table << "| " << row.Offset << " | " << row.Width << " | ";
+    if (*row.Name != '\0') table << '`' << row.Name << '`';
+    table << " | " << row.Kind << " |\n";
+  });
+  return table.str();
+}
+
+std::string PageOf(const char* name) {
+  return BytesOf(VELORIX_SOURCE_DIR "/docs/formats/" + std::string(name));
+}
+
+TEST(Pages, TablesAreTheLayoutsAndGedFieldsLieWithoutGaps) {
+  const std::string rule = "|---:|---:|---|---|\n";
+  EXPECT_NE(PageOf("ams.md").find(rule + TableOf(AmsLayout) + "\n"), std::string::npos);
+  for (const std::string& table : {TableOf(RanHeaderLayout), TableOf(RanSpecimenLayout)})
+    EXPECT_NE(PageOf("ran.md").find(rule + table + "\n"), std::string::npos) << table;
+  for (const auto fields : {GedHeaderFields(), GedSampleFields()}) {
+    int end = 0;
+    for (const GedField& field : fields) {
+      EXPECT_EQ(field.Offset, end) << field.Name;
+      end += field.Width;
+      std::ostringstream row;
+      row << "| " << field.Offset << " | " << field.Width << " | " << field.Name << " |";
+      EXPECT_NE(PageOf("ged.md").find(row.str()), std::string::npos) << row.str();
+    }
+    EXPECT_EQ(end, GedLineLength);
   }
 }
 

@@ -7,6 +7,7 @@
 
 #include "plot/drawing/colour_scales.h"
 #include "store/session.h"
+#include "tests/datafiles/golden_file.h"
 #include "tests/plot/calls.h"
 
 namespace velorix {
@@ -39,34 +40,8 @@ TEST_F(ContourPicture, IsMadeOfTheseCalls) {
   Data.Add(90, 30);
   Run(2);
   Options.showGridPoints = true;
-  const auto net = Recorded([](Target& t) {
-    DrawNet(t, Geographic, EqualArea, {180, 180, 300}, Black, 14);
-  });
-  // The nodes: computed ones yellow, lines black, below level 1 white, levels 1 and 2.
-  const std::string nodes =
-      "raster (30,30) width 13: "
-      "6 none 1 FFFF 9 none 5 FFFFFF 2 0 5 none 6 FFFFFF 1 0 1 8080FF 1 0 3 none "
-      "2 FFFFFF 1 FFFF 2 FFFFFF 1 FFFF 1 0 1 8080FF 1 FFFF 1 8080FF 1 0 2 none "
-      "1 0 5 FFFFFF 1 0 1 8080FF 1 0 1 8080FF 1 0 2 none "
-      "1 0 4 FFFFFF 1 0 1 8080FF 4 0 1 none "
-      "1 FFFF 1 0 1 FFFFFF 1 FFFF 2 FFFFFF 1 FFFF 1 8080FF 1 0 1 FFFF 2 0 1 FFFF 1 none "
-      "1 0 4 FFFFFF 4 0 1 8080FF 1 0 2 none 6 FFFFFF 1 0 3 8080FF 1 0 2 none "
-      "2 FFFFFF 1 FFFF 2 FFFFFF 1 FFFF 2 0 1 FFFF 1 8080FF 1 0 3 none "
-      "6 FFFFFF 1 0 1 8080FF 1 0 5 none 5 FFFFFF 2 0 9 none 1 FFFF 6 none\n";
-  const std::string legend =
-      "text \"Kmax\" (366,28) height 16 0 align 24 weight 700\n"
-      "text \"N = 1\" (366,48) height 14 0 align 24\n"
-      "polygon (366,312) (386,312) (386,336) (366,336) pen 0 0 1 brush FFFFFF\n"
-      "text \"0\" (394,328) height 14 0 align 24\n"
-      "polygon (366,288) (386,288) (386,312) (366,312) pen 0 0 1 brush 8080FF\n"
-      "text \"1\" (394,304) height 14 0 align 24\n"
-      "polygon (366,264) (386,264) (386,288) (366,288) pen 0 0 1 brush FF\n"
-      "text \"2\" (394,280) height 14 0 align 24\n"
-      "text \"Max 2.5\" (366,256) height 14 0 align 24\n";
-  EXPECT_EQ(ToText(Draw()), "transparent\n" + nodes + ToText(net) +
-                                "polygon (284,178) (284,182) (289,182) (289,178) "
-                                "pen 0 0 1 brush FF\n" +
-                                legend);
+  // Computed nodes are yellow, lines black, below level 1 it is white; levels 1 and 2.
+  ExpectGolden("plot", "contour.txt", ToText(Draw()));
 }
 
 TEST_F(ContourPicture, ColoursNodesByLevelOrByDensity) {
@@ -94,28 +69,25 @@ TEST_F(ContourPicture, ColoursNodesByLevelOrByDensity) {
 }
 
 TEST_F(ContourPicture, ShowsEachDatumInTheSymbolOfItsKindWhenWantedOrNotCounted) {
-  const struct {
-    std::int16_t display, symbol, size;
-    Colour colour;
-  } cases[] = {{1, 1, 5, 255},
-               {2, 2, 5, 65280},
-               {3, 3, 6, 0xFF0000},
-               {4, 3, 6, 0xC0C000},
-               {5, 1, 5, 0x800080}};
+  const std::tuple<std::int16_t, std::int16_t, std::int16_t, Colour> cases[] = {
+      {1, 1, 5, 255},
+      {2, 2, 5, 65280},
+      {3, 3, 6, 0xFF0000},
+      {4, 3, 6, 0xC0C000},
+      {5, 1, 5, 0x800080}};
   Data.Add(20, 30);
   Data.Add(110, -10);  // drawn at (110, 10), as everything upward is
-  for (const auto& c : cases) {
-    Options.display = c.display;
-    const auto expected = Recorded([&](Target& t) {
-      for (const Direction d : {Direction{20, 30}, {110, 10}})
-        DrawNetSymbol(t, {180, 180, 300}, EqualArea, d, c.symbol, c.size, c.colour, {.width = 0});
-    });
+  for (const auto& [display, symbol, size, colour] : cases) {
+    Options.display = display;
+    Recorder expected;
+    for (const Direction d : {Direction{20, 30}, {110, 10}})
+      DrawNetSymbol(expected, {180, 180, 300}, EqualArea, d, symbol, size, colour, {.width = 0});
     for (const auto& [counted, wanted] : {std::pair{false, false}, {true, false}, {true, true}}) {
       Count = {};
       if (counted) Run(20);
       Options.showData = wanted;
-      const bool shown = ToText(Draw()).find(ToText(expected)) != std::string::npos;
-      EXPECT_EQ(shown, wanted || !counted) << c.display;
+      const bool shown = ToText(Draw()).find(ToText(expected.calls)) != std::string::npos;
+      EXPECT_EQ(shown, wanted || !counted) << display;
       EXPECT_EQ(Nodes().pixels.empty(), !counted);
     }
   }
@@ -153,16 +125,14 @@ TEST_F(ContourPicture, StaysOnItsPlaneForEveryNumberOfLevels) {
 }
 
 TEST_F(ContourPicture, KnowsTheNodeAndTheLegendUnderAPlace) {
-  const struct {
-    double x, y;
-    int i, j;  // -1: none
-  } cases[] = {{180, 180, 150, 150},     {180.9, 180.9, 150, 150}, {30.5, 180.5, 0, 150},
-               {330.5, 180.5, 300, 150}, {29.9, 180.5, -1, 0},     {331, 180.5, -1, 0},
-               {40, 40, -1, 0},          {1e9, -1e9, -1, 0},       {std::nan(""), 1, -1, 0}};
-  for (const auto& c : cases) {
-    const auto node = ContourNodeAt(Grid, c.x, c.y);
-    EXPECT_EQ(node ? static_cast<int>(*node) : -1, c.i < 0 ? -1 : Grid.Index(c.i, c.j))
-        << c.x << " " << c.y;
+  // The place, and its node, -1 for none.
+  const std::tuple<double, double, int, int> cases[] = {
+      {180, 180, 150, 150},     {180.9, 180.9, 150, 150}, {30.5, 180.5, 0, 150},
+      {330.5, 180.5, 300, 150}, {29.9, 180.5, -1, 0},     {331, 180.5, -1, 0},
+      {40, 40, -1, 0},          {1e9, -1e9, -1, 0},       {std::nan(""), 1, -1, 0}};
+  for (const auto& [x, y, i, j] : cases) {
+    const auto node = ContourNodeAt(Grid, x, y);
+    EXPECT_EQ(node ? static_cast<int>(*node) : -1, i < 0 ? -1 : Grid.Index(i, j)) << x << " " << y;
   }
   for (const int x : {300, 380, 500}) EXPECT_EQ(IsOnContourLegend(x, 200), x == 380);
 }

@@ -1,12 +1,16 @@
-#include "plot/drawing/drawing.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
+#include <random>
 
 #include "base/fault.h"
+#include "plot/drawing/clip.h"
+#include "plot/drawing/colour_scales.h"
+#include "plot/drawing/drawing.h"
 #include "plot/drawing/recorder.h"
 #include "plot/drawing/symbols.h"
+#include "tests/datafiles/golden_file.h"
 
 namespace velorix {
 namespace {
@@ -20,56 +24,16 @@ std::vector<DrawCall> SymbolAt100(int type, std::int16_t size = 10) {
   return recorder.calls;
 }
 
+// Each symbol of the catalogue, and that the numbers between draw nothing.
 TEST(DrawSymbol, DrawsTheShapesOfTheCatalogue) {
-  const std::string diamond = "polygon (100,95) (105,100) (100,105) (95,100)";
-  const std::string square = "polygon (95,95) (95,105) (105,105) (105,95)";
-  const std::string triangle = "polygon (95,103) (100,93) (105,103)";
-  const std::string circle = "ellipse (95,95) (105,105)", dot = " | ellipse (99,99) (101,101)";
-  const std::string vertical = "polyline (100,95) (100,105)";
-  const std::string horizontal = "polyline (95,100) (105,100)";
-  const std::string rising = "polyline (96,104) (104,96)";
-
-  const struct {
-    int type;
-    std::string shapes;
-  } rows[] = {
-      // clang-format off
-      {-1, "pixel (100,100)"}, {0, diamond}, {1, square}, {2, triangle}, {3, circle},
-      {11, square + dot}, {21, triangle + dot}, {31, circle + dot},
-      {12, square + " | " + vertical + " | " + horizontal},
-      {13, square + " | polyline (97,96) (104,104) | " + rising},
-      {14, square + " | " + vertical}, {15, square + " | " + horizontal},
-      {32, circle + " | " + vertical + " | " + horizontal},
-      {33, circle + " | polyline (96,96) (104,104) | " + rising},
-      {34, circle + " | " + vertical}, {35, circle + " | " + horizontal},
-      {4, horizontal}, {41, "polyline (100,100) (95,100)"}, {42, "polyline (100,100) (105,100)"},
-      {6, vertical}, {61, "polyline (100,100) (100,105)"}, {62, "polyline (100,100) (100,95)"},
-      {7, vertical + " | " + horizontal},
-      {8, "polyline (95,95) (105,105) | polyline (95,105) (105,95)"},
-      {91, square + " | text \"X\" (100,105)"}, {92, square + " | text \"Y\" (100,105)"},
-      {93, square + " | text \"Z\" (100,105)"}, {94, square + " | text \"N\" (100,105)"},
-      {95, square + " | text \"E\" (100,105)"}, {96, square + " | text \"D\" (100,105)"},
-      {97, "text \"1\" (100,105)"}, {98, "text \"2\" (100,105)"}, {99, "text \"3\" (100,105)"},
-      {1000, "polyline (100,100) (100,90)"}, {1045, "polyline (100,100) (107,93)"},
-      {1090, "polyline (100,100) (110,100)"}, {1180, "polyline (100,100) (100,110)"},
-      {1360, "polyline (100,100) (100,90)"},
-      {-2, ""}, {5, ""}, {10, ""}, {16, ""}, {22, ""}, {30, ""}, {36, ""}, {90, ""}, {100, ""},
-      {999, ""}, {-32768, ""},
-      // clang-format on
-  };
-  for (const auto& row : rows) {
-    std::string shapes;
-    for (const DrawCall& call : SymbolAt100(row.type)) {
-      const std::string text = ToText(call);
-      const std::size_t end = text.rfind(')') + 1;  // of the shape; its look follows
-      shapes += (shapes.empty() ? "" : " | ") + text.substr(0, end);
-      if (row.type < 0 || (row.type > 90 && row.type < 100)) continue;
-      // Body, dot and marks are drawn with the pen; body and dot are filled.
-      EXPECT_EQ(text.substr(end),
-                text.starts_with("polyline") ? " pen 1 FF 3" : " pen 1 FF 3 brush FF00");
-    }
-    EXPECT_EQ(shapes, row.shapes) << "type " << row.type;
-  }
+  std::string symbols;
+  for (const int type : {-1, 1000, 1045, 1090, 1180, 1360})
+    symbols += "# " + std::to_string(type) + "\n" + ToText(SymbolAt100(type));
+  for (int type = 0; type <= 100; ++type)
+    if (const auto calls = SymbolAt100(type); !calls.empty())
+      symbols += "# " + std::to_string(type) + "\n" + ToText(calls);
+  for (const int type : {-32768, -2, 999}) EXPECT_TRUE(SymbolAt100(type).empty()) << type;
+  ExpectGolden("plot", "symbols.txt", symbols);
 }
 
 TEST(DrawSymbol, LettersStandOnAWhiteTileInAFixedHeightAndDigitsAloneInTheirOwn) {
@@ -139,6 +103,81 @@ TEST(Geometry, SortRectangleOrdersEachAxisByItself) {
   float x1 = 9, y1 = 2, x2 = 3, y2 = 7;
   SortRectangle(x1, y1, x2, y2);
   EXPECT_EQ(std::vector({x1, y1, x2, y2}), std::vector({3.f, 2.f, 9.f, 7.f}));
+}
+
+TEST(BlendColor, MixesHoldsItsFractionAndRoundsToEven) {
+  const std::tuple<Colour, Colour, float, float, Colour> cases[] = {
+      // clang-format off
+      {255, 0xFFFFFF, 2, 1, 255},                  {255, 0xFFFFFF, -1, 0, 0xFFFFFF},
+      {255, 0xFFFFFF, 0.5f, 0.5f, 0x8080FF},       // 127.5 goes to 128
+      {0x010000, 0x020000, 0.5f, 0.5f, 0x020000},  // 1.5 goes to 2
+      {0x030000, 0x020000, 0.5f, 0.5f, 0x020000},  // 2.5 goes to 2
+      {0xFF0000, 0, 0.25f, 0.25f, 0x400000},
+      // clang-format on
+  };
+  for (const auto& [a, b, share, held, wanted] : cases) {
+    float t = share;
+    EXPECT_EQ(BlendColor(a, b, t), wanted) << share;
+    EXPECT_EQ(t, held);
+  }
+  float nan = std::nanf("");
+  EXPECT_EQ(BlendColor(Red, White, nan), White);
+}
+
+TEST(ColorScale, RunsFromColdToHotAndTheRainbowTheOtherWayInThreeStops) {
+  const std::pair<float, Colour> scale[] = {
+      {0, Blue},  {0.25f, 0xFFFF00}, {0.5f, Green},      {0.75f, Yellow},   {1, Red},
+      {-3, Blue}, {7, Red},          {0.875f, 0x0080FF}, {0.125f, 0xFF8000}};
+  for (const auto& [x, wanted] : scale) EXPECT_EQ(ColorScale(x), wanted) << x;
+  const std::pair<float, Colour> rainbow[] = {
+      {0, Red}, {0.5f, Green}, {1, Blue}, {0.25f, 0x008080}, {0.75f, 0x808000}};
+  for (const auto& [x, wanted] : rainbow) EXPECT_EQ(RainbowColor(x), wanted) << x;
+  EXPECT_THROW(RainbowColor(1e6f), Fault);
+}
+
+TEST(GrayLevel, FallsFromWhiteAndNeverOverflows) {
+  const std::pair<std::int16_t, Colour> cases[] = {
+      {0, White}, {1, White}, {2, 0xFEFEFE}, {255, 0x010101}, {32767, Black}, {-32768, White}};
+  for (const auto& [level, wanted] : cases) EXPECT_EQ(GrayLevel(level), wanted) << level;
+}
+
+TEST(SplitColor, GivesRedFromTheLowByte) { EXPECT_EQ(SplitColor(0x030201), (Channels{1, 2, 3})); }
+
+TEST(Between, EndsBelongToItUnlessItIsOpen) {
+  EXPECT_TRUE(Between(1, 1, 3) && Between(3, 1, 3) && Between(3, 3, 1) && Between(2, 3, 1, true));
+  EXPECT_FALSE(Between(1, 1, 3, true) || Between(3, 3, 1, true) || Between(0.9, 1, 3));
+  EXPECT_TRUE(InBox(1, 5, 3, 5, 1, 2));  // a corner, given in any order
+  EXPECT_FALSE(InBox(0.99, 5, 3, 5, 1, 2) || InBox(std::nan(""), 3, 1, 2, 3, 5));
+}
+
+TEST(SegmentsIntersect, GivesTheSharedPointEndsIncluded) {
+  EXPECT_EQ(SegmentsIntersect({0, 0}, {4, 4}, {0, 4}, {4, 0}), (Point{2, 2}));
+  EXPECT_EQ(SegmentsIntersect({0, 0}, {2, 2}, {2, 0}, {2, 9}), (Point{2, 2}));
+  EXPECT_FALSE(SegmentsIntersect({0, 0}, {1.9, 1.9}, {2, 0}, {2, 9}));
+  EXPECT_FALSE(SegmentsIntersect({0, 0}, {4, 0}, {1, 0}, {3, 0}));  // one line: no single point
+}
+
+TEST(ClipPolylineToBox, KeepsWhatLiesInTheBox) {
+  const double NaN = std::nan(""), Far = std::numeric_limits<double>::infinity();
+  const std::tuple<const char*, std::vector<Point>, std::vector<std::vector<Point>>> cases[] = {
+      // clang-format off
+      {"inside", {{1, 1}, {2, 2}, {3, 1}}, {{{1, 1}, {2, 2}, {3, 1}}}},
+      {"through", {{-5, 5}, {15, 5}}, {{{0, 5}, {10, 5}}}},
+      {"out, in again", {{5, 5}, {15, 5}, {15, 6}, {5, 6}}, {{{5, 5}, {10, 5}}, {{10, 6}, {5, 6}}}},
+      {"over a corner", {{-1, 9}, {1, 11}}, {}},  // touches it in one point
+      {"along a side", {{-5, 10}, {5, 10}}, {{{0, 10}, {5, 10}}}},
+      {"outside", {{-5, -5}, {-5, 20}, {20, 20}}, {}},
+      {"from the edge outward", {{5, 5}, {10, 5}, {20, 5}}, {{{5, 5}, {10, 5}}}},
+      {"one point", {{5, 5}}, {}},
+      {"no number", {{1, 1}, {2, 2}, {NaN, 3}, {4, 4}, {5, 5}, {5, Far}},
+       {{{1, 1}, {2, 2}}, {{4, 4}, {5, 5}}}},
+      {"standing still", {{5, 5}, {5, 5}, {6, 6}}, {{{5, 5}, {6, 6}}}},
+      // clang-format on
+  };
+  for (const auto& [what, line, wanted] : cases) {
+    EXPECT_EQ(ClipPolylineToBox(line, {0, 0}, {10, 10}), wanted) << what;
+    EXPECT_EQ(ClipPolylineToBox(line, {10, 10}, {0, 0}), wanted) << what;
+  }
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -47,7 +46,6 @@ struct MetafileReader {
       for (std::size_t i = at + 6; i < at + size; i += 2)
         record.words.push_back(static_cast<std::int16_t>(WordAt(i)));
       EXPECT_EQ(record.function == 0, at + size == bits_.size()) << "the end at " << at;
-      CheckSize(record);
       FollowObjects(record);
       longest = std::max(longest, size);
       records.push_back(std::move(record));
@@ -65,22 +63,6 @@ struct MetafileReader {
   std::uint32_t LongAt(std::size_t at) const {
     return static_cast<std::uint32_t>(WordAt(at)) | static_cast<std::uint32_t>(WordAt(at + 2))
                                                         << 16;
-  }
-
-  /// How many parameters each function has; for those with lists it is told within.
-  void CheckSize(const Record& r) const {
-    const int size = static_cast<int>(r.words.size());
-    // clang-format off
-    const std::map<int, int> fixed = {
-        {0x0000, 0}, {0x001E, 0}, {0x0102, 1}, {0x0103, 1}, {0x0127, 1}, {0x012D, 1}, {0x012E, 1},
-        {0x01F0, 1}, {0x0209, 2}, {0x020C, 2}, {0x02FA, 5}, {0x02FB, 25}, {0x02FC, 4}, {0x0418, 4},
-        {0x041F, 4}};
-    // clang-format on
-    const auto found = fixed.find(r.function);
-    int wanted = found == fixed.end() ? -1 : found->second;
-    if (size > 0 && (r.function == 0x0324 || r.function == 0x0325)) wanted = 1 + 2 * r.words[0];
-    if (size > 0 && r.function == 0x0521) wanted = 3 + (r.words[0] + 1) / 2;
-    EXPECT_EQ(size, wanted) << "function " << std::hex << r.function;
   }
 
   /// The object table as a player keeps it: a new object takes the first free place. Selected ones

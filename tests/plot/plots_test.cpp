@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <set>
 #include <string>
 
 #include "base/fault.h"
 #include "plot/axes/axis_scale.h"
 #include "plot/axes/column_axis.h"
+#include "plot/axes/plot_axis.h"
 #include "plot/drawing/colour_scales.h"
 #include "plot/plots/histogram.h"
 #include "plot/plots/xy_plot.h"
@@ -23,10 +25,7 @@ void ExpectNear(const AxisRange& axis, const AxisRange& wanted) {
 }
 
 TEST(AxisScale, RoundsTheDataOutToWholeSteps) {
-  const struct {
-    double lower, upper;
-    AxisRange wanted;
-  } cases[] = {
+  const std::tuple<double, double, AxisRange> cases[] = {
       // clang-format off
       {0, 1, {0, 1.2, 0, 0.2, 0.1}},   {0, 100, {0, 120, 0, 20, 10}},  // mantissa 1
       {0, 19, {0, 20, 0, 2, 1}},       {0, 20, {0, 25, 0, 5, 1}},      // exactly 2: middle step
@@ -43,9 +42,9 @@ TEST(AxisScale, RoundsTheDataOutToWholeSteps) {
       {2.5e-4, 3.1e-4, {2.5e-4, 3.2e-4, 2.5e-4, 1e-5, 2e-6}},
       // clang-format on
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(std::to_string(c.lower) + " to " + std::to_string(c.upper));
-    ExpectNear(AxisScale(c.lower, c.upper), c.wanted);
+  for (const auto& [lower, upper, wanted] : cases) {
+    SCOPED_TRACE(std::to_string(lower) + " to " + std::to_string(upper));
+    ExpectNear(AxisScale(lower, upper), wanted);
   }
   EXPECT_THROW(AxisScale(0, INFINITY), Fault);
   EXPECT_THROW(AxisScale(NAN, 1), Fault);
@@ -56,11 +55,7 @@ TEST(Ticks, AreTheStepsOrWhereLabelsLackRoomTheFewestMultiplesOverTheWholeAxis) 
     std::size_t count;
     double first, spacing;
   };
-  const struct {
-    AxisRange axis;
-    double room;
-    Series major, minor;
-  } cases[] = {
+  const std::tuple<AxisRange, double, Series, Series> cases[] = {
       // clang-format off
       {{0, 120, 0, 20, 10},          0.16, {7, 0, 20},     {13, 0, 10}},
       {{0, 120, 0, 20, 10},          0.17, {4, 0, 40},     {31, 0, 4}},
@@ -73,11 +68,11 @@ TEST(Ticks, AreTheStepsOrWhereLabelsLackRoomTheFewestMultiplesOverTheWholeAxis) 
       {{0, 120, 0, 0, 10},           0,    {101, 0, 0},    {13, 0, 10}},      // no step, and no end
       // clang-format on
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(std::to_string(c.axis.lower) + " to " + std::to_string(c.axis.upper) + ", room " +
-                 std::to_string(c.room));
-    const Ticks ticks = TicksOf(c.axis, c.room);
-    for (const auto& [values, wanted] : {std::pair{ticks.major, c.major}, {ticks.minor, c.minor}}) {
+  for (const auto& [axis, room, major, minor] : cases) {
+    SCOPED_TRACE(std::to_string(axis.lower) + " to " + std::to_string(axis.upper) + ", room " +
+                 std::to_string(room));
+    const Ticks ticks = TicksOf(axis, room);
+    for (const auto& [values, wanted] : {std::pair{ticks.major, major}, {ticks.minor, minor}}) {
       ASSERT_EQ(values.size(), wanted.count);
       for (std::size_t i = 0; i < values.size(); ++i)
         EXPECT_NEAR(values[i], wanted.first + static_cast<double>(i) * wanted.spacing, 1e-9);
@@ -86,10 +81,7 @@ TEST(Ticks, AreTheStepsOrWhereLabelsLackRoomTheFewestMultiplesOverTheWholeAxis) 
 }
 
 TEST(ClassEdges, AreTheNumbersThatTheirDigitsSay) {
-  const struct {
-    AxisRange axis;
-    std::vector<double> wanted;
-  } cases[] = {
+  const std::tuple<AxisRange, std::vector<double>> cases[] = {
       {AxisScale(1e-4, 5.5e-4),
        {1e-4, 1.5e-4, 2e-4, 2.5e-4, 3e-4, 3.5e-4, 4e-4, 4.5e-4, 5e-4, 5.5e-4, 6e-4, 6.5e-4}},
       {AxisScale(3.4, 4.9), {3.4, 3.6, 3.8, 4.0, 4.2, 4.4, 4.6, 4.8, 5.0, 5.2}},
@@ -104,20 +96,18 @@ TEST(ClassEdges, AreTheNumbersThatTheirDigitsSay) {
        {1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21}},  // from a fixed end
       {ColumnScale(Column::KmaxInc, 3, 5), {0, 10, 20, 30, 40, 50, 60, 70, 80, 90, 100}},
   };
-  for (const auto& c : cases) EXPECT_EQ(ClassEdges(c.axis), c.wanted);
+  for (const auto& [axis, wanted] : cases) EXPECT_EQ(ClassEdges(axis), wanted);
 }
 
 TEST(TickPicture, FollowsTheStepOrThePowerOfTen) {
-  const struct {
-    double lower, step;
-    const char *plain, *power;
-  } cases[] = {{1, 20, "0", "0"},          {1, 1, "0", "0"},
-               {1, 0.5, "0.0", "0.0"},     {1, 0.02, "0.00", "0.00"},
-               {2e-3, 1e-3, "0.000", "0"}, {2e-3, 5e-4, "0.000", "0.0"},
-               {1e-5, 1e-3, "0.000", "0"}, {1e-3, 2e-9, "0.000", "0.00000"}};
-  for (const auto& c : cases) {
-    EXPECT_STREQ(TickPicture(c.step), c.plain) << c.step;
-    EXPECT_STREQ(PowerTickPicture(c.lower, c.step), c.power) << c.step;
+  const std::tuple<double, double, const char*, const char*> cases[] = {
+      {1, 20, "0", "0"},          {1, 1, "0", "0"},
+      {1, 0.5, "0.0", "0.0"},     {1, 0.02, "0.00", "0.00"},
+      {2e-3, 1e-3, "0.000", "0"}, {2e-3, 5e-4, "0.000", "0.0"},
+      {1e-5, 1e-3, "0.000", "0"}, {1e-3, 2e-9, "0.000", "0.00000"}};
+  for (const auto& [lower, step, plain, power] : cases) {
+    EXPECT_STREQ(TickPicture(step), plain) << step;
+    EXPECT_STREQ(PowerTickPicture(lower, step), power) << step;
   }
 }
 
@@ -131,12 +121,8 @@ TEST(Columns, HaveTheirFixedEndsUnitsAndWordsAndTakeTheBlockInView) {
   r.EIm[1] = 14.0;
   r.Fac[5] = 8;
   r.Inc[3] = 30.0;
-  const struct {
-    Column column;
-    const char *title, *unit;
-    AxisRange range;  // for values from 2 to 7
-    double kre, kim;
-  } cases[] = {
+  // The axis for values from 2 to 7; the value of each block.
+  const std::tuple<Column, const char*, const char*, AxisRange, double, double> cases[] = {
       // clang-format off
       {Column::Number,  "#",        "",    {0, 7, 0, 0.5, 0.1},    5,  5},
       {Column::Field,   "Field",    "A/m", {0, 7.5, 0, 0.5, 0.1},  0,  0},
@@ -149,13 +135,13 @@ TEST(Columns, HaveTheirFixedEndsUnitsAndWordsAndTakeTheBlockInView) {
       {Column::E13,     "13",       "deg", {2, 7.5, 2, 0.5, 0.1},  13, 14},
       // clang-format on
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.title);
-    EXPECT_EQ(ScaleTitle(c.column, settings), c.title);
-    EXPECT_STREQ(InfoOf(c.column).unit, c.unit);
-    ExpectNear(ColumnScale(c.column, 2, 7), c.range);
-    EXPECT_EQ(ColumnValue(c.column, r, InPhase, 5), c.kre);
-    EXPECT_EQ(ColumnValue(c.column, r, OutOfPhase, 5), c.kim);
+  for (const auto& [column, title, unit, range, kre, kim] : cases) {
+    SCOPED_TRACE(title);
+    EXPECT_EQ(ScaleTitle(column, settings), title);
+    EXPECT_STREQ(InfoOf(column).unit, unit);
+    ExpectNear(ColumnScale(column, 2, 7), range);
+    EXPECT_EQ(ColumnValue(column, r, InPhase, 5), kre);
+    EXPECT_EQ(ColumnValue(column, r, OutOfPhase, 5), kim);
   }
 }
 
@@ -221,19 +207,6 @@ TEST(XYPlot, LeavesOutWhatIsNoNumberOrOutsideAnImposedRange) {
   for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(std::isnan(plot.drawn->symbols[i].x), i < 3) << i;
 }
 
-TEST(XYPlot, LinesGoInStoreOrderAndEndAtTheFrame) {
-  const std::vector<XYPoint> points = {{1, 1}, {3, 3}, {1, 3}};
-  const Axis axis = {.range = {0, 2, 0, 1, 0.5}, .label = "", .unit = ""};
-  const PlotGeometry plot = {.left = 0, .bottom = 100, .width = 100, .height = 100};
-  XYPlotLook look;
-  look.frame = false;
-  look.lines = true;
-  const auto lines = CallsOf<PolylineCall>(
-      Recorded([&](Target& t) { PaintXYPlot(t, plot, points, axis, axis, {}, look); }));
-  ASSERT_EQ(lines.size(), 1u);
-  EXPECT_EQ(lines[0].points, (std::vector<LogicalPoint>{{50, 50}, {100, 0}}));
-}
-
 /// What a plot without records shows: paper and the box round it.
 const char* const EmptyPlot =
     "transparent\n"
@@ -264,27 +237,7 @@ TEST(XYPlot, StaysBlankWhereAnAxisHasNoExtentAndBearsTheWidestRanges) {
   EXPECT_LT(wide.calls.size(), 1000u);
 }
 
-TEST(XYPlot, LinesAtZeroStandWithinAxesThatCrossIt) {
-  const PlotGeometry plot = {.left = 0, .bottom = 100, .width = 100, .height = 100};
-  const auto linesOn = [&](double lower, double upper) {
-    const Axis axis = {.range = {lower, upper, lower, 1, 0.5}, .label = "", .unit = ""};
-    std::string lines;
-    const XYPlotLook look = {.title = "", .lineColour = Red};
-    for (const DrawCall& call :
-         Recorded([&](Target& t) { PaintXYPlot(t, plot, {}, axis, axis, {}, look); }))
-      if (const auto* line = std::get_if<PolylineCall>(&call); line && line->pen.colour == Red)
-        lines += ToText(call) + "\n";
-    return lines;
-  };
-  EXPECT_EQ(linesOn(-1, 3),
-            "polyline (25,100) (25,0) pen 0 FF 1\n"
-            "polyline (0,75) (100,75) pen 0 FF 1\n");
-  for (const auto& [lower, upper] : {std::pair{0, 2}, {-2, 0}, {1, 3}})
-    EXPECT_EQ(linesOn(lower, upper), "") << lower;
-}
-
-constexpr Column Kmean = Column::Km, Factor1 = Column::Fac1, Declination = Column::KmaxDec,
-                 F = Column::F;
+constexpr Column Kmean = Column::Km, Factor1 = Column::Fac1, F = Column::F;
 
 std::vector<DrawCall> Histo(const std::vector<double>& values, Column column) {
   return Recorded([&](Target& t) { DrawHisto(t, PlotGeometry(), values, column, Settings()); });
@@ -306,39 +259,18 @@ TEST(Histogram, CountsAValueOnABoundaryInBothClasses) {
   // Classes of 1 from 0 to 7, 40.7 units wide. 1 and 6 count twice: 7 counts of 5 values.
   EXPECT_EQ(Bars({0, 1, 2.5, 3.5, 6}, F, GrayLevel(128), 2.5),
             (Wanted{{60, 2}, {101, 1}, {141, 1}, {182, 1}, {264, 1}, {304, 1}}));
-  const struct {
-    std::vector<double> values;
-    Column column;
-    Colour colour;
-    double highest;  // end of the axis of counts
-    std::vector<int> counts;
-  } cases[] = {
+  // The bars have this colour, the axis of counts this end.
+  const std::tuple<std::vector<double>, Column, Colour, double, std::vector<int>> cases[] = {
       {{1e-4, 2e-4, 3e-4, 4e-4, 5e-4, 6e-4, 7e-4}, Kmean, 0xFF00FF, 2.5, {2, 2, 2, 2, 2, 2, 1}},
       {{1.005, 1.01, 1.015, 1.02}, Factor1, 0xFFFF00, 2.5, {1, 2, 2, 2, 1}},
       {{3.4, 3.5, 4.1, 4.9}, F, GrayLevel(128), 2.5, {2, 1, 1}},
       {{-0.2, 0.3, 0.8}, F, GrayLevel(128), 1.2, {1, 1, 1, 1}},
   };
-  for (const auto& c : cases) {
+  for (const auto& [values, column, colour, highest, wanted] : cases) {
     std::vector<int> counts;
-    for (const auto& bar : Bars(c.values, c.column, c.colour, c.highest))
-      counts.push_back(bar.second);
-    EXPECT_EQ(counts, c.counts) << c.values[0];
+    for (const auto& bar : Bars(values, column, colour, highest)) counts.push_back(bar.second);
+    EXPECT_EQ(counts, wanted) << values[0];
   }
-}
-
-TEST(Histogram, FixedRangesMakeTheClasses) {
-  // Declinations: twelve classes of 30 degrees, whatever the data.
-  EXPECT_EQ(Bars({12, 340, 350}, Declination, Red, 2.2), (Wanted{{60, 1}, {321, 2}}));
-  // A factor: from 1 on, with a step for 1 to 1.1 and not for the data's own 0.02.
-  const Wanted factor = Bars({1.085, 1.0875}, Factor1, 0xFFFF00, 2.5);
-  ASSERT_EQ(factor.size(), 1u);  // classes of 0.01
-  EXPECT_EQ(factor[0].second, 2);
-}
-
-TEST(Histogram, KmeanIsDividedByItsPowerOfTen) {
-  EXPECT_EQ(WordsOf(Histo({4.9e-4, 5.6e-4, 5.75e-4}, Kmean)),
-            "Kmean| 4.90| 5.00| 5.10| 5.20| 5.30| 5.40| 5.50| 5.60| 5.70| 5.80| 5.90|"
-            "Kmean [10^-4 SI]| 0.0| 0.2| 0.4| 0.6| 0.8| 1.0| 1.2|Counts|");
 }
 
 TEST(Histogram, StaysBlankWithoutAScaleAndOutlivesAnyValue) {
@@ -349,6 +281,82 @@ TEST(Histogram, StaysBlankWithoutAScaleAndOutlivesAnyValue) {
   EXPECT_GT(Histo({NAN, 3}, F).size(), 10u);
   EXPECT_GT(Histo({0, 0, 0}, F).size(), 10u);
   EXPECT_LT(Histo({1e-300, 1e300}, F).size(), 2000u);
+}
+
+/// The width of a label in Arial, whose digits, point, minus and blank are 556, 278, 333 and 278
+/// thousandths of an em; a cell's height is 1.117 of it.
+double WidthOf(const TextCall& text) {
+  double width = 0;
+  for (const char c : text.text) width += c == '-' ? 333 : c == '.' || c == ' ' ? 278 : 556;
+  return width / 1117 * text.style.height;
+}
+
+TEST(PlotAxis, LabelsDontRunIntoEachOtherAndReachOverTheWholeAxis) {
+  const AxisRange ranges[] = {
+      // clang-format off
+      {-1, 1, -1, 0.2, 0.1},   {-1, 1, -1, 0.1, 0.02},   {-1, 1, -1, 0.05, 0.01},
+      {-1, 1, -1, 0.02, 0.01}, {-1, 1, -1, 0.01, 0.002}, {1, 1.5055, 1, 5e-4, 1e-4},
+      {1, 2001, 1, 0.2, 0.1},  {0, 360, 0, 30, 10},      {0, 1.2, 0, 0.1, 0.02},
+      // clang-format on
+  };
+  for (const AxisRange& range : ranges) {
+    Axis axis;
+    axis.range = range;
+    SCOPED_TRACE(std::to_string(range.upper) + " by " + std::to_string(range.step));
+    double last = -100;
+    for (const TextCall& text :
+         CallsOf<TextCall>(Recorded([&](Target& t) { DrawXAxis(t, PlotGeometry(), axis, ""); }))) {
+      if (text.style.weight != 400) continue;  // the title
+      EXPECT_GT(text.point.x - WidthOf(text) / 2, last) << text.text;
+      last = text.point.x + WidthOf(text) / 2;
+      EXPECT_TRUE(range.lower >= 0 || text.text[0] == '-' || text.point.x >= 202)
+          << text.text << ": 0 has no sign";
+    }
+    EXPECT_GT(last, 60 + 0.75 * 285);
+  }
+  Axis declination;  // each step has room
+  declination.range = {0, 360, 0, 30, 10};
+  EXPECT_EQ(WordsOf(Recorded([&](Target& t) { DrawXAxis(t, PlotGeometry(), declination, ""); })),
+            " 0| 30| 60| 90| 120| 150| 180| 210| 240| 270| 300| 330| 360||");
+}
+
+/// The strokes that `draw` draws, as their signed extents.
+template <class Draw>
+std::set<std::pair<int, int>> StrokesOf(Draw draw) {
+  std::set<std::pair<int, int>> strokes;
+  for (const PolylineCall& line : CallsOf<PolylineCall>(Recorded(draw)))
+    strokes.emplace(line.points[1].x - line.points[0].x, line.points[1].y - line.points[0].y);
+  return strokes;
+}
+
+TEST(PlotAxis, TicksAreHalfAThirtiethAndHalfASixtiethOfTheWidth) {
+  using Strokes = std::set<std::pair<int, int>>;
+  Axis axis;
+  axis.range = {0, 120, 0, 20, 10};
+  PlotGeometry plot = {.left = 0, .bottom = 900, .width = 1800, .height = 900};
+  const auto xAxis = [&](Target& t) { DrawXAxis(t, plot, axis, ""); };
+  const auto yAxis = [&](Target& t) { DrawYAxis(t, plot, axis, ""); };
+  EXPECT_EQ(StrokesOf(xAxis), (Strokes{{0, -30}, {0, -15}}));
+  EXPECT_EQ(StrokesOf(yAxis), (Strokes{{30, 0}, {15, 0}}));
+  plot.scale = 2;
+  EXPECT_EQ(StrokesOf(yAxis), (Strokes{{60, 0}, {30, 0}}));
+  plot.scale = 1;
+  const auto coloured = [&](Target& t) { PaintXYPlot(t, plot, {}, axis, axis, axis, {}); };
+  EXPECT_TRUE(StrokesOf(coloured).contains({60, 0}));  // half a fifteenth, at the colour scale
+  plot = {.left = 0, .bottom = 0, .width = 1800, .height = -900};  // upside down
+  EXPECT_EQ(StrokesOf(xAxis), (Strokes{{0, 30}, {0, 15}}));
+}
+
+TEST(PlotAxis, WordsOfPowersAndUnits) {
+  Axis axis = {.range = {4.9e-2, 5.8e-2, 4.9e-2, 1e-3, 5e-4}, .label = "Kmean", .unit = "SI"};
+  EXPECT_EQ(AxisTitle(axis), "Kmean [SI]");
+  axis.power = true;
+  EXPECT_EQ(AxisTitle(axis), "Kmean [10^-2 SI]");
+  EXPECT_EQ(TickText(axis, 5.3e-2), " 5.3");
+  EXPECT_EQ(AxisReadOut(axis, 5.25e-2), "Kmean =  5.250 10^-2");
+  axis.power = false;
+  axis.log = true;
+  EXPECT_EQ(TickText(axis, -3), "0.001");
 }
 
 }  // namespace

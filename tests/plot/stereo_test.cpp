@@ -90,57 +90,23 @@ TEST(DrawStereo, BeginsTransparentAndWithTheBlackNet) {
             }));
 }
 
-TEST(DrawStereo, LegendListsAxesThenPlanesInASecondColumnAndLinesInAThird) {
-  StereoOptions options = Only({}, {true, false, true});
-  options.showLegend = true;
-  SetGeology(options, {true, true, true, false, true});
-  options.foliationCodes = {"S0", "K"};
-  EXPECT_EQ(ToText(OverTheNet({}, options)),
-            "text \"Max\" (33,322) height 15 0 align 24\n"
-            "polygon (13,311) (13,320) (22,320) (22,311) pen 0 0 1 brush FF\n"
-            "text \"Min\" (33,337) height 15 0 align 24\n"
-            "ellipse (12,326) (23,337) pen 0 0 1 brush FF0000\n"
-            "text \"S0\" (285,322) height 15 0 align 24\n"
-            "ellipse (298,310) (310,321) pen 0 C0C000 1 brush FFFFFF\n"
-            "ellipse (303,314) (305,317) pen 0 C0C000 1 brush FFFFFF\n"
-            "polyline (315,316) (346,316) pen 0 C0C000 3\n"
-            "text \"K\" (285,337) height 15 0 align 24\n"
-            "ellipse (298,326) (310,337) pen 0 C0C000 1 brush FFFFFF\n"
-            "polyline (304,326) (304,337) pen 0 C0C000 1\n"
-            "polyline (298,331) (310,331) pen 0 C0C000 1\n"
-            "polyline (315,331) (346,331) pen 1 C0C000 1\n"
-            "text \"L1\" (358,322) height 15 0 align 24\n"
-            "polygon (372,311) (372,320) (381,320) (381,311) pen 0 800080 1 brush FFFFFF\n"
-            "ellipse (376,315) (378,316) pen 0 800080 1 brush FFFFFF\n");
-  options.showAxis = {};
-  SetGeology(options, {true, false, false, true, false});  // strike sticks: the code alone
-  options.foliationCodes = {"S0"};
-  EXPECT_EQ(ToText(OverTheNet({}, options)), "text \"S0\" (285,322) height 15 0 align 24\n");
-  SetGeology(options, {false, true, true, true, false});
-  EXPECT_EQ(ToText(OverTheNet({}, options)), "");
-}
-
 TEST(DrawStereo, CaptionsAndSymbolsAreThoseOfTheSystemAndTheBlockInView) {
   RecordArray store = Uprights(4);
   store[2].Active = false;
   store[3].CoorLevel = Tectonic;
   store[4].HasIm = true;
-  const struct {
-    CoordinateSystem coorSys;
-    int block;
-    std::size_t count;
-    std::string name;
-  } rows[] = {{Geographic, 1, 2, "Geographic"}, {Geographic, 2, 1, "Geographic"},
-              {Geographic, 3, 0, "Geographic"}, {Tectonic, 1, 1, "Tectonic"},
-              {Specimen, 1, 0, "Specimen"},     {Paleogeographic, 1, 0, "Paleogeographic"}};
+  const std::tuple<CoordinateSystem, int, std::size_t, std::string> rows[] = {
+      {Geographic, 1, 2, "Geographic"}, {Geographic, 2, 1, "Geographic"},
+      {Geographic, 3, 0, "Geographic"}, {Tectonic, 1, 1, "Tectonic"},
+      {Specimen, 1, 0, "Specimen"},     {Paleogeographic, 1, 0, "Paleogeographic"}};
   StereoOptions options = Only({&O::showData});
   options.showCaptions = true;
-  for (const auto& row : rows) {
+  for (const auto& [coorSys, block, count, name] : rows) {
     const auto calls =
-        OverTheNet(store, options, GroupStats(), row.coorSys, static_cast<TensorBlock>(row.block));
-    EXPECT_EQ(WordsOf(calls), row.name + "|Coordinate|System|Equal-Area|Projection|N = " +
-                                  std::to_string(row.count) + "|");
-    EXPECT_EQ(CallsOf<EllipseCall>(calls).size(), row.count);
+        OverTheNet(store, options, GroupStats(), coorSys, static_cast<TensorBlock>(block));
+    EXPECT_EQ(WordsOf(calls),
+              name + "|Coordinate|System|Equal-Area|Projection|N = " + std::to_string(count) + "|");
+    EXPECT_EQ(CallsOf<EllipseCall>(calls).size(), count);
   }
 }
 
@@ -151,19 +117,6 @@ TEST(DrawStereo, ADirectionThatIsNotFiniteIsNotDrawnButItsRecordCounts) {
   EXPECT_EQ(ToText(OverTheNet(store, Only({&O::showData}))),
             "ellipse (174,184) (186,196) pen 0 0 1 brush FF0000\n");
   EXPECT_NE(WordsOf(Drawn(store, {})).find("N = 1|"), std::string::npos);
-}
-
-TEST(DrawStereo, AFactorOnTheGeometryScalesEveryPlace) {
-  const auto textsIn = [](const StereoGeometry& geometry) {
-    return CallsOf<TextCall>(Drawn(Uprights(1), {}, Geographic, InPhase, GroupStats(), geometry));
-  };
-  const auto once = textsIn({}), twice = textsIn({360, 380, 620, 18, 28});
-  ASSERT_EQ(twice.size(), once.size());
-  for (std::size_t i = 0; i < once.size(); ++i) {
-    EXPECT_NEAR(twice[i].point.x, 2 * once[i].point.x, 1) << once[i].text;
-    EXPECT_NEAR(twice[i].point.y, 2 * once[i].point.y, 1) << once[i].text;
-    EXPECT_NEAR(twice[i].style.height, 2 * once[i].style.height, 1) << once[i].text;
-  }
 }
 
 /// The lower right corner of what was drawn, a letter of the legend's codes taken as wide as high.
@@ -317,35 +270,6 @@ TEST(StereoRecords, DataLinesRunToTheOriginForRecordsOutOfView) {
   EXPECT_EQ(ToText(OverTheNet(records, options).at(0)),
             "polyline (335,190) (0,0) (335,190) pen 0 FF00 1");
   EXPECT_TRUE(CallsOf<PolylineCall>(OverTheNet(Uprights(1), options)).empty());
-}
-
-TEST(StereoColours, TheScaleStandsRightOfTheNetInBothWays) {
-  StereoOptions options = Only({&O::showData, &O::colourByValue}, {true, false, true});
-  options.colourParameter = Column::Fac5;  // T, from -1 to 1
-  RecordArray records = Uprights(3, 3);
-  records[1].Fac[5] = -1;
-  records[2].Fac[5] = 0.5f;
-  records[3].Fac[5] = 7;  // a selected record is no part of the scale
-  const auto perAxis = OverTheNet(records, options);
-  // The two bars, eleven ticks of a label and two strokes, the title, four and two symbols.
-  ASSERT_EQ(perAxis.size(), 1u + 11 * 3 + 1 + 6) << ToText(perAxis);
-  const auto bars = std::get<RampCall>(perAxis[0]);
-  EXPECT_EQ(bars.sides, (std::vector<std::int32_t>{390, 400, 410}));
-  EXPECT_EQ(bars.colours.size(), 2u * 156);  // a line a unit, from 345 up to 190
-  EXPECT_TRUE(ToText(bars).starts_with("polyline (390,345) (400,345) pen 0 FFFFFF 1\n"));
-  EXPECT_TRUE(ToText(bars).ends_with("\npolyline (400,190) (410,190) pen 0 FF0000 1"));
-  EXPECT_EQ(ToText(perAxis[1]), "text \"-1.0\" (385,350) height 13 0 align 26");
-  EXPECT_EQ(std::get<TextCall>(perAxis[34]).text, "T ");
-  EXPECT_EQ(std::get<PolygonCall>(perAxis[35]).brush, White);      // T = -1
-  EXPECT_EQ(std::get<PolygonCall>(perAxis[37]).brush, 0x4040FFu);  // three quarters of the way
-  EXPECT_EQ(std::get<PolygonCall>(perAxis[39]).brush, Yellow);
-
-  options.colourRamp = ColourRamp::One;
-  const auto oneRamp = OverTheNet(records, options);
-  ASSERT_EQ(oneRamp.size(), 1u + 11 * 2 + 1 + 6);
-  EXPECT_TRUE(ToText(oneRamp[0]).starts_with("polyline (400,345) (410,345) pen 0 FF0000 1\n"));
-  EXPECT_EQ(std::get<TextCall>(oneRamp[1]).point, (LogicalPoint{395, 350}));
-  EXPECT_EQ(std::get<PolygonCall>(oneRamp[24]).brush, Blue);
 }
 
 TEST(StereoColours, KmeanTakesAPowerOfTenAndNumbersCountTheShown) {

@@ -129,7 +129,8 @@ struct Asker {
 
   /// The program's own questions for a file to save.
   const std::map<QString, std::function<void()>> Save = {
-      {"export", [this] { ExportData(Program.Session, Program.Dialogs, Program.Views, Program.Log); }},
+      {"export",
+       [this] { ExportData(Program.Session, Program.Dialogs, Program.Views, Program.Log); }},
       {"save", [this] { SaveAs(Program.Session, Program.Dialogs, Program.Views); }},
       {"page", [this] { SaveGraphics(Program); }},
       {"ged", [this] { SaveGedFile(Program.Session, Program.Dialogs, Sheet); }}};
@@ -137,7 +138,8 @@ struct Asker {
   QTemporaryDir Temp;
   RecordedViews Seen;
   KeptAnswer Dialogs;
-  Velorix Program{Dialogs, Seen, Seen, {"", "", [](auto&, auto&) { return std::vector<std::string>(); }}};
+  Velorix Program{
+      Dialogs, Seen, Seen, {"", "", [](auto&, auto&) { return std::vector<std::string>(); }}};
 };
 
 }  // namespace

@@ -1,5 +1,3 @@
-#include "stats/density.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,11 +9,64 @@
 
 #include "base/fault.h"
 #include "base/rounding.h"
+#include "stats/contour_grid.h"
+#include "stats/density.h"
 #include "stats/density_sums.h"
 #include "tensor/directions.h"
 
 namespace velorix {
 namespace {
+
+struct StandardGrid : ::testing::Test {
+  StandardGrid() { BuildContourGrid(Grid, 0, 300, 3); }
+  std::size_t At(int i, int j) const { return static_cast<std::size_t>(Grid.Index(i, j)); }
+
+  ContourGrid Grid;
+};
+
+TEST_F(StandardGrid, CountsTheNodesOfTheCircleAndThoseAtTheSpacing) {
+  // Gauss's circle problem: lattice points within radius 150 and 50, the rim included.
+  EXPECT_EQ(Grid.Side(), 301);
+  EXPECT_EQ(Grid.InsideCount, 70681);
+  EXPECT_EQ(Grid.ComputedCount, 7845);
+  for (const auto& [i, j, inside] :
+       {std::tuple{150, 0, 1}, {0, 150, 1}, {300, 150, 1}, {0, 0, 0}, {60, 30, 1}, {59, 30, 0}})
+    EXPECT_EQ(Grid.Inside[At(i, j)], inside) << i << " " << j;
+}
+
+TEST_F(StandardGrid, UpIsNorthRightIsEastAndTheRimIsHorizontal) {
+  const double at45 = 90 - 2 * std::asin(0.7 / std::sqrt(2)) * DegPerRad;
+  const std::tuple<int, int, double, double> cases[] = {{150, 150, 0, 90}, {150, 0, 0, 0},
+                                                        {300, 150, 90, 0}, {150, 300, 180, 0},
+                                                        {0, 150, 270, 0},  {150, 45, 0, at45}};
+  for (const auto& [i, j, dec, inc] : cases) {
+    EXPECT_NEAR(Grid.Dec[At(i, j)], dec, 1e-4) << i << " " << j;
+    EXPECT_NEAR(Grid.Inc[At(i, j)], inc, 1e-3) << i << " " << j;
+  }
+}
+
+TEST_F(StandardGrid, VectorsAreThoseOfTheDirectionsAndNothingLiesOutside) {
+  for (int j = 0; j <= 300; ++j)
+    for (int i = 0; i <= 300; ++i) {
+      const std::size_t n = At(i, j);
+      if (!Grid.Inside[n]) {
+        ASSERT_TRUE(Grid.X[n] == 0 && Grid.Y[n] == 0 && Grid.Z[n] == 0);
+        continue;
+      }
+      const double dec = Grid.Dec[n] / DegPerRad, inc = Grid.Inc[n] / DegPerRad;
+      ASSERT_TRUE(Grid.Dec[n] >= 0 && Grid.Dec[n] <= 360 && Grid.Inc[n] >= -1e-3);
+      ASSERT_NEAR(Grid.X[n], std::cos(inc) * std::cos(dec), 1e-6);
+      ASSERT_NEAR(Grid.Y[n], std::cos(inc) * std::sin(dec), 1e-6);
+      ASSERT_NEAR(Grid.Z[n], std::sin(inc), 1e-6);
+      // Equal area: the distance from the centre is the root of 1 - sin(inc).
+      ASSERT_NEAR(std::hypot(i - 150, j - 150) / 150, std::sqrt(1 - Grid.Z[n]), 1e-3);
+    }
+}
+
+TEST_F(StandardGrid, IsNotMadeOfOtherArguments) {
+  EXPECT_THROW(BuildContourGrid(Grid, 1, 0, 1), Fault);
+  EXPECT_THROW(BuildContourGrid(Grid, 0, 10, 0), Fault);
+}
 
 ContourData RandomData(int count, unsigned seed) {
   std::mt19937 random(seed);
@@ -45,9 +96,7 @@ float PlainSum(float x, float y, float z, const ContourData& data, float smooth)
   return density;
 }
 
-struct Density : ::testing::Test {
-  Density() { BuildContourGrid(Grid, 0, 300, 3); }
-  std::size_t At(int i, int j) const { return static_cast<std::size_t>(Grid.Index(i, j)); }
+struct Density : StandardGrid {
   float Of(int i, int j) const { return Grid.Density[At(i, j)]; }
   /// The densities of a count that went on to its end.
   std::vector<float> Run(const ContourData& data, int smooth, int threads = 1) {
@@ -61,7 +110,6 @@ struct Density : ::testing::Test {
         if (Grid.Inside[At(i, j)]) visit(i, j);
   }
 
-  ContourGrid Grid;
   DensityCount Count;
 };
 
@@ -141,22 +189,6 @@ TEST_F(Density, IsThePlainSumInMultiplesOfItsMeanSoThatItsOwnMeanIsOne) {
   EXPECT_EQ(Count.ContourDataCount, 137);
 }
 
-TEST_F(Density, TakesADirectionAndItsOppositeAlikeAndTurnsWithTheData) {
-  const ContourData data = RandomData(60, 3);
-  ContourData opposite = data, turned;
-  for (auto* component : {&opposite.X, &opposite.Y, &opposite.Z})
-    for (float& part : *component) part = -part;
-  for (std::size_t d = 0; d < data.Dec.size(); ++d) turned.Add(data.Dec[d] + 90, data.Inc[d]);
-  const std::vector<float> density = Run(data, 20);
-  EXPECT_EQ(Run(opposite, 20), density);
-  Run(turned, 20);
-  // East and west the nodes' declinations stand on an arc sine near 1, true to 0.02 degrees.
-  ForComputed([&](int i, int j) {
-    const float before = density[At(i, j)];
-    ASSERT_NEAR(Of(300 - j, i), before, 4e-3f * (1 + before)) << i << " " << j;
-  });
-}
-
 TEST_F(Density, OfOneDatumPeaksThereAndAtItsOppositeEnd) {
   ContourData data;
   data.Add(90, 0);  // the rim: right and left
@@ -219,15 +251,13 @@ TEST_F(Density, ReportsTheCallersRowsAndTheEndAndIsLeftAloneWhenStoppedOrWithout
   }
   const std::vector<float> finished = Grid.Density;
   const float maximum = Count.ContourMax;
-  const struct {
-    int Threads, Answers;  // the last of which is no; several threads ask once at least
-  } cases[] = {{1, 1}, {1, 3}, {1, 101}, {4, 1}};
-  for (const auto& c : cases) {
+  // Threads, and the answer that is no; several threads ask once at least.
+  for (const auto& c : {std::pair{1, 1}, {1, 3}, {1, 101}, {4, 1}}) {
     int answers = 0;
     EXPECT_FALSE(CountDensity(
-        Grid, RandomData(1000, 9), 60, Count, [&](double) { return ++answers < c.Answers; },
-        c.Threads));
-    EXPECT_EQ(answers, c.Answers) << c.Threads;
+        Grid, RandomData(1000, 9), 60, Count, [&](double) { return ++answers < c.second; },
+        c.first));
+    EXPECT_EQ(answers, c.second) << c.first;
   }
   EXPECT_FALSE(CountDensity(Grid, {}, 20, Count));
   EXPECT_EQ(Grid.Density, finished);
@@ -236,12 +266,7 @@ TEST_F(Density, ReportsTheCallersRowsAndTheEndAndIsLeftAloneWhenStoppedOrWithout
 }
 
 TEST_F(Density, BeyondThe32BitRangeIsRefusedAndChangesNothing) {
-  const struct {
-    const char* what;
-    ContourData data;
-    std::int16_t smooth;
-    bool fits;
-  } cases[] = {
+  const std::tuple<const char*, ContourData, std::int16_t, bool> cases[] = {
       {"exp(88) is 1.7e38", RandomData(1, 1), 88, true},
       {"exp(89) is 4.5e38", RandomData(1, 1), 89, false},
       {"one direction, a thousand times", Cluster(1000, 10, 50), 83, false},
@@ -250,11 +275,11 @@ TEST_F(Density, BeyondThe32BitRangeIsRefusedAndChangesNothing) {
       {"no data", {}, 100, true},
   };
   const std::vector<float> density = Run(RandomData(5, 1), 20);
-  for (const auto& c : cases) {
-    EXPECT_EQ(DensityFits(Grid, c.data, c.smooth), c.fits) << c.what;
-    if (c.fits) continue;
-    EXPECT_THROW(Run(c.data, c.smooth), Fault) << c.what;
-    EXPECT_EQ(Grid.Density, density) << c.what;
+  for (const auto& [what, data, smooth, fits] : cases) {
+    EXPECT_EQ(DensityFits(Grid, data, smooth), fits) << what;
+    if (fits) continue;
+    EXPECT_THROW(Run(data, smooth), Fault) << what;
+    EXPECT_EQ(Grid.Density, density) << what;
   }
 }
 
@@ -266,19 +291,16 @@ TEST(ContourData, HoldsAsManyAsTheStoreDoes) {
 }
 
 TEST(ContourLevels, StepByOneBelowTenAndAsFinelyAsFourteenAllowAbove) {
-  const struct {
-    float maximum;
-    std::int16_t step, top;
-  } cases[] = {{0.5f, 1, 1},   {1, 1, 1},    {1.9f, 1, 1},     {2, 1, 2},
-               {9.9f, 1, 9},   {10, 1, 10},  {11.5f, 1, 11},   {15.5f, 1, 15},
-               {25.3f, 2, 25}, {100, 7, 99}, {175.9f, 12, 169}};
-  for (const auto& c : cases) {
-    const ContourLevels levels = LevelsOf(c.maximum);
+  const std::tuple<float, std::int16_t, std::int16_t> cases[] = {
+      {0.5f, 1, 1},   {1, 1, 1},      {1.9f, 1, 1},   {2, 1, 2},    {9.9f, 1, 9},     {10, 1, 10},
+      {11.5f, 1, 11}, {15.5f, 1, 15}, {25.3f, 2, 25}, {100, 7, 99}, {175.9f, 12, 169}};
+  for (const auto& [maximum, step, top] : cases) {
+    const ContourLevels levels = LevelsOf(maximum);
     std::vector<std::int16_t> values;
-    for (int value = 1; value <= c.top; value += c.step)
+    for (int value = 1; value <= top; value += step)
       values.push_back(static_cast<std::int16_t>(value));
-    EXPECT_EQ(levels.Step, c.step) << c.maximum;
-    EXPECT_EQ(levels.Values, values) << c.maximum;
+    EXPECT_EQ(levels.Step, step) << maximum;
+    EXPECT_EQ(levels.Values, values) << maximum;
   }
   EXPECT_THROW(LevelsOf(32768), Fault);
   EXPECT_THROW(LevelsOf(std::nanf("")), Fault);

@@ -1,10 +1,10 @@
-#include "tensor/directions.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
 
+#include "tensor/directions.h"
 #include "tensor/projection.h"
+#include "tensor/rotations.h"
 
 namespace velorix {
 namespace {
@@ -12,22 +12,19 @@ namespace {
 constexpr double Close = 1e-4;  // degrees; the 32-bit constants reach no further
 
 void ExpectDirection(const Direction& d, double dec, double inc, double tolerance = Close) {
-  EXPECT_NEAR(d.Dec, dec, tolerance);
+  EXPECT_NEAR(std::remainder(d.Dec - dec, 360), 0, tolerance);
   EXPECT_NEAR(d.Inc, inc, tolerance);
 }
 
 TEST(Directions, AxesHaveTheirDirections) {
-  struct {
-    Vector<3> v;
-    double Dec, Inc;
-  } const cases[] = {{{1, 0, 0}, 0, 0},    {{0, 1, 0}, 90, 0},  {{-1, 0, 0}, 180, 0},
-                     {{0, -1, 0}, 270, 0}, {{0, 0, 1}, 0, 90},  {{0, 0, -1}, 0, -90},
-                     {{1, 1, 0}, 45, 0},   {{2, -2, 0}, 315, 0}};
-  for (const auto& c : cases) {
-    ExpectDirection(DirectionOfVector(c.v), c.Dec, c.Inc);
-    const DirectionAndLength d = VectorToDirection(c.v);
-    ExpectDirection({d.Dec, d.Inc}, c.Dec, c.Inc);
-    EXPECT_DOUBLE_EQ(d.Length, std::sqrt(Vvmpy(c.v, c.v)));
+  const std::tuple<Vector<3>, double, double> cases[] = {
+      {{1, 0, 0}, 0, 0},  {{0, 1, 0}, 90, 0},   {{-1, 0, 0}, 180, 0}, {{0, -1, 0}, 270, 0},
+      {{0, 0, 1}, 0, 90}, {{0, 0, -1}, 0, -90}, {{1, 1, 0}, 45, 0},   {{2, -2, 0}, 315, 0}};
+  for (const auto& [v, dec, inc] : cases) {
+    ExpectDirection(DirectionOfVector(v), dec, inc);
+    const DirectionAndLength d = VectorToDirection(v);
+    ExpectDirection({d.Dec, d.Inc}, dec, inc);
+    EXPECT_DOUBLE_EQ(d.Length, std::sqrt(Vvmpy(v, v)));
   }
   EXPECT_EQ(DirectionOfVector({0, 0, 0}), (Direction{0, 0}));
   EXPECT_EQ(VectorToDirection({0, 0, 0}).Length, 0);
@@ -88,11 +85,7 @@ TEST(Directions, NanGoesThroughWithoutAFailure) {
 }
 
 TEST(Projection, PlacesOnTheNet) {
-  struct {
-    Projection Kind;
-    Direction d;
-    double x, y;
-  } const cases[] = {
+  const std::tuple<Projection, Direction, double, double> cases[] = {
       // clang-format off
       {EqualArea, {90, 0}, 1, 0},              {EqualArea, {0, 90}, 0, 0},
       {EqualArea, {0, 45}, 0, 0.5411961},      {EqualAngle, {0, 45}, 0, 0.4142136},
@@ -101,10 +94,10 @@ TEST(Projection, PlacesOnTheNet) {
       {static_cast<Projection>(3), {90, 0}, 0, 0},
       // clang-format on
   };
-  for (const auto& c : cases) {
-    const Point p = ProjectDirection(c.Kind, c.d);
-    EXPECT_NEAR(p.x, c.x, 1e-6);
-    EXPECT_NEAR(p.y, c.y, 1e-6);
+  for (const auto& [kind, d, x, y] : cases) {
+    const Point p = ProjectDirection(kind, d);
+    EXPECT_NEAR(p.x, x, 1e-6);
+    EXPECT_NEAR(p.y, y, 1e-6);
   }
 }
 
@@ -133,6 +126,66 @@ TEST(Projection, TwoPointsFixTheMapUnlessTheyAreInLine) {
   EXPECT_EQ(NetToTarget({0.3, -0.4}, {200, 100}, 0), (Point{200, 100}));
   EXPECT_THROW(MapPoint({0, 0}, {1, 0}, {0, 0}, {1, 5}, {9, 9}), Fault);
   EXPECT_THROW(MapPoint({0, 0}, {0, 3}, {0, 0}, {1, 3}, {9, 9}), Fault);
+}
+
+using Matrix33 = Matrix<3, 3>;
+
+Direction Turned(const Matrix33& M, const Direction& d) {
+  Vector<3> v = DirectionToVector(1, d);
+  Mvmpy(M, v, v);
+  return DirectionOfVector(v);
+}
+
+TEST(AxisRotation, IsRightHandedSoThatAPositiveAngleAboutTheVerticalAddsToTheDeclination) {
+  ExpectDirection(Turned(VerticalRotation(30), {100, 20}), 130, 20);
+  ExpectDirection(Turned(VerticalRotation(-120), {100, 20}), 340, 20);
+  ExpectDirection(Turned(AxisRotation({1, 0, 0}, 60), {90, 0}), 90, 60);  // east down about north
+  ExpectDirection(Turned(AxisRotation({0, 1, 0}, 60), {0, 0}), 0, -60);   // north up about east
+}
+
+TEST(OrientationMatrix, ParametersSayWhatWasMeasured) {
+  // Where the specimen's X points.
+  const std::tuple<std::int16_t, std::int16_t, std::int16_t, double, double> cases[] = {
+      {6, 0, 6, 70, 20},     // azimuth of X and dip of the frontal side
+      {6, 90, 6, 70, 70},    // plunge of the cylinder axis: 90 - 20
+      {6, 45, 6, 70, 0},     // any other P2: no inclination
+      {6, 0, 9, 340, 20},    // azimuth read from another clock value
+      {12, 0, 12, 70, -20},  // arrow at 12 instead of 6: X turned by half a turn in its plane
+      {9, 0, 9, 70, 0},      // arrow at 9: X turned by a quarter
+  };
+  for (const auto& [p1, p2, p3, dec, inc] : cases)
+    ExpectDirection(MatrixDirections(OrientationMatrix(70, 20, p1, p2, p3))[1], dec, inc);
+  ExpectDirection(MatrixDirections(OrientationMatrix(70, 20, 6, 0, 6))[2], 160, 0);
+}
+
+TEST(OrientationMatrix, ClockProductsBeyond16BitsOverflow) {
+  EXPECT_THROW(OrientationMatrix(0, 0, 1099, 0, 1099), Fault);
+  EXPECT_NO_THROW(OrientationMatrix(0, 0, 1098, 0, 1098));
+  EXPECT_THROW(OrientationMatrix(0, 0, 32767, 0, -32768), Fault);
+  EXPECT_THROW(OrientationMatrix(0, 0, 6, 0, -32768), Fault);
+}
+
+TEST(FoliationMatrix, ThePlaneComesToTheHorizontal) {
+  for (double dec = 0; dec < 360; dec += 30)
+    for (double dip = 10; dip <= 80; dip += 10) {
+      const Direction pole = PoleOfPlane({dec, dip});
+      EXPECT_NEAR(Turned(FoliationMatrix({dec, dip}, {dec, dip}), pole).Inc, 90, 1e-4);
+      EXPECT_NEAR(Turned(FoliationMatrix({dec, dip}, {dec - 90, 0}), pole).Inc, 90, 1e-4);
+    }
+}
+
+TEST(FoliationMatrix, ThePlungingLineKeepsItsTrendAndAHorizontalOneDoesNot) {
+  const auto trend = [](const Direction& line) {
+    return Turned(FoliationMatrix({40, 30}, line), line).Dec;
+  };
+  EXPECT_NEAR(trend({75, 20}), 75, 1e-4);
+  EXPECT_GT(std::fabs(trend({75, 0}) - 75), 1);  // wanted
+}
+
+TEST(FoliationMatrix, AHorizontalPlaneTurnsNothingAndForm90TakesAStrike) {
+  const Matrix33 M = FoliationMatrix({40, 0}, {75, 20});
+  for (int n = 0; n < 9; ++n) EXPECT_NEAR(M.v[n], n % 4 == 0, 1e-7);
+  EXPECT_EQ(FoliationMatrix({300, 30}, {75, 20}, 90), FoliationMatrix({30, 30}, {75, 20}));
 }
 
 }  // namespace

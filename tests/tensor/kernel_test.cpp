@@ -1,10 +1,14 @@
-#include "tensor/kernel.h"
-
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <random>
+
+#include "tensor/eigen_jk.h"
+#include "tensor/kernel.h"
 
 namespace velorix {
 namespace {
@@ -52,16 +56,14 @@ TEST(ArcCos, FailsOneRoundingBeyondOneAndItsHalfTurnIs32BitsOnlyAtMinusOne) {
 
 TEST(Atan2, EveryQuadrantTakesItsHalfTurnFromThe32BitPi) {
   const double eighth = std::atan(1.0);
-  struct {
-    double y, x, angle;
-  } const cases[] = {
+  const std::tuple<double, double, double> cases[] = {
       // clang-format off
       {0, 0, 0},             {1, 0, Pi32 / 2},      {-1, 0, -Pi32 / 2},
       {0, -1, Pi32},         {1, 1, eighth},        {-1, 1, -eighth},
       {1, -1, Pi32 - eighth}, {-1, -1, eighth - Pi32}, {-0.1, -1, std::atan(0.1) - Pi32},
       // clang-format on
   };
-  for (const auto& c : cases) EXPECT_EQ(Atan2(c.y, c.x), c.angle) << c.y << ", " << c.x;
+  for (const auto& [y, x, angle] : cases) EXPECT_EQ(Atan2(y, x), angle) << y << ", " << x;
 }
 
 TEST(Kernel, MvmpyMayWriteOverItsArgument) {
@@ -99,16 +101,6 @@ TEST(Mxabat, TurnsBetweenSizesAndMayWriteOverTheTensor) {
   Mxabat(B, Bt = B, Bt);
   EXPECT_EQ(Bt, D);
 }
-
-template <TensorFormTarget Target, class M, class V>
-constexpr bool Fills = requires(M& matrix, V& form) {
-  TensorForm<Target>(matrix, form);
-};
-using Matrix33 = Matrix<3, 3>;
-static_assert(Fills<ToForm, const Matrix33, Vector<6>> &&
-              Fills<ToMatrix, Matrix33, const Vector<6>>);
-static_assert(!Fills<ToForm, Matrix33, const Vector<6>> &&
-              !Fills<ToMatrix, const Matrix33, Vector<6>>);
 
 TEST(TensorForm, SlotSixIsElementThreeOne) {
   Vector<6> form = {1, 2, 3, 4, 5, 6};
@@ -181,6 +173,108 @@ TEST(MxSignCopy, OnlyColumnsWithANegativeLastElementChangeSignAndShapesMustFit) 
   EXPECT_EQ(FaultOf([&] { MxSignCopy(RandomMatrix(2, 3, 5), result, true); }),
             (Report{13, "Error 13"}));
   EXPECT_EQ(result, before);
+}
+
+using Matrix33 = Matrix<3, 3>;
+
+Matrix33 Symmetric(double k11, double k22, double k33, double k12, double k23, double k13) {
+  return {k11, k12, k13, k12, k22, k23, k13, k23, k33};
+}
+
+/// Tensors of all kinds: nearly isotropic, of widely different sizes, with equal values.
+std::vector<Matrix33> ManyTensors() {
+  std::vector<Matrix33> tensors = {
+      // clang-format off
+      Symmetric(1.1, 1, 0.9, 0, 0, 0),          Symmetric(0.9, 1, 1.1, 0, 0, 0),
+      Symmetric(1, 1, 1, 0.1, 0.1, 0.1),        Symmetric(1, 1, 1, 1e-16, 0, 0),
+      Symmetric(2, 2, 1, 0, 0, 0),              Symmetric(-1, -2, -3, 0.5, -0.2, 0.1),
+      Symmetric(1e-6, 2e-6, 3e-6, 1e-7, 0, 0),  Symmetric(1e5, 2e5, 3e-5, 1, 2, 3),
+      // clang-format on
+  };
+  std::mt19937 random(3);
+  for (const double spread : {1e-12, 1e-3, 0.05, 1.0, 100.0})
+    for (int i = 0; i < 200; ++i) {
+      double x[6];  // made of the bits alone, the same on every machine
+      for (double& part : x) part = spread * (static_cast<double>(random()) * 0x1p-31 - 1);
+      tensors.push_back(Symmetric(1 + x[0], 1 + x[1], 1 + x[2], x[3], x[4], x[5]));
+    }
+  return tensors;
+}
+
+// The bits are those of the solution written down plainly, step by step with nothing saved. A
+// change here changes the last digits of every user's directions from one version to the next.
+TEST(EigenJk, EveryBitStaysAndRunTimeSizesGiveTheSame) {
+  auto tensors = ManyTensors();
+  // Tensors turned in 32 bits are a rounding short of symmetric.
+  for (Matrix33 tensor : ManyTensors()) {
+    for (int i = 1; i <= 3; ++i) tensor(i, i % 3 + 1) = Round32(tensor(i, i % 3 + 1));
+    tensors.push_back(tensor);
+  }
+  std::uint64_t hash = 14695981039346656037u;  // FNV-1a over the bits
+  for (const Matrix33& A : tensors) {
+    Matrix33 D, W;
+    EIGEN_JK(A, D, W);
+    for (const Matrix33* M : {&D, &W})
+      for (double x : M->v) hash = (hash ^ std::bit_cast<std::uint64_t>(x)) * 1099511628211u;
+    const Vector<3> values = EigenvaluesJK(A);
+    DynamicMatrix A3(3, 3), D3(3, 3), W3(3, 3);  // a size known at run time
+    for (int i = 1; i <= 3; ++i)
+      for (int j = 1; j <= 3; ++j) A3(i, j) = A(i, j);
+    EIGEN_JK(A3, D3, W3);
+    for (int i = 1; i <= 3; ++i) {
+      ASSERT_EQ(values[i], D(i, i));
+      for (int j = 1; j <= 3; ++j) ASSERT_TRUE(D3(i, j) == D(i, j) && W3(i, j) == W(i, j));
+    }
+  }
+  EXPECT_EQ(hash, 3536050315639108941u);
+}
+
+TEST(EigenJk, VectorsOfDiagonalMatricesAreZeroButOne) {
+  const std::tuple<Matrix33, Vector<3>, Matrix33> cases[] = {
+      {{}, {0, 0, 0}, {0, 0, 0, 0, 0, 0, 0, 0, 1}},
+      {Symmetric(1.1, 1, 0.9, 0, 0, 0), {1.1, 1, 0.9}, {0, 0, 0, 0, 0, 0, 0, 0, 1}},
+      {Symmetric(0.9, 1, 1.1, 0, 0, 0), {1.1, 1, 0.9}, {0, 0, 0, 0, 0, 0, 1, 0, 0}},
+      {Symmetric(2, 2, 2, 0, 0, 0), {2, 2, 2}, {0, 0, 0, 0, 0, 0, 0, 0, 1}},
+      {Symmetric(1, 3, 1, 0, 0, 0), {3, 1, 1}, {0, 0, 0, 0, 0, 0, 0, 0, 1}},
+  };
+  for (const auto& [a, values, w] : cases) {
+    Matrix33 D, W;
+    EIGEN_JK(a, D, W);
+    EXPECT_EQ(W, w);
+    for (int i = 1; i <= 3; ++i) EXPECT_EQ(D(i, i), values[i]);
+  }
+}
+
+TEST(EigenJk, ValuesThatAreNotFiniteReturnAtOnceAsNan) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  for (const double value : {std::nan(""), infinity, -infinity, 1e200})
+    for (int place = 0; place < 9; ++place) {
+      Matrix33 A = Symmetric(1.1, 1, 0.9, 0.1, 0.1, 0.1), D, W;
+      A.v[place] = value;
+      if (value == 1e200) A.v[place % 3 * 3 + place / 3] = value;  // overflows squared
+      EIGEN_JK(A, D, W);
+      for (int i = 0; i < 9; ++i)
+        EXPECT_TRUE(std::isnan(D.v[i]) && std::isnan(W.v[i])) << value << " at " << place;
+      EXPECT_TRUE(std::isnan(EigenvaluesJK(A)[1]));
+    }
+}
+
+TEST(EigenJk, SixBySixVectorsSatisfyTheirEquationAndShapesThatDoNotFitFail) {
+  std::mt19937 random(5);
+  std::normal_distribution<double> part;
+  DynamicMatrix A(6, 6), D(6, 6), W(6, 6), AW(6, 6), WD(6, 6);
+  for (int i = 1; i <= 6; ++i)
+    for (int j = i; j <= 6; ++j) A(i, j) = A(j, i) = part(random);
+  EIGEN_JK(A, D, W);
+  Mxmpy(A, W, AW);
+  Mxmpy(W, D, WD);
+  for (int i = 1; i <= 6; ++i)
+    for (int j = 1; j <= 6; ++j) EXPECT_NEAR(AW(i, j), WD(i, j), 1e-9);  // the stopping level
+
+  DynamicMatrix m11(1, 1), m22(2, 2), m23(2, 3);
+  EXPECT_THROW(EIGEN_JK(m11, m11, m11), Fault);
+  EXPECT_THROW(EIGEN_JK(m23, m22, m22), Fault);
+  EXPECT_THROW(EIGEN_JK(m22, m22, m23), Fault);
 }
 
 }  // namespace

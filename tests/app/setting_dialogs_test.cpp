@@ -1,12 +1,61 @@
-#include "app/edit/orientation_parameters.h"
-
 #include <algorithm>
 
+#include "app/edit/factor_choice.h"
+#include "app/edit/orientation_parameters.h"
 #include "datafiles/settings_file.h"
 #include "tests/app/script.h"
 
 namespace velorix {
 namespace {
+
+class FactorChoice : public ProgramTest {
+ protected:
+  FactorChoice() { Now.SettingsFile = Path("settings.sav"); }
+
+  Settings& Choices = Now.Settings;
+};
+
+TEST_F(FactorChoice, AnIndexThatIsNotInTheListSelectsNothingAndBecomesTheMean) {
+  const std::tuple<std::int16_t, int, std::int16_t> cases[] = {
+      {0, -1, 0}, {1, 0, 1}, {38, 37, 38}, {39, -1, 0}, {-5, -1, 0}};
+  for (const auto& [index, position, taken] : cases) {
+    Settings wanted = Choices;
+    Choices.FacIndex[3] = index;
+    const FactorRows rows = FactorRowsOf(Choices);
+    EXPECT_EQ(rows[3].Position, position) << index;
+    ChangeFactors(Now, rows);
+    wanted.FacIndex[3] = taken;
+    EXPECT_EQ(Choices, wanted) << index;
+  }
+}
+
+TEST_F(FactorChoice, NamesAreTakenAsTheyAreAndCutAtABlankAtTheNextStart) {
+  FactorRows rows = FactorRowsOf(Choices);
+  rows[1].Name = "";
+  rows[2].Name = "my F";
+  ChangeFactors(Now, rows);
+  EXPECT_EQ(Choices.FacName[1], "");
+  EXPECT_EQ(Choices.FacName[2], "my F");
+  Settings next;
+  EXPECT_TRUE(SettingsRead(next, Now.SettingsFile));
+  EXPECT_EQ(next.FacName[2], "my");  // wanted
+  EXPECT_EQ(next.FacName[3], "P");
+}
+
+TEST_F(FactorChoice, RecordsKeepTheirValuesUntilTheNextDisplay) {
+  OpenFile(WriteFile("a", 1));
+  const Array1<float, 8> before = Now.Records[1].Fac;
+  FactorRows rows = FactorRowsOf(Choices);
+  rows[1].Position = 3;  // k1/k3
+  ChangeFactors(Now, rows);
+  const int headers = Seen.GridHeaders, grids = Seen.Grids;
+  Menu("mnuAnisoFac");
+  EXPECT_EQ(Seen.GridHeaders, headers + 1);
+  EXPECT_EQ(Seen.Grids, grids);
+  EXPECT_EQ(Now.Records[1].Fac, before);  // wanted
+  DisplayData(Program, false);
+  EXPECT_EQ(Now.Records[1].Fac[1], before[3]);
+}
 
 class OrientationParameters : public ProgramTest {
  protected:
@@ -24,8 +73,6 @@ class OrientationParameters : public ProgramTest {
     EXPECT_EQ(Now.Settings, wanted);
     EXPECT_EQ(Seen.Caption, "Velorix5");  // wanted, also where a file stays open
   }
-
-  Session& Now = Program.Session;
 };
 
 TEST_F(OrientationParameters, OtherOnesCloseTheFileAndForgetTheGeologicalOne) {
