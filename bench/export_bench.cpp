@@ -2,8 +2,8 @@
 //
 // Aims: ExportGrid in at most a quarter of the time of snprintf for the same cells, and at most 3
 // times std::to_chars alone, in memory that doesn't grow with the rows; a metafile whose time grows
-// as its records do, 32,767 of them. Printing every digit, which gives other cells, is told beside
-// as `to_all_digits`: there to_chars alone takes a fifth.
+// as its records do, 32,767 of them. Printing every digit, which gives other cells, is measured
+// beside as `to_all_digits`: there to_chars alone takes a fifth.
 
 #include <benchmark/benchmark.h>
 

@@ -34,7 +34,7 @@ else()
   install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/velorix)
 endif()
 
-if(VELORIX_TESTS AND UNIX AND NOT APPLE)  # told in the words of GNU tools
+if(VELORIX_TESTS AND UNIX AND NOT APPLE)  # checked with GNU tools
   add_test(NAME check-options COMMAND ${PROJECT_SOURCE_DIR}/tools/check-options
                                       $<TARGET_FILE:velorix-batch>)
 endif()

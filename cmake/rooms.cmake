@@ -36,7 +36,7 @@ endfunction()
 set(STANDARD_HEADERS algorithm array cmath cstdint filesystem functional optional span string vector)
 
 # room(<folder> USES <room>... EXCEPT <file>...): the library velorix_<folder> from the folder's own sources but those
-# excepted, linked only to the rooms that it may use. A room that holds rooms names them among what it uses; whoever may
+# excepted, linked only to the rooms that it may use. A room that holds rooms names them among what it uses; a room that may
 # use it may use these as well. tools/check-layers reads the same lines.
 function(room folder)
   cmake_parse_arguments(ROOM "" "" "USES;EXCEPT" ${ARGN})

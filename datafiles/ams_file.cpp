@@ -208,7 +208,8 @@ Outcome WriteAms(const std::string& path, const RecordArray& records, bool appen
   const auto isWanted = [all](const SpecimenRecord& r) { return all || r.Selected; };
   const auto count = std::count_if(records.begin(), records.end(), isWanted);
   if (count == 0) {
-    // Nothing takes the place of the old file, which goes all the same: this is wanted.
+    // Kept for agreement with published results: the old file is removed although there is nothing
+    // to write.
     if (!append && fs::is_regular_file(PathOf(path))) fs::remove(PathOf(path));
     return records.Empty() ? Outcome::Refused() : Outcome();
   }

@@ -110,7 +110,7 @@ class AscReport {
   }
 
   /// The first word, "Mean" or "Field", of the next line that begins with one of them, in this
-  /// case of letters only: wanted.
+  /// case of letters only.
   std::string_view FindCaption(TextLines& lines) {
     std::string_view word;
     while (word != "Mean" && word != "Field") {
@@ -123,7 +123,7 @@ class AscReport {
   void TakeLineD(bool isMean, SpecimenRecord& r) const {
     int km = 1, deviation = 3;
     if (isMean) {
-      r.Field = 425;  // whatever the report says: wanted
+      r.Field = 425;  // whatever the report says
       r.FreqName = "F1";
       r.FreqIndex = 1;
     } else {

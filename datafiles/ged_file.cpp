@@ -84,7 +84,7 @@ bool SampleIsNumeric(std::string_view line) {
   return true;
 }
 
-/// A record with what the header tells of every sample.
+/// A record with the header's fields, which hold for every sample.
 SpecimenRecord RecordOfHeader(std::string_view line) {
   SpecimenRecord r;
   r.Site = TextIn(line, HeaderFields[SiteName]);
@@ -92,7 +92,8 @@ SpecimenRecord RecordOfHeader(std::string_view line) {
   r.Strat = TextIn(line, HeaderFields[StratName]);
   r.Litho = TextIn(line, HeaderFields[LithoName]);
   r.Regio = TextIn(line, HeaderFields[RegioName]);
-  // The writer puts them the other way round, so that they come back exchanged: this is wanted.
+  // Kept for agreement with published results: the writer puts them the other way round, so that
+  // they come back exchanged.
   r.Lon = SingleOf(Cut(line, HeaderFields[First]));
   r.Lat = SingleOf(Cut(line, HeaderFields[Second]));
   for (int i = 1; i <= 4; ++i) r.OP[i] = ShortIn(line, HeaderFields[P1 + i - 1]);

@@ -15,7 +15,7 @@ namespace velorix {
 // RAN and ARE files, the compact format of exchange: one site a file, tensors already turned to the
 // geographic system where they can be. The records are in datafiles/ran_layout.h. Paths are UTF-8.
 
-/// Appends the specimens of a RAN or ARE file; an extension of exactly "are" tells the instrument.
+/// Appends the specimens of a RAN or ARE file; an extension of exactly "are" gives the instrument.
 /// Orientation parameters that the file gives as 0 are taken from `settings`. Refused for an empty
 /// file, with a message, and without one for a file that has a header only. A last record that the
 /// file cuts off reads as far as the file goes, the rest of it zero; a rest of less than half a

@@ -55,7 +55,7 @@ void ReadLines(Settings& record, std::string_view bytes) {
     return NumberOf(tokens.Token(1));
   };
   for (std::int16_t& p : record.P) p = ToShort(value());
-  record.DemagFac = value() == 1;  // 2 is false, too: wanted
+  record.DemagFac = value() == 1;  // 2 is false, too
   for (int i = 1; i <= FactorSlots; ++i) {
     record.FacIndex[i] = ToShort(value());
     FromCodePage(tokens.Token(2), record.FacName[i]);

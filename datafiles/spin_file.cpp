@@ -10,7 +10,7 @@ namespace {
 
 void TakeSpecimen(const Tokens& tokens, const Settings& settings, SpecimenRecord& r) {
   r.Name = FromCodePage(tokens.Token(1));
-  // From trace 1 to trace 3, without a look at the trace: wanted.
+  // Kept for agreement with published results: trace 1 becomes trace 3, whatever the trace is.
   for (int i = 1; i <= 6; ++i) r.Tensor[i] = Finite(NumberOf(tokens.Token(i + 1)) * 3);
   r.Km = NumberOf(tokens.Token(9));  // behind its deviation
   r.KmSD = NumberOf(tokens.Token(8));

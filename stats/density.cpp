@@ -45,7 +45,7 @@ struct ComputedNodes {
 
 /// The sums of all computed nodes, row by row on several threads: a row is whole work of one
 /// thread, so the threads change no digit. The caller's thread takes its share and alone reports.
-/// False when it was told to stop.
+/// False when the caller stopped it.
 class RowWork {
  public:
   RowWork(const ComputedNodes& nodes, const ContourData& data, std::int16_t smooth, float* sums)
@@ -198,7 +198,8 @@ ContourLevels LevelsOf(float contourMax) {
   const double M = contourMax;
   int top = 0;  // index of the top level
   if (M >= 10) {
-    for (int d = 1; d <= 14; ++d) {  // the last one that passes is taken: wanted
+    // Kept for agreement with published results: the last one that passes.
+    for (int d = 1; d <= 14; ++d) {
       const std::int16_t q = ToShort(std::floor(M / d));
       const float r = static_cast<float>(M - (d * q + 1));
       if (r >= 0 && r <= q) {

@@ -49,7 +49,7 @@ bool CountDensity(ContourGrid& grid, const ContourData& data, std::int16_t smoot
                   DensityCount& count, const CountProgress& progress = {}, int threads = 0);
 
 /// Whether the sums of such a count stay within the 32-bit range. Costs as much as the count where
-/// a look at `smooth` and the number of data doesn't tell.
+/// `smooth` and the number of data alone don't decide it.
 bool DensityFits(const ContourGrid& grid, const ContourData& data, std::int16_t smooth);
 
 /// The values of the contour levels: 1, 1 + Step, 1 + 2 Step and so on.

@@ -24,7 +24,7 @@ inline constexpr double Whole = 0x1.8p52;
 /// The last 29 bits of a 64-bit sum fall away when it is rounded to 32 bits; at 2^28 they are the
 /// middle. `Near` to either side of it is more than the share 2^-43 of any number. With `Half`
 /// added the bits that stay are those of the rounded sum, and the bits that fall away are below 2
-/// `Near` where the sum is too close to the middle to tell, and only there.
+/// `Near` where the sum is too close to the middle to decide, and only there.
 inline constexpr std::uint64_t Near = 1u << 10, Half = (1u << 28) + Near;
 inline constexpr std::uint64_t Kept = ~std::uint64_t{(1u << 29) - 1};
 /// The bits that fall away, shifted to the top of their 32-bit word, are compared with this.

@@ -8,8 +8,9 @@
 namespace velorix {
 namespace {
 
-/// Whether the averages take the record: unlike the mean tensor they don't ask for the out-of-phase
-/// block, and they take the in-phase `Km` whatever block is in view. Both are wanted.
+/// Whether the averages take the record. Kept for agreement with published results: unlike
+/// the mean tensor they don't need the out-of-phase block, and they take the in-phase `Km` in both
+/// blocks.
 bool IsAveraged(const SpecimenRecord& record, CoordinateSystem coorSys) {
   return record.CoorLevel == coorSys && record.Active;
 }

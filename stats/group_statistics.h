@@ -46,7 +46,7 @@ inline constexpr int BootContourPoints = 200;
 /// Mean tensor, errors and bootstrap of the records that the view shows (`IsShown`), averages of
 /// the in-phase `Km` and of the factors also of those without an out-of-phase block. Fails with
 /// "Division by zero" where a group has equal mean values or no scatter; what was computed before
-/// stands, and `stats.Reached` tells how far that is.
+/// stays, and `stats.Reached` says how far that is.
 void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, TensorBlock reImMode,
                      const Array1<std::int16_t, FactorSlots>& facIndex,
                      std::span<const float> gaussTable, GroupStats& stats);

@@ -4,8 +4,8 @@
 
 namespace velorix {
 
-// Orientation parameter P4 tells how the azimuth of a foliation was taken in the field. In a record
-// it is always a dip direction; strikes stand in files alone. Degrees.
+// Orientation parameter P4 says how the azimuth of a foliation was measured in the field. In a
+// record it is always a dip direction; only files have strikes. Degrees.
 
 /// The value of P4 for strikes, by the right-hand rule: the plane dips to the right of its strike.
 inline constexpr std::int16_t StrikeAndDip = 90;

@@ -22,8 +22,8 @@ Guarded SumOfSquares(Guarded x, Guarded y, Guarded z, Guarded mean) {
 
 using Input = const FactorInput&;
 
-/// Twice the scatter of the logarithms, less a trifle that makes the root of an isotropic specimen
-/// fail: wanted, its factors 2 and 3 can't be computed.
+/// Twice the scatter of the logarithms. Kept for agreement with published results: less a
+/// trifle, so that the root of an isotropic specimen, its factors 2 and 3, can't be computed.
 Guarded TwiceLogScatter(Input f) { return 2 * (SumOfSquares(f.n1, f.n2, f.n3, f.n) - 1e-20); }
 
 struct Factor {
@@ -31,8 +31,8 @@ struct Factor {
   Guarded (*Compute)(Input);
 };
 
-// The mix of a, b, c and of k1, k2, k3 as given is wanted: for sets with a negative value the
-// latter give other numbers than their neighbours.
+// Kept for agreement with published results: some formulas use a, b, c and others k1, k2, k3 as
+// given. For sets with a negative value these differ.
 // clang-format off
 constexpr Factor Factors[] = {  // index = position
   {"",                                            [](Input f) { return f.m0; }},

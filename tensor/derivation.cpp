@@ -70,7 +70,8 @@ struct PlaneAndLine {
 
 PlaneAndLine ChoosePlaneAndLine(const SpecimenRecord& record, const Turned& t, const View& view) {
   PlaneAndLine chosen;
-  for (int i = 1; i <= 2; ++i) {  // of two slots with the same code the second wins: wanted
+  // Kept for agreement with published results: of two slots with one code, the second.
+  for (int i = 1; i <= 2; ++i) {
     if (record.FoliName[i] != view.FoliCode) continue;
     chosen.Plane = t.Foliations[i];
     if (view.LineCode == "0") {
@@ -96,9 +97,11 @@ void TurnToPaleogeographic(Turned& t, const SpecimenRecord& record, const View& 
   const Array1<Direction, 2> before = t.Foliations;
   TurnDirections(t, M);
   for (int i = 1; i <= 2; ++i) {
-    t.Foliations[i].Dec = before[i].Dec;  // only the dip is turned: wanted
+    // Kept for agreement with published results: only the dip is turned, and a dip direction
+    // from the line may be negative.
+    t.Foliations[i].Dec = before[i].Dec;
     if (record.LineName[i] == view.LineCode) {
-      t.Foliations[i].Dec = t.Lineations[i].Dec - 90;  // may be negative: wanted
+      t.Foliations[i].Dec = t.Lineations[i].Dec - 90;
       t.Lineations[i].Inc = 0;
     }
   }
@@ -107,7 +110,7 @@ void TurnToPaleogeographic(Turned& t, const SpecimenRecord& record, const View& 
 
 void TurnToTectonic(Turned& t, const View& view, const Direction& line) {
   const double target = view.TectoEastWest ? 90 : 0;
-  // The line's trend is the stored one, not the one just turned: wanted.
+  // Kept for agreement with published results: the stored trend, not the one just turned.
   const double apart = AngleBetween({target, 0}, {line.Dec, 0});
   const double from = apart > 90 && view.TectoNorthSouth ? line.Dec + 180 : line.Dec;
   const Matrix33 M = VerticalRotation(target - from);

@@ -135,7 +135,7 @@ void SortDescending(V& value, V& order, const N n) {
   }
 }
 
-/// The larger of two in front, without a branch, which would be a coin's throw.
+/// The larger of two in front, without a branch, which no processor could predict.
 void Descend(double& x, double& y) {
   const double larger = x < y ? y : x, smaller = x < y ? x : y;
   x = larger;
@@ -162,8 +162,8 @@ void Solve(const M& A, M& D, M& W, const N n) {
   SortDescending(value, order, n);
   for (int j = 1; j <= n; ++j) {
     const int m = static_cast<int>(order[j]);
-    // A last component of 0 makes the whole vector 0. Wanted: directions of diagonal tensors rest
-    // on it.
+    // Kept for agreement with published results: a last component of 0 makes the whole vector
+    // 0. Directions of diagonal tensors depend on it.
     const int g = Sgn(turns(n, m));
     for (int i = 1; i <= n; ++i) {
       W(i, j) = turns(i, m) * g;

@@ -8,9 +8,9 @@ namespace velorix {
 /// threshold (the threshold Jacobi method: Wilkinson J.H., 1965, The Algebraic Eigenvalue Problem).
 ///
 /// D: the eigenvalues on the diagonal, descending, zeros elsewhere. W: the eigenvectors, one a
-/// column, in the same order, each with its last component positive. A vector whose last component
-/// is exactly 0, such as those of an exactly diagonal matrix, becomes the zero vector; this is
-/// wanted.
+/// column, in the same order, each with its last component positive. Kept for agreement with
+/// published results: a vector whose last component is exactly 0, such as those of an exactly
+/// diagonal matrix, becomes the zero vector.
 ///
 /// A matrix with a value that isn't finite, or whose squares overflow, gives NaN in all of D and W
 /// at once. More than 32767 rotations fail with "Overflow". D and W may be A itself. 3 by 3

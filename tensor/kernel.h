@@ -162,8 +162,8 @@ void Mvmpy(const MA& A, const VX& x, VY& y) {
 
 /// C = A times B times A transposed, the turn of a tensor. C may be B.
 ///
-/// Both products are rounded to 32 bits, element by element, and this is wanted: the published
-/// digits of rotated tensors carry it. It also makes C a rounding or two short of symmetric.
+/// Kept for agreement with published results: both products are rounded to 32 bits, element
+/// by element. C is therefore symmetric to a rounding or two only.
 template <class MA, class MB, class MC>
 inline void Mxabat(const MA& A, const MB& B, MC& C) {
   const int n = C.Rows(), m = A.Columns();

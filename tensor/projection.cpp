@@ -36,7 +36,7 @@ Direction InverseEqualArea(const Point& p) {
   if (p.x == 0 && p.y == 0) return {0, 90};
   const double r = std::sqrt(p.x * p.x + p.y * p.y);
   const double width = Round32(r);
-  if (width == 0) FailDivision();  // a point closer to the centre than 32 bits can tell
+  if (width == 0) FailDivision();  // a point whose distance from the centre is 0 in 32 bits
   Direction d{DegPerRad64 * ArcSin(p.x / width), DegPerRad64 * ArcSin(Round32(1 - r * r))};
   if (p.y < 0) d.Dec = 180 - d.Dec;
   if (d.Dec >= 360) d.Dec -= 360;

@@ -19,9 +19,8 @@ struct Point {
 Point ProjectDirection(Projection projection, const Direction& d);
 
 /// The direction at a point of the equal-area net, for the cursor read-out; the centre gives (0,
-/// 90). Outside the primitive circle the inclination is negative, and 270 where the radius is the
-/// root of
-/// 2. A point nearer to the centre than a 32-bit radius can tell fails with "Division by zero".
+/// 90). Outside the primitive circle the inclination is negative, and 270 at a radius of sqrt(2). A
+/// point whose 32-bit radius is 0 but which is not the centre fails with "Division by zero".
 Direction InverseEqualArea(const Point& p);
 
 /// The linear map, each axis by itself, that takes `p1` to `q1` and `p2` to `q2`. Points p1 and p2

@@ -37,7 +37,8 @@ Matrix<3, 3> FoliationMatrix(Direction plane, const Direction& line, int form) {
   }
   const double dec = plane.Dec / DegPerRad;
   const Matrix<3, 3> level = AxisRotation({-std::sin(dec), std::cos(dec), 0}, plane.Inc);
-  // A horizontal line isn't brought back to its trend: wanted.
+  // Kept for agreement with published results: a horizontal line isn't brought back to its
+  // trend.
   if (line.Inc == 0) return level;
 
   Vector<3> turned = DirectionToVector(1, line);

@@ -17,9 +17,9 @@ Matrix<3, 3> OrientationMatrix(double azimuth, double inclination, std::int16_t 
                                std::int16_t P3);
 
 /// The turn of geographic axes into paleogeographic ones: brings `plane` (dip direction and dip) to
-/// the horizontal and keeps `line` at its old trend. A line with inclination exactly 0 isn't
-/// brought back to its trend; this is wanted. `form` 90: the plane is given by strike, right-hand
-/// rule.
+/// the horizontal and keeps `line` at its old trend. `form` 90: the plane is given by strike,
+/// right-hand rule. Kept for agreement with published results: a line with inclination exactly 0
+/// isn't brought back to its trend.
 Matrix<3, 3> FoliationMatrix(Direction plane, const Direction& line, int form = 0);
 
 /// The turn about axis 3 that takes declination D to D + angle.

@@ -49,7 +49,8 @@ Tokens SplitAtChar(std::string_view text, char separator) {
   return tokens;
 }
 
-// 30 here and 32 below: the codes 30 and 31 stay in a name. Wanted.
+// Kept for agreement with published results: 30 here and 32 below, so that the codes 30 and 31
+// stay in a name.
 std::string CleanName(std::string_view text) { return WithoutBelow(StripBlanks(text), 30); }
 
 std::string StripControls(std::string_view text) { return WithoutBelow(text, 32); }

@@ -16,7 +16,7 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsSign(char c) { return c == '+' || c == '-'; }
 
 /// The shortest text that reads back to `value`: fixed from 0.0001 to below `limit`, beyond that in
-/// exponent form. The standard's exponents have a sign and two digits as wanted; only the letter
+/// exponent form. The standard's exponents have a sign and two digits, as here; only the letter
 /// is small.
 template <class Float>
 void AppendShortest(std::string& to, Float value, Float limit) {
@@ -96,7 +96,7 @@ struct Fixed {
 constexpr std::uint64_t PowersOfTen[] = {1, 10, 100, 1000, 10000, 100000, 1000000};
 
 /// Rounds `value` >= 0 with integers alone. False when that could not be decided: too many
-/// decimals, too large a value, or one that lies closer to a half than 44 binary places tell.
+/// decimals, too large a value, or one that lies too close to a half for 44 binary places.
 bool RoundFast(double value, int decimals, Fixed& fixed) {
   if (decimals >= static_cast<int>(std::size(PowersOfTen)) || value >= 1e15) return false;
   constexpr std::uint64_t one = std::uint64_t{1} << 44, half = one / 2;
@@ -219,7 +219,7 @@ bool IsNumberText(std::string_view text) {
       point = true;
     } else if (IsSign(c)) {
       if (i > 0 && text[i - 1] != 'E') return false;
-    } else if (!IsDigit(c) && c != 'E') {  // a lower-case e is refused: wanted
+    } else if (!IsDigit(c) && c != 'E') {  // a lower-case e is refused
       return false;
     }
   }
@@ -239,7 +239,7 @@ std::int16_t DigitsOfText(std::string_view text) {
 std::string FormatNumber(double value, std::string_view picture) {
   const Picture shape = ReadPicture(picture);
   if (!std::isfinite(value)) return {};
-  const char sign = value < 0 ? '-' : ' ';  // -0.0 counts as 0: wanted
+  const char sign = value < 0 ? '-' : ' ';  // -0.0 counts as 0
   value = std::abs(value);
 
   Fixed fixed;
@@ -283,7 +283,7 @@ std::string SignificantText(double value, int digits) {
   const std::size_t count = static_cast<std::size_t>(digits);
   Decimal d{std::string(count, '0'), 0};
   if (value != 0) {
-    d = DigitsOf(std::abs(value), digits + 2);   // three digits more than shown tell how to round,
+    d = DigitsOf(std::abs(value), digits + 2);   // three digits more than shown decide,
     if (d.Digits.compare(count, 3, "500") == 0)  // unless they are themselves rounded to a half
       d = DigitsOf(std::abs(value), ExactDecimals);
     const bool up = d.Digits[count] >= '5';
@@ -296,7 +296,7 @@ std::string SignificantText(double value, int digits) {
   }
   if (digits > 1) d.Digits.insert(1, 1, '.');
   const int size = std::abs(d.Exponent);
-  std::string text = value == 0 ? " " : value < 0 ? "-" : "";  // only 0 has a blank: wanted
+  std::string text = value == 0 ? " " : value < 0 ? "-" : "";  // only 0 has a blank
   text.append(d.Digits).append(d.Exponent < 0 ? "E-" : "E+").append(size < 10 ? "0" : "");
   return text + std::to_string(size);
 }

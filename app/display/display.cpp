@@ -84,8 +84,8 @@ void RefreshViews(Velorix& velorix) {
 void AnisoView_DisplayAllPlots(Velorix& velorix) {
   velorix.Views.RedrawStereo();
   velorix.Views.RedrawHisto();
-  // Both plots take the switch of the first one: the second has its own only from a change of one
-  // of its controls to the next display. This is wanted.
+  // Kept for agreement with published results: both plots take the switch of the first one. The
+  // second has its own only from a change of one of its controls to the next display.
   for (const int plot : {1, 2}) {
     velorix.XYLines[plot] = velorix.XYPlot[1].lines;
     velorix.Views.RedrawXYPlot(plot);

@@ -6,7 +6,7 @@
 namespace velorix {
 
 /// A numeric failure of the group statistics. What they computed before it stands, and all else of
-/// the display does; so it is told beside the views, not in a box.
+/// the display does; so it is shown beside the views, not in a box.
 struct StatisticsFault : Fault {
   using Fault::Fault;
 };

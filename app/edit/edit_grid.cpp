@@ -142,7 +142,8 @@ bool IsDoubtful(const EditRow& row, int column) {
 void CommitSlot(const EditRow& row, int slot, SpecimenRecord& record) {
   const int foli = FoliationColumn(slot), line = LineationColumn(slot);
   const bool has = SlotHasCode(row, foli);
-  // Wanted: without codes the second slot leaves the flags as the first one put them.
+  // Kept for agreement with published results: without codes the second slot leaves the flags as
+  // the first one put them.
   if (has || slot == 1) record.HasCoor[3] = record.HasCoor[4] = has;
   const auto angle = [&](int column) { return has ? AngleIn(row[column]) : 0.0f; };
   record.FoliName[slot] = row[foli];

@@ -25,7 +25,7 @@ struct OrientationChoice {
 };
 
 /// Takes the choice into the settings and writes them. Records keep the parameters that they were
-/// read with, so other ones close the open file, of which the user is told, and forget the
+/// read with, so other ones close the open file, with a message, and forget the
 /// geological file. A file that can't be written is a fault; the session has the choice then.
 void ChangeOrientationParameters(Velorix& velorix, const OrientationChoice& choice);
 

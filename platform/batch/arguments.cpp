@@ -41,6 +41,14 @@ std::string Words(const auto& rows) {
   return words;
 }
 
+/// The words of the coordinate systems, between bars.
+std::string SystemWords() {
+  std::string words;
+  for (const CoordinateSystem system : SystemsInView)
+    words += std::string(words.empty() ? "" : "|") + NamesOf(system).Option;
+  return words;
+}
+
 /// The extensions of the files in which records can be saved: ".ams or .ran".
 std::string SavedExtensions() {
   std::string extensions;
@@ -59,7 +67,7 @@ const OptionRow Options[] = {
     {"--settings",      "FILE",                      "settings to use; mended when missing or bad",     &Arguments::SettingsFile},
     {"--ged",           "FILE",                      "geological file to read; may be repeated",        &Arguments::Ged, true},
     {"--assign-ged",    "",                          "orientations from the geological files",          &Arguments::AssignGed},
-    {"--coor",          "spec|geo|paleo|tecto",      "coordinate system; default geo",                  Choice{&Arguments::CoorSys, 0}},
+    {"--coor",          SystemWords(),               "coordinate system; default geo",                  Choice{&Arguments::CoorSys, 0}},
     {"--block",         "kre|kim",                   "in-phase or out-of-phase tensor; default kre",    Choice{&Arguments::Block, 0}},
     {"--plane",         "horizontal|vertical",       "what the foliation becomes; default horizontal",  Choice{&Arguments::Plane, 0}},
     {"--axis",          "north|north-south|east|east-west", "where the lineation goes; default north",  Choice{&Arguments::Axis, 0}},

@@ -8,7 +8,7 @@ namespace velorix {
 /// Whether standard error is a terminal.
 bool IsTerminal();
 
-/// A line on standard error that tells how far long work is, written over and over and wiped at the
+/// A line on standard error that says how far long work is, written over and over and wiped at the
 /// end. Work that is done within a second shows none.
 class Progress {
  public:

@@ -46,7 +46,8 @@ fs::path UserDataFolder() {
 fs::path DataRootFolder() { return HomeFolder() / "Zelmor" / "Data"; }
 #endif
 
-/// Whether a file can be made in the folder, found out by making one: permissions don't tell.
+/// Whether a file can be made in the folder, found out by making one: permissions alone don't
+/// decide it.
 bool CanWrite(const fs::path& folder) {
   const fs::path probe = folder / ".velorix-probe";
   std::error_code ignored;
@@ -92,7 +93,7 @@ Host MakeHost(const std::string& executablePath) {
   fs::path folder = PathOf(executablePath).parent_path();
   if (IsInstalled(folder) || !CanWrite(folder)) {
     folder = UserDataFolder();
-    std::error_code ignored;  // whoever writes there hears of it
+    std::error_code ignored;  // a write there will report it
     fs::create_directories(folder, ignored);
   }
   return {Utf8Of(folder), Utf8Of(DataRootFolder()), ListFolder};

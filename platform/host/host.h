@@ -7,7 +7,7 @@
 
 namespace velorix {
 
-/// Full path of the running program, UTF-8; from the system where it tells, else from `argv0`.
+/// Full path of the running program, UTF-8; from the system where it says so, else from `argv0`.
 std::string ExecutablePath(const std::string& argv0);
 
 /// What the program asks of this system. `AppFolder` is the folder of the executable when it can be

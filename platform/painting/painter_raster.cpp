@@ -20,7 +20,7 @@ std::vector<int> UnitsOf(const std::vector<int>& edges) {
   return units;
 }
 
-/// A picture whose pixels are the units of the raster that the lists tell.
+/// A picture whose pixels are the units of the raster.
 QImage Magnified(std::span<const Colour> pixels, int width, const std::vector<int>& columns,
                  const std::vector<int>& rows) {
   QImage image(static_cast<int>(columns.size()), static_cast<int>(rows.size()),

@@ -31,7 +31,7 @@ enum class Surface { Pixels, Page };
 /// be one pixel of its device. Pens scale with the plane but never get thinner than a device pixel.
 ///
 /// A small shape drawn before with the same pen and brush is stamped as a picture on pixels, since
-/// a full store means 98,000 symbols; nothing else tells it from one that was drawn.
+/// a full store means 98,000 symbols; nothing else distinguishes it from one that was drawn.
 class PainterTarget : public Target {
  public:
   PainterTarget(QPainter& painter, const PlaneFit& fit, Surface surface = Surface::Pixels);

@@ -14,7 +14,7 @@ namespace velorix {
 /// The file dialog's filters for pictures of a plane.
 std::string PictureFilter();
 
-/// What is wrong with the name of a picture file, or nothing: the extension tells the type, one of
+/// What is wrong with the name of a picture file, or nothing: the extension gives the type, one of
 /// png, bmp, gif, jpg, jpeg, tif, tiff (pixels), svg, pdf.
 std::string PictureComplaint(const std::string& path);
 

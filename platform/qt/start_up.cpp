@@ -17,7 +17,7 @@ constexpr int SplashTime = 2000;  // milliseconds that the splash stands behind 
 /// In the window's own size, or filling the screen where that size leaves no room for its frame:
 /// the line at the bottom must not be beyond the edge.
 static void ShowWithFrame(QWidget& window) {
-  constexpr QSize Frame(16, 48);  // generous: no system tells it before the window stands
+  constexpr QSize Frame(16, 48);  // generous: no system gives it before the window is shown
   const QSize wanted = window.size();
   window.resize(wanted.boundedTo(window.screen()->availableSize() - Frame));
   window.size() == wanted ? window.show() : window.showMaximized();

@@ -18,7 +18,7 @@ inline constexpr int MaxTicks = 101;
 /// finite.
 AxisRange AxisScale(double lower, double upper);
 
-/// The decimals that tell ticks `step` apart: none from 1 up, at most three.
+/// The decimals that distinguish ticks `step` apart: none from 1 up, at most three.
 const char* TickPicture(double step);
 /// The same for ticks divided by the power of ten of `lower`, up to five decimals.
 const char* PowerTickPicture(double lower, double step);

@@ -10,7 +10,7 @@ namespace velorix {
 // Numbers become colours. Fractions are 32-bit and channels are rounded to whole numbers, halves to
 // even.
 
-/// Fourteen colours that are easy to tell apart; the first three are those of Kmax, Kint and Kmin,
+/// Fourteen colours that are easy to distinguish; the first three are those of Kmax, Kint and Kmin,
 /// 6, 7 and 9 their darker pair for bootstrap contours.
 inline constexpr Slots<Colour, 0, 13> ColorTable = {255,      65280,    0xFF0000, 33023,   0xFF00FF,
                                                     0xFFFF00, 128,      32768,    32896,   0x800000,

@@ -9,7 +9,7 @@ namespace velorix {
 
 namespace {
 
-// Circles and rectangles take colour 0 for "hollow". That is wanted: no caller fills them black.
+// Circles and rectangles take colour 0 for "hollow": no caller fills them black.
 Brush HollowIfZero(Colour fill) { return fill == 0 ? Brush(NoBrush) : Brush(fill); }
 
 }  // namespace

@@ -11,8 +11,7 @@
 namespace velorix {
 
 /// A target whose calls become the records of a Windows metafile, in one buffer. Texts are set in
-/// Windows-1252. Coordinates have 16 bits: what lies beyond goes to the nearest place that they can
-/// tell.
+/// Windows-1252. Coordinates have 16 bits: what lies beyond is moved to the nearest of them.
 ///
 /// Pen, brush and font stay selected until a call asks for another one, which then takes the place
 /// of the old one in the object table: so a picture of any size needs a table of four places, and
@@ -20,7 +19,7 @@ namespace velorix {
 class MetafileTarget : public Target {
  public:
   /// `window` is the logical plane, stretched to whatever room the picture gets. Without one the
-  /// window's extent is 0 by 0 and no mapping is set, for a host that tells the extent itself.
+  /// window's extent is 0 by 0 and no mapping is set, for a host that gives the extent itself.
   /// `header` stays in front of the metafile: with `PlaceableHeader` the whole is a file.
   explicit MetafileTarget(std::optional<PlaneSize> window, std::string header = {});
 

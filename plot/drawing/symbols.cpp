@@ -31,7 +31,7 @@ constexpr Stroke Vertical   = { 0.0, -0.5,  0.0,  0.5};
 constexpr Stroke Horizontal = {-0.5,  0.0,  0.5,  0.0};
 constexpr Stroke Falling    = {-0.354, -0.354, 0.354,  0.354};
 constexpr Stroke Rising     = {-0.354,  0.354, 0.354, -0.354};
-// 0.345 where its fellows have 0.354: symbol 13 is off at that corner, and that is wanted.
+// Kept for agreement with published results: 0.345 where the other corners have 0.354.
 constexpr Stroke FallingOff = {-0.345, -0.354, 0.354,  0.354};
 
 constexpr Shape Catalogue[] = {
@@ -102,7 +102,8 @@ void DrawBody(Body body, const Place& place, const Pen& pen, Colour fill) {
       place.Square(pen, fill);
       break;
     case Body::Triangle: {
-      // Its height is its base, 1, and not the 0.866 of an equilateral one: 0.7113 is wanted.
+      // Kept for agreement with published results: the height equals the base, 1, instead of the
+      // 0.866 of an equilateral triangle.
       const LogicalPoint p[] = {place.At(-0.5, 0.2887), place.At(0, -0.7113),
                                 place.At(0.5, 0.2887)};
       place.target.Polygon(p, pen, fill);
@@ -118,7 +119,7 @@ void DrawBody(Body body, const Place& place, const Pen& pen, Colour fill) {
 
 void DrawSymbol(Target& target, std::int16_t type, float x, float y, std::int16_t size, Colour fill,
                 Pen& pen) {
-  if (pen.width == 0) pen.width = 1;  // the caller's pen changes too: wanted
+  if (pen.width == 0) pen.width = 1;  // in the caller's pen too
   const Place place = {target, x, y, static_cast<double>(size)};
 
   if (type == -1) {

@@ -7,9 +7,9 @@
 
 namespace velorix {
 
-// Curves on the net. Each of the three leaves the lower hemisphere in its own way, and this is
-// wanted: ellipses and great circles stop a step short of the primitive circle, lists of directions
-// end on it. Angles are degrees. A curve with a number that is not finite is not drawn.
+// Curves on the net. Kept for agreement with published results: ellipses and great circles stop a
+// step short of the primitive circle, lists of directions end on it. Angles are degrees. A curve
+// with a number that is not finite is not drawn.
 
 /// A confidence region round principal direction `axis`: column `axis` of `vectors`, semi-axes
 /// toward the other two columns, turned by `rotation` about the direction.
@@ -21,7 +21,7 @@ struct ConfidenceEllipse {
 
 /// Draws the region's outline in steps of one degree; nothing when a semi-axis is 0. An arc in the
 /// upper hemisphere reappears at the opposite side of the net or, with `showUpper`, overlays the
-/// lower one and is told from it by its dashes.
+/// lower one and is dashed.
 void DrawConfidenceEllipse(Target& target, const Net& net, Projection projection, bool showUpper,
                            const ConfidenceEllipse& ellipse, Pen pen);
 

@@ -3,8 +3,8 @@
 namespace velorix {
 namespace {
 
-/// Strike sticks on the rim. An unselected record gets one, a selected one the two at right angles
-/// to its dip direction: this difference is wanted.
+/// Strike sticks on the rim. Kept for agreement with published results: an unselected record gets
+/// one, a selected one the two at right angles to its dip direction.
 void DrawSticks(const StereoView& view, double poleDec, bool selected, Colour colour) {
   constexpr double NoDeclination = 30000;  // a damaged file may hold any number
   const auto stick = [&](double dec) {

@@ -37,8 +37,8 @@ void DrawDataLines(const StereoView& view) {
   if (!view.options.showData || !view.options.showDataLines || records.Count() < 2) return;
   for (int k = 1; k <= 3; ++k) {
     if (!view.options.showAxis[k]) continue;
-    // A record that isn't in view leaves its entry at the origin, and the line runs there and back:
-    // this is wanted.
+    // Kept for agreement with published results: a record that isn't in view leaves its entry at
+    // the origin, and the line runs there and back.
     std::vector<LogicalPoint> points;
     for (const SpecimenRecord& record : records) {
       LogicalPoint& point = points.emplace_back();

@@ -34,8 +34,9 @@ struct ContourView {
     return ToShort(std::floor(density / static_cast<float>(levels.Step)));
   }
   Colour ColourAt(float fraction) const { return BlendColor(display.Colour, White, fraction); }
-  /// Level i of the list has the colour of the nodes with level index i. The index changes at the
-  /// multiples of the step, below the level's value where the step is above 1: wanted.
+  /// Level i of the list has the colour of the nodes with level index i. Kept for
+  /// agreement with published results: the index changes at the multiples of the step, below the
+  /// level's value where the step is above 1.
   Colour LevelColour(int index) const {
     return ColourAt(static_cast<float>((index - 1) * levels.Step + 1) /
                     static_cast<float>(levels.Top()));
@@ -69,7 +70,7 @@ void BlackenContours(ContourGrid& grid) {
     }
 }
 
-/// The nodes as they are painted: as coloured, computed ones marked when that is wanted.
+/// The nodes as they are painted: as coloured, computed ones marked where the options say so.
 void PaintNodes(const ContourView& view, const ContourGrid& grid) {
   std::vector<Colour> pixels(grid.Colour);
   for (std::size_t n = 0; n < pixels.size(); ++n)

@@ -106,7 +106,7 @@ TEST(ReadAscFile, NamesAreFifteenCharactersWithoutControlsAndBlanksAtTheEnds) {
       {"  ab cd  ", "ab cd"},
       {"123456789012345678", "123456789012345"},
       {"\x01\x02 a\tb \x03", "ab"},  // trimmed again behind the controls
-      {"\x1E x", "\x1E x"},          // 30 and 31 stay: wanted
+      {"\x1E x", "\x1E x"},          // 30 and 31 stay
       {"\xDCml\xE4ut", "Ümläut"},    // single-byte on disk
       {"\xE4\xE4\xE4\xE4\xE4\xE4\xE4\xE4\xE4\xE4\xE4\xE4\xE4\xE4\xE4\xE4", "äääääääääääääää"},
   };

@@ -67,7 +67,7 @@ class WindowsTest : public WindowTest {
   void theMainWindowComesAfterTheSplashWithinTheScreen() {
     ScriptedDialogs asked;
     frmVelorix window;
-    Velorix program{asked, window, {}};
+    Velorix program{asked, window, window, {}};
     program.Host.AppFolder = W().Path("program");
     program.Host.DataRoot = W().Path("data");
     bool splashAlone = false;

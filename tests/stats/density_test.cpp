@@ -86,7 +86,7 @@ ContourData Cluster(int count, double dec, double inc) {
   return data;
 }
 
-/// The sum at one node as it is told, term by term.
+/// The sum at one node as it is defined, term by term.
 float PlainSum(float x, float y, float z, const ContourData& data, float smooth) {
   float density = 0;
   for (std::size_t d = 0; d < data.X.size(); ++d) {

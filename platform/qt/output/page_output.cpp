@@ -49,7 +49,7 @@ void CopyPicture([[maybe_unused]] const std::string& metafile, PlaneSize plane,
                  const Host::DrawPicture& draw) {
   const QByteArray svg = PictureBytes("svg", plane, 1, draw);
 #ifdef _WIN32
-  MetafileTarget picture(std::nullopt);  // the clipboard tells the extent itself
+  MetafileTarget picture(std::nullopt);  // the clipboard gives the extent itself
   draw(picture);
   PutOnClipboard(picture.Bits(), svg.toStdString());
 #else

@@ -4,7 +4,7 @@
 
 namespace velorix {
 
-/// What the ground of a cell or field tells.
+/// What the background of a cell or field means.
 enum class Mark {
   Doubt,    // it is not read as it stands
   Matched,  // it came from a geological file

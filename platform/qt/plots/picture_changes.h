@@ -34,7 +34,7 @@ struct TileGrid {
   }
 };
 
-/// What tells a call of a composition from others, and the tiles that hold its ink.
+/// What distinguishes a call of a composition from others, and the tiles that hold its ink.
 struct CallMark {
   std::uint64_t hash = 0;
   std::uint32_t firstTile = 0, tileCount = 0;

@@ -17,8 +17,8 @@ struct PlotNames {
   const char *Title, *Picture, *Button, *Frame, *PictureTip, *ButtonTip;
 };
 
-/// A plot with its property frame, which a button opens and shuts; the button's picture tells the
-/// state.
+/// A plot with its property frame, which a button opens and shuts; the button's picture shows
+/// the state.
 class PlotPanel : public QFrame {
  public:
   /// `appFolder` is where the button's pictures are looked for first.

@@ -17,11 +17,15 @@
 
 namespace velorix {
 
+/// What stands below the group of a check box.
+enum class Below { Nothing, ColourCoding, FoliationCodes, LineationCodes };
+
 /// A check box of the property frame: `Heading` begins a group, `Back` colours it.
 struct OptionCheck {
   const char *Heading, *Name, *Caption, *Tip;
   Colour Back;
   bool& (*Field)(StereoOptions&);
+  velorix::Below Below = Below::Nothing;
 };
 
 namespace {
@@ -48,12 +52,12 @@ constexpr OptionCheck Checks[] = {
     {"", "chkGC(3)", "Circle", "Great circles perpendicular to Kmin", KminBack, [](O& o) -> bool& { return o.showGreatCircle[3]; }},
     {"Texts", "chkCaption(0)", "Captions", "Coordinate system, projection and number of records beside the net", NoBack, [](O& o) -> bool& { return o.showCaptions; }},
     {"", "chkCaption(1)", "Legend", "Legend of axes, foliations and lineations", NoBack, [](O& o) -> bool& { return o.showLegend; }},
-    {"Colours", "chkStereoColorCoding", "By value", "Colour the symbols by a parameter", NoBack, [](O& o) -> bool& { return o.colourByValue; }},
+    {"Colours", "chkStereoColorCoding", "By value", "Colour the symbols by a parameter", NoBack, [](O& o) -> bool& { return o.colourByValue; }, Below::ColourCoding},
     {"Foliations", "chkFoli(0)", "Planes", "Draw the foliations chosen below, outside specimen coordinates", FoliBack, [](O& o) -> bool& { return o.showPlanes; }},
     {"", "chkFoli(1)", "Circles", "Planes as great circles", FoliBack, [](O& o) -> bool& { return o.planesAsCircles; }},
     {"", "chkFoli(2)", "Poles", "Planes as poles", FoliBack, [](O& o) -> bool& { return o.planesAsPoles; }},
-    {"", "chkFoli(3)", "Strikes", "Planes as strike sticks on the rim", FoliBack, [](O& o) -> bool& { return o.planesAsStrikes; }},
-    {"Lineations", "chkFoli(4)", "Lines", "Draw the lineations chosen below, outside specimen coordinates", FoliBack, [](O& o) -> bool& { return o.showLines; }},
+    {"", "chkFoli(3)", "Strikes", "Planes as strike sticks on the rim", FoliBack, [](O& o) -> bool& { return o.planesAsStrikes; }, Below::FoliationCodes},
+    {"Lineations", "chkFoli(4)", "Lines", "Draw the lineations chosen below, outside specimen coordinates", FoliBack, [](O& o) -> bool& { return o.showLines; }, Below::LineationCodes},
 };
 // clang-format on
 
@@ -153,15 +157,21 @@ void StereoPanel::AddCheck(const OptionCheck& check, QGridLayout& group) {
   });
   const int place = group.count();
   group.addWidget(box, place / 2, place % 2);
-  if (box->objectName() == "chkStereoColorCoding") {
-    AddColourCoding(group);
-    connect(box, &QCheckBox::toggled, this, [this](bool on) { EnableColourCoding(on); });
-    EnableColourCoding(box->isChecked());
+  switch (check.Below) {
+    case Below::Nothing:
+      break;
+    case Below::ColourCoding:
+      AddColourCoding(group);
+      connect(box, &QCheckBox::toggled, this, [this](bool on) { EnableColourCoding(on); });
+      EnableColourCoding(box->isChecked());
+      break;
+    case Below::FoliationCodes:
+      lstFoli_ = AddCodes("lstFoli", "Foliations shown, by their codes", ShowFoliation);
+      break;
+    case Below::LineationCodes:
+      lstLine_ = AddCodes("lstLine", "Lineations shown, by their codes", ShowLineation);
+      break;
   }
-  if (box->objectName() == "chkFoli(3)")
-    lstFoli_ = AddCodes("lstFoli", "Foliations shown, by their codes", ShowFoliation);
-  if (box->objectName() == "chkFoli(4)")
-    lstLine_ = AddCodes("lstLine", "Lineations shown, by their codes", ShowLineation);
 }
 
 /// The list of parameters and the two ways of colouring, below their check box.

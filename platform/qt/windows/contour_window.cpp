@@ -78,7 +78,7 @@ QVBoxLayout* AddFrame(QVBoxLayout& column, const char* name, const char* title, 
   return inside;
 }
 
-/// A line that stands out while it has something to tell.
+/// A line that is marked while it has a text.
 void ShowNotice(QLabel& label, const QString& text) {
   QPalette palette = QApplication::palette();
   palette.setColor(QPalette::Window, MarkColour(Mark::Doubt));

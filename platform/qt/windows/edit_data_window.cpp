@@ -26,7 +26,7 @@ frmEditData::frmEditData(Velorix& velorix, QWidget* owner) : QDialog(owner), vel
   line_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   doubts_ = new QLabel(this);
   doubts_->setObjectName("lblDoubts");
-  doubts_->setToolTip("A cell tells by its tip what is wrong with it");
+  doubts_->setToolTip("A cell's tip says what is wrong with it");
 
   auto* column = new QVBoxLayout(this);
   column->addWidget(table_, 1);

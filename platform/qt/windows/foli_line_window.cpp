@@ -59,7 +59,7 @@ void MarkDoubt(QLineEdit& field) {
 frmFoliLine::frmFoliLine(Velorix& velorix, QWidget* owner)
     : QWidget(owner, Qt::Window), velorix_(velorix) {
   setObjectName("frmFoliLine");
-  setWindowTitle("Plane from Lineations       ");  // the blanks are wanted
+  setWindowTitle("Plane from Lineations       ");  // with the blanks
   setAttribute(Qt::WA_QuitOnClose, false);
   auto* column = new QVBoxLayout(this);
   column->addWidget(MakeModes());

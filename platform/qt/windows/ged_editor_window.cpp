@@ -170,7 +170,7 @@ QLayout* frmGEDEditor::MakeButtons() {
   add("cmdDelete", "DELETE", "Take the selected rows out (Ctrl+Del)", "Ctrl+Del",
       [this] { Delete(); });
   add("cmdRestore", "RESTORE ALL", "Bring all rows back (Ctrl+R)", "Ctrl+R", [this] { Restore(); });
-  // Wanted: it stands here without an action.
+  // Kept for agreement with published results: an entry without an action.
   add("cmdCopy1stRow", "COPY 1ST ROW TO ALL", "This button has no action", "", [] {});
   row->addStretch(1);
   add("cmdOK", "OK", "Save to a file and close (Ctrl+S)", "Ctrl+S", [this] { Save(); });

@@ -139,7 +139,7 @@ void ManualPage::doSetSource(const QUrl& page, QTextDocument::ResourceType type)
   QTextBrowser::doSetSource(page, type);
 }
 
-/// The toolkit tells of a page before `source` knows it.
+/// The toolkit reports a page before `source` knows it.
 void ManualPage::DressPage(const QUrl& page) {
   const QString path = page.toLocalFile();
   if (!QFileInfo(path).isFile())

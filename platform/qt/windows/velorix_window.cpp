@@ -63,7 +63,7 @@ QPushButton* MakePanelButton(const char* name, const char* text, const char* tip
 }
 
 /// A window beside the main one stays above it and is not lost behind it: X11 does that for dialogs
-/// alone, whose title has no more than a button to close if not told otherwise.
+/// alone, whose title has only a button to close by default.
 constexpr Qt::WindowFlags AboveMain = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                                       Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint;
 
@@ -242,8 +242,8 @@ void frmVelorix::CountRecords() {
                        .arg(selected));
 }
 
-/// Opens or shuts a window beside this one as the session says. A window that the user closes
-/// tells the session.
+/// Opens or shuts a window beside this one as the session says. When the user closes a
+/// window, the session follows.
 template <class Window>
 void frmVelorix::ShowWindow(bool OpenWindows::*isOpen, Window*& window) {
   const bool open = velorix_->Windows.*isOpen;
