@@ -36,7 +36,7 @@ void PrepareSession(Session& session, DebugLog& log, const Host& host) {
 
 void BuildTables(ContourGrid& grid, std::vector<float>& gaussTable,
                  const std::function<void()>& yield) {
-  BuildContourGrid(grid, 0, 300, 3);
+  BuildContourGrid(grid);
   yield();
   FillGaussTable(gaussTable, yield);
 }

@@ -57,7 +57,7 @@ UnitVectors VectorsOf(const ContourData& data) {
 /// Every way to sum beside the plain one; the argument is the number of data.
 void Sums(benchmark::State& state) {
   ContourGrid grid;
-  BuildContourGrid(grid, 0, 300, 3);
+  BuildContourGrid(grid);
   const ContourData nodes = Nodes(grid), data = RandomData(static_cast<int>(state.range(0)));
   const auto way = static_cast<SumWay>(state.range(1));
   if (!CanSum(way)) {
@@ -97,7 +97,7 @@ extern "C" __m512d _ZGVeN8v_exp(__m512d);
 /// The sums beside as many vectorised exponentials alone.
 void SumsBesideExponentials(benchmark::State& state) {
   ContourGrid grid;
-  BuildContourGrid(grid, 0, 300, 3);
+  BuildContourGrid(grid);
   const ContourData nodes = Nodes(grid), data = RandomData(32767);
   const auto way = static_cast<SumWay>(state.range(0));
   if (!CanSum(way)) {
@@ -127,7 +127,7 @@ BENCHMARK(SumsBesideExponentials)->ArgName("way")->Arg(1)->Arg(2)->Iterations(1)
 /// The whole count on one thread and on two.
 void Threads(benchmark::State& state) {
   ContourGrid grid;
-  BuildContourGrid(grid, 0, 300, 3);
+  BuildContourGrid(grid);
   const ContourData data = RandomData(32767);
   DensityCount count;
   for (auto _ : state) {

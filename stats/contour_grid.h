@@ -31,4 +31,13 @@ struct ContourGrid {
 /// or argument" when `last` < `first` or `step` < 1.
 void BuildContourGrid(ContourGrid& grid, int first, int last, int step);
 
+/// The shape of the program's grid: its last node in both directions, from 0, and the spacing of
+/// the nodes that a count computes.
+inline constexpr int ContourLast = 300, ContourSpacing = 3;
+
+/// The grid of that shape.
+inline void BuildContourGrid(ContourGrid& grid) {
+  BuildContourGrid(grid, 0, ContourLast, ContourSpacing);
+}
+
 }  // namespace velorix

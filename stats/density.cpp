@@ -14,7 +14,6 @@
 namespace velorix {
 namespace {
 
-constexpr int Spacing = 3;  // of the computed nodes
 constexpr double MostSum = std::numeric_limits<float>::max();
 
 /// The computed nodes of all rows, packed: their places in the grid and their vectors.
@@ -24,8 +23,8 @@ struct ComputedNodes {
   std::vector<std::size_t> RowEnd;  // where each row of nodes ends
 
   explicit ComputedNodes(const ContourGrid& grid) {
-    for (int j = grid.First; j <= grid.Last; j += Spacing) {
-      for (int i = grid.First; i <= grid.Last; i += Spacing) {
+    for (int j = grid.First; j <= grid.Last; j += ContourSpacing) {
+      for (int i = grid.First; i <= grid.Last; i += ContourSpacing) {
         const std::size_t node = static_cast<std::size_t>(grid.Index(i, j));
         if (!grid.Inside[node]) continue;
         Place.push_back(node);
@@ -103,19 +102,19 @@ int ThreadsOf(int threads, std::size_t terms) {
 /// Fills the two nodes between computed neighbours of a line of nodes, `stride` apart, by straight
 /// lines. A value of exactly 0 stands for a node that lies outside: its neighbour's value is taken.
 void FillBetween(float* line, int count, int stride) {
-  for (int k = 0; k + Spacing < count; k += Spacing) {
+  for (int k = 0; k + ContourSpacing < count; k += ContourSpacing) {
     float* const from = line + k * stride;
-    double y0 = from[0], y1 = from[Spacing * stride];
+    double y0 = from[0], y1 = from[ContourSpacing * stride];
     if (y0 == 0) y0 = y1;
     if (y1 == 0) y1 = y0;
-    for (int step = 1; step < Spacing; ++step)
-      from[step * stride] = static_cast<float>(y0 + (y1 - y0) * step / Spacing);
+    for (int step = 1; step < ContourSpacing; ++step)
+      from[step * stride] = static_cast<float>(y0 + (y1 - y0) * step / ContourSpacing);
   }
 }
 
 /// Nodes outside the circle take part as ends of lines only where a row's line has reached them.
 void FillAll(std::vector<float>& density, int side) {
-  for (int j = 0; j < side; j += Spacing) FillBetween(density.data() + j * side, side, 1);
+  for (int j = 0; j < side; j += ContourSpacing) FillBetween(density.data() + j * side, side, 1);
   for (int i = 0; i < side; ++i) FillBetween(density.data() + i, side, side);
 }
 

@@ -66,7 +66,7 @@ void DisplayData(Velorix& velorix, bool resetLists) {
 
   // A record that fails here ends the display before its statistics: then no mean is shown, rather
   // than that of the records shown before.
-  velorix.GroupStats.GroupN = 0;
+  ForgetGroup(velorix.GroupStats);
   DeriveView(session);
   ComputeGroup(velorix);
   RefreshViews(velorix);

@@ -23,7 +23,7 @@ struct Counted {
   DensityCount count;
 
   Counted() {
-    BuildContourGrid(grid, 0, 300, 3);
+    BuildContourGrid(grid);
     for (int i = 0; i < 100; ++i) data.Add(40 + 0.7 * i, 20 + 0.5 * i);
     CountDensity(grid, data, 20, count);
   }

@@ -27,7 +27,7 @@ bool CountForBatch(Velorix& velorix, int display, int smooth, bool shown) {
   constexpr int Steps = 100;
   Progress progress("Counting the density", Steps, shown);
   Guarded(velorix, [&] {
-    BuildContourGrid(contour.Grid, 0, 300, 3);
+    BuildContourGrid(contour.Grid);
     ShowContourData(contour, velorix.Session);
     if (contour.InView.Data.Count() == 0)
       std::cerr << "--contour: the view has no such directions.\n";

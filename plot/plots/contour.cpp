@@ -12,9 +12,6 @@
 namespace velorix {
 namespace {
 
-constexpr LogicalPoint Corner = {30, 30};  // of node (0, 0)
-constexpr int Spacing = 3;                 // of the computed nodes
-
 // The legend: title and count, below them the bar from `BarTop` (maximum) to `BarBottom` (0).
 constexpr int LegendLeft = 366, TitleLine = 28, CountLine = 48;
 constexpr int BarWidth = 20, BarTop = 88, BarBottom = 336, LabelLeft = LegendLeft + BarWidth + 8;
@@ -76,12 +73,13 @@ void PaintNodes(const ContourView& view, const ContourGrid& grid) {
   for (std::size_t n = 0; n < pixels.size(); ++n)
     if (!grid.Inside[n]) pixels[n] = NoColour;
   if (view.options.showGridPoints)
-    for (int j = grid.First; j <= grid.Last; j += Spacing)
-      for (int i = grid.First; i <= grid.Last; i += Spacing) {
+    for (int j = grid.First; j <= grid.Last; j += ContourSpacing)
+      for (int i = grid.First; i <= grid.Last; i += ContourSpacing) {
         const std::size_t n = static_cast<std::size_t>(grid.Index(i, j));
         if (grid.Inside[n]) pixels[n] = Yellow;
       }
-  view.target.Raster({Corner.x + grid.First, Corner.y + grid.First}, grid.Side(), pixels);
+  view.target.Raster({ContourCorner.x + grid.First, ContourCorner.y + grid.First}, grid.Side(),
+                     pixels);
 }
 
 /// Each datum with the declination it has: one that points up is not turned over, as nowhere in
@@ -157,7 +155,7 @@ void DrawContour(Target& target, ContourGrid& grid, const ContourData& data,
 }
 
 std::optional<std::size_t> ContourNodeAt(const ContourGrid& grid, double x, double y) {
-  const double i = std::floor(x) - Corner.x, j = std::floor(y) - Corner.y;
+  const double i = std::floor(x) - ContourCorner.x, j = std::floor(y) - ContourCorner.y;
   if (!(i >= grid.First && i <= grid.Last && j >= grid.First && j <= grid.Last)) return {};
   const std::size_t n =
       static_cast<std::size_t>(grid.Index(static_cast<int>(i), static_cast<int>(j)));

@@ -35,8 +35,10 @@ inline constexpr Array1<ContourDisplay, 5> ContourDisplays = {{{"Kmax", 255, 1, 
                                                                {"Foliation Pole", 0xC0C000, 3, 6},
                                                                {"Lineation", 0x800080, 1, 5}}};
 
-/// The net of the contour picture: node (0, 0) of the grid is its unit (30, 30).
-inline constexpr Net ContourNet = {180, 180, 300};
+/// Node (0, 0) of the grid on the contour picture, and the picture's net, a unit a node.
+inline constexpr LogicalPoint ContourCorner = {30, 30};
+inline constexpr Net ContourNet = {ContourCorner.x + ContourLast / 2.0,
+                                   ContourCorner.y + ContourLast / 2.0, ContourLast};
 /// The plane of the picture with its legend.
 inline constexpr PlaneSize ContourPlane = {486, 360};
 
