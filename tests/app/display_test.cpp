@@ -74,22 +74,6 @@ TEST_F(Display, ResetsChosenCodesOnlyWhenAskedTo) {
   EXPECT_EQ(Now.TectoPlane, PaleoPlane::Vertical);
 }
 
-TEST_F(Display, ShowsARecordOnlyInTheSystemsItReaches) {
-  SpecimenRecord bare = Record("bare"), both = Coded("S", "L");
-  bare.HasCoor[2] = false;
-  both.HasIm = true;
-  both.TensorIm = both.Tensor;
-  Fill({bare, Record("oriented"), both});
-  const std::pair<const char*, int> cases[] = {
-      {"mnuView(1)", 3},      {"mnuView(2)", 2}, {"mnuView(3)", 1},     {"mnuView(4)", 1},
-      {"mnuAnisoReIm(2)", 1}, {"mnuView(2)", 1}, {"mnuAnisoReIm(1)", 2}};
-  for (const auto& [menu, shown] : cases) {
-    Menu(menu);
-    EXPECT_EQ(Shown(), shown) << menu;
-    EXPECT_TRUE(CommandNamed(menu).Checked(Program)) << menu;
-  }
-}
-
 TEST_F(Display, TheListsRotateDisregardedRecordsTooButLeaveFactorsAlone) {
   Fill({Record("a"), Record("b")});
   Now.Records[2].Selected = true;
@@ -178,19 +162,6 @@ TEST_F(Display, ARecordThatCannotBeDerivedIsToldAndNoOldMeanStays) {
   OpenFile(WriteRecords("odd.ams", {Record("plain"), odd}));
   EXPECT_EQ(Asked.Boxes, Texts{"Velorix5|Record 2: Overflow|&OK"});
   EXPECT_EQ(Program.GroupStats.GroupN, 0);
-}
-
-TEST_F(Display, StatisticsThatFailAreToldBesideTheViewsAndTheNextCommandWorks) {
-  SpecimenRecord same = Record("same");
-  same.OrientAz = same.OrientInc = 0;
-  same.Tensor = {};
-  same.Tensor[1] = 1.1f, same.Tensor[2] = 1.0f, same.Tensor[3] = 0.9f;
-  OpenFile(WriteRecords("same.ams", {same, same, same, same, same}));
-  EXPECT_NE(Seen.Status.find("Division by zero"), std::string::npos) << Seen.Status;
-  EXPECT_EQ(Seen.Grids, 1);
-  EXPECT_TRUE(Seen.Caption.ends_with("(N = 5)")) << Seen.Caption;
-  OpenFile(WriteFile("a", 3));
-  EXPECT_EQ(Program.GroupStats.Reached, GroupStats::All);
 }
 
 }  // namespace

@@ -70,7 +70,6 @@ bool Same(const RecordArray& a, const RecordArray& b) {
 }
 
 std::string RecordsText(int count) { return std::to_string(count) + " records"; }
-bool IsRead(const std::string& said) { return said.ends_with(" records"); }
 
 /// What reading comes to, behind a record that must stay: "3 records" or the message; held to what
 /// is promised.
@@ -155,14 +154,6 @@ TEST(BadInput, ABinaryFileHasItsRoundedNumberOfRecordsAndZerosFillTheLast) {
   }
 }
 
-TEST(BadInput, NoTextReaderTakesAFileOfAnotherFormat) {
-  for (const Reader& reader : Readers)
-    for (const Reader& other : Readers) {
-      const std::string said = Reading(reader, ExampleOf(other));
-      EXPECT_TRUE(!reader.IsText || IsRead(said) == (&reader == &other)) << said;
-    }
-}
-
 TEST(BadInput, TheStoreIsFilledToItsLimitAndNotBeyond) {
   RecordArray records;
   for (const Reader& reader : Readers) {
@@ -180,42 +171,6 @@ TEST(BadInput, TheStoreIsFilledToItsLimitAndNotBeyond) {
   }
   for (const Reader& reader : std::span(Readers, 3))  // the binary ones
     EXPECT_EQ(Reading(reader, std::string(40'000 * 640, 'x')), "Overflow");
-}
-
-TEST(BadInput, MemoryUsedBeforeGivesWhatFreshMemoryGives) {
-  SpecimenRecord full = golden::Record();  // as full as it gets
-  full.CoorLevel = Tectonic;
-  full.RecordNo = full.Selected = true;
-  full.FoliName[3] = "S3";
-  full.FoliAz[3] = full.LinePlunge[4] = full.Fac[1] = 5;
-  for (int i = 1; i <= 6; ++i)
-    full.K[i] = full.TensorRot[i] = full.TensorRotIm[i] = full.KSDIm[i] = 9.0;
-  for (int i = 1; i <= 3; ++i) full.Dec[i] = full.IncIm[i] = full.LineInc[i] = 9.0;
-  for (const Reader& reader : Readers) {
-    const std::string bytes = ExampleOf(reader) + std::string(reader.IsText ? 0 : 640, '\0');
-    RecordArray fresh, used;
-    for (int i = 0; i < 150; ++i) used.Add(full);
-    used.Clear();
-    ASSERT_TRUE(reader.FromBytes(bytes, "x", fresh) && reader.FromBytes(bytes, "x", used));
-    EXPECT_TRUE(Same(fresh, used)) << reader.Example;
-  }
-}
-
-TEST(BadInput, LineEndsOfAnyKindAreTheSame) {
-  for (const Reader& reader : std::span(Readers).subspan(3)) {  // of text
-    const std::string dos = ExampleOf(reader);
-    const std::size_t half = dos.find('\n', dos.size() / 2) + 1;
-    std::string unix = dos, mixed = dos.substr(half);
-    for (std::string* text : {&unix, &mixed}) std::erase(*text, '\r');
-    RecordArray expected;
-    ASSERT_TRUE(reader.FromBytes(dos, "x", expected));
-    for (const std::string& text :
-         {unix, dos.substr(0, half) + mixed, dos.substr(0, dos.size() - 2)}) {
-      RecordArray records;
-      ASSERT_TRUE(reader.FromBytes(text, "x", records));
-      EXPECT_TRUE(Same(records, expected)) << reader.Example;
-    }
-  }
 }
 
 TEST(BadInput, HugeLinesAndManyShortOnesEndInSeconds) {

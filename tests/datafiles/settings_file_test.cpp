@@ -28,19 +28,6 @@ std::string WithLine(int line, const std::string& text) {
   return result;
 }
 
-TEST(SettingsFile, WhatIsWrittenReadsBack) {
-  Settings settings;
-  settings.DemagFac = false;
-  settings.P = {12, -3, 32767, -32768};
-  settings.FacIndex[8] = 38;
-  settings.FacName[1] = "a€é";
-  settings.FacName[2] = "tenletters";  // reaches the bar's column
-  settings.FacName[3] = "far_beyond_the_column";
-  Settings back;
-  ASSERT_TRUE(SettingsReadText(back, SettingsText(settings)));
-  EXPECT_EQ(back, settings);
-}
-
 TEST(SettingsFile, NameIsCutAtItsBlankByTheNextStartButGetsOneBeforeTheBar) {
   Settings settings, back;
   settings.FacName = {"tenletters", "nine_char", "P", "P j", "", "U\r\nU", "Q", "E"};

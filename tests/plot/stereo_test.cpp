@@ -186,17 +186,6 @@ std::string KindsOf(const std::vector<DrawCall>& calls) {
   return kinds;
 }
 
-TEST(StereoGeology, AnUnselectedPlaneGetsOneStickAndASelectedOneTwo) {
-  StereoOptions options = Only();
-  SetGeology(options, {true, false, false, true, false});
-  // The pole of dip direction 120 points to 300; 90 degrees on is 30, before is 210.
-  EXPECT_EQ(ToText(OverTheNet(Uprights(1), options)),
-            "polyline (258,56) (262,48) pen 0 C0C000 1\n");
-  EXPECT_EQ(ToText(OverTheNet(Uprights(1, 1), options)),
-            "polyline (103,324) (98,332) pen 0 FFFF 1\n"
-            "polyline (258,56) (262,48) pen 0 FFFF 1\n");
-}
-
 TEST(StereoGeology, OnlyListedCodesAreDrawnEachInThePenOfItsPlace) {
   StereoOptions options = Only();
   SetGeology(options, {true, true, true, false, false});
