@@ -164,5 +164,18 @@ TEST_F(Display, ARecordThatCannotBeDerivedIsToldAndNoOldMeanStays) {
   EXPECT_EQ(Program.GroupStats.GroupN, 0);
 }
 
+TEST_F(Display, StatisticsThatFailAreToldBesideTheViewsAndTheNextCommandWorks) {
+  SpecimenRecord same = Record("same");
+  same.OrientAz = same.OrientInc = 0;
+  same.Tensor = {};
+  same.Tensor[1] = 1.1f, same.Tensor[2] = 1.0f, same.Tensor[3] = 0.9f;
+  OpenFile(WriteRecords("same.ams", {same, same, same, same, same}));
+  EXPECT_NE(Seen.Status.find("Division by zero"), std::string::npos) << Seen.Status;
+  EXPECT_EQ(Seen.Grids, 1);
+  EXPECT_TRUE(Seen.Caption.ends_with("(N = 5)")) << Seen.Caption;
+  OpenFile(WriteFile("a", 3));
+  EXPECT_EQ(Program.GroupStats.Reached, GroupStats::All);
+}
+
 }  // namespace
 }  // namespace velorix

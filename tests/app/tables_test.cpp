@@ -50,6 +50,19 @@ TEST(DataTable, ShowsEachValueInItsFormat) {
   EXPECT_EQ(DataTableCell(Column::KmaxDec, r, InPhase), "");
 }
 
+TEST(DataTable, HeadersHaveTwoRowsAndTheNamesOfTheFactors) {
+  Settings settings;
+  settings.FacName[1] = "k1/k2";
+  EXPECT_EQ(DataTableHeader(-2, Column::ID, settings) + DataTableHeader(-1, Column::ID, settings),
+            "IDID");
+  EXPECT_EQ(DataTableHeader(-1, Column::Field, settings),
+            "FreqName");  // one column early, and wanted
+  EXPECT_EQ(
+      DataTableHeader(-2, Column::Fac1, settings) + DataTableHeader(-1, Column::Fac1, settings),
+      "k1/k2k1/k2");
+  EXPECT_EQ(DataTableHeader(-1, Column::E13, settings), "E13");
+}
+
 TEST(DataTable, SortsByTextOrByNumberAndKeepsEqualRowsInOrder) {
   Session session;
   const std::tuple<const char*, float, float> rows[] = {

@@ -83,13 +83,6 @@ std::vector<DrawCall> OverTheNet(const RecordArray& records, const StereoOptions
   return {all.begin() + static_cast<std::ptrdiff_t>(net.size()), all.end()};
 }
 
-TEST(DrawStereo, BeginsTransparentAndWithTheBlackNet) {
-  EXPECT_EQ(Drawn({}, Only(), Tectonic), Recorded([](Target& t) {
-              t.SetTransparent();
-              DrawNet(t, Tectonic, EqualArea, {180, 190, 310}, Black, 14);
-            }));
-}
-
 TEST(DrawStereo, CaptionsAndSymbolsAreThoseOfTheSystemAndTheBlockInView) {
   RecordArray store = Uprights(4);
   store[2].Active = false;
