@@ -173,6 +173,25 @@ TEST(BadInput, TheStoreIsFilledToItsLimitAndNotBeyond) {
     EXPECT_EQ(Reading(reader, std::string(40'000 * 640, 'x')), "Overflow");
 }
 
+TEST(BadInput, MemoryUsedBeforeGivesWhatFreshMemoryGives) {
+  SpecimenRecord full = golden::Record();  // as full as it gets
+  full.CoorLevel = Tectonic;
+  full.RecordNo = full.Selected = true;
+  full.FoliName[3] = "S3";
+  full.FoliAz[3] = full.LinePlunge[4] = full.Fac[1] = 5;
+  for (int i = 1; i <= 6; ++i)
+    full.K[i] = full.TensorRot[i] = full.TensorRotIm[i] = full.KSDIm[i] = 9.0;
+  for (int i = 1; i <= 3; ++i) full.Dec[i] = full.IncIm[i] = full.LineInc[i] = 9.0;
+  for (const Reader& reader : Readers) {
+    const std::string bytes = ExampleOf(reader) + std::string(reader.IsText ? 0 : 640, '\0');
+    RecordArray fresh, used;
+    for (int i = 0; i < 150; ++i) used.Add(full);
+    used.Clear();
+    ASSERT_TRUE(reader.FromBytes(bytes, "x", fresh) && reader.FromBytes(bytes, "x", used));
+    EXPECT_TRUE(Same(fresh, used)) << reader.Example;
+  }
+}
+
 TEST(BadInput, HugeLinesAndManyShortOnesEndInSeconds) {
   constexpr int Million = 1'000'000;
   const auto repeated = [](const std::string& part, int times) {
