@@ -74,22 +74,6 @@ TEST_F(Display, ResetsChosenCodesOnlyWhenAskedTo) {
   EXPECT_EQ(Now.TectoPlane, PaleoPlane::Vertical);
 }
 
-TEST_F(Display, ShowsARecordOnlyInTheSystemsItReaches) {
-  SpecimenRecord bare = Record("bare"), both = Coded("S", "L");
-  bare.HasCoor[2] = false;
-  both.HasIm = true;
-  both.TensorIm = both.Tensor;
-  Fill({bare, Record("oriented"), both});
-  const std::pair<const char*, int> cases[] = {
-      {"mnuView(1)", 3},      {"mnuView(2)", 2}, {"mnuView(3)", 1},     {"mnuView(4)", 1},
-      {"mnuAnisoReIm(2)", 1}, {"mnuView(2)", 1}, {"mnuAnisoReIm(1)", 2}};
-  for (const auto& [menu, shown] : cases) {
-    Menu(menu);
-    EXPECT_EQ(Shown(), shown) << menu;
-    EXPECT_TRUE(CommandNamed(menu).Checked(Program)) << menu;
-  }
-}
-
 TEST_F(Display, TheListsRotateDisregardedRecordsTooButLeaveFactorsAlone) {
   Fill({Record("a"), Record("b")});
   Now.Records[2].Selected = true;

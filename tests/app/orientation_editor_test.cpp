@@ -167,22 +167,6 @@ TEST_F(OrientationEditing, AMissingFileAsksAndYesEmptiesTheStore) {
   EXPECT_TRUE(Exists("a.ams"));  // an empty store takes no file away
 }
 
-TEST_F(OrientationEditing, AnExistingFileAsksUnderNewAndSave) {
-  Load();
-  const std::string path = WriteGed("b.ged", {"a2"});
-  for (const auto& [action, title] :
-       {std::pair{FileAction::New, "New File|"}, {FileAction::Save, "Save Data|"}}) {
-    Asked.Boxes.clear();
-    Asked.Buttons = {1, 0};
-    for (int i = 0; i < 2; ++i) Answer(path);
-    Open(action);
-    const std::string box = std::string(title) +
-                            "b.ged\nThis file already exists.\n"
-                            "Append to existing file?|&Yes|&No";
-    EXPECT_EQ(Asked.Boxes, (Texts{box, box, title + std::string("a2|&OK")}));
-  }
-}
-
 TEST_F(OrientationEditing, AssignGedTakesWhatTheGeologicalEditorReadOrSavedLast) {
   GedSheet sheet;
   const auto assigned = [this] {

@@ -70,7 +70,6 @@ bool Same(const RecordArray& a, const RecordArray& b) {
 }
 
 std::string RecordsText(int count) { return std::to_string(count) + " records"; }
-bool IsRead(const std::string& said) { return said.ends_with(" records"); }
 
 /// What reading comes to, behind a record that must stay: "3 records" or the message; held to what
 /// is promised.
@@ -155,14 +154,6 @@ TEST(BadInput, ABinaryFileHasItsRoundedNumberOfRecordsAndZerosFillTheLast) {
   }
 }
 
-TEST(BadInput, NoTextReaderTakesAFileOfAnotherFormat) {
-  for (const Reader& reader : Readers)
-    for (const Reader& other : Readers) {
-      const std::string said = Reading(reader, ExampleOf(other));
-      EXPECT_TRUE(!reader.IsText || IsRead(said) == (&reader == &other)) << said;
-    }
-}
-
 TEST(BadInput, TheStoreIsFilledToItsLimitAndNotBeyond) {
   RecordArray records;
   for (const Reader& reader : Readers) {
@@ -198,23 +189,6 @@ TEST(BadInput, MemoryUsedBeforeGivesWhatFreshMemoryGives) {
     used.Clear();
     ASSERT_TRUE(reader.FromBytes(bytes, "x", fresh) && reader.FromBytes(bytes, "x", used));
     EXPECT_TRUE(Same(fresh, used)) << reader.Example;
-  }
-}
-
-TEST(BadInput, LineEndsOfAnyKindAreTheSame) {
-  for (const Reader& reader : std::span(Readers).subspan(3)) {  // of text
-    const std::string dos = ExampleOf(reader);
-    const std::size_t half = dos.find('\n', dos.size() / 2) + 1;
-    std::string unix = dos, mixed = dos.substr(half);
-    for (std::string* text : {&unix, &mixed}) std::erase(*text, '\r');
-    RecordArray expected;
-    ASSERT_TRUE(reader.FromBytes(dos, "x", expected));
-    for (const std::string& text :
-         {unix, dos.substr(0, half) + mixed, dos.substr(0, dos.size() - 2)}) {
-      RecordArray records;
-      ASSERT_TRUE(reader.FromBytes(text, "x", records));
-      EXPECT_TRUE(Same(records, expected)) << reader.Example;
-    }
   }
 }
 
