@@ -1,6 +1,8 @@
-// The dialogs of parameters and factors and the calculator for planes and lines, driven by the
-// names of their controls.
+// The dialogs of parameters and factors, the calculator for planes and lines and the group
+// statistics, driven by the names of their controls.
 
+#include <QClipboard>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -24,6 +26,10 @@ class DialogsTest : public WindowTest {
   }
   QString Result() { return Look("lblDec lblInc lblAngle lblNote"); }
 
+  bool Shows(const char* name, int index) {
+    return !Look(QString("%1(%2)").arg(name).arg(index)).isEmpty();
+  }
+
  private slots:
   void init() {
     window_.emplace();
@@ -35,37 +41,20 @@ class DialogsTest : public WindowTest {
     Settings().P = {12, 90, 3, 90};
     Settings().DemagFac = false;
     Settings().FacIndex[8] = 0;
-    const struct {
-      const char *command, *name, *controls, *open, *first;
-    } rows[] = {
-        {"mnuOPAR", "frmOPAR", "cboOP(1) cboOP(2) cboOP(3) cboOP(4) chkDemagFac cmdOK",
-         "12|90|3|90|Use Demagnetizing Factor|OK", "cboOP(1)"},
-        {"mnuAnisoFac", "frmAnisoFac",
-         "txtFac(1) txtFac(2) txtFac(3) txtFac(4) txtFac(5) txtFac(6) txtFac(7) txtFac(8) "
-         "cboFac(1) cboFac(2) cboFac(3) cboFac(4) cboFac(5) cboFac(6) cboFac(7) cboFac(8) cmdOK",
-         "L|F|P|Pj|T|U|Q|E|k1/k2|k2/k3|k1/k3|exp{sqr[2((n1-n)^2+(n2-n)^2+(n3-n)^2)]}|"
-         "(2n2-n1-n3)/(n1-n3)|(2k2-k1-k3)/(k1-k3)|(k1-k2)/[(k1+k2)/2-k3]||OK",
-         "txtFac(1)"}};
-    for (const auto& row : rows)
-      ShowDialog(row.command, [&] {
-        const QStringList open = QString(row.open).split('|');
-        QCOMPARE(form_->objectName(), row.name);
-        QCOMPARE(Look(row.controls), '(' + open.mid(0, open.size() - 1).join(")|(") + ")|CHANGE");
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"mnuOPAR", "cboOP(1) cboOP(2) cboOP(3) cboOP(4) chkDemagFac cmdOK",
+         "12|90|3|90|Use Demagnetizing Factor|OK"},
+        {"mnuAnisoFac", "txtFac(1) txtFac(2) txtFac(8) cboFac(1) cboFac(7) cboFac(8) cmdOK",
+         "L|F|E|k1/k2|(k1-k2)/[(k1+k2)/2-k3]||OK"}};
+    for (const auto& [command, names, look] : rows)
+      ShowDialog(command, [&, names = QString(names), look = QString(look)] {
+        QCOMPARE(Look(names), '(' + look.chopped(3).replace("|", ")|(") + ")|CHANGE");
         Key(Qt::Key_Return);
-        QVERIFY(form_->isVisible() && The<QWidget>(row.first).hasFocus());
-        QCOMPARE(Look(row.controls), row.open);
+        QVERIFY(form_->isVisible() && The<QWidget>(names.section(' ', 0, 0)).hasFocus());
+        QCOMPARE(Look(names), look);
         QVERIFY(The<QPushButton>("cmdOK").isDefault());
         QCOMPARE(The<QPushButton>("cmdOK").palette().color(QPalette::Button), QColor(0x80FF80));
       });
-  }
-
-  void theListsOfferTheirValues() {
-    ShowDialog("mnuOPAR", [this] {
-      QStringList offered;
-      for (int i = 1; i <= 4; ++i) offered += Entries(The<QComboBox>(QString("cboOP(%1)").arg(i)));
-      QCOMPARE(offered.join('|'), "3 6 9 12|0 90|3 6 9 12|0 90");
-    });
-    ShowDialog("mnuAnisoFac", [this] { QCOMPARE(The<QComboBox>("cboFac(8)").count(), 38); });
   }
 
   void cancelAndEscapeChangeNothing() {
@@ -78,15 +67,14 @@ class DialogsTest : public WindowTest {
           escape ? Key(Qt::Key_Escape) : Press("cmdCancel");
           QVERIFY(!form_->isVisible());
         });
-    QVERIFY(Settings() == velorix::Settings());
-    QVERIFY(!QFile::exists(Path()));
-    QCOMPARE(W().Grid().model()->rowCount(), 5);
+    QVERIFY(Settings() == velorix::Settings() && !QFile::exists(Path()));
   }
-
   void otherParametersLeaveAnEmptySession() {
     Settings().P[1] = 5;  // which is not on offer, and stays
     ShowDialog("mnuOPAR", [this] {
       QCOMPARE(The<QComboBox>("cboOP(1)").currentIndex(), -1);
+      QCOMPARE(Entries(The<QComboBox>("cboOP(1)")) + Entries(The<QComboBox>("cboOP(2)")),
+               "3 6 9 120 90");
       Press("cmdOK");
       The<QComboBox>("cboOP(2)").setCurrentText("90");
       The<QAbstractButton>("chkDemagFac").setChecked(false);
@@ -94,26 +82,24 @@ class DialogsTest : public WindowTest {
       QVERIFY(!form_->isVisible());
     });
     QCOMPARE(W().Grid().model()->rowCount(), 0);
-    QCOMPARE(W().Window.windowTitle(), "Velorix5");
     QVERIFY(Settings().P[1] == 5 && Settings().P[2] == 90 && !Settings().DemagFac);
   }
 
   void factorsGoIntoHeaderAndSettings() {
     ShowDialog("mnuAnisoFac", [this] {
       Press("cmdOK");
-      for (const int i : {1, 4, 8}) {  // a text box with the focus has all of its text selected
-        auto& name = The<QLineEdit>(QString("txtFac(%1)").arg(i));
-        if (i > 1) QTest::mouseClick(&name, Qt::LeftButton);
-        QTRY_COMPARE(name.selectedText(), name.text());
-      }
-      The<QLineEdit>("txtFac(1)").setText("H");
-      The<QComboBox>("cboFac(1)").setCurrentIndex(7);
+      auto& name = The<QLineEdit>("txtFac(8)");
+      QTest::mouseClick(&name, Qt::LeftButton);
+      QTRY_COMPARE(name.selectedText(), "E");  // typing replaces it
+      QTest::keyClicks(&name, "H");
+      auto& factor = The<QComboBox>("cboFac(8)");
+      factor.setCurrentIndex(factor.count() - 1);
       Press("cmdOK");
       QVERIFY(!form_->isVisible());
     });
-    QVERIFY(Settings().FacName[1] == "H" && Settings().FacIndex[1] == 8);
+    QVERIFY(Settings().FacName[8] == "H" && Settings().FacIndex[8] == 38);
     const QStringList headers = HeaderTexts(W().Grid()).split('|');
-    QVERIFY(headers.contains("H") && !headers.contains("L"));
+    QVERIFY(headers.contains("H") && !headers.contains("E"));
   }
 
   void settingsThatCannotBeWrittenKeepItOpen() {
@@ -126,48 +112,76 @@ class DialogsTest : public WindowTest {
 
   void theCalculatorsModesHaveTheirLabelsAndBeginEmpty() {
     OpenForm("mnuFoliLine", "frmFoliLine");
-    QCOMPARE(form_->windowTitle(), "Plane from Lineations       ");
-    QCOMPARE(Look("optLine lblOutput"), "2 Lineations+|Foliation");
-    for (const auto& [option, look] :
-         {std::pair{"optFoli", "2 Foliations+|Foliation 1|Foliation 2|Lineation|||||"},
-          std::pair{"optLine", "2 Lineations+|Lineation 1|Lineation 2|Foliation|||||"}}) {
+    QVERIFY(form_->windowTitle() == "Plane from Lineations       " &&
+            Look("optLine").endsWith('+'));
+    for (const auto& [option, labels] :
+         {std::pair{"optFoli", "2 Foliations+|Foliation 1|Foliation 2|Lineation"},
+          std::pair{"optLine", "2 Lineations+|Lineation 1|Lineation 2|Foliation"}}) {
       Type({"0", "0", "90", "45"});
       Press("Command1");
       Press(option);
-      QCOMPARE(Look(option + QString(" lblInput1 lblInput2 lblOutput txtDec1 txtInc1 txtDec2 "
-                                     "txtInc2 lblDec")),
-               look);
+      QCOMPARE(Look(option + QString(" lblInput1 lblInput2 lblOutput")), labels);
+      QCOMPARE(Look("txtDec1 txtInc1 txtDec2 txtInc2 lblDec"), "||||");
       QVERIFY(The<QLineEdit>("txtDec1").hasFocus());
     }
   }
 
   void theCalculatorShowsResultsAndDoubts() {
     OpenForm("mnuFoliLine", "frmFoliLine");
-    Type({"0", "0", "90", "45"});
-    Press("Command1");
-    QCOMPARE(Result(), "90.0|45.0|90.0 (90.0)|");
-    Type({"1E400", "0", "90", "45"});
-    Press("Command1");
-    QCOMPARE(Boxes().back(), "Velorix5|Overflow|&OK");
-    QCOMPARE(Result(), "|||");
-    Press("optFoli");
-    Type({"90", "30", "270", "20"});
-    Key(Qt::Key_Return);
-    QCOMPARE(Result(), "0.0|0.0|50.0 (130.0)|");
-    Type({"90", "30", "90", "30"});
-    Press("Command1");
-    QVERIFY(Result().endsWith("|The two planes are parallel."));
+    const std::tuple<const char*, QStringList, const char*> steps[] = {
+        {"optLine", {"0", "0", "90", "45"}, "90.0|45.0|90.0 (90.0)|"},
+        {"optLine", {"1E400", "0", "90", "45"}, "|||"},
+        {"optFoli", {"90", "30", "270", "20"}, "0.0|0.0|50.0 (130.0)|"},
+        {"optFoli", {"90", "30", "90", "30"}, "|The two planes are parallel."}};
+    for (const auto& [option, values, result] : steps) {
+      Press(option);
+      Type(values);
+      Key(Qt::Key_Return);
+      QVERIFY2(Result().endsWith(result), qPrintable(Result()));
+    }
+    QCOMPARE(Boxes(), std::vector<std::string>{"Velorix5|Overflow|&OK"});
     Press("cmdClear");
     QCOMPARE(Result() + Look("txtDec1 txtInc2"), "||||");
 
     const QLineEdit& field = The<QLineEdit>("txtInc1");
     const auto colour = [&] { return field.palette().color(QPalette::Base); };
     const QColor plain = colour();
-    for (const auto& [text, isNumber] : {std::pair{"12,5", false}, std::pair{"x", false},
-                                         std::pair{"", true}, std::pair{"-3.5", true}}) {
+    for (const auto& [text, isNumber] :
+         {std::pair{"12,5", false}, {"", true}, {"x", false}, {"-3.5", true}}) {
       Type({"0", text, "0", "0"});
       QVERIFY2((colour() == plain) == isNumber, text);
     }
+  }
+
+  void theStatisticsShowWhatTheGroupIsLargeEnoughForAndFollowTheDisplay() {
+    OpenForm("mnuAnalysis(1)", "frmGroupStatistics");
+    QVERIFY(Activate(W().Window));  // which takes the keys
+    for (const int count : {1, 4, 5, 100, 101}) {
+      W().Open(W().WriteFile("n" + std::to_string(count), count));
+      QCOMPARE(Look("lblJelinek(60)"), QString("N = %1").arg(count));
+      for (int index : {2, 3, 16, 34, 41, 42, 50}) QVERIFY(Shows("lblJelinek", index));
+      for (int index : {51, 52, 59}) QCOMPARE(Shows("lblJelinek", index), count > 1);
+      for (int index : {5, 6, 11, 18}) QCOMPARE(Shows("lblJelinek", index), count > 4);
+      for (int index : {1, 6}) QCOMPARE(Shows("lblBootStat", index), count > 4 && count < 101);
+    }
+    QCOMPARE(Look("lblJelinek(33)"), "N/A");
+    W().Run("mnuClose");
+    QCOMPARE(Look("lblJelinek(2) lblJelinek(33) lblJelinek(42) lblJelinek(60)"), "|||");
+  }
+
+  void theStatisticsAreCopiedAsTextAndNameTheErrorsUnderTheirHeading() {
+    OpenForm("mnuAnalysis(1)", "frmGroupStatistics");
+    Press("cmdCopy");
+    const QStringList lines = QApplication::clipboard()->text().split('\n');
+    QCOMPARE(lines.size(), 15);  // two headings, three directions, Km, eight factors, the end
+    QVERIFY(lines[0].startsWith("N = 5\tMean Tensor") && lines[6].startsWith("L\t"));
+    const auto place = [this](const QString& text) {
+      for (const QLabel* label : form_->findChildren<QLabel*>())
+        if (label->text() == text) return label->geometry();
+      return QRect();
+    };
+    const QRect heading = place("Confidence Ellipses"), unit = place("Std. Err. [deg]");
+    QVERIFY(unit.top() > heading.bottom() && unit.left() == heading.left());
   }
 };
 

@@ -48,12 +48,12 @@ class MainWindowTest : public WindowTest {
   }
 
   void startsInGeographicCoordinatesWithoutAFile() {
-    QCOMPARE(Title() + " " + ShownSystem(), "Velorix5 GEO (23) mnuView(2)");
+    W().Window.ShowStartTime(2.34f);
+    QCOMPARE(Title() + " " + ShownSystem() + " " + Look("cboCoor(3) picStat(2)"),
+             "Velorix5 GEO (23) mnuView(2) North| 2.3");
     QVERIFY(W().The<QAction>("mnuAnisoReIm(1)").isChecked());
     QVERIFY(W().The<QAction>("Toolbar1(27)").isChecked());
     QVERIFY(Rows() == 0 && W().Grid().model()->columnCount() == 25);
-    W().Window.ShowStartTime(2.34f);
-    QCOMPARE(Look("cboCoor(3) picStat(2)"), "North| 2.3");
   }
 
   void openShowsTheFileEverywhere() {
@@ -62,8 +62,8 @@ class MainWindowTest : public WindowTest {
     W().Open(W().WriteFile("site", 5));
     QCOMPARE(W().Specimens(), "site1 site2 site3 site4 site5");
     QVERIFY(Title().endsWith("site.ams]     (N = 5)"));
-    QCOMPARE(Look("odclFoli odclLine lblRecords"), "A|L|5 of 5 records in view, 0 selected");
-    QCOMPARE(Entries(The<QComboBox>("odclFoli")), "A B");
+    QCOMPARE(Look("odclFoli odclLine lblRecords optStereoColorCoding(0)"),
+             "A|L|5 of 5 records in view, 0 selected|(Per axis+)");
     auto& codes = The<QListWidget>("lstFoli");
     QVERIFY(codes.item(0)->checkState() && !codes.item(1)->checkState());
     codes.item(1)->setCheckState(Qt::Checked);
@@ -71,23 +71,19 @@ class MainWindowTest : public WindowTest {
     const QImage five = picture();
     Press("chkK(1)");
     QVERIFY(five != empty && !W().Program.Stereo.showAxis[1] && picture() != five);
-    const auto coding = [this] { return Look("optStereoColorCoding(0)"); };
-    QCOMPARE(coding(), "(Per axis+)");
     Press("chkStereoColorCoding");
-    QCOMPARE(coding(), "Per axis+");
+    QCOMPARE(Look("optStereoColorCoding(0)"), "Per axis+");
   }
 
   void keysAndButtonsLeadThroughTheFilesOfAFolder() {
     for (const char* name : {"a", "b", "c"}) W().WriteFile(name, 2);
     W().Open(W().Path("a.ams"));
-    const std::pair<std::function<void()>, const char*> steps[] = {
-        {[this] { W().Key(Qt::Key_N, Qt::ControlModifier); }, "b1 b2"},
-        {[this] { Press("Toolbar1(3)"); }, "c1 c2"},
-        {[this] { W().Key(Qt::Key_N, Qt::ControlModifier); }, "a1 a2"},  // it goes round
-        {[this] { W().Key(Qt::Key_P, Qt::ControlModifier); }, "c1 c2"},
-        {[this] { W().Key(Qt::Key_X, Qt::ControlModifier); }, ""}};
-    for (const auto& [step, shown] : steps) {
-      step();
+    for (const auto& [key, shown] : {std::pair{Qt::Key_N, "b1 b2"},
+                                     {Qt::Key_unknown, "c1 c2"},
+                                     {Qt::Key_N, "a1 a2"},
+                                     {Qt::Key_P, "c1 c2"},
+                                     {Qt::Key_X, ""}}) {
+      key == Qt::Key_unknown ? Press("Toolbar1(3)") : W().Key(key, Qt::ControlModifier);
       QCOMPARE(W().Specimens(), shown);
     }
     QVERIFY(Title() == "Velorix5" && Boxes().empty());
@@ -97,15 +93,12 @@ class MainWindowTest : public WindowTest {
     W().Open(W().WriteFile("site", 6));
     const QStringList shown = {"SPEC (22) mnuView(1)", "GEO (23) mnuView(2)",
                                "PALEO (24) mnuView(3)", "TECTO (25) mnuView(4)"};
-    for (const int system : {3, 0, 2, 1, 1}) {  // the last repeats what is shown already
-      W().Key(Qt::Key_F5 + system);
-      QCOMPARE(ShownSystem(), shown[system]);
-      QCOMPARE(S().CoorSys, SystemAt(system));
-    }
-    for (const int system : {2, 1, 3, 3, 0}) {
-      Press(QString("Toolbar1(%1)").arg(22 + system));
-      QCOMPARE(ShownSystem(), shown[system]);
-    }
+    for (const bool key : {true, false})
+      for (const int system : {3, 0, 2, 1}) {
+        key ? W().Key(Qt::Key_F5 + system) : Press(QString("Toolbar1(%1)").arg(22 + system));
+        QCOMPARE(ShownSystem(), shown[system]);
+        QCOMPARE(S().CoorSys, SystemAt(system));
+      }
     const auto& inPhase = W().The<QAction>("mnuAnisoReIm(1)");
     W().Key(Qt::Key_F4);
     QCOMPARE(W().Specimens(), "site2 site4 site6");
@@ -114,12 +107,10 @@ class MainWindowTest : public WindowTest {
     QVERIFY(Rows() == 6 && inPhase.isChecked());
     for (const char* list : {"cboCoor(1)", "cboCoor(2)", "cboCoor(3)", "odclFoli"})
       QTest::keyClick(&The<QComboBox>(list), Qt::Key_Down);
-    QCOMPARE(Look("cboCoor(2) cboCoor(3) odclFoli"), "Vertical|North-South|B");
-    QVERIFY(ShownSystem() == shown[1] && S().TectoPlane == PaleoPlane::Vertical &&
-            S().FoliCode == "B");
+    QCOMPARE(Look("cboCoor(1) cboCoor(2) cboCoor(3) odclFoli"), "PALEO|Vertical|North-South|B");
+    QVERIFY(S().TectoPlane == PaleoPlane::Vertical && S().FoliCode == "B");
     QVERIFY(S().TectoNorthSouth && !S().TectoEastWest);
     QVERIFY(W().The<QAction>("Toolbar1(28)").isChecked());
-    QTest::keyClick(&The<QComboBox>("cboCoor(1)"), Qt::Key_Down);
     QCOMPARE(W().Specimens(), "site3 site6");  // those with foliation "B"
     Press("Toolbar1(27)");                     // a button puts the lists back on the first code
     QCOMPARE(Look("odclFoli cboCoor(2)"), "A|Horizontal");
@@ -141,13 +132,12 @@ class MainWindowTest : public WindowTest {
     QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, {15, header->height() / 2});
     both({});
     W().ClickRow(1);
-    QVERIFY(Look("lblRecords").endsWith("1 selected"));
     W().Asked.Files = {FileAnswer{W().Path("one.ams"), 1}};
     W().Key(Qt::Key_A, Qt::ControlModifier);  // saves it, and is not the grid's "select all"
     QCOMPARE(QFileInfo(W().Folder.filePath("one.ams")).size(), 640);
     both({2});
+    QVERIFY(Look("lblRecords").endsWith("1 selected"));
     W().Key(Qt::Key_Delete);
-    QCOMPARE(W().Specimens(), "s1 s3 s4 s5 s6 s7 s8");
     W().ClickRow(1);  // the second row, the third record
     QCOMPARE(W().Selected(), QList<int>{3});
     W().Key(Qt::Key_Backspace, Qt::AltModifier);
@@ -156,14 +146,12 @@ class MainWindowTest : public WindowTest {
 
   void theGridKeepsItsPlaceAndItsLastRowInView() {
     W().Open(W().WriteFile("s", RecordArray::Limit));
-    QCOMPARE(W().Cell(32766, 1), "32767");
     W().Grid().verticalScrollBar()->setValue(120);
     W().Key(Qt::Key_F5);
     QCoreApplication::processEvents();
     QCOMPARE(W().Grid().rowAt(0), 120);
     W().ClickRow(121);
     W().Key(Qt::Key_Insert, Qt::ControlModifier);
-    QCOMPARE(W().Selected().size(), 32766);
     W().Grid().scrollToBottom();
     W().Key(Qt::Key_Delete);
     QCoreApplication::processEvents();
@@ -195,8 +183,7 @@ class MainWindowTest : public WindowTest {
     QCOMPARE(xy.itemData(11, Qt::BackgroundRole).value<QColor>(), QColor(0xFFC0C0));
     S().Settings.FacName[1] = "k1/k3";
     W().Window.ShowGridHeader();
-    QCOMPARE(The<QComboBox>("odclXYPlot1(1)").itemText(3), "k1/k3");
-    QCOMPARE(HeaderTexts(W().Grid()).section('|', 5, 5), "k1/k3");
+    QVERIFY(xy.itemText(3) == "k1/k3" && HeaderTexts(W().Grid()).contains("|k1/k3|"));
   }
 
   void droppedFilesOpenLikeAMultipleOpen() {

@@ -1,4 +1,4 @@
-// The manual's window on the real pages, and on some of its own.
+// The manual's window on the real pages, and on some of its own; where the program finds them.
 
 #include "platform/qt/windows/manual_window.h"
 
@@ -101,7 +101,7 @@ class ManualWindowTest : public QObject {
     Follow("gone.md");
     QVERIFY(Page().toPlainText().contains(folder_.filePath("gone.md")));
     Press("cmdBack");
-    QCOMPARE(Document().firstBlock().text(), "A");
+    QCOMPARE(File(), "a.md");
   }
 
   void widePicturesFitThePageInEveryWidth() {
@@ -144,15 +144,38 @@ class ManualWindowTest : public QObject {
     auto& sought = In<QLineEdit>(*manual_, "txtFind");
     QTRY_VERIFY(sought.hasFocus());
     QTest::keyClicks(&sought, "word");
-    const auto place = [&](Qt::KeyboardModifiers keys = {}) {
+    for (const auto& [keys, found] : {std::pair{Qt::NoModifier, "word one"},
+                                      {Qt::NoModifier, "word two"},
+                                      {Qt::NoModifier, "word one"},
+                                      {Qt::ShiftModifier, "word two"}}) {
       QTest::keyClick(&sought, Qt::Key_Return, keys);
-      return Page().textCursor().block().text();
-    };
-    for (const char* found : {"word one", "word two", "word one"}) QCOMPARE(place(), found);
-    QCOMPARE(place(Qt::ShiftModifier), "word two");
+      QCOMPARE(Page().textCursor().block().text(), found);
+    }
     QTest::keyClicks(&sought, "s");
-    place();
+    QTest::keyClick(&sought, Qt::Key_Return);
     QCOMPARE(Look(*manual_, "lblFound"), "not on this page");
+  }
+
+  void anInstallationsFileIsTakenBeforeTheSources() {
+    const QTemporaryDir sources;
+    const QDir root(sources.path());
+    const QString bin = root.filePath("build/release/bin");
+    for (const char* folder :
+         {"docs/manual", "build/release/bin", "build/release/share/doc/manual"})
+      QVERIFY(root.mkpath(folder));
+    const auto found = [&](const char* installed, const char* source) {
+      return root.relativeFilePath(OwnPath(bin, installed, source));
+    };
+    QCOMPARE(found("doc/manual", "docs/manual"), "build/release/share/doc/manual");
+    QCOMPARE(found("doc/guide", "docs/manual"), "docs/manual");
+    QVERIFY(OwnPath(bin, "doc/guide", "docs/guide").isEmpty());
+  }
+
+  void aBuildOfTheSourcesFindsTheirExamplesAndManual() {
+    const QDir root(QCoreApplication::applicationDirPath() + "/../../..");
+    if (!root.exists("docs/manual/README.md")) QSKIP("built elsewhere");
+    QCOMPARE(root.relativeFilePath(ExamplesFolder()), "examples");
+    QCOMPARE(root.relativeFilePath(ManualPath()), "docs/manual/README.md");
   }
 
  public slots:

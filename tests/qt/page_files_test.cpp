@@ -84,12 +84,11 @@ class PageFilesTest : public WindowTest {
 
   void checkBoxesChooseThePlots() {
     const PageOptions& page = W().Program.Page;
-    for (const auto& [box, on] :
-         {std::pair{"chkStereo", &page.stereonet}, std::pair{"chkHisto", &page.histogram},
-          std::pair{"chkXYPLot1", &page.xyPlot1}, std::pair{"chkXYPlot2", &page.xyPlot2}}) {
-      QVERIFY2(*on && Look(box) == "Page+", box);
+    const bool* const plots[] = {&page.stereonet, &page.histogram, &page.xyPlot1, &page.xyPlot2};
+    for (int i = 0; const char* box : {"chkStereo", "chkHisto", "chkXYPLot1", "chkXYPlot2"}) {
+      QVERIFY2(*plots[i] && Look(box) == "Page+", box);
       Press(box);
-      QVERIFY2(!*on, box);
+      QVERIFY2(!*plots[i++], box);
     }
   }
 
@@ -120,16 +119,14 @@ class PageFilesTest : public WindowTest {
     const auto back = [](const QImage& image) {
       return QImage::fromData(GifBytes(image), "gif").convertToFormat(QImage::Format_RGB32);
     };
-    QImage few(20, 13, QImage::Format_RGB32), many(128, 128, QImage::Format_RGB32);
-    for (int i = 0; i < 260; ++i)
-      few.setPixel(i % 20, i / 20, qRgb(std::min(i, 255), 255 - std::min(i, 255), 7));
+    QImage few(16, 16, QImage::Format_RGB32), many(128, 128, QImage::Format_RGB32);
+    for (int i = 0; i < 256; ++i) few.setPixel(i % 16, i / 16, qRgb(i, 255 - i, 7));
     QVERIFY(back(few) == few);
     many.fill(Qt::white);
     for (int y = 0; y < 64; ++y)
       for (int x = 0; x < 128; ++x) many.setPixel(x, y, qRgb(2 * x, 4 * y, 2 * (x ^ y)));
     QCOMPARE(back(many).pixelColor(127, 127), QColor(Qt::white));
-    QVERIFY(Difference(back(many), many) < 0.01);
-    QVERIFY(GifBytes(QImage()).isEmpty());
+    QVERIFY(Difference(back(many), many) < 0.01 && GifBytes(QImage()).isEmpty());
   }
 };
 

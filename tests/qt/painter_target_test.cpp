@@ -46,6 +46,13 @@ bool IsBlack(const QImage& image, int x, int y) {
   return image.pixel(x, y) == QColor(Qt::black).rgb();
 }
 
+int Inked(const QImage& image, const QRect& part) {
+  int black = 0;
+  for (int y = part.top(); y <= part.bottom(); ++y)
+    for (int x = part.left(); x <= part.right(); ++x) black += IsBlack(image, x, y);
+  return black;
+}
+
 /// A symbol, filled with a colour.
 void Symbol(Target& target, std::int16_t kind, float x, float y, std::int16_t size, Colour colour) {
   velorix::Pen pen;
@@ -85,53 +92,42 @@ class PainterTargetTest : public QObject {
  private slots:
   void fitIsWholeUndistortedAndCentred() {
     const PlaneFit wide = FitPlane({360, 300}, {1000, 600});
-    QCOMPARE(wide.scale, 2.0);
     QCOMPARE(wide.ToDevice(360, 300), QPointF(860, 600));
     QCOMPARE(wide.ToLogical(wide.ToDevice(12, 34)), QPointF(12, 34));
     QCOMPARE(FitPlane({360, 300}, {180, 500}).ToDevice(180, 150), QPointF(90, 250));
     QCOMPARE(FitPlane({0, 300}, {180, 500}).ToLogical({5, 5}), QPointF());
-    QCOMPARE(FitPlane({360, 300}, {0, 0}).scale, 0.0);
   }
 
   void linesFillWholePixelsOfTheirWidth() {
-    const struct {
-      double scale;
-      std::int16_t width;
-      int pixels;
-    } rows[] = {{0.2, 1, 1}, {0.2, 2, 1},  {0.5, 1, 1}, {1, 0, 1}, {1, 1, 1},
-                {1, 2, 2},   {1.37, 3, 4}, {2, 1, 2},   {2, 3, 6}, {3, 1, 3}};
-    for (const auto& row : rows) {
-      const QImage image = Line(row.scale, {.width = row.width});
+    const std::tuple<double, int, int> rows[] = {// scale, width, pixels
+                                                 {0.2, 1, 1}, {0.2, 2, 1}, {0.5, 1, 1},  {1, 0, 1},
+                                                 {1, 1, 1},   {1, 2, 2},   {1.37, 3, 4}, {2, 1, 2},
+                                                 {2, 3, 6},   {3, 1, 3}};
+    for (const auto& [scale, width, pixels] : rows) {
+      const QImage image = Line(scale, {.width = static_cast<std::int16_t>(width)});
       const QRect ink = Ink(image);
-      QCOMPARE(ink.height(), row.pixels);
-      for (int y = ink.top(); y <= ink.bottom(); ++y)
-        for (int x = ink.left(); x <= ink.right(); ++x)  // no pixel is grey
-          QVERIFY2(IsBlack(image, x, y), qPrintable(QString::number(row.scale)));
+      QCOMPARE(ink.height(), pixels);
+      QCOMPARE(Inked(image, ink), ink.width() * pixels);  // no pixel is grey
     }
   }
 
   void penStylesLeaveGaps() {
     for (std::int16_t style = Solid; style <= NoLine; ++style) {
-      const QImage image = Line(1, {.style = style});
-      int inked = 0;
-      for (int x = 0; x < 100; ++x) inked += IsBlack(image, x, 50);
-      QVERIFY2(style == Solid    ? inked == 81
-               : style == NoLine ? inked == 0
-                                 : inked > 20 && inked < 70,
+      const int inked = Inked(Line(1, {.style = style}), {0, 50, 100, 1});
+      const int least = style == Solid ? 81 : style == NoLine ? 0 : 21;
+      QVERIFY2(inked >= least && inked <= (least == 21 ? 69 : least),
                qPrintable(QString::number(style)));
     }
   }
 
   void colourBarsHaveNoStripesAtAnyScale() {
+    const std::vector<Colour> colours(2 * 61, Black);  // two bars side by side, from 80 up to 20
     for (const double scale : {1.0, 1.2, 1.4, 1.55, 1.9, 2.45}) {
-      const std::vector<Colour> colours(2 * 61, Blue);  // two bars side by side, from 80 up to 20
       const QImage image = Picture(scale, [&](Target& target) {
         DrawRamp(target, std::array{30.0, 40.0, 50.0}, 80, colours);
       });
-      for (int y = static_cast<int>(21 * scale); y < 80 * scale; ++y)
-        for (const int x : {35, 45})
-          QVERIFY2(image.pixel(static_cast<int>(x * scale), y) == QColor(Qt::blue).rgb(),
-                   qPrintable(QString("scale %1, row %2").arg(scale).arg(y)));
+      const QRect bars = QRectF(31 * scale, 21 * scale, 18 * scale, 58 * scale).toRect();
+      QCOMPARE(Inked(image, bars), bars.width() * bars.height());
     }
   }
 
@@ -147,23 +143,18 @@ class PainterTargetTest : public QObject {
 
   void hollowShapesLeaveWhatLiesUnderThem() {
     const QImage image = Picture(1, [](Target& t) {
-      DrawRectangle(t, 0, 0, 99, 99, {.colour = Yellow}, Yellow);
-      DrawCircle(t, 50, 50, 40, {}, 0);
+      DrawCircle(t, 50, 50, 40, {.colour = Red}, Red);
+      DrawCircle(t, 50, 50, 30, {}, 0);
       DrawRectangle(t, 20, 20, 80, 80, {}, 0);
       Symbol(t, 3, 30, 50, 9, 0);
     });
-    QCOMPARE(image.pixelColor(50, 50), QColor(Qt::yellow));
-    QVERIFY(IsBlack(image, 50, 20));  // the rectangle's outline
-    QVERIFY(IsBlack(image, 30, 50));  // fill 0 of a symbol is black
+    QCOMPARE(image.pixelColor(50, 50), QColor(Qt::red));
+    QVERIFY(IsBlack(image, 50, 20) && IsBlack(image, 30, 50));  // fill 0 of a symbol is black
   }
 
   void pixelsCoverTheirUnits() {
-    const auto dot = [](Target& t) { t.Pixel({40, 60}, Black); };
-    QCOMPARE(Ink(Picture(3, dot)), QRect(120, 180, 3, 3));
-    QCOMPARE(Ink(Picture(0.25, dot)), QRect(10, 15, 1, 1));
-    for (const double scale : {0.4, 1.0, 1.37, 2.0, 2.5, 6.9}) {
-      const QImage image = Painted({static_cast<int>(40 * scale), static_cast<int>(30 * scale)},
-                                   {scale, 0, 0}, DrawRaster);
+    for (const double scale : {0.25, 0.4, 1.0, 1.37, 2.0, 2.5, 6.9}) {
+      const QImage image = Painted((QSizeF(40, 30) * scale).toSize(), {scale, 0, 0}, DrawRaster);
       // A device pixel belongs to the unit whose edges, at whole pixels, lie round it.
       const auto unit = [scale](int pixel, int corner, int count) {
         for (int u = 0; u < count; ++u)
@@ -177,11 +168,6 @@ class PainterTargetTest : public QObject {
           QVERIFY2(image.pixelColor(x, y) == PixelAt(unit(x, 10, Width), unit(y, 12, 5)),
                    qPrintable(QString("scale %1 at %2, %3").arg(scale).arg(x).arg(y)));
     }
-    QVERIFY(Ink(Painted({40, 30}, {1, 0, 0}, [](Target& target) {
-              target.Raster({1, 1}, 3, {});
-              target.Raster({1, 1}, 0, Pixels);
-              target.Raster({1, 1}, 1000, Pixels);  // not one whole row
-            })).isEmpty());
   }
 
   void pagesKeepFractionsAndEveryUnitApart() {
@@ -200,13 +186,6 @@ class PainterTargetTest : public QObject {
         QCOMPARE(image.pixelColor((10 + i) * 10 + 5, (12 + j) * 10 + 5), PixelAt(i, j));
   }
 
-  void namesOfOtherTypesAreRefused() {
-    for (const char* name : {"a.gif2", "a", "", "a.doc", ".", "png"})
-      QVERIFY2(!PictureComplaint(name).empty() && !WritePicture(name, Plane, 1, DrawRaster), name);
-    for (const char* name : {"a.png", "A.PNG", "x/b.tiff", "b.jpeg", "b.pdf"})
-      QVERIFY2(PictureComplaint(name).empty(), name);
-  }
-
   void stampsEqualDrawnShapes() {
     // The fifth point, a repeated one, keeps the second shape from being a stamp.
     const LogicalPoint points[] = {{40, 40}, {40, 50}, {51, 53}, {48, 38}, {48, 38}};
@@ -218,121 +197,99 @@ class PainterTargetTest : public QObject {
         });
       };
       const QImage stamped = twice(4), drawn = twice(5);
-      int worst = 0;  // smooth edges that are blended twice may round apart
-      for (int i = 0; i < drawn.sizeInBytes(); ++i)
-        worst = std::max(worst, std::abs(stamped.constBits()[i] - drawn.constBits()[i]));
-      QVERIFY2(worst <= 3, qPrintable(QString("%1 at %2").arg(worst).arg(scale)));
+      for (int i = 0; i < drawn.sizeInBytes(); ++i)  // smooth edges blended twice may round apart
+        QVERIFY(std::abs(stamped.constBits()[i] - drawn.constBits()[i]) <= 3);
     }
     // A scale at which whole units fall on fractions of pixels: symbols look alike everywhere.
     const QImage image = Picture(1.37, [](Target& t) {
       for (const float x : {10.f, 31.f, 57.f, 80.f}) Symbol(t, 0, x, 50, 12, Red);
     });
-    const auto cut = [&image](double x) {
-      return image.copy(static_cast<int>(std::floor(x * 1.37 + 0.5)) - 10, 55, 21, 27);
-    };
-    for (const double x : {31, 57, 80}) QCOMPARE(cut(x), cut(10));
+    for (const int left : {32, 68, 100})
+      QCOMPARE(image.copy(left, 55, 21, 27), image.copy(4, 55, 21, 27));
   }
-
   void textStandsAsAlignedInItsHeightAndTurned() {
-    const struct {
-      int alignment;
-      double left, bottom;  // of the letters from the point, in their own widths and heights
-    } rows[] = {
+    const std::tuple<int, double, double> rows[] = {
+        // From the point to the letters' left and bottom, in their own widths and heights.
         {LeftBaseline, 0, 0},           {RightBaseline, -1, 0},
         {CentreBaseline, -0.5, 0},      {CentreTop, -0.5, 1.3},
         {AlignLeft + AlignTop, 0, 1.3}, {AlignRight + AlignBottom, -1, -0.3},
     };
-    for (const auto& row : rows) {
-      const QRect ink = TextInk({.height = 20, .alignment = row.alignment});
-      QVERIFY(IsNear(ink.left() - 50, row.left * ink.width(), 4));
-      QVERIFY(IsNear(ink.bottom() + 1 - 50, row.bottom * ink.height(), 2));
+    for (const auto& [alignment, left, bottom] : rows) {
+      const QRect ink = TextInk({.height = 20, .alignment = alignment});
+      QVERIFY(IsNear(ink.left() - 50, left * ink.width(), 4));
+      QVERIFY(IsNear(ink.bottom() + 1 - 50, bottom * ink.height(), 2));
     }
     // A capital is 0.69 (Liberation Sans) to 0.72 em (Arial) high, an em the cell's height / 1.117.
-    for (const int height : {14, 20, 40})
-      for (const double scale : {1.0, 1.5, 2.0}) {
-        const double expected = height * scale * 0.70 / 1.117;
-        QVERIFY(IsNear(TextInk({.height = static_cast<std::int16_t>(height)}, scale).height(),
-                       expected, 1 + 0.03 * expected));
-      }
+    for (const auto& [height, scale] : {std::pair{14, 1.0}, {20, 1.5}, {40, 2.0}}) {
+      const double expected = height * scale * 0.70 / 1.117;
+      const TextStyle style = {.height = static_cast<std::int16_t>(height)};
+      QVERIFY(IsNear(TextInk(style, scale).height(), expected, 1 + 0.03 * expected));
+    }
     const QRect flat = TextInk({.height = 20}), turned = TextInk({.height = 20, .rotation = 900});
     QVERIFY(IsNear(turned.height(), flat.width(), 2) && IsNear(turned.width(), flat.height(), 2));
     QVERIFY(turned.bottom() <= 50 && turned.right() <= 50);  // upward, the feet to the right
   }
 
   void wildCoordinatesDoNoHarm() {
-    const auto wild = [](Target& t) {
-      const LogicalPoint far[] = {{INT32_MIN, INT32_MIN}, {INT32_MAX, INT32_MAX}, {0, INT32_MIN}};
-      t.Polyline(far, {});
-      t.Polyline(std::span(far, 1), {});
-      t.Polygon({}, {}, Brush(Red));
-      t.Pixel({INT32_MAX, INT32_MIN}, Red);
-      t.Ellipse({10, 10, 12, 12}, {.width = INT16_MAX}, Brush(White));
-      t.Ellipse({INT32_MIN, 0, INT32_MAX, 10}, {.style = 77, .width = -5}, NoBrush);
-      t.Text("", {5, 5}, {});
-      t.Text("\xFF\xFE", {5, 5}, {.height = -3, .weight = -1});
-      Symbol(t, 1, 50, 50, 9, Red);
-    };
-    for (const double scale : {0.01, 4.0}) Picture(scale, wild);
-    QCOMPARE(Picture(1, wild).pixelColor(50, 50), QColor(Qt::red));
+    for (const double scale : {0.01, 4.0, 1.0}) {
+      const QImage image = Picture(scale, [](Target& t) {
+        const LogicalPoint far[] = {{INT32_MIN, INT32_MIN}, {INT32_MAX, INT32_MAX}, {0, INT32_MIN}};
+        t.Polyline(far, {});
+        t.Polyline(std::span(far, 1), {});
+        t.Polygon({}, {}, Brush(Red));
+        t.Pixel({INT32_MAX, INT32_MIN}, Red);
+        t.Ellipse({10, 10, 12, 12}, {.width = INT16_MAX}, Brush(White));
+        t.Ellipse({INT32_MIN, 0, INT32_MAX, 10}, {.style = 77, .width = -5}, NoBrush);
+        t.Text("", {5, 5}, {});
+        t.Text("\xFF\xFE", {5, 5}, {.height = -3, .weight = -1});
+        for (const int width : {0, 1000}) t.Raster({48, 48}, width, Pixels);  // not one whole row
+        t.Raster({48, 48}, 3, {});
+        t.Pixel({50, 50}, Red);
+      });
+      if (scale == 1) QCOMPARE(image.pixelColor(50, 50), QColor(Qt::red));
+    }
   }
 
   void aPictureKeepsWhatItDrewUntilItChanges() {
     PictureWidget widget;
-    int drawn = 0, overlaid = 0;
+    int drawn = 0;
     widget.resize(208, 108);
     widget.SetPicture(Plane, [&](Target& t) {
       ++drawn;
       DrawRectangle(t, 0, 0, 99, 99, {.colour = Red}, Red);
     });
-    const QImage shown = widget.grab().toImage();
+    const auto grabbed = [&] { return widget.grab().toImage(); };
+    const QImage shown = grabbed();
     QCOMPARE(shown.pixelColor(104, 54), QColor(Qt::red));   // the plane in the middle,
     QCOMPARE(shown.pixelColor(20, 54), QColor(Qt::white));  // white beside it
-    widget.SetOverlay([&](Target& t) {
-      ++overlaid;
-      t.Pixel({50, 50}, Blue);
-    });
-    QCOMPARE(widget.grab().toImage().pixelColor(104, 54), QColor(Qt::blue));
+    widget.SetOverlay([&](Target& t) { t.Pixel({50, 50}, Blue); });
+    QCOMPARE(grabbed().pixelColor(104, 54), QColor(Qt::blue));
     widget.SetOverlay({});
-    QVERIFY(widget.grab().toImage() == shown && drawn == 1 && overlaid == 1);
-    const std::pair<int, std::function<void()>> changes[] = {{1, [&] { widget.Redraw(); }},
-                                                             {1, [&] { widget.resize(300, 300); }},
-                                                             {0, [&] { widget.SetPlane(Plane); }},
-                                                             {1, [&] {
-                                                                widget.SetPlane({200, 100});
-                                                              }}};
-    for (const auto& [times, change] : changes) {
+    QVERIFY(grabbed() == shown);
+    widget.SetPlane(Plane);
+    grabbed();
+    QCOMPARE(drawn, 1);
+    const std::function<void()> changes[] = {[&] { widget.Redraw(); },
+                                             [&] { widget.resize(300, 300); },
+                                             [&] {
+                                               widget.SetPlane({200, 100});
+                                             }};
+    for (const auto& change : changes) {
       drawn = 0;
       change();
-      widget.grab();
-      QCOMPARE(drawn, times);
+      grabbed();
+      QCOMPARE(drawn, 1);
     }
-  }
-
-  void aPictureMapsTheMouseToItsPlane() {
-    PictureWidget widget;
-    widget.resize(408, 208);  // the plane twice as large, from (104, 4) on
-    widget.SetPicture(Plane, [](Target&) {});
-    QString heard;
-    const auto hear = [&heard](const PictureMouse& mouse) {
-      heard += QString("%1 %2 %3; ").arg(mouse.x).arg(mouse.y).arg(mouse.button);
-    };
-    widget.OnPress = widget.OnMove = widget.OnRelease = hear;
-    widget.show();
-    QTest::mousePress(&widget, Qt::LeftButton, {}, {104, 4});
-    MoveMouse(widget, {204, 104});
-    QTest::mouseRelease(&widget, Qt::MiddleButton, {}, {304, 204});
-    QCOMPARE(heard, "0 0 1; 50 50 0; 100 100 4; ");
   }
 
   void everyChangeOfTheStereonetIsDrawnAsIfWhole() {
     TestWindow window;
     window.Open(VELORIX_SOURCE_DIR "/examples/granite.ams");
-    Velorix& program = window.Program;
-    StereoOptions options = program.Stereo;
+    Session& session = window.Program.Session;
+    StereoOptions options = window.Program.Stereo;
     const auto draw = [&](Target& target) {
-      const Session& session = program.Session;
       DrawStereo(session.Records, session.CoorSys, target, StereoGeometry{}, options,
-                 session.ReImMode, program.GroupStats, session.Settings);
+                 session.ReImMode, window.Program.GroupStats, session.Settings);
     };
     PictureWidget picture;
     picture.SetPicture(NetPlane, draw);
@@ -344,15 +301,13 @@ class PainterTargetTest : public QObject {
         &options.colourByValue,      &options.showPlanes};
     for (int step = 0; step < 60; ++step) {
       if (step % 20 == 0) picture.resize(300 + 7 * step, 310 + 5 * step);
-      bool& change = step % 3 == 0
-                         ? *switches[random() % std::size(switches)]
-                         : program.Session.Records[1 + static_cast<int>(random() % 20)].Selected;
+      bool& change = step % 3 == 0 ? *switches[random() % std::size(switches)]
+                                   : session.Records[1 + static_cast<int>(random() % 20)].Selected;
       change = !change;
       picture.Redraw();
       QVERIFY2(picture.grab().toImage() == Whole(picture, draw), qPrintable(QString::number(step)));
     }
   }
-
   void onlyTheTilesOfWhatChangedAreTouched() {
     const auto one = [](Target& t) { Symbol(t, 3, 50, 50, 9, Red); };
     const auto two = [](Target& t) { Symbol(t, 3, 300, 300, 9, Blue); };
@@ -369,23 +324,22 @@ class PainterTargetTest : public QObject {
 
   void aFailedCompositionIsFollowedByAWholeOne() {
     bool fails = false;
-    const auto draw = [&](Target& target) {
+    int faults = 0;
+    PictureWidget picture;
+    picture.OnFault = [&](const Fault& fault) { faults += fault.Number == 6; };
+    picture.SetPicture(NetPlane, [&](Target& target) {
       Symbol(target, 3, 50, 50, 30, Red);
       if (fails) FailOverflow();
       Symbol(target, 3, 150, 50, 30, Red);
-    };
-    PictureWidget picture;
-    int faults = 0;
-    picture.OnFault = [&](const Fault& fault) { faults += fault.Number == 6; };
-    picture.SetPicture(NetPlane, draw);
-    const QImage good = picture.grab().toImage();
-    fails = true;
-    picture.Redraw();
-    const QImage part = picture.grab().toImage();
-    QVERIFY(part != good && part != Whole(picture, [](Target&) {}) && faults == 1);
-    fails = false;
-    picture.Redraw();
-    QVERIFY(picture.grab().toImage() == good);
+    });
+    QList<QImage> shown;
+    for (const bool failure : {false, true, false}) {
+      fails = failure;
+      picture.Redraw();
+      shown += picture.grab().toImage();
+    }
+    QVERIFY(faults == 1 && shown[1] != shown[0] && shown[2] == shown[0]);
+    QVERIFY(shown[1] != Whole(picture, [](Target&) {}));
   }
 };
 

@@ -211,6 +211,7 @@ QStringList Faults(QWidget& window, const QList<QAction*>& everywhere) {
     window.resize(size);
     QTest::qWait(1);
     faults += ClipFaults(window);
+    if (window.height() > 800 || window.width() > 1280) faults += "too large";
   }
   return faults;
 }
@@ -256,37 +257,30 @@ class ReachTest : public WindowTest {
     for (QAction* action : W().Window.findChildren<QAction*>())
       if (action->shortcutContext() == Qt::ApplicationShortcut && action->isVisible())
         everywhere += action;
-    const bool modal =
-        QStringList{"frmEditData", "frmOPAR", "frmAnisoFac", "frmAbout"}.contains(name);
-    if (modal)
-      OnModal<QDialog>([&](QDialog& dialog) {
-        faults = Faults(dialog, {});
-        QCOMPARE(dialog.objectName(), name);
-        dialog.reject();
+    const auto dialogs = {"frmEditData", "frmOPAR", "frmAnisoFac", "frmAbout"};
+    if (std::find(dialogs.begin(), dialogs.end(), name) != dialogs.end()) {
+      ShowDialog(command.toUtf8(), [&] {
+        QCOMPARE(form_->objectName(), name);
+        faults = Faults(*form_, {});
       });
-    if (!command.isEmpty()) W().Run(command);
-    if (!modal) {
-      QWidget* window = command.isEmpty() ? &W().Window : W().Shown<QWidget>(name);
-      QVERIFY(window);
-      faults = Faults(*window, everywhere);
+    } else {
+      form_ = &W().Window;
+      if (!command.isEmpty()) OpenForm(command.toUtf8(), name.toUtf8());
+      faults = Faults(*form_, everywhere);
     }
     QVERIFY2(faults.isEmpty(), qPrintable("\n" + faults.join('\n')));
   }
 
   void theDataTableIsSortedByKeys() {
-    W().Open(W().WriteFile("site", 4));
+    W().Open(W().WriteFile("site", 3));
     OpenForm("mnuDataTable", "frmDataTable");
     auto& table = The<QTableView>("scgAnisoView");
     QVERIFY(table.hasFocus());
     table.setCurrentIndex(table.model()->index(0, 1));
-    const auto* header = table.horizontalHeader();
-    for (const auto& [order, sorted] :
-         {std::pair{Qt::AscendingOrder, "site1 site2 site3 site4"},
-          std::pair{Qt::DescendingOrder, "site4 site3 site2 site1"}}) {
+    for (const char* sorted : {"site1 site2 site3", "site3 site2 site1"}) {
       QTest::keyClick(&table, Qt::Key_S, Qt::AltModifier);  // the button is pressed for a while
-      QTRY_VERIFY(header->isSortIndicatorShown() && header->sortIndicatorSection() == 1 &&
-                  header->sortIndicatorOrder() == order);
-      QCOMPARE(ColumnText(table, 1), sorted);
+      QTRY_VERIFY(table.horizontalHeader()->isSortIndicatorShown() &&
+                  ColumnText(table, 1) == sorted);
     }
     QVERIFY(W().Selected().isEmpty());
   }
@@ -294,18 +288,20 @@ class ReachTest : public WindowTest {
   void aQuestionIsAnsweredByKeys() {
     QtDialogs dialogs;
     QStringList faults;
-    OnModal<QMessageBox>([&](QMessageBox& box) {
-      faults = Faults(box, {});
-      QTest::keyClick(&box, Qt::Key_N, Qt::AltModifier);
-    });
+    const auto answer = [&faults](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+      OnModal<QMessageBox>([&faults, key, modifiers](QMessageBox& box) {
+        faults += Faults(box, {});
+        QTest::keyClick(&box, key, modifiers);
+      });
+    };
+    answer(Qt::Key_N, Qt::AltModifier);
     QCOMPARE(dialogs.Ask("Title", "A question?", {"&Yes", "&No", "&Cancel"}, 0), 1);
-    OnModal<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    answer(Qt::Key_Escape);
     QCOMPARE(dialogs.Ask("Title", "A question?", {"&Yes", "&No", "&Cancel"}, 0), 2);
     OnModal<QMessageBox>([&](QMessageBox& box) {
-      faults += Faults(box, {});
-      QCOMPARE(box.icon(), QMessageBox::Warning);
       QCOMPARE(box.windowTitle() + "|" + box.text() + "|" + box.buttons().value(0)->text(),
                "<<x>>|Line 1\nLine 2|OK");
+      QCOMPARE(box.icon(), QMessageBox::Warning);
       QTest::keyClick(&box, Qt::Key_Return);
     });
     dialogs.Warn("<<x>>", "Line 1\nLine 2");
