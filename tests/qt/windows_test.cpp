@@ -1,9 +1,12 @@
 // Where the windows stand and what they show of each other.
 
 #include <QHeaderView>
+#include <QLabel>
+#include <QListWidget>
 #include <QScreen>
 #include <QScrollBar>
 
+#include "platform/qt/plots/picture_widget.h"
 #include "platform/qt/start_up.h"
 #include "platform/qt/windows/about_window.h"
 #include "tests/qt/test_window.h"
@@ -13,10 +16,50 @@ using namespace velorix;
 class WindowsTest : public WindowTest {
   Q_OBJECT
 
+  /// Where a widget lies on the screen.
+  static QRect Place(const QWidget& widget) {
+    return {widget.mapToGlobal(QPoint()), widget.size()};
+  }
+  /// All that a user reads or touches in the main window and that is in view.
+  QList<QWidget*> Controls() {
+    QList<QWidget*> controls;
+    for (QWidget* w : W().Window.findChildren<QWidget*>()) {
+      const bool control = qobject_cast<QLabel*>(w) || qobject_cast<QComboBox*>(w) ||
+                           qobject_cast<QAbstractButton*>(w) || qobject_cast<QTableView*>(w) ||
+                           qobject_cast<QListWidget*>(w) || dynamic_cast<PictureWidget*>(w);
+      // Parts of a list or a tool bar's spare button are not ours, nor is what is scrolled away.
+      const bool own = !w->objectName().startsWith("qt_") || qobject_cast<QLabel*>(w);
+      if (control && own && w->isVisible() && !w->visibleRegion().isEmpty()) controls += w;
+    }
+    return controls;
+  }
+
  private slots:
   void init() {
     window_.emplace();
     form_ = &W().Window;
+  }
+
+  void nothingOverlapsOrLeavesTheMainWindow() {
+    W().Open(W().WriteFile("site", 40));
+    W().Window.resize(1280, 800);
+    for (const char* step : {"", "cmdExpand", "cmdExpand", "cmdColumnPlots", "cmdPairPlots"}) {
+      if (*step) Press(step);
+      QCoreApplication::processEvents();
+      QCOMPARE(W().Window.size(), QSize(1280, 800));
+      const QList<QWidget*> controls = Controls();
+      QVERIFY(controls.size() > 40);
+      for (const QWidget* a : controls) {
+        const QString name = a->objectName() + " after " + step;
+        QVERIFY2(Place(W().Window).contains(Place(*a)), qPrintable(name));
+        for (const QWidget* b : controls)
+          if (a != b && !a->isAncestorOf(b) && !b->isAncestorOf(a))
+            QVERIFY2(!Place(*a).intersects(Place(*b)) || a->parent() != b->parent(),
+                     qPrintable(name + " and " + b->objectName()));
+      }
+      const auto& net = The<QWidget>("picStereo");
+      QVERIFY(net.width() >= 180 && net.height() >= 180);
+    }
   }
 
   void theMainWindowComesAfterTheSplashWithinTheScreen() {
@@ -44,6 +87,7 @@ class WindowsTest : public WindowTest {
     QVERIFY(QFile::exists(W().Folder.filePath("program/MarloAniso.sav")));
     ShowDialog("mnuAbout", [this] { QCOMPARE(Look("lblVersion"), QString("Version ") + Version); });
   }
+
   void windowsBesideTheMainOneStayAboveItAndCloseInFourWays() {
     W().Window.move(0, 0);
     for (const auto& [command, name] : {std::pair{"mnuDataTable", "frmDataTable"},
