@@ -26,20 +26,20 @@ void AppendShortest(std::string& to, Float value, Float limit) {
     return;
   }
   const Float size = std::abs(value);
-  const bool fixed = size >= static_cast<Float>(1e-4) && size < limit;
   char text[40];
-  char* end = nullptr;
   // Below the limit the shortest text of a whole number is all its digits, which an integer gives
   // much faster.
   const auto whole = size < limit ? static_cast<std::int64_t>(value) : 0;
-  if (static_cast<Float>(whole) == value)
-    end = std::to_chars(text, std::end(text), whole).ptr;
-  else
-    end = std::to_chars(text, std::end(text), value,
-                        fixed ? std::chars_format::fixed : std::chars_format::scientific)
-              .ptr;
+  if (static_cast<Float>(whole) == value) {
+    to.append(text, std::to_chars(text, std::end(text), whole).ptr);
+    return;
+  }
+  const bool fixed = size >= static_cast<Float>(1e-4) && size < limit;
+  char* const end = std::to_chars(text, std::end(text), value,
+                                  fixed ? std::chars_format::fixed : std::chars_format::scientific)
+                        .ptr;
   if (!fixed) *std::find(text, end, 'e') = 'E';
-  to.append(text, static_cast<std::size_t>(end - text));
+  to.append(text, end);
 }
 
 constexpr int ExactDecimals = 766;  // behind the first digit: they show any float exactly

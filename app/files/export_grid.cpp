@@ -90,7 +90,8 @@ GridTexts RecordGridTexts(const Session& session) {
   grid.RowHeaderColumns = 1;
   grid.Columns = static_cast<int>(GridColumns.size()) - 1;
   grid.AppendCell = [&session](std::string& text, int row, int column) {
-    const Column key = GridColumns[static_cast<std::size_t>(column + 1)];
+    const int place = column + 1;  // -1: the row's header
+    const Column key = GridColumns[static_cast<std::size_t>(place)];
     if (row < 0)
       text += ColumnName(key, session.Settings);
     else

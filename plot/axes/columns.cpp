@@ -106,7 +106,8 @@ constexpr ColumnInfo Table[] = {
 constexpr const ColumnInfo& At(Column column) { return Table[static_cast<std::size_t>(column)]; }
 
 // A row's place is its key's, and each slot has a row.
-static_assert(std::ranges::all_of(Table, [](const ColumnInfo& c) { return &At(c.key) == &c; }));
+static_assert(std::all_of(std::begin(Table), std::end(Table),
+                          [](const ColumnInfo& c) { return &At(c.key) == &c; }));
 static_assert(At(FactorColumn(FactorSlots)).slot == FactorSlots &&
               At(FactorColumn(FactorSlots + 1)).slot == 0);
 
@@ -118,7 +119,7 @@ constexpr bool OnAxes(const ColumnInfo& c) {
 
 template <bool (*Holds)(const ColumnInfo&)>
 constexpr auto KeysOf() {
-  std::array<Column, std::ranges::count_if(Table, Holds)> keys = {};
+  std::array<Column, std::count_if(std::begin(Table), std::end(Table), Holds)> keys = {};
   auto key = keys.begin();
   for (const ColumnInfo& c : Table)
     if (Holds(c)) *key++ = c.key;
@@ -129,7 +130,7 @@ constexpr auto GridKeys = KeysOf<InGrid>();
 constexpr auto PlotKeys = KeysOf<OnAxes>();
 constexpr auto DataTableKeys = [] {
   auto keys = KeysOf<InDataTable>();
-  const auto place = [&](Column column) { return std::ranges::find(keys, column); };
+  const auto place = [&](Column column) { return std::find(keys.begin(), keys.end(), column); };
   std::rotate(place(C::Fac1), place(C::KmaxDec), place(C::F));
   return keys;
 }();
@@ -142,7 +143,7 @@ constexpr std::span<const Column> GridColumns = GridKeys, DataTableColumns = Dat
 const ColumnInfo& InfoOf(Column column) { return At(column); }
 
 std::span<const Column> PlotColumnsFrom(Column first) {
-  return {std::ranges::find(PlotColumns, first), PlotColumns.end()};
+  return {std::find(PlotColumns.begin(), PlotColumns.end(), first), PlotColumns.end()};
 }
 
 std::string ColumnName(Column column, const Settings& settings) {

@@ -51,29 +51,32 @@ QPushButton* MakeDialogButton(const char* name, const char* caption, const char*
   return button;
 }
 
-QHBoxLayout* MakeChangeButtons(Velorix& velorix, QDialog& dialog, std::function<void()> unlock,
-                               std::function<void()> take) {
+QHBoxLayout* MakeChangeButtons(Velorix& velorix, QDialog& dialog,
+                               const std::function<void()>& unlock,
+                               const std::function<void()>& take) {
   KeepLockedReadable(dialog);
   auto* ok = MakeDialogButton("cmdOK", "CHANGE", "(Enter)", &dialog);
   auto* cancel = MakeDialogButton("cmdCancel", "CANCEL", "Close without saving (Esc)", &dialog);
   cancel->setAutoDefault(false);
   ok->setFocus();
   QObject::connect(cancel, &QPushButton::clicked, &dialog, &QDialog::reject);
-  QObject::connect(ok, &QPushButton::clicked, &dialog, [&velorix, &dialog, ok, unlock, take] {
-    if (ok->text() == "CHANGE") {
-      MakeReady(*ok);
-      unlock();
-      return;
-    }
-    bool done = false;
-    PauseBusyCursor();
-    Work(velorix, [&] {
-      take();
-      done = true;
-    });
-    PauseBusyCursor();
-    if (done) dialog.accept();
-  });
+  QObject::connect(ok, &QPushButton::clicked, &dialog,
+                   [&velorix, &dialog, ok, unlock, take, locked = true]() mutable {
+                     if (locked) {
+                       locked = false;
+                       MakeReady(*ok);
+                       unlock();
+                       return;
+                     }
+                     bool done = false;
+                     PauseBusyCursor();
+                     Work(velorix, [&] {
+                       take();
+                       done = true;
+                     });
+                     PauseBusyCursor();
+                     if (done) dialog.accept();
+                   });
   auto* row = new QHBoxLayout;
   row->setSpacing(6);
   row->addStretch(1);

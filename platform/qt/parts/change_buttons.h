@@ -18,7 +18,8 @@ QPushButton* MakeDialogButton(const char* name, const char* caption, const char*
 /// `cmdOK` and `cmdCancel` of a dialog that shows its controls locked. `cmdOK` says "CHANGE" first:
 /// a click calls `unlock` and makes it a green "OK", the default button. A click on "OK" runs
 /// `take` as a command and closes the dialog when that did not fail. `dialog` owns the buttons.
-QHBoxLayout* MakeChangeButtons(Velorix& velorix, QDialog& dialog, std::function<void()> unlock,
-                               std::function<void()> take);
+QHBoxLayout* MakeChangeButtons(Velorix& velorix, QDialog& dialog,
+                               const std::function<void()>& unlock,
+                               const std::function<void()>& take);
 
 }  // namespace velorix

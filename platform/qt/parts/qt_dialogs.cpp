@@ -94,6 +94,8 @@ class FileDialog : public QFileDialog {
   void accept() override {
     const QString first = Paths().value(0);
     const bool goes = first.isEmpty() || QFileInfo(first).isDir();
+    // Past the toolkit's own check that the files exist.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     if (acceptMode() == AcceptOpen && !goes) return QDialog::accept();
     QFileDialog::accept();
     QLineEdit* field = NameField(*this);

@@ -215,7 +215,8 @@ QRegion Tiles::OnDevice(const PlaneFit& fit, const QSize& image) const {
     return static_cast<int>(std::floor(tile * TileSide * fit.scale + offset));
   };
   const auto has = [&](int row, int column) {
-    return column < grid_.columns && tiles_[static_cast<std::size_t>(row * grid_.columns + column)];
+    const int tile = row * grid_.columns + column;
+    return column < grid_.columns && tiles_[static_cast<std::size_t>(tile)];
   };
   QRegion region;
   for (int row = 0; row < grid_.rows; ++row) {

@@ -95,7 +95,7 @@ frmGEDEditor::frmGEDEditor(Velorix& velorix, QWidget* owner)
 
 void frmGEDEditor::MakeMenu() {
   QMenu* file = menuBar()->addMenu("&File");
-  const auto add = [&](const char* name, const char* caption, QKeySequence key, auto act) {
+  const auto add = [&](const char* name, const char* caption, const QKeySequence& key, auto act) {
     QAction* item = file->addAction(caption);
     item->setObjectName(name);
     item->setShortcut(key);
