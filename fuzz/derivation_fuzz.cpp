@@ -53,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool strike = choose(2) == 1;
   view.FoliCode = record.FoliName[1];
   view.LineCode = strike ? std::string_view("0") : std::string_view(record.LineName[1]);
-  view.TectoPlane = choose(2) == 1 ? Vertical : Horizontal;
+  view.TectoPlane = choose(2) == 1 ? PaleoPlane::Vertical : PaleoPlane::Horizontal;
   view.TectoNorthSouth = choose(2) == 1;
   view.TectoEastWest = choose(2) == 1;
 

@@ -144,7 +144,8 @@ TEST(BadInput, ABinaryFileHasItsRoundedNumberOfRecordsAndZerosFillTheLast) {
       PutFile(path, bytes);
       // Halves go to the even number: half a record is none, one and a half are two.
       const int n = static_cast<int>(std::nearbyint((length - header) / double(size)));
-      bytes.resize(static_cast<std::size_t>(header + n * size));
+      const int end = header + n * size;
+      bytes.resize(static_cast<std::size_t>(end));
       RecordArray records, filled;
       ASSERT_EQ(Readers[at].FromFile(path, records).Done, n > 0) << length;
       ASSERT_EQ(Readers[at].FromBytes(bytes, "x", filled).Done, n > 0) << length;
