@@ -205,7 +205,7 @@ struct TestWindow {
       r.LineTrend[1] = 150;
       r.LinePlunge[1] = 30;
     }
-    const std::string path = Path((name + ".ams").c_str());
+    std::string path = Path((name + ".ams").c_str());
     if (!WriteAmsFile(path, records, false, true)) qFatal("no test file");
     return path;
   }
