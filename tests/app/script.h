@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <deque>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,8 +11,8 @@
 #include "app/display/display.h"
 #include "app/state/velorix.h"
 #include "datafiles/ams_file.h"
-#include "stats/gauss_random.h"
 #include "tests/datafiles/temp_folder.h"
+#include "tests/stats/gauss_table.h"
 
 namespace velorix {
 
@@ -80,14 +79,7 @@ struct RecordedViews : Views, WindowOpener {
 /// A program without windows, with a folder of its own that goes with the test.
 class ProgramTest : public testing::Test {
  protected:
-  ProgramTest() {
-    static const std::vector<float> gauss = [] {
-      std::vector<float> table;
-      FillGaussTable(table, [] {});
-      return table;
-    }();
-    Program.GaussTable = gauss;
-  }
+  ProgramTest() { Program.GaussTable = GaussNumbers(); }
 
   using Texts = std::vector<std::string>;
 

@@ -15,8 +15,8 @@
 #include <functional>
 
 #include "app/display/display.h"
+#include "platform/host/host.h"
 #include "platform/qt/windows/velorix_window.h"
-#include "stats/gauss_random.h"
 #include "tests/app/script.h"
 
 namespace velorix {
@@ -115,29 +115,12 @@ inline void MoveMouse(QWidget& widget, QPoint place, Qt::MouseButtons buttons = 
 struct TestWindow {
   TestWindow() {
     Program.Host.AppFolder = Program.Host.DataRoot = Folder.path().toStdString();
-    Program.Host.ListFolder = [](const std::string& folder, const std::string& extension) {
-      std::vector<std::string> names;
-      const QString pattern = "*." + QString::fromStdString(extension);
-      const QDir dir(QString::fromStdString(folder));
-      for (const QString& name : dir.entryList({pattern}, QDir::Files, QDir::Name))
-        names.push_back(name.toStdString());
-      return names;
-    };
-    Program.GaussTable = Gauss();
+    Program.Host.ListFolder = ListFolder;
+    Program.GaussTable = GaussNumbers();
     Window.Load(Program);
     Window.show();
     Window.activateWindow();
     if (!QTest::qWaitForWindowActive(&Window)) qWarning("the window does not get active");
-  }
-
-  /// The table of the start-up, made once for all windows.
-  static const std::vector<float>& Gauss() {
-    static const std::vector<float> table = [] {
-      std::vector<float> made;
-      FillGaussTable(made, [] {});
-      return made;
-    }();
-    return table;
   }
 
   template <class Control>

@@ -45,24 +45,6 @@ TEST_F(StandardGrid, UpIsNorthRightIsEastAndTheRimIsHorizontal) {
   }
 }
 
-TEST_F(StandardGrid, VectorsAreThoseOfTheDirectionsAndNothingLiesOutside) {
-  for (int j = 0; j <= 300; ++j)
-    for (int i = 0; i <= 300; ++i) {
-      const std::size_t n = At(i, j);
-      if (!Grid.Inside[n]) {
-        ASSERT_TRUE(Grid.X[n] == 0 && Grid.Y[n] == 0 && Grid.Z[n] == 0);
-        continue;
-      }
-      const double dec = Grid.Dec[n] / DegPerRad, inc = Grid.Inc[n] / DegPerRad;
-      ASSERT_TRUE(Grid.Dec[n] >= 0 && Grid.Dec[n] <= 360 && Grid.Inc[n] >= -1e-3);
-      ASSERT_NEAR(Grid.X[n], std::cos(inc) * std::cos(dec), 1e-6);
-      ASSERT_NEAR(Grid.Y[n], std::cos(inc) * std::sin(dec), 1e-6);
-      ASSERT_NEAR(Grid.Z[n], std::sin(inc), 1e-6);
-      // Equal area: the distance from the centre is the root of 1 - sin(inc).
-      ASSERT_NEAR(std::hypot(i - 150, j - 150) / 150, std::sqrt(1 - Grid.Z[n]), 1e-3);
-    }
-}
-
 TEST_F(StandardGrid, IsNotMadeOfOtherArguments) {
   EXPECT_THROW(BuildContourGrid(Grid, 1, 0, 1), Fault);
   EXPECT_THROW(BuildContourGrid(Grid, 0, 10, 0), Fault);
@@ -215,16 +197,6 @@ TEST_F(Density, LiesOnStraightLinesBetweenComputedNodes) {
         const double lower = Of(i, j + 3) + (Of(i + 3, j + 3) - Of(i, j + 3)) * share;
         EXPECT_NEAR(Of(i + step, j + step), upper + (lower - upper) * share, tolerance);
       }
-}
-
-TEST_F(Density, GoesOnUnchangedFromTheLastComputedNodeToTheRim) {
-  Run(RandomData(30, 5), 40);
-  // In row 3 the circle reaches from 121 to 179, the computed nodes from 123 to 177.
-  for (const int i : {121, 122}) EXPECT_EQ(Of(i, 3), Of(123, 3)) << i;
-  for (const int i : {178, 179}) EXPECT_EQ(Of(i, 3), Of(177, 3)) << i;
-  for (const int j : {121, 122}) EXPECT_EQ(Of(3, j), Of(3, 123)) << j;
-  for (std::size_t n = 0; n < Grid.Density.size(); ++n)
-    ASSERT_EQ(Grid.Density[n] > 0, Grid.Inside[n] == 1) << n;
 }
 
 TEST_F(Density, IsTheSameOnAnyNumberOfThreads) {

@@ -5,11 +5,11 @@
 #include <cmath>
 #include <random>
 
-#include "stats/gauss_random.h"
 #include "stats/group_statistics.h"
 #include "stats/jacobi.h"
 #include "tensor/derivation.h"
 #include "tensor/rotations.h"
+#include "tests/stats/gauss_table.h"
 
 namespace velorix {
 namespace {
@@ -27,15 +27,6 @@ const std::vector<TensorColumn> Jelinek1978 = {
 
 /// Without scatter and exactly diagonal, so that no rounding takes the place of scatter.
 const std::vector<TensorColumn> FourCopies(4, TensorColumn{1.1, 1.0, 0.9, 0, 0, 0});
-
-const std::vector<float>& GaussNumbers() {
-  static const std::vector<float> table = [] {
-    std::vector<float> numbers;
-    FillGaussTable(numbers, [] {});
-    return numbers;
-  }();
-  return table;
-}
 
 /// A store of the tensors, shown in the geographic system.
 RecordArray RecordsOf(const std::vector<TensorColumn>& tensors) {
@@ -251,27 +242,6 @@ TEST(GroupStatistics, ARegionOverTheWholeNetHasASemiAxisOf90) {
   }
 }
 
-TEST(BootStrap, IsTheSameTwiceAndPutsTheAxisEndsWhereTheyAreMeasured) {
-  GroupStats a, b;
-  for (GroupStats* stats : {&a, &b}) RunOn(RecordsOf(Jelinek1978), *stats);
-  EXPECT_TRUE(a == b);
-  const BootResult boot = BootStrap(Jelinek1978, BootReplicates, BootContourPoints, GaussNumbers());
-  ASSERT_EQ(boot.BootEllipse.size(), 200u);
-  for (int k = 1; k <= 3; ++k)
-    for (std::size_t p = 0; p < 100; ++p) {  // opposite points lie mirrored about the mean
-      Vector<3> point, sum;
-      for (int i = 1; i <= 3; ++i) {
-        point[i] = boot.BootEllipse[p](i, k);
-        sum[i] = point[i] + boot.BootEllipse[p + 100](i, k);
-      }
-      EXPECT_LT(AxisAngle(DirectionOfVector(sum), MeanOf(a, k)), 0.05) << k << " " << p;
-      EXPECT_GT(AxisAngle(DirectionOfVector(point), MeanOf(a, k)),
-                0.99 * std::min(a.BootE1[k], a.BootE2[k]));
-    }
-  EXPECT_TRUE(BootStrap(std::span(Jelinek1978).first(1), 500, 200, GaussNumbers()).BootVec.empty());
-  EXPECT_THROW(BootStrap(FourCopies, 500, 200, GaussNumbers()), Fault);
-}
-
 TEST(GroupStatistics, TakesWhatTheViewShowsAndLeavesFailedFactorsOut) {
   RecordArray records = RecordsOf(Jelinek1978);
   records[1].Active = false;
@@ -290,35 +260,6 @@ TEST(GroupStatistics, TakesWhatTheViewShowsAndLeavesFailedFactorsOut) {
 
   RunOn(RecordsOf({{1, 1, 1e-40, 0, 0, 0}}), stats);
   EXPECT_EQ(stats.MeanFac[3], 1e9f);  // P = 1E40 leaves the 32-bit range: failed, as in a record
-}
-
-TEST(GroupStatistics, AveragesInPhaseValuesOfAllAlsoOutOfPhase) {
-  RecordArray records = RecordsOf(Jelinek1978);
-  for (int i = 1; i <= 5; ++i) records[i].HasIm = true;
-  GroupStats stats;
-  RunOn(records, stats, OutOfPhase);
-  EXPECT_EQ(stats.GroupN, 5);
-  EXPECT_FLOAT_EQ(stats.AvgKm, 0.0045f);  // of all eight
-}
-
-TEST(GroupStatistics, KeepsOldValuesWhereAGroupIsTooSmallOrTooLarge) {
-  std::vector<TensorColumn> group;
-  while (group.size() < 100) group.push_back(Jelinek1978[group.size() % 8]);
-  GroupStats stats;
-  RunOn(RecordsOf(group), stats);
-  const double boot = stats.BootE1[1], error = stats.MeanE1[1];
-  EXPECT_GT(boot, 0);
-  group.push_back({1.3, 1.0, 0.7, 0, 0.1, 0});
-  RunOn(RecordsOf(group), stats);
-  EXPECT_EQ(stats.GroupN, 101);
-  EXPECT_EQ(stats.BootE1[1], boot);
-  EXPECT_NE(stats.MeanE1[1], error);
-  RunOn({}, stats);
-  EXPECT_EQ(stats.GroupN, 0);
-  EXPECT_FALSE(stats.HasAverages || stats.HasAverage[1]);
-  RunOn(RecordsOf({Jelinek1978[0]}), stats);
-  EXPECT_EQ(stats.GroupN, 1);
-  EXPECT_EQ(stats.SdKm, 0);
 }
 
 TEST(GroupStatistics, FailsAtTheDivisionAndTellsHowFarItCame) {
