@@ -64,14 +64,6 @@ TEST(Store, ReplaceStoreTakesTheRecordsAndNumbersThem) {
   }
 }
 
-TEST(Store, RenumberGoesThroughTheWholeStore) {
-  RecordArray records;
-  records.Grow(32767);
-  Renumber(records);
-  EXPECT_EQ(records[1].RecordNo, 1);
-  EXPECT_EQ(records[32767].RecordNo, 32767);
-}
-
 TEST(Store, IsShownGoesByUseSystemAndBlock) {
   Session session;
   session.Records.Grow(1);

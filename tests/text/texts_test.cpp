@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <cmath>
-#include <cstdio>
 #include <limits>
-#include <random>
 #include <tuple>
 
 #include "base/fault.h"
@@ -138,13 +135,6 @@ TEST(Numbers, PlainTextIsTheShortestAndTurnsToExponentsWhereItsOwnWidthEnds) {
   for (const auto& [text, wanted] : cases) EXPECT_EQ(text, wanted);
 }
 
-TEST(CodePage, EveryByteComesBackAsItWas) {
-  std::string bytes;
-  for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
-  EXPECT_EQ(ToCodePage(FromCodePage(bytes)), bytes);
-  for (char byte : bytes) EXPECT_EQ(ToCodePage(FromCodePage({&byte, 1})), std::string(1, byte));
-}
-
 TEST(CodePage, BytesStandForTheCharactersOfWindows1252) {
   const std::pair<const char*, const char*> cases[] = {
       // clang-format off
@@ -229,12 +219,6 @@ TEST(Lines, SplitAtCharHasAHundredTokensFromTheStart) {
   for (int i = 0; i < 100; ++i) line += "a/";
   EXPECT_EQ(SplitAtChar(line, '/').Token(100), "a");
   EXPECT_THROW(SplitAtChar(line += "b", '/'), Fault);
-}
-
-TEST(Lines, CleanNameDropsCodesBelow30AndStripControlsBelow32) {
-  const std::string text = std::string("  N\0A\t1 \x1D\x1E\x1F\xC3\xA9  ", 15);
-  EXPECT_EQ(CleanName(text), "NA1 \x1E\x1F\xC3\xA9");
-  EXPECT_EQ(StripControls(text), "  NA1 \xC3\xA9  ");
 }
 
 TEST(Paths, NamesAreTakenApartAtTheLastSeparatorAndTheLastPoint) {
