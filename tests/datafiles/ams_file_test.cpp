@@ -88,14 +88,6 @@ TEST(WriteAmsFile, WithNothingToWriteAnOldFileGoesAllTheSameAndSoForRan) {
       }
 }
 
-TEST(WriteAmsFile, AnAppendBeyondTheSixteenBitsLeavesTheFile) {
-  const TempFolder folder;
-  const std::string path = folder.File("x.ams"), bytes(std::size_t{32767} * 640, '\0');
-  PutFile(path, bytes);
-  EXPECT_THROW((void)WriteAmsRecord(path, SpecimenRecord()), Fault);
-  EXPECT_TRUE(BytesOf(path) == bytes);
-}
-
 using golden::Decoded, golden::Encoded;
 
 const std::string ShortFalse(2, '\0'), ShortTrue = "\xFF\xFF";
@@ -106,22 +98,6 @@ TEST(AmsLayout, EveryFieldHasItsPlace) {
   EXPECT_EQ(record.K[4].width(), Number::Width::Unset);
   const std::string written = Encoded(record), expected = golden::Written();
   for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(written[i], expected[i]) << i;
-}
-
-TEST(AmsLayout, ReservedBytesAndSlots3And4AreNeitherReadNorWritten) {
-  const std::pair<std::size_t, std::size_t> dead[] = {
-      // clang-format off
-      {30, 4}, {104, 4}, {116, 8}, {132, 8}, {144, 4}, {156, 8}, {172, 8}, {468, 4}, {546, 94},
-      // clang-format on
-  };
-  std::string bytes = golden::OnDisk();
-  for (const auto& [at, width] : dead) bytes.replace(at, width, width, 'A');
-  EXPECT_EQ(Decoded(bytes), golden::Record());
-
-  SpecimenRecord record = golden::Record();
-  record.FoliName[3] = record.FoliName[4] = record.LineName[3] = record.LineName[4] = "S3";
-  record.FoliAz[3] = record.FoliDip[4] = record.LineTrend[4] = record.LinePlunge[3] = 33;
-  EXPECT_EQ(Encoded(record), golden::Written());
 }
 
 TEST(AmsLayout, SpecimenSystemIsInvertedTheOrientationIsNotAndWithoutItAnglesAreZero) {
@@ -177,17 +153,6 @@ TEST(AmsLayout, TextsArePaddedCutConvertedAndStrippedAtTheEndOrAtBoth) {
   EXPECT_EQ(Encoded(record).substr(100, 4), "FxS1");
 }
 
-TEST(AmsLayout, OneCodeInAnyOfTheFourSlotsOpensTheUpperSystems) {
-  std::string none = golden::OnDisk();
-  for (const std::size_t at : {100u, 102u, 140u, 142u}) golden::PutText(none, at, "  ");
-  EXPECT_FALSE(Decoded(none).HasCoor[3] || Decoded(none).HasCoor[4]);
-  for (const std::size_t at : {100u, 102u, 140u, 142u}) {
-    std::string bytes = none;
-    golden::PutText(bytes, at, "F ");
-    EXPECT_TRUE(Decoded(bytes).HasCoor[3] && Decoded(bytes).HasCoor[4]) << at;
-  }
-}
-
 TEST(AmsLayout, AStrikeIsTurnedIntoADipDirectionAndBackWhereP4Is90AndTheFoliationHasACode) {
   const std::tuple<int, const char*, float, float, float> cases[] = {
       // clang-format off
@@ -222,20 +187,6 @@ TEST(AmsLayout, OneOutOfPhaseTensorValueMakesTheBlock) {
       golden::PutFloat(bytes, at, value);
       EXPECT_TRUE(Decoded(bytes).HasIm) << at;
     }
-}
-
-TEST(AmsLayout, EveryFloatSurvivesWhateverItIs) {
-  std::vector<std::size_t> floats = {26,  34,  40,  92,  96,  108, 112, 124,
-                                     128, 148, 152, 164, 168, 492, 496, 500};
-  for (std::size_t at = 180; at < 468; at += 4)
-    if ((at < 200 || at >= 212) && (at < 344 || at >= 356)) floats.push_back(at);
-  for (const std::uint32_t value : {0x7FC12345u, 0xFFC00001u, 0x7F800000u, 0xFF800000u, 0x80000000u,
-                                    0x00000001u, 0x7F7FFFFFu}) {
-    std::string bytes = golden::Written();
-    golden::PutShort(bytes, 88, 0);  // strikes do not stay as they are
-    for (const std::size_t at : floats) golden::PutInteger(bytes, at, value, 4);
-    EXPECT_EQ(Encoded(Decoded(bytes)), bytes) << value;
-  }
 }
 
 TEST(AmsLayout, NumbersOf64BitsAreNarrowedAndUnsetOnesAreZero) {

@@ -132,15 +132,6 @@ TEST(ReadAscFile, CodesOfZeroAreNoneAndOpenNoSystem) {
   }
 }
 
-TEST(ReadAscFile, AMissingNumberOfAPairIsZero) {
-  const SpecimenRecord r = Only(With(C, "SL  130  /45  00  x/7/8  220//70"));
-  using Angles = Array1<float, 4>;
-  EXPECT_EQ(r.FoliAz, (Angles{130, 0}));
-  EXPECT_EQ(r.FoliDip, (Angles{0, 7}));
-  EXPECT_EQ(r.LineTrend, (Angles{45, 220}));  // separators at the ends don't count
-  EXPECT_EQ(r.LinePlunge, (Angles{0, 70}));
-}
-
 TEST(ReadAscFile, AnOrientationOpensTheGeographicSystemAndItsParametersRoundHalvesToEven) {
   const std::tuple<const char*, const char*, bool> cases[] = {
       {"0", "0.0", false}, {"none", "-", false}, {"0", "-1", true}, {"0.5", "0", true}};
@@ -175,12 +166,6 @@ TEST(ReadAscFile, TheCaptionTellsHowTheFieldIsGiven) {
     Put(expected.FTest, {3.0, 4.0, 5.0});
     EXPECT_EQ(Only(lines), expected) << line;
   }
-}
-
-TEST(ReadAscFile, LinesBeforeTheCaptionMayBeAnyNumberAlsoCaptionsInAnotherCase) {
-  Lines lines = Report();
-  lines.insert(lines.begin() + Caption, {"", "x Field", "MEAN", "Fields", "  ", "field"});
-  EXPECT_EQ(Only(lines), Expected());
 }
 
 TEST(ReadAscFile, ConfidenceAnglesComeFromTheirLineOrFromThePrincipalValues) {

@@ -3,11 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "datafiles/ams_layout.h"
-#include "datafiles/asc_file.h"
 #include "datafiles/ged_file.h"
 #include "datafiles/ran_layout.h"
-#include "datafiles/si2b_file.h"
-#include "datafiles/spin_file.h"
 #include "examples/example_sites.h"
 #include "examples/ged_sites.h"
 #include "examples/ran_sites.h"
@@ -107,36 +104,6 @@ TEST(Examples, BeddedSpecimensTurnIntoThePublishedTensors) {
       EXPECT_NEAR(geographic[c] / 3, published.Geographic[c - 1], 2e-6);
       EXPECT_NEAR(records[i].TensorRot[c] / 3, published.Tilt[c - 1], 2e-6);
     }
-  }
-}
-
-TEST(Examples, OtherFormatsKeepTheTensorsOfTheSite) {
-  RecordArray asc, si2b, spin, are, ran;
-  ASSERT_TRUE(ReadAscFile(Folder + "formats/tr245.asc", asc));
-  ASSERT_TRUE(ReadSi2bFile(Folder + "formats/tr245.AMS", si2b, Settings()));
-  ASSERT_TRUE(ReadSpinFile(Folder + "formats/tr245.txt", spin, Settings()));
-  ASSERT_TRUE(ReadRanFile(Folder + "tr245.are", are, Settings()));
-  ASSERT_TRUE(ReadRanFile(Folder + "granite.ran", ran, Settings()));
-  const RecordArray site = Example("tr245.ams"), turned = Turned(site);
-  const auto expectNear = [](const RecordArray& records, const RecordArray& wanted, double near) {
-    ASSERT_EQ(records.Count(), wanted.Count());
-    for (int n = 1; n <= records.Count(); ++n) {
-      EXPECT_EQ(records[n].Name, wanted[n].Name);
-      EXPECT_EQ(records[n].HasCoor[2], wanted[n].HasCoor[2]) << n;  // not so for a loose block
-      EXPECT_NEAR(records[n].Km, wanted[n].Km, 1e-5 * wanted[n].Km);
-      for (int i = 1; i <= 6; ++i)
-        EXPECT_NEAR(records[n].Tensor[i], wanted[n].Tensor[i], near) << n << i;
-    }
-  };
-  expectNear(asc, site, 6e-6);  // five decimals
-  expectNear(spin, site, 1e-6);
-  expectNear(si2b, turned, 2e-3);  // a decimal of a degree
-  expectNear(are, turned, 1e-6);
-  expectNear(ran, Turned(Example("granite.ams")), 1e-6);
-  for (int n = 1; n <= asc.Count(); ++n) {
-    EXPECT_TRUE(asc[n].OrientAz == site[n].OrientAz && asc[n].OrientInc == site[n].OrientInc);
-    EXPECT_TRUE(asc[n].FoliName[1] == "S" && asc[n].FoliAz[1] == site[n].FoliAz[1]);
-    EXPECT_NEAR(asc[n].E[2], site[n].E[2], 0.06);
   }
 }
 

@@ -188,14 +188,6 @@ TEST(ReadRanFile, OrientationParametersOfZeroComeFromTheSettingsAndTheFourthIsZe
   EXPECT_EQ(FaultOf([&] { (void)Read(bad, records); }), "Overflow");
 }
 
-TEST(ReadRanFile, TextsAreStrippedAndTheSiteEndsAtAZero) {
-  using namespace std::string_literals;
-  const std::string header = Header().replace(2, 16, "  Pr\xE1m \0 rest    "s, 0, 16);
-  const SpecimenRecord r = Only(OneSpecimen().replace(0, 12, "\t A\x01\x02-1 \0\0\0\0"s),
-                                std::string(header).replace(32, 8, " a b    "));
-  EXPECT_EQ(r.Site + "|" + r.Rock + "|" + r.Strat + "|" + r.Name, "Prám|a b||A-1");
-}
-
 TEST(WriteRanFile, EveryFieldHasItsPlace) {
   SpecimenRecord r = RanRecord();
   std::swap(r.Lon, r.Lat);
@@ -206,15 +198,6 @@ TEST(WriteRanFile, EveryFieldHasItsPlace) {
   r.LineTrend[1] = -4.6f;
   r.LinePlunge[1] = 6.6f;
   EXPECT_EQ(Written(r), Header() + OneSpecimen());
-}
-
-TEST(WriteRanFile, NumbersInTextsStandLeftAndAreCutAtTheirWidth) {
-  SpecimenRecord r = RanRecord();
-  r.Lon = 0.0f;
-  r.Lat = -123.456f;
-  r.OP = {1000, -90, 6, 90};
-  EXPECT_EQ(Written(r).substr(18, 14), "0      -123.45");
-  EXPECT_EQ(Written(r).substr(48, 12), "100-906  90 ");
 }
 
 TEST(WriteRanFile, WithoutAnOrientationTheTensorStandsInTheSpecimenSystem) {
@@ -282,52 +265,6 @@ TEST(WriteRanFile, ABrokenTailIsFilledUpOrOverwrittenAsItsLengthRounds) {
     ASSERT_TRUE(WriteRanRecord(path, RanRecord()));
     EXPECT_EQ(BytesOf(path), alone) << length;
   }
-}
-
-TEST(WriteRanFile, NamesAreCutAtTwelveCharactersAndTheSuffixFirst) {
-  SpecimenRecord r = RanRecord();
-  const std::tuple<const char*, const char*, const char*> cases[] = {
-      {"A1", "-re", "A1-re       "},
-      {"ABCDEFGHIJK", "-re", "ABCDEFGHIJK-"},
-      {"ABCDEFGHIJKLM", "-re", "ABCDEFGHIJKL"},
-      {"žluťoučký-12-3", "", "\x9Elu?ou?k\xFD-12"}};
-  for (const auto& [name, suffix, onDisk] : cases) {
-    r.Name = name;
-    EXPECT_EQ(Written(r, suffix).substr(64, 12), onDisk);
-  }
-}
-
-TEST(WriteRanFile, ARecordThatDoesNotFitLeavesTheOldFile) {
-  const TempFolder folder;
-  const std::string path = folder.File("x.ran"), old = Header() + OneSpecimen();
-  std::vector<SpecimenRecord> bad(5, RanRecord());
-  bad[0].FoliAz[1] = 32768;
-  bad[1].LinePlunge[2] = std::numeric_limits<float>::quiet_NaN();
-  bad[2].Km = 1e33;
-  bad[3].SourceProgram = "";
-  bad[3].OP[1] = 32767;
-  bad[4].Tensor[1] = 1e39;
-  for (const SpecimenRecord& r : bad)
-    for (const bool append : {false, true}) {
-      RecordArray records;
-      records.Add(RanRecord());
-      records.Add(r);
-      PutFile(path, old);
-      EXPECT_EQ(FaultOf([&] { (void)WriteRanFile(path, records, append, true); }), "Overflow");
-      EXPECT_EQ(BytesOf(path), old);
-    }
-}
-
-TEST(WriteRanFile, MoreRecordsThanTheHeaderCountsAreAnOverflow) {
-  const TempFolder folder;
-  const std::string path = folder.File("x.ran");
-  RecordArray records;
-  records.Grow(32765);
-  ASSERT_TRUE(WriteRanFile(path, records, false, true));
-  const std::string bytes = BytesOf(path);
-  EXPECT_EQ(bytes.substr(0, 2), "\xFF\x7F");
-  EXPECT_EQ(FaultOf([&] { (void)WriteRanRecord(path, records[1]); }), "Overflow");
-  EXPECT_TRUE(BytesOf(path) == bytes);
 }
 
 }  // namespace

@@ -28,19 +28,6 @@ std::string WithLine(int line, const std::string& text) {
   return result;
 }
 
-TEST(SettingsFile, WhatIsWrittenReadsBack) {
-  Settings settings;
-  settings.DemagFac = false;
-  settings.P = {12, -3, 32767, -32768};
-  settings.FacIndex[8] = 38;
-  settings.FacName[1] = "a€é";
-  settings.FacName[2] = "tenletters";  // reaches the bar's column
-  settings.FacName[3] = "far_beyond_the_column";
-  Settings back;
-  ASSERT_TRUE(SettingsReadText(back, SettingsText(settings)));
-  EXPECT_EQ(back, settings);
-}
-
 TEST(SettingsFile, NameIsCutAtItsBlankByTheNextStartButGetsOneBeforeTheBar) {
   Settings settings, back;
   settings.FacName = {"tenletters", "nine_char", "P", "P j", "", "U\r\nU", "Q", "E"};
@@ -75,20 +62,6 @@ TEST(SettingsFile, MeaningOfALineIsItsPlaceAlone) {
   }
 }
 
-TEST(SettingsFile, LineEndsOfEveryKindAreRead) {
-  for (const std::string end : {"\n", "\r", "\r\n"}) {
-    std::string text = DefaultText;
-    for (std::size_t at = 0; (at = text.find("\r\n", at)) != text.npos; ++at)
-      text.replace(at, 2, end);
-    Settings settings;
-    settings.P[1] = 1;
-    EXPECT_TRUE(SettingsReadText(settings, text));
-    EXPECT_EQ(settings, Settings{});
-    text.resize(text.size() - end.size());  // the last line needs no end
-    EXPECT_TRUE(SettingsReadText(settings, text));
-  }
-}
-
 TEST(SettingsFile, ShortFilesMissingTokensAndOverflowsAreRefused) {
   Settings settings;
   const std::string_view whole = DefaultText;
@@ -118,14 +91,6 @@ TEST_F(SettingsOnDisk, AFileWithoutItsLastLineIsMendedWithTheDefaults) {
   LoadSettings(settings, Path);
   EXPECT_EQ(settings, Settings{});
   EXPECT_EQ(BytesOf(Path), DefaultText);
-}
-
-TEST_F(SettingsOnDisk, FoldersAndBinaryFilesAreNoSettings) {
-  Settings settings;
-  EXPECT_FALSE(SettingsRead(settings, Utf8Of(Folder)));
-  EXPECT_FALSE(SettingsRead(settings, Path));
-  PutFile(Path, std::string(1 << 20, '\0'));
-  EXPECT_FALSE(SettingsRead(settings, Path));
 }
 
 namespace fs = std::filesystem;

@@ -102,15 +102,6 @@ TEST(ReadSpinFile, ATensorOfTraceThreeGetsTraceNine) {
   EXPECT_EQ(Only(ReadSpinText, "a 1 1 1 0 0 0 0 0 0 0 0 0 0").Tensor[1], Number(3.0));
 }
 
-TEST(ReadSpinFile, WhatIsNoNumberIsZero) {
-  const SpecimenRecord r = Only(ReadSpinText, "\xFC - + x 1,5 .5x 1E0y nan inf 0 0 -e 1D1 \t");
-  EXPECT_EQ(r.Name, "ü");
-  const double tensor[] = {0, 0, 0, 3, 1.5, 3};
-  for (int i = 1; i <= 6; ++i) EXPECT_EQ(r.Tensor[i], tensor[i - 1]) << i;
-  EXPECT_EQ(r.Km, 0);
-  EXPECT_EQ(r.RunAux1, (std::array<std::uint8_t, 4>{0, 0, 0x20, 0x41}));
-}
-
 TEST(TextFile, WhatIsWrongIsToldWithFileAndLine) {
   const std::tuple<decltype(&ReadSi2bText), std::string, std::string> cases[] = {
       // clang-format off
