@@ -154,19 +154,6 @@ class GraphicsPageTest : public ProgramTest {
   bool Refuses = false;
 };
 
-/// Where the calls lie; a text by its point.
-std::vector<LogicalPoint> PointsOf(const DrawCall& call) {
-  if (const auto* c = std::get_if<PolygonCall>(&call)) return c->points;
-  if (const auto* c = std::get_if<PolylineCall>(&call)) return c->points;
-  if (const auto* c = std::get_if<EllipseCall>(&call))
-    return {{c->box.left, c->box.top}, {c->box.right, c->box.bottom}};
-  if (const auto* c = std::get_if<PixelCall>(&call)) return {c->point};
-  if (const auto* c = std::get_if<RampCall>(&call))
-    return {{c->sides.front(), c->bottom}, {c->sides.back(), c->bottom}};
-  if (const auto* c = std::get_if<TextCall>(&call)) return {c->point};
-  return {};
-}
-
 TEST_F(GraphicsPageTest, PlotsHaveTheirPlacesWhicheverAreChosen) {
   const auto all = Page(1);
   ExpectGolden("app", "graphics_page.txt", ToText(all));

@@ -24,6 +24,19 @@ std::vector<Call> CallsOf(const std::vector<DrawCall>& calls) {
   return found;
 }
 
+/// Where a call lies; a text by its point, a colour scale by its lower corners.
+inline std::vector<LogicalPoint> PointsOf(const DrawCall& call) {
+  if (const auto* c = std::get_if<PolygonCall>(&call)) return c->points;
+  if (const auto* c = std::get_if<PolylineCall>(&call)) return c->points;
+  if (const auto* c = std::get_if<EllipseCall>(&call))
+    return {{c->box.left, c->box.top}, {c->box.right, c->box.bottom}};
+  if (const auto* c = std::get_if<PixelCall>(&call)) return {c->point};
+  if (const auto* c = std::get_if<RampCall>(&call))
+    return {{c->sides.front(), c->bottom}, {c->sides.back(), c->bottom}};
+  if (const auto* c = std::get_if<TextCall>(&call)) return {c->point};
+  return {};
+}
+
 /// The words drawn, each with a bar behind.
 inline std::string WordsOf(const std::vector<DrawCall>& calls) {
   std::string words;

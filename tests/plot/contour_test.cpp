@@ -5,7 +5,6 @@
 #include <cmath>
 #include <string>
 
-#include "plot/drawing/colour_scales.h"
 #include "store/session.h"
 #include "tests/datafiles/golden_file.h"
 #include "tests/plot/calls.h"
@@ -45,27 +44,17 @@ TEST_F(ContourPicture, IsMadeOfTheseCalls) {
 }
 
 TEST_F(ContourPicture, ColoursNodesByLevelOrByDensity) {
+  BuildContourGrid(Grid, 0, 12, 3);
   Data.Add(45, 60);
-  Data.Add(200, 30);
-  Options.showContours = false;
+  std::string pictures;
   for (const int smooth : {5, 20})  // steps 1 and above
     for (Options.display = 1; Options.display <= 5; ++Options.display)
       for (const bool discrete : {true, false}) {
         Run(smooth);
-        const ContourLevels levels = LevelsOf(Count.ContourMax);
         Options.discrete = discrete;
-        const RasterCall nodes = Nodes();
-        ASSERT_EQ(nodes.pixels.size(), 301u * 301u);
-        for (std::size_t n = 0; n < nodes.pixels.size(); ++n) {
-          const float density = Grid.Density[n];
-          const float index = std::floor(density / static_cast<float>(levels.Step));
-          // Below 0, which is white, under the first level and where the step is above 1.
-          float t = discrete ? ((index - 1) * levels.Step + 1) / levels.Top()
-                             : density / Count.ContourMax;
-          const Colour colour = BlendColor(ContourDisplays[Options.display].Colour, White, t);
-          ASSERT_EQ(nodes.pixels[n], Grid.Inside[n] ? colour : NoColour) << n;
-        }
+        pictures += ToText(Nodes()) + "\n";
       }
+  ExpectGolden("plot", "contour_nodes.txt", pictures);
 }
 
 TEST_F(ContourPicture, ShowsEachDatumInTheSymbolOfItsKindWhenWantedOrNotCounted) {
@@ -102,26 +91,6 @@ TEST_F(ContourPicture, LegendTellsLevelsMaximumAndCount) {
     EXPECT_EQ(WordsOf(Draw()),
               "N|90|180|270|Kmax|N = 12|0|1|3|5|7|9|11|13|15|17|19|21|23|25|Max 25.3|");
   }
-}
-
-TEST_F(ContourPicture, StaysOnItsPlaneForEveryNumberOfLevels) {
-  Data.Add(45, 60);
-  for (const int smooth : {0, 1, 2, 5, 7, 8, 9, 20, 40, 88})
-    for (const bool discrete : {true, false}) {
-      Options.discrete = discrete;
-      Run(smooth);
-      double lowest = 1e9;
-      for (const TextCall& text : CallsOf<TextCall>(Draw())) {
-        const auto [x, y] = text.point;
-        if (x <= 360) continue;
-        ASSERT_TRUE(y >= 14 && y <= ContourPlane.height - 4) << smooth;
-        // Labels of the bar stand one above the other, with room for each.
-        if (x >= 380) {
-          ASSERT_LE(y, lowest - 13) << smooth << " " << text.text;
-        }
-        lowest = x < 380 ? 1e9 : y;
-      }
-    }
 }
 
 TEST_F(ContourPicture, KnowsTheNodeAndTheLegendUnderAPlace) {

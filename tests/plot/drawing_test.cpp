@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <limits>
-#include <random>
 
 #include "base/fault.h"
 #include "plot/drawing/clip.h"
@@ -48,18 +47,6 @@ TEST(DrawSymbol, Symbol13IsOffAtItsFirstCornerAndSymbol33IsNot) {
   EXPECT_EQ(ToText(SymbolAt100(33, 1000)[1]), "polyline (-254,-254) (454,454) pen 1 FF 3");
 }
 
-TEST(DrawSymbol, PenOfWidth0IsMadeWidth1InTheCallersVariableToo) {
-  for (const std::int16_t type : {std::int16_t{-1}, std::int16_t{4}, std::int16_t{5}}) {
-    Recorder recorder;
-    Pen pen = {.style = Dotted, .colour = Red, .width = 0};
-    DrawSymbol(recorder, type, 0, 0, 10, Green, pen);
-    EXPECT_EQ(pen, (Pen{.style = Dotted, .colour = Red, .width = 1}));
-    if (type == 4) {
-      EXPECT_EQ(ToText(recorder.calls), "polyline (-5,0) (5,0) pen 2 FF 1\n");
-    }
-  }
-}
-
 TEST(Drawing, FillsWith0OnlySymbolsRoundsHalvesToEvenAndIsReplayed) {
   Recorder recorder, again;
   Pen pen;
@@ -87,16 +74,6 @@ TEST(Drawing, FillsWith0OnlySymbolsRoundsHalvesToEvenAndIsReplayed) {
             "text \"t\" (0,2) height 14 0 align 24\n");
   Replay(recorder.calls, again);
   EXPECT_EQ(again.calls, recorder.calls);
-}
-
-TEST(Drawing, OutsideTheIntegersOverflows) {
-  Recorder recorder;
-  for (const double x : {3e9, -3e9, double{NAN}, double{INFINITY}}) {
-    EXPECT_THROW(DrawLine(recorder, 0, 0, x, 0, RedPen), Fault) << x;
-    EXPECT_THROW(DrawCircle(recorder, 0, x, 5, RedPen, 0), Fault) << x;
-    EXPECT_THROW(DrawText(recorder, "t", x, 0, {}), Fault) << x;
-  }
-  EXPECT_TRUE(recorder.calls.empty());
 }
 
 TEST(Geometry, SortRectangleOrdersEachAxisByItself) {

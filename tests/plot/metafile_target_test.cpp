@@ -95,16 +95,6 @@ TEST(MetafileTest, LikeShapesShareTheirObjectsAndManyReuseTheTable) {
   EXPECT_LE(many.tableSize, 4);
 }
 
-TEST(MetafileTest, PlacesBeyondSixteenBitsGoToTheNearestOne) {
-  const MetafileReader read = ReadBack([](Target& target) {
-    const LogicalPoint line[] = {{-70000, 5}, {40000, 2000000000}};
-    target.Polyline(line, {});
-    target.Ellipse({-100000, 0, 7, 100000}, {}, NoBrush);
-  });
-  EXPECT_EQ(read.Of(0x0325).at(0).words, (Words{2, -32768, 5, 32767, 32767}));
-  EXPECT_EQ(read.Of(0x0418).at(0).words, (Words{32767, 7, 0, -32768}));
-}
-
 TEST(MetafileTest, LineTooLongForARecordGoesOnInTheNext) {
   std::vector<LogicalPoint> points(70000), joined;
   for (int i = 0; i < 70000; ++i) points[i] = {i % 1000, i / 1000};

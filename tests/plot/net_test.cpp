@@ -27,16 +27,6 @@ TEST(DrawNet, NamesTheAxesOfEachCoordinateSystem) {
     EXPECT_EQ(WordsOf(NetOf(system, {180, 190, 310})), names);
 }
 
-TEST(DrawNet, TickLengthGrowsWithTheNetAndOneOfNoExtentCollapsesToItsCentre) {
-  for (const auto& [diameter, length] : {std::pair{340.0, 5}, {680.0, 10}, {3400.0, 50}}) {
-    const auto last = std::get<PolylineCall>(NetOf(Geographic, {0, 0, diameter}).back());
-    EXPECT_NEAR(last.points[1].y - last.points[0].y, length, 1) << diameter;
-  }
-  const auto calls = NetOf(Geographic, {40, 50, 0});
-  EXPECT_EQ(ToText(calls.front()), "ellipse (40,50) (40,50) pen 0 0 2 brush none");
-  EXPECT_EQ(ToText(calls.back()), "polyline (40,50) (40,50) pen 0 0 1");
-}
-
 TEST(DrawNetSymbol, StandsWhereTheNetHasTheDirection) {
   const std::tuple<Projection, Direction, LogicalPoint> rows[] = {
       {EqualArea, {90, 0}, {1000, 500}},   {EqualArea, {180, 0}, {500, 1000}},
@@ -71,10 +61,6 @@ Matrix<3, 3> FrameAt(Direction d) {
 
 Lines Ellipse(const ConfidenceEllipse& e, bool showUpper = false) {
   return LinesBy([&](Target& t) { DrawConfidenceEllipse(t, Screen, EqualArea, showUpper, e, {}); });
-}
-
-Lines GreatCircle(std::int16_t kind, Direction pole) {
-  return LinesBy([&](Target& t) { DrawGreatCircle(t, Screen, EqualArea, kind, false, pole, {}); });
 }
 
 LogicalPoint PlaceOf(Direction d) {
@@ -116,19 +102,6 @@ TEST(ConfidenceEllipse, ShowsTheUpperHemisphereByDashes) {
     EXPECT_TRUE(arc.pen.style == Solid || arc.pen.style == Dashed);
   EXPECT_NE(arcs[0].pen.style, arcs[1].pen.style);
   for (LogicalPoint p : Joined(arcs)) EXPECT_LT(p.y, Screen.cy);  // all at the same side
-}
-
-TEST(GreatCircle, RunsFromRimToRimAndEndsAtThreeHundredFiftyNine) {
-  const Line points = Joined(GreatCircle(2, {90, 30}));
-  for (LogicalPoint p : points) {
-    const Direction d = InverseEqualArea({(p.x - Screen.cx) / 155, (Screen.cy - p.y) / 155});
-    EXPECT_NEAR(Vvmpy(DirectionToVector(1, d), DirectionToVector(1, {90, 30})), 0,
-                0.03);  // a pixel
-  }
-  EXPECT_NEAR(static_cast<double>(points.size()), 181, 2);  // 0, 1, 3, ... 359; single ones lost
-  // Of a vertical pole it lies on the primitive circle.
-  for (LogicalPoint p : Joined(GreatCircle(1, {0, 90})))
-    EXPECT_NEAR(std::hypot(p.x - Screen.cx, p.y - Screen.cy), 155, 1);
 }
 
 TEST(NetPolyline, EndsOnTheRimAndGoesOnOpposite) {

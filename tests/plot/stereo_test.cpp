@@ -83,13 +83,6 @@ std::vector<DrawCall> OverTheNet(const RecordArray& records, const StereoOptions
   return {all.begin() + static_cast<std::ptrdiff_t>(net.size()), all.end()};
 }
 
-TEST(DrawStereo, BeginsTransparentAndWithTheBlackNet) {
-  EXPECT_EQ(Drawn({}, Only(), Tectonic), Recorded([](Target& t) {
-              t.SetTransparent();
-              DrawNet(t, Tectonic, EqualArea, {180, 190, 310}, Black, 14);
-            }));
-}
-
 TEST(DrawStereo, CaptionsAndSymbolsAreThoseOfTheSystemAndTheBlockInView) {
   RecordArray store = Uprights(4);
   store[2].Active = false;
@@ -123,13 +116,7 @@ TEST(DrawStereo, ADirectionThatIsNotFiniteIsNotDrawnButItsRecordCounts) {
 PlaneSize Extent(const std::vector<DrawCall>& calls) {
   PlaneSize extent;
   for (const DrawCall& call : calls) {
-    std::vector<LogicalPoint> ends;
-    if (const auto* polygon = std::get_if<PolygonCall>(&call)) ends = polygon->points;
-    if (const auto* line = std::get_if<PolylineCall>(&call)) ends = line->points;
-    if (const auto* ramp = std::get_if<RampCall>(&call))
-      ends = {{ramp->sides.back(), ramp->bottom}};
-    if (const auto* ellipse = std::get_if<EllipseCall>(&call))
-      ends = {{ellipse->box.right, ellipse->box.bottom}};
+    std::vector<LogicalPoint> ends = PointsOf(call);
     if (const auto* text = std::get_if<TextCall>(&call)) {
       const int height = text->style.height, below = text->style.alignment == CentreTop ? 1 : 4;
       const bool code = height == 15 && text->style.alignment == LeftBaseline;
@@ -186,17 +173,6 @@ std::string KindsOf(const std::vector<DrawCall>& calls) {
   return kinds;
 }
 
-TEST(StereoGeology, AnUnselectedPlaneGetsOneStickAndASelectedOneTwo) {
-  StereoOptions options = Only();
-  SetGeology(options, {true, false, false, true, false});
-  // The pole of dip direction 120 points to 300; 90 degrees on is 30, before is 210.
-  EXPECT_EQ(ToText(OverTheNet(Uprights(1), options)),
-            "polyline (258,56) (262,48) pen 0 C0C000 1\n");
-  EXPECT_EQ(ToText(OverTheNet(Uprights(1, 1), options)),
-            "polyline (103,324) (98,332) pen 0 FFFF 1\n"
-            "polyline (258,56) (262,48) pen 0 FFFF 1\n");
-}
-
 TEST(StereoGeology, OnlyListedCodesAreDrawnEachInThePenOfItsPlace) {
   StereoOptions options = Only();
   SetGeology(options, {true, true, true, false, false});
@@ -222,20 +198,6 @@ TEST(StereoGroup, TheBootstrapNeedsAStoreOfAtMostAHundred) {
   EXPECT_TRUE(OverTheNet(Uprights(100), options, stats).empty());
 }
 
-TEST(StereoGroup, MeansShowFromOneRecordOnAndTheirEllipsesFromFive) {
-  RecordArray outOfView = Uprights(1);
-  outOfView[1].Active = false;
-  const auto drawn = [&](const GroupStats& stats) {
-    return OverTheNet(outOfView, Only({&O::showMean, &O::showMeanEllipses}), stats);
-  };
-  for (const auto& [n, kinds] : {std::pair<std::int16_t, const char*>{0, ""}, {4, "s"}, {5, "sl"}})
-    EXPECT_EQ(KindsOf(drawn(Group(n))), kinds);
-  GroupStats broken = Group(5);
-  broken.Errors = 0;
-  broken.MeanDec[1] = NAN;
-  EXPECT_EQ(drawn(broken).size(), 2u);
-}
-
 TEST(StereoRecords, CirclesEllipsesAndSymbolsOfSelectedRecordsComeLast) {
   StereoOptions options = Only({&O::showData, &O::showDataEllipses}, {false, false, true});
   options.showGreatCircle[3] = true;
@@ -245,24 +207,6 @@ TEST(StereoRecords, CirclesEllipsesAndSymbolsOfSelectedRecordsComeLast) {
   EXPECT_EQ(KindsOf(OverTheNet(records, options)), "lylsyY");
 }
 
-TEST(StereoRecords, EllipsesTakeTheBlockInViewAndNothingThatIsNoNumber) {
-  const StereoOptions options = Only({&O::showData, &O::showDataEllipses}, {false, false, true});
-  RecordArray records = Uprights(1);
-  SpecimenRecord& r = records[1];
-  r.HasIm = true;
-  const auto ellipses = [&](TensorBlock block) {
-    return CallsOf<PolylineCall>(OverTheNet(records, options, GroupStats(), Geographic, block))
-        .size();
-  };
-  r.E[3] = r.E2[3] = 10.0;
-  EXPECT_EQ(ellipses(InPhase), 1u);
-  EXPECT_EQ(ellipses(OutOfPhase), 0u);
-  r.EIm[3] = r.E2Im[3] = 10.0;
-  r.E2[3] = NAN;
-  EXPECT_EQ(ellipses(OutOfPhase), 1u);
-  EXPECT_EQ(ellipses(InPhase), 0u);
-}
-
 TEST(StereoRecords, DataLinesRunToTheOriginForRecordsOutOfView) {
   const StereoOptions options = Only({&O::showData, &O::showDataLines}, {false, true, false});
   RecordArray records = Uprights(3);
@@ -270,23 +214,6 @@ TEST(StereoRecords, DataLinesRunToTheOriginForRecordsOutOfView) {
   EXPECT_EQ(ToText(OverTheNet(records, options).at(0)),
             "polyline (335,190) (0,0) (335,190) pen 0 FF00 1");
   EXPECT_TRUE(CallsOf<PolylineCall>(OverTheNet(Uprights(1), options)).empty());
-}
-
-TEST(StereoColours, KmeanTakesAPowerOfTenAndNumbersCountTheShown) {
-  StereoOptions options = Only({&O::showData, &O::colourByValue}, {false, false, true});
-  options.colourParameter = Column::Km;
-  RecordArray records = Uprights(4, 2);
-  double km = 0.002;
-  for (SpecimenRecord& r : records) r.Km = km += 0.001;
-  const auto textsOf = [&] { return WordsOf(OverTheNet(records, options)); };
-  EXPECT_EQ(textsOf(), " 3.0| 3.5| 4.0| 4.5| 5.0| 5.5| 6.0| 6.5|Kmean [10^-3 SI]|");
-  options.colourParameter = Column::Number;
-  records[1].Active = false;  // the selected record is number 1 now, the others 2 and 3
-  EXPECT_EQ(textsOf(),
-            " 0.0| 0.2| 0.4| 0.6| 0.8| 1.0| 1.2| 1.4| 1.6| 1.8| 2.0| 2.2| 2.4| 2.6| 2.8|"
-            " 3.0|# |");
-  options.showAxis = {};
-  EXPECT_EQ(textsOf(), "# |");  // the title stays
 }
 
 TEST(FieldNet, ColoursItsPointsAndShowsAStrip) {
