@@ -120,17 +120,6 @@ TEST_F(ContourTest, ADisplayRebuildsTheDataOfAnOpenWindowAndKeepsItsCount) {
   EXPECT_EQ(ContourStaleText(State), "");
 }
 
-TEST_F(ContourTest, ACancelledCountLeavesTheLastOne) {
-  Add(10, 20);
-  ASSERT_TRUE(Count());
-  const auto before = Program.Contour.Grid.Density;
-  Add(100, 50);
-  EXPECT_FALSE(CountContour(State, Program.Session, Asked, [](double) { return false; }));
-  EXPECT_EQ(State.InView.Data.Count(), 1);
-  EXPECT_EQ(State.Count.ContourDataCount, 1);
-  EXPECT_TRUE(Program.Contour.Grid.Density == before);
-}
-
 TEST_F(ContourTest, TextsTellLevelsMaximumAndTheNodeUnderTheMouse) {
   Add(0, 90);
   ShowContourData(State, Program.Session);
@@ -161,14 +150,6 @@ TEST_F(ContourTest, ExportWritesWholeDegreesOfKmaxInStoreOrder) {
   GrevaExport(Now, Program.Host.AppFolder, Asked, Seen);
   EXPECT_EQ(Bytes("examples/grevadata.txt"), "");
   EXPECT_TRUE(Asked.Boxes.empty());
-}
-
-TEST_F(ContourTest, ExportIntoAFolderThatCannotBeTellsWhy) {
-  Put("examples", "a file in the folder's place");
-  GrevaExport(Program.Session, Program.Host.AppFolder, Asked, Seen);
-  ASSERT_EQ(Asked.Boxes.size(), 1u);
-  EXPECT_NE(Asked.Boxes[0].find("grevadata.txt\nThis file could not be written: "),
-            std::string::npos);
 }
 
 }  // namespace

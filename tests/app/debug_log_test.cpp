@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "base/fault.h"
 #include "tests/datafiles/temp_folder.h"
 
 namespace velorix {
@@ -38,11 +37,6 @@ TEST_F(DebugLogFile, StartsEmptyAtEachRunAndPrintsNothingWhileOffOrNotOpened) {
     log.DebugPrint("this", true, true);
     EXPECT_EQ(BytesOf(Path), "this");
   }
-}
-
-TEST_F(DebugLogFile, PlaceThatCannotBeWrittenIsAnError) {
-  DebugLog log;
-  EXPECT_THROW(log.Open(Folder.File("no such folder/x.log")), FileFault);
 }
 
 }  // namespace

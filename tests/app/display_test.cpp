@@ -90,21 +90,6 @@ TEST_F(Display, TheListsRotateDisregardedRecordsTooButLeaveFactorsAlone) {
   EXPECT_NE(Now.Records[1].Fac[1], 77);
 }
 
-TEST_F(Display, SelectionCommandsActOnTheFlagsAndTheGridSetsThem) {
-  Fill({Record("a"), Record("b"), Record("c")});
-  const auto selected = [this] {
-    std::string ids;
-    for (const SpecimenRecord& r : Now.Records) ids += r.Selected ? r.Name : "";
-    return ids;
-  };
-  SelectRecords(Program, {1, 3, 99, 0});
-  EXPECT_EQ(selected(), "ac");
-  Menu("mnuSelection(1)");
-  EXPECT_EQ(selected(), "b");
-  Menu("mnuSelection(5)");
-  EXPECT_EQ(selected(), "");
-}
-
 TEST_F(Display, TheGridShowsTheMeanAndTheErrorsOfTheBlockAndAnyFactor) {
   SpecimenRecord r = Record("x");
   r.Km = 0.1;

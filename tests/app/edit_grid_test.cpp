@@ -69,26 +69,6 @@ TEST(EditGrid, ShowsTheFieldsInTheirColumnsAndNothingWhereARecordHasNothing) {
             "OP1 OP2 OP3 OP4 ");
 }
 
-TEST(EditGrid, ShowsASampleAsOrientedAndItsCodeZeroAsNone) {
-  SpecimenRecord sample = Oriented();
-  sample.HasCoor = {};
-  sample.FoliName[1] = sample.LineName[2] = "0";
-  sample.LineTrend[2] = sample.LinePlunge[2] = 0;
-  Editor e(sample);
-  FillGrid(e.Grid, RowsOfSamples(e.Records));
-  EXPECT_EQ(Row(e.Grid, 1), "1|S1|40.5|-20||101|31|L|201|11.25|C|102|32||||6|0|9|90");
-}
-
-TEST(EditGrid, CommitOfWhatItShowsChangesNothing) {
-  SpecimenRecord bare;
-  bare.OP = {12, 90, 3, 0};
-  for (const SpecimenRecord& record : {Oriented(), bare}) {
-    Editor e(record);
-    const SpecimenRecord before = e.Records[1];
-    EXPECT_EQ(e.Commit(), before);
-  }
-}
-
 TEST(EditGrid, CommitReadsTextsByTheirNumericPrefixAndRoundsParametersHalvesToEven) {
   const std::tuple<const char*, float, int> rows[] = {
       {"12a", 12, 12}, {"a", 0, 0},       {"12,5", 12, 12},    {"-.5", -0.5f, 0}, {"1E2", 100, 100},
@@ -200,12 +180,6 @@ TEST(EditGrid, StepsAreForgottenBeyondAMeasureButNeverTheLast) {
   EXPECT_GE(undone, 1);
   EXPECT_LT(undone, Many);
   EXPECT_EQ(grid.Cell(1, 3), std::to_string(Many - undone));
-}
-
-TEST(EditGrid, NumberAndNameStayAndCellsOutsideAreNone) {
-  const std::pair<int, int> cells[] = {{1, 1}, {1, 2}, {0, 3}, {2, 3}, {1, 0}, {1, 21}, {-5, -5}};
-  for (const auto& [row, column] : cells)
-    EXPECT_FALSE(Editor().Type(column, "X", row)) << row << " " << column;
 }
 
 TEST(EditGrid, WhatIsCopiedPastesAsItWas) {

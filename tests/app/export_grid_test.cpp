@@ -43,25 +43,6 @@ TEST_F(ExportGridTest, PutsABlankAndTheDelimiterBehindEveryValue) {
   }
 }
 
-TEST_F(ExportGridTest, FillsPrintZonesOfFourteen) {
-  GridTexts grid;
-  grid.Rows = 6;
-  grid.Columns = 1;
-  grid.AppendCell = [](std::string& text, int row, int) {
-    const int lengths[] = {0, 13, 14, 15, 28, 29};
-    text.append(static_cast<std::size_t>(lengths[row]), 'x').append(row == 1 ? " " : "");
-  };
-  std::string wanted;
-  for (const auto& [length, zones] :
-       {std::pair{0, 14}, {13, 14}, {14, 14}, {15, 28}, {28, 28}, {29, 42}})
-    wanted += std::string(length, 'x') + std::string(zones - length, ' ') + "\r\n";
-  for (const char* delimiter : {"", "   "}) {
-    ASSERT_TRUE(ExportGrid(grid, Path("zones"),
-                           {.Delimiter = delimiter, .HeaderRows = 0, .Append = false}));
-    EXPECT_EQ(Bytes("zones"), wanted);
-  }
-}
-
 TEST_F(ExportGridTest, HeaderGoesOnlyIntoAFileWithoutContent) {
   const std::tuple<const char*, bool, std::string> cases[] = {
       {"", true, Whole},

@@ -64,17 +64,6 @@ TEST_F(GedEditor, OpensOneFileIntoSiteAndRows) {
   EXPECT_EQ(question.MaxFileSize, 32767);
 }
 
-TEST_F(GedEditor, SeveralFilesShowAllSamplesAndTheSiteOfTheFirst) {
-  WriteGed("hill", 2);
-  WriteGed("dale", 1);
-  ASSERT_TRUE(Open(Several({"hill.ged", "dale.ged"})));
-  EXPECT_EQ(GeoNames(), "hill1 hill2 dale1 ");
-  EXPECT_EQ(Sheet.Rows.size(), 3u);
-  EXPECT_EQ(Sheet.Site.Site, "hill");
-  EXPECT_EQ(GedCaption(Sheet, 500),
-            "Geological file editor - [" + Utf8Of(Folder) + "\\MULTIPLE FILES] (N = 3)");
-}
-
 TEST_F(GedEditor, WhatCannotBeReadIsToldOrAskedForAgainAndLeavesWhatWasTyped) {
   Answer(Path("gone.ged"));
   ASSERT_TRUE(Open(WriteGed("hill", 1)));
@@ -121,16 +110,6 @@ TEST_F(GedEditor, SavesTheRowsThatAreNotTakenOut) {
   EXPECT_EQ(records[2].LineTrend[2], 5);
   EXPECT_EQ(GeoNames(), "hill1 hill3 new ");
   EXPECT_EQ(Now.GeoFile, Path("out.ged"));
-}
-
-TEST_F(GedEditor, AsksBeforeItOverwritesAndNoAsksForAnotherName) {
-  Open(WriteGed("hill", 1));
-  Asked.Buttons = {1};
-  Answer(WriteGed("other", 2));
-  EXPECT_TRUE(Save(Path("out.ged")));
-  EXPECT_EQ(Asked.Boxes, Texts{"SAVE GEOLOGICAL FILE|Overwrite existing file?|&Yes|&No"});
-  EXPECT_EQ(NamesOf(Written(Path("other.ged"))) + NamesOf(Written(Path("out.ged"))),
-            "other1 other2 hill1 ");
 }
 
 TEST_F(GedEditor, WhatCannotBeSavedIsToldAndNothingChanges) {

@@ -3,7 +3,6 @@
 #include "app/edit/assign_ged.h"
 #include "app/edit/plane_from_lineations.h"
 #include "base/fault.h"
-#include "text/numbers.h"
 
 namespace velorix {
 namespace {
@@ -52,43 +51,6 @@ TEST(AssignGed, FindsTheFirstSampleOfExactlyTheNameAsOneStep) {
   EXPECT_TRUE(Undo(grid));
   EXPECT_EQ(orientations(), "/ / / / / ");
   EXPECT_FALSE(Undo(grid));
-}
-
-TEST(AssignGed, TellsOfManyNamesTheFirstOnes) {
-  RecordArray records;
-  for (int i = 1; i <= 15; ++i) records.Add(Named("N" + std::to_string(i)));
-  EXPECT_EQ(MatchLine(AssignGedToStore(records, {})),
-            "0 of 15 record(s) matched. Without a sample: "
-            "N1, N2, N3, N4, N5, N6, N7, N8, N9, N10, N11, N12, and 3 more.");
-}
-
-TEST(AssignGed, StrikesOfASampleEnterAsDipDirectionsAndAreCounted) {
-  // P4, the foliation's code, the azimuth and what enters the cell
-  const std::tuple<std::int16_t, const char*, float, const char*> cases[] = {
-      // clang-format off
-      {90, "S", 0, "90"}, {90, "S", 269, "359"}, {90, "S", 270, "0"}, {90, "S", 360, "90"},
-      {0, "S", 270, "270"}, {91, "S", 45, "45"}, {90, "0", 45, "45"},
-      // clang-format on
-  };
-  for (const auto& [p4, code, azimuth, cell] : cases)
-    for (const int slot : {1, 2}) {
-      SpecimenRecord sample = Sample("A", 10, 20);
-      sample.OP[4] = p4;
-      sample.FoliName[slot] = code;
-      sample.FoliAz[slot] = azimuth;
-      sample.LineName[slot] = "L";
-      const RecordArray records = ArrayOf({Named("A"), Named("A")}), samples = ArrayOf({sample});
-      EditGrid grid;
-      FillGrid(grid, RowsOf(records));
-      const bool turned = PlainText(azimuth) != cell;
-      for (int again = 0; again < 2; ++again) {
-        EXPECT_EQ(MatchLine(AssignGed(grid, records, samples)),
-                  turned ? "2 of 2 record(s) matched. 2 strike(s) entered as dip directions."
-                         : "2 of 2 record(s) matched.");
-        EXPECT_EQ(grid.Cell(2, FoliationColumn(slot) + 1), cell);
-        EXPECT_EQ(samples[1].FoliAz[slot], azimuth);
-      }
-    }
 }
 
 TEST(AssignGed, LeavesWhatTheSampleDoesNotHaveAndGivesThePairOfASlotAsAWhole) {

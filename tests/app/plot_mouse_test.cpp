@@ -56,17 +56,6 @@ TEST_F(PlotMouse, SelectsByAnyShownAxisOrByTheOneOfTheKey) {
   }
 }
 
-TEST_F(PlotMouse, AClickClearsAndNothingHappensWithoutData) {
-  Add(0);
-  for (const bool data : {true, false}) {
-    Program.Stereo.showData = true;
-    EXPECT_EQ(Select(0, 30), "1 ");
-    Program.Stereo.showData = data;
-    SelectInStereo(Program, {50, 50, 50, 50}, NoKeys);
-    EXPECT_EQ(Selected(), data ? "" : "1 ");
-  }
-}
-
 TEST_F(PlotMouse, LeavesOutDisregardedRecordsAndThoseOfAnotherSystem) {
   for (int i = 0; i < 3; ++i) Add(0);
   Now.Records[1].Active = false;

@@ -42,21 +42,6 @@ TEST_F(FactorChoice, NamesAreTakenAsTheyAreAndCutAtABlankAtTheNextStart) {
   EXPECT_EQ(next.FacName[3], "P");
 }
 
-TEST_F(FactorChoice, RecordsKeepTheirValuesUntilTheNextDisplay) {
-  OpenFile(WriteFile("a", 1));
-  const Array1<float, 8> before = Now.Records[1].Fac;
-  FactorRows rows = FactorRowsOf(Choices);
-  rows[1].Position = 3;  // k1/k3
-  ChangeFactors(Now, rows);
-  const int headers = Seen.GridHeaders, grids = Seen.Grids;
-  Menu("mnuAnisoFac");
-  EXPECT_EQ(Seen.GridHeaders, headers + 1);
-  EXPECT_EQ(Seen.Grids, grids);
-  EXPECT_EQ(Now.Records[1].Fac, before);  // wanted
-  DisplayData(Program, false);
-  EXPECT_EQ(Now.Records[1].Fac[1], before[3]);
-}
-
 class OrientationParameters : public ProgramTest {
  protected:
   OrientationParameters() {
@@ -105,14 +90,6 @@ TEST_F(OrientationParameters, WithoutOtherOnesTheFileStaysAndIsOnlyUnnamedInTheC
     EXPECT_EQ(Now.GeoRecords.Count(), 2);
     EXPECT_EQ(Now.CurrentFile, Path("a.ams"));
   }
-}
-
-TEST_F(OrientationParameters, WithNoFileOpenNobodyIsTold) {
-  Settings wanted;
-  wanted.P = {12, 90, 3, 90};
-  Change(wanted);
-  EXPECT_EQ(Asked.Boxes, Texts());
-  EXPECT_EQ(Now.GeoRecords.Count(), 2);
 }
 
 TEST(OrientationMeanings, StandForTheValuesOnOfferAlone) {

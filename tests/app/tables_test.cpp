@@ -89,20 +89,6 @@ TEST(DataTable, SortsByTextOrByNumberAndKeepsEqualRowsInOrder) {
   }
 }
 
-TEST(DataTable, ValuesOfAParameterAreThoseOfTheCells) {
-  Session session;
-  for (int i = 0; i < 3; ++i) session.Records.Add(Filled());
-  session.Records[1].Fac[5] = 1e9f;
-  session.Records[2].CoorLevel = Specimen;  // not in view
-  Renumber(session.Records);
-  using Values = std::vector<double>;
-  EXPECT_EQ(DataTableValues(Column::Km, session),
-            (Values{1.235e-4, 1.235e-4}));                            // as the cell rounds it
-  EXPECT_EQ(DataTableValues(Column::Fac5, session), (Values{0, 1}));  // the empty cell is 0
-  EXPECT_EQ(DataTableValues(Column::KmaxInc, session), (Values{-20, -20}));
-  EXPECT_EQ(DataTableValues(Column::E13, session), (Values{1, 1}));
-}
-
 GroupStats Stats() {
   GroupStats stats;
   stats.GroupN = 6;
@@ -138,17 +124,6 @@ TEST(GroupTable, GivesEachLabelItsTextAndFormat) {
   std::string boot;
   for (int i = 1; i <= 7; ++i) boot += BootStatText(i, stats);
   EXPECT_EQ(boot, " 1.0  1.5  2.0  2.5  3.0  3.5 ");
-}
-
-TEST(GroupTable, StopsWhereTheStatisticsFailed) {
-  GroupStats stats = Stats();
-  stats.Reached = GroupStats::MeanTensor;
-  stats.Errors = 1;
-  stats.FactorsDone = 0;
-  EXPECT_NE(JelinekText(2, stats), "");
-  EXPECT_NE(JelinekText(5, stats), "");  // Kmax has its errors, Kint has none
-  for (int index : {11, 34, 42, 43, 51, 52}) EXPECT_EQ(JelinekText(index, stats), "") << index;
-  EXPECT_EQ(BootStatText(1, stats), "");
 }
 
 TEST(GroupTable, HidesASlotNamedZero) {
