@@ -102,14 +102,6 @@ class DialogsTest : public WindowTest {
     QVERIFY(headers.contains("H") && !headers.contains("E"));
   }
 
-  void settingsThatCannotBeWrittenKeepItOpen() {
-    S().SettingsFile = W().Path("no folder/settings.sav");
-    ShowDialog("mnuOPAR", [this] {
-      for (int press = 0; press < 2; ++press) Press("cmdOK");
-      QVERIFY(Boxes().size() == 1 && Boxes()[0].starts_with("Velorix5|") && form_->isVisible());
-    });
-  }
-
   void theCalculatorsModesHaveTheirLabelsAndBeginEmpty() {
     OpenForm("mnuFoliLine", "frmFoliLine");
     QVERIFY(form_->windowTitle() == "Plane from Lineations       " &&

@@ -270,17 +270,6 @@ class FileDialogsTest : public QObject {
       QCOMPARE(story.mid(2), QStringList(QString("data|") + name));
     }
   }
-
-  void tooLongAnAnswerIsAskedAgainAndAFolderThatIsGoneIsHome() {
-    Asker asker;
-    const FileQuestion question = {"", "A|*.ams|", asker.Program.Session.DataFolder, "", true, 5};
-    const QStringList story =
-        asker.Ask([&] { asker.Dialogs.ShowOpen(question); }, {Answer(1, "a.ams"), Cancel, Cancel});
-    QVERIFY(story[1].contains("5 are allowed") && story[2] == "data|a.ams|1");
-    const FileQuestion nowhere = {"", "A|*.ams|", asker.Path("gone"), "a"};
-    QCOMPARE(asker.Ask([&] { asker.Dialogs.ShowSave(nowhere); }, {Cancel}),
-             QStringList(QDir::home().dirName() + "|a.ams|1"));
-  }
 };
 
 QTEST_MAIN(FileDialogsTest)

@@ -133,18 +133,6 @@ class GedEditorWindowTest : public WindowTest {
     QCOMPARE(Taken(W().Path("out.ged")), "hill1 hill3");
   }
 
-  void openingAnotherFileShowsAllItsRows() {
-    Open(WriteGed("six", 6));
-    Grid().selectAll();
-    Press("cmdDelete");
-    QCOMPARE(Names(), "");
-    const QWidget* editor = form_;
-    Open(WriteGed("two", 2));
-    QVERIFY(form_ == editor && Names() == "two1 two2" && !Grid().isRowHidden(2));
-    QVERIFY(form_->windowTitle().endsWith("two.ged] (N = 2)"));
-    QCOMPARE(Look("cboOP(1)"), "5");  // not on offer, but in the file
-  }
-
   void nothingIsSavedWithoutAFileOrAfterCancelAndClose() {
     const std::string path = WriteGed("hill", 2);
     for (const bool cancel : {true, false}) {

@@ -75,20 +75,6 @@ class MainWindowTest : public WindowTest {
     QCOMPARE(Look("optStereoColorCoding(0)"), "Per axis+");
   }
 
-  void keysAndButtonsLeadThroughTheFilesOfAFolder() {
-    for (const char* name : {"a", "b", "c"}) W().WriteFile(name, 2);
-    W().Open(W().Path("a.ams"));
-    for (const auto& [key, shown] : {std::pair{Qt::Key_N, "b1 b2"},
-                                     {Qt::Key_unknown, "c1 c2"},
-                                     {Qt::Key_N, "a1 a2"},
-                                     {Qt::Key_P, "c1 c2"},
-                                     {Qt::Key_X, ""}}) {
-      key == Qt::Key_unknown ? Press("Toolbar1(3)") : W().Key(key, Qt::ControlModifier);
-      QCOMPARE(W().Specimens(), shown);
-    }
-    QVERIFY(Title() == "Velorix5" && Boxes().empty());
-  }
-
   void keysButtonsAndListsShowOneState() {
     W().Open(W().WriteFile("site", 6));
     const QStringList shown = {"SPEC (22) mnuView(1)", "GEO (23) mnuView(2)",

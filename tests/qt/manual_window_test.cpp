@@ -171,13 +171,6 @@ class ManualWindowTest : public QObject {
     QVERIFY(OwnPath(bin, "doc/guide", "docs/guide").isEmpty());
   }
 
-  void aBuildOfTheSourcesFindsTheirExamplesAndManual() {
-    const QDir root(QCoreApplication::applicationDirPath() + "/../../..");
-    if (!root.exists("docs/manual/README.md")) QSKIP("built elsewhere");
-    QCOMPARE(root.relativeFilePath(ExamplesFolder()), "examples");
-    QCOMPARE(root.relativeFilePath(ManualPath()), "docs/manual/README.md");
-  }
-
  public slots:
   void take(const QUrl& url) { taken_ += url; }
 

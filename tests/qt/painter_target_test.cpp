@@ -1,7 +1,6 @@
 // Drawing on pixels and pages: lines, letters, stamps, rasters, and pictures that draw only what
 // has changed.
 
-#include <QDir>
 #include <QSvgRenderer>
 #include <random>
 
@@ -128,16 +127,6 @@ class PainterTargetTest : public QObject {
       });
       const QRect bars = QRectF(31 * scale, 21 * scale, 18 * scale, 58 * scale).toRect();
       QCOMPARE(Inked(image, bars), bars.width() * bars.height());
-    }
-  }
-
-  void cornersStayWherePointsRepeat() {
-    for (const std::size_t times : {1, 2, 3}) {
-      std::vector<LogicalPoint> line;
-      for (const LogicalPoint p : {LogicalPoint{10, 10}, {50, 10}, {90, 10}, {90, 60}, {30, 60}})
-        line.insert(line.end(), times, p);
-      const QImage image = Picture(1, [&](Target& t) { t.Polyline(line, {}); });
-      QVERIFY(IsBlack(image, 70, 10) && IsBlack(image, 90, 30) && IsBlack(image, 60, 60));
     }
   }
 

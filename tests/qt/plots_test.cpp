@@ -111,16 +111,6 @@ class PlotsTest : public WindowTest {
     QVERIFY(W().Selected().isEmpty());
   }
 
-  void linesOfBothPlotsFollowTheFirstUntilTheSecondIsTouched() {
-    const auto shown = [&](int plot) { return ShownXYPlot(W().Program, plot).lines; };
-    Press("chkXYPLot1Lines");
-    QVERIFY(shown(1) && !shown(2));
-    W().Key(Qt::Key_F6);
-    QVERIFY(shown(1) && shown(2));
-    Choose("odclXYPlot2(1)", 4);
-    QVERIFY(!shown(2));
-  }
-
   void theDataTableSortsSelectsAndCopies() {
     OpenForm("mnuDataTable", "frmDataTable");
     Settle();
