@@ -248,7 +248,8 @@ class Batch {
   bool Count() {
     if (a_.Contour == 0) return true;
     const int smooth = a_.Smooth < 0 ? velorix_.Contour.Options.smoothing : a_.Smooth;
-    return CountForBatch(velorix_, a_.Contour, smooth, !a_.Quiet && IsTerminal());
+    return CountForBatch(velorix_, static_cast<ContourDisplay>(a_.Contour), smooth,
+                         !a_.Quiet && IsTerminal());
   }
 
   bool WriteGrid() {
