@@ -91,6 +91,7 @@ const OptionRow Options[] = {
     {"--geo-json",      "FILE",                      "the geological records as JSON",                  &Arguments::GeoJson},
     {"--write-ged",     "FILE",                      "the geological records as a geological file",     &Arguments::WriteGed},
     {"--force",         "",                          "overwrite existing outputs",                      &Arguments::Force},
+    {"--no-backup",     "",                          "keep no former file as NAME~",                    &Arguments::NoBackup},
     {"--quiet",         "",                          "no progress and no summary",                      &Arguments::Quiet},
 };
 // clang-format on
