@@ -1,5 +1,5 @@
-// What saving and undoing cost with a full store: the comparison before a save beside the plain write,
-// and steps back and forth beside a plain walk over the records.
+// What saving and undoing cost with a full store: the comparison before a save beside the plain
+// write, and steps back and forth beside a plain walk over the records.
 
 #include <benchmark/benchmark.h>
 
