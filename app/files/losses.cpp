@@ -222,29 +222,29 @@ std::vector<std::string> LossLines(const Losses& losses) {
   };
   // clang-format off
   static constexpr Row Rows[] = {
-      {&Losses::Tensors,    "out-of-phase tensor, which the record in memory lacks", "out-of-phase tensors, which the records in memory lack"},
-      {&Losses::Deviations, "standard deviation, which the format is not written with", "standard deviations, which the format is not written with"},
-      {&Losses::Vanishing,  "record of the file, which is not among those to be saved", "records of the file, which are not among those to be saved"},
-      {&Losses::Foreign,    "record of another open file would enter it",        "records of other open files would enter it"},
-      {&Losses::Letters,    "text with letters that are not in the file's alphabet", "texts with letters that are not in the file's alphabet"},
-      {&Losses::Cut,        "value cut to what its field holds",                 "values cut to what their fields hold"},
-      {&Losses::Common,     "record gets the site data of the first one",        "records get the site data of the first one"},
+      {&Losses::Tensors,    "out-of-phase tensor lost (not in memory)", "out-of-phase tensors lost (not in memory)"},
+      {&Losses::Deviations, "standard deviation lost (never written)", "standard deviations lost (never written)"},
+      {&Losses::Vanishing,  "record lost (not among those to be saved)", "records lost (not among those to be saved)"},
+      {&Losses::Foreign,    "record of another open file put in",        "records of other open files put in"},
+      {&Losses::Letters,    "text with letters that the file cannot hold", "texts with letters that the file cannot hold"},
+      {&Losses::Cut,        "value cut to the width of its field",                 "values cut to the width of their fields"},
+      {&Losses::Common,     "record given the site data of the first",        "records given the site data of the first"},
   };
   // clang-format on
   std::vector<std::string> lines;
   for (const Row& row : Rows)
     if (const int count = losses.*row.Count; count > 0)
       lines.push_back(PlainText(count) + " " + (count == 1 ? row.One : row.Many));
-  if (losses.Unreadable) lines.emplace_back("Its content, which cannot be read as a data file");
-  if (losses.Changed) lines.emplace_back("What was changed in the file since it was read");
+  if (losses.Unreadable) lines.emplace_back("Content lost that is no data file of this kind");
+  if (losses.Changed) lines.emplace_back("Changes lost that were made since the file was read");
   return lines;
 }
 
 LossAnswer AskAboutLosses(Dialogs& dialogs, const std::string& title, const std::string& path,
                           const Losses& losses) {
   if (!losses.Any()) return LossAnswer::Save;
-  std::string text = path + "\nSaving over this file would lose:";
-  for (const std::string& line : LossLines(losses)) text += "\n" + line;
+  std::string text = path + "\nSaving over this file would mean:";
+  for (const std::string& line : LossLines(losses)) text += "\n- " + line;
   constexpr LossAnswer Answers[] = {LossAnswer::Save, LossAnswer::Copy, LossAnswer::Cancel};
   return Answers[dialogs.Ask(title, text, {"&Save", "Save a &copy...", "&Cancel"}, 2)];
 }
