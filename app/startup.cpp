@@ -4,6 +4,7 @@
 
 #include "app/state/velorix.h"
 #include "datafiles/file_faults.h"
+#include "datafiles/preferences_file.h"
 #include "datafiles/settings_file.h"
 #include "stats/gauss_random.h"
 #include "text/paths.h"
@@ -32,6 +33,7 @@ void PrepareSession(Session& session, DebugLog& log, const Host& host) {
 
   session.SettingsFile = JoinPath(host.AppFolder, "MarloAniso.sav");
   LoadSettings(session.Settings, session.SettingsFile);
+  session.Preferences = PreferencesRead(PreferencesFile(host.AppFolder));
 }
 
 void BuildTables(ContourGrid& grid, std::vector<float>& gaussTable,

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <span>
 #include <string>
 
 #include "base/outcome.h"
+#include "datafiles/safe_write.h"
 #include "store/record_array.h"
 
 namespace velorix {
@@ -24,18 +26,31 @@ Outcome ReadAmsFile(const std::string& path, RecordArray& records);
 Outcome ReadAmsBytes(std::span<const std::byte> bytes, const std::string& path,
                      RecordArray& records);
 
+/// Calls `visit` for each record of the file, one after the other, without a place for all of them.
+/// Refuses and fails as `ReadAmsFile`.
+Outcome VisitAmsFile(const std::string& path,
+                     const std::function<void(const SpecimenRecord&)>& visit);
+
 /// The reading of reload, previous and next: as `ReadAmsFile`, but the block of one phase
 /// (out-of-phase when `useIm`) goes to the in-phase fields, the out-of-phase fields stay empty, and
 /// a record with a zero tensor comes back disregarded.
 Outcome ReloadAmsFile(const std::string& path, RecordArray& records, bool useIm);
 
 /// Writes all records, or only the selected ones, in their order; disregarded records are written
-/// too. Without `append` the file is new or replaced; with it the records go behind those that it
-/// has, all of them or none. Refused, silently, when there are no records at all. When none is to
-/// be written, no file is made, and without `append` an old one is removed. A failure is a
-/// `FileFault`, or "Overflow" when an append would bring the file over 32767 records or a number is
-/// too large for the file's 32 bits; the old file then stands.
-Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all);
+/// too. Without `append` the file is new or replaced, and the replaced one goes or stays as
+/// `former` says; with it the records go behind those that it has, all of them or none. Refused,
+/// silently, when there are no records at all. When none is to be written, no file is made, and
+/// without `append` an old one is removed. A failure is a `FileFault`, or "Overflow" when an append
+/// would bring the file over 32767 records or a number is too large for the file's 32 bits; the old
+/// file then stands.
+Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all,
+                     FormerFile former = FormerFile::Goes);
+
+/// Calls `visit` for each record, or each selected one, with what the file gives back when it is
+/// written and read.
+void VisitStoredAms(
+    const RecordArray& records, bool all,
+    const std::function<void(const SpecimenRecord& record, const SpecimenRecord& stored)>& visit);
 
 /// Appends one record to a file, which is made when missing.
 Outcome WriteAmsRecord(const std::string& path, const SpecimenRecord& record);

@@ -48,8 +48,9 @@ TEST_F(ContourPicture, ColoursNodesByLevelOrByDensity) {
   Data.Add(45, 60);
   std::string pictures;
   for (const int smooth : {5, 20})  // steps 1 and above
-    for (Options.display = 1; Options.display <= 5; ++Options.display)
+    for (const ContourDisplayInfo& info : ContourDisplays)
       for (const bool discrete : {true, false}) {
+        Options.display = info.Key;
         Run(smooth);
         Options.discrete = discrete;
         pictures += ToText(Nodes()) + "\n";
@@ -58,12 +59,12 @@ TEST_F(ContourPicture, ColoursNodesByLevelOrByDensity) {
 }
 
 TEST_F(ContourPicture, ShowsEachDatumInTheSymbolOfItsKindWhenWantedOrNotCounted) {
-  const std::tuple<std::int16_t, std::int16_t, std::int16_t, Colour> cases[] = {
-      {1, 1, 5, 255},
-      {2, 2, 5, 65280},
-      {3, 3, 6, 0xFF0000},
-      {4, 3, 6, 0xC0C000},
-      {5, 1, 5, 0x800080}};
+  const std::tuple<ContourDisplay, std::int16_t, std::int16_t, Colour> cases[] = {
+      {ContourDisplay::Kmax, 1, 5, 255},
+      {ContourDisplay::Kint, 2, 5, 65280},
+      {ContourDisplay::Kmin, 3, 6, 0xFF0000},
+      {ContourDisplay::FoliationPole, 3, 6, 0xC0C000},
+      {ContourDisplay::Lineation, 1, 5, 0x800080}};
   Data.Add(20, 30);
   Data.Add(110, -10);  // drawn at (110, 10), as everything upward is
   for (const auto& [display, symbol, size, colour] : cases) {
@@ -76,7 +77,7 @@ TEST_F(ContourPicture, ShowsEachDatumInTheSymbolOfItsKindWhenWantedOrNotCounted)
       if (counted) Run(20);
       Options.showData = wanted;
       const bool shown = ToText(Draw()).find(ToText(expected.calls)) != std::string::npos;
-      EXPECT_EQ(shown, wanted || !counted) << display;
+      EXPECT_EQ(shown, wanted || !counted) << symbol;
       EXPECT_EQ(Nodes().pixels.empty(), !counted);
     }
   }

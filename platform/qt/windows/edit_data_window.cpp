@@ -68,11 +68,12 @@ void frmEditData::AddButton(QHBoxLayout& row, const char* name, const char* capt
 
 QHBoxLayout* frmEditData::MakeButtons() {
   auto* row = new QHBoxLayout;
-  AddButton(
-      *row, "cmdOpenGED", "OpenGED", "Read geological file(s) and show their samples (Ctrl+O)",
-      QKeySequence("Ctrl+O"), [this] {
-        OpenGed(editor_, velorix_.Session, velorix_.Lists, velorix_.Dialogs, FileAction::Open);
-      });
+  AddButton(*row, "cmdOpenGED", "OpenGED",
+            "Read geological file(s) and show their samples (Ctrl+O)", QKeySequence("Ctrl+O"),
+            [this] {
+              OpenGed(editor_, velorix_.Session, velorix_.History, velorix_.Lists, velorix_.Dialogs,
+                      FileAction::Open);
+            });
   AddButton(*row, "cmdGEDASSign", "AssignGED",
             "Give each record the orientation, foliations and lineations of the sample of its name "
             "(Ctrl+G)",
@@ -85,7 +86,9 @@ QHBoxLayout* frmEditData::MakeButtons() {
       *row, "cmdRead", "SAVE",
       "Put the grid into the records and write the open file (.ams, .ran); then close (Ctrl+S)",
       QKeySequence("Ctrl+S"), [this] {
-        if (SaveGrid(editor_, velorix_.Session, velorix_.Lists, velorix_.Dialogs)) accept();
+        if (SaveGrid(editor_, velorix_.Session, velorix_.History, velorix_.Lists, velorix_.Dialogs,
+                     velorix_.Views))
+          accept();
       });
   AddButton(*row, "cmdCancel", "CANCEL", "Close without saving (Esc)", {}, [this] { reject(); });
   return row;

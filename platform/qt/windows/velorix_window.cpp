@@ -181,9 +181,13 @@ void frmVelorix::MakeStatusBar() {
   counts_ = new QLabel(this);
   counts_->setObjectName("lblRecords");
   counts_->setToolTip("Records in view, in the store, and selected");
+  unsaved_ = new QLabel(this);
+  unsaved_->setObjectName("lblUnsaved");
+  unsaved_->setToolTip("The records differ from those in any file; Save As writes them");
   startTime_ = new QLabel(this);
   startTime_->setObjectName("picStat(2)");
   startTime_->setToolTip("Seconds that the start took");
+  statusBar()->addPermanentWidget(unsaved_);
   statusBar()->addPermanentWidget(counts_);
   statusBar()->addPermanentWidget(startTime_);
 }
@@ -207,6 +211,7 @@ void frmVelorix::ShowChoices() {
   ShowBusyCursor();
   bars_.ShowChoices();
   lists_->ShowChoices();
+  unsaved_->setText(velorix_->Session.IsUnsaved() ? "Not saved" : "");
 }
 
 void frmVelorix::ShowCodeLists() {
@@ -335,7 +340,7 @@ void frmVelorix::ShowStatus(const std::string& text) {
 }
 
 void frmVelorix::closeEvent(QCloseEvent* event) {
-  event->setAccepted(ConfirmExit(velorix_->Dialogs));
+  event->setAccepted(ConfirmExit(velorix_->Dialogs, velorix_->Session));
   if (event->isAccepted()) velorix_->Log.DebugPrint(">> frmVelorix_Terminate");
 }
 
@@ -350,7 +355,9 @@ void frmVelorix::dropEvent(QDropEvent* event) {
   // Later, so that a question does not hold up the file manager.
   QTimer::singleShot(0, this, [this, paths] {
     Work(*velorix_, [&] {
-      if (!OpenDroppedFiles(velorix_->Session, velorix_->Dialogs, velorix_->Host, paths)) return;
+      if (!OpenDroppedFiles(velorix_->Session, velorix_->History, velorix_->Dialogs, velorix_->Host,
+                            paths))
+        return;
       DisplayData(*velorix_, true);
       DisplayFormCaption(*velorix_);
     });
