@@ -10,6 +10,7 @@
 #include "app/display/contour.h"
 #include "app/display/display.h"
 #include "app/edit/assign_ged.h"
+#include "app/files/content_check.h"
 #include "app/files/export_grid.h"
 #include "app/files/file_kinds.h"
 #include "app/files/graphics_page.h"
@@ -178,7 +179,12 @@ class Batch {
       for (const std::string& file : a_.Files) names += Absolute(file) + '\0';
     }
     dialogs_.Answers = {FileAnswer{names, a_.Filter}};
-    if (!Command("mnuOpen")) return false;
+    const bool opened = Command("mnuOpen");
+    if (const std::string doubt = ContentDoubt(velorix_.Session); !doubt.empty()) {
+      std::cerr << (views_.Status.starts_with(doubt) ? views_.Status : doubt) << "\n";
+      views_.Status.clear();
+    }
+    if (!opened) return false;
     if (velorix_.Session.RecordCount() > 0) return true;
     std::cerr << a_.Files.front() << ": no record could be read.\n";
     return false;
