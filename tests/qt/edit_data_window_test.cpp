@@ -190,10 +190,10 @@ class EditDataWindowTest : public WindowTest {
   void saveAsksAboutDoubtfulCellsAndLeadsToTheFirst() {
     Show([this] {
       TypeAndEnter(2, 10, "95");
-      TypeAndEnter(3, FoliationColumn(1), "b");  // beside "B" of the others
+      TypeAndEnter(2, FoliationColumn(1), "a");  // beside the "A" of row 1
       QCOMPARE(Look("lblDoubts"), "2 cells are marked as doubtful, the first in row 2");
-      QCOMPARE(Back(3, FoliationColumn(1)), QColor(0xFFC0C0));
-      TypeAndEnter(3, FoliationColumn(1), "B");
+      QCOMPARE(Back(2, FoliationColumn(1)), QColor(0xFFC0C0));
+      TypeAndEnter(2, FoliationColumn(1), "A");
       for (const int answer : {1, 2, 0}) {  // Show, Cancel, Save
         Select(1, 3);
         Boxes().clear();

@@ -173,9 +173,10 @@ void frmGroupStatistics::AnisoFacName_Show() {
 void frmGroupStatistics::AnisoView_DisplayGroupStatistics() {
   const bool ofOtherView = IsGroupOfOtherView(velorix_);
   MarkLabel(*heading_, ofOtherView);
-  heading_->setText(
-      ToQString(GroupHeading(velorix_)) +
-      (ofOtherView ? "\nAnother view is shown. F5 to F8 compute the numbers again." : ""));
+  QString heading = ToQString(GroupHeading(velorix_));
+  if (ofOtherView)
+    heading += "\nAnother view is shown; Clear Selection (Shift+Ctrl+F12) computes its numbers.";
+  heading_->setText(heading);
   const GroupStats& stats = velorix_.GroupStats;
   for (const Value& value : values_)
     value.Label->setText(

@@ -189,7 +189,7 @@ void frmVelorix::MakeStatusBar() {
   };
   mean_ = add("lblMean",
               "The group statistics and the mean on the stereonet belong to this view, not to the "
-              "one shown. F5 to F8 compute them for the view of the key");
+              "one shown. Clear Selection (Shift+Ctrl+F12) computes them for the one shown");
   mean_->setMinimumWidth(1);  // a long text does not widen the window
   MarkLabel(*mean_, true);
   disregarded_ = add("lblDisregarded",
