@@ -1,5 +1,6 @@
 #include "app/commands.h"
 
+#include <algorithm>
 #include <cassert>
 #include <exception>
 
@@ -8,9 +9,12 @@
 #include "app/files/graphics_page.h"
 #include "app/files/open_flow.h"
 #include "app/files/save.h"
+#include "datafiles/preferences_file.h"
+#include "datafiles/settings_file.h"
 #include "tensor/derivation.h"
 #include "tensor/kernel.h"
 #include "tensor/rotations.h"
+#include "text/paths.h"
 
 namespace velorix {
 namespace {
@@ -22,17 +26,18 @@ void ShowStore(Velorix& v) {
 
 template <FileAction What>
 void OpenFiles(Velorix& v) {
-  if (OpenDataFiles(v.Session, v.Dialogs, v.Host, What)) ShowStore(v);
+  if (OpenDataFiles(v.Session, v.History, v.Dialogs, v.Host, What)) ShowStore(v);
 }
 /// A change of the store from files on the disk: the next file, the previous one, the same again.
-template <void (*Read)(Session&, Dialogs&)>
+template <void (*Read)(Session&, History&, Dialogs&)>
 void Reread(Velorix& v) {
-  Read(v.Session, v.Dialogs);
+  Read(v.Session, v.History, v.Dialogs);
   ShowStore(v);
 }
-template <void (*Write)(const Session&, Dialogs&, Views&)>
+template <bool (*Write)(Session&, Dialogs&, Views&)>
 void Save(Velorix& v) {
   Write(v.Session, v.Dialogs, v.Views);
+  v.Views.ShowChoices();
 }
 void Export(Velorix& v) { ExportData(v.Session, v.Dialogs, v.Views, v.Log); }
 
@@ -45,11 +50,63 @@ template <auto Choice, auto Value>
 void Choose(Velorix& v) {
   v.Session.*Choice = Value;
 }
-template <void (*Change)(RecordArray&)>
+/// "Disregard 3 records", of the records for which `isOne` holds.
+std::string CountedText(const Session& session, const char* what,
+                        bool (*isOne)(const SpecimenRecord&)) {
+  const auto count = std::count_if(session.Records.begin(), session.Records.end(), isOne);
+  return std::string(what) + " " + std::to_string(count) + (count == 1 ? " record" : " records");
+}
+std::string InvertText(const Session&) { return "Invert selection"; }
+std::string DisregardText(const Session& session) {
+  return CountedText(session, "Disregard", [](const SpecimenRecord& r) { return r.Selected; });
+}
+std::string RestoreText(const Session& session) {
+  return CountedText(session, "Restore", [](const SpecimenRecord& r) { return !r.Active; });
+}
+std::string ClearText(const Session&) { return "Clear selection"; }
+
+template <void (*Change)(RecordArray&), std::string (*Text)(const Session&)>
 void Select(Velorix& v) {
+  HeldFlags former = FlagsOf(v.Session);
+  Step step{Text(v.Session), {}};
   Change(v.Session.Records);
+  if (HasChanged(v.Session, former)) {
+    step.Values.emplace_back(std::move(former));
+    v.History.Add(v.Session, std::move(step));
+  }
   DisplayData(v, false);
 }
+
+/// Shows what an undone or repeated step has changed. The settings' file follows the session.
+void ShowStep(Velorix& v, const Step& step) {
+  if (step.Holds<HeldParameters>()) SettingsWrite(v.Session.Settings, v.Session.SettingsFile);
+  if (step.Holds<HeldOrientations>())
+    RefillCodes(v.Lists, v.Session.Records, v.Session.FoliCode, v.Session.LineCode);
+  DisplayData(v, step.Holds<HeldStore>());
+  DisplayFormCaption(v);
+}
+void UndoStep(Velorix& v) {
+  if (v.History.NextUndo()) ShowStep(v, v.History.Undo(v.Session));
+}
+void RedoStep(Velorix& v) {
+  if (v.History.NextRedo()) ShowStep(v, v.History.Redo(v.Session));
+}
+/// A menu caption with what a step did; empty without a step.
+std::string StepCaption(const char* verb, const Step* step) {
+  if (!step) return {};
+  std::string caption = verb;
+  for (const char c : step->Text) caption += c == '&' ? "&&" : std::string(1, c);
+  return caption;
+}
+std::string UndoCaption(const Velorix& v) { return StepCaption("Undo ", v.History.NextUndo()); }
+std::string RedoCaption(const Velorix& v) { return StepCaption("Redo ", v.History.NextRedo()); }
+
+void ToggleFormerFile(Velorix& v) {
+  v.Session.Preferences.KeepFormerFile = !v.Session.Preferences.KeepFormerFile;
+  PreferencesWrite(v.Session.Preferences, PreferencesFile(v.Host.AppFolder));
+  v.Views.ShowChoices();
+}
+bool KeepsFormerFile(const Velorix& v) { return v.Session.Preferences.KeepFormerFile; }
 
 template <auto Choice, auto Value>
 bool IsChosen(const Velorix& v) {
@@ -82,7 +139,11 @@ void ChooseFactors(Velorix& v) {
 
 void Rotate(Velorix& v) {
   v.Dialogs.Ask(ProgramTitle, "Rotate", {"&OK"});
+  if (v.Session.Records.Empty()) return;
+  Step step{CountedText(v.Session, "Rotate", [](const SpecimenRecord&) { return true; }),
+            {TensorsOf(v.Session), ChangeVersion(v.Session)}};
   RotateAllNinety(v.Session.Records);
+  v.History.Add(v.Session, std::move(step));
 }
 
 /// M = R M' R transposed for a tensor in its six numbers.
@@ -138,6 +199,8 @@ constexpr Command CommandTable[] = {
     {"mnuEdit(1)", "mnuEditt", "Edit Orientation Data", "F2", 12, "Edit Orientation Data [F2]", "edit-orientation", Check, false, EditOrientations, nullptr, false},
     {"mnuEdit(2)", "mnuEditt", "Rotate Data", "", 0, "", "", Action, true, nullptr, nullptr, false},
     {"mnuGedEditor", "mnuEditt", "Geological File Editor", "", 0, "", "", Action, false, OpenWindow<&WindowOpener::ShowGedEditor>, nullptr, false},
+    {"mnuUndo", "mnuEditt", "Undo", "Ctrl+Z", 0, "", "", Action, false, UndoStep, nullptr, true, UndoCaption},
+    {"mnuRedo", "mnuEditt", "Redo", "Ctrl+Shift+Z|Ctrl+Y", 0, "", "", Action, false, RedoStep, nullptr, false, RedoCaption},
 
     {"mnuAnalysis(1)", "mnuStatistics", "Group Statistics", "F9", 14, "Group Statistics [F9]", "statistics", Check, false, Toggle<&OpenWindows::GroupStatistics>, IsOpen<&OpenWindows::GroupStatistics>, false},
     {"mnuAnalysis(2)", "mnuStatistics", "Bootstrap Statistics", "F11", 0, "", "", Action, true, nullptr, nullptr, false},
@@ -155,18 +218,25 @@ constexpr Command CommandTable[] = {
     {"tecto(1)", "", "", "", 27, "Paleohorizontal", "paleohorizontal", Radio, false, Choose<Plane, PaleoPlane::Horizontal>, IsChosen<Plane, PaleoPlane::Horizontal>, false},
     {"tecto(2)", "", "", "", 28, "Paleovertical", "paleovertical", Radio, false, Choose<Plane, PaleoPlane::Vertical>, IsChosen<Plane, PaleoPlane::Vertical>, false},
 
-    {"mnuSelection(1)", "mnuViewMain", "Invert Selection", "Ctrl+Ins", 30, "Invert Selection [Ctrl + Ins]", "invert", Action, false, Select<InvertSelection>, nullptr, true},
-    {"mnuSelection(2)", "mnuViewMain", "Disregard Selected Record(s)", "Del", 31, "Disregard Selected Record(s) [Del]", "disregard", Action, false, Select<DisregardSelected>, nullptr, false},
-    {"mnuSelection(3)", "mnuViewMain", "Restore All Records", "Alt+Backspace", 32, "Restore All Records  [Alt + Bksp]", "restore", Action, false, Select<RestoreAll>, nullptr, false},
-    {"mnuSelection(5)", "mnuViewMain", "Clear Selection", "Shift+Ctrl+F12", 33, "Clear Selection [Shift + Ctrl +F12]", "clear", Action, false, Select<ClearSelection>, nullptr, true},
+    {"mnuSelection(1)", "mnuViewMain", "Invert Selection", "Ctrl+Ins", 30, "Invert Selection [Ctrl + Ins]", "invert", Action, false, Select<InvertSelection, InvertText>, nullptr, true},
+    {"mnuSelection(2)", "mnuViewMain", "Disregard Selected Record(s)", "Del", 31, "Disregard Selected Record(s) [Del]", "disregard", Action, false, Select<DisregardSelected, DisregardText>, nullptr, false},
+    {"mnuSelection(3)", "mnuViewMain", "Restore All Records", "Alt+Backspace", 32, "Restore All Records  [Alt + Bksp]", "restore", Action, false, Select<RestoreAll, RestoreText>, nullptr, false},
+    {"mnuSelection(5)", "mnuViewMain", "Clear Selection", "Shift+Ctrl+F12", 33, "Clear Selection [Shift + Ctrl +F12]", "clear", Action, false, Select<ClearSelection, ClearText>, nullptr, true},
     {"rotate", "", "Rotate the tensors of all records by 90 degrees about the vertical axis", "", 35, "", "rotate", Action, false, Rotate, nullptr, false},
 
     {"mnuOPAR", "mnuSetting", "Orientation Parameters", "", 0, "", "", Action, false, OpenWindow<&WindowOpener::ShowOrientationParameters>, nullptr, false},
     {"mnuAnisoFac", "mnuSetting", "Anisotropy Quantitative Factors", "", 0, "", "", Action, false, ChooseFactors, nullptr, false},
+    {"mnuKeepFormer", "mnuSetting", "Keep Former File as NAME~", "", 0, "", "", Check, false, ToggleFormerFile, KeepsFormerFile, true},
     {"mnuAbout", "mnuHelp", "About", "", 0, "", "", Action, false, OpenWindow<&WindowOpener::ShowAbout>, nullptr, false},
     {"mnuManual", "mnuHelp", "Manual", "Shift+F1", 0, "", "", Action, false, OpenWindow<&WindowOpener::ShowManual>, nullptr, false},
 };
 // clang-format on
+
+std::string UnsavedText(const Session& session) {
+  const std::string file = Utf8Of(PathOf(session.CurrentFile).filename());
+  return "Changes of the " + std::to_string(session.RecordCount()) + " records" +
+         (file.empty() ? "" : " of " + file) + " are not saved.";
+}
 
 /// What went wrong, in the host's words.
 std::string FailureText(const std::exception_ptr& failure) {
@@ -244,8 +314,9 @@ void RotateAllNinety(RecordArray& records) {
   }
 }
 
-bool ConfirmExit(Dialogs& dialogs) {
-  return dialogs.Ask(ProgramTitle, "EXIT PROGRAM?", {"&Yes", "&No"}) == 0;
+bool ConfirmExit(Dialogs& dialogs, const Session& session) {
+  const std::string unsaved = session.IsUnsaved() ? UnsavedText(session) : "";
+  return dialogs.AskWith(ProgramTitle, "EXIT PROGRAM?", unsaved, {"&Yes", "&No"}) == 0;
 }
 
 }  // namespace velorix

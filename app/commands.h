@@ -22,7 +22,7 @@ struct Command {
   const char* Name;       // of the menu item, "mnuOpen"
   const char* Menu;       // name of its menu; empty: tool bar only
   const char* Caption;    // of the menu item; without one, what a button without a tip does
-  const char* Key;        // short-cut, "Ctrl+O", or empty
+  const char* Key;        // short-cut, "Ctrl+O", several between bars, or empty
   int Button;             // index in the tool bar, 0: none; a missing index is a separator
   const char* Tip;        // of the button
   const char* Icon;       // name of the picture for button and menu item
@@ -31,6 +31,8 @@ struct Command {
   void (*Run)(Velorix&);  // null only for hidden ones, which do nothing
   bool (*Checked)(const Velorix&);  // null: never checked
   bool SeparatorBefore;             // in the menu
+  /// What the caption says now, where that changes; empty: there is nothing to do. Null: `Caption`.
+  std::string (*CaptionNow)(const Velorix&) = nullptr;
 };
 std::span<const Command> Commands();
 
@@ -51,7 +53,7 @@ bool Guarded(Velorix& velorix, const std::function<void()>& work);
 /// Turns the tensors of every record by 90 degrees about the vertical axis, a diagnostic.
 void RotateAllNinety(RecordArray& records);
 
-/// Asks whether to leave. True for "&Yes".
-bool ConfirmExit(Dialogs& dialogs);
+/// Asks whether to leave; what is unsaved stands below. True for "&Yes".
+bool ConfirmExit(Dialogs& dialogs, const Session& session);
 
 }  // namespace velorix

@@ -4,6 +4,7 @@
 
 #include "app/state/velorix.h"
 #include "datafiles/file_faults.h"
+#include "datafiles/preferences_file.h"
 #include "datafiles/settings_file.h"
 #include "stats/gauss_random.h"
 #include "text/paths.h"
@@ -41,6 +42,7 @@ std::string PrepareSession(Session& session, DebugLog& log, const Host& host) {
   session.SettingsFile = JoinPath(host.AppFolder, "MarloAniso.sav");
   std::string notice = TakeSettings(session.Settings, session.SettingsFile);
   if (!notice.empty()) log.DebugPrint("Error: " + notice);
+  session.Preferences = PreferencesRead(PreferencesFile(host.AppFolder));
   return notice;
 }
 

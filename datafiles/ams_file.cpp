@@ -204,7 +204,8 @@ Outcome ReloadAmsFile(const std::string& path, RecordArray& records, bool useIm)
 
 namespace {
 
-Outcome WriteAms(const std::string& path, const RecordArray& records, bool append, bool all) {
+Outcome WriteAms(const std::string& path, const RecordArray& records, bool append, bool all,
+                 FormerFile former) {
   const auto isWanted = [all](const SpecimenRecord& r) { return all || r.Selected; };
   const auto count = std::count_if(records.begin(), records.end(), isWanted);
   if (count == 0) {
@@ -214,7 +215,7 @@ Outcome WriteAms(const std::string& path, const RecordArray& records, bool appen
     return records.Empty() ? Outcome::Refused() : Outcome();
   }
   const auto kept = append ? BytesToKeep(path, static_cast<int>(count)) : std::vector<char>();
-  SafeWrite(path, [&](std::ostream& out) {
+  const auto write = [&](std::ostream& out) {
     out.write(kept.data(), static_cast<std::streamsize>(kept.size()));
     PieceWriter writer(out);
     for (int i = 1; i <= records.Count(); ++i) {
@@ -222,14 +223,16 @@ Outcome WriteAms(const std::string& path, const RecordArray& records, bool appen
       if (isWanted(records[i])) writer.Add(records[i]);
     }
     writer.Flush();
-  });
+  };
+  SafeWrite(path, write, former);
   return {};
 }
 
 }  // namespace
 
-Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all) {
-  return OnFile(path, [&] { return WriteAms(path, records, append, all); });
+Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all,
+                     FormerFile former) {
+  return OnFile(path, [&] { return WriteAms(path, records, append, all, former); });
 }
 
 Outcome WriteAmsRecord(const std::string& path, const SpecimenRecord& record) {

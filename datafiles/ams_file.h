@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/outcome.h"
+#include "datafiles/safe_write.h"
 #include "store/record_array.h"
 
 namespace velorix {
@@ -30,12 +31,14 @@ Outcome ReadAmsBytes(std::span<const std::byte> bytes, const std::string& path,
 Outcome ReloadAmsFile(const std::string& path, RecordArray& records, bool useIm);
 
 /// Writes all records, or only the selected ones, in their order; disregarded records are written
-/// too. Without `append` the file is new or replaced; with it the records go behind those that it
-/// has, all of them or none. Refused, silently, when there are no records at all. When none is to
-/// be written, no file is made, and without `append` an old one is removed. A failure is a
-/// `FileFault`, or "Overflow" when an append would bring the file over 32767 records or a number is
-/// too large for the file's 32 bits; the old file then stands.
-Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all);
+/// too. Without `append` the file is new or replaced, and the replaced one goes or stays as
+/// `former` says; with it the records go behind those that it has, all of them or none. Refused,
+/// silently, when there are no records at all. When none is to be written, no file is made, and
+/// without `append` an old one is removed. A failure is a `FileFault`, or "Overflow" when an append
+/// would bring the file over 32767 records or a number is too large for the file's 32 bits; the old
+/// file then stands.
+Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all,
+                     FormerFile former = FormerFile::Goes);
 
 /// Appends one record to a file, which is made when missing.
 Outcome WriteAmsRecord(const std::string& path, const SpecimenRecord& record);

@@ -238,9 +238,10 @@ std::string GedText(const RecordArray& records) {
   return text;
 }
 
-Outcome WriteGedFile(const std::string& path, const RecordArray& records) {
+Outcome WriteGedFile(const std::string& path, const RecordArray& records, FormerFile former) {
   if (records.Count() == 0) return Outcome::Refused();
-  SafeWrite(path, [&](std::ostream& out) { out << GedText(records); });
+  SafeWrite(
+      path, [&](std::ostream& out) { out << GedText(records); }, former);
   return {};
 }
 

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/outcome.h"
+#include "datafiles/safe_write.h"
 #include "store/record_array.h"
 
 namespace velorix {
@@ -42,8 +43,10 @@ Outcome ReadGedText(const std::string& path, std::string_view text, RecordArray&
 /// Writes the records as a file in place of the old one; the site's data are those of the first.
 /// Texts are cut at the width of their field, and so are angles of more than four characters. The
 /// coordinates change places on the way through a file. Without a record the file stays and the
-/// refusal is silent. What can't be written is a `FileFault`, and the old file stays.
-Outcome WriteGedFile(const std::string& path, const RecordArray& records);
+/// refusal is silent. The replaced file goes or stays as `former` says. What can't be written is a
+/// `FileFault`, and the old file stays.
+Outcome WriteGedFile(const std::string& path, const RecordArray& records,
+                     FormerFile former = FormerFile::Goes);
 
 /// The bytes of such a file.
 std::string GedText(const RecordArray& records);

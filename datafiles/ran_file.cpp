@@ -281,7 +281,7 @@ std::vector<std::byte> RanBytes(std::vector<std::byte> kept, const RecordArray& 
 namespace {
 
 Outcome WriteRan(const std::string& path, const RecordArray& records, bool append, bool all,
-                 const std::string& suffix) {
+                 const std::string& suffix, FormerFile former) {
   const bool isSome = std::any_of(records.begin(), records.end(),
                                   [all](const SpecimenRecord& r) { return all || r.Selected; });
   if (!isSome) {
@@ -292,18 +292,19 @@ Outcome WriteRan(const std::string& path, const RecordArray& records, bool appen
   }
   const std::vector<std::byte> bytes =
       RanBytes(append ? BytesToKeep(path) : std::vector<std::byte>(), records, all, suffix);
-  SafeWrite(path, [&](std::ostream& out) {
+  const auto write = [&](std::ostream& out) {
     out.write(reinterpret_cast<const char*>(bytes.data()),
               static_cast<std::streamsize>(bytes.size()));
-  });
+  };
+  SafeWrite(path, write, former);
   return {};
 }
 
 }  // namespace
 
 Outcome WriteRanFile(const std::string& path, const RecordArray& records, bool append, bool all,
-                     const std::string& suffix) {
-  return OnFile(path, [&] { return WriteRan(path, records, append, all, suffix); });
+                     const std::string& suffix, FormerFile former) {
+  return OnFile(path, [&] { return WriteRan(path, records, append, all, suffix, former); });
 }
 
 Outcome WriteRanRecord(const std::string& path, const SpecimenRecord& record,

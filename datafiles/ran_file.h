@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/outcome.h"
+#include "datafiles/safe_write.h"
 #include "store/record_array.h"
 #include "store/settings.h"
 
@@ -32,13 +33,14 @@ Outcome ReadRanBytes(std::span<const std::byte> bytes, const std::string& path,
 /// Writes all records, or only the selected ones, in their order, with `suffix` behind every name;
 /// disregarded records are written too. A record with an orientation (`HasCoor[2]`) goes out in the
 /// geographic system, any other in the specimen system. The header is the first record's. Without
-/// `append` the file is new or replaced; with it the records go behind those that it has, under the
-/// header that it has, all of them or none. Refused, silently, when there are no records at all.
-/// When none is to be written, no file is made, and without `append` an old one is removed. A
-/// failure is a `FileFault`, "Overflow" when the file would pass 32766 records of 64 bytes or a
-/// number doesn't fit its field, or the failure of a rotation; the old file then stands.
+/// `append` the file is new or replaced, and the replaced one goes or stays as `former` says; with
+/// it the records go behind those that it has, under the header that it has, all of them or none.
+/// Refused, silently, when there are no records at all. When none is to be written, no file is
+/// made, and without `append` an old one is removed. A failure is a `FileFault`, "Overflow" when
+/// the file would pass 32766 records of 64 bytes or a number doesn't fit its field, or the failure
+/// of a rotation; the old file then stands.
 Outcome WriteRanFile(const std::string& path, const RecordArray& records, bool append, bool all,
-                     const std::string& suffix = {});
+                     const std::string& suffix = {}, FormerFile former = FormerFile::Goes);
 
 /// Adds one specimen to a file, which is made when missing.
 Outcome WriteRanRecord(const std::string& path, const SpecimenRecord& record,

@@ -11,6 +11,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+FlushFile flushFile = nullptr;
+
 /// A name in the folder of `path` that no file has.
 fs::path NameBeside(const fs::path& path) {
   std::random_device random;
@@ -50,7 +52,27 @@ struct NewFile {
   }
 };
 
-void Replace(const fs::path& target, const std::function<void(std::ostream&)>& write) {
+void Flush(const fs::path& path, const fs::path& target) {
+  if (!flushFile) return;
+  if (const std::error_code error = flushFile(path)) throw FileFault(Utf8Of(target), error);
+}
+
+/// The file also gets the name with "~". A second name costs nothing and is there at once; where
+/// the file system has no such names it is a copy.
+void KeepFormer(const fs::path& target) {
+  NewFile kept{NameBeside(target)};
+  std::error_code error;
+  fs::create_hard_link(target, kept.Path, error);
+  if (error) {
+    fs::copy_file(target, kept.Path);
+    Flush(kept.Path, target);
+  }
+  fs::rename(kept.Path, fs::path(target) += "~");
+  kept.Done = true;
+}
+
+void Replace(const fs::path& target, const std::function<void(std::ostream&)>& write,
+             FormerFile former) {
   const bool replaces = fs::exists(target);
   // A device or a pipe has no old content to save, and nothing may take its place.
   if (replaces && !fs::is_regular_file(target)) return Fill(target, target, write);
@@ -61,17 +83,22 @@ void Replace(const fs::path& target, const std::function<void(std::ostream&)>& w
 
   NewFile made{NameBeside(target)};
   Fill(made.Path, target, write);
+  Flush(made.Path, target);
   std::error_code ignored;
   if (replaces) fs::permissions(made.Path, fs::status(target).permissions(), ignored);
+  if (replaces && former == FormerFile::Stays) KeepFormer(target);
   fs::rename(made.Path, target);
   made.Done = true;
 }
 
 }  // namespace
 
-void SafeWrite(const std::string& path, const std::function<void(std::ostream&)>& write) {
+void SetFlushFile(FlushFile flush) { flushFile = flush; }
+
+void SafeWrite(const std::string& path, const std::function<void(std::ostream&)>& write,
+               FormerFile former) {
   try {
-    Replace(LinkTarget(PathOf(path)), write);
+    Replace(LinkTarget(PathOf(path)), write, former);
   } catch (const fs::filesystem_error& error) {
     throw FileFault(Utf8Of(error.path2().empty() ? error.path1() : error.path2()), error.code());
   }

@@ -4,6 +4,17 @@ namespace velorix {
 
 void ClearStore(Session& session) { session.Records.Clear(); }
 
+void NoteDataChange(Session& session) { session.DataVersion = ++session.LastVersion; }
+
+void NoteSaved(Session& session) { session.SavedVersion = session.DataVersion; }
+
+std::size_t FileOfRecord(const Session& session, int id) {
+  std::size_t file = 0;
+  for (int end = 0; file < session.Opened.size(); ++file)
+    if (id <= (end += session.Opened[file].Records)) return file;
+  return 0;
+}
+
 void Renumber(RecordArray& records) {
   std::int16_t no = 0;
   for (SpecimenRecord& record : records) record.RecordNo = ++no;
@@ -15,6 +26,8 @@ void ReplaceStore(Session& session, RecordArray& records) {
   session.Spare.Clear();
   records.Clear();
   Renumber(session.Records);
+  NoteDataChange(session);
+  NoteSaved(session);
 }
 
 bool IsShown(const SpecimenRecord& record, CoordinateSystem coorSys, TensorBlock reImMode) {

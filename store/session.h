@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,20 @@
 #include "store/settings.h"
 
 namespace velorix {
+
+/// What tells whether a file was written since: its size and the time of its last change.
+struct FileStamp {
+  std::uintmax_t Size = 0;
+  std::filesystem::file_time_type Time = {};
+
+  bool operator==(const FileStamp&) const = default;
+};
+
+/// A file as it was read: how many records it gave, and its stamp then.
+struct OpenedFile {
+  int Records = 0;
+  FileStamp Stamp;
+};
 
 /// All that a session holds: the store of records and how it is looked at. `main` owns one and
 /// hands it on by reference; a test makes its own. Paths and names are UTF-8.
@@ -27,16 +42,33 @@ struct Session {
   std::string CurrentExt;
   std::int16_t CurrentFilter = 0;        // 1..6, selects the reader
   std::vector<std::string> OpenFiles;    // paths of the files that make up the store
+  std::vector<OpenedFile> Opened;        // the same files as they were read
   std::vector<std::string> FolderFiles;  // names of their like in DataFolder, as listed
   int FolderFilePos = 0;                 // position of the open file there, from 1
   std::string GeoFile;                   // path of the first file in GeoRecords
+  FileStamp GeoStamp;                    // of that file as it was read or written
   std::string SettingsFile;
   velorix::Settings Settings;
+  velorix::Preferences Preferences;
+
+  // Each change of the records' data, orientations and tensors, gives them a version of its own.
+  std::int64_t DataVersion = 0, LastVersion = 0;  // of the data now, and the highest one given
+  std::int64_t SavedVersion = 0;                  // of the data that stand in a file
 
   RecordArray Spare;  // the memory of the former store, kept for the next read
 
   int RecordCount() const { return Records.Count(); }
+  /// Whether the data differ from those in any file.
+  bool IsUnsaved() const { return DataVersion != SavedVersion; }
 };
+
+/// Notes that the records' data have changed, or that they stand in a file as they are.
+void NoteDataChange(Session& session);
+void NoteSaved(Session& session);
+
+/// The position in `OpenFiles`, from 0, of the file that gave record `id`; of the first one when
+/// the files do not say.
+std::size_t FileOfRecord(const Session& session, int id);
 
 /// Erases the store.
 void ClearStore(Session& session);
@@ -44,7 +76,8 @@ void ClearStore(Session& session);
 /// Sets each record's `RecordNo` to its index, 1 to N.
 void Renumber(RecordArray& records);
 
-/// Puts `records` in the store in place of what it held and renumbers it. `records` is left empty.
+/// Puts `records` in the store in place of what it held and renumbers it; the data are those of a
+/// file. `records` is left empty, its memory and that of the former store go to `Spare`.
 void ReplaceStore(Session& session, RecordArray& records);
 
 /// Whether a view shows the record: in use, rotated to the system in view and, for the out-of-phase

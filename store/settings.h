@@ -19,4 +19,11 @@ struct Settings {
   bool operator==(const Settings&) const = default;
 };
 
+/// What the user prefers beside the settings; a file of its own carries it.
+struct Preferences {
+  bool KeepFormerFile = true;  // a data file that is written over stays beside it, as NAME~
+
+  bool operator==(const Preferences&) const = default;
+};
+
 }  // namespace velorix

@@ -53,20 +53,21 @@ bool IsStale(const ContourSession& contour) {
 
 }  // namespace
 
-ContourData BuildContourData(const Session& session, std::int16_t option,
+ContourData BuildContourData(const Session& session, ContourDisplay option,
                              const std::string& foliCode, const std::string& lineCode) {
   ContourData data;
   const auto add = [&data](const Direction& d) {
     if (std::isfinite(d.Dec) && std::isfinite(d.Inc)) data.Add(d.Dec, d.Inc);
   };
   ForEachAtLevel(session, [&](const SpecimenRecord& r) {
-    if (option == 4) {
+    if (option == ContourDisplay::FoliationPole) {
       if (const int slot = SlotOf(r.FoliName, foliCode))
         add(PoleOfPlane({r.FoliDec[slot], r.FoliInc[slot]}));
-    } else if (option == 5) {
+    } else if (option == ContourDisplay::Lineation) {
       if (const int slot = SlotOf(r.LineName, lineCode)) add({r.LineDec[slot], r.LineInc[slot]});
     } else {
-      add({r.Dec[option], r.Inc[option]});
+      const int axis = static_cast<int>(option);
+      add({r.Dec[axis], r.Inc[axis]});
     }
   });
   return data;
@@ -82,8 +83,8 @@ void RebuildContourData(ContourSession& contour, const Session& session, Views& 
   views.RefreshContour();
 }
 
-void ChooseContourDisplay(ContourSession& contour, const Session& session, int index) {
-  contour.Options.display = static_cast<std::int16_t>(index);
+void ChooseContourDisplay(ContourSession& contour, const Session& session, ContourDisplay display) {
+  contour.Options.display = display;
   ShowContourData(contour, session);
 }
 
@@ -142,7 +143,7 @@ void GrevaExport(const Session& session, const std::string& appFolder, Dialogs& 
 }
 
 std::string ContourCaption(const ContourSession& contour) {
-  std::string text = std::string(ContourDisplays[contour.Options.display].Name) + ", " +
+  std::string text = std::string(InfoOf(contour.Options.display).Name) + ", " +
                      NamesOf(contour.InView.CoorSys).Word + " coordinates";
   if (contour.Counted() && !IsStale(contour))
     return text + ", smoothing " + PlainText(contour.Smooth);

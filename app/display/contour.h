@@ -12,10 +12,10 @@ namespace velorix {
 
 // What the controls of the contour window do.
 
-/// The data of one of the `ContourDisplays`: of each record in use at the coordinate level in view,
-/// in or out of phase, a principal direction (1 to 3), the pole of its first foliation of the code
-/// (4) or its first lineation of the code (5). Directions that are not finite are left out.
-ContourData BuildContourData(const Session& session, std::int16_t option,
+/// The data of a count: of each record in use at the coordinate level in view, in or out of phase,
+/// a principal direction, the pole of its first foliation of the code or its first lineation of the
+/// code. Directions that are not finite are left out.
+ContourData BuildContourData(const Session& session, ContourDisplay option,
                              const std::string& foliCode, const std::string& lineCode);
 
 /// Puts the data in view in the picture, which then waits for a count.
@@ -23,8 +23,8 @@ void ShowContourData(ContourSession& contour, const Session& session);
 /// Puts the data in view in the picture and keeps the count, whatever it is of.
 void RebuildContourData(ContourSession& contour, const Session& session, Views& views);
 
-/// Chooses what is counted, one of the `ContourDisplays`, and shows its data.
-void ChooseContourDisplay(ContourSession& contour, const Session& session, int index);
+/// Chooses what is counted, and shows its data.
+void ChooseContourDisplay(ContourSession& contour, const Session& session, ContourDisplay display);
 
 /// `cmdCount`: counts the data in view. True when the picture has a new count; without data, when
 /// `progress` answers no, and when the smoothing is too great for 32-bit densities, which a box

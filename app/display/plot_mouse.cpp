@@ -1,6 +1,5 @@
 #include "app/display/plot_mouse.h"
 
-#include "app/display/display.h"
 #include "plot/drawing/clip.h"
 #include "plot/drawing/drawing.h"
 #include "tensor/projection.h"
@@ -12,15 +11,14 @@ namespace {
 constexpr StereoGeometry Stereonet;
 constexpr Net ScreenNet = {Stereonet.cx, Stereonet.cy, Stereonet.diameter};
 
-/// Selects the records for which `hit` holds, then refreshes all views.
+/// Numbers of the records in view for which `hit` holds.
 template <class Hit>
-void SelectWhere(Velorix& velorix, Hit hit) {
-  Session& session = velorix.Session;
-  ClearSelection(session.Records);
-  for (SpecimenRecord& record : session.Records)
-    if (record.Active && record.CoorLevel == session.CoorSys) record.Selected = hit(record);
-  velorix.Views.ShowSelection();
-  AnisoView_DisplayAllPlots(velorix);
+std::vector<int> RecordsWhere(const Session& session, Hit hit) {
+  std::vector<int> ids;
+  for (const SpecimenRecord& record : session.Records)
+    if (record.Active && record.CoorLevel == session.CoorSys && hit(record))
+      ids.push_back(record.RecordNo);
+  return ids;
 }
 
 bool IsTested(int axis, int keys) {
@@ -58,12 +56,14 @@ std::string ReadXYPlot(const std::optional<DrawnXYPlot>& drawn, double x, double
          AxisReadOut(drawn->y, drawn->y.ValueAt(p.y));
 }
 
-void SelectInStereo(Velorix& velorix, MouseBox box, int keys) {
-  if (!velorix.Stereo.showData) return;
+std::optional<std::vector<int>> RecordsInStereo(const Session& session,
+                                                const StereoOptions& options, MouseBox box,
+                                                int keys) {
+  if (!options.showData) return std::nullopt;
   SortRectangle(box.x1, box.y1, box.x2, box.y2);
-  SelectWhere(velorix, [&](const SpecimenRecord& record) {
+  return RecordsWhere(session, [&](const SpecimenRecord& record) {
     for (int axis = 1; axis <= 3; ++axis) {
-      if (!velorix.Stereo.showAxis[axis] || !IsTested(axis, keys)) continue;
+      if (!options.showAxis[axis] || !IsTested(axis, keys)) continue;
       const Point unit = ProjectDirection(EqualArea, {record.Dec[axis], record.Inc[axis]});
       const Point p = OnNet(ScreenNet, unit.x, unit.y);
       if (InBox(p.x, p.y, box.x1, box.y1, box.x2, box.y2)) return true;
@@ -72,19 +72,15 @@ void SelectInStereo(Velorix& velorix, MouseBox box, int keys) {
   });
 }
 
-void SelectInXYPlot(Velorix& velorix, int plot, MouseBox box) {
+std::vector<int> RecordsInXYPlot(const Session& session, const std::optional<DrawnXYPlot>& drawn,
+                                 MouseBox box) {
   SortRectangle(box.x1, box.y1, box.x2, box.y2);
-  const std::optional<DrawnXYPlot>& drawn = velorix.XYDrawn[plot];
-  SelectWhere(velorix, [&](const SpecimenRecord& record) {
+  return RecordsWhere(session, [&](const SpecimenRecord& record) {
     const auto i = static_cast<std::size_t>(record.RecordNo - 1);
     if (!drawn || i >= drawn->symbols.size()) return false;
     const Point& symbol = drawn->symbols[i];
     return InBox(symbol.x, symbol.y, box.x1, box.y1, box.x2, box.y2);
   });
-}
-
-void SelectInBlankPlot(Velorix& velorix) {
-  SelectWhere(velorix, [](const SpecimenRecord&) { return false; });
 }
 
 void DrawRubberBand(Target& target, const MouseBox& box) {

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
-#include "app/state/velorix.h"
 #include "plot/drawing/target.h"
+#include "plot/net/stereo.h"
+#include "plot/plots/xy_plot.h"
+#include "store/session.h"
 
 namespace velorix {
 
@@ -26,15 +30,16 @@ StereoReadOut ReadStereo(double x, double y);
 /// Both axes at a place of an XY plot, empty where nothing is drawn or outside the frame.
 std::string ReadXYPlot(const std::optional<DrawnXYPlot>& drawn, double x, double y);
 
-/// Selects the records one of whose directions lies in the box on the stereonet, and no others: of
-/// the axes that are shown, without a key; with Ctrl, Alt or Shift only Kmax, Kint or Kmin. Nothing
-/// happens while the directions are not shown.
-void SelectInStereo(Velorix& velorix, MouseBox box, int keys);
+/// Numbers of the records in view one of whose directions lies in the box on the stereonet: of the
+/// axes that are shown, without a key; with Ctrl, Alt or Shift only Kmax, Kint or Kmin. Nothing
+/// while the directions are not shown: then the selection stays.
+std::optional<std::vector<int>> RecordsInStereo(const Session& session,
+                                                const StereoOptions& options, MouseBox box,
+                                                int keys);
 
-/// Selects the records whose symbol lies in the box on XY plot 1 or 2, and no others.
-void SelectInXYPlot(Velorix& velorix, int plot, MouseBox box);
-/// The same on a plot without symbols: nothing stays selected.
-void SelectInBlankPlot(Velorix& velorix);
+/// Numbers of the records in view whose symbol lies in the box on an XY plot.
+std::vector<int> RecordsInXYPlot(const Session& session, const std::optional<DrawnXYPlot>& drawn,
+                                 MouseBox box);
 
 /// The box that is being drawn with the mouse.
 void DrawRubberBand(Target& target, const MouseBox& box);

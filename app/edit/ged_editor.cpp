@@ -2,7 +2,10 @@
 
 #include <algorithm>
 
+#include "app/files/file_stamp.h"
 #include "app/files/geo_files.h"
+#include "app/files/losses.h"
+#include "app/files/save.h"
 #include "datafiles/ged_file.h"
 #include "datafiles/text_file.h"
 #include "text/numbers.h"
@@ -226,14 +229,22 @@ bool SaveGedFile(Session& session, Dialogs& dialogs, const GedSheet& sheet) {
   question.Filter = Filter();
   question.Folder = session.DataFolder;
   question.DefaultName = sheet.Base;
-  const auto accepts = [&dialogs](const FileAnswer& answer) {
-    return !FileExists(answer.Filename) ||
-           AskYesNo(dialogs, UpperCase(SaveTitle), "Overwrite existing file?");
+  bool cancelled = false;
+  const auto accepts = [&](const FileAnswer& answer) {
+    const std::string& path = answer.Filename;
+    if (!FileExists(path)) return true;
+    if (!AskYesNo(dialogs, UpperCase(SaveTitle), "Overwrite existing file?")) return false;
+    const LossAnswer loss =
+        AskAboutLosses(dialogs, SaveTitle, path, FindGedLosses(session, path, records));
+    cancelled = loss == LossAnswer::Cancel;
+    return loss != LossAnswer::Copy;
   };
   const auto answer = AskForFile(dialogs, FileAction::Save, question, accepts);
-  if (!answer || !WriteGedFile(answer->Filename, records)) return false;
+  if (!answer || cancelled) return false;
+  if (!WriteGedFile(answer->Filename, records, FormerOf(session))) return false;
   session.GeoRecords = std::move(records);
   session.GeoFile = answer->Filename;
+  session.GeoStamp = StampOf(session.GeoFile);
   return true;
 }
 

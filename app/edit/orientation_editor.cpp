@@ -3,7 +3,10 @@
 #include <algorithm>
 
 #include "app/files/file_kinds.h"
+#include "app/files/file_stamp.h"
 #include "app/files/geo_files.h"
+#include "app/files/losses.h"
+#include "app/files/save.h"
 #include "text/numbers.h"
 
 namespace velorix {
@@ -33,13 +36,35 @@ void RefillLists(CodeLists& lists, Session& session) {
   RefillCodes(lists, session.Records, session.FoliCode, session.LineCode);
 }
 
-Outcome WriteCurrentFile(const Session& session) {
+/// The kind of the open file when "SAVE" writes it, null when it does not.
+const FileKind* KindOfCurrentFile(const Session& session) {
   // Writers take the old file away when they get nothing to write.
-  if (session.Records.Empty()) return {};
+  if (session.Records.Empty()) return nullptr;
   // Kept for agreement with published results: "AMS" in upper case matches nothing, other files are
   // not written at all, and of several open files the first one gets the records of all.
-  const FileWriter write = WriterOf(session.CurrentExt);
-  return write ? write(session.CurrentFile, session.Records, true) : Outcome();
+  return KindToWrite(session.CurrentExt);
+}
+
+LossAnswer AskBeforeWriting(const Session& session, Dialogs& dialogs, const FileKind& kind) {
+  const Losses losses = FindLosses(session, session.CurrentFile, kind, session.Records, true);
+  return AskAboutLosses(dialogs, "Edit Orientation Data", session.CurrentFile, losses);
+}
+
+bool WriteCurrentFile(Session& session, Dialogs& dialogs, Views& views, const FileKind* kind) {
+  if (!kind) {
+    if (session.IsUnsaved())
+      views.ShowStatus("The records are changed in memory alone: Save As writes them to a file.");
+    return true;
+  }
+  const Outcome outcome =
+      kind->Write(session.CurrentFile, session.Records, true, FormerOf(session));
+  if (outcome) {
+    NoteWritten(session, session.CurrentFile);
+    NoteSaved(session);
+    ShowWritten(views, session.CurrentFile);
+  }
+  Show(dialogs, outcome);
+  return outcome || outcome.Text.empty();
 }
 
 }  // namespace
@@ -73,8 +98,8 @@ bool HasUnsavedCells(const OrientationEditor& editor, const Session& session) {
   return editor.Grid.Done > 0 && editor.Grid.Rows != RowsOf(session.Records);
 }
 
-void OpenGed(OrientationEditor& editor, Session& session, CodeLists& lists, Dialogs& dialogs,
-             FileAction action) {
+void OpenGed(OrientationEditor& editor, Session& session, History& history, CodeLists& lists,
+             Dialogs& dialogs, FileAction action) {
   ForgetGeoFile(session);
   if (editor.ShowsSamples) ShowStoreRows(editor);
   FileQuestion question = DataFileQuestion(session, action);
@@ -89,7 +114,9 @@ void OpenGed(OrientationEditor& editor, Session& session, CodeLists& lists, Dial
     if (chosen->Filter != 1) return;  // the other types read nothing
     if (!ReadGeoFiles(session, dialogs, chosen->List)) return;
   } else {  // kept for agreement with published results: the new file starts from an empty store
-    ClearStore(session);
+    Step step{"New " + chosen->List.FirstName, {}};
+    step.Values.emplace_back(TakeStore(session));
+    history.Add(session, std::move(step));
     RefillLists(lists, session);
     FillGrid(editor.Grid, {});
   }
@@ -118,12 +145,36 @@ void WriteGrid(OrientationEditor& editor, const Session& session) {
   NoteChange(editor, changed ? "What was typed is discarded; Ctrl+Z brings it back." : "");
 }
 
-bool SaveGrid(OrientationEditor& editor, Session& session, CodeLists& lists, Dialogs& dialogs) {
+bool SaveGrid(OrientationEditor& editor, Session& session, History& history, CodeLists& lists,
+              Dialogs& dialogs, Views& views) {
+  const FileKind* const kind = KindOfCurrentFile(session);
+  HeldOrientations former = OrientationsOf(session);
   CommitGrid(editor.Grid, session.Records);
+  const bool changed = KeepChanged(session, former);
+  // What would be lost depends on what was typed, so the question looks at the records with it.
+  LossAnswer answer = LossAnswer::Cancel;
+  try {
+    answer = kind ? AskBeforeWriting(session, dialogs, *kind) : LossAnswer::Save;
+    if (answer == LossAnswer::Copy && !SaveAs(session, dialogs, views)) answer = LossAnswer::Cancel;
+  } catch (...) {
+    former.Exchange(session);
+    throw;
+  }
+  if (answer == LossAnswer::Cancel) {
+    former.Exchange(session);
+    return false;
+  }
+  if (changed) {
+    Step step{"Edit orientation data", {ChangeVersion(session)}};
+    step.Values.emplace_back(std::move(former));
+    history.Add(session, std::move(step));
+  }
   RefillLists(lists, session);
-  const Outcome outcome = WriteCurrentFile(session);
-  Show(dialogs, outcome);
-  return outcome || outcome.Text.empty();
+  if (answer == LossAnswer::Copy) {
+    NoteSaved(session);
+    return true;
+  }
+  return WriteCurrentFile(session, dialogs, views, kind);
 }
 
 void EditCells(OrientationEditor& editor, std::vector<CellText> texts) {

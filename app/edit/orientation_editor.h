@@ -7,6 +7,8 @@
 #include "app/edit/edit_grid.h"
 #include "app/files/ask_file.h"
 #include "app/state/code_lists.h"
+#include "app/state/history.h"
+#include "app/state/views.h"
 
 namespace velorix {
 
@@ -32,20 +34,23 @@ void LoadEditor(OrientationEditor& editor, const Session& session);
 /// "OpenGED": empties `GeoRecords`, asks for geological files with the file dialog of an action,
 /// reads them there, lists the names in a box and shows the samples. They are shown to be looked
 /// at: the rows of the store wait with all that was typed, also after a failed read. A file that
-/// does not exist empties the store, if the user agrees.
-void OpenGed(OrientationEditor& editor, Session& session, CodeLists& lists, Dialogs& dialogs,
-             FileAction action);
+/// does not exist empties the store, if the user agrees, a step that can be undone.
+void OpenGed(OrientationEditor& editor, Session& session, History& history, CodeLists& lists,
+             Dialogs& dialogs, FileAction action);
 /// "AssignGED" from `GeoRecords`, which shows the store's rows again.
 void AssignGed(OrientationEditor& editor, const Session& session);
 /// "Write": the grid shows the store again. Kept for agreement with published results: what was
 /// typed is discarded, despite the caption. It can be undone.
 void WriteGrid(OrientationEditor& editor, const Session& session);
-/// "SAVE": commits the grid, fills the lists of codes again (`RefillCodes`), and writes the open
-/// file when it is of a kind that can be written, with the extension in lower case. While samples
-/// are shown it commits the rows of the store that wait behind them. False when the writer refused,
-/// with its message shown, and a fault when the disk did; the records in memory are changed then.
-/// An overflow changes nothing.
-bool SaveGrid(OrientationEditor& editor, Session& session, CodeLists& lists, Dialogs& dialogs);
+/// "SAVE": commits the grid, a step that can be undone, fills the lists of codes again
+/// (`RefillCodes`), and writes the open file when it is of a kind that can be written, with the
+/// extension in lower case. While samples are shown it commits the rows of the store that wait
+/// behind them. Where the save would lose something of the file the user is asked first: cancelled
+/// it leaves everything as it was; a copy goes where the user says, and the open file stays. False
+/// when the user cancelled or the writer refused, with its message shown, and a fault when the disk
+/// did; with these two the records in memory are changed. An overflow changes nothing.
+bool SaveGrid(OrientationEditor& editor, Session& session, History& history, CodeLists& lists,
+              Dialogs& dialogs, Views& views);
 
 /// Shows the rows of the store in place of samples.
 void ShowStoreRows(OrientationEditor& editor);

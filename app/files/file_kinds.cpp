@@ -6,6 +6,7 @@
 #include "app/files/ask_file.h"
 #include "base/fault.h"
 #include "datafiles/ams_file.h"
+#include "datafiles/ams_layout.h"
 #include "datafiles/asc_file.h"
 #include "datafiles/ran_file.h"
 #include "datafiles/si2b_file.h"
@@ -26,23 +27,44 @@ Outcome ReloadAmsInPhase(const std::string& path, RecordArray& records, const Se
   return ReloadAmsFile(path, records, false);
 }
 
-Outcome WriteAms(const std::string& path, const RecordArray& records, bool all) {
-  return WriteAmsFile(path, records, false, all);
+Outcome WriteAms(const std::string& path, const RecordArray& records, bool all, FormerFile former) {
+  return WriteAmsFile(path, records, false, all, former);
 }
 
-Outcome WriteRan(const std::string& path, const RecordArray& records, bool all) {
-  return WriteRanFile(path, records, false, all);
+Outcome WriteRan(const std::string& path, const RecordArray& records, bool all, FormerFile former) {
+  return WriteRanFile(path, records, false, all, {}, former);
+}
+
+void ForEachStoredAms(const RecordArray& records, bool all, const Settings&,
+                      const VisitStored& visit) {
+  std::byte bytes[AmsRecordSize];
+  SpecimenRecord stored;
+  for (const SpecimenRecord& record : records) {
+    if (!all && !record.Selected) continue;
+    EncodeAmsRecord(record, bytes);
+    DecodeAmsRecord(bytes, stored);
+    visit(record, stored);
+  }
+}
+
+void ForEachStoredRan(const RecordArray& records, bool all, const Settings& settings,
+                      const VisitStored& visit) {
+  RecordArray stored;
+  if (!ReadRanBytes(RanBytes({}, records, all), "", stored, settings)) return;
+  int i = 0;
+  for (const SpecimenRecord& record : records)
+    if (all || record.Selected) visit(record, stored[++i]);
 }
 
 // clang-format off
 constexpr FileKind Kinds[] = {
-    // word, extension, captions to open and to save, read, reload, write
-    {"ams",  "ams", "AMS-file(s)",      "AMS file", Plain<ReadAmsFile>, ReloadAmsInPhase,   WriteAms},
-    {"ran",  "ran", "RAN-file(s)",      "RAN file", ReadRanFile,        ReadRanFile,        WriteRan},
-    {"are",  "are", "ARE-file(s)",      "",         ReadRanFile,        ReadRanFile,        nullptr},
-    {"asc",  "asc", "ASC-file(s)",      "",         Plain<ReadAscFile>, Plain<ReadAscFile>, nullptr},
-    {"si2b", "AMS", "SI2B AMS-file(s)", "",         ReadSi2bFile,       ReadSi2bFile,       nullptr},
-    {"spin", "txt", "AMSSpin-file(s)",  "",         ReadSpinFile,       ReadSpinFile,       nullptr},
+    // word, extension, captions to open and to save, read, reload, write, what is read of what was written
+    {"ams",  "ams", "AMS-file(s)",      "AMS file", Plain<ReadAmsFile>, ReloadAmsInPhase,   WriteAms, ForEachStoredAms},
+    {"ran",  "ran", "RAN-file(s)",      "RAN file", ReadRanFile,        ReadRanFile,        WriteRan, ForEachStoredRan},
+    {"are",  "are", "ARE-file(s)",      "",         ReadRanFile,        ReadRanFile,        nullptr,  nullptr},
+    {"asc",  "asc", "ASC-file(s)",      "",         Plain<ReadAscFile>, Plain<ReadAscFile>, nullptr,  nullptr},
+    {"si2b", "AMS", "SI2B AMS-file(s)", "",         ReadSi2bFile,       ReadSi2bFile,       nullptr,  nullptr},
+    {"spin", "txt", "AMSSpin-file(s)",  "",         ReadSpinFile,       ReadSpinFile,       nullptr,  nullptr},
 };
 // clang-format on
 
@@ -91,9 +113,9 @@ int SaveFilterOf(const std::string& path) {
   return 0;
 }
 
-FileWriter WriterOf(const std::string& extension) {
+const FileKind* KindToWrite(const std::string& extension) {
   for (const FileKind* kind : KindsToSave())
-    if (extension == kind->Extension) return kind->Write;
+    if (extension == kind->Extension) return kind;
   return nullptr;
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
 
 #include "base/outcome.h"
+#include "datafiles/safe_write.h"
 #include "store/record_array.h"
 #include "store/settings.h"
 
@@ -13,8 +15,15 @@ namespace velorix {
 using FileReader = Outcome (*)(const std::string& path, RecordArray& records,
                                const Settings& settings);
 
-/// Writes all records, or the selected ones, in place of a file.
-using FileWriter = Outcome (*)(const std::string& path, const RecordArray& records, bool all);
+/// Writes all records, or the selected ones, in place of a file, which goes or stays beside it.
+using FileWriter = Outcome (*)(const std::string& path, const RecordArray& records, bool all,
+                               FormerFile former);
+
+/// Calls `visit` for each record that a writer would write, with what its file gives when it is
+/// read.
+using VisitStored = std::function<void(const SpecimenRecord& record, const SpecimenRecord& stored)>;
+using ForEachStored = void (*)(const RecordArray& records, bool all, const Settings& settings,
+                               const VisitStored& visit);
 
 /// A kind of data files. The one table of the kinds serves the dialogs to open and to save, the
 /// orientation editor, the console and files that are dropped on the window.
@@ -25,6 +34,7 @@ struct FileKind {
   const char* SaveCaption;  // of the filter to save: "AMS file"
   FileReader Read, Reload;
   FileWriter Write;  // null: files of this kind are only read, and have no filter to save
+  velorix::ForEachStored ForEachStored;  // null as well
 };
 
 /// The kinds in the order of the filters to open, which count from 1.
@@ -43,8 +53,9 @@ int FilterOfExtension(const std::string& extension);
 const FileKind& KindToSave(int filter);
 /// The filter to save for a path's extension in any case of letters, 0 when there is none.
 int SaveFilterOf(const std::string& path);
-/// The writer for an extension in exactly these letters, null when there is none.
-FileWriter WriterOf(const std::string& extension);
+/// The kind that can be written with an extension in exactly these letters, null when there is
+/// none.
+const FileKind* KindToWrite(const std::string& extension);
 
 /// All filters of the dialogs. Those to open end without a bar.
 std::string OpenFilters();

@@ -1,5 +1,6 @@
 #include "app/files/geo_files.h"
 
+#include "app/files/file_stamp.h"
 #include "datafiles/ged_file.h"
 
 namespace velorix {
@@ -16,6 +17,7 @@ bool ReadGeoFiles(Session& session, Dialogs& dialogs, const FileList& list) {
   }
   session.GeoRecords = std::move(samples);
   session.GeoFile = list.FirstPath();
+  session.GeoStamp = StampOf(session.GeoFile);
   return true;
 }
 

@@ -9,23 +9,28 @@
 namespace velorix {
 
 /// The file dialog of an action, then the reading of the chosen files and the replacement of the
-/// store. A new file that does not exist gives only its name. True when the session has a new file;
-/// false when the user cancels or a file is refused, and then the session is as it was.
-bool OpenDataFiles(Session& session, Dialogs& dialogs, const Host& host, FileAction action);
+/// store, a step that can be undone. A new file that does not exist gives only its name. True when
+/// the session has a new file; false when the user cancels or a file is refused, and then the
+/// session is as it was.
+bool OpenDataFiles(Session& session, History& history, Dialogs& dialogs, const Host& host,
+                   FileAction action);
 
 /// Files handed over by a file manager, read together by the reader of the first one's extension.
 /// True when the session has a new file.
-bool OpenDroppedFiles(Session& session, Dialogs& dialogs, const Host& host,
+bool OpenDroppedFiles(Session& session, History& history, Dialogs& dialogs, const Host& host,
                       const std::vector<std::string>& paths);
 
 /// The file before or behind the open one in its folder, round at the ends.
-void OpenPrevious(Session& session, Dialogs& dialogs);
-void OpenNext(Session& session, Dialogs& dialogs);
+void OpenPrevious(Session& session, History& history, Dialogs& dialogs);
+void OpenNext(Session& session, History& history, Dialogs& dialogs);
 
 /// Reads the files that make up the store again.
-void ReloadFile(Session& session, Dialogs& dialogs);
+void ReloadFile(Session& session, History& history, Dialogs& dialogs);
 
 /// Empties the store and the session's file names, and displays that.
 void CloseFile(Velorix& velorix);
+
+/// The step that `CloseFile` is, for what closes a file on its way; the session has no store then.
+Step CloseStep(Session& session, const std::string& text);
 
 }  // namespace velorix

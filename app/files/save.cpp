@@ -4,16 +4,24 @@
 
 #include "app/files/ask_file.h"
 #include "app/files/file_kinds.h"
+#include "app/files/file_stamp.h"
+#include "app/files/losses.h"
 
 namespace velorix {
 namespace {
 
-/// Shows that the file is written, or why it was refused.
-void Report(Dialogs& dialogs, Views& views, const std::string& path, const Outcome& outcome) {
-  if (outcome)
-    ShowWritten(views, path);
-  else
+/// Writes the file and shows that it is written, or why it was refused.
+bool Write(Session& session, Dialogs& dialogs, Views& views, const std::string& path,
+           const FileKind& kind, bool all) {
+  const Outcome outcome = kind.Write(path, session.Records, all, FormerOf(session));
+  if (!outcome) {
     Show(dialogs, outcome);
+    return false;
+  }
+  NoteWritten(session, path);
+  if (all) NoteSaved(session);
+  ShowWritten(views, path);
+  return true;
 }
 
 /// Whether there is something to save; a box says when there is not. Writers take the old file away
@@ -26,33 +34,57 @@ bool HasRecords(const RecordArray& records, Dialogs& dialogs, const char* title,
   return false;
 }
 
-void AskAndSave(const Session& session, Dialogs& dialogs, Views& views, const char* title,
-                bool all) {
-  if (!HasRecords(session.Records, dialogs, title, all)) return;
+bool AskAndSave(Session& session, Dialogs& dialogs, Views& views, const char* title, bool all) {
+  if (!HasRecords(session.Records, dialogs, title, all)) return false;
   FileQuestion question = SaveQuestion(session, title);
   question.Filter = SaveFilters();
-  const auto answer = AskWhereToSave(dialogs, question);
-  if (!answer) return;
-  Report(dialogs, views, answer->Filename,
-         KindToSave(answer->FilterIndex).Write(answer->Filename, session.Records, all));
+  for (;;) {
+    const auto answer = AskWhereToSave(dialogs, question);
+    if (!answer) return false;
+    const std::string& path = answer->Filename;
+    const FileKind& kind = KindToSave(answer->FilterIndex);
+    const Losses losses = FindLosses(session, path, kind, session.Records, all);
+    switch (AskAboutLosses(dialogs, title, path, losses)) {
+      case LossAnswer::Save:
+        return Write(session, dialogs, views, path, kind, all);
+      case LossAnswer::Copy:  // under another name
+        question.Again = answer;
+        break;
+      case LossAnswer::Cancel:
+        return false;
+    }
+  }
 }
 
 }  // namespace
 
-void SaveAs(const Session& session, Dialogs& dialogs, Views& views) {
-  AskAndSave(session, dialogs, views, "Save Record(s) As", true);
+FormerFile FormerOf(const Session& session) {
+  return session.Preferences.KeepFormerFile ? FormerFile::Stays : FormerFile::Goes;
 }
 
-void SaveSelectedAs(const Session& session, Dialogs& dialogs, Views& views) {
-  AskAndSave(session, dialogs, views, "Save Selected Record(s) As", false);
+bool SaveAs(Session& session, Dialogs& dialogs, Views& views) {
+  return AskAndSave(session, dialogs, views, "Save Record(s) As", true);
 }
 
-void SaveFile(const Session& session, Dialogs& dialogs, Views& views) {
+bool SaveSelectedAs(Session& session, Dialogs& dialogs, Views& views) {
+  return AskAndSave(session, dialogs, views, "Save Selected Record(s) As", false);
+}
+
+bool SaveFile(Session& session, Dialogs& dialogs, Views& views) {
   // Kept for agreement with published results: a RAN file under whatever name the open file has,
   // one that ends in ".ams" too.
-  if (!HasRecords(session.Records, dialogs, "Save", true)) return;
-  Report(dialogs, views, session.CurrentFile,
-         WriterOf("ran")(session.CurrentFile, session.Records, true));
+  constexpr char Title[] = "Save";
+  if (!HasRecords(session.Records, dialogs, Title, true)) return false;
+  const FileKind& kind = *KindToWrite("ran");
+  const Losses losses = FindLosses(session, session.CurrentFile, kind, session.Records, true);
+  switch (AskAboutLosses(dialogs, Title, session.CurrentFile, losses)) {
+    case LossAnswer::Save:
+      return Write(session, dialogs, views, session.CurrentFile, kind, true);
+    case LossAnswer::Copy:
+      return SaveAs(session, dialogs, views);
+    default:
+      return false;
+  }
 }
 
 }  // namespace velorix

@@ -40,6 +40,12 @@ struct Dialogs {
   /// the box chooses the last.
   virtual int Ask(const std::string& title, const std::string& text,
                   const std::vector<std::string>& buttons, int defaultButton = 0) = 0;
+  /// The same with smaller text below, which may be empty.
+  virtual int AskWith(const std::string& title, const std::string& text,
+                      [[maybe_unused]] const std::string& detail,
+                      const std::vector<std::string>& buttons) {
+    return Ask(title, text, buttons);
+  }
   /// A box with a warning's icon, where there are icons, and the one button "OK".
   virtual void Warn(const std::string& title, const std::string& text) { Ask(title, text, {"OK"}); }
 };

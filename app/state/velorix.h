@@ -9,6 +9,7 @@
 #include "app/state/debug_log.h"
 #include "app/state/dialogs.h"
 #include "app/state/group_subject.h"
+#include "app/state/history.h"
 #include "app/state/host.h"
 #include "app/state/page_options.h"
 #include "app/state/views.h"
@@ -41,6 +42,7 @@ struct Velorix {
   velorix::Host Host;
 
   velorix::Session Session = {};
+  velorix::History History = {};
   CodeLists Lists = {};
   StereoOptions Stereo = {};
   Array1<XYPlotOptions, 2> XYPlot = {};                // of `picXYPlot1` and `picXYPlot2`

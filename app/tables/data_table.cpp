@@ -33,10 +33,10 @@ void AppendCells(std::string& text, const char* lineEnd, auto cell) {
 
 }  // namespace
 
-std::string DataTableHeader(int row, Column column, const Settings& settings) {
+std::string DataTableHeader(HeaderRow row, Column column, const Settings& settings) {
   const ColumnInfo& c = InfoOf(column);
   if (c.slot > 0) return ColumnName(column, settings);
-  return row == -2 ? c.upper : c.lower;
+  return row == HeaderRow::Upper ? c.upper : c.lower;
 }
 
 std::string DataTableCell(Column column, const SpecimenRecord& record, TensorBlock reImMode) {
@@ -80,7 +80,7 @@ std::string DataTableText(const std::vector<int>& rows, const Session& session,
 
 std::string DataTableText(const Session& session, const char* lineEnd) {
   std::string text;
-  for (const int row : {-2, -1})
+  for (const HeaderRow row : {HeaderRow::Upper, HeaderRow::Lower})
     AppendCells(text, lineEnd,
                 [&](Column column) { return DataTableHeader(row, column, session.Settings); });
   return text + DataTableText(DataTableRows(session), session, lineEnd);

@@ -10,9 +10,11 @@ namespace velorix {
 
 // The data table: every value of the records in view, formatted, in `DataTableColumns`.
 
-/// Header of a column: the upper row (-2) or the lower one (-1). The factor columns carry the names
-/// that the settings give them in both.
-std::string DataTableHeader(int row, Column column, const Settings& settings);
+/// The rows of a column's header.
+enum class HeaderRow { Upper, Lower };
+
+/// Header of a column. The factor columns carry the names that the settings give them in both rows.
+std::string DataTableHeader(HeaderRow row, Column column, const Settings& settings);
 
 /// Text of the cell of `record`. Empty for a number that is not finite and for a factor that could
 /// not be computed.

@@ -82,7 +82,7 @@ const OptionRow Options[] = {
     {"--table",         "FILE",                      "the data table as tab-separated text",            &Arguments::Table},
     {"--stats",         "FILE",                      "the group statistics as JSON; - is standard output", &Arguments::Stats},
     {"--page",          "FILE",                      "the graphics page; its type by the extension",    &Arguments::Page},
-    {"--contour",       ContourWords,                "counts the density",                              Choice{&Arguments::Contour, 1}},
+    {"--contour",       Words(ContourDisplays),                "counts the density",                              Choice{&Arguments::Contour, 1}},
     {"--smooth",        "N",                         "smoothing of --contour; default 20",              &Arguments::Smooth},
     {"--contour-json",  "FILE",                      "the counted grid as JSON; - is standard output",  &Arguments::ContourJson},
     {"--contour-image", "FILE",                      "the contour picture, png",                        &Arguments::ContourImage},
@@ -91,6 +91,7 @@ const OptionRow Options[] = {
     {"--geo-json",      "FILE",                      "the geological records as JSON",                  &Arguments::GeoJson},
     {"--write-ged",     "FILE",                      "the geological records as a geological file",     &Arguments::WriteGed},
     {"--force",         "",                          "overwrite existing outputs",                      &Arguments::Force},
+    {"--no-backup",     "",                          "keep no former file as NAME~",                    &Arguments::NoBackup},
     {"--quiet",         "",                          "no progress and no summary",                      &Arguments::Quiet},
 };
 // clang-format on

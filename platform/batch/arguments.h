@@ -25,7 +25,7 @@ struct Arguments {
   bool Append = false;  // the grid to its file
   // Outputs; "-": standard output.
   std::string Save, SaveSelected, Records, Grid, Table, Stats, Page, GeoJson, WriteGed;
-  bool Force = false, Quiet = false;
+  bool Force = false, NoBackup = false, Quiet = false;
 
   /// The outputs named, in the order in which they are made.
   std::vector<std::string> Outputs() const;

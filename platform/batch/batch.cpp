@@ -13,6 +13,8 @@
 #include "app/files/export_grid.h"
 #include "app/files/file_kinds.h"
 #include "app/files/graphics_page.h"
+#include "app/files/losses.h"
+#include "app/files/save.h"
 #include "app/state/refusals.h"
 #include "app/tables/data_table.h"
 #include "datafiles/ged_file.h"
@@ -49,6 +51,10 @@ struct BatchDialogs : Dialogs {
   int Ask(const std::string& title, const std::string& text,
           const std::vector<std::string>& buttons, int) override {
     if (buttons.front() == "&Yes") return 0;
+    if (buttons.front() == "&Save") {  // what is lost is said, and the save goes on
+      std::cerr << text << "\n";
+      return 0;
+    }
     std::cerr << title << ": " << text << "\n";
     Complained = true;
     return 0;
@@ -147,6 +153,7 @@ class Batch {
     session.SettingsFile = a_.SettingsFile.empty()
                                ? JoinPath(velorix_.Host.AppFolder, "MarloAniso.sav")
                                : a_.SettingsFile;
+    session.Preferences.KeepFormerFile = !a_.NoBackup;
     return Guarded(velorix_, [&] {
       LoadSettings(session.Settings, session.SettingsFile);
       ChooseFirstPlots(velorix_);
@@ -249,7 +256,8 @@ class Batch {
   bool Count() {
     if (a_.Contour == 0) return true;
     const int smooth = a_.Smooth < 0 ? velorix_.Contour.Options.smoothing : a_.Smooth;
-    return CountForBatch(velorix_, a_.Contour, smooth, !a_.Quiet && IsTerminal());
+    return CountForBatch(velorix_, static_cast<ContourDisplay>(a_.Contour), smooth,
+                         !a_.Quiet && IsTerminal());
   }
 
   bool WriteGrid() {
@@ -293,6 +301,14 @@ class Batch {
     WriteRecordsJson(out, velorix_.Session, [&progress](int done) { progress.Tell(done); });
   }
 
+  void WriteGed() {
+    if (a_.WriteGed.empty()) return;
+    const Session& session = velorix_.Session;
+    AskAboutLosses(dialogs_, "--write-ged", a_.WriteGed,
+                   FindGedLosses(session, a_.WriteGed, session.GeoRecords));
+    (void)WriteGedFile(a_.WriteGed, session.GeoRecords, FormerOf(session));
+  }
+
   bool WriteOutputs() {
     const auto save = [&](const std::string& output, const char* command) {
       if (output.empty()) return true;
@@ -309,7 +325,7 @@ class Batch {
           });
           Write(a_.GeoJson,
                 [&](std::ostream& out) { WriteGeoJson(out, velorix_.Session.GeoRecords); });
-          if (!a_.WriteGed.empty()) (void)WriteGedFile(a_.WriteGed, velorix_.Session.GeoRecords);
+          WriteGed();
           Write(a_.ContourJson,
                 [&](std::ostream& out) { WriteContourJson(out, velorix_.Contour); });
         });

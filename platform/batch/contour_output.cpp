@@ -1,7 +1,6 @@
 #include "platform/batch/contour_output.h"
 
 #include <iostream>
-#include <sstream>
 
 #include "app/commands.h"
 #include "app/display/contour.h"
@@ -9,20 +8,10 @@
 #include "platform/batch/progress.h"
 
 namespace velorix {
-namespace {
 
-std::string WordOf(int display) {
-  std::istringstream words(ContourWords);
-  std::string word;
-  for (int i = 0; i < display; ++i) std::getline(words, word, '|');
-  return word;
-}
-
-}  // namespace
-
-bool CountForBatch(Velorix& velorix, int display, int smooth, bool shown) {
+bool CountForBatch(Velorix& velorix, ContourDisplay display, int smooth, bool shown) {
   ContourSession& contour = velorix.Contour;
-  contour.Options.display = static_cast<std::int16_t>(display);
+  contour.Options.display = display;
   contour.Options.smoothing = static_cast<std::int16_t>(smooth);
   constexpr int Steps = 100;
   Progress progress("Counting the density", Steps, shown);
@@ -44,7 +33,7 @@ void WriteContourJson(std::ostream& out, const ContourSession& contour) {
   const ContourGrid& grid = contour.Grid;
   const ContourLevels levels = LevelsOf(contour.Count.ContourMax);
   ObjectWriter object(out, 0);
-  object.Add("option", WordOf(contour.Options.display));
+  object.Add("option", InfoOf(contour.Options.display).Word);
   object.Add("Smooth", contour.Smooth);
   object.Add("ContourDataCount", contour.Count.ContourDataCount);
   object.Add("ContourNodeCount", contour.Count.ContourNodeCount);

@@ -1,6 +1,7 @@
 #include <exception>
 #include <iostream>
 
+#include "datafiles/safe_write.h"
 #include "platform/batch/batch.h"
 #include "text/paths.h"
 
@@ -12,6 +13,7 @@ int Main(int argc, const char* const* argv) {
     (end->Status == 0 ? std::cout : std::cerr) << end->Text;
     return end->Status;
   }
+  velorix::SetFlushFile(velorix::FlushToDevice);
   try {
     return velorix::RunBatch(std::get<velorix::Arguments>(parsed),
                              velorix::MakeHost(velorix::ExecutablePath(argv[0])));

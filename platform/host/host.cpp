@@ -12,8 +12,11 @@
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 #else
+#include <fcntl.h>
 #include <pwd.h>
 #include <unistd.h>
+
+#include <cerrno>
 #endif
 
 namespace velorix {
@@ -98,6 +101,28 @@ Host MakeHost(const std::string& executablePath) {
   }
   return {Utf8Of(folder), Utf8Of(DataRootFolder()), ListFolder};
 }
+
+#ifdef _WIN32
+std::error_code FlushToDevice(const fs::path& path) {
+  const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                  nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE)
+    return {static_cast<int>(GetLastError()), std::system_category()};
+  const bool flushed = FlushFileBuffers(file) != 0;
+  const std::error_code error(flushed ? 0 : static_cast<int>(GetLastError()),
+                              std::system_category());
+  CloseHandle(file);
+  return error;
+}
+#else
+std::error_code FlushToDevice(const fs::path& path) {
+  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (file < 0) return {errno, std::generic_category()};
+  const int error = fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP ? 0 : errno;
+  close(file);
+  return {error, std::generic_category()};
+}
+#endif
 
 std::vector<std::string> ListFolder(const std::string& folder, const std::string& extension) {
   const std::string wanted = UpperCase(extension);

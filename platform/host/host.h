@@ -1,6 +1,8 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "app/state/velorix.h"
@@ -15,6 +17,10 @@ std::string ExecutablePath(const std::string& argv0);
 /// made if it can be. An installation's is the `bin` of a prefix that has `share/velorix` too.
 /// `DataRoot` is Zelmor/Data in the user's home, on Windows the fixed C:\Zelmor\Data.
 Host MakeHost(const std::string& executablePath);
+
+/// Waits until what was written to the file is on the device. No error where the device or the file
+/// system has no such operation.
+std::error_code FlushToDevice(const std::filesystem::path& path);
 
 /// Names of the regular files in `folder` with `extension`, in any case, in the order in which file
 /// dialogs show them: `NameBefore`. A folder that can't be read has none.

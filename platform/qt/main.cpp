@@ -2,6 +2,7 @@
 #include <QMessageBox>
 
 #include "base/fault.h"
+#include "datafiles/safe_write.h"
 #include "platform/host/host.h"
 #include "platform/qt/output/page_output.h"
 #include "platform/qt/parts/qt_dialogs.h"
@@ -32,6 +33,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("velorix");
   QApplication::setDesktopFileName("velorix");
   QApplication::setStyle(new Theme);
+  SetFlushFile(FlushToDevice);
   try {
     Program program(MakeHost(ExecutablePath(argv[0])));
     StartUp(program.Running, program.Window);

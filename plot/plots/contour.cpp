@@ -22,7 +22,7 @@ struct ContourView {
   velorix::Target& target;
   const DensityCount& count;
   const ContourOptions& options;
-  const ContourDisplay& display;
+  const ContourDisplayInfo& display;
   ContourLevels levels;
 
   bool Counted() const { return count.ContourNodeCount > 0; }
@@ -141,7 +141,7 @@ void DrawContourLegend(const ContourView& view, const ContourData& data) {
 void DrawContour(Target& target, ContourGrid& grid, const ContourData& data,
                  const DensityCount& count, CoordinateSystem coorSys,
                  const ContourOptions& options) {
-  const ContourView view = {target, count, options, ContourDisplays[options.display],
+  const ContourView view = {target, count, options, InfoOf(options.display),
                             LevelsOf(count.ContourMax)};
   target.SetTransparent();
   if (view.Counted()) {

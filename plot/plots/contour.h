@@ -10,30 +10,40 @@
 
 namespace velorix {
 
+/// What can be counted: a principal direction, the pole of a foliation, a lineation.
+enum class ContourDisplay : std::int8_t { Kmax = 1, Kint, Kmin, FoliationPole, Lineation };
+
+/// How it is named and drawn.
+struct ContourDisplayInfo {
+  ContourDisplay Key;
+  const char *Name, *Word;  // in the window; for the console
+  velorix::Colour Colour;   // of the greatest density and of the data
+  std::int16_t Symbol, Size;
+};
+// clang-format off
+inline constexpr ContourDisplayInfo ContourDisplays[] = {
+    {ContourDisplay::Kmax,          "Kmax",           "kmax", 255,      1, 5},
+    {ContourDisplay::Kint,          "Kint",           "kint", 65280,    2, 5},
+    {ContourDisplay::Kmin,          "Kmin",           "kmin", 0xFF0000, 3, 6},
+    {ContourDisplay::FoliationPole, "Foliation Pole", "foli", 0xC0C000, 3, 6},
+    {ContourDisplay::Lineation,     "Lineation",      "line", 0x800080, 1, 5}};
+// clang-format on
+constexpr const ContourDisplayInfo& InfoOf(ContourDisplay display) {
+  return ContourDisplays[static_cast<int>(display) - 1];
+}
+
 /// What the controls of the contour window decide.
 struct ContourOptions {
   std::int16_t smoothing = 20;  // of the next count
-  std::int16_t display = 1;     // what is counted, see `ContourDisplays`
-  bool discrete = true;         // levels, else a continuous ramp
-  bool showContours = true;     // black lines between the levels
+  ContourDisplay display = ContourDisplay::Kmax;
+  bool discrete = true;      // levels, else a continuous ramp
+  bool showContours = true;  // black lines between the levels
   bool showGridPoints = false;
   bool showData = true;
   bool showProgress = true;
 
   bool operator==(const ContourOptions&) const = default;
 };
-
-/// What can be counted, and how it is drawn.
-struct ContourDisplay {
-  const char* Name;
-  velorix::Colour Colour;  // of the greatest density and of the data
-  std::int16_t Symbol, Size;
-};
-inline constexpr Array1<ContourDisplay, 5> ContourDisplays = {{{"Kmax", 255, 1, 5},
-                                                               {"Kint", 65280, 2, 5},
-                                                               {"Kmin", 0xFF0000, 3, 6},
-                                                               {"Foliation Pole", 0xC0C000, 3, 6},
-                                                               {"Lineation", 0x800080, 1, 5}}};
 
 /// Node (0, 0) of the grid on the contour picture, and the picture's net, a unit a node.
 inline constexpr LogicalPoint ContourCorner = {30, 30};

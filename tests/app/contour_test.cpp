@@ -25,7 +25,7 @@ struct ContourTest : ProgramTest {
     Now.Records.Add(r);
     return Now.Records[Now.RecordCount()];
   }
-  std::vector<float> Decs(std::int16_t option, const char* code = "") {
+  std::vector<float> Decs(ContourDisplay option, const char* code = "") {
     return BuildContourData(Program.Session, option, code, code).Dec;
   }
   bool Count() {
@@ -42,10 +42,10 @@ TEST_F(ContourTest, DataAreTheDirectionsOfTheRecordsAtTheLevelInView) {
   Add(30, 20).Active = false;
   Add(50, 20).CoorLevel = Specimen;
   Add(70, 20).Dec[1] = std::numeric_limits<double>::quiet_NaN();
-  EXPECT_EQ(Decs(1), (Floats{10}));
-  EXPECT_EQ(Decs(2), (Floats{11, 71}));
-  EXPECT_EQ(Decs(3), (Floats{12, 72}));
-  const ContourData data = BuildContourData(Program.Session, 1, "", "");
+  EXPECT_EQ(Decs(ContourDisplay::Kmax), (Floats{10}));
+  EXPECT_EQ(Decs(ContourDisplay::Kint), (Floats{11, 71}));
+  EXPECT_EQ(Decs(ContourDisplay::Kmin), (Floats{12, 72}));
+  const ContourData data = BuildContourData(Program.Session, ContourDisplay::Kmax, "", "");
   EXPECT_NEAR(data.X[0], 0.925417, 1e-6);  // cos 20 cos 10
   EXPECT_NEAR(data.Y[0], 0.163176, 1e-6);
   EXPECT_NEAR(data.Z[0], 0.342020, 1e-6);
@@ -67,10 +67,13 @@ TEST_F(ContourTest, TheFirstOfTwoSlotsWithTheCodeGivesPoleAndLineation) {
   for (const auto& [first, second, third, poles, poleIncs, lines] : cases) {
     SCOPED_TRACE(std::string(first) + " " + second);
     r.FoliName = r.LineName = {first, second, third, ""};
-    EXPECT_EQ(Decs(4, "S"), poles);
-    EXPECT_EQ(BuildContourData(Program.Session, 4, "S", "").Inc, poleIncs);
-    EXPECT_EQ(Decs(5, "S"), lines);
-    EXPECT_EQ(Decs(4, "").size() + Decs(5, "").size(), 0u);  // an empty code names nothing
+    EXPECT_EQ(Decs(ContourDisplay::FoliationPole, "S"), poles);
+    EXPECT_EQ(BuildContourData(Program.Session, ContourDisplay::FoliationPole, "S", "").Inc,
+              poleIncs);
+    EXPECT_EQ(Decs(ContourDisplay::Lineation, "S"), lines);
+    // An empty code names nothing.
+    EXPECT_EQ(Decs(ContourDisplay::FoliationPole), Floats());
+    EXPECT_EQ(Decs(ContourDisplay::Lineation), Floats());
   }
 }
 
@@ -83,7 +86,7 @@ TEST_F(ContourTest, ACountIsOfTheDataInViewThen) {
   ASSERT_TRUE(Count());
   EXPECT_EQ(State.Count.ContourDataCount, 2);
   EXPECT_EQ(ContourCaption(State), "Kmax, geographic coordinates, smoothing 20");
-  ChooseContourDisplay(State, Program.Session, 2);
+  ChooseContourDisplay(State, Program.Session, ContourDisplay::Kint);
   EXPECT_FALSE(State.Counted());
   EXPECT_EQ(State.InView.Data.Dec, (Floats{11, 16}));
 }

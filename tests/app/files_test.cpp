@@ -156,9 +156,10 @@ TEST_F(OpenFlow, KeepsTheMovedNameWhenTheNextFileVanished) {
 TEST_F(OpenFlow, OpensDroppedFilesByTheExtensionOfTheFirst) {
   std::filesystem::create_directories(Folder / "sub");
   std::filesystem::rename(PathOf(WriteFile("b", 2)), Folder / "sub" / "b.ams");
-  EXPECT_TRUE(OpenDroppedFiles(Now, Asked, Program.Host, {WriteFile("a", 1), Path("sub/b.ams")}));
+  EXPECT_TRUE(OpenDroppedFiles(Now, Program.History, Asked, Program.Host,
+                               {WriteFile("a", 1), Path("sub/b.ams")}));
   EXPECT_EQ(Names(), "a1 b1 b2 ");
-  EXPECT_FALSE(OpenDroppedFiles(Now, Asked, Program.Host, {Path("picture.png")}));
+  EXPECT_FALSE(OpenDroppedFiles(Now, Program.History, Asked, Program.Host, {Path("picture.png")}));
   EXPECT_EQ(Asked.Boxes.size(), 1u);
   EXPECT_EQ(Names(), "a1 b1 b2 ");
 }
@@ -187,7 +188,10 @@ TEST_F(Save, SavesUnderANewNameAndAsksBeforeItOverwrites) {
   Menu("mnuSaveSelectedAs");
   const std::string title = "Save Selected Record(s) As|";
   const std::string exists = title + "This file already exists.\nOverwrite existing file?|&Yes|&No";
-  EXPECT_EQ(Asked.Boxes, (Texts{title + "No record is selected.|&OK", exists, exists}));
+  const std::string loss = title + Path("copy.ams") + "\nSaving over this file would lose:\n" +
+                           "2 records of the file, which are not among those to be saved" +
+                           "|&Save|Save a &copy...|&Cancel";
+  EXPECT_EQ(Asked.Boxes, (Texts{title + "No record is selected.|&OK", exists, exists, loss}));
   EXPECT_EQ(Bytes("copy.ams").size(), 640u);
 
   Answer(Path("no/such/folder/x.ams"));

@@ -33,7 +33,7 @@ class OrientationEditing : public ProgramTest {
     return Path(name);
   }
   void Open(FileAction action = FileAction::Open) {
-    OpenGed(Editor, Now, Program.Lists, Asked, action);
+    OpenGed(Editor, Now, Program.History, Program.Lists, Asked, action);
   }
   void Type(int row, int column, const char* text) { EditCells(Editor, {{row, column, text}}); }
   const std::string& Cell(int row, int column) const { return Editor.Shown().Cell(row, column); }
@@ -115,7 +115,7 @@ TEST_F(OrientationEditing, SamplesAreOnlyLookedAt) {
   PasteCells(Editor, "55", {1, 3, 1, 1});
   RedoEdit(Editor);
   EXPECT_EQ(Cell(1, 3), "10");
-  EXPECT_TRUE(SaveGrid(Editor, Now, Program.Lists, Asked));
+  EXPECT_TRUE(SaveGrid(Editor, Now, Program.History, Program.Lists, Asked, Seen));
   EXPECT_EQ(Now.Records[1].OrientAz, 77);
   EXPECT_EQ(Now.Records[2].OrientAz, 40);
   UndoEdit(Editor);  // leads back to the records with what was typed
@@ -163,7 +163,7 @@ TEST_F(OrientationEditing, AMissingFileAsksAndYesEmptiesTheStore) {
   EXPECT_EQ(Names(), "");
   AssignGed(Editor, Now);
   EXPECT_EQ(Editor.Shown().RowCount(), 0);
-  EXPECT_TRUE(SaveGrid(Editor, Now, Program.Lists, Asked));
+  EXPECT_TRUE(SaveGrid(Editor, Now, Program.History, Program.Lists, Asked, Seen));
   EXPECT_TRUE(Exists("a.ams"));  // an empty store takes no file away
 }
 
@@ -203,7 +203,7 @@ TEST_F(OrientationEditing, SaveWritesByTheExactExtension) {
     Now.CurrentExt = extension;
     Now.CurrentFile = Path(name);
     Type(1, 3, "77");
-    EXPECT_TRUE(SaveGrid(Editor, Now, Program.Lists, Asked));
+    EXPECT_TRUE(SaveGrid(Editor, Now, Program.History, Program.Lists, Asked, Seen));
     EXPECT_EQ(Now.Records[1].OrientAz, 77);
     EXPECT_EQ(Exists(name), isWritten) << name;
     RecordArray written;
@@ -219,7 +219,7 @@ TEST_F(OrientationEditing, SaveGivesTheFirstOfSeveralFilesTheRecordsOfAll) {
   const std::string b = BytesOf(WriteFile("b", 3));
   OpenFile(Several({"a.ams", "b.ams"}));
   LoadEditor(Editor, Now);
-  EXPECT_TRUE(SaveGrid(Editor, Now, Program.Lists, Asked));
+  EXPECT_TRUE(SaveGrid(Editor, Now, Program.History, Program.Lists, Asked, Seen));
   RecordArray first;
   ASSERT_TRUE(ReadAmsFile(Path("a.ams"), first));
   EXPECT_EQ(NamesOf(first), "a1 a2 b1 b2 b3 ");

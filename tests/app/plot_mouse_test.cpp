@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "app/display/display.h"
 #include "tests/app/script.h"
 #include "tests/plot/calls.h"
 
@@ -23,20 +24,19 @@ class PlotMouse : public ProgramTest {
     Now.Records.Add(r);
     Renumber(Now.Records);
   }
-  std::string Selected() const {
-    std::string ids;
-    for (const SpecimenRecord& r : Now.Records)
-      if (r.Selected) ids += std::to_string(r.RecordNo) + " ";
-    return ids;
+  static std::string Text(const std::vector<int>& ids) {
+    std::string text;
+    for (const int id : ids) text += std::to_string(id) + " ";
+    return text;
   }
-  /// Draws a box round the place of a direction on the screen's net, from lower right to upper
-  /// left.
+  /// The records in a box round the place of a direction on the screen's net, from lower right to
+  /// upper left.
   std::string Select(double dec, double inc, int keys = NoKeys, float half = 4) {
     const double r = 155 * std::sqrt(1 - std::sin(inc / 57.29578));
     const float x = static_cast<float>(180 + r * std::sin(dec / 57.29578));
     const float y = static_cast<float>(190 - r * std::cos(dec / 57.29578));
-    SelectInStereo(Program, {x + half, y + half, x - half, y - half}, keys);
-    return Selected();
+    return Text(
+        *RecordsInStereo(Now, Program.Stereo, {x + half, y + half, x - half, y - half}, keys));
   }
 };
 
@@ -56,14 +56,13 @@ TEST_F(PlotMouse, SelectsByAnyShownAxisOrByTheOneOfTheKey) {
   }
 }
 
-TEST_F(PlotMouse, AClickClearsAndNothingHappensWithoutData) {
+TEST_F(PlotMouse, AClickFindsNoRecordAndAHiddenNetAnswersNothing) {
   Add(0);
   for (const bool data : {true, false}) {
-    Program.Stereo.showData = true;
-    EXPECT_EQ(Select(0, 30), "1 ");
     Program.Stereo.showData = data;
-    SelectInStereo(Program, {50, 50, 50, 50}, NoKeys);
-    EXPECT_EQ(Selected(), data ? "" : "1 ");
+    const auto hit = RecordsInStereo(Now, Program.Stereo, {50, 50, 50, 50}, NoKeys);
+    EXPECT_EQ(hit.has_value(), data);
+    EXPECT_TRUE(!hit || hit->empty());
   }
 }
 
@@ -71,7 +70,6 @@ TEST_F(PlotMouse, LeavesOutDisregardedRecordsAndThoseOfAnotherSystem) {
   for (int i = 0; i < 3; ++i) Add(0);
   Now.Records[1].Active = false;
   Now.Records[2].CoorLevel = Specimen;
-  for (int i = 1; i <= 3; ++i) Now.Records[i].Selected = true;
   EXPECT_EQ(Select(0, 30), "3 ");
 }
 
@@ -79,12 +77,11 @@ TEST_F(PlotMouse, SelectsBySymbolsPlacesOnAPlot) {
   for (int i = 0; i < 4; ++i) Add(0);
   // The second has no symbol, and the fourth came after the plot was drawn.
   Program.XYDrawn[1] = {.x = {}, .y = {}, .symbols = {{10, 100}, {std::nan(""), 100}, {30, 100}}};
-  SelectInXYPlot(Program, 1, {30, 100, 0, 0});
-  EXPECT_EQ(Selected(), "1 3 ");  // edges included
-  EXPECT_EQ(Seen.Selections, 1);
-  EXPECT_EQ(Seen.XYPlots, "12");
-  SelectInXYPlot(Program, 2, {-10, -10, 500, 500});
-  EXPECT_EQ(Selected(), "");
+  const auto in = [&](int plot, MouseBox box) {
+    return Text(RecordsInXYPlot(Now, Program.XYDrawn[plot], box));
+  };
+  EXPECT_EQ(in(1, {30, 100, 0, 0}), "1 3 ");  // edges included
+  EXPECT_EQ(in(2, {-10, -10, 500, 500}), "");
 }
 
 TEST_F(PlotMouse, ReadsDirectionsOffTheNet) {

@@ -41,6 +41,10 @@ struct ScriptedDialogs : Dialogs {
     for (const std::string& button : buttons) Boxes.back() += "|" + button;
     return Taken(Buttons);
   }
+  int AskWith(const std::string& title, const std::string& text, const std::string& detail,
+              const std::vector<std::string>& buttons) override {
+    return Ask(title, detail.empty() ? text : text + "|" + detail, buttons, 0);
+  }
   void Warn(const std::string& title, const std::string& text) override {
     Ask("Warning: " + title, text, {"OK"}, 0);
   }

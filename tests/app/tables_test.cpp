@@ -53,14 +53,15 @@ TEST(DataTable, ShowsEachValueInItsFormat) {
 TEST(DataTable, HeadersHaveTwoRowsAndTheNamesOfTheFactors) {
   Settings settings;
   settings.FacName[1] = "k1/k2";
-  EXPECT_EQ(DataTableHeader(-2, Column::ID, settings) + DataTableHeader(-1, Column::ID, settings),
+  EXPECT_EQ(DataTableHeader(HeaderRow::Upper, Column::ID, settings) +
+                DataTableHeader(HeaderRow::Lower, Column::ID, settings),
             "IDID");
-  EXPECT_EQ(DataTableHeader(-1, Column::Field, settings),
+  EXPECT_EQ(DataTableHeader(HeaderRow::Lower, Column::Field, settings),
             "FreqName");  // one column early, and wanted
-  EXPECT_EQ(
-      DataTableHeader(-2, Column::Fac1, settings) + DataTableHeader(-1, Column::Fac1, settings),
-      "k1/k2k1/k2");
-  EXPECT_EQ(DataTableHeader(-1, Column::E13, settings), "E13");
+  EXPECT_EQ(DataTableHeader(HeaderRow::Upper, Column::Fac1, settings) +
+                DataTableHeader(HeaderRow::Lower, Column::Fac1, settings),
+            "k1/k2k1/k2");
+  EXPECT_EQ(DataTableHeader(HeaderRow::Lower, Column::E13, settings), "E13");
 }
 
 TEST(DataTable, SortsByTextOrByNumberAndKeepsEqualRowsInOrder) {

@@ -49,8 +49,9 @@ TEST_F(ContourPicture, ColoursNodesByLevelOrByDensity) {
   Data.Add(200, 30);
   Options.showContours = false;
   for (const int smooth : {5, 20})  // steps 1 and above
-    for (Options.display = 1; Options.display <= 5; ++Options.display)
+    for (const ContourDisplayInfo& info : ContourDisplays)
       for (const bool discrete : {true, false}) {
+        Options.display = info.Key;
         Run(smooth);
         const ContourLevels levels = LevelsOf(Count.ContourMax);
         Options.discrete = discrete;
@@ -62,19 +63,19 @@ TEST_F(ContourPicture, ColoursNodesByLevelOrByDensity) {
           // Below 0, which is white, under the first level and where the step is above 1.
           float t = discrete ? ((index - 1) * levels.Step + 1) / levels.Top()
                              : density / Count.ContourMax;
-          const Colour colour = BlendColor(ContourDisplays[Options.display].Colour, White, t);
+          const Colour colour = BlendColor(info.Colour, White, t);
           ASSERT_EQ(nodes.pixels[n], Grid.Inside[n] ? colour : NoColour) << n;
         }
       }
 }
 
 TEST_F(ContourPicture, ShowsEachDatumInTheSymbolOfItsKindWhenWantedOrNotCounted) {
-  const std::tuple<std::int16_t, std::int16_t, std::int16_t, Colour> cases[] = {
-      {1, 1, 5, 255},
-      {2, 2, 5, 65280},
-      {3, 3, 6, 0xFF0000},
-      {4, 3, 6, 0xC0C000},
-      {5, 1, 5, 0x800080}};
+  const std::tuple<ContourDisplay, std::int16_t, std::int16_t, Colour> cases[] = {
+      {ContourDisplay::Kmax, 1, 5, 255},
+      {ContourDisplay::Kint, 2, 5, 65280},
+      {ContourDisplay::Kmin, 3, 6, 0xFF0000},
+      {ContourDisplay::FoliationPole, 3, 6, 0xC0C000},
+      {ContourDisplay::Lineation, 1, 5, 0x800080}};
   Data.Add(20, 30);
   Data.Add(110, -10);  // drawn at (110, 10), as everything upward is
   for (const auto& [display, symbol, size, colour] : cases) {
@@ -87,7 +88,7 @@ TEST_F(ContourPicture, ShowsEachDatumInTheSymbolOfItsKindWhenWantedOrNotCounted)
       if (counted) Run(20);
       Options.showData = wanted;
       const bool shown = ToText(Draw()).find(ToText(expected.calls)) != std::string::npos;
-      EXPECT_EQ(shown, wanted || !counted) << display;
+      EXPECT_EQ(shown, wanted || !counted) << symbol;
       EXPECT_EQ(Nodes().pixels.empty(), !counted);
     }
   }

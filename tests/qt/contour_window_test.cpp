@@ -45,7 +45,7 @@ class ContourWindowTest : public WindowTest {
     QVERIFY(Look("lblTime").endsWith(" s"));
     for (const int display : {2, 4, 5, 3, 1}) {
       Press(QString("optDisplay(%1)").arg(display));
-      QVERIFY(!State().Counted() && State().Options.display == display);
+      QVERIFY(!State().Counted() && static_cast<int>(State().Options.display) == display);
     }
   }
 
@@ -109,7 +109,8 @@ class ContourWindowTest : public WindowTest {
         cancel();
       });
       Press("cmdCount");
-      QVERIFY(form_->isVisible() && !State().Counted() && State().Options.display == 1);
+      QVERIFY(form_->isVisible() && !State().Counted() &&
+              State().Options.display == ContourDisplay::Kmax);
       QVERIFY(Picture() == before && Look("cmdCancel") == "(Cancel)");
     }
     Press("cmdCount");

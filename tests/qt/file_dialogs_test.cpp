@@ -125,7 +125,10 @@ struct Asker {
     if (acts.size() != static_cast<std::size_t>(story.size())) story += "another number of them";
     return story;
   }
-  void Open() { OpenDataFiles(Program.Session, Program.Dialogs, Program.Host, FileAction::Open); }
+  void Open() {
+    OpenDataFiles(Program.Session, Program.History, Program.Dialogs, Program.Host,
+                  FileAction::Open);
+  }
 
   /// The program's own questions for a file to save.
   const std::map<QString, std::function<void()>> Save = {

@@ -240,6 +240,23 @@ class TextBox : public QMessageBox {
   }
 };
 
+/// The button that the user chose in the box, which gets the program's icon and these buttons.
+int Chosen(TextBox& box, const std::vector<std::string>& buttons, int defaultButton) {
+  box.setIconPixmap(OwnIcon("velorix").pixmap(QSize(48, 48), box.devicePixelRatioF()));
+  std::vector<QPushButton*> made;
+  for (const std::string& caption : buttons) {
+    // One role for all keeps them in the order given on every desktop.
+    QPushButton* button = box.addButton(ToQString(caption), QMessageBox::ActionRole);
+    if (static_cast<int>(made.size()) == defaultButton) box.setDefaultButton(button);
+    made.push_back(button);
+  }
+  box.setEscapeButton(made.back());
+  box.exec();
+  for (std::size_t i = 0; i < made.size(); ++i)
+    if (box.clickedButton() == made[i]) return static_cast<int>(i);
+  return static_cast<int>(made.size()) - 1;
+}
+
 }  // namespace
 
 QString NameFilter::ForDialog() const {
@@ -295,19 +312,14 @@ std::optional<FileAnswer> QtDialogs::ShowSave(const FileQuestion& question) {
 int QtDialogs::Ask(const std::string& title, const std::string& text,
                    const std::vector<std::string>& buttons, int defaultButton) {
   TextBox box(Owner, title, text);
-  box.setIconPixmap(OwnIcon("velorix").pixmap(QSize(48, 48), box.devicePixelRatioF()));
-  std::vector<QPushButton*> made;
-  for (const std::string& caption : buttons) {
-    // One role for all keeps them in the order given on every desktop.
-    QPushButton* button = box.addButton(ToQString(caption), QMessageBox::ActionRole);
-    if (static_cast<int>(made.size()) == defaultButton) box.setDefaultButton(button);
-    made.push_back(button);
-  }
-  box.setEscapeButton(made.back());
-  box.exec();
-  for (std::size_t i = 0; i < made.size(); ++i)
-    if (box.clickedButton() == made[i]) return static_cast<int>(i);
-  return static_cast<int>(made.size()) - 1;
+  return Chosen(box, buttons, defaultButton);
+}
+
+int QtDialogs::AskWith(const std::string& title, const std::string& text, const std::string& detail,
+                       const std::vector<std::string>& buttons) {
+  TextBox box(Owner, title, text);
+  box.setInformativeText(ToQString(detail));
+  return Chosen(box, buttons, 0);
 }
 
 void QtDialogs::Warn(const std::string& title, const std::string& text) {

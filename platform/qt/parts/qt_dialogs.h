@@ -21,6 +21,8 @@ class QtDialogs : public Dialogs {
   std::optional<FileAnswer> ShowSave(const FileQuestion& question) override;
   int Ask(const std::string& title, const std::string& text,
           const std::vector<std::string>& buttons, int defaultButton) override;
+  int AskWith(const std::string& title, const std::string& text, const std::string& detail,
+              const std::vector<std::string>& buttons) override;
   void Warn(const std::string& title, const std::string& text) override;
 
  private:

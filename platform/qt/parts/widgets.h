@@ -23,6 +23,16 @@ QIcon LoadPicture(const std::string& appFolder, const char* file);
 /// One of the program's own icons, by its name in the table of commands.
 QIcon OwnIcon(const std::string& name);
 
+/// A button of any kind with its system name, caption and tip.
+template <class Button>
+Button* MakeButton(const QString& name, const QString& caption, const QString& tip,
+                   QWidget* parent) {
+  auto* button = new Button(caption, parent);
+  button->setObjectName(name);
+  button->setToolTip(tip);
+  return button;
+}
+
 /// An entry of an owner-drawn list: its colour stands beside the text, and behind it when the list
 /// is open.
 void AddEntry(QComboBox& list, const QString& text, Colour colour);

@@ -129,7 +129,9 @@ PlotPanel* ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
   });
   AttachPlotMouse(
       velorix_, *panel, plot == 1 ? "lblXYPlot1" : "lblXYPlot2",
-      [this, plot](const MouseBox& box) { SelectInXYPlot(velorix_, plot, box); },
+      [this, plot](const MouseBox& box) {
+        SelectRecords(velorix_, RecordsInXYPlot(velorix_.Session, velorix_.XYDrawn[plot], box));
+      },
       [this, plot](double x, double y) { return ReadXYPlot(velorix_.XYDrawn[plot], x, y); });
   if (plot == 1)
     panel->AddPageBox("chkXYPLot1", velorix_.Page.xyPlot1);
@@ -152,7 +154,7 @@ void ColumnPlots::MakePairs(int plot, QWidget* parent) {
   panel->Picture->SetPicture(HistoPlane, {});
   AttachPlotMouse(
       velorix_, *panel, plot == 1 ? "lblPlot1CursorPos" : "lblPlot2CursorPos",
-      [this](const MouseBox&) { SelectInBlankPlot(velorix_); },
+      [this](const MouseBox&) { SelectRecords(velorix_, {}); },
       [](double, double) { return std::string(); });
 }
 

@@ -118,7 +118,11 @@ StereoPanel::StereoPanel(Velorix& velorix, QWidget* parent)
                              },
                          .Select =
                              [this](const MouseBox& box, int keys) {
-                               Work(velorix_, [&] { SelectInStereo(velorix_, box, keys); });
+                               Work(velorix_, [&] {
+                                 const auto hit =
+                                     RecordsInStereo(velorix_.Session, velorix_.Stereo, box, keys);
+                                 if (hit) SelectRecords(velorix_, *hit);
+                               });
                              }});
   AddPageBox("chkStereo", velorix.Page.stereonet);
   Picture->OnFault = [this](const Fault& fault) {

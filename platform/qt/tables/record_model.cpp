@@ -14,7 +14,8 @@ const RecordColumns GridRecordColumns = {GridColumns, ColumnName, GridCell,
 const RecordColumns DataTableRecordColumns = {
     DataTableColumns,
     [](Column column, const Settings& settings) {
-      return DataTableHeader(-2, column, settings) + "\n" + DataTableHeader(-1, column, settings);
+      return DataTableHeader(HeaderRow::Upper, column, settings) + "\n" +
+             DataTableHeader(HeaderRow::Lower, column, settings);
     },
     DataTableCell, [](Column column) { return InfoOf(column).tableWidth; }};
 

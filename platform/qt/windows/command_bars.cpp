@@ -33,6 +33,15 @@ struct ChoiceGroups {
   }
 };
 
+/// The keys between bars. The toolkit's own keys of a command are not taken: among those to undo is
+/// one that restores the records here.
+QList<QKeySequence> KeysOf(const char* keys) {
+  QList<QKeySequence> sequences;
+  for (const QString& key : QString(keys).split('|', Qt::SkipEmptyParts))
+    sequences.push_back(QKeySequence(key));
+  return sequences;
+}
+
 /// A button without an item goes by its tip.
 QString TextOf(const Command& command) { return *command.Caption ? command.Caption : command.Tip; }
 
@@ -74,7 +83,7 @@ void CommandBars::Build(QMainWindow& window, Velorix& velorix) {
       if (command.SeparatorBefore) menu->addSeparator();
       QAction* action = MakeAction(window, command, RunMenu);
       action->setObjectName(command.Name);
-      action->setShortcut(QKeySequence(command.Key));
+      action->setShortcuts(KeysOf(command.Key));
       if (IsFunctionKey(command.Key)) action->setShortcutContext(Qt::ApplicationShortcut);
       menu->addAction(action);
       items.Add(action, command, command.SeparatorBefore);
@@ -101,9 +110,14 @@ void CommandBars::Build(QMainWindow& window, Velorix& velorix) {
 }
 
 void CommandBars::ShowChoices() {
-  for (const Entry& entry : entries_)
+  for (const Entry& entry : entries_) {
     if (entry.action->isCheckable())
       entry.action->setChecked(entry.command->Checked && entry.command->Checked(*velorix_));
+    if (!entry.command->CaptionNow) continue;
+    const std::string caption = entry.command->CaptionNow(*velorix_);
+    entry.action->setText(caption.empty() ? entry.command->Caption : ToQString(caption));
+    entry.action->setEnabled(!caption.empty());
+  }
 }
 
 }  // namespace velorix

@@ -1,23 +1,16 @@
 #include "platform/qt/windows/contour_window.h"
 
 #include <QApplication>
-#include <QButtonGroup>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QFrame>
-#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QShortcut>
-#include <QSpinBox>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -29,6 +22,7 @@
 #include "platform/qt/parts/marks.h"
 #include "platform/qt/parts/widgets.h"
 #include "platform/qt/plots/picture_widget.h"
+#include "platform/qt/windows/contour_controls.h"
 
 namespace velorix {
 namespace {
@@ -37,46 +31,11 @@ constexpr int BarSteps = 10000;
 constexpr int ListenEvery = 30;  // milliseconds, while a count runs
 constexpr char PictureTip[] = "Density of the directions; the numbers below follow the mouse";
 
-struct CheckRow {
-  const char *Name, *Caption, *Tip;
-  bool ContourOptions::*Option;
-};
-
-// clang-format off
-constexpr CheckRow Checks[] = {
-    {"chkShowContours",   "&Contours",    "Black lines where the level changes",  &ContourOptions::showContours},
-    {"chkShowGridPoints", "&Grid points", "Mark the nodes that are computed",     &ContourOptions::showGridPoints},
-    {"chkDataPoint",      "&Data points", "Draw the data over their density",     &ContourOptions::showData},
-};
-constexpr Array1<const char*, 5> DisplayTips = {"Count the directions of Kmax", "Count the directions of Kint", "Count the directions of Kmin",
-                                                "Count the poles of the foliation chosen in the main window",
-                                                "Count the lineation chosen in the main window"};
-// clang-format on
-
-template <class Button>
-Button* MakeButton(const char* name, const char* caption, const char* tip, QWidget* parent) {
-  auto* button = new Button(caption, parent);
-  button->setObjectName(name);
-  button->setToolTip(tip);
-  return button;
-}
-
 QLabel* MakeLabel(const char* name, const char* tip, QWidget* parent) {
   auto* label = new QLabel(parent);
   label->setObjectName(name);
   label->setToolTip(tip);
   return label;
-}
-
-/// A titled frame in the column of controls, and the column within it.
-QVBoxLayout* AddFrame(QVBoxLayout& column, const char* name, const char* title, QWidget* parent) {
-  auto* frame = new QGroupBox(title, parent);
-  frame->setObjectName(name);
-  auto* inside = new QVBoxLayout(frame);
-  inside->setContentsMargins(8, 4, 8, 6);
-  inside->setSpacing(3);
-  column.addWidget(frame);
-  return inside;
 }
 
 /// A line that is marked while it has a text.
@@ -127,9 +86,7 @@ frmContour::~frmContour() { qApp->removeEventFilter(this); }
 
 /// All options in view beside a picture that fills its frame.
 QSize frmContour::ComfortableSize() const {
-  const auto* options = findChild<QScrollArea*>();
-  const int hidden = options->widget()->sizeHint().height() - options->sizeHint().height();
-  const int height = std::max(620, sizeHint().height() + std::max(0, hidden));
+  const int height = std::max(620, sizeHint().height() + controls_->HiddenHeight());
   const QSize comfortable(height * 880 / 620, height);
   return comfortable.boundedTo(screen()->availableSize()).expandedTo(QSize(880, 620));
 }
@@ -206,82 +163,16 @@ QLayout* frmContour::MakeProgress() {
 
 QLayout* frmContour::MakeControls() {
   auto* column = new QVBoxLayout;
-  auto* options = new QWidget(this);
-  auto* frames = new QVBoxLayout(options);
-  frames->setContentsMargins(0, 0, 0, 0);
-  AddDisplays(*frames);
-  AddSmooth(*frames);
-  AddColours(*frames);
-  AddChecks(*frames);
-  frames->addStretch(1);
-  // With large letters they may be higher than the screen.
-  auto* scroll = new QScrollArea(this);
-  scroll->setFrameStyle(QFrame::NoFrame);
-  scroll->setFocusPolicy(Qt::NoFocus);
-  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scroll->setWidgetResizable(true);
-  scroll->setWidget(options);
-  scroll->setMinimumWidth(options->sizeHint().width() +
-                          scroll->verticalScrollBar()->sizeHint().width());
-  column->addWidget(scroll, 1);
+  controls_ = new ContourControls(velorix_.Contour, this);
+  controls_->OnChange = [this] { Redraw(); };
+  controls_->OnDisplay = [this](ContourDisplay display) {
+    Work(velorix_, [&] { ChooseContourDisplay(velorix_.Contour, velorix_.Session, display); });
+    ShowState();
+  };
+  column->addWidget(controls_, 1);
   column->addSpacing(8);
   AddCommands(*column);
   return column;
-}
-
-void frmContour::AddDisplays(QVBoxLayout& column) {
-  QVBoxLayout* inside = AddFrame(column, "fraDisplay", "Da&ta", this);
-  for (int index = 1; index <= 5; ++index) {
-    auto* option =
-        MakeButton<QRadioButton>("", ContourDisplays[index].Name, DisplayTips[index], this);
-    option->setObjectName(QString("optDisplay(%1)").arg(index));
-    option->setChecked(velorix_.Contour.Options.display == index);
-    connect(option, &QRadioButton::clicked, this, [this, index] {
-      Work(velorix_, [&] { ChooseContourDisplay(velorix_.Contour, velorix_.Session, index); });
-      ShowState();
-    });
-    inside->addWidget(option);
-  }
-}
-
-void frmContour::AddSmooth(QVBoxLayout& column) {
-  QVBoxLayout* inside = AddFrame(column, "fraSmooth", "&Smooth", this);
-  auto* spinner = new QSpinBox(this);
-  spinner->setObjectName("udSmooth");
-  spinner->setRange(0, 100);
-  spinner->setValue(velorix_.Contour.Options.smoothing);
-  const char tip[] = "Smoothing of the next count: greater is sharper";
-  spinner->setToolTip(tip);
-  spinner->setAccessibleName("Smooth");
-  if (auto* text = spinner->findChild<QLineEdit*>()) text->setObjectName("txtSmooth");
-  connect(spinner, &QSpinBox::valueChanged, this, [this](int value) {
-    velorix_.Contour.Options.smoothing = static_cast<std::int16_t>(value);
-  });
-  inside->addWidget(spinner);
-}
-
-void frmContour::AddColours(QVBoxLayout& column) {
-  QVBoxLayout* inside = AddFrame(column, "fraColours", "Colours", this);
-  auto* discrete =
-      MakeButton<QRadioButton>("optDiscrete", "D&iscrete", "A colour for each contour level", this);
-  auto* continuous =
-      MakeButton<QRadioButton>("optContinuous", "C&ontinuous", "A colour for each density", this);
-  (velorix_.Contour.Options.discrete ? discrete : continuous)->setChecked(true);
-  connect(discrete, &QRadioButton::toggled, this,
-          [this](bool on) { Change([on](ContourOptions& o) { o.discrete = on; }); });
-  inside->addWidget(discrete);
-  inside->addWidget(continuous);
-}
-
-void frmContour::AddChecks(QVBoxLayout& column) {
-  QVBoxLayout* inside = AddFrame(column, "fraShow", "Show", this);
-  for (const CheckRow& row : Checks) {
-    auto* check = MakeButton<QCheckBox>(row.Name, row.Caption, row.Tip, this);
-    check->setChecked(velorix_.Contour.Options.*row.Option);
-    connect(check, &QCheckBox::toggled, this,
-            [this, &row](bool on) { Change([&](ContourOptions& o) { o.*row.Option = on; }); });
-    inside->addWidget(check);
-  }
 }
 
 QPushButton* frmContour::AddCommand(QLayout& row, const char* name, const char* caption,
@@ -315,11 +206,6 @@ void frmContour::AddCommands(QVBoxLayout& column) {
   column.addSpacing(8);
   AddCommand(column, "cmdCLOSE", "Close", "Close this window [Esc]", &frmContour::Shut);
   connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { Shut(); });
-}
-
-void frmContour::Change(const std::function<void(ContourOptions&)>& change) {
-  change(velorix_.Contour.Options);
-  Redraw();
 }
 
 void frmContour::Redraw() { picture_->Redraw(); }

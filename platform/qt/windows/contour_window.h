@@ -13,6 +13,7 @@ class QVBoxLayout;
 
 namespace velorix {
 
+class ContourControls;
 class PictureWidget;
 
 /// The window of the density contours: the picture, what is counted and how it is shown, commands.
@@ -37,10 +38,6 @@ class frmContour : public QWidget {
   QSize ComfortableSize() const;
   QLayout* MakePicture();
   QLayout* MakeControls();
-  void AddDisplays(QVBoxLayout& column);
-  void AddSmooth(QVBoxLayout& column);
-  void AddColours(QVBoxLayout& column);
-  void AddChecks(QVBoxLayout& column);
   void AddCommands(QVBoxLayout& column);
   QLayout* MakeProgress();
   QPushButton* AddCommand(QLayout& row, const char* name, const char* caption, const char* tip,
@@ -55,11 +52,11 @@ class frmContour : public QWidget {
   void Shut();
 
   bool GoOn(double share);
-  void Change(const std::function<void(ContourOptions&)>& change);
   void FollowMouse(double x, double y);
 
   Velorix& velorix_;
   PictureWidget* picture_ = nullptr;
+  ContourControls* controls_ = nullptr;
   QLabel *caption_ = nullptr, *stale_ = nullptr, *levelsTitle_ = nullptr, *levels_ = nullptr,
          *cursor_ = nullptr, *time_ = nullptr, *clip_ = nullptr;
   QProgressBar* bar_ = nullptr;

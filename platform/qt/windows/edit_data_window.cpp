@@ -71,11 +71,12 @@ void frmEditData::AddButton(QHBoxLayout& row, const char* name, const char* capt
 
 QHBoxLayout* frmEditData::MakeButtons() {
   auto* row = new QHBoxLayout;
-  AddButton(
-      *row, "cmdOpenGED", "OpenGED", "Read geological file(s) and show their samples (Ctrl+O)",
-      QKeySequence("Ctrl+O"), [this] {
-        OpenGed(editor_, velorix_.Session, velorix_.Lists, velorix_.Dialogs, FileAction::Open);
-      });
+  AddButton(*row, "cmdOpenGED", "OpenGED",
+            "Read geological file(s) and show their samples (Ctrl+O)", QKeySequence("Ctrl+O"),
+            [this] {
+              OpenGed(editor_, velorix_.Session, velorix_.History, velorix_.Lists, velorix_.Dialogs,
+                      FileAction::Open);
+            });
   AddButton(*row, "cmdGEDASSign", "AssignGED",
             "Give each record the orientation, foliations and lineations of the sample of its name "
             "(Ctrl+G)",
@@ -102,7 +103,8 @@ void frmEditData::Save() {
     const SheetDoubts::Cell& first = doubts.First.front();
     table_->setCurrentIndex(table_->Cells().index(first.Row - 1, first.Column - 1));
   } else if (answer == DoubtAnswer::Save &&
-             SaveGrid(editor_, velorix_.Session, velorix_.Lists, velorix_.Dialogs)) {
+             SaveGrid(editor_, velorix_.Session, velorix_.History, velorix_.Lists, velorix_.Dialogs,
+                      velorix_.Views)) {
     accept();
   }
 }

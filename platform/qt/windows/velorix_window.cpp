@@ -194,6 +194,7 @@ void frmVelorix::MakeStatusBar() {
   MarkLabel(*mean_, true);
   disregarded_ = add("lblDisregarded",
                      "Records that are disregarded, and those that the view shows of the others");
+  unsaved_ = add("lblUnsaved", "The records differ from those in any file; Save As writes them");
   counts_ = add("lblRecords", "Records in view, in the store, and selected");
   startTime_ = add("picStat(2)", "Seconds that the start took");
 }
@@ -217,6 +218,7 @@ void frmVelorix::ShowChoices() {
   ShowBusyCursor();
   bars_.ShowChoices();
   lists_->ShowChoices();
+  unsaved_->setText(velorix_->Session.IsUnsaved() ? "Not saved" : "");
 }
 
 void frmVelorix::ShowCodeLists() {
@@ -351,7 +353,7 @@ void frmVelorix::ShowStatus(const std::string& text) {
 }
 
 void frmVelorix::closeEvent(QCloseEvent* event) {
-  event->setAccepted(ConfirmExit(velorix_->Dialogs));
+  event->setAccepted(ConfirmExit(velorix_->Dialogs, velorix_->Session));
   if (event->isAccepted()) velorix_->Log.DebugPrint(">> frmVelorix_Terminate");
 }
 
@@ -366,7 +368,9 @@ void frmVelorix::dropEvent(QDropEvent* event) {
   // Later, so that a question does not hold up the file manager.
   QTimer::singleShot(0, this, [this, paths] {
     Work(*velorix_, [&] {
-      if (!OpenDroppedFiles(velorix_->Session, velorix_->Dialogs, velorix_->Host, paths)) return;
+      if (!OpenDroppedFiles(velorix_->Session, velorix_->History, velorix_->Dialogs, velorix_->Host,
+                            paths))
+        return;
       DisplayData(*velorix_, true);
       DisplayFormCaption(*velorix_);
     });

@@ -1,0 +1,252 @@
+#include "app/files/losses.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+
+#include "app/files/ask_file.h"
+#include "app/files/file_stamp.h"
+#include "base/fault.h"
+#include "datafiles/file_faults.h"
+#include "datafiles/ged_file.h"
+#include "text/code_page.h"
+#include "text/lines.h"
+#include "text/numbers.h"
+#include "text/paths.h"
+
+namespace velorix {
+namespace {
+
+/// What of a record can be lost.
+struct Holdings {
+  std::string Name;
+  bool HasIm = false;
+  int Deviations = 0, DeviationsIm = 0;
+};
+
+int CountSet(const Array1<Number, 6>& numbers) {
+  return static_cast<int>(
+      std::count_if(numbers.begin(), numbers.end(), [](double n) { return n != 0; }));
+}
+
+Holdings HoldingsOf(const SpecimenRecord& r) {
+  return {r.Name, r.HasIm, CountSet(r.KSD), CountSet(r.KSDIm)};
+}
+
+/// Goes through the records of a file and finds for each its like among those that will stand
+/// there: the record at the same place when it has the same name, else the next one of this name.
+class Counterparts {
+ public:
+  explicit Counterparts(const std::vector<Holdings>& stored)
+      : stored_(stored), taken_(stored.size()) {}
+
+  const Holdings* Of(const std::string& name) {
+    const std::size_t place = place_++;
+    if (place < stored_.size() && !taken_[place] && stored_[place].Name == name) return Take(place);
+    if (places_.empty())
+      for (std::size_t i = stored_.size(); i-- > 0;) places_[stored_[i].Name].push_back(i);
+    const auto found = places_.find(name);
+    if (found == places_.end()) return nullptr;
+    auto& places = found->second;  // the first one at the end
+    while (!places.empty() && taken_[places.back()]) places.pop_back();
+    return places.empty() ? nullptr : Take(places.back());
+  }
+
+ private:
+  const Holdings* Take(std::size_t place) {
+    taken_[place] = 1;
+    return &stored_[place];
+  }
+
+  const std::vector<Holdings>& stored_;
+  std::vector<char> taken_;
+  std::unordered_map<std::string_view, std::vector<std::size_t>> places_;
+  std::size_t place_ = 0;
+};
+
+/// What of the file's records is not in the new ones.
+void CountMissing(const RecordArray& old, const std::vector<Holdings>& stored, Losses& losses) {
+  Counterparts counterparts(stored);
+  for (const SpecimenRecord& record : old) {
+    const Holdings had = HoldingsOf(record);
+    const Holdings* const has = counterparts.Of(had.Name);
+    if (!has) {
+      ++losses.Vanishing;
+      continue;
+    }
+    losses.Deviations += std::max(0, had.Deviations - has->Deviations);
+    if (had.HasIm && !has->HasIm)
+      ++losses.Tensors;
+    else
+      losses.Deviations += std::max(0, had.DeviationsIm - has->DeviationsIm);
+  }
+}
+
+/// Counts a text that does not come back from the file.
+void CompareText(const std::string& given, const std::string& stored, Losses& losses) {
+  if (given == stored) return;
+  const std::string text(StripBlanks(given)), back(StripBlanks(stored));
+  if (text == back) return;
+  if (FromCodePage(ToCodePage(text)) != text)
+    ++losses.Letters;
+  else if (text.size() > back.size())
+    ++losses.Cut;
+}
+
+/// Counts angles that do not come back; `coded`: an angle without a code is none.
+void CompareAngle(float given, float stored, bool coded, Losses& losses) {
+  constexpr float Turned = 1e-3f;  // strikes are turned to and fro in 32 bits
+  if (coded && std::fabs(given - stored) > Turned) ++losses.Cut;
+}
+
+void CompareSlots(const SpecimenRecord& given, const SpecimenRecord& stored, Losses& losses) {
+  for (int slot = 1; slot <= 2; ++slot) {
+    CompareText(given.FoliName[slot], stored.FoliName[slot], losses);
+    CompareText(given.LineName[slot], stored.LineName[slot], losses);
+    const bool foliation = !given.FoliName[slot].empty(), lineation = !given.LineName[slot].empty();
+    CompareAngle(given.FoliAz[slot], stored.FoliAz[slot], foliation, losses);
+    CompareAngle(given.FoliDip[slot], stored.FoliDip[slot], foliation, losses);
+    CompareAngle(given.LineTrend[slot], stored.LineTrend[slot], lineation, losses);
+    CompareAngle(given.LinePlunge[slot], stored.LinePlunge[slot], lineation, losses);
+  }
+}
+
+/// Counts what of the record's own does not come back from the file; `first` is the first record of
+/// the file, which lends its site data where the format has them once.
+void CompareRecord(const SpecimenRecord& given, const SpecimenRecord& stored,
+                   const SpecimenRecord& first, Losses& losses) {
+  CompareText(given.Name, stored.Name, losses);
+  CompareSlots(given, stored, losses);
+  constexpr std::string SpecimenRecord::*SiteTexts[] = {
+      &SpecimenRecord::Site, &SpecimenRecord::Rock, &SpecimenRecord::Strat, &SpecimenRecord::Litho,
+      &SpecimenRecord::Regio};
+  bool common = false;
+  for (const auto text : SiteTexts)
+    if (given.*text != first.*text && stored.*text != given.*text)
+      common = true;
+    else
+      CompareText(given.*text, stored.*text, losses);
+  losses.Common += common;
+}
+
+/// Compares what would be written, one record after the other.
+class WrittenRecords {
+ public:
+  explicit WrittenRecords(Losses& losses) : losses_(losses) {}
+
+  void Add(const SpecimenRecord& given, const SpecimenRecord& stored) {
+    if (!first_) first_ = &given;
+    CompareRecord(given, stored, *first_, losses_);
+    Stored.push_back(HoldingsOf(stored));
+  }
+
+  std::vector<Holdings> Stored;
+
+ private:
+  Losses& losses_;
+  const SpecimenRecord* first_ = nullptr;
+};
+
+/// What `read` gives of the file, nothing when it refuses.
+template <class Read>
+std::optional<RecordArray> RecordsOf(Read read) {
+  RecordArray records;
+  try {
+    if (read(records)) return records;
+  } catch (const Fault&) {  // nor can it be read
+  }
+  return std::nullopt;
+}
+
+void CompareWithOld(const std::optional<RecordArray>& old, const WrittenRecords& written,
+                    Losses& losses) {
+  losses.Unreadable = !old;
+  if (old) CountMissing(*old, written.Stored, losses);
+}
+
+/// What the session knows of the file when it is one of those that are open.
+void CompareWithOpen(const Session& session, const std::string& path, const RecordArray& records,
+                     bool all, Losses& losses) {
+  const std::size_t file = PositionOfOpen(session, path);
+  if (file >= session.Opened.size()) return;
+  losses.Changed = session.Opened[file].Stamp != StampOf(path);
+  if (session.Opened.size() < 2) return;
+  for (const SpecimenRecord& record : records)
+    losses.Foreign += (all || record.Selected) && FileOfRecord(session, record.RecordNo) != file;
+}
+
+}  // namespace
+
+Losses FindLosses(const Session& session, const std::string& path, const FileKind& kind,
+                  const RecordArray& records, bool all) {
+  Losses losses;
+  if (!FileExists(path)) return losses;
+  const int filter = FilterOfExtension(ExtensionOf(path));
+  const FileKind& present = filter == 0 ? kind : KindOfFilter(filter);
+  WrittenRecords written(losses);
+  const auto add = [&](const SpecimenRecord& given, const SpecimenRecord& stored) {
+    written.Add(given, stored);
+  };
+  OnFile(path, [&] { kind.ForEachStored(records, all, session.Settings, add); });
+  const auto read = [&](RecordArray& old) {
+    return present.Read(path, old, session.Settings).Done;
+  };
+  CompareWithOld(RecordsOf(read), written, losses);
+  CompareWithOpen(session, path, records, all, losses);
+  return losses;
+}
+
+Losses FindGedLosses(const Session& session, const std::string& path, const RecordArray& samples) {
+  Losses losses;
+  if (!FileExists(path)) return losses;
+  WrittenRecords written(losses);
+  RecordArray stored;
+  if (ReadGedText(path, GedText(samples), stored))
+    for (int i = 1; i <= samples.Count(); ++i) {
+      written.Add(samples[i], stored[i]);
+      CompareAngle(samples[i].OrientAz, stored[i].OrientAz, true, losses);
+      CompareAngle(samples[i].OrientInc, stored[i].OrientInc, true, losses);
+    }
+  CompareWithOld(RecordsOf([&](RecordArray& old) { return ReadGedFile(path, old).Done; }), written,
+                 losses);
+  if (path == session.GeoFile) losses.Changed = session.GeoStamp != StampOf(path);
+  return losses;
+}
+
+std::vector<std::string> LossLines(const Losses& losses) {
+  struct Row {
+    int Losses::*Count;
+    const char *One, *Many;
+  };
+  // clang-format off
+  static constexpr Row Rows[] = {
+      {&Losses::Tensors,    "out-of-phase tensor, which the record in memory lacks", "out-of-phase tensors, which the records in memory lack"},
+      {&Losses::Deviations, "standard deviation, which the format is not written with", "standard deviations, which the format is not written with"},
+      {&Losses::Vanishing,  "record of the file, which is not among those to be saved", "records of the file, which are not among those to be saved"},
+      {&Losses::Foreign,    "record of another open file would enter it",        "records of other open files would enter it"},
+      {&Losses::Letters,    "text with letters that are not in the file's alphabet", "texts with letters that are not in the file's alphabet"},
+      {&Losses::Cut,        "value cut to what its field holds",                 "values cut to what their fields hold"},
+      {&Losses::Common,     "record gets the site data of the first one",        "records get the site data of the first one"},
+  };
+  // clang-format on
+  std::vector<std::string> lines;
+  for (const Row& row : Rows)
+    if (const int count = losses.*row.Count; count > 0)
+      lines.push_back(PlainText(count) + " " + (count == 1 ? row.One : row.Many));
+  if (losses.Unreadable) lines.emplace_back("Its content, which cannot be read as a data file");
+  if (losses.Changed) lines.emplace_back("What was changed in the file since it was read");
+  return lines;
+}
+
+LossAnswer AskAboutLosses(Dialogs& dialogs, const std::string& title, const std::string& path,
+                          const Losses& losses) {
+  if (!losses.Any()) return LossAnswer::Save;
+  std::string text = path + "\nSaving over this file would lose:";
+  for (const std::string& line : LossLines(losses)) text += "\n" + line;
+  constexpr LossAnswer Answers[] = {LossAnswer::Save, LossAnswer::Copy, LossAnswer::Cancel};
+  return Answers[dialogs.Ask(title, text, {"&Save", "Save a &copy...", "&Cancel"}, 2)];
+}
+
+}  // namespace velorix

@@ -1,0 +1,190 @@
+#include "app/files/losses.h"
+
+#include "app/edit/ged_editor.h"
+#include "app/edit/orientation_editor.h"
+#include "datafiles/ged_file.h"
+#include "tests/app/script.h"
+#include "tests/datafiles/golden_record.h"
+
+namespace velorix {
+namespace {
+
+class Losing : public ProgramTest {
+ protected:
+  static constexpr char Title[] = "Save Record(s) As";
+  static constexpr char Exists[] =
+      "Save Record(s) As|This file already exists.\nOverwrite existing file?|&Yes|&No";
+
+  /// A file of two records of another program, which have all that a file can have.
+  std::string PutFull(const std::string& name = "a.ams") const {
+    return Put(name, golden::OnDisk("a1") + golden::OnDisk("a2"));
+  }
+  /// The question for these losses.
+  static std::string Question(const std::string& title, const std::string& path,
+                              const Texts& lines) {
+    std::string text = title + "|" + path + "\nSaving over this file would lose:";
+    for (const std::string& line : lines) text += "\n" + line;
+    return text + "|&Save|Save a &copy...|&Cancel";
+  }
+  /// Saves all records over a file, with these answers behind the one to overwrite it.
+  Texts SaveOver(const std::string& path, const std::deque<int>& answers, int filter = 1) {
+    Asked.Boxes.clear();
+    Asked.Buttons = answers;
+    Asked.Buttons.push_front(0);
+    Answer(path, filter);
+    Menu("mnuSaveAs");
+    return Asked.Boxes;
+  }
+  static constexpr char Deviations6[] =
+      "6 standard deviations, which the format is not written with";
+  static constexpr char Deviations12[] =
+      "12 standard deviations, which the format is not written with";
+  static constexpr char Tensors[] = "2 out-of-phase tensors, which the records in memory lack";
+};
+
+TEST_F(Losing, WhatAReloadLeftOutIsAskedForBeforeASave) {
+  const std::string a = PutFull(), before = Bytes("a.ams");
+  OpenFile(a);
+  EXPECT_EQ(SaveOver(a, {2}), (Texts{Exists, Question(Title, a, {Deviations12})}));
+  Menu("mnuReload");
+  EXPECT_EQ(SaveOver(a, {2}), (Texts{Exists, Question(Title, a, {Tensors, Deviations6})}));
+  EXPECT_EQ(Bytes("a.ams"), before);
+  EXPECT_FALSE(ProgramTest::Exists("a.ams~"));
+
+  Answer(Path("copy.ams"));  // behind the answer to save a copy
+  SaveOver(a, {1});
+  EXPECT_EQ(Bytes("a.ams"), before);
+  EXPECT_EQ(Bytes("copy.ams").size(), 2u * 640);
+
+  SaveOver(a, {0});
+  EXPECT_NE(Bytes("a.ams"), before);
+  EXPECT_EQ(Bytes("a.ams~"), before);
+  EXPECT_EQ(SaveOver(a, {}), Texts{Exists});  // nothing is left to lose
+  EXPECT_EQ(Bytes("a.ams~"), Bytes("a.ams"));
+}
+
+TEST_F(Losing, RecordsThatVanishOrComeFromOtherFilesAreCounted) {
+  const std::string a = WriteFile("a", 3), b = WriteFile("b", 2);
+  OpenFile(a);
+  SelectRecords(Program, {2});
+  Asked.Buttons = {0, 2};
+  Answer(a);
+  Menu("mnuSaveSelectedAs");
+  EXPECT_EQ(Asked.Boxes.back(),
+            Question("Save Selected Record(s) As", a,
+                     {"2 records of the file, which are not among those to be saved"}));
+  OpenFile(Several({"a.ams", "b.ams"}));
+  EXPECT_EQ(SaveOver(a, {2}).back(),
+            Question(Title, a, {"2 records of other open files would enter it"}));
+  EXPECT_EQ(SaveOver(b, {2}).back(),
+            Question(Title, b, {"3 records of other open files would enter it"}));
+  // The same records in another order lose nothing.
+  WriteRecords("turned.ams",
+               {Record("b2"), Record("a3"), Record("b1"), Record("a1"), Record("a2")});
+  EXPECT_EQ(SaveOver(Path("turned.ams"), {}), Texts{Exists});
+  // Two of one name are two.
+  WriteRecords("twice.ams", {Record("a1"), Record("a1"), Record("a2"), Record("a3")});
+  EXPECT_EQ(SaveOver(Path("twice.ams"), {2}).back(),
+            Question(Title, Path("twice.ams"),
+                     {"1 record of the file, which is not among those to be saved"}));
+}
+
+TEST_F(Losing, TextsAndAnglesThatTheFileCannotHoldAreCounted) {
+  const std::string a = WriteFile("a", 2);
+  const std::string ran = Path("a.ran");
+  OpenFile(a);
+  Answer(ran, 2);
+  Menu("mnuSaveAs");
+  SpecimenRecord& r = Now.Records[1];
+  r.FoliName[1] = "\xCE\xA9";  // a capital omega
+  r.LineName[1] = "LIN";
+  EXPECT_EQ(SaveOver(a, {2}).back(),
+            Question(Title, a,
+                     {"1 text with letters that are not in the file's alphabet",
+                      "1 value cut to what its field holds"}));
+  r.FoliName[1] = "S";
+  r.LineName[1] = "L";
+  r.FoliDip[1] = 12.5f;  // whole degrees in the one format
+  Now.Records[2].Site = "Elsewhere";
+  EXPECT_EQ(SaveOver(a, {}), Texts{Exists});
+  EXPECT_EQ(SaveOver(ran, {2}, 2).back(),
+            Question(Title, ran,
+                     {"1 value cut to what its field holds",
+                      "1 record gets the site data of the first one"}));
+}
+
+TEST_F(Losing, AChangeByOthersAndContentThatIsNoDataFileAreSaid) {
+  const std::string a = WriteFile("a", 2),
+                    changed = "What was changed in the file since it was read";
+  OpenFile(a);
+  std::filesystem::last_write_time(
+      PathOf(a), std::filesystem::file_time_type::clock::now() + std::chrono::hours(1));
+  EXPECT_EQ(SaveOver(a, {0}).back(), Question(Title, a, {changed}));
+  EXPECT_EQ(SaveOver(a, {}), Texts{Exists});  // our own write is none of others
+  const std::string notes = Put("notes.ams", "to do");
+  EXPECT_EQ(SaveOver(notes, {2}).back(),
+            Question(Title, notes, {"Its content, which cannot be read as a data file"}));
+  EXPECT_EQ(Bytes("notes.ams"), "to do");
+}
+
+TEST_F(Losing, TheEditorsSaveAsksBeforeAnythingChanges) {
+  const std::string a = PutFull(), before = Bytes("a.ams");
+  OpenFile(a);
+  Menu("mnuReload");
+  const RecordArray records = Now.Records;
+  OrientationEditor editor;
+  LoadEditor(editor, Now);
+  EditCells(editor, {{1, OrientationColumn, "77"}});
+  const auto save = [&](int answer) {
+    Asked.Boxes.clear();
+    Asked.Buttons = {answer};
+    return SaveGrid(editor, Now, Program.History, Program.Lists, Asked, Seen);
+  };
+  EXPECT_FALSE(save(2));
+  EXPECT_EQ(Asked.Boxes, Texts{Question("Edit Orientation Data", a, {Tensors, Deviations6})});
+  EXPECT_TRUE(std::equal(records.begin(), records.end(), Now.Records.begin()));
+  EXPECT_FALSE(save(1));  // a copy, and the dialog cancelled
+  EXPECT_EQ(Now.Records[1].OrientAz, records[1].OrientAz);
+  EXPECT_EQ(editor.Grid.Cell(1, OrientationColumn), "77");
+  EXPECT_EQ(Bytes("a.ams"), before);
+  EXPECT_FALSE(Now.IsUnsaved());
+
+  Answer(Path("copy.ams"));
+  EXPECT_TRUE(save(1));
+  EXPECT_EQ(Bytes("a.ams"), before);
+  EXPECT_EQ(Now.CurrentFile, a);
+  EXPECT_EQ(Now.Records[1].OrientAz, 77);
+  RecordArray copy;
+  ASSERT_TRUE(ReadAmsFile(Path("copy.ams"), copy));
+  EXPECT_EQ(copy[1].OrientAz, 77);
+  EXPECT_FALSE(Now.IsUnsaved());
+}
+
+TEST_F(Losing, TheGeologicalEditorsSaveAsks) {
+  const std::string ged = Path("s.ged");
+  SpecimenRecord sample = Record("a1");
+  sample.FoliName[1] = "S";
+  ASSERT_TRUE(WriteGedFile(ged, ArrayOf({sample, Record("a2")})));
+  Answer(ged);
+  GedSheet sheet;
+  ASSERT_TRUE(OpenGedFiles(Now, Asked, sheet));
+  sheet.Rows[0].Cells[1] = "12.5";
+  sheet.Rows[1].TakenOut = true;
+  const std::string before = Bytes("s.ged");
+  const auto save = [&](const std::deque<int>& answers) {
+    Asked.Buttons = answers;
+    Answer(ged);
+    return SaveGedFile(Now, Asked, sheet);
+  };
+  EXPECT_FALSE(save({0, 2}));
+  EXPECT_EQ(Asked.Boxes.back(),
+            Question("Save geological file", ged,
+                     {"1 record of the file, which is not among those to be saved",
+                      "1 value cut to what its field holds"}));
+  EXPECT_EQ(Bytes("s.ged"), before);
+  EXPECT_TRUE(save({0, 0}));
+  EXPECT_EQ(Bytes("s.ged~"), before);
+}
+
+}  // namespace
+}  // namespace velorix
