@@ -9,6 +9,7 @@
 #include "app/state/history.h"
 #include "bench/ratio.h"
 #include "datafiles/ams_file.h"
+#include "platform/host/host.h"
 #include "tensor/rotations.h"
 #include "text/paths.h"
 
@@ -39,6 +40,7 @@ void Count(benchmark::State& state, double yardstick, double ours) {
 
 /// To reach: a ratio of at most 1.
 void FindLossesBesideTheWrite(benchmark::State& state) {
+  SetFlushFile(FlushToDevice);
   Session session;
   FillStore(session);
   const auto write = [&] {

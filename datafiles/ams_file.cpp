@@ -72,31 +72,43 @@ void TakeOneBlock(SpecimenRecord& r, bool useIm) {
   r.Active = !IsZero(r.Tensor);
 }
 
+/// The number of records in a file of `size` bytes; a refusal when there is none.
+Outcome CheckSize(std::uintmax_t size, const std::string& path, int& count) {
+  if (size == 0)
+    return Outcome::Refused("Input error!", "File <<" + UpperCase(path) + ">> is empty!");
+  count = AmsRecordCount(size);
+  return count == 0 ? Outcome::Refused() : Outcome();
+}
+
+/// Decodes `n` records. `fetch(to, wanted)` gives the next bytes, as many as there are;
+/// `take(bytes)` gets those of one record.
+template <class Fetch, class Take>
+void DecodePieces(int n, Fetch fetch, Take take) {
+  std::vector<std::byte> piece(std::min(n, PieceRecords) * std::size_t{AmsRecordSize});
+  for (int left = n; left > 0; left -= PieceRecords) {
+    const int count = std::min(left, PieceRecords);
+    const std::size_t wanted = static_cast<std::size_t>(count) * AmsRecordSize;
+    const std::size_t got = fetch(piece.data(), wanted);
+    std::memset(piece.data() + got, 0, wanted - got);
+    for (int i = 0; i < count; ++i) take(piece.data() + i * AmsRecordSize);
+  }
+}
+
 /// Reads the records of `size` bytes behind those that `records` has and hands each to `finish`.
-/// `fetch(to, wanted)` gives the next bytes, as many as there are. After a failure `records` is as
-/// it was.
+/// After a failure `records` is as it was.
 template <class Fetch, class Finish>
 Outcome ReadRecords(std::uintmax_t size, const std::string& path, RecordArray& records, Fetch fetch,
                     Finish finish) {
-  if (size == 0)
-    return Outcome::Refused("Input error!", "File <<" + UpperCase(path) + ">> is empty!");
-  const int n = AmsRecordCount(size);
-  if (n == 0) return Outcome::Refused();
+  int n = 0;
+  if (Outcome check = CheckSize(size, path, n); !check) return check;
   const int before = records.Count();
   int next = records.GrowStale(n);
   try {
-    std::vector<std::byte> piece(std::min(n, PieceRecords) * std::size_t{AmsRecordSize});
-    for (int left = n; left > 0; left -= PieceRecords) {
-      const int count = std::min(left, PieceRecords);
-      const std::size_t wanted = static_cast<std::size_t>(count) * AmsRecordSize;
-      const std::size_t got = fetch(piece.data(), wanted);
-      std::memset(piece.data() + got, 0, wanted - got);
-      for (int i = 0; i < count; ++i, ++next) {
-        if (next < records.Count()) Prefetch(records[next + 1]);
-        DecodeAmsRecord(piece.data() + i * AmsRecordSize, records[next]);
-        finish(records[next]);
-      }
-    }
+    DecodePieces(n, fetch, [&](const std::byte* bytes) {
+      if (next < records.Count()) Prefetch(records[next + 1]);
+      DecodeAmsRecord(bytes, records[next]);
+      finish(records[next++]);
+    });
   } catch (...) {
     records.Truncate(before);
     throw;
@@ -104,20 +116,27 @@ Outcome ReadRecords(std::uintmax_t size, const std::string& path, RecordArray& r
   return {};
 }
 
-template <class Finish>
-Outcome ReadFile(const std::string& path, RecordArray& records, Finish finish) {
+/// Opens the file and gives what `read(size, fetch)` makes of it.
+template <class Read>
+Outcome WithFile(const std::string& path, Read read) {
   return OnFile(path, [&] {
     const fs::path file = PathOf(path);
     const std::uintmax_t size = fs::file_size(file);
     errno = 0;
     std::ifstream in(file, std::ios::binary);
     if (!in) FailOnFile(path);
-    const auto fetch = [&](std::byte* to, std::size_t most) {
+    return read(size, [&](std::byte* to, std::size_t most) {
       errno = 0;
       in.read(reinterpret_cast<char*>(to), static_cast<std::streamsize>(most));
       if (in.bad()) FailOnFile(path);
       return static_cast<std::size_t>(in.gcount());
-    };
+    });
+  });
+}
+
+template <class Finish>
+Outcome ReadFile(const std::string& path, RecordArray& records, Finish finish) {
+  return WithFile(path, [&](std::uintmax_t size, auto fetch) {
     return ReadRecords(size, path, records, fetch, finish);
   });
 }
@@ -198,6 +217,20 @@ Outcome ReadAmsBytes(std::span<const std::byte> bytes, const std::string& path,
   return ReadRecords(size, path, records, fetch, [](SpecimenRecord&) {});
 }
 
+Outcome VisitAmsFile(const std::string& path,
+                     const std::function<void(const SpecimenRecord&)>& visit) {
+  return WithFile(path, [&](std::uintmax_t size, auto fetch) {
+    int n = 0;
+    if (Outcome check = CheckSize(size, path, n); !check) return check;
+    SpecimenRecord record;
+    DecodePieces(n, fetch, [&](const std::byte* bytes) {
+      DecodeAmsRecord(bytes, record);
+      visit(record);
+    });
+    return Outcome();
+  });
+}
+
 Outcome ReloadAmsFile(const std::string& path, RecordArray& records, bool useIm) {
   return ReadFile(path, records, [useIm](SpecimenRecord& r) { TakeOneBlock(r, useIm); });
 }
@@ -233,6 +266,20 @@ Outcome WriteAms(const std::string& path, const RecordArray& records, bool appen
 Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all,
                      FormerFile former) {
   return OnFile(path, [&] { return WriteAms(path, records, append, all, former); });
+}
+
+void VisitStoredAms(
+    const RecordArray& records, bool all,
+    const std::function<void(const SpecimenRecord& record, const SpecimenRecord& stored)>& visit) {
+  std::byte bytes[AmsRecordSize];
+  SpecimenRecord stored;
+  for (int i = 1; i <= records.Count(); ++i) {
+    if (i < records.Count()) Prefetch(records[i + 1]);
+    if (!all && !records[i].Selected) continue;
+    EncodeAmsRecord(records[i], bytes);
+    DecodeAmsRecord(bytes, stored);
+    visit(records[i], stored);
+  }
 }
 
 Outcome WriteAmsRecord(const std::string& path, const SpecimenRecord& record) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <span>
 #include <string>
 
@@ -25,6 +26,11 @@ Outcome ReadAmsFile(const std::string& path, RecordArray& records);
 Outcome ReadAmsBytes(std::span<const std::byte> bytes, const std::string& path,
                      RecordArray& records);
 
+/// Calls `visit` for each record of the file, one after the other, without a place for all of them.
+/// Refuses and fails as `ReadAmsFile`.
+Outcome VisitAmsFile(const std::string& path,
+                     const std::function<void(const SpecimenRecord&)>& visit);
+
 /// The reading of reload, previous and next: as `ReadAmsFile`, but the block of one phase
 /// (out-of-phase when `useIm`) goes to the in-phase fields, the out-of-phase fields stay empty, and
 /// a record with a zero tensor comes back disregarded.
@@ -39,6 +45,12 @@ Outcome ReloadAmsFile(const std::string& path, RecordArray& records, bool useIm)
 /// file then stands.
 Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool append, bool all,
                      FormerFile former = FormerFile::Goes);
+
+/// Calls `visit` for each record, or each selected one, with what the file gives back when it is
+/// written and read.
+void VisitStoredAms(
+    const RecordArray& records, bool all,
+    const std::function<void(const SpecimenRecord& record, const SpecimenRecord& stored)>& visit);
 
 /// Appends one record to a file, which is made when missing.
 Outcome WriteAmsRecord(const std::string& path, const SpecimenRecord& record);

@@ -8,6 +8,8 @@
 #include <QScreen>
 
 #include "app/commands.h"
+#include "app/files/losses.h"
+#include "platform/qt/parts/qt_dialogs.h"
 #include "platform/qt/parts/theme.h"
 #include "stats/contour_grid.h"
 #include "tests/qt/test_window.h"
@@ -105,6 +107,24 @@ void Take(TestWindow& window, QWidget& root, const Image& image, std::size_t ste
   if (!Find<QWidget>(root, image.Grabbed).grab().save(path)) qFatal("%s", qPrintable(path));
 }
 
+/// The question before a save that would lose something of the file.
+void TakeSaveQuestion(const QString& path) {
+  TestWindow window;
+  Session& session = window.Program.Session;
+  window.Asked.Files.push_back(FileAnswer{Example("granite.ams"), 1});
+  RunMenu(window.Program, CommandNamed("mnuOpen"));
+  RunMenu(window.Program, CommandNamed("mnuReload"));
+  const Losses losses =
+      FindLosses(session, session.CurrentFile, KindToSave(1), session.Records, true);
+  QtDialogs dialogs;
+  dialogs.Owner = &window.Window;
+  OnModal<QDialog>([&path](QDialog& box) {
+    if (!box.grab().save(path)) qFatal("%s", qPrintable(path));
+    box.reject();
+  });
+  AskAboutLosses(dialogs, "Save Record(s) As", "/home/anna/granite.ams", losses);
+}
+
 void UseDarkTheme() {
   QPalette dark(QColor(0x35, 0x35, 0x35), QColor(0x2B, 0x2B, 0x2B));
   dark.setColor(QPalette::Base, QColor(0x1E, 0x1E, 0x1E));
@@ -137,4 +157,5 @@ int main(int argc, char** argv) {
     QTest::qWait(20);
     Take(window, window.Window, image, 0, QString("%1/%2.png").arg(argv[1], image.Name));
   }
+  TakeSaveQuestion(QString("%1/save-question.png").arg(argv[1]));
 }

@@ -6,7 +6,6 @@
 #include "app/files/ask_file.h"
 #include "base/fault.h"
 #include "datafiles/ams_file.h"
-#include "datafiles/ams_layout.h"
 #include "datafiles/asc_file.h"
 #include "datafiles/ran_file.h"
 #include "datafiles/si2b_file.h"
@@ -23,6 +22,21 @@ Outcome Plain(const std::string& path, RecordArray& records, const Settings&) {
   return Read(path, records);
 }
 
+/// Visits by way of an array.
+template <FileReader Read>
+Outcome VisitRead(const std::string& path, const Settings& settings,
+                  const std::function<void(const SpecimenRecord&)>& visit) {
+  RecordArray records;
+  const Outcome outcome = Read(path, records, settings);
+  if (outcome) std::for_each(records.begin(), records.end(), visit);
+  return outcome;
+}
+
+Outcome VisitAms(const std::string& path, const Settings&,
+                 const std::function<void(const SpecimenRecord&)>& visit) {
+  return VisitAmsFile(path, visit);
+}
+
 Outcome ReloadAmsInPhase(const std::string& path, RecordArray& records, const Settings&) {
   return ReloadAmsFile(path, records, false);
 }
@@ -37,14 +51,7 @@ Outcome WriteRan(const std::string& path, const RecordArray& records, bool all, 
 
 void ForEachStoredAms(const RecordArray& records, bool all, const Settings&,
                       const VisitStored& visit) {
-  std::byte bytes[AmsRecordSize];
-  SpecimenRecord stored;
-  for (const SpecimenRecord& record : records) {
-    if (!all && !record.Selected) continue;
-    EncodeAmsRecord(record, bytes);
-    DecodeAmsRecord(bytes, stored);
-    visit(record, stored);
-  }
+  VisitStoredAms(records, all, visit);
 }
 
 void ForEachStoredRan(const RecordArray& records, bool all, const Settings& settings,
@@ -58,13 +65,13 @@ void ForEachStoredRan(const RecordArray& records, bool all, const Settings& sett
 
 // clang-format off
 constexpr FileKind Kinds[] = {
-    // word, extension, captions to open and to save, read, reload, write, what is read of what was written
-    {"ams",  "ams", "AMS-file(s)",      "AMS file", Plain<ReadAmsFile>, ReloadAmsInPhase,   WriteAms, ForEachStoredAms},
-    {"ran",  "ran", "RAN-file(s)",      "RAN file", ReadRanFile,        ReadRanFile,        WriteRan, ForEachStoredRan},
-    {"are",  "are", "ARE-file(s)",      "",         ReadRanFile,        ReadRanFile,        nullptr,  nullptr},
-    {"asc",  "asc", "ASC-file(s)",      "",         Plain<ReadAscFile>, Plain<ReadAscFile>, nullptr,  nullptr},
-    {"si2b", "AMS", "SI2B AMS-file(s)", "",         ReadSi2bFile,       ReadSi2bFile,       nullptr,  nullptr},
-    {"spin", "txt", "AMSSpin-file(s)",  "",         ReadSpinFile,       ReadSpinFile,       nullptr,  nullptr},
+    // word, extension, captions to open and to save, read, reload, visit, write, what is read of what was written
+    {"ams",  "ams", "AMS-file(s)",      "AMS file", Plain<ReadAmsFile>, ReloadAmsInPhase,   VisitAms,                      WriteAms, ForEachStoredAms},
+    {"ran",  "ran", "RAN-file(s)",      "RAN file", ReadRanFile,        ReadRanFile,        VisitRead<ReadRanFile>,        WriteRan, ForEachStoredRan},
+    {"are",  "are", "ARE-file(s)",      "",         ReadRanFile,        ReadRanFile,        VisitRead<ReadRanFile>,        nullptr,  nullptr},
+    {"asc",  "asc", "ASC-file(s)",      "",         Plain<ReadAscFile>, Plain<ReadAscFile>, VisitRead<Plain<ReadAscFile>>, nullptr,  nullptr},
+    {"si2b", "AMS", "SI2B AMS-file(s)", "",         ReadSi2bFile,       ReadSi2bFile,       VisitRead<ReadSi2bFile>,       nullptr,  nullptr},
+    {"spin", "txt", "AMSSpin-file(s)",  "",         ReadSpinFile,       ReadSpinFile,       VisitRead<ReadSpinFile>,       nullptr,  nullptr},
 };
 // clang-format on
 

@@ -15,6 +15,10 @@ namespace velorix {
 using FileReader = Outcome (*)(const std::string& path, RecordArray& records,
                                const Settings& settings);
 
+/// Calls `visit` for each record of a file, as its reader gives them; refuses as the reader.
+using FileVisitor = Outcome (*)(const std::string& path, const Settings& settings,
+                                const std::function<void(const SpecimenRecord&)>& visit);
+
 /// Writes all records, or the selected ones, in place of a file, which goes or stays beside it.
 using FileWriter = Outcome (*)(const std::string& path, const RecordArray& records, bool all,
                                FormerFile former);
@@ -33,6 +37,7 @@ struct FileKind {
   const char* OpenCaption;  // of the filter to open: "AMS-file(s)"
   const char* SaveCaption;  // of the filter to save: "AMS file"
   FileReader Read, Reload;
+  FileVisitor Visit;
   FileWriter Write;  // null: files of this kind are only read, and have no filter to save
   velorix::ForEachStored ForEachStored;  // null as well
 };

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 #include <string_view>
 #include <unordered_map>
 
@@ -66,22 +65,17 @@ class Counterparts {
   std::size_t place_ = 0;
 };
 
-/// What of the file's records is not in the new ones.
-void CountMissing(const RecordArray& old, const std::vector<Holdings>& stored, Losses& losses) {
-  Counterparts counterparts(stored);
-  for (const SpecimenRecord& record : old) {
-    const Holdings had = HoldingsOf(record);
-    const Holdings* const has = counterparts.Of(had.Name);
-    if (!has) {
-      ++losses.Vanishing;
-      continue;
-    }
-    losses.Deviations += std::max(0, had.Deviations - has->Deviations);
-    if (had.HasIm && !has->HasIm)
-      ++losses.Tensors;
-    else
-      losses.Deviations += std::max(0, had.DeviationsIm - has->DeviationsIm);
+/// What a record of the file has and its like among the new ones, which may be missing, lacks.
+void CompareHoldings(const SpecimenRecord& record, const Holdings* has, Losses& losses) {
+  if (!has) {
+    ++losses.Vanishing;
+    return;
   }
+  losses.Deviations += std::max(0, CountSet(record.KSD) - has->Deviations);
+  if (record.HasIm && !has->HasIm)
+    ++losses.Tensors;
+  else
+    losses.Deviations += std::max(0, CountSet(record.KSDIm) - has->DeviationsIm);
 }
 
 /// Counts a text that does not come back from the file.
@@ -149,21 +143,22 @@ class WrittenRecords {
   const SpecimenRecord* first_ = nullptr;
 };
 
-/// What `read` gives of the file, nothing when it refuses.
-template <class Read>
-std::optional<RecordArray> RecordsOf(Read read) {
-  RecordArray records;
+/// Compares the records of the file, which `visit` goes through, with those that will stand there.
+template <class Visit>
+void CompareWithOld(Visit visit, const WrittenRecords& written, Losses& losses) {
+  Losses found = losses;
+  Counterparts counterparts(written.Stored);
   try {
-    if (read(records)) return records;
+    found.Unreadable = !visit([&](const SpecimenRecord& record) {
+      CompareHoldings(record, counterparts.Of(record.Name), found);
+    });
   } catch (const Fault&) {  // nor can it be read
+    found.Unreadable = true;
   }
-  return std::nullopt;
-}
-
-void CompareWithOld(const std::optional<RecordArray>& old, const WrittenRecords& written,
-                    Losses& losses) {
-  losses.Unreadable = !old;
-  if (old) CountMissing(*old, written.Stored, losses);
+  if (found.Unreadable)
+    losses.Unreadable = true;
+  else
+    losses = found;
 }
 
 /// What the session knows of the file when it is one of those that are open.
@@ -190,10 +185,10 @@ Losses FindLosses(const Session& session, const std::string& path, const FileKin
     written.Add(given, stored);
   };
   OnFile(path, [&] { kind.ForEachStored(records, all, session.Settings, add); });
-  const auto read = [&](RecordArray& old) {
-    return present.Read(path, old, session.Settings).Done;
+  const auto visit = [&](const auto& compare) {
+    return present.Visit(path, session.Settings, compare).Done;
   };
-  CompareWithOld(RecordsOf(read), written, losses);
+  CompareWithOld(visit, written, losses);
   CompareWithOpen(session, path, records, all, losses);
   return losses;
 }
@@ -209,8 +204,13 @@ Losses FindGedLosses(const Session& session, const std::string& path, const Reco
       CompareAngle(samples[i].OrientAz, stored[i].OrientAz, true, losses);
       CompareAngle(samples[i].OrientInc, stored[i].OrientInc, true, losses);
     }
-  CompareWithOld(RecordsOf([&](RecordArray& old) { return ReadGedFile(path, old).Done; }), written,
-                 losses);
+  const auto visit = [&](const auto& compare) {
+    RecordArray old;
+    const Outcome outcome = ReadGedFile(path, old);
+    if (outcome) std::for_each(old.begin(), old.end(), compare);
+    return outcome.Done;
+  };
+  CompareWithOld(visit, written, losses);
   if (path == session.GeoFile) losses.Changed = session.GeoStamp != StampOf(path);
   return losses;
 }
@@ -222,29 +222,29 @@ std::vector<std::string> LossLines(const Losses& losses) {
   };
   // clang-format off
   static constexpr Row Rows[] = {
-      {&Losses::Tensors,    "out-of-phase tensor, which the record in memory lacks", "out-of-phase tensors, which the records in memory lack"},
-      {&Losses::Deviations, "standard deviation, which the format is not written with", "standard deviations, which the format is not written with"},
-      {&Losses::Vanishing,  "record of the file, which is not among those to be saved", "records of the file, which are not among those to be saved"},
-      {&Losses::Foreign,    "record of another open file would enter it",        "records of other open files would enter it"},
-      {&Losses::Letters,    "text with letters that are not in the file's alphabet", "texts with letters that are not in the file's alphabet"},
-      {&Losses::Cut,        "value cut to what its field holds",                 "values cut to what their fields hold"},
-      {&Losses::Common,     "record gets the site data of the first one",        "records get the site data of the first one"},
+      {&Losses::Tensors,    "out-of-phase tensor lost (not in memory)", "out-of-phase tensors lost (not in memory)"},
+      {&Losses::Deviations, "standard deviation lost (never written)", "standard deviations lost (never written)"},
+      {&Losses::Vanishing,  "record lost (not among those to be saved)", "records lost (not among those to be saved)"},
+      {&Losses::Foreign,    "record of another open file put in",        "records of other open files put in"},
+      {&Losses::Letters,    "text with letters that the file cannot hold", "texts with letters that the file cannot hold"},
+      {&Losses::Cut,        "value cut to the width of its field",                 "values cut to the width of their fields"},
+      {&Losses::Common,     "record given the site data of the first",        "records given the site data of the first"},
   };
   // clang-format on
   std::vector<std::string> lines;
   for (const Row& row : Rows)
     if (const int count = losses.*row.Count; count > 0)
       lines.push_back(PlainText(count) + " " + (count == 1 ? row.One : row.Many));
-  if (losses.Unreadable) lines.emplace_back("Its content, which cannot be read as a data file");
-  if (losses.Changed) lines.emplace_back("What was changed in the file since it was read");
+  if (losses.Unreadable) lines.emplace_back("Content lost that is no data file of this kind");
+  if (losses.Changed) lines.emplace_back("Changes lost that were made since the file was read");
   return lines;
 }
 
 LossAnswer AskAboutLosses(Dialogs& dialogs, const std::string& title, const std::string& path,
                           const Losses& losses) {
   if (!losses.Any()) return LossAnswer::Save;
-  std::string text = path + "\nSaving over this file would lose:";
-  for (const std::string& line : LossLines(losses)) text += "\n" + line;
+  std::string text = path + "\nSaving over this file would mean:";
+  for (const std::string& line : LossLines(losses)) text += "\n- " + line;
   constexpr LossAnswer Answers[] = {LossAnswer::Save, LossAnswer::Copy, LossAnswer::Cancel};
   return Answers[dialogs.Ask(title, text, {"&Save", "Save a &copy...", "&Cancel"}, 2)];
 }

@@ -188,8 +188,8 @@ TEST_F(Save, SavesUnderANewNameAndAsksBeforeItOverwrites) {
   Menu("mnuSaveSelectedAs");
   const std::string title = "Save Selected Record(s) As|";
   const std::string exists = title + "This file already exists.\nOverwrite existing file?|&Yes|&No";
-  const std::string loss = title + Path("copy.ams") + "\nSaving over this file would lose:\n" +
-                           "2 records of the file, which are not among those to be saved" +
+  const std::string loss = title + Path("copy.ams") + "\nSaving over this file would mean:\n" +
+                           "- 2 records lost (not among those to be saved)" +
                            "|&Save|Save a &copy...|&Cancel";
   EXPECT_EQ(Asked.Boxes, (Texts{title + "No record is selected.|&OK", exists, exists, loss}));
   EXPECT_EQ(Bytes("copy.ams").size(), 640u);

@@ -22,8 +22,8 @@ class Losing : public ProgramTest {
   /// The question for these losses.
   static std::string Question(const std::string& title, const std::string& path,
                               const Texts& lines) {
-    std::string text = title + "|" + path + "\nSaving over this file would lose:";
-    for (const std::string& line : lines) text += "\n" + line;
+    std::string text = title + "|" + path + "\nSaving over this file would mean:";
+    for (const std::string& line : lines) text += "\n- " + line;
     return text + "|&Save|Save a &copy...|&Cancel";
   }
   /// Saves all records over a file, with these answers behind the one to overwrite it.
@@ -35,11 +35,9 @@ class Losing : public ProgramTest {
     Menu("mnuSaveAs");
     return Asked.Boxes;
   }
-  static constexpr char Deviations6[] =
-      "6 standard deviations, which the format is not written with";
-  static constexpr char Deviations12[] =
-      "12 standard deviations, which the format is not written with";
-  static constexpr char Tensors[] = "2 out-of-phase tensors, which the records in memory lack";
+  static constexpr char Deviations6[] = "6 standard deviations lost (never written)";
+  static constexpr char Deviations12[] = "12 standard deviations lost (never written)";
+  static constexpr char Tensors[] = "2 out-of-phase tensors lost (not in memory)";
 };
 
 TEST_F(Losing, WhatAReloadLeftOutIsAskedForBeforeASave) {
@@ -70,14 +68,11 @@ TEST_F(Losing, RecordsThatVanishOrComeFromOtherFilesAreCounted) {
   Asked.Buttons = {0, 2};
   Answer(a);
   Menu("mnuSaveSelectedAs");
-  EXPECT_EQ(Asked.Boxes.back(),
-            Question("Save Selected Record(s) As", a,
-                     {"2 records of the file, which are not among those to be saved"}));
+  EXPECT_EQ(Asked.Boxes.back(), Question("Save Selected Record(s) As", a,
+                                         {"2 records lost (not among those to be saved)"}));
   OpenFile(Several({"a.ams", "b.ams"}));
-  EXPECT_EQ(SaveOver(a, {2}).back(),
-            Question(Title, a, {"2 records of other open files would enter it"}));
-  EXPECT_EQ(SaveOver(b, {2}).back(),
-            Question(Title, b, {"3 records of other open files would enter it"}));
+  EXPECT_EQ(SaveOver(a, {2}).back(), Question(Title, a, {"2 records of other open files put in"}));
+  EXPECT_EQ(SaveOver(b, {2}).back(), Question(Title, b, {"3 records of other open files put in"}));
   // The same records in another order lose nothing.
   WriteRecords("turned.ams",
                {Record("b2"), Record("a3"), Record("b1"), Record("a1"), Record("a2")});
@@ -85,8 +80,7 @@ TEST_F(Losing, RecordsThatVanishOrComeFromOtherFilesAreCounted) {
   // Two of one name are two.
   WriteRecords("twice.ams", {Record("a1"), Record("a1"), Record("a2"), Record("a3")});
   EXPECT_EQ(SaveOver(Path("twice.ams"), {2}).back(),
-            Question(Title, Path("twice.ams"),
-                     {"1 record of the file, which is not among those to be saved"}));
+            Question(Title, Path("twice.ams"), {"1 record lost (not among those to be saved)"}));
 }
 
 TEST_F(Losing, TextsAndAnglesThatTheFileCannotHoldAreCounted) {
@@ -98,24 +92,22 @@ TEST_F(Losing, TextsAndAnglesThatTheFileCannotHoldAreCounted) {
   SpecimenRecord& r = Now.Records[1];
   r.FoliName[1] = "\xCE\xA9";  // a capital omega
   r.LineName[1] = "LIN";
-  EXPECT_EQ(SaveOver(a, {2}).back(),
-            Question(Title, a,
-                     {"1 text with letters that are not in the file's alphabet",
-                      "1 value cut to what its field holds"}));
+  EXPECT_EQ(SaveOver(a, {2}).back(), Question(Title, a,
+                                              {"1 text with letters that the file cannot hold",
+                                               "1 value cut to the width of its field"}));
   r.FoliName[1] = "S";
   r.LineName[1] = "L";
   r.FoliDip[1] = 12.5f;  // whole degrees in the one format
   Now.Records[2].Site = "Elsewhere";
   EXPECT_EQ(SaveOver(a, {}), Texts{Exists});
-  EXPECT_EQ(SaveOver(ran, {2}, 2).back(),
-            Question(Title, ran,
-                     {"1 value cut to what its field holds",
-                      "1 record gets the site data of the first one"}));
+  EXPECT_EQ(SaveOver(ran, {2}, 2).back(), Question(Title, ran,
+                                                   {"1 value cut to the width of its field",
+                                                    "1 record given the site data of the first"}));
 }
 
 TEST_F(Losing, AChangeByOthersAndContentThatIsNoDataFileAreSaid) {
   const std::string a = WriteFile("a", 2),
-                    changed = "What was changed in the file since it was read";
+                    changed = "Changes lost that were made since the file was read";
   OpenFile(a);
   std::filesystem::last_write_time(
       PathOf(a), std::filesystem::file_time_type::clock::now() + std::chrono::hours(1));
@@ -123,7 +115,7 @@ TEST_F(Losing, AChangeByOthersAndContentThatIsNoDataFileAreSaid) {
   EXPECT_EQ(SaveOver(a, {}), Texts{Exists});  // our own write is none of others
   const std::string notes = Put("notes.ams", "to do");
   EXPECT_EQ(SaveOver(notes, {2}).back(),
-            Question(Title, notes, {"Its content, which cannot be read as a data file"}));
+            Question(Title, notes, {"Content lost that is no data file of this kind"}));
   EXPECT_EQ(Bytes("notes.ams"), "to do");
 }
 
@@ -177,10 +169,9 @@ TEST_F(Losing, TheGeologicalEditorsSaveAsks) {
     return SaveGedFile(Now, Asked, sheet);
   };
   EXPECT_FALSE(save({0, 2}));
-  EXPECT_EQ(Asked.Boxes.back(),
-            Question("Save geological file", ged,
-                     {"1 record of the file, which is not among those to be saved",
-                      "1 value cut to what its field holds"}));
+  EXPECT_EQ(Asked.Boxes.back(), Question("Save geological file", ged,
+                                         {"1 record lost (not among those to be saved)",
+                                          "1 value cut to the width of its field"}));
   EXPECT_EQ(Bytes("s.ged"), before);
   EXPECT_TRUE(save({0, 0}));
   EXPECT_EQ(Bytes("s.ged~"), before);
