@@ -65,7 +65,7 @@ std::string CodeDoubt(const std::string& code, const SheetCodes& codes, const Co
     return "The file has " + std::to_string(codes.Room) +
            (codes.Room == 1 ? " letter" : " letters") + " for a code.";
   const std::string other = kind.OtherOf(code);
-  return other.empty() ? "" : "Another cell spells this code " + other + ": capitals count.";
+  return other.empty() ? "" : "Another cell has " + other + "; the rotation finds capitals alone.";
 }
 
 void SheetDoubts::Add(int row, int column, const std::string& name, const std::string& text,

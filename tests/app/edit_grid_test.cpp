@@ -284,8 +284,8 @@ TEST(EditGrid, CodesAreHeldToTheFileAndToOneSpelling) {
       {"ams", 5, "SBT", "", "The file has 2 letters for a code."},
       {"ams", 5, "Žš", "", ""},   {"asc", 5, "SBT", "", ""},  {"AMS", 5, "SBT", "", ""},
       {"ran", 5, "SB", "", "The file has 1 letter for a code."},
-      {"ams", 5, "s", "", "Another cell spells this code S: capitals count."},
-      {"ams", 11, "s", "", "Another cell spells this code S: capitals count."},
+      {"ams", 5, "s", "", "Another cell has S; the rotation finds capitals alone."},
+      {"ams", 11, "s", "", "Another cell has S; the rotation finds capitals alone."},
       {"ams", 8, "s", "", ""},    // a lineation
   };
   // clang-format on

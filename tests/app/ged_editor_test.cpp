@@ -119,10 +119,11 @@ TEST_F(GedEditor, DoubtfulCellsOfTheRowsToSaveAreFound) {
   std::string found;
   for (const SheetDoubts::Cell& cell : FindDoubts(Sheet, CodesOf(Sheet)).First)
     found += std::to_string(cell.Row) + "/" + std::to_string(cell.Column) + " " + cell.Text + "|";
-  EXPECT_EQ(found,
-            "1/5 Row 1, Foliation1 Azimuth: 12,5 - A comma is no decimal point. This is read as "
-            "12.|2/10 Row 2, Foliation2: a - Another cell spells this code A: capitals count.|"
-            "2/15 Row 2, Lineation2 Plunge: 95 - Inclinations and plunges are from 0 to 90.|");
+  EXPECT_EQ(
+      found,
+      "1/5 Row 1, Foliation1 Azimuth: 12,5 - A comma is no decimal point. This is read as "
+      "12.|2/10 Row 2, Foliation2: a - Another cell has A; the rotation finds capitals alone.|"
+      "2/15 Row 2, Lineation2 Plunge: 95 - Inclinations and plunges are from 0 to 90.|");
 }
 
 TEST_F(GedEditor, SavesTheRowsThatAreNotTakenOut) {
