@@ -157,18 +157,18 @@ TEST_F(ContourTest, ExportWritesWholeDegreesOfKmaxInStoreOrder) {
   Add(300.5, 0.2);
   Add(45, 45).Active = false;
   Add(7, -3.4);
-  GrevaExport(Program.Session, Program.Host.AppFolder, Asked, Seen);
+  GrevaExport(Program.Session, Program.Host.AppFolder, Asked, Seen, Program.Log);
   EXPECT_EQ(Bytes("examples/grevadata.txt"), "10/21\r\n301/0\r\n7/-3\r\n");
   EXPECT_NE(Seen.Status.find("3 directions"), std::string::npos);
   Now.Records.Clear();
-  GrevaExport(Now, Program.Host.AppFolder, Asked, Seen);
+  GrevaExport(Now, Program.Host.AppFolder, Asked, Seen, Program.Log);
   EXPECT_EQ(Bytes("examples/grevadata.txt"), "");
   EXPECT_TRUE(Asked.Boxes.empty());
 }
 
 TEST_F(ContourTest, ExportIntoAFolderThatCannotBeTellsWhy) {
   Put("examples", "a file in the folder's place");
-  GrevaExport(Program.Session, Program.Host.AppFolder, Asked, Seen);
+  GrevaExport(Program.Session, Program.Host.AppFolder, Asked, Seen, Program.Log);
   ASSERT_EQ(Asked.Boxes.size(), 1u);
   EXPECT_NE(Asked.Boxes[0].find("grevadata.txt\nThis file could not be written: "),
             std::string::npos);
