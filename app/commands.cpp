@@ -5,6 +5,7 @@
 #include <exception>
 
 #include "app/display/display.h"
+#include "app/files/content_check.h"
 #include "app/files/export_grid.h"
 #include "app/files/graphics_page.h"
 #include "app/files/open_flow.h"
@@ -24,9 +25,19 @@ void ShowStore(Velorix& v) {
   DisplayFormCaption(v);
 }
 
+/// Says when a file that was read looks like one of another kind.
+void SayContentDoubt(Velorix& v) {
+  const std::string doubt = ContentDoubt(v.Session);
+  if (doubt.empty()) return;
+  v.Log.DebugPrint(doubt);
+  v.Views.ShowStatus(doubt);
+}
+
 template <FileAction What>
 void OpenFiles(Velorix& v) {
-  if (OpenDataFiles(v.Session, v.History, v.Dialogs, v.Host, What)) ShowStore(v);
+  if (!OpenDataFiles(v.Session, v.History, v.Dialogs, v.Host, What)) return;
+  ShowStore(v);
+  SayContentDoubt(v);
 }
 /// A change of the store from files on the disk: the next file, the previous one, the same again.
 template <void (*Read)(Session&, History&, Dialogs&)>
@@ -253,7 +264,8 @@ std::string FailureText(const std::exception_ptr& failure) {
   }
 }
 
-/// Puts a failure into log and status line, and lets the views follow the store.
+/// Puts a failure into log and status line, and lets the views follow the store. A file of another
+/// kind is the likeliest reason.
 void ReportFailure(Velorix& velorix, const std::string& text) {
   velorix.Log.DebugPrint("Error: " + text);
   try {  // so that no view goes on showing what is no longer so
@@ -262,7 +274,8 @@ void ReportFailure(Velorix& velorix, const std::string& text) {
   } catch (const std::exception& error) {
     velorix.Log.DebugPrint(std::string("Error while refreshing: ") + error.what());
   }
-  velorix.Views.ShowStatus(text);
+  const std::string doubt = ContentDoubt(velorix.Session);
+  velorix.Views.ShowStatus(doubt.empty() ? text : doubt + ". " + text);
 }
 
 }  // namespace

@@ -17,7 +17,15 @@ namespace velorix {
 
 const char* const Version = VELORIX_VERSION;
 
-void PrepareSession(Session& session, DebugLog& log, const Host& host) {
+/// Reads the settings; says so when the file is there but can't be read.
+static std::string TakeSettings(Settings& settings, const std::string& path) {
+  std::error_code ignored;
+  const bool bad = std::filesystem::exists(PathOf(path), ignored) && !SettingsRead(settings, path);
+  LoadSettings(settings, path);
+  return bad ? path + ": The settings could not be read. The defaults have taken their place." : "";
+}
+
+std::string PrepareSession(Session& session, DebugLog& log, const Host& host) {
   const auto make = [](const std::string& folder) {
     OnFile(folder, [&folder] { std::filesystem::create_directories(PathOf(folder)); });
   };
@@ -32,8 +40,10 @@ void PrepareSession(Session& session, DebugLog& log, const Host& host) {
   for (const char* name : {"Fields", "HCorr"}) makeIn(host.AppFolder, name);
 
   session.SettingsFile = JoinPath(host.AppFolder, "MarloAniso.sav");
-  LoadSettings(session.Settings, session.SettingsFile);
+  std::string notice = TakeSettings(session.Settings, session.SettingsFile);
+  if (!notice.empty()) log.DebugPrint("Error: " + notice);
   session.Preferences = PreferencesRead(PreferencesFile(host.AppFolder));
+  return notice;
 }
 
 void BuildTables(ContourGrid& grid, std::vector<float>& gaussTable,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "app/state/debug_log.h"
@@ -11,8 +12,9 @@
 namespace velorix {
 
 /// Folders, debug log and settings, in the program's order. A folder that can't be made is a
-/// `FileFault`, which ends the start-up.
-void PrepareSession(Session& session, DebugLog& log, const Host& host);
+/// `FileFault`, which ends the start-up. Gives what the status line has to say of a settings file
+/// that could not be read, or nothing.
+std::string PrepareSession(Session& session, DebugLog& log, const Host& host);
 
 /// The contour grid and the Gaussian table. `yield` is called now and then, so that a splash window
 /// can repaint.

@@ -19,8 +19,9 @@ struct FileStamp {
   bool operator==(const FileStamp&) const = default;
 };
 
-/// A file as it was read: how many records it gave, and its stamp then.
+/// A file as it was read: by which reader, how many records it gave, and its stamp then.
 struct OpenedFile {
+  int Filter = 0;
   int Records = 0;
   FileStamp Stamp;
 };

@@ -8,6 +8,7 @@
 #include <QScreen>
 
 #include "app/commands.h"
+#include "app/edit/orientation_editor.h"
 #include "app/files/losses.h"
 #include "platform/qt/parts/qt_dialogs.h"
 #include "platform/qt/parts/theme.h"
@@ -107,6 +108,33 @@ void Take(TestWindow& window, QWidget& root, const Image& image, std::size_t ste
   if (!Find<QWidget>(root, image.Grabbed).grab().save(path)) qFatal("%s", qPrintable(path));
 }
 
+/// A box over the main window: `ask` asks its question.
+void TakeBox(TestWindow& window, const QString& path, const std::function<void(Dialogs&)>& ask) {
+  QtDialogs dialogs;
+  dialogs.Owner = &window.Window;
+  OnModal<QDialog>([&path](QDialog& box) {
+    if (!box.grab().save(path)) qFatal("%s", qPrintable(path));
+    box.reject();
+  });
+  ask(dialogs);
+}
+
+/// The question of the orientation editor before doubtful cells are saved.
+void TakeDoubtsQuestion(const QString& path) {
+  TestWindow window;
+  window.Asked.Files.push_back(FileAnswer{Example("granite.ams"), 1});
+  RunMenu(window.Program, CommandNamed("mnuOpen"));
+  OrientationEditor editor;
+  LoadEditor(editor, window.Program.Session);
+  EditCells(editor, {{2, OrientationColumn, "12,5"},
+                     {5, OrientationColumn + 1, "95"},
+                     {7, FoliationColumn(1), "s0"},
+                     {9, FoliationColumn(1), "S01"}});
+  TakeBox(window, path, [&editor](Dialogs& dialogs) {
+    AskAboutDoubts(dialogs, "Edit Orientation Data", DoubtsToSave(editor));
+  });
+}
+
 /// The question before a save that would lose something of the file.
 void TakeSaveQuestion(const QString& path) {
   TestWindow window;
@@ -116,13 +144,9 @@ void TakeSaveQuestion(const QString& path) {
   RunMenu(window.Program, CommandNamed("mnuReload"));
   const Losses losses =
       FindLosses(session, session.CurrentFile, KindToSave(1), session.Records, true);
-  QtDialogs dialogs;
-  dialogs.Owner = &window.Window;
-  OnModal<QDialog>([&path](QDialog& box) {
-    if (!box.grab().save(path)) qFatal("%s", qPrintable(path));
-    box.reject();
+  TakeBox(window, path, [&losses](Dialogs& dialogs) {
+    AskAboutLosses(dialogs, "Save Record(s) As", "/home/anna/granite.ams", losses);
   });
-  AskAboutLosses(dialogs, "Save Record(s) As", "/home/anna/granite.ams", losses);
 }
 
 void UseDarkTheme() {
@@ -158,4 +182,5 @@ int main(int argc, char** argv) {
     Take(window, window.Window, image, 0, QString("%1/%2.png").arg(argv[1], image.Name));
   }
   TakeSaveQuestion(QString("%1/save-question.png").arg(argv[1]));
+  TakeDoubtsQuestion(QString("%1/doubts-question.png").arg(argv[1]));
 }

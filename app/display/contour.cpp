@@ -3,6 +3,7 @@
 #include <cmath>
 #include <filesystem>
 
+#include "app/state/refusals.h"
 #include "datafiles/file_faults.h"
 #include "datafiles/safe_write.h"
 #include "tensor/directions.h"
@@ -118,7 +119,7 @@ void DrawContourPicture(ContourSession& contour, Target& target) {
 }
 
 void GrevaExport(const Session& session, const std::string& appFolder, Dialogs& dialogs,
-                 Views& views) {
+                 Views& views, DebugLog& log) {
   constexpr char Title[] = "Export For Stereographic Plot";
   const std::string folder = JoinPath(appFolder, "examples");
   const std::string path = JoinPath(folder, "grevadata.txt");
@@ -134,8 +135,9 @@ void GrevaExport(const Session& session, const std::string& appFolder, Dialogs& 
       });
     });
   } catch (const FileFault& fault) {
-    return Show(dialogs, Outcome::Refused(
-                             Title, path + "\nThis file could not be written: " + fault.what()));
+    const std::string text = path + "\nThis file could not be written: " + fault.what();
+    ReportRefusal(views, log, text);
+    return Show(dialogs, Outcome::Refused(Title, text));
   }
   views.ShowStatus(PlainText(lines) + " directions written to " + path);
 }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "app/state/contour_session.h"
+#include "app/state/debug_log.h"
 #include "app/state/dialogs.h"
 #include "app/state/views.h"
 #include "store/session.h"
@@ -36,9 +37,9 @@ void DrawContourPicture(ContourSession& contour, Target& target);
 
 /// `cmdGrevaExport`: writes "declination/inclination" of Kmax, whole degrees, a line for each
 /// record in use at the coordinate level in view, to "examples/grevadata.txt" in the program's
-/// folder. The status line says where it is, or a box why it is not.
+/// folder. The status line says where it is; a box, the status line and the log say why it is not.
 void GrevaExport(const Session& session, const std::string& appFolder, Dialogs& dialogs,
-                 Views& views);
+                 Views& views, DebugLog& log);
 
 /// Texts of the window. `lblContour`: what the picture shows.
 std::string ContourCaption(const ContourSession& contour);

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "app/display/contour.h"
+#include "app/display/shown_group.h"
 #include "tensor/derivation.h"
 #include "text/numbers.h"
 #include "text/paths.h"
@@ -67,6 +68,7 @@ void DisplayData(Velorix& velorix, bool resetLists) {
   // A record that fails here ends the display before its statistics: then no mean is shown, rather
   // than that of the records shown before.
   ForgetGroup(velorix.GroupStats);
+  velorix.GroupOf = GroupInView(session);
   DeriveView(session);
   ComputeGroup(velorix);
   RefreshViews(velorix);

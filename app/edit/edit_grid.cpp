@@ -22,20 +22,20 @@ constexpr auto Parameter = EditKind::Parameter;
 constexpr EditColumn Columns[] = {
     {"#",                      "#",        Fixed},
     {"Specimen",               "Specimen", Fixed},
-    {"Orientation",            "Dec",      Angle},
-    {"Orientation",            "Inc",      Angle},
+    {"Orientation",            "Dec",      Angle, &AzimuthRange},
+    {"Orientation",            "Inc",      Angle, &PlungeRange},
     {"Foliation1",             "Code",     Code},
-    {"Foliation1",             "Dec",      Angle},
-    {"Foliation1",             "Inc",      Angle},
+    {"Foliation1",             "Dec",      Angle, &AzimuthRange},
+    {"Foliation1",             "Inc",      Angle, &DipRange},
     {"Lineation1",             "Code",     Code},
-    {"Lineation1",             "Dec",      Angle},
-    {"Lineation1",             "Inc",      Angle},
+    {"Lineation1",             "Dec",      Angle, &AzimuthRange},
+    {"Lineation1",             "Inc",      Angle, &PlungeRange},
     {"Foliation2",             "Code",     Code},
-    {"Foliation2",             "Dec",      Angle},
-    {"Foliation2",             "Inc",      Angle},
+    {"Foliation2",             "Dec",      Angle, &AzimuthRange},
+    {"Foliation2",             "Inc",      Angle, &DipRange},
     {"Lineation2",             "Code",     Code},
-    {"Lineation2",             "Dec",      Angle},
-    {"Lineation2",             "Inc",      Angle},
+    {"Lineation2",             "Dec",      Angle, &AzimuthRange},
+    {"Lineation2",             "Inc",      Angle, &PlungeRange},
     {"Orientation Parameters", "OP1",      Parameter},
     {"Orientation Parameters", "OP2",      Parameter},
     {"Orientation Parameters", "OP3",      Parameter},
@@ -90,9 +90,6 @@ void LimitSteps(EditGrid& grid) {
   grid.Done = grid.Steps.size();
 }
 
-/// The cell's value as a 32-bit float; not finite beyond that range.
-float AngleIn(const std::string& text) { return static_cast<float>(Round32(NumberOf(text))); }
-
 std::string CellName(const EditGrid& grid, int row, int column) {
   const EditColumn& c = Columns[column - 1];
   return "Row " + grid.Cell(row, 1) + ", " + c.Group + " " + c.Header;
@@ -125,18 +122,27 @@ bool IsOnOffer(int column, const std::string& text) {
                      [&text](std::int16_t value) { return text == PlainText(value); });
 }
 
-bool IsDoubtful(const EditRow& row, int column) {
-  const std::string& text = row[column];
-  switch (Columns[column - 1].Kind) {
-    case Parameter:
-      return !IsOnOffer(column, text);
-    case Angle:
-      if (text.empty()) return false;
-      return !IsNumberText(text) || !HasRoom(Angle, text) ||
-             (column >= FoliationColumn(1) && !SlotHasCode(row, column));
-    default:
-      return false;
+std::string ParameterDoubt(const std::string& text, int column) {
+  if (IsOnOffer(column, text)) return {};
+  if (!HasRoom(Parameter, text)) return TooLarge;
+  if (std::string doubt = NumberDoubt(text); !doubt.empty()) return doubt;
+  std::string offer;
+  for (const std::int16_t v : OrientationValues(column - ParameterColumn(0)))
+    offer += (offer.empty() ? "" : ", ") + PlainText(v);
+  return "The values on offer are " + offer + ".";
+}
+
+/// Calls `visit(code, isLineation)` for each code of a row.
+template <class Visit>
+void ForEachCode(const EditRow& row, Visit visit) {
+  for (int slot = 1; slot <= 2; ++slot) {
+    visit(row[FoliationColumn(slot)], false);
+    visit(row[LineationColumn(slot)], true);
   }
+}
+
+bool IsLineation(int column) {
+  return column == LineationColumn(1) || column == LineationColumn(2);
 }
 
 void CommitSlot(const EditRow& row, int slot, SpecimenRecord& record) {
@@ -268,28 +274,42 @@ std::vector<CellText> PasteBlock(std::string_view lines, const CellBlock& block)
   }
 }
 
-std::string CellDoubt(const EditGrid& grid, int row, int column) {
-  const EditRow& cells = grid.Rows[static_cast<std::size_t>(row - 1)];
-  if (!IsDoubtful(cells, column)) return {};
-  const std::string& text = cells[column];
-  const EditKind kind = Columns[column - 1].Kind;
-  if (!HasRoom(kind, text)) return "This number is too large.";
-  const std::string comma = text.find(',') == text.npos ? "" : "A comma is no decimal point. ";
-  if (!IsNumberText(text)) return comma + "This is read as " + PlainText(AngleIn(text)) + ".";
-  if (kind == Angle) return "Without a code these angles are not saved.";
-  std::string offer;
-  for (const std::int16_t v : OrientationValues(column - ParameterColumn(0)))
-    offer += (offer.empty() ? "" : ", ") + PlainText(v);
-  return "The values on offer are " + offer + ".";
+SheetCodes CodesOf(const EditGrid& grid, int room) {
+  SheetCodes codes;
+  codes.Room = room;
+  for (const EditRow& row : grid.Rows)
+    ForEachCode(row, [&codes](const std::string& code, bool isLineation) {
+      (isLineation ? codes.Lineations : codes.Foliations).Add(code);
+    });
+  return codes;
 }
 
-GridDoubts FindDoubts(const EditGrid& grid) {
-  GridDoubts doubts;
-  for (int row = 1; row <= grid.RowCount(); ++row)
-    for (int column = 1; column <= EditColumns; ++column) {
-      if (!IsDoubtful(grid.Rows[static_cast<std::size_t>(row - 1)], column)) continue;
-      if (doubts.Count++ == 0) doubts.FirstRow = row;
+std::string CellDoubt(const EditGrid& grid, int row, int column, const SheetCodes& codes) {
+  const EditRow& cells = grid.Rows[static_cast<std::size_t>(row - 1)];
+  const std::string& text = cells[column];
+  const EditColumn& rule = Columns[column - 1];
+  switch (rule.Kind) {
+    case Parameter:
+      return ParameterDoubt(text, column);
+    case Angle: {
+      const bool dropped =
+          !text.empty() && column >= FoliationColumn(1) && !SlotHasCode(cells, column);
+      const std::string doubt = AngleDoubt(text, *rule.Range);
+      return doubt.empty() && dropped ? "Without a code these angles are not saved." : doubt;
     }
+    case Code:
+      return CodeDoubt(text, codes, IsLineation(column) ? codes.Lineations : codes.Foliations);
+    default:
+      return {};
+  }
+}
+
+SheetDoubts FindDoubts(const EditGrid& grid, const SheetCodes& codes) {
+  SheetDoubts doubts;
+  for (int row = 1; row <= grid.RowCount(); ++row)
+    for (int column = OrientationColumn; column <= EditColumns; ++column)
+      if (const std::string doubt = CellDoubt(grid, row, column, codes); !doubt.empty())
+        doubts.Add(row, column, CellName(grid, row, column), grid.Cell(row, column), doubt);
   return doubts;
 }
 

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/edit/cell_doubts.h"
 #include "base/slots.h"
 #include "store/record_array.h"
 
@@ -20,6 +21,7 @@ struct EditColumn {
   const char* Group;  // the caption over the column and its neighbours of the same group
   const char* Header;
   EditKind Kind;
+  const AngleRange* Range = nullptr;  // of an angle
 };
 inline constexpr int EditColumns = 20;
 const EditColumn& EditColumnAt(int column);
@@ -83,14 +85,13 @@ std::string CopyBlock(const EditGrid& grid, const CellBlock& block);
 /// goes to each cell of the block.
 std::vector<CellText> PasteBlock(std::string_view lines, const CellBlock& block);
 
+/// The codes in the grid, to be saved in a file that has room for so many letters.
+SheetCodes CodesOf(const EditGrid& grid, int room);
 /// What the user should know of a cell before it is saved, or nothing: it is not read as it stands
-/// ("12,5" is 12), is no value on offer, or is dropped since the pair has no code.
-std::string CellDoubt(const EditGrid& grid, int row, int column);
-/// How many cells have such a doubt, and the row of the first one, 0 for none.
-struct GridDoubts {
-  int Count = 0, FirstRow = 0;
-};
-GridDoubts FindDoubts(const EditGrid& grid);
+/// ("12,5" is 12), is outside the range of its angle, is no value on offer, is dropped since the
+/// pair has no code, or is a code to look at (`CodeDoubt`).
+std::string CellDoubt(const EditGrid& grid, int row, int column, const SheetCodes& codes = {});
+SheetDoubts FindDoubts(const EditGrid& grid, const SheetCodes& codes = {});
 
 /// Writes the rows into the records, the first row into the first record and so on: orientation,
 /// foliations, lineations, parameters and the flags that say what a record has. A record without

@@ -21,22 +21,22 @@ constexpr int MaxFileSize = 32767;
 
 // clang-format off
 constexpr GedColumn Columns[GedColumnCount] = {
-    // caption, is a number, highest, characters typed (a text: what the file has room for)
-    {"Sample name", false,   0, 12},
-    {"Orientation", true,  360, 16},
-    {"Inc",         true,   90, 16},
-    {"Foliation1",  false,   0,  1},
-    {"Azimuth",     true,  360, 16},
-    {"Dip",         true,  180, 16},  // kept for agreement with published results: twice the limit of a plunge
-    {"Lineation1",  false,   0,  1},
-    {"Trend",       true,  360, 16},
-    {"Plunge",      true,   90, 16},
-    {"Foliation2",  false,   0,  1},
-    {"Azimuth",     true,  360, 16},
-    {"Dip",         true,  180, 16},
-    {"Lineation2",  false,   0,  1},
-    {"Trend",       true,  360, 16},
-    {"Plunge",      true,   90, 16},
+    // caption, range of a number, characters typed (a text: what the file has room for)
+    {"Sample name", nullptr,       12},
+    {"Orientation", &AzimuthRange, 16},
+    {"Inc",         &PlungeRange,  16},
+    {"Foliation1",  nullptr,        1},
+    {"Azimuth",     &AzimuthRange, 16},
+    {"Dip",         &DipRange,     16},
+    {"Lineation1",  nullptr,        1},
+    {"Trend",       &AzimuthRange, 16},
+    {"Plunge",      &PlungeRange,  16},
+    {"Foliation2",  nullptr,        1},
+    {"Azimuth",     &AzimuthRange, 16},
+    {"Dip",         &DipRange,     16},
+    {"Lineation2",  nullptr,        1},
+    {"Trend",       &AzimuthRange, 16},
+    {"Plunge",      &PlungeRange,  16},
 };
 // clang-format on
 
@@ -97,6 +97,19 @@ bool IsToBeSaved(const GedRow& row) {
                      [](const std::string& cell) { return !StripBlanks(cell).empty(); });
 }
 
+constexpr int FirstCodeColumn = 3;
+
+/// Codes begin the triples of columns; every other one is a lineation's.
+bool IsCode(int column) { return column >= FirstCodeColumn && column % 3 == 0; }
+bool IsLineation(int column) { return column % 6 == 0; }
+
+/// "Foliation1 Dip"; an orientation's columns and the codes have no group.
+std::string ColumnName(int column) {
+  const std::string caption = Columns[column].Caption;
+  const bool inGroup = column >= FirstCodeColumn && !IsCode(column);
+  return inGroup ? std::string(Columns[column - column % 3].Caption) + " " + caption : caption;
+}
+
 /// The one filter of the dialogs, which ends without a bar.
 std::string Filter() {
   std::string filter = GedFilter();
@@ -150,13 +163,44 @@ GedSheet NewGedSheet(const Settings& settings) {
 std::optional<std::string> AcceptedGedText(int column, const std::string& text) {
   const GedColumn& rule = GedColumnAt(column);
   const std::string stripped(StripBlanks(text));
-  if (!rule.IsNumber || stripped.empty()) return stripped;
+  if (!rule.Range || stripped.empty()) return stripped;
   const double value = NumberOf(stripped);
-  if (value < 0 || value > rule.Highest) return std::nullopt;
-  return PlainText(static_cast<float>(value));
+  if (value < 0 || value > rule.Range->Highest) return std::nullopt;
+  return IsNumberText(stripped) ? PlainText(static_cast<float>(value)) : stripped;
 }
 
 void RefuseGedCell(Dialogs& dialogs) { dialogs.Ask("Edit aniso", "Input out of limits!", {"OK"}); }
+
+SheetCodes CodesOf(const GedSheet& sheet) {
+  SheetCodes codes;
+  codes.Room = CodeRoom("ged");
+  for (const GedRow& row : sheet.Rows)
+    for (int column = FirstCodeColumn; column < GedColumnCount && !row.TakenOut; column += 3)
+      (IsLineation(column) ? codes.Lineations : codes.Foliations)
+          .Add(row.Cells[static_cast<std::size_t>(column)]);
+  return codes;
+}
+
+std::string GedCellDoubt(const GedSheet& sheet, int row, int column, const SheetCodes& codes) {
+  const std::string& text =
+      sheet.Rows[static_cast<std::size_t>(row)].Cells[static_cast<std::size_t>(column)];
+  if (const AngleRange* range = GedColumnAt(column).Range) return AngleDoubt(text, *range);
+  if (!IsCode(column)) return {};
+  return CodeDoubt(text, codes, IsLineation(column) ? codes.Lineations : codes.Foliations);
+}
+
+SheetDoubts FindDoubts(const GedSheet& sheet, const SheetCodes& codes) {
+  SheetDoubts doubts;
+  for (int row = 0; row < static_cast<int>(sheet.Rows.size()); ++row) {
+    const GedRow& cells = sheet.Rows[static_cast<std::size_t>(row)];
+    for (int column = 0; column < GedColumnCount && !cells.TakenOut; ++column)
+      if (const std::string doubt = GedCellDoubt(sheet, row, column, codes); !doubt.empty())
+        doubts.Add(row + 1, column + 1,
+                   "Row " + std::to_string(row + 1) + ", " + ColumnName(column),
+                   cells.Cells[static_cast<std::size_t>(column)], doubt);
+  }
+  return doubts;
+}
 
 bool OpenGedFiles(Session& session, Dialogs& dialogs, GedSheet& sheet) {
   const FileList list = AskForFiles(session, dialogs);

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "app/edit/cell_doubts.h"
 #include "app/state/dialogs.h"
 #include "store/session.h"
 
@@ -13,12 +14,11 @@ namespace velorix {
 
 // The editor of geological files: a sheet of texts that is filled from files and saved into one.
 
-/// A column of the grid, counted from 0. Numbers are from 0 to `Highest`, both included.
+/// A column of the grid, counted from 0.
 struct GedColumn {
   const char* Caption;
-  bool IsNumber;
-  double Highest;
-  int Characters;  // that may be typed
+  const AngleRange* Range;  // of a number; null for a text
+  int Characters;           // that may be typed
 };
 inline constexpr int GedColumnCount = 15;
 const GedColumn& GedColumnAt(int column);
@@ -27,12 +27,14 @@ const GedColumn& GedColumnAt(int column);
 struct GedRow {
   std::array<std::string, GedColumnCount> Cells;
   bool TakenOut = false;  // not in view and not saved
+  bool operator==(const GedRow&) const = default;
 };
 
 /// What the head of a file says of all samples.
 struct GedSite {
   std::string Site, Lon, Lat, Rock, Strat, Litho, Regio;
   Array1<std::int16_t, 4> OP;
+  bool operator==(const GedSite&) const = default;
 };
 
 /// What the window shows.
@@ -42,16 +44,25 @@ struct GedSheet {
   std::string Path;  // that the caption names; empty for a new file
   std::string Base;  // name proposed when saving
   int ReadCount = 0;
+  bool operator==(const GedSheet&) const = default;
 };
 
 /// An empty sheet with the orientation parameters of the settings.
 GedSheet NewGedSheet(const Settings& settings);
 
 /// The text that a cell has after `text` was typed into it: for a number its plain form, or empty
-/// for blanks. Nothing when the number is outside the column's limits.
+/// for blanks; a text that is no number stays, to be marked. Nothing when the number that it is
+/// read as is outside the column's limits.
 std::optional<std::string> AcceptedGedText(int column, const std::string& text);
 /// Shows that a number was outside the limits.
 void RefuseGedCell(Dialogs& dialogs);
+
+/// The codes in the rows that are not taken out.
+SheetCodes CodesOf(const GedSheet& sheet);
+/// What is doubtful in a cell, row and column from 0, or nothing.
+std::string GedCellDoubt(const GedSheet& sheet, int row, int column, const SheetCodes& codes);
+/// The doubtful cells of the rows to be saved.
+SheetDoubts FindDoubts(const GedSheet& sheet, const SheetCodes& codes);
 
 /// Asks for files, reads them all and fills the sheet: the site from the first sample, a row for
 /// each sample. The session's geological records are those of the sheet then. False, with the sheet

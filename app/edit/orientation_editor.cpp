@@ -32,11 +32,6 @@ void NoteChange(OrientationEditor& editor, const std::string& line = {}) {
   editor.Line = line;
 }
 
-void ShowStoreRows(OrientationEditor& editor) {
-  editor.ShowsSamples = false;
-  NoteChange(editor);
-}
-
 void RefillLists(CodeLists& lists, Session& session) {
   RefillCodes(lists, session.Records, session.FoliCode, session.LineCode);
 }
@@ -77,12 +72,30 @@ bool WriteCurrentFile(Session& session, Dialogs& dialogs, Views& views, const Fi
 void LoadEditor(OrientationEditor& editor, const Session& session) {
   editor = {};
   FillGrid(editor.Grid, RowsOf(session.Records));
+  editor.CodeRoom = CodeRoom(session.CurrentExt);
   editor.Line =
       "Type in a cell, or paste a block of cells from a spreadsheet with Ctrl+V. Ctrl+Z takes the "
       "last change back.";
   if (!session.GeoRecords.Empty())
     editor.Line += " A geological file of " + PlainText(session.GeoRecords.Count()) +
                    " sample(s) is open for AssignGED.";
+}
+
+void ShowStoreRows(OrientationEditor& editor) {
+  editor.ShowsSamples = false;
+  NoteChange(editor);
+}
+
+void CollectCodes(OrientationEditor& editor) {
+  editor.Codes = CodesOf(editor.Shown(), editor.CodeRoom);
+}
+
+SheetDoubts DoubtsToSave(const OrientationEditor& editor) {
+  return FindDoubts(editor.Grid, CodesOf(editor.Grid, editor.CodeRoom));
+}
+
+bool HasUnsavedCells(const OrientationEditor& editor, const Session& session) {
+  return editor.Grid.Done > 0 && editor.Grid.Rows != RowsOf(session.Records);
 }
 
 void OpenGed(OrientationEditor& editor, Session& session, History& history, CodeLists& lists,

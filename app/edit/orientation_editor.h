@@ -19,6 +19,8 @@ struct OrientationEditor {
   EditGrid Grid;     // the rows of the store
   EditGrid Samples;  // the rows of the geological file that was opened last
   bool ShowsSamples = false;
+  int CodeRoom = 0;           // letters for a code in the file that "SAVE" writes; 0: no limit
+  SheetCodes Codes;           // of the rows shown, as `CollectCodes` found them
   std::vector<char> Matched;  // rows that "AssignGED" matched, empty after the next change
   std::string Line;           // what there is to say under the grid
 
@@ -49,6 +51,15 @@ void WriteGrid(OrientationEditor& editor, const Session& session);
 /// did; with these two the records in memory are changed. An overflow changes nothing.
 bool SaveGrid(OrientationEditor& editor, Session& session, History& history, CodeLists& lists,
               Dialogs& dialogs, Views& views);
+
+/// Shows the rows of the store in place of samples.
+void ShowStoreRows(OrientationEditor& editor);
+/// Looks at the codes of the rows shown; due after each change of them.
+void CollectCodes(OrientationEditor& editor);
+/// The doubtful cells of the rows that "SAVE" commits.
+SheetDoubts DoubtsToSave(const OrientationEditor& editor);
+/// Whether the grid has anything typed, pasted or assigned that the store does not have.
+bool HasUnsavedCells(const OrientationEditor& editor, const Session& session);
 
 /// Changes of the user: typing, and pasting a block. Nothing happens while samples are shown.
 void EditCells(OrientationEditor& editor, std::vector<CellText> texts);

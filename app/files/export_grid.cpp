@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "app/files/ask_file.h"
+#include "app/state/refusals.h"
 #include "app/tables/record_grid.h"
 #include "datafiles/file_faults.h"
 #include "datafiles/safe_write.h"
@@ -104,16 +105,16 @@ GridTexts RecordGridTexts(const Session& session) {
   return grid;
 }
 
-bool ExportGrid(const GridTexts& grid, const std::string& path, const ExportForm& form) {
+Outcome ExportGrid(const GridTexts& grid, const std::string& path, const ExportForm& form) {
   try {
     const std::uintmax_t kept = form.Append ? SizeOf(path) : 0;
     SafeWrite(path, [&](std::ostream& out) {
       if (kept > 0) CopyFile(path, kept, out);
       WriteRows(grid, form, kept == 0, out);
     });
-    return true;
-  } catch (const FileFault&) {
-    return false;
+    return {};
+  } catch (const FileFault& fault) {
+    return Outcome::Refused(Title, path + "\nThis file could not be written: " + fault.what());
   }
 }
 
@@ -134,11 +135,10 @@ void ExportData(const Session& session, Dialogs& dialogs, Views& views, DebugLog
   if (!answer) return;
   const int kind = std::clamp<int>(answer->FilterIndex, 1, std::ssize(ExportKinds));
   form.Delimiter = ExportKinds[kind - 1].Delimiter;
-  if (ExportGrid(RecordGridTexts(session), answer->Filename, form))
-    return ShowWritten(views, answer->Filename);
-  // Kept for agreement with published results: the user sees nothing of a file that can't be
-  // written.
-  log.DebugPrint("Export failed: " + answer->Filename);
+  const Outcome outcome = ExportGrid(RecordGridTexts(session), answer->Filename, form);
+  if (outcome) return ShowWritten(views, answer->Filename);
+  // Kept for agreement with published results: no box says so.
+  ReportRefusal(views, log, outcome.Text);
 }
 
 }  // namespace velorix

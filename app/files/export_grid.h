@@ -6,6 +6,7 @@
 #include "app/state/debug_log.h"
 #include "app/state/dialogs.h"
 #include "app/state/views.h"
+#include "base/outcome.h"
 #include "store/session.h"
 
 namespace velorix {
@@ -36,9 +37,9 @@ struct ExportForm {
 /// Writes the grid into a text file in Windows-1252, lines ended by CR LF. Behind every value come
 /// one blank and the delimiter; where the delimiter is nothing but blanks, the value fills fields
 /// of 14 characters. The header rows go only into a file without content. The memory it takes does
-/// not depend on the number of rows. False when the file could not be written, which then is as it
-/// was.
-bool ExportGrid(const GridTexts& grid, const std::string& path, const ExportForm& form);
+/// not depend on the number of rows. Refused when the file could not be written, which then is as
+/// it was; the text has path and reason.
+Outcome ExportGrid(const GridTexts& grid, const std::string& path, const ExportForm& form);
 
 /// A choice of the export dialog.
 struct ExportKind {
@@ -54,8 +55,8 @@ inline constexpr ExportKind ExportKinds[] = {
     {"tab", "Tab-delimited text file", "txt", "\t"},
 };
 
-/// Asks for a file and writes the record grid there. A file that can't be written is only noted in
-/// the log.
+/// Asks for a file and writes the record grid there. A file that can't be written is reported in
+/// the status line and the log.
 void ExportData(const Session& session, Dialogs& dialogs, Views& views, DebugLog& log);
 
 }  // namespace velorix

@@ -1,7 +1,9 @@
 #include "app/files/graphics_page.h"
 
 #include "app/display/display.h"
+#include "app/display/shown_group.h"
 #include "app/files/ask_file.h"
+#include "app/state/refusals.h"
 #include "app/tables/data_table.h"
 #include "base/fault.h"
 #include "base/rounding.h"
@@ -26,6 +28,10 @@ constexpr PlotGeometry XYPlotPlaces[] = {
     {.left = 60,  .bottom = 620, .width = 320, .height = 180, .fontHeight = 9, .symbolSize = 8, .barLeft = 23, .barRight = 31, .barTitle = 45},
     {.left = 530, .bottom = 620, .width = 320, .height = 180, .fontHeight = 9, .symbolSize = 8, .barLeft = 23, .barRight = 31, .barTitle = 45}};
 
+/// The line that says what the mean is of, at the left below the net and its legend.
+constexpr LogicalPoint MeanLinePlace = {60, 402};
+constexpr TextStyle MeanLineStyle = {.height = 11};
+
 /// A type of files. The filter of the metafile, the first one, gives a metafile under any name; for
 /// all others the extension alone counts.
 struct PageKind {
@@ -33,6 +39,7 @@ struct PageKind {
   const char* OtherExtension;  // that is the same type
   double Scale;                // of its pictures; 0: the host makes none
 };
+constexpr double VectorScale = 1;
 constexpr PageKind Kinds[] = {
     {"Windows metafile",                   "wmf", "",     0},
     {"Bitmap Files",                       "bmp", "",     BitmapScale},
@@ -40,8 +47,8 @@ constexpr PageKind Kinds[] = {
     {"Tagged Image Format",                "tif", "tiff", BitmapScale},
     {"Portable Network Graphics",          "png", "",     BitmapScale},
     {"Joint Photographic Experts Group",   "jpg", "jpeg", BitmapScale},
-    {"Scalable Vector Graphics",           "svg", "",     1},
-    {"Portable Document Format",           "pdf", "",     1},
+    {"Scalable Vector Graphics",           "svg", "",     VectorScale},
+    {"Portable Document Format",           "pdf", "",     VectorScale},
 };
 constexpr int MetafileFilter = 1;
 // clang-format on
@@ -66,14 +73,38 @@ PlaneSize Scaled(PlaneSize plane, double s) {
   return {ToLong(plane.width * s), ToLong(plane.height * s)};
 }
 
+/// Whether the page shows anything of the group statistics.
+bool ShowsGroup(const Velorix& velorix) {
+  const StereoOptions& net = velorix.Stereo;
+  return velorix.Page.stereonet && (net.showMean || net.showMeanEllipses ||
+                                    net.showBootstrapCloud || net.showBootstrapContours);
+}
+
+/// The page for paper and for files of vectors. A mean of another view than the net's is named
+/// below the net. Metafile, clipboard and pictures of pixels go without that line.
+void DrawVectorPage(const Velorix& velorix, Target& target) {
+  DrawGraphicsPage(velorix, target, VectorScale);
+  const std::string mean = ShowsGroup(velorix) ? MeanLabel(velorix) : "";
+  if (!mean.empty()) target.Text(mean, MeanLinePlace, MeanLineStyle);
+}
+
+/// What the status line says of a figure that is made: `done`, and that its mean is of another
+/// view.
+void ShowFigureDone(Velorix& velorix, std::string done) {
+  const std::string mean = ShowsGroup(velorix) ? MeanNotice(velorix) : "";
+  if (!done.empty() && !mean.empty()) done += ". ";
+  if (!(done += mean).empty()) velorix.Views.ShowStatus(done);
+}
+
 bool WriteMetafile(Velorix& velorix, const std::string& path) {
   const std::string bytes = GraphicsMetafile(velorix);
   try {
     SafeWrite(path, [&](std::ostream& out) { out << bytes; });
     return true;
   } catch (const FileFault& fault) {
-    // Kept for agreement with published results: the user sees nothing of it.
-    velorix.Log.DebugPrint("Metafile failed: " + path + ": " + fault.what());
+    // Kept for agreement with published results: no box says so.
+    ReportRefusal(velorix.Views, velorix.Log,
+                  path + "\nThis file could not be written: " + fault.what());
     return false;
   }
 }
@@ -108,15 +139,17 @@ void SaveGraphics(Velorix& velorix) {
   const auto answer = AskWhereToSave(velorix.Dialogs, question);
   if (!answer) return;
   if (ExportGraphics(velorix, answer->Filename, answer->FilterIndex != MetafileFilter))
-    ShowWritten(velorix.Views, answer->Filename);
+    ShowFigureDone(velorix, "Written: " + answer->Filename);
 }
 
 bool ExportGraphics(Velorix& velorix, const std::string& path, bool asBitmap) {
   if (!asBitmap) return WriteMetafile(velorix, path);
-  const auto draw = [&velorix](Target& target, double s) { DrawGraphicsPage(velorix, target, s); };
+  const auto draw = [&velorix](Target& target, double s) {
+    s == VectorScale ? DrawVectorPage(velorix, target) : DrawGraphicsPage(velorix, target, s);
+  };
   const Outcome outcome = SaveBitmapAs(velorix.Host, draw, path);
   if (outcome) return true;
-  velorix.Log.DebugPrint("Picture failed: " + outcome.Text);
+  ReportRefusal(velorix.Views, velorix.Log, outcome.Text);
   Show(velorix.Dialogs, Outcome::Refused(ExportTitle, path + "\nFile was not saved!"));
   return false;
 }
@@ -133,14 +166,20 @@ Outcome SaveBitmapAs(const Host& host, const std::function<void(Target&, double 
 
 void CopyGraphics(Velorix& velorix) {
   if (!velorix.Host.CopyPicture) return;
-  velorix.Host.CopyPicture(GraphicsMetafile(velorix), GraphicsPage,
-                           [&](Target& target) { DrawGraphicsPage(velorix, target, 1); });
+  const Outcome outcome =
+      velorix.Host.CopyPicture(GraphicsMetafile(velorix), GraphicsPage,
+                               [&](Target& target) { DrawGraphicsPage(velorix, target, 1); });
+  if (outcome) return ShowFigureDone(velorix, "");
+  // Kept for agreement with published results: no box says so.
+  ReportRefusal(velorix.Views, velorix.Log, outcome.Text);
 }
 
 void PrintGraphics(Velorix& velorix) {
   if (!velorix.Host.PrintPicture) return;
   Outcome outcome = velorix.Host.PrintPicture(
-      DocumentName, GraphicsPage, [&](Target& target) { DrawGraphicsPage(velorix, target, 1); });
+      DocumentName, GraphicsPage, [&](Target& target) { DrawVectorPage(velorix, target); });
+  if (outcome) return ShowFigureDone(velorix, "");
+  ReportRefusal(velorix.Views, velorix.Log, outcome.Text);
   outcome.Title = PrintTitle;
   Show(velorix.Dialogs, outcome);
 }

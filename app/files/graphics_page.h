@@ -23,11 +23,13 @@ void DrawGraphicsPage(const Velorix& velorix, Target& target, double s);
 /// The page as a metafile, with the header that makes it a file.
 std::string GraphicsMetafile(const Velorix& velorix);
 
-/// Asks for a file and writes the page there.
+/// Asks for a file and writes the page there. When the page is done, here and below, the status
+/// line names a mean that belongs to another view than the one shown; on paper, in SVG and in PDF
+/// the page does, too.
 void SaveGraphics(Velorix& velorix);
 
-/// Writes the page: as a metafile, which fails in silence, or as a picture of the extension's type,
-/// which shows a box when it fails. True on success. The old file stays when it fails.
+/// Writes the page: as a metafile, or as a picture of the extension's type, which shows a box when
+/// it fails. True on success. When it fails, status line and log say why, and the old file stays.
 bool ExportGraphics(Velorix& velorix, const std::string& path, bool asBitmap);
 
 /// Writes what `picture` draws on the page as a picture of the type of the path's extension: png,
@@ -36,7 +38,8 @@ bool ExportGraphics(Velorix& velorix, const std::string& path, bool asBitmap);
 Outcome SaveBitmapAs(const Host& host, const std::function<void(Target&, double s)>& picture,
                      const std::string& path);
 
-/// Puts the page on the clipboard, as vectors.
+/// Puts the page on the clipboard, as vectors. A clipboard that takes nothing is reported in the
+/// status line and the log.
 void CopyGraphics(Velorix& velorix);
 
 /// Prints the page.

@@ -1,6 +1,7 @@
 #include "app/files/open_flow.h"
 
 #include "app/display/display.h"
+#include "app/files/content_check.h"
 #include "app/files/file_kinds.h"
 #include "app/files/file_stamp.h"
 #include "text/paths.h"
@@ -14,20 +15,22 @@ struct ReadFiles {
   std::vector<OpenedFile> Opened;
 };
 
-/// Runs one of the readers over all files into one array, in the order of the files. False, with
-/// the reader's message shown, when one refuses.
-bool ReadAll(Session& session, Dialogs& dialogs, FileReader reader,
-             const std::vector<std::string>& paths, ReadFiles& read) {
+/// Reads files, each by the reader of its filter, into one array, in their order. False, with the
+/// reader's message shown, when one refuses.
+bool ReadAll(Session& session, Dialogs& dialogs, FileReader FileKind::*reader,
+             const std::vector<std::string>& paths, const std::vector<int>& filters,
+             ReadFiles& read) {
   std::swap(read.Records, session.Spare);
-  for (const std::string& path : paths) {
-    const FileStamp stamp = StampOf(path);
+  for (std::size_t i = 0; i < paths.size(); ++i) {
+    const FileStamp stamp = StampOf(paths[i]);
     const int before = read.Records.Count();
-    const Outcome outcome = reader(path, read.Records, session.Settings);
+    const FileKind& kind = KindOfFilter(filters[i]);
+    const Outcome outcome = (kind.*reader)(paths[i], read.Records, session.Settings);
     if (!outcome) {
       Show(dialogs, outcome);
       return false;
     }
-    read.Opened.push_back({read.Records.Count() - before, stamp});
+    read.Opened.push_back({filters[i], read.Records.Count() - before, stamp});
   }
   return true;
 }
@@ -63,11 +66,11 @@ void NameFiles(Session& session, const Host& host, const FileList& list, int fil
 }
 
 bool ReadAndReplace(Session& session, History& history, Dialogs& dialogs, const Host& host,
-                    const FileList& list, int filter) {
+                    const FileList& list, const std::vector<int>& filters) {
   ReadFiles read;
-  if (!ReadAll(session, dialogs, KindOfFilter(filter).Read, list.Paths(), read)) return false;
+  if (!ReadAll(session, dialogs, &FileKind::Read, list.Paths(), filters, read)) return false;
   Replace(session, history, {"Open " + list.FirstName, {NamesOf(session)}}, read);
-  NameFiles(session, host, list, filter);
+  NameFiles(session, host, list, filters.front());
   return true;
 }
 
@@ -75,9 +78,11 @@ bool ReadAndReplace(Session& session, History& history, Dialogs& dialogs, const 
 void Reread(Session& session, History& history, Dialogs& dialogs, Step step) {
   ReadFiles read;
   const std::vector<std::string>& paths = session.OpenFiles;
-  if (!paths.empty() &&
-      !ReadAll(session, dialogs, KindOfFilter(session.CurrentFilter).Reload, paths, read))
-    return;
+  // Files that were dropped together may be of several kinds.
+  std::vector<int> filters(paths.size(), session.CurrentFilter);
+  if (paths.size() > 1 && paths.size() == session.Opened.size())
+    for (std::size_t i = 0; i < paths.size(); ++i) filters[i] = session.Opened[i].Filter;
+  if (!ReadAll(session, dialogs, &FileKind::Reload, paths, filters, read)) return;
   Replace(session, history, std::move(step), read);
 }
 
@@ -110,7 +115,8 @@ bool OpenDataFiles(Session& session, History& history, Dialogs& dialogs, const H
   const auto chosen = AskForDataFiles(dialogs, action, question, takesMissing);
   if (!chosen) return false;
   if (chosen->Exists)
-    return ReadAndReplace(session, history, dialogs, host, chosen->List, chosen->Filter);
+    return ReadAndReplace(session, history, dialogs, host, chosen->List,
+                          std::vector<int>(chosen->List.Names.size(), chosen->Filter));
   history.Add(session, {"New " + chosen->List.FirstName, {NamesOf(session)}});
   NameFiles(session, host, chosen->List, chosen->Filter);
   return true;
@@ -120,18 +126,20 @@ bool OpenDroppedFiles(Session& session, History& history, Dialogs& dialogs, cons
                       const std::vector<std::string>& paths) {
   if (paths.empty()) return false;
   const FileList first = SplitFileList(paths.front());
-  const int filter = FilterOfExtension(ExtensionOf(first.FirstName));
-  if (filter == 0) {
-    dialogs.Ask(DataFileQuestion(session, FileAction::Open).Title,
-                first.FirstName + "\nFiles of this type cannot be opened here.", {"&OK"});
-    return false;
-  }
   FileList list{first.Folder, first.FirstName, {}};
+  std::vector<int> filters;
   for (const std::string& path : paths) {
     const FileList one = SplitFileList(path);
+    std::string why;
+    filters.push_back(FilterOfContent(path, session.Settings, why));
+    if (filters.back() == 0) {
+      dialogs.Ask(DataFileQuestion(session, FileAction::Open).Title,
+                  one.FirstName + "\nThis file cannot be opened here. " + why, {"&OK"});
+      return false;
+    }
     list.Names.push_back(one.Folder == first.Folder ? one.FirstName : path);
   }
-  return ReadAndReplace(session, history, dialogs, host, list, filter);
+  return ReadAndReplace(session, history, dialogs, host, list, filters);
 }
 
 void OpenPrevious(Session& session, History& history, Dialogs& dialogs) {

@@ -15,8 +15,9 @@ namespace velorix {
 bool OpenDataFiles(Session& session, History& history, Dialogs& dialogs, const Host& host,
                    FileAction action);
 
-/// Files handed over by a file manager, read together by the reader of the first one's extension.
-/// True when the session has a new file.
+/// Files handed over by a file manager, read together, each by the reader that its content asks
+/// for. True when the session has a new file; a file that is none of the known kinds refuses them
+/// all, with a sentence.
 bool OpenDroppedFiles(Session& session, History& history, Dialogs& dialogs, const Host& host,
                       const std::vector<std::string>& paths);
 

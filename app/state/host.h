@@ -23,7 +23,7 @@ struct Host {
                         const DrawPicture& draw)>
       WritePicture = {};
   /// On the clipboard, as the bytes of a metafile's file and in the host's own vectors.
-  std::function<void(const std::string& metafile, PlaneSize plane, const DrawPicture& draw)>
+  std::function<Outcome(const std::string& metafile, PlaneSize plane, const DrawPicture& draw)>
       CopyPicture = {};
   /// Asks for a printer and prints on it, the plane whole and undistorted.
   std::function<Outcome(const std::string& document, PlaneSize plane, const DrawPicture& draw)>

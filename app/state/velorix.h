@@ -8,6 +8,7 @@
 #include "app/state/contour_session.h"
 #include "app/state/debug_log.h"
 #include "app/state/dialogs.h"
+#include "app/state/group_subject.h"
 #include "app/state/history.h"
 #include "app/state/host.h"
 #include "app/state/page_options.h"
@@ -51,6 +52,7 @@ struct Velorix {
   PageOptions Page = {};
   OpenWindows Windows = {};
   velorix::GroupStats GroupStats = {};
+  GroupSubject GroupOf = {};  // what they were computed of
   std::vector<float> GaussTable = {};
   ContourSession Contour = {};
   DebugLog Log = {};

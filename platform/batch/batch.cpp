@@ -10,11 +10,13 @@
 #include "app/display/contour.h"
 #include "app/display/display.h"
 #include "app/edit/assign_ged.h"
+#include "app/files/content_check.h"
 #include "app/files/export_grid.h"
 #include "app/files/file_kinds.h"
 #include "app/files/graphics_page.h"
 #include "app/files/losses.h"
 #include "app/files/save.h"
+#include "app/state/refusals.h"
 #include "app/tables/data_table.h"
 #include "datafiles/ged_file.h"
 #include "datafiles/safe_write.h"
@@ -178,7 +180,12 @@ class Batch {
       for (const std::string& file : a_.Files) names += Absolute(file) + '\0';
     }
     dialogs_.Answers = {FileAnswer{names, a_.Filter}};
-    if (!Command("mnuOpen")) return false;
+    const bool opened = Command("mnuOpen");
+    if (const std::string doubt = ContentDoubt(velorix_.Session); !doubt.empty()) {
+      std::cerr << (views_.Status.starts_with(doubt) ? views_.Status : doubt) << "\n";
+      views_.Status.clear();
+    }
+    if (!opened) return false;
     if (velorix_.Session.RecordCount() > 0) return true;
     std::cerr << a_.Files.front() << ": no record could be read.\n";
     return false;
@@ -263,8 +270,10 @@ class Batch {
     if (a_.Grid.empty()) return true;
     const ExportForm form = {.Delimiter = ExportKinds[std::max(a_.Delimiter, 0)].Delimiter,
                              .Append = a_.Append};
-    if (ExportGrid(RecordGridTexts(velorix_.Session), Absolute(a_.Grid), form)) return true;
-    std::cerr << a_.Grid << ": The grid could not be written.\n";
+    const Outcome outcome = ExportGrid(RecordGridTexts(velorix_.Session), Absolute(a_.Grid), form);
+    if (outcome) return true;
+    ReportRefusal(velorix_.Views, velorix_.Log, outcome.Text);
+    std::cerr << views_.Status << "\n";
     return false;
   }
 
@@ -272,7 +281,7 @@ class Batch {
     if (a_.Page.empty()) return true;
     const bool asBitmap = UpperCase(ExtensionOf(a_.Page)) != "WMF";
     const bool written = ExportGraphics(velorix_, Absolute(a_.Page), asBitmap);
-    if (!written && !asBitmap) std::cerr << a_.Page << ": The page could not be written.\n";
+    if (!written) std::cerr << views_.Status << "\n";
     return written;
   }
 

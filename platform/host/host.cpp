@@ -67,6 +67,16 @@ bool IsInstalled(const fs::path& folder) {
          fs::is_directory(folder.parent_path() / "share" / "velorix", error);
 }
 
+/// Whether file dialogs leave the file out.
+bool IsHidden(const fs::path& path) {
+#ifdef _WIN32
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_HIDDEN) != 0)
+    return true;
+#endif
+  return path.filename().native().front() == '.';
+}
+
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// The run of digits at `at`, which moves behind it, without leading zeros.
@@ -132,7 +142,8 @@ std::vector<std::string> ListFolder(const std::string& folder, const std::string
        file.increment(error)) {
     std::error_code ignored;
     const std::string name = Utf8Of(file->path().filename());
-    if (file->is_regular_file(ignored) && UpperCase(ExtensionOf(name)) == wanted)
+    if (file->is_regular_file(ignored) && UpperCase(ExtensionOf(name)) == wanted &&
+        !IsHidden(file->path()))
       names.push_back(name);
   }
   std::sort(names.begin(), names.end(), NameBefore);

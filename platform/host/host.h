@@ -22,8 +22,8 @@ Host MakeHost(const std::string& executablePath);
 /// system has no such operation.
 std::error_code FlushToDevice(const std::filesystem::path& path);
 
-/// Names of the regular files in `folder` with `extension`, in any case, in the order in which file
-/// dialogs show them: `NameBefore`. A folder that can't be read has none.
+/// Names of the regular files in `folder`, but for hidden ones, with `extension`, in any case, in
+/// the order in which file dialogs show them: `NameBefore`. A folder that can't be read has none.
 std::vector<std::string> ListFolder(const std::string& folder, const std::string& extension);
 
 /// Whether name `a` stands before `b`: letters regardless of case, runs of digits by their value.

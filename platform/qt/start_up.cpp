@@ -12,7 +12,8 @@
 
 namespace velorix {
 
-constexpr int SplashTime = 2000;  // milliseconds that the splash stands behind the tables
+constexpr int SplashTime = 2000;   // milliseconds that the splash stands behind the tables
+constexpr int StatusTime = 10000;  // that the message of a command stands, before that of the log
 
 /// In the window's own size, or filling the screen where that size leaves no room for its frame:
 /// the line at the bottom must not be beyond the edge.
@@ -25,7 +26,10 @@ static void ShowWithFrame(QWidget& window) {
 
 void StartUp(Velorix& velorix, frmVelorix& window) {
   const auto yield = [] { QApplication::processEvents(); };
-  PrepareSession(velorix.Session, velorix.Log, velorix.Host);
+  const std::string notice = PrepareSession(velorix.Session, velorix.Log, velorix.Host);
+  velorix.Log.OnRefusal = [&window](const std::string& text) {
+    QTimer::singleShot(StatusTime, &window, [&window, text] { window.ShowStatus(text); });
+  };
   window.Load(velorix);
 
   frmSplash splash;
@@ -43,6 +47,7 @@ void StartUp(Velorix& velorix, frmVelorix& window) {
   window.activateWindow();
   yield();
   window.ShowStartTime(Elapsed(start));
+  if (!notice.empty()) window.ShowStatus(notice);
 }
 
 }  // namespace velorix

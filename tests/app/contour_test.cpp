@@ -146,11 +146,11 @@ TEST_F(ContourTest, ExportWritesWholeDegreesOfKmaxInStoreOrder) {
   Add(300.5, 0.2);
   Add(45, 45).Active = false;
   Add(7, -3.4);
-  GrevaExport(Program.Session, Program.Host.AppFolder, Asked, Seen);
+  GrevaExport(Program.Session, Program.Host.AppFolder, Asked, Seen, Program.Log);
   EXPECT_EQ(Bytes("examples/grevadata.txt"), "10/21\r\n301/0\r\n7/-3\r\n");
   EXPECT_NE(Seen.Status.find("3 directions"), std::string::npos);
   Now.Records.Clear();
-  GrevaExport(Now, Program.Host.AppFolder, Asked, Seen);
+  GrevaExport(Now, Program.Host.AppFolder, Asked, Seen, Program.Log);
   EXPECT_EQ(Bytes("examples/grevadata.txt"), "");
   EXPECT_TRUE(Asked.Boxes.empty());
 }

@@ -39,5 +39,17 @@ TEST_F(DebugLogFile, StartsEmptyAtEachRunAndPrintsNothingWhileOffOrNotOpened) {
   }
 }
 
+TEST_F(DebugLogFile, AFullDiskIsReportedOnceAndStopsNobody) {
+  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "this system has no full device";
+  DebugLog log;
+  std::string reported;
+  log.OnRefusal = [&reported](const std::string& text) { reported += text + "|"; };
+  log.Open("/dev/full");
+  log.DebugPrint("one");
+  log.DebugPrint("two");
+  EXPECT_EQ(reported, "/dev/full: The log could not be written: " +
+                          std::make_error_code(std::errc::no_space_on_device).message() + "|");
+}
+
 }  // namespace
 }  // namespace velorix

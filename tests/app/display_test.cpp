@@ -1,5 +1,6 @@
 #include "app/display/display.h"
 
+#include "app/display/shown_group.h"
 #include "app/tables/record_grid.h"
 #include "tests/app/script.h"
 
@@ -88,6 +89,44 @@ TEST_F(Display, TheListsRotateDisregardedRecordsTooButLeaveFactorsAlone) {
   Menu("mnuSelection(3)");
   EXPECT_EQ(Shown(), 2);
   EXPECT_NE(Now.Records[1].Fac[1], 77);
+}
+
+TEST_F(Display, AMeanOfAnotherViewThanTheOneShownSaysWhichItBelongsTo) {
+  OpenFile(WriteRecords("hill.ams", {Coded("S", "L"), Coded("S", "M"), Record("bare")}));
+  const std::string ofGeographic = "Mean: geographic, N = 3";
+  const std::string ofTectonic = "Mean: tectonic (foliation S vertical, lineation L north), N = 1";
+  // clang-format off
+  const std::tuple<const char*, std::function<void()>, std::string> steps[] = {
+      {"opened", [] {}, ""},
+      {"a plane that turns nothing here", [this] { ChooseTectoPlane(Program, 1); }, ""},
+      {"another system", [this] { ChooseCoorSys(Program, 3); }, ofGeographic},
+      {"back again", [this] { ChooseCoorSys(Program, 1); }, ""},
+      {"in phase, specimen", [this] { ChooseCoorSys(Program, 0); }, ofGeographic},
+      {"computed", [this] { Menu("mnuView(4)"); }, ""},
+      {"another axis", [this] { ChooseTectoAxis(Program, 2); }, ofTectonic},
+      {"and the axis back", [this] { ChooseTectoAxis(Program, 0); }, ""},
+      {"another lineation", [this] { ChooseLineation(Program, 1); }, ofTectonic},
+      {"computed again", [this] { Menu("mnuSelection(5)"); }, ""}};
+  // clang-format on
+  for (const auto& [what, step, label] : steps) {
+    step();
+    EXPECT_EQ(MeanLabel(Program), label) << what;
+  }
+  EXPECT_EQ(GroupHeading(Program),
+            "hill.ams, in-phase, tectonic (foliation S vertical, lineation M north), N = 1");
+  Menu("mnuClose");
+  ChooseCoorSys(Program, 0);
+  EXPECT_EQ(MeanLabel(Program) + GroupHeading(Program), "") << "of no records";
+}
+
+TEST_F(Display, DisregardedRecordsAreCountedBesideThoseShown) {
+  Fill({Coded("S", "L"), Record("bare"), Record("other")});
+  EXPECT_EQ(DisregardedLabel(Now), "");
+  SelectRecords(Program, {3});
+  Menu("mnuSelection(2)");
+  EXPECT_EQ(DisregardedLabel(Now), "1 of 3 disregarded, 2 shown");
+  Menu("mnuView(3)");  // which shows one of the other two
+  EXPECT_EQ(DisregardedLabel(Now), "1 of 3 disregarded, 1 shown");
 }
 
 TEST_F(Display, TheGridShowsTheMeanAndTheErrorsOfTheBlockAndAnyFactor) {

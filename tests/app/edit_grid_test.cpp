@@ -220,10 +220,17 @@ TEST(EditGrid, DoubtsTellWhatACellComesTo) {
       {17, "12", ""},  {17, "7", "The values on offer are 3, 6, 9, 12."},
       {18, "90", ""},  {20, "6", "The values on offer are 0, 90."},
       {20, "90000", "This number is too large."},
+      {3, "360", ""},  {3, "360.5", "Azimuths are from 0 to 360."},
+      {3, "-1", "Azimuths are from 0 to 360."},  {4, "-0.5", "Inclinations and plunges are from 0 to 90."},
+      {6, "400", "Azimuths are from 0 to 360."}, {7, "180", ""},
+      {7, "181", "Dips of foliations are from 0 to 180."},
+      {9, "361", "Azimuths are from 0 to 360."}, {10, "91", "Inclinations and plunges are from 0 to 90."},
+      {13, "120", ""}, {16, "120", "Inclinations and plunges are from 0 to 90."},
   };
   // clang-format on
   for (const auto& [column, text, doubt] : rows) {
     Editor e;
+    e.Type(4, "20");
     e.Type(column, text);
     EXPECT_EQ(CellDoubt(e.Grid, 1, column), doubt) << text;
     EXPECT_EQ(FindDoubts(e.Grid).Count, *doubt ? 1 : 0) << text;
@@ -232,12 +239,64 @@ TEST(EditGrid, DoubtsTellWhatACellComesTo) {
 
 TEST(EditGrid, AnglesWithoutACodeAreDoubtful) {
   Editor e;
+  e.Type(4, "20");
   e.Type(FoliationColumn(1), "");
   EXPECT_EQ(FindDoubts(e.Grid).Count, 0);  // the lineation's code keeps the pair
   e.Type(LineationColumn(1), "");
   EXPECT_EQ(FindDoubts(e.Grid).Count, 4);
   EXPECT_EQ(CellDoubt(e.Grid, 1, FoliationColumn(1) + 1),
             "Without a code these angles are not saved.");
+}
+
+// The cases of a code are told apart by the rotation, while its lists have capitals alone; a code
+// of two letters moves into the lineation's place in a RAN file.
+TEST(EditGrid, CodesAreHeldToTheFileAndToOneSpelling) {
+  // clang-format off
+  const std::tuple<const char*, int, const char*, const char*, const char*> rows[] = {
+      // file, column of the second row, its code, doubt of the first row's code, of the second row's
+      {"ams", 5, "S", "", ""},    {"ams", 5, "SB", "", ""},
+      {"ams", 5, "SBT", "", "The file has 2 letters for a code."},
+      {"ams", 5, "Žš", "", ""},   {"asc", 5, "SBT", "", ""},  {"AMS", 5, "SBT", "", ""},
+      {"ran", 5, "SB", "", "The file has 1 letter for a code."},
+      {"ams", 5, "s", "", "Another cell has S; the rotation finds capitals alone."},
+      {"ams", 11, "s", "", "Another cell has S; the rotation finds capitals alone."},
+      {"ams", 8, "s", "", ""},    // a lineation
+  };
+  // clang-format on
+  for (const auto& [file, column, code, first, second] : rows) {
+    Editor e(Oriented(), 2);
+    e.Type(column, code, 2);
+    const SheetCodes codes = CodesOf(e.Grid, CodeRoom(file));
+    EXPECT_EQ(CellDoubt(e.Grid, 1, 5, codes), first) << file << " " << code;
+    EXPECT_EQ(CellDoubt(e.Grid, 2, column, codes), second) << file << " " << code;
+  }
+}
+
+TEST(EditGrid, TheBoxListsTwelveCellsAndCountsTheRest) {
+  struct Box : Dialogs {
+    std::string Text;
+    int Answer = 0;
+    std::optional<FileAnswer> ShowOpen(const FileQuestion&) override { return {}; }
+    std::optional<FileAnswer> ShowSave(const FileQuestion&) override { return {}; }
+    int Ask(const std::string&, const std::string& text, const std::vector<std::string>&,
+            int) override {
+      Text = text;
+      return Answer;
+    }
+  } box;
+  Editor e(Oriented(), 14);
+  EXPECT_EQ(AskAboutDoubts(box, "", {}), DoubtAnswer::Save);
+  EXPECT_EQ(box.Text, "");
+  box.Answer = 1;
+  const SheetDoubts doubts = FindDoubts(e.Grid);  // each row's inclination of -20
+  EXPECT_EQ(AskAboutDoubts(box, "", doubts), DoubtAnswer::Show);
+  EXPECT_TRUE(box.Text.starts_with(
+      "14 cells are doubtful.\n\nRow 1, Orientation Inc: -20 - Inclinations and plunges are from 0 "
+      "to 90.\nRow 2, "));
+  EXPECT_NE(box.Text.find("\nRow 12, "), std::string::npos);
+  EXPECT_EQ(box.Text.find("\nRow 13, "), std::string::npos);
+  EXPECT_TRUE(box.Text.ends_with("\nand 2 more\n\nSave the sheet as it stands?")) << box.Text;
+  EXPECT_EQ(DoubtsLine(doubts), "14 cells are marked as doubtful, the first in row 1");
 }
 
 }  // namespace

@@ -153,15 +153,42 @@ TEST_F(OpenFlow, KeepsTheMovedNameWhenTheNextFileVanished) {
   EXPECT_EQ(Now.FolderFilePos, 2);
 }
 
-TEST_F(OpenFlow, OpensDroppedFilesByTheExtensionOfTheFirst) {
+TEST_F(OpenFlow, DroppedFilesAreSortedEachByItsContent) {
+  const auto drop = [this](const Texts& paths) {
+    Asked.Boxes.clear();
+    return OpenDroppedFiles(Now, Program.History, Asked, Program.Host, paths);
+  };
   std::filesystem::create_directories(Folder / "sub");
-  std::filesystem::rename(PathOf(WriteFile("b", 2)), Folder / "sub" / "b.ams");
-  EXPECT_TRUE(OpenDroppedFiles(Now, Program.History, Asked, Program.Host,
-                               {WriteFile("a", 1), Path("sub/b.ams")}));
-  EXPECT_EQ(Names(), "a1 b1 b2 ");
-  EXPECT_FALSE(OpenDroppedFiles(Now, Program.History, Asked, Program.Host, {Path("picture.png")}));
-  EXPECT_EQ(Asked.Boxes.size(), 1u);
-  EXPECT_EQ(Names(), "a1 b1 b2 ");
+  std::filesystem::rename(PathOf(WriteFile("b", 2)), Folder / "sub" / "SITE1.AMS");
+  ASSERT_TRUE(WriteRanFile(Path("c.dat"), ArrayOf({Record("c1")}), false, true));
+  EXPECT_TRUE(drop({WriteFile("a", 1), Path("sub/SITE1.AMS"), Path("c.dat")}));
+  EXPECT_EQ(Names(), "a1 b1 b2 c1 ");
+  Menu("mnuReload");  // each by its own reader again
+  EXPECT_EQ(Names(), "a1 b1 b2 c1 ");
+  const std::tuple<std::string, std::string> refused[] = {
+      {Put("picture.ams", "\x89PNG\r\n\x1A\n"), "picture.ams|It looks like a PNG picture."},
+      {Put("notes.txt", "to do\r\n"), "notes.txt|It looks like a text."},
+      {Put("empty", ""), "empty|It is no data file."}};
+  for (const auto& [path, text] : refused) {
+    EXPECT_FALSE(drop({Path("a.ams"), path}));
+    const std::size_t bar = text.find('|');
+    EXPECT_EQ(Asked.Boxes,
+              Texts{"Open File(s)|" + text.substr(0, bar) + "\nThis file cannot be opened here. " +
+                    text.substr(bar + 1) + "|&OK"});
+    EXPECT_EQ(Names(), "a1 b1 b2 c1 ");
+  }
+}
+
+TEST_F(OpenFlow, SaysWhenAFileLooksLikeOneOfAnotherKind) {
+  OpenFile(Put("picture.ams", "\x89PNG\r\n\x1A\n" + std::string(2000, '\1')));
+  EXPECT_TRUE(Seen.Status.starts_with("3 records read; picture.ams looks like a PNG picture"));
+  Menu("mnuUndo");
+  EXPECT_EQ(Names(), "");
+  OpenFile(WriteFile("a", 2), 2);
+  EXPECT_TRUE(Seen.Status.starts_with("19 records read; a.ams looks like an AMS file"));
+  Seen.Status.clear();
+  OpenFile(Path("a.ams"));
+  EXPECT_EQ(Seen.Status, "");
 }
 
 class Save : public ProgramTest {

@@ -84,7 +84,7 @@ TEST_F(GedEditor, NumbersAreHeldToTheirLimits) {
       {Azimuth, "360", "360"},     {Azimuth, "360.5", "refused"}, {Azimuth, "-1", "refused"},
       {Inc, "90", "90"},           {Inc, "91", "refused"},        {Plunge, "120", "refused"},
       {Dip, "120", "120"},         {Dip, "180.1", "refused"},     {Plunge, "0", "0"},
-      {Trend, " 12.50 ", "12.5"},  {Trend, "12,5", "12"},         {Trend, "abc", "0"},
+      {Trend, " 12.50 ", "12.5"},  {Trend, "12,5", "12,5"},       {Trend, "abc", "abc"},
       {Trend, "", ""},             {Trend, "  ", ""},             {Trend, "-0", "0"},
       {Trend, "1E400", "refused"}, {Name, " a b ", "a b"},        {Code, "7", "7"}};
   // clang-format on
@@ -92,6 +92,27 @@ TEST_F(GedEditor, NumbersAreHeldToTheirLimits) {
     EXPECT_EQ(AcceptedGedText(column, text).value_or("refused"), taken) << column << " " << text;
   RefuseGedCell(Asked);
   EXPECT_EQ(Asked.Boxes.back(), "Edit aniso|Input out of limits!|OK");
+}
+
+TEST_F(GedEditor, DoubtfulCellsOfTheRowsToSaveAreFound) {
+  Open(WriteGed("hill", 3));
+  const auto type = [this](int row, int column, const char* text) {
+    Sheet.Rows[static_cast<std::size_t>(row)].Cells[static_cast<std::size_t>(column)] = text;
+  };
+  EXPECT_EQ(FindDoubts(Sheet, CodesOf(Sheet)).Count, 0);
+  type(0, 4, "12,5");
+  type(1, 9, "a");  // beside the first foliation's "A"
+  type(1, 14, "95");
+  type(2, 1, "400");
+  Sheet.Rows[2].TakenOut = true;
+  std::string found;
+  for (const SheetDoubts::Cell& cell : FindDoubts(Sheet, CodesOf(Sheet)).First)
+    found += std::to_string(cell.Row) + "/" + std::to_string(cell.Column) + " " + cell.Text + "|";
+  EXPECT_EQ(
+      found,
+      "1/5 Row 1, Foliation1 Azimuth: 12,5 - A comma is no decimal point. This is read as "
+      "12.|2/10 Row 2, Foliation2: a - Another cell has A; the rotation finds capitals alone.|"
+      "2/15 Row 2, Lineation2 Plunge: 95 - Inclinations and plunges are from 0 to 90.|");
 }
 
 TEST_F(GedEditor, SavesTheRowsThatAreNotTakenOut) {

@@ -212,13 +212,14 @@ TEST_F(GraphicsPageTest, ExtensionChoosesTheEncoder) {
   }
 }
 
-TEST_F(GraphicsPageTest, OnlyTheMetafileFailsInSilence) {
+TEST_F(GraphicsPageTest, EveryFailureIsReportedAndOnlyTheMetafileHasNoBox) {
   const auto fails = [this](const std::string& name) {
     EXPECT_FALSE(Export(name));
     EXPECT_EQ(Asked.Boxes, Texts{"Export graphics|" + Path(name) + "\nFile was not saved!|&OK"});
   };
   for (const char* name : {"a.emf", "a", "a.", "a.jpg2"}) {
     fails(name);
+    EXPECT_EQ(Seen.Status, Path(name) + ": No encoder has this extension.");
     EXPECT_EQ(Written, Texts());
   }
   EXPECT_FALSE(ExportGraphics(Program, Path("a.wmf"), true)) << "the filter decides";
@@ -228,6 +229,13 @@ TEST_F(GraphicsPageTest, OnlyTheMetafileFailsInSilence) {
   fails("a.png");
   EXPECT_FALSE(Export("none/a.wmf"));
   EXPECT_EQ(Asked.Boxes, Texts());
+  EXPECT_TRUE(Seen.Status.starts_with(Path("none/a.wmf") + ": This file could not be written: "))
+      << Seen.Status;
+  Program.Host.CopyPicture = [](const std::string&, PlaneSize, const Host::DrawPicture&) {
+    return Outcome::Refused("", "taken");
+  };
+  Menu("mnuGraphicsCopy");
+  EXPECT_EQ(Seen.Status, "taken");
 }
 
 TEST_F(GraphicsPageTest, DialogAsksBeforeItWritesOverAFile) {
@@ -246,6 +254,40 @@ TEST_F(GraphicsPageTest, DialogAsksBeforeItWritesOverAFile) {
   EXPECT_EQ(Written, Texts{Path("new.bmp")});
 }
 
+// Vectors on paper and in files are this program's own, so they can carry the line; the other
+// targets stay as they are.
+TEST_F(GraphicsPageTest, AMeanOfAnotherViewIsNamedOnceAndBelowTheNetOfVectors) {
+  ChooseCoorSys(Program, 0);
+  std::vector<DrawCall> named = Page(1);
+  named.push_back(TextCall{"Mean: geographic, N = 8", {60, 402}, {.height = 11}});
+  const std::string notice = "The mean belongs to another view: geographic, N = 8.";
+  const auto save = [this](const char* name, int filter) {
+    Answer(Path(name), filter);
+    Menu("mnuGraphicsSave");
+    return Seen.Status;
+  };
+  EXPECT_EQ(save("a.svg", 7), "Written: " + Path("a.svg") + ". " + notice);
+  EXPECT_EQ(Drawn, named);
+  save("a.png", 5);
+  EXPECT_EQ(Drawn, Page(BitmapScale));
+  Program.Host.CopyPicture = [&](const std::string&, PlaneSize, const Host::DrawPicture& draw) {
+    Drawn = Recorded(draw);
+    return Outcome();
+  };
+  Menu("mnuGraphicsCopy");
+  EXPECT_EQ(Drawn, Page(1));
+  EXPECT_EQ(Seen.Status, notice);
+  Program.Host.PrintPicture = [&](const std::string&, PlaneSize, const Host::DrawPicture& draw) {
+    Drawn = Recorded(draw);
+    return Outcome();
+  };
+  Menu("mnuGraphicsPrint");
+  EXPECT_EQ(Drawn, named);
+  Program.Page.stereonet = false;  // a page without the mean says nothing of it
+  EXPECT_EQ(save("b.svg", 7), "Written: " + Path("b.svg"));
+  EXPECT_EQ(Drawn, Page(1));
+}
+
 TEST_F(GraphicsPageTest, ClipboardAndPrinterGetThePage) {
   std::string metafile, document;
   Program.Host.CopyPicture = [&](const std::string& bytes, PlaneSize plane,
@@ -253,6 +295,7 @@ TEST_F(GraphicsPageTest, ClipboardAndPrinterGetThePage) {
     metafile = bytes;
     EXPECT_EQ(plane, GraphicsPage);
     Drawn = Recorded(draw);
+    return Outcome();
   };
   Menu("mnuGraphicsCopy");
   EXPECT_EQ(metafile, GraphicsMetafile(Program));

@@ -2,6 +2,7 @@
 
 #include "app/edit/factor_choice.h"
 #include "app/edit/orientation_parameters.h"
+#include "app/startup.h"
 #include "datafiles/settings_file.h"
 #include "tests/app/script.h"
 
@@ -40,6 +41,18 @@ TEST_F(FactorChoice, NamesAreTakenAsTheyAreAndCutAtABlankAtTheNextStart) {
   EXPECT_TRUE(SettingsRead(next, Now.SettingsFile));
   EXPECT_EQ(next.FacName[2], "my");  // wanted
   EXPECT_EQ(next.FacName[3], "P");
+}
+
+TEST_F(FactorChoice, SettingsThatCannotBeReadAreReportedAtTheStart) {
+  Program.Host.AppFolder = Path("program");
+  Program.Host.DataRoot = Path("data");
+  const auto start = [this] { return PrepareSession(Now, Program.Log, Program.Host); };
+  EXPECT_EQ(start(), "") << "at the first start there is no file";
+  EXPECT_EQ(start(), "");
+  Put("program/MarloAniso.sav", "damaged");
+  EXPECT_EQ(start(), Now.SettingsFile +
+                         ": The settings could not be read. The defaults have taken their place.");
+  EXPECT_EQ(start(), "");
 }
 
 class OrientationParameters : public ProgramTest {

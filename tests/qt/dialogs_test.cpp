@@ -161,6 +161,23 @@ class DialogsTest : public WindowTest {
     QCOMPARE(Look("lblJelinek(2) lblJelinek(33) lblJelinek(42) lblJelinek(60)"), "|||");
   }
 
+  void aListAboveTheGridLeavesTheNumbersWithTheirViewInSight() {
+    W().Open(W().WriteFile("hill", 5));
+    OpenForm("mnuAnalysis(1)", "frmGroupStatistics");
+    const auto shows = [this](const QString& names) { return velorix::Look(W().Window, names); };
+    QCOMPARE(Look("lblGroupOf"), "hill.ams, in-phase, geographic, N = 5");
+    QCOMPARE(shows("lblMean lblDisregarded"), "|");
+    ChooseCoorSys(W().Program, 0);
+    QCOMPARE(shows("lblMean"), "Mean: geographic, N = 5");
+    QVERIFY(W().The<QWidget>("lblMean").isVisible());
+    QVERIFY(Look("lblGroupOf").startsWith("hill.ams, in-phase, geographic, N = 5\nAnother view"));
+    SelectRecords(W().Program, {1, 2});
+    W().Run("mnuSelection(2)");
+    QCOMPARE(Look("lblGroupOf"), "hill.ams, in-phase, specimen, N = 3");
+    QCOMPARE(shows("lblMean lblDisregarded"), "|2 of 5 disregarded, 3 shown");
+    QVERIFY(!W().The<QWidget>("lblMean").isVisible());
+  }
+
   void theStatisticsAreCopiedAsTextAndNameTheErrorsUnderTheirHeading() {
     OpenForm("mnuAnalysis(1)", "frmGroupStatistics");
     Press("cmdCopy");

@@ -133,6 +133,35 @@ class GedEditorWindowTest : public WindowTest {
     QCOMPARE(Taken(W().Path("out.ged")), "hill1 hill3");
   }
 
+  void doubtfulCellsAreMarkedAndAskedAboutAndEscapeAsksBeforeItDiscards() {
+    Open(WriteGed("hill", 2));
+    Key(Qt::Key_Escape);  // nothing was typed
+    QTRY_VERIFY(!form_);
+    Open(WriteGed("hill", 2));
+    Type(1, 7, "12,5");
+    const QModelIndex cell = Grid().model()->index(1, 7);
+    QCOMPARE(cell.data().toString(), "12,5");
+    QCOMPARE(cell.data(Qt::BackgroundRole).value<QColor>(), QColor(0xFFC0C0));
+    QVERIFY(cell.data(Qt::ToolTipRole).toString().endsWith("This is read as 12."));
+    QCOMPARE(Look("lblDoubts"), "1 cell is marked as doubtful, in row 2");
+    Grid().setCurrentIndex(Grid().model()->index(0, 0));
+    W().Asked.Buttons = {1};
+    Press("cmdOK");
+    QVERIFY(
+        Boxes().back().starts_with("Geological file editor|1 cell is doubtful.\n\nRow 2, "
+                                   "Lineation1 Trend: 12,5 - A comma"));
+    QCOMPARE(Grid().currentIndex(), cell);
+    W().Asked.Buttons = {1};
+    Key(Qt::Key_Escape);
+    QCOMPARE(Boxes().back(),
+             "Geological file editor|Discard what was typed?|&Discard|&Keep editing");
+    QVERIFY(form_ && form_->isVisible());
+    Answer(W().Path("out.ged"));
+    Press("cmdOK");  // and Save in the box
+    RecordArray records;
+    QVERIFY(ReadGedFile(W().Path("out.ged"), records) && records[2].LineTrend[1] == 12);
+  }
+
   void nothingIsSavedWithoutAFileOrAfterCancelAndClose() {
     const std::string path = WriteGed("hill", 2);
     for (const bool cancel : {true, false}) {

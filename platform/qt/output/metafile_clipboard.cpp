@@ -30,19 +30,20 @@ void Put(UINT format, HGLOBAL block) {
 
 }  // namespace
 
-void PutOnClipboard(const std::string& metafile, const std::string& svg) {
+bool PutOnClipboard(const std::string& metafile, const std::string& svg) {
   METAFILEPICT picture = {MM_ANISOTROPIC, Width, Height, nullptr};
   picture.hMF = SetMetaFileBitsEx(static_cast<UINT>(metafile.size()),
                                   reinterpret_cast<const BYTE*>(metafile.data()));
-  if (!picture.hMF) return;
+  if (!picture.hMF) return false;
   if (!OpenClipboard(nullptr)) {
     DeleteMetaFile(picture.hMF);
-    return;
+    return false;
   }
   EmptyClipboard();
   Put(CF_METAFILEPICT, Block(&picture, sizeof picture));
   Put(RegisterClipboardFormatW(L"image/svg+xml"), Block(svg.data(), svg.size()));
   CloseClipboard();
+  return true;
 }
 
 }  // namespace velorix

@@ -45,13 +45,14 @@ void GivePictures(Host& host, QWidget* owner) {
   };
 }
 
-void CopyPicture([[maybe_unused]] const std::string& metafile, PlaneSize plane,
-                 const Host::DrawPicture& draw) {
+Outcome CopyPicture([[maybe_unused]] const std::string& metafile, PlaneSize plane,
+                    const Host::DrawPicture& draw) {
   const QByteArray svg = PictureBytes("svg", plane, 1, draw);
 #ifdef _WIN32
   MetafileTarget picture(std::nullopt);  // the clipboard gives the extent itself
   draw(picture);
-  PutOnClipboard(picture.Bits(), svg.toStdString());
+  if (!PutOnClipboard(picture.Bits(), svg.toStdString()))
+    return Outcome::Refused("Copy", "The clipboard could not be opened. Nothing was copied.");
 #else
   auto* data = new QMimeData;
   const QByteArray bytes = QByteArray::fromStdString(metafile);  // which all names share
@@ -59,6 +60,7 @@ void CopyPicture([[maybe_unused]] const std::string& metafile, PlaneSize plane,
   data->setData("image/svg+xml", svg);
   QGuiApplication::clipboard()->setMimeData(data);
 #endif
+  return {};
 }
 
 PlaneFit PrintPlace(PlaneSize plane, const QSizeF& page) {

@@ -16,8 +16,8 @@ namespace velorix {
 void GivePictures(Host& host, QWidget* owner);
 
 /// Puts a picture on the clipboard as a metafile and as SVG, never as pixels: what takes it gets
-/// vectors.
-void CopyPicture(const std::string& metafile, PlaneSize plane, const Host::DrawPicture& draw);
+/// vectors. Refused where another program holds the clipboard.
+Outcome CopyPicture(const std::string& metafile, PlaneSize plane, const Host::DrawPicture& draw);
 
 /// Where a plane lies on a printed page: undistorted, a tenth of the page from the left and a
 /// twentieth from the top, at most 0.8 of its width and height.

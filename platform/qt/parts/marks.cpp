@@ -1,6 +1,7 @@
 #include "platform/qt/parts/marks.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QLabel>
 #include <QPalette>
 
 namespace velorix {
@@ -18,6 +19,14 @@ QColor MarkColour(Mark mark) {
       return dark ? QColor(0x26, 0x30, 0x3C) : QColor(0xEE, 0xF3, 0xF8);
   }
   return {};
+}
+
+void MarkLabel(QLabel& label, bool marked) {
+  QPalette palette = QApplication::palette();
+  palette.setColor(QPalette::Window, MarkColour(Mark::Doubt));
+  palette.setColor(QPalette::WindowText, palette.color(QPalette::Text));
+  label.setPalette(palette);
+  label.setAutoFillBackground(marked);
 }
 
 }  // namespace velorix

@@ -2,6 +2,8 @@
 
 #include <QColor>
 
+class QLabel;
+
 namespace velorix {
 
 /// What the background of a cell or field means.
@@ -14,5 +16,8 @@ enum class Mark {
 
 /// The ground's colour; the desktop's text, dark on light or light on dark, can be read on it.
 QColor MarkColour(Mark mark);
+
+/// Gives a line of text the ground of a doubt, or takes it away.
+void MarkLabel(QLabel& label, bool marked);
 
 }  // namespace velorix

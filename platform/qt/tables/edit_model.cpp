@@ -8,6 +8,7 @@
 namespace velorix {
 
 void EditModel::Refresh() {
+  CollectCodes(editor_);
   const int rows = editor_.Shown().RowCount();
   if (rows != rows_ || editor_.ShowsSamples != showsSamples_) {
     beginResetModel();
@@ -50,7 +51,7 @@ QVariant EditModel::data(const QModelIndex& index, int role) const {
 /// What is doubtful in a cell, else what a parameter's value means.
 QVariant EditModel::Tip(int row, int column) const {
   const EditGrid& grid = editor_.Shown();
-  if (const std::string doubt = CellDoubt(grid, row, column); !doubt.empty())
+  if (const std::string doubt = CellDoubt(grid, row, column, editor_.Codes); !doubt.empty())
     return ToQString(doubt);
   if (EditColumnAt(column).Kind != EditKind::Parameter) return ToQString(grid.Cell(row, column));
   const auto value = static_cast<std::int16_t>(NumberOf(grid.Cell(row, column)));
@@ -58,7 +59,8 @@ QVariant EditModel::Tip(int row, int column) const {
 }
 
 QVariant EditModel::Back(int row, int column) const {
-  if (!CellDoubt(editor_.Shown(), row, column).empty()) return MarkColour(Mark::Doubt);
+  if (!CellDoubt(editor_.Shown(), row, column, editor_.Codes).empty())
+    return MarkColour(Mark::Doubt);
   const auto at = static_cast<std::size_t>(row - 1);
   if (!editor_.ShowsSamples && at < editor_.Matched.size() && editor_.Matched[at])
     return MarkColour(Mark::Matched);

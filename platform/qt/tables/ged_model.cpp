@@ -8,7 +8,17 @@ namespace velorix {
 
 void GedModel::Refresh() {
   beginResetModel();
+  codes_ = CodesOf(sheet_);
   endResetModel();
+}
+
+void GedModel::RefreshDoubts() {
+  codes_ = CodesOf(sheet_);
+  emit dataChanged(index(0, 0), index(rowCount() - 1, GedColumnCount - 1));
+}
+
+std::string GedModel::Doubt(const QModelIndex& index) const {
+  return IsNew(index.row()) ? "" : GedCellDoubt(sheet_, index.row(), index.column(), codes_);
 }
 
 int GedModel::rowCount(const QModelIndex& parent) const {
@@ -27,15 +37,19 @@ Qt::ItemFlags GedModel::flags(const QModelIndex& index) const {
 
 QVariant GedModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
-  const bool number = GedColumnAt(index.column()).IsNumber;
+  const bool number = GedColumnAt(index.column()).Range;
   if (role == Qt::TextAlignmentRole) {
     const auto side = number                ? Qt::AlignRight
                       : index.column() == 0 ? Qt::AlignLeft
                                             : Qt::AlignHCenter;  // a code
     return QVariant(side | Qt::AlignVCenter);
   }
-  // Every other three columns belong together.
-  if (role == Qt::BackgroundRole && index.column() / 3 % 2 == 1) return MarkColour(Mark::Group);
+  if (role == Qt::ToolTipRole) return ToQString(Doubt(index));
+  if (role == Qt::BackgroundRole) {
+    if (!Doubt(index).empty()) return MarkColour(Mark::Doubt);
+    // Every other three columns belong together.
+    return index.column() / 3 % 2 == 1 ? MarkColour(Mark::Group) : QVariant();
+  }
   if ((role != Qt::DisplayRole && role != Qt::EditRole) || IsNew(index.row())) return {};
   const GedRow& row = sheet_.Rows[static_cast<std::size_t>(index.row())];
   return ToQString(row.Cells[static_cast<std::size_t>(index.column())]);
@@ -57,15 +71,15 @@ bool GedModel::setData(const QModelIndex& index, const QVariant& value, int role
   }
   GedRow& row = sheet_.Rows[static_cast<std::size_t>(index.row())];
   row.Cells[static_cast<std::size_t>(index.column())] = *text;
-  emit dataChanged(index, index);
+  RefreshDoubts();  // a code decides on others, too
   return true;
 }
 
 QVariant GedModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation == Qt::Horizontal) {
     const GedColumn& column = GedColumnAt(section);
-    if (role == Qt::ToolTipRole && column.IsNumber)
-      return QString("Degrees, 0 to %1").arg(column.Highest);
+    if (role == Qt::ToolTipRole && column.Range)
+      return QString("Degrees, 0 to %1").arg(column.Range->Highest);
     if (role == Qt::ToolTipRole) return QString("At most %1 character(s)").arg(column.Characters);
     return role == Qt::DisplayRole ? QString(column.Caption) : QVariant();
   }

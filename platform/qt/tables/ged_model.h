@@ -10,11 +10,15 @@ namespace velorix {
 /// The rows of a sheet, and below them an empty one that takes the next sample.
 class GedModel : public QAbstractTableModel {
  public:
-  explicit GedModel(GedSheet& sheet) : sheet_(sheet) {}
+  explicit GedModel(GedSheet& sheet) : sheet_(sheet), codes_(CodesOf(sheet)) {}
 
   /// Called when a number was outside the limits; the cell keeps what it had.
   std::function<void()> OnRefused;
 
+  /// Marks the doubtful cells again, after rows were taken out or brought back.
+  void RefreshDoubts();
+  /// The codes in the sheet, which decide on doubts.
+  const SheetCodes& Codes() const { return codes_; }
   /// Takes the whole sheet again.
   void Refresh();
   /// Whether the row is the one for the next sample.
@@ -28,7 +32,10 @@ class GedModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
+  std::string Doubt(const QModelIndex& index) const;
+
   GedSheet& sheet_;
+  SheetCodes codes_;
 };
 
 }  // namespace velorix

@@ -16,6 +16,7 @@
 
 #include "app/display/contour.h"
 #include "app/files/ask_file.h"
+#include "app/state/refusals.h"
 #include "platform/painting/picture_file.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/marks.h"
@@ -39,11 +40,7 @@ QLabel* MakeLabel(const char* name, const char* tip, QWidget* parent) {
 
 /// A line that is marked while it has a text.
 void ShowNotice(QLabel& label, const QString& text) {
-  QPalette palette = QApplication::palette();
-  palette.setColor(QPalette::Window, MarkColour(Mark::Doubt));
-  palette.setColor(QPalette::WindowText, palette.color(QPalette::Text));
-  label.setPalette(palette);
-  label.setAutoFillBackground(!text.isEmpty());
+  MarkLabel(label, !text.isEmpty());
   label.setText(text);
 }
 
@@ -287,15 +284,18 @@ void frmContour::SavePicture() {
     const auto answer = AskWhereToSave(velorix_.Dialogs, question);
     if (!answer) return;
     constexpr double Scale = 3;  // pixels of a unit
-    Show(velorix_.Dialogs,
-         WritePicture(answer->Filename, ContourPlane, Scale,
-                      [this](Target& target) { DrawContourPicture(velorix_.Contour, target); }));
+    const Outcome outcome =
+        WritePicture(answer->Filename, ContourPlane, Scale,
+                     [this](Target& target) { DrawContourPicture(velorix_.Contour, target); });
+    if (!outcome) ReportRefusal(velorix_.Views, velorix_.Log, outcome.Text);
+    Show(velorix_.Dialogs, outcome);
   });
 }
 
 void frmContour::Export() {
   Work(velorix_, [this] {
-    GrevaExport(velorix_.Session, velorix_.Host.AppFolder, velorix_.Dialogs, velorix_.Views);
+    GrevaExport(velorix_.Session, velorix_.Host.AppFolder, velorix_.Dialogs, velorix_.Views,
+                velorix_.Log);
   });
 }
 

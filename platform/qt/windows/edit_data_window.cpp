@@ -1,5 +1,6 @@
 #include "platform/qt/windows/edit_data_window.h"
 
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -12,9 +13,11 @@
 
 namespace velorix {
 
+constexpr char Title[] = "Edit Orientation Data";
+
 frmEditData::frmEditData(Velorix& velorix, QWidget* owner) : QDialog(owner), velorix_(velorix) {
   setObjectName("frmEditData");
-  setWindowTitle("Edit Orientation Data");
+  setWindowTitle(Title);
   LoadEditor(editor_, velorix_.Session);
   table_ = new EditTable(editor_, this);
   line_ = new QLabel(this);
@@ -85,24 +88,37 @@ QHBoxLayout* frmEditData::MakeButtons() {
   AddButton(
       *row, "cmdRead", "SAVE",
       "Put the grid into the records and write the open file (.ams, .ran); then close (Ctrl+S)",
-      QKeySequence("Ctrl+S"), [this] {
-        if (SaveGrid(editor_, velorix_.Session, velorix_.History, velorix_.Lists, velorix_.Dialogs,
-                     velorix_.Views))
-          accept();
-      });
-  AddButton(*row, "cmdCancel", "CANCEL", "Close without saving (Esc)", {}, [this] { reject(); });
+      QKeySequence("Ctrl+S"), [this] { Save(); });
+  AddButton(*row, "cmdCancel", "CANCEL", "Close without saving (Esc asks before)", {},
+            [this] { reject(); });
   return row;
+}
+
+void frmEditData::Save() {
+  const SheetDoubts doubts = DoubtsToSave(editor_);
+  const DoubtAnswer answer = AskAboutDoubts(velorix_.Dialogs, Title, doubts);
+  if (answer == DoubtAnswer::Show) {
+    if (editor_.ShowsSamples) ShowStoreRows(editor_);
+    table_->Refresh();
+    const SheetDoubts::Cell& first = doubts.First.front();
+    table_->setCurrentIndex(table_->Cells().index(first.Row - 1, first.Column - 1));
+  } else if (answer == DoubtAnswer::Save &&
+             SaveGrid(editor_, velorix_.Session, velorix_.History, velorix_.Lists, velorix_.Dialogs,
+                      velorix_.Views)) {
+    accept();
+  }
+}
+
+void frmEditData::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Cancel) && HasUnsavedCells(editor_, velorix_.Session) &&
+      !AskToDiscard(velorix_.Dialogs, Title))
+    return event->accept();
+  QDialog::keyPressEvent(event);
 }
 
 void frmEditData::ShowLines() {
   line_->setText(ToQString(editor_.Line));
-  const GridDoubts doubts = FindDoubts(editor_.Shown());
-  if (doubts.Count == 0) return doubts_->clear();
-  doubts_->setText(doubts.Count == 1
-                       ? QString("1 cell is marked as doubtful, in row %1").arg(doubts.FirstRow)
-                       : QString("%1 cells are marked as doubtful, the first in row %2")
-                             .arg(doubts.Count)
-                             .arg(doubts.FirstRow));
+  doubts_->setText(ToQString(DoubtsLine(FindDoubts(editor_.Shown(), editor_.Codes))));
 }
 
 }  // namespace velorix

@@ -18,10 +18,15 @@ class frmEditData : public QDialog {
  public:
   frmEditData(Velorix& velorix, QWidget* owner);
 
+ protected:
+  /// Esc asks before it closes the window over what was typed.
+  void keyPressEvent(QKeyEvent* event) override;
+
  private:
   void AddButton(QHBoxLayout& row, const char* name, const char* caption, const char* tip,
                  const QKeySequence& key, const std::function<void()>& work);
   QHBoxLayout* MakeButtons();
+  void Save();
   void ShowLines();
 
   Velorix& velorix_;

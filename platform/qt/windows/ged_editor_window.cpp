@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -91,6 +92,8 @@ frmGEDEditor::frmGEDEditor(Velorix& velorix, QWidget* owner)
   resize(QSize(width, height).boundedTo(screen()->availableSize() * 0.95));
   ShowCaption();
   ShowSite();
+  connect(&model_, &QAbstractItemModel::dataChanged, this, [this] { ShowDoubts(); });
+  connect(&model_, &QAbstractItemModel::modelReset, this, [this] { ShowDoubts(); });
 }
 
 void frmGEDEditor::MakeMenu() {
@@ -172,7 +175,12 @@ QLayout* frmGEDEditor::MakeButtons() {
   add("cmdRestore", "RESTORE ALL", "Bring all rows back (Ctrl+R)", "Ctrl+R", [this] { Restore(); });
   // Kept for agreement with published results: an entry without an action.
   add("cmdCopy1stRow", "COPY 1ST ROW TO ALL", "This button has no action", "", [] {});
-  row->addStretch(1);
+  doubts_ = new QLabel(this);
+  doubts_->setObjectName("lblDoubts");
+  doubts_->setToolTip("A cell's tip says what is wrong with it");
+  doubts_->setAlignment(Qt::AlignCenter);
+  doubts_->setMinimumWidth(1);  // the buttons alone decide on the window's width
+  row->addWidget(doubts_, 1);
   add("cmdOK", "OK", "Save to a file and close (Ctrl+S)", "Ctrl+S", [this] { Save(); });
   add("cmdCancel", "CANCEL", "Close without saving (Ctrl+W)", "", [this] { close(); });
   return row;
@@ -194,6 +202,8 @@ void frmGEDEditor::ShowSite() {
     if (list.findText(shown) < 0) list.addItem(shown);  // a file may have any value
     list.setCurrentText(shown);
   }
+  TakeSite();  // as the fields have room for it, so that what is typed differs from it
+  read_ = sheet_;
 }
 
 void frmGEDEditor::TakeSite() {
@@ -210,6 +220,20 @@ bool frmGEDEditor::EndTyping() {
   return !refused_;
 }
 
+void frmGEDEditor::ShowDoubts() {
+  doubts_->setText(ToQString(DoubtsLine(FindDoubts(sheet_, model_.Codes()))));
+}
+
+bool frmGEDEditor::HasUnsaved() {
+  TakeSite();
+  return sheet_ != read_;
+}
+
+void frmGEDEditor::keyPressEvent(QKeyEvent* event) {
+  if (!event->matches(QKeySequence::Cancel)) return QMainWindow::keyPressEvent(event);
+  if (!HasUnsaved() || AskToDiscard(velorix_.Dialogs, "Geological file editor")) close();
+}
+
 void frmGEDEditor::Open() {
   if (!EndTyping()) return;
   Work(velorix_, [this] {
@@ -224,6 +248,14 @@ void frmGEDEditor::Open() {
 void frmGEDEditor::Save() {
   if (!EndTyping()) return;
   TakeSite();
+  const SheetDoubts doubts = FindDoubts(sheet_, model_.Codes());
+  const DoubtAnswer answer = AskAboutDoubts(velorix_.Dialogs, "Geological file editor", doubts);
+  if (answer == DoubtAnswer::Show) {
+    const SheetDoubts::Cell& first = doubts.First.front();
+    grid_->setCurrentIndex(model_.index(first.Row - 1, first.Column - 1));
+    grid_->setFocus();
+  }
+  if (answer != DoubtAnswer::Save) return;
   bool saved = false;
   Work(velorix_, [&] { saved = SaveGedFile(velorix_.Session, velorix_.Dialogs, sheet_); });
   if (saved) close();
@@ -238,12 +270,14 @@ void frmGEDEditor::Delete() {
     grid_->setRowHidden(index.row(), true);
   }
   grid_->clearSelection();
+  model_.RefreshDoubts();
   grid_->setUpdatesEnabled(true);
 }
 
 void frmGEDEditor::Restore() {
   if (!EndTyping()) return;
   for (GedRow& row : sheet_.Rows) row.TakenOut = false;
+  model_.RefreshDoubts();
   ShowAllRows();
 }
 

@@ -6,6 +6,7 @@
 #include "platform/qt/tables/ged_model.h"
 
 class QComboBox;
+class QLabel;
 class QLineEdit;
 
 namespace velorix {
@@ -19,6 +20,8 @@ class frmGEDEditor : public QMainWindow {
   frmGEDEditor(Velorix& velorix, QWidget* owner);
 
  protected:
+  /// Esc closes the window, and asks before when something typed would be lost.
+  void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
@@ -30,6 +33,8 @@ class frmGEDEditor : public QMainWindow {
   void ShowSite();
   void TakeSite();
   bool EndTyping();
+  void ShowDoubts();
+  bool HasUnsaved();
   void Open();
   void Save();
   void Delete();
@@ -37,9 +42,10 @@ class frmGEDEditor : public QMainWindow {
   void ShowAllRows();
 
   Velorix& velorix_;
-  GedSheet sheet_;
+  GedSheet sheet_, read_;  // as it stands, and as it was opened
   GedModel model_;
   FrozenTable* grid_ = nullptr;
+  QLabel* doubts_ = nullptr;
   bool refused_ = false;  // a cell, and the user has yet to see it
   struct Field {
     QLineEdit* Box;

@@ -10,8 +10,10 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "app/display/shown_group.h"
 #include "app/tables/group_table.h"
 #include "platform/qt/parts/change_buttons.h"
+#include "platform/qt/parts/marks.h"
 #include "platform/qt/parts/widgets.h"
 
 namespace velorix {
@@ -40,6 +42,13 @@ frmGroupStatistics::frmGroupStatistics(const Velorix& velorix, QWidget* owner)
   setObjectName("frmGroupStatistics");
   setWindowTitle("Group Statistics");
   setAttribute(Qt::WA_QuitOnClose, false);
+  heading_ = new QLabel(this);
+  heading_->setObjectName("lblGroupOf");
+  heading_->setToolTip(
+      "File, tensor, coordinate system and number of records of the numbers below");
+  heading_->setTextFormat(Qt::PlainText);
+  heading_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  heading_->setMargin(3);
   auto* frame = new QGroupBox("Jelinek", this);
   frame->setObjectName("fraJelinek");
   auto* table = new QGridLayout(frame);
@@ -49,6 +58,7 @@ frmGroupStatistics::frmGroupStatistics(const Velorix& velorix, QWidget* owner)
   AddDirections(*table);
   AddFactors(*table);
   auto* column = new QVBoxLayout(this);
+  column->addWidget(heading_);
   column->addWidget(frame);
   column->addLayout(MakeCommands());
   column->setSizeConstraint(QLayout::SetFixedSize);
@@ -161,6 +171,12 @@ void frmGroupStatistics::AnisoFacName_Show() {
 }
 
 void frmGroupStatistics::AnisoView_DisplayGroupStatistics() {
+  const bool ofOtherView = IsGroupOfOtherView(velorix_);
+  MarkLabel(*heading_, ofOtherView);
+  QString heading = ToQString(GroupHeading(velorix_));
+  if (ofOtherView)
+    heading += "\nAnother view is shown; Clear Selection (Shift+Ctrl+F12) computes its numbers.";
+  heading_->setText(heading);
   const GroupStats& stats = velorix_.GroupStats;
   for (const Value& value : values_)
     value.Label->setText(
@@ -170,6 +186,8 @@ void frmGroupStatistics::AnisoView_DisplayGroupStatistics() {
 void frmGroupStatistics::Copy() {
   QApplication::clipboard()->setText(
       ToQString(GroupTableText(velorix_.GroupStats, velorix_.Session.Settings)));
+  const std::string notice = MeanNotice(velorix_);
+  if (!notice.empty()) velorix_.Views.ShowStatus(notice);
 }
 
 void frmGroupStatistics::closeEvent(QCloseEvent* event) {

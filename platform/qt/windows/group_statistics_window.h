@@ -12,7 +12,8 @@ class QLabel;
 namespace velorix {
 
 /// The window of the group statistics: directions of the mean tensor with their errors above a
-/// table of factors. Its labels are named `lblJelinek(i)` and `lblBootStat(i)`.
+/// table of factors, below a heading that says what they are of. Its labels are named
+/// `lblJelinek(i)` and `lblBootStat(i)`.
 class frmGroupStatistics : public QWidget {
  public:
   /// A window owned by `owner`; `OnClose` is called when the user shuts it.
@@ -22,7 +23,7 @@ class frmGroupStatistics : public QWidget {
 
   /// Writes the factors' names.
   void AnisoFacName_Show();
-  /// Writes all value labels.
+  /// Writes the heading and all value labels.
   void AnisoView_DisplayGroupStatistics();
 
  protected:
@@ -45,6 +46,7 @@ class frmGroupStatistics : public QWidget {
   void Copy();
 
   const Velorix& velorix_;
+  QLabel* heading_ = nullptr;
   std::vector<Value> values_;
   std::vector<QLabel*> factorNames_;
 };

@@ -15,9 +15,11 @@
 
 #include "app/commands.h"
 #include "app/display/display.h"
+#include "app/display/shown_group.h"
 #include "app/files/open_flow.h"
 #include "app/startup.h"
 #include "platform/qt/parts/busy_cursor.h"
+#include "platform/qt/parts/marks.h"
 #include "platform/qt/parts/own_paths.h"
 #include "platform/qt/parts/widgets.h"
 #include "platform/qt/plots/column_plots.h"
@@ -178,18 +180,23 @@ void frmVelorix::PlaceGrid() {
 }
 
 void frmVelorix::MakeStatusBar() {
-  counts_ = new QLabel(this);
-  counts_->setObjectName("lblRecords");
-  counts_->setToolTip("Records in view, in the store, and selected");
-  unsaved_ = new QLabel(this);
-  unsaved_->setObjectName("lblUnsaved");
-  unsaved_->setToolTip("The records differ from those in any file; Save As writes them");
-  startTime_ = new QLabel(this);
-  startTime_->setObjectName("picStat(2)");
-  startTime_->setToolTip("Seconds that the start took");
-  statusBar()->addPermanentWidget(unsaved_);
-  statusBar()->addPermanentWidget(counts_);
-  statusBar()->addPermanentWidget(startTime_);
+  const auto add = [this](const char* name, const char* tip) {
+    auto* label = new QLabel(this);
+    label->setObjectName(name);
+    label->setToolTip(tip);
+    statusBar()->addPermanentWidget(label);
+    return label;
+  };
+  mean_ = add("lblMean",
+              "The group statistics and the mean on the stereonet belong to this view, not to the "
+              "one shown. Clear Selection (Shift+Ctrl+F12) computes them for the one shown");
+  mean_->setMinimumWidth(1);  // a long text does not widen the window
+  MarkLabel(*mean_, true);
+  disregarded_ = add("lblDisregarded",
+                     "Records that are disregarded, and those that the view shows of the others");
+  unsaved_ = add("lblUnsaved", "The records differ from those in any file; Save As writes them");
+  counts_ = add("lblRecords", "Records in view, in the store, and selected");
+  startTime_ = add("picStat(2)", "Seconds that the start took");
 }
 
 void frmVelorix::ShowStartTime(float seconds) {
@@ -239,6 +246,12 @@ void frmVelorix::RedrawStereo() {
 }
 
 void frmVelorix::CountRecords() {
+  const auto show = [](QLabel& label, const std::string& text) {
+    label.setText(ToQString(text));
+    label.setVisible(!text.empty());
+  };
+  show(*mean_, MeanLabel(*velorix_));
+  show(*disregarded_, DisregardedLabel(velorix_->Session));
   int selected = 0;
   for (const SpecimenRecord& record : velorix_->Session.Records) selected += record.Selected;
   counts_->setText(QString("%1 of %2 records in view, %3 selected")

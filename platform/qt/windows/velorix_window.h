@@ -94,7 +94,8 @@ class frmVelorix : public QMainWindow, public Views, public WindowOpener {
   bool columnChosen_ = true;  // by the user; a wide grid may leave no room for it
   bool optionsGone_ = false;  // of the net, for a wide grid
   QList<int> besideNarrow_;   // widths at both sides of `whole_` before the grid was widened
-  QLabel *counts_ = nullptr, *unsaved_ = nullptr, *startTime_ = nullptr;
+  QLabel *mean_ = nullptr, *disregarded_ = nullptr, *unsaved_ = nullptr, *counts_ = nullptr,
+         *startTime_ = nullptr;
 };
 
 }  // namespace velorix

@@ -1,0 +1,100 @@
+#include "app/files/content_check.h"
+
+#include <fstream>
+#include <string_view>
+#include <vector>
+
+#include "app/files/file_kinds.h"
+#include "app/files/file_stamp.h"
+#include "base/fault.h"
+#include "datafiles/file_content.h"
+#include "text/numbers.h"
+#include "text/paths.h"
+
+namespace velorix {
+namespace {
+
+FileContent ContentOfFile(const std::string& path) {
+  std::vector<std::byte> head(ContentHead);
+  std::ifstream in(PathOf(path), std::ios::binary);
+  in.read(reinterpret_cast<char*>(head.data()), static_cast<std::streamsize>(head.size()));
+  head.resize(static_cast<std::size_t>(in.gcount()));
+  return ContentOf(head, StampOf(path).Size);
+}
+
+/// What files of a kind contain: the binary ones their own format, the others text.
+ContentKind ContentOfKind(const FileKind& kind) {
+  const std::string_view word = kind.Word;
+  if (word == "ams") return ContentKind::Ams;
+  return word == "ran" || word == "are" ? ContentKind::Ran : ContentKind::Text;
+}
+
+bool IsDoubtful(const FileContent& content, const FileKind& kind) {
+  if (content.Kind == ContentKind::Unknown) return false;
+  const ContentKind expected = ContentOfKind(kind);
+  // A binary file that is none of the known ones may be an odd one of its kind.
+  if (content.Kind == ContentKind::Binary) return expected == ContentKind::Text;
+  return content.Kind != expected;
+}
+
+bool Reads(const FileKind& kind, const std::string& path, const Settings& settings) {
+  RecordArray records;
+  try {
+    return kind.Read(path, records, settings) && !records.Empty();
+  } catch (const Fault&) {
+    return false;
+  }
+}
+
+int FilterOfText(const std::string& path, const Settings& settings) {
+  const int byName = FilterOfExtension(ExtensionOf(path));
+  std::vector<int> filters;
+  if (byName != 0) filters.push_back(byName);
+  for (int filter = 1; filter <= std::ssize(FileKinds()); ++filter)
+    if (filter != byName) filters.push_back(filter);
+  for (const int filter : filters) {
+    const FileKind& kind = KindOfFilter(filter);
+    if (ContentOfKind(kind) == ContentKind::Text && Reads(kind, path, settings)) return filter;
+  }
+  return 0;
+}
+
+std::string FileNameOf(const std::string& path) { return Utf8Of(PathOf(path).filename()); }
+
+}  // namespace
+
+std::string ContentDoubt(const Session& session) {
+  std::string doubts;
+  for (std::size_t i = 0; i < session.Opened.size() && i < session.OpenFiles.size(); ++i) {
+    const FileContent content = ContentOfFile(session.OpenFiles[i]);
+    if (!IsDoubtful(content, KindOfFilter(session.Opened[i].Filter))) continue;
+    doubts += (doubts.empty() ? "" : "; ") + FileNameOf(session.OpenFiles[i]) + " looks like " +
+              content.Name;
+  }
+  if (doubts.empty()) return {};
+  return PlainText(session.RecordCount()) + " records read; " + doubts;
+}
+
+int FilterOfContent(const std::string& path, const Settings& settings, std::string& why) {
+  const int byName = FilterOfExtension(ExtensionOf(path));
+  const FileContent content = ContentOfFile(path);
+  switch (content.Kind) {
+    case ContentKind::Ams:
+      return FilterOfExtension("ams");
+    case ContentKind::Ran:
+      return FilterOfExtension(ExtensionOf(path) == "are" ? "are" : "ran");
+    case ContentKind::Text:
+      if (const int filter = FilterOfText(path, settings)) return filter;
+      break;
+    case ContentKind::Unknown:  // the reader of the extension says what is wrong
+    case ContentKind::Binary:
+      if (byName != 0) return byName;
+      break;
+    default:
+      break;
+  }
+  why = *content.Name ? std::string("It looks like ") + content.Name + "." : "It is no data file.";
+  return 0;
+}
+
+}  // namespace velorix
