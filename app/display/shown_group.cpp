@@ -18,7 +18,7 @@ std::string OpenFileNames(const Session& session) {
 /// lower two systems ask for no code.
 std::string TurnedBy(const Session& session) {
   if (session.CoorSys != Paleogeographic && session.CoorSys != Tectonic) return {};
-  const std::string text = "foliation " + session.FoliCode + " " +
+  std::string text = "foliation " + session.FoliCode + " " +
                            LowerCase(TectoPlaneNames[IndexOf(session.TectoPlane)]) +
                            ", lineation " + session.LineCode;
   if (session.CoorSys == Paleogeographic) return text;

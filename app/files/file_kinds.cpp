@@ -27,7 +27,7 @@ template <FileReader Read>
 Outcome VisitRead(const std::string& path, const Settings& settings,
                   const std::function<void(const SpecimenRecord&)>& visit) {
   RecordArray records;
-  const Outcome outcome = Read(path, records, settings);
+  Outcome outcome = Read(path, records, settings);
   if (outcome) std::for_each(records.begin(), records.end(), visit);
   return outcome;
 }

@@ -30,7 +30,7 @@ constexpr PlotGeometry XYPlotPlaces[] = {
 
 /// The line that says what the mean is of, at the left below the net and its legend.
 constexpr LogicalPoint MeanLinePlace = {60, 402};
-constexpr TextStyle MeanLineStyle = {.height = 11};
+constexpr int MeanLineHeight = 11;
 
 /// A type of files. The filter of the metafile, the first one, gives a metafile under any name; for
 /// all others the extension alone counts.
@@ -85,7 +85,7 @@ bool ShowsGroup(const Velorix& velorix) {
 void DrawVectorPage(const Velorix& velorix, Target& target) {
   DrawGraphicsPage(velorix, target, VectorScale);
   const std::string mean = ShowsGroup(velorix) ? MeanLabel(velorix) : "";
-  if (!mean.empty()) target.Text(mean, MeanLinePlace, MeanLineStyle);
+  if (!mean.empty()) target.Text(mean, MeanLinePlace, {.height = MeanLineHeight});
 }
 
 /// What the status line says of a figure that is made: `done`, and that its mean is of another
