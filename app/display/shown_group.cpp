@@ -19,8 +19,8 @@ std::string OpenFileNames(const Session& session) {
 std::string TurnedBy(const Session& session) {
   if (session.CoorSys != Paleogeographic && session.CoorSys != Tectonic) return {};
   std::string text = "foliation " + session.FoliCode + " " +
-                           LowerCase(TectoPlaneNames[IndexOf(session.TectoPlane)]) +
-                           ", lineation " + session.LineCode;
+                     LowerCase(TectoPlaneNames[IndexOf(session.TectoPlane)]) + ", lineation " +
+                     session.LineCode;
   if (session.CoorSys == Paleogeographic) return text;
   return text + " " + LowerCase(TectoAxisNames[TectoAxisIndex(session)]);
 }
