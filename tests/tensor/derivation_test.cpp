@@ -43,7 +43,6 @@ SpecimenRecord Oriented() {
 }
 
 constexpr CoordinateSystem None = CoordinateSystem::None;
-constexpr CoordinateSystem AllSystems[] = {None, Specimen, Geographic, Paleogeographic, Tectonic};
 
 View ViewIn(CoordinateSystem coorSys, std::string_view foliCode = "S1",
             std::string_view lineCode = "L1") {
