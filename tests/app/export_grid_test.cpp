@@ -64,7 +64,7 @@ TEST_F(ExportGridTest, FailureLeavesTheOldFileAndOpensNoBox) {
   failing.AppendCell = [](std::string&, int row, int) {
     if (row == 1) FailSubscript();
   };
-  EXPECT_THROW(ExportGrid(failing, Put("old", "old"), {}), Fault);
+  EXPECT_THROW((void)ExportGrid(failing, Put("old", "old"), {}), Fault);
   EXPECT_EQ(Bytes("old"), "old");
   for (const std::string& name : {std::string("none/out.csv"), std::string(300, 'x')}) {
     Answer(Path(name));
