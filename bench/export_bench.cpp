@@ -96,7 +96,7 @@ void ForEachNumber(const SpecimenRecord& r, Visit visit) {
   visit(r.Field);
   visit(r.Frequency);
   visit(r.Km);
-  for (int i = 1; i <= 8; ++i) visit(r.Fac[i]);
+  for (int i = 1; i <= 8; ++i) visit(r.Fac[i].Shown());
   for (int axis = 1; axis <= 3; ++axis) visit(r.Dec[axis]), visit(r.Inc[axis]);
   for (int i = 0; i <= 2; ++i) visit(r.FTest[i]);
   for (int axis = 1; axis <= 3; ++axis) visit(r.E[axis]);

@@ -74,8 +74,8 @@ void AverageSlot(const RecordArray& records, CoordinateSystem coorSys, std::int1
       FactorIn32(AnisoFactor(facIndex, stats.MeanK[1], stats.MeanK[2], stats.MeanK[3]));
   std::vector<double> values;
   for (const SpecimenRecord& record : records)
-    if (IsAveraged(record, coorSys) && IsComputed(record.Fac[slot]))
-      values.push_back(record.Fac[slot]);
+    if (IsAveraged(record, coorSys) && record.Fac[slot].IsComputed())
+      values.push_back(record.Fac[slot].Value());
   stats.HasAverage[slot] = Average(values, stats.AvgFac[slot], stats.SdFac[slot]);
 }
 

@@ -21,9 +21,9 @@ struct GroupStats : TensorStats {
   /// How far the last run came before it failed, or `All`.
   enum Step { None, MeanTensor, TensorErrors, Bootstrap, AverageKm, All };
 
-  std::int16_t GroupN = 0;             // records in the mean tensor
-  Array1<float, FactorSlots> MeanFac;  // of the mean tensor, `FailedFactor` where one failed
-  float AvgKm = 0;                     // averages over the records and their deviations
+  std::int16_t GroupN = 0;              // records in the mean tensor
+  Array1<Factor, FactorSlots> MeanFac;  // of the mean tensor
+  float AvgKm = 0;                      // averages over the records and their deviations
   Array1<float, FactorSlots> AvgFac;
   float SdKm = 0;
   Array1<float, FactorSlots> SdFac;

@@ -70,7 +70,7 @@ struct SpecimenRecord {
   Slots<Number, 0, 3> FTestIm;
 
   // View data
-  Array1<float, FactorSlots> Fac;  // the chosen factors, `FailedFactor` where one failed
+  Array1<Factor, FactorSlots> Fac;  // the chosen factors
   bool Selected = false;
 
   bool operator==(const SpecimenRecord&) const = default;

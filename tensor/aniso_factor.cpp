@@ -98,13 +98,14 @@ FactorInput::FactorInput(double x1, double x2, double x3)
       n3(c.v > 0 ? Ln(c) : 0),
       n((n1 + n2 + n3) / 3) {}
 
-double AnisoFactor(int index, const FactorInput& input) {
-  if (index < FirstFactor || index > LastFactor) return FailedFactor;
+std::optional<double> AnisoFactor(int index, const FactorInput& input) {
+  if (index < FirstFactor || index > LastFactor) return std::nullopt;
   const Guarded value = Factors[index].Compute(input);
-  return value.Failed() ? FailedFactor : value.v;
+  if (value.Failed()) return std::nullopt;
+  return value.v;
 }
 
-double AnisoFactor(int index, double k1, double k2, double k3) {
+std::optional<double> AnisoFactor(int index, double k1, double k2, double k3) {
   return AnisoFactor(index, FactorInput(k1, k2, k3));
 }
 

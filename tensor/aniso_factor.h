@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <string_view>
 
 #include "store/factors.h"
@@ -36,18 +37,18 @@ struct FactorInput {
   FactorInput(double k1, double k2, double k3);
 };
 
-/// The anisotropy factor `index` of the principal susceptibilities k1 >= k2 >= k3. `FailedFactor`
-/// for an index outside the catalogue and when any single step fails: a division by zero, an
+/// The anisotropy factor `index` of the principal susceptibilities k1 >= k2 >= k3. Nothing for an
+/// index outside the catalogue and when any single step fails: a division by zero, an
 /// overflow, the logarithm of 0 or less, the root of a negative, or a NaN or infinity among what
 /// the formula uses.
-double AnisoFactor(int index, const FactorInput& input);
-double AnisoFactor(int index, double k1, double k2, double k3);
+std::optional<double> AnisoFactor(int index, const FactorInput& input);
+std::optional<double> AnisoFactor(int index, double k1, double k2, double k3);
 
-/// A factor in the 32 bits in which records and group statistics hold it. What doesn't fit there
-/// counts as failed, too.
-inline float FactorIn32(double factor) {
-  const bool fits = std::fabs(factor) <= std::numeric_limits<float>::max();
-  return static_cast<float>(fits ? factor : FailedFactor);
+/// A factor as records and group statistics hold it. What doesn't fit into 32 bits counts as
+/// failed, too.
+inline Factor FactorIn32(std::optional<double> factor) {
+  const bool fits = factor && std::fabs(*factor) <= std::numeric_limits<float>::max();
+  return fits ? Factor(static_cast<float>(*factor)) : Factor::Failed();
 }
 
 /// The formula of a factor as the user's list shows it; empty outside 1 to 38.

@@ -12,8 +12,8 @@ namespace velorix {
 namespace {
 
 void ShowSelectedCodes(Velorix& velorix) {
-  velorix.Stereo.foliationCodes = velorix.Lists.foliationsShown.SelectedCodes();
-  velorix.Stereo.lineationCodes = velorix.Lists.lineationsShown.SelectedCodes();
+  velorix.Plots.Stereo.foliationCodes = velorix.Lists.foliationsShown.SelectedCodes();
+  velorix.Plots.Stereo.lineationCodes = velorix.Lists.lineationsShown.SelectedCodes();
 }
 
 /// The codes in use are those that the lists show; a list that shows nothing gives an empty code.
@@ -89,7 +89,7 @@ void AnisoView_DisplayAllPlots(Velorix& velorix) {
   // Kept for agreement with published results: both plots take the switch of the first one. The
   // second has its own only from a change of one of its controls to the next display.
   for (const int plot : {1, 2}) {
-    velorix.XYLines[plot] = velorix.XYPlot[1].lines;
+    velorix.Plots.XYLines[plot] = velorix.Plots.XYPlot[1].lines;
     velorix.Views.RedrawXYPlot(plot);
   }
 }
@@ -142,20 +142,14 @@ void ShowLineation(Velorix& velorix, int index, bool shown) {
 }
 
 void ChangeXYPlot(Velorix& velorix, int plot, const XYPlotOptions& options) {
-  velorix.XYPlot[plot] = options;
-  velorix.XYLines[plot] = options.lines;
+  velorix.Plots.XYPlot[plot] = options;
+  velorix.Plots.XYLines[plot] = options.lines;
   velorix.Views.RedrawXYPlot(plot);
 }
 
 void ChooseHisto(Velorix& velorix, Column column) {
-  velorix.HistoParameter = column;
+  velorix.Plots.HistoParameter = column;
   velorix.Views.RedrawHisto();
-}
-
-XYPlotOptions ShownXYPlot(const Velorix& velorix, int plot) {
-  XYPlotOptions options = velorix.XYPlot[plot];
-  options.lines = velorix.XYLines[plot];
-  return options;
 }
 
 void ChooseFirstPlots(Velorix& velorix) {
@@ -166,10 +160,10 @@ void ChooseFirstPlots(Velorix& velorix) {
     return without;
   };
   const Column degree = columnOf(P, Column::Fac3), shape = columnOf(T, Column::Fac5);
-  velorix.XYPlot[1].x = Column::Km;
-  velorix.XYPlot[1].y = velorix.XYPlot[2].x = degree;
-  velorix.XYPlot[2].y = shape;
-  for (const int plot : {1, 2}) velorix.XYPlot[plot].colour = Column::Km;
+  velorix.Plots.XYPlot[1].x = Column::Km;
+  velorix.Plots.XYPlot[1].y = velorix.Plots.XYPlot[2].x = degree;
+  velorix.Plots.XYPlot[2].y = shape;
+  for (const int plot : {1, 2}) velorix.Plots.XYPlot[plot].colour = Column::Km;
 }
 
 void SelectRecords(Velorix& velorix, const std::vector<int>& ids) {

@@ -41,8 +41,6 @@ void ShowLineation(Velorix& velorix, int index, bool shown);
 void ChangeXYPlot(Velorix& velorix, int plot, const XYPlotOptions& options);
 /// The column that the histogram shows.
 void ChooseHisto(Velorix& velorix, Column column);
-/// What an XY plot shows now: its options, with the lines that it is drawn with.
-XYPlotOptions ShownXYPlot(const Velorix& velorix, int plot);
 /// The plots that a newcomer sees: Km and P, P and T where the settings have them.
 void ChooseFirstPlots(Velorix& velorix);
 

@@ -73,17 +73,21 @@ PlaneSize Scaled(PlaneSize plane, double s) {
   return {ToLong(plane.width * s), ToLong(plane.height * s)};
 }
 
+void DrawPage(const Velorix& velorix, Target& target, double s) {
+  DrawGraphicsPage(velorix.Session, velorix.Plots, velorix.GroupStats, target, s);
+}
+
 /// Whether the page shows anything of the group statistics.
 bool ShowsGroup(const Velorix& velorix) {
-  const StereoOptions& net = velorix.Stereo;
-  return velorix.Page.stereonet && (net.showMean || net.showMeanEllipses ||
-                                    net.showBootstrapCloud || net.showBootstrapContours);
+  const StereoOptions& net = velorix.Plots.Stereo;
+  return velorix.Plots.Page.stereonet && (net.showMean || net.showMeanEllipses ||
+                                          net.showBootstrapCloud || net.showBootstrapContours);
 }
 
 /// The page for paper and for files of vectors. A mean of another view than the net's is named
 /// below the net. Metafile, clipboard and pictures of pixels go without that line.
 void DrawVectorPage(const Velorix& velorix, Target& target) {
-  DrawGraphicsPage(velorix, target, VectorScale);
+  DrawPage(velorix, target, VectorScale);
   const std::string mean = ShowsGroup(velorix) ? MeanLabel(velorix) : "";
   if (!mean.empty()) target.Text(mean, MeanLinePlace, {.height = MeanLineHeight});
 }
@@ -111,23 +115,23 @@ bool WriteMetafile(Velorix& velorix, const std::string& path) {
 
 }  // namespace
 
-void DrawGraphicsPage(const Velorix& velorix, Target& target, double s) {
-  const Session& session = velorix.Session;
-  const PageOptions& page = velorix.Page;
+void DrawGraphicsPage(const Session& session, const PlotChoices& plots, const GroupStats& group,
+                      Target& target, double s) {
+  const PageOptions& page = plots.Page;
   if (page.stereonet)
-    DrawStereo(session.Records, session.CoorSys, target, Scaled(StereoPlace, s), velorix.Stereo,
-               session.ReImMode, velorix.GroupStats, session.Settings);
+    DrawStereo(session.Records, session.CoorSys, target, Scaled(StereoPlace, s), plots.Stereo,
+               session.ReImMode, group, session.Settings);
   if (page.histogram)
-    DrawHisto(target, Scaled(HistoPlace, s), DataTableValues(velorix.HistoParameter, session),
-              velorix.HistoParameter, session.Settings);
+    DrawHisto(target, Scaled(HistoPlace, s), DataTableValues(plots.HistoParameter, session),
+              plots.HistoParameter, session.Settings);
   for (int plot : {1, 2})
     if (plot == 1 ? page.xyPlot1 : page.xyPlot2)
-      DrawXYPlot(session, target, Scaled(XYPlotPlaces[plot - 1], s), ShownXYPlot(velorix, plot));
+      DrawXYPlot(session, target, Scaled(XYPlotPlaces[plot - 1], s), plots.Shown(plot));
 }
 
 std::string GraphicsMetafile(const Velorix& velorix) {
   MetafileTarget target(GraphicsPage, PlaceableHeader(GraphicsPage, PageUnitsPerInch));
-  DrawGraphicsPage(velorix, target, 1);
+  DrawPage(velorix, target, 1);
   return target.Bits();
 }
 
@@ -145,7 +149,7 @@ void SaveGraphics(Velorix& velorix) {
 bool ExportGraphics(Velorix& velorix, const std::string& path, bool asBitmap) {
   if (!asBitmap) return WriteMetafile(velorix, path);
   const auto draw = [&velorix](Target& target, double s) {
-    s == VectorScale ? DrawVectorPage(velorix, target) : DrawGraphicsPage(velorix, target, s);
+    s == VectorScale ? DrawVectorPage(velorix, target) : DrawPage(velorix, target, s);
   };
   const Outcome outcome = SaveBitmapAs(velorix.Host, draw, path);
   if (outcome) return true;
@@ -168,7 +172,7 @@ void CopyGraphics(Velorix& velorix) {
   if (!velorix.Host.CopyPicture) return;
   const Outcome outcome =
       velorix.Host.CopyPicture(GraphicsMetafile(velorix), GraphicsPage,
-                               [&](Target& target) { DrawGraphicsPage(velorix, target, 1); });
+                               [&](Target& target) { DrawPage(velorix, target, 1); });
   if (outcome) return ShowFigureDone(velorix, "");
   // Kept for agreement with published results: no box says so.
   ReportRefusal(velorix.Views, velorix.Log, outcome.Text);

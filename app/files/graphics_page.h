@@ -17,8 +17,9 @@ inline constexpr int PageUnitsPerInch = 100;
 /// The scale of pictures of pixels. They are 1280 pixels high and hold the whole width of the page.
 inline constexpr double BitmapScale = 1.6;
 
-/// Draws the plots that `velorix.Page` chooses.
-void DrawGraphicsPage(const Velorix& velorix, Target& target, double s);
+/// Draws the plots that the page has by the user's choice.
+void DrawGraphicsPage(const Session& session, const PlotChoices& plots, const GroupStats& group,
+                      Target& target, double s);
 
 /// The page as a metafile, with the header that makes it a file.
 std::string GraphicsMetafile(const Velorix& velorix);

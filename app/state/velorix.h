@@ -11,7 +11,7 @@
 #include "app/state/group_subject.h"
 #include "app/state/history.h"
 #include "app/state/host.h"
-#include "app/state/page_options.h"
+#include "app/state/plot_choices.h"
 #include "app/state/views.h"
 #include "plot/axes/columns.h"
 #include "plot/net/stereo.h"
@@ -44,12 +44,8 @@ struct Velorix {
   velorix::Session Session = {};
   velorix::History History = {};
   CodeLists Lists = {};
-  StereoOptions Stereo = {};
-  Array1<XYPlotOptions, 2> XYPlot = {};                // of `picXYPlot1` and `picXYPlot2`
-  Array1<bool, 2> XYLines = {};                        // whether each is drawn with lines now
+  PlotChoices Plots = {};
   Array1<std::optional<DrawnXYPlot>, 2> XYDrawn = {};  // the plots on the screen
-  Column HistoParameter = Column::Km;
-  PageOptions Page = {};
   OpenWindows Windows = {};
   velorix::GroupStats GroupStats = {};
   GroupSubject GroupOf = {};  // what they were computed of

@@ -45,7 +45,7 @@ std::string DataTableCell(Column column, const SpecimenRecord& record, TensorBlo
   const Number value = c.value(record, reImMode == OutOfPhase);
   if (c.picture.empty()) return PlainText(value);
   if (c.picture == FourDigits) return SignificantText(value, 4);
-  if (c.slot > 0 && !IsComputed(value)) return "";
+  if (c.slot > 0 && !record.Fac[c.slot].IsComputed()) return "";
   return FormatNumber(value, c.picture);
 }
 

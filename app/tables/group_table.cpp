@@ -38,7 +38,7 @@ std::string KmText(int column, const GroupStats& stats) {
 
 std::string FactorText(int slot, int column, const GroupStats& stats) {
   if (column == 1)
-    return ShowsMeanFac(stats, slot) ? FormatNumber(stats.MeanFac[slot], ValuePicture) : "";
+    return ShowsMeanFac(stats, slot) ? FormatNumber(stats.MeanFac[slot].Shown(), ValuePicture) : "";
   if (!ShowsAvgFac(stats, slot) || (column == 3 && !ShowsDeviations(stats))) return {};
   return FormatNumber(column == 2 ? stats.AvgFac[slot] : stats.SdFac[slot], ValuePicture);
 }

@@ -47,7 +47,7 @@ struct Page {
       records.Add(r);
     }
     Renumber(records);
-    StereoOptions& o = Program.Stereo;
+    StereoOptions& o = Program.Plots.Stereo;
     o.showDataLines = o.showDataEllipses = o.showBootstrapCloud = o.showBootstrapContours = true;
     o.colourByValue = true;
     for (int axis = 1; axis <= 3; ++axis) o.showGreatCircle[axis] = true;
@@ -63,7 +63,7 @@ void PageBesideDrawingAndEncoding(benchmark::State& state) {
   const std::string file =
       Utf8Of(std::filesystem::temp_directory_path() / "velorix-page-bench.png");
   Recorder recorder;
-  DrawGraphicsPage(velorix, recorder, BitmapScale);
+  DrawGraphicsPage(velorix.Session, velorix.Plots, velorix.GroupStats, recorder, BitmapScale);
   QImage image(1440, 1280, QImage::Format_RGB32);
   for (auto _ : state) {
     const auto [drawing, encoding, ours] = bench::MediansInTurn(

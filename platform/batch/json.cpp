@@ -19,6 +19,8 @@ Json ToJson(TensorBlock value) { return static_cast<int>(value); }
 Json ToJson(const std::string& value) { return value; }
 Json ToJson(const ShortDirection& d) { return Json::array({ToJson(d.Dec), ToJson(d.Inc)}); }
 
+Json ToJson(Factor factor) { return ToJson(factor.Shown()); }
+
 /// Bytes as hexadecimal text in file order.
 template <std::size_t N>
 Json ToJson(const std::array<std::uint8_t, N>& bytes) {

@@ -37,8 +37,8 @@ Number PrincipalError(R r, bool) {
   return r.KSD[Axis];
 }
 template <int Slot>
-Number Factor(R r, bool) {
-  return Number(r.Fac[Slot]);
+Number FactorInSlot(R r, bool) {
+  return Number(r.Fac[Slot].Shown());
 }
 template <int Axis>
 Number Dec(R r, bool) {
@@ -80,14 +80,14 @@ constexpr ColumnInfo Table[] = {
     {C::KintSD,    "",          "K2SD",     "Kint_Err",  0, "",    Free,         "0.0000",   Green,    0, 10, PrincipalError<2>},
     {C::Kmin,      "",          "K3",       "Kmin",      0, "",    Free,         "0.0000",   Blue,     0, 10, Principal<3>},
     {C::KminSD,    "",          "K3SD",     "Kmin_Err",  0, "",    Free,         "0.0000",   Blue,     0, 10, PrincipalError<3>},
-    {C::Fac1,      "",          "",         "",          1, "",    FromOne,      "0.000",    Cyan,    12, 10, Factor<1>},
-    {C::Fac2,      "",          "",         "",          2, "",    FromOne,      "0.000",    Cyan,    12, 10, Factor<2>},
-    {C::Fac3,      "",          "",         "",          3, "",    FromOne,      "0.000",    Cyan,    12, 10, Factor<3>},
-    {C::Fac4,      "",          "",         "",          4, "",    FromOne,      "0.000",    Cyan,    12, 10, Factor<4>},
-    {C::Fac5,      "",          "",         "",          5, "",    PlusMinusOne, "0.000",    Cyan,    12, 10, Factor<5>},
-    {C::Fac6,      "",          "",         "",          6, "",    PlusMinusOne, "0.000",    Cyan,    12, 10, Factor<6>},
-    {C::Fac7,      "",          "",         "",          7, "",    Free,         "0.000",    Cyan,    12, 10, Factor<7>},
-    {C::Fac8,      "",          "",         "",          8, "",    Free,         "0.000",    Cyan,    12, 10, Factor<8>},
+    {C::Fac1,      "",          "",         "",          1, "",    FromOne,      "0.000",    Cyan,    12, 10, FactorInSlot<1>},
+    {C::Fac2,      "",          "",         "",          2, "",    FromOne,      "0.000",    Cyan,    12, 10, FactorInSlot<2>},
+    {C::Fac3,      "",          "",         "",          3, "",    FromOne,      "0.000",    Cyan,    12, 10, FactorInSlot<3>},
+    {C::Fac4,      "",          "",         "",          4, "",    FromOne,      "0.000",    Cyan,    12, 10, FactorInSlot<4>},
+    {C::Fac5,      "",          "",         "",          5, "",    PlusMinusOne, "0.000",    Cyan,    12, 10, FactorInSlot<5>},
+    {C::Fac6,      "",          "",         "",          6, "",    PlusMinusOne, "0.000",    Cyan,    12, 10, FactorInSlot<6>},
+    {C::Fac7,      "",          "",         "",          7, "",    Free,         "0.000",    Cyan,    12, 10, FactorInSlot<7>},
+    {C::Fac8,      "",          "",         "",          8, "",    Free,         "0.000",    Cyan,    12, 10, FactorInSlot<8>},
     {C::KmaxDec,   "Kmax_Dec",  "Kmax",     "Kmax_Dec",  0, "deg", Declination,  "0.0",      Red,     18, 10, Dec<1>},
     {C::KmaxInc,   "Kmax_Inc",  "Kmax",     "Kmax_Inc",  0, "deg", Inclination,  "0.0",      Red,     18, 10, Inc<1>},
     {C::KintDec,   "Kint_Dec",  "Kint",     "Kint_Dec",  0, "deg", Declination,  "0.0",      Green,   18, 10, Dec<2>},

@@ -45,7 +45,7 @@ TEST_F(Display, FillsTheCodeListsInOrderOfAppearanceInUpperCase) {
   EXPECT_EQ(Codes(Lists.foliationsInUse) + Codes(Lists.lineationsInUse), "S1 S0 L1 L2 ");
   EXPECT_EQ(Codes(Lists.foliationsShown), "S1 S0 ");
   EXPECT_EQ(Chosen(), "S1L1");
-  EXPECT_EQ(Program.Stereo.foliationCodes, Texts{"S1"});
+  EXPECT_EQ(Program.Plots.Stereo.foliationCodes, Texts{"S1"});
   Menu("mnuView(3)");
   // Record codes keep their case and are compared exactly: "s1" and "l2" are not found.
   EXPECT_EQ(Shown(), 0);

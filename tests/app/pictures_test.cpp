@@ -42,7 +42,7 @@ class Pictures : public ProgramTest {
   /// What the site's drawing gains by each layer: its number of calls, the first and the last.
   std::string Gained(std::span<const Layer> layers, std::size_t first, std::size_t last) {
     Open("granite.ams");
-    StereoOptions none = Program.Stereo;
+    StereoOptions none = Program.Plots.Stereo;
     none.showCaptions = none.showLegend = false;
     none.showData = none.showMean = none.showMeanEllipses = false;
     const std::vector<DrawCall> bare = Net(none);
@@ -69,7 +69,7 @@ class Pictures : public ProgramTest {
 
 TEST_F(Pictures, AreDrawnAsApproved) {
   Open("jelinek1978.ams");
-  ExpectGolden("app", "stereonet.txt", ToText(Net(Program.Stereo)));
+  ExpectGolden("app", "stereonet.txt", ToText(Net(Program.Plots.Stereo)));
   ExpectGolden("app", "xy_plot.txt", ToText(Plot({.x = Column::Fac3, .y = Column::Fac5})));
   ExpectGolden("app", "xy_plot_coloured.txt",
                ToText(Plot({.x = Column::KmaxDec,
@@ -124,12 +124,12 @@ class GraphicsPageTest : public ProgramTest {
  protected:
   void SetUp() override {
     OpenFile(std::string(VELORIX_SOURCE_DIR) + "/examples/jelinek1978.ams");
-    Program.XYPlot[1] = {
+    Program.Plots.XYPlot[1] = {
         .x = Column::Km, .y = Column::Fac3, .colour = Column::KmaxDec, .coding = true};
-    Program.XYPlot[2] = {
+    Program.Plots.XYPlot[2] = {
         .x = Column::Fac3, .y = Column::Fac5, .colour = Column::Km, .coding = true, .lines = true};
-    Program.Stereo.colourByValue = true;
-    Program.Stereo.colourParameter = Column::Fac5;
+    Program.Plots.Stereo.colourByValue = true;
+    Program.Plots.Stereo.colourParameter = Column::Fac5;
     Program.Host.WritePicture = [this](const std::string& path, PlaneSize plane, double,
                                        const Host::DrawPicture& draw) {
       Written.push_back(path);
@@ -140,7 +140,9 @@ class GraphicsPageTest : public ProgramTest {
   }
 
   std::vector<DrawCall> Page(double s) const {
-    return Recorded([&](Target& target) { DrawGraphicsPage(Program, target, s); });
+    return Recorded([&](Target& target) {
+      DrawGraphicsPage(Now, Program.Plots, Program.GroupStats, target, s);
+    });
   }
   bool Export(const std::string& name) {
     Asked.Boxes.clear();
@@ -159,8 +161,8 @@ TEST_F(GraphicsPageTest, PlotsHaveTheirPlacesWhicheverAreChosen) {
   ExpectGolden("app", "graphics_page.txt", ToText(all));
   for (const auto box : {&PageOptions::stereonet, &PageOptions::histogram, &PageOptions::xyPlot1,
                          &PageOptions::xyPlot2}) {
-    Program.Page = {false, false, false, false};
-    Program.Page.*box = true;
+    Program.Plots.Page = {false, false, false, false};
+    Program.Plots.Page.*box = true;
     const auto alone = Page(1);
     EXPECT_GT(alone.size(), 50u);
     EXPECT_NE(std::search(all.begin(), all.end(), alone.begin(), alone.end()), all.end());
@@ -196,7 +198,7 @@ TEST_F(GraphicsPageTest, MetafileIsThePageBehindItsHeader) {
   MetafileTarget metafile(GraphicsPage);
   Replay(Page(1), metafile);
   EXPECT_EQ(Bytes("a.wmf"), PlaceableHeader({900, 800}, 100) + metafile.Bits());
-  Program.Page = {false, false, false, false};
+  Program.Plots.Page = {false, false, false, false};
   ASSERT_TRUE(Export("a.wmf"));
   const std::string empty = Bytes("a.wmf").substr(22);
   EXPECT_EQ(MetafileReader(empty).records.size(), 5u) << "the file comes into being all the same";
@@ -283,7 +285,7 @@ TEST_F(GraphicsPageTest, AMeanOfAnotherViewIsNamedOnceAndBelowTheNetOfVectors) {
   };
   Menu("mnuGraphicsPrint");
   EXPECT_EQ(Drawn, named);
-  Program.Page.stereonet = false;  // a page without the mean says nothing of it
+  Program.Plots.Page.stereonet = false;  // a page without the mean says nothing of it
   EXPECT_EQ(save("b.svg", 7), "Written: " + Path("b.svg"));
   EXPECT_EQ(Drawn, Page(1));
 }

@@ -35,8 +35,8 @@ class PlotMouse : public ProgramTest {
     const double r = 155 * std::sqrt(1 - std::sin(inc / 57.29578));
     const float x = static_cast<float>(180 + r * std::sin(dec / 57.29578));
     const float y = static_cast<float>(190 - r * std::cos(dec / 57.29578));
-    return Text(
-        *RecordsInStereo(Now, Program.Stereo, {x + half, y + half, x - half, y - half}, keys));
+    return Text(*RecordsInStereo(Now, Program.Plots.Stereo,
+                                 {x + half, y + half, x - half, y - half}, keys));
   }
 };
 
@@ -51,7 +51,7 @@ TEST_F(PlotMouse, SelectsByAnyShownAxisOrByTheOneOfTheKey) {
       {false, 90, 30, CtrlKey, ""}};
   // clang-format on
   for (const auto& [kmaxShown, dec, inc, keys, selected] : cases) {
-    Program.Stereo.showAxis[1] = kmaxShown;
+    Program.Plots.Stereo.showAxis[1] = kmaxShown;
     EXPECT_EQ(Select(dec, inc, keys), selected) << dec << " " << inc << " " << keys;
   }
 }
@@ -59,8 +59,8 @@ TEST_F(PlotMouse, SelectsByAnyShownAxisOrByTheOneOfTheKey) {
 TEST_F(PlotMouse, AClickFindsNoRecordAndAHiddenNetAnswersNothing) {
   Add(0);
   for (const bool data : {true, false}) {
-    Program.Stereo.showData = data;
-    const auto hit = RecordsInStereo(Now, Program.Stereo, {50, 50, 50, 50}, NoKeys);
+    Program.Plots.Stereo.showData = data;
+    const auto hit = RecordsInStereo(Now, Program.Plots.Stereo, {50, 50, 50, 50}, NoKeys);
     EXPECT_EQ(hit.has_value(), data);
     EXPECT_TRUE(!hit || hit->empty());
   }

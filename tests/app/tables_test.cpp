@@ -35,7 +35,7 @@ SpecimenRecord Filled() {
 TEST(DataTable, ShowsEachValueInItsFormat) {
   SpecimenRecord r = Filled();
   r.RecordNo = 7;
-  r.Fac[2] = 1e9f;
+  r.Fac[2] = Factor::Failed();
   std::string cells;
   for (const Column c : DataTableColumns) cells += DataTableCell(c, r, InPhase) + "|";
   EXPECT_EQ(cells,

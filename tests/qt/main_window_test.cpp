@@ -70,7 +70,7 @@ class MainWindowTest : public WindowTest {
     QVERIFY(W().Program.Lists.foliationsShown.Entries[1].Selected);
     const QImage five = picture();
     Press("chkK(1)");
-    QVERIFY(five != empty && !W().Program.Stereo.showAxis[1] && picture() != five);
+    QVERIFY(five != empty && !W().Program.Plots.Stereo.showAxis[1] && picture() != five);
     Press("chkStereoColorCoding");
     QCOMPARE(Look("optStereoColorCoding(0)"), "Per axis+");
   }

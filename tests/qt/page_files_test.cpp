@@ -83,7 +83,7 @@ class PageFilesTest : public WindowTest {
   }
 
   void checkBoxesChooseThePlots() {
-    const PageOptions& page = W().Program.Page;
+    const PageOptions& page = W().Program.Plots.Page;
     const bool* const plots[] = {&page.stereonet, &page.histogram, &page.xyPlot1, &page.xyPlot2};
     for (int i = 0; const char* box : {"chkStereo", "chkHisto", "chkXYPLot1", "chkXYPlot2"}) {
       QVERIFY2(*plots[i] && Look(box) == "Page+", box);

@@ -275,7 +275,7 @@ class PainterTargetTest : public QObject {
     TestWindow window;
     window.Open(VELORIX_SOURCE_DIR "/examples/granite.ams");
     Session& session = window.Program.Session;
-    StereoOptions options = window.Program.Stereo;
+    StereoOptions options = window.Program.Plots.Stereo;
     const auto draw = [&](Target& target) {
       DrawStereo(session.Records, session.CoorSys, target, StereoGeometry{}, options,
                  session.ReImMode, window.Program.GroupStats, session.Settings);

@@ -246,7 +246,7 @@ TEST(GroupStatistics, TakesWhatTheViewShowsAndLeavesFailedFactorsOut) {
   RecordArray records = RecordsOf(Jelinek1978);
   records[1].Active = false;
   records[2].CoorLevel = Specimen;
-  records[3].Fac[1] = 1e9f;
+  records[3].Fac[1] = Factor::Failed();
   GroupStats stats;
   RunOn(records, stats);
   EXPECT_EQ(stats.GroupN, 6);
@@ -254,12 +254,13 @@ TEST(GroupStatistics, TakesWhatTheViewShowsAndLeavesFailedFactorsOut) {
   EXPECT_FLOAT_EQ(stats.AvgKm, 0.0055f);  // records 3 to 8
   EXPECT_FLOAT_EQ(stats.SdKm, std::sqrt(3.5f) * 0.001f);
   double L = 0;
-  for (int i = 4; i <= 8; ++i) L += records[i].Fac[1] / 5;
+  for (int i = 4; i <= 8; ++i) L += records[i].Fac[1].Value() / 5;
   EXPECT_FLOAT_EQ(stats.AvgFac[1], static_cast<float>(L));
-  EXPECT_NEAR(stats.MeanFac[3], stats.MeanK[1] / stats.MeanK[3], 1e-6);
+  EXPECT_NEAR(stats.MeanFac[3].Value(), stats.MeanK[1] / stats.MeanK[3], 1e-6);
 
   RunOn(RecordsOf({{1, 1, 1e-40, 0, 0, 0}}), stats);
-  EXPECT_EQ(stats.MeanFac[3], 1e9f);  // P = 1E40 leaves the 32-bit range: failed, as in a record
+  EXPECT_EQ(stats.MeanFac[3],
+            Factor::Failed());  // P = 1E40 leaves the 32-bit range: failed, as in a record
 }
 
 TEST(GroupStatistics, FailsAtTheDivisionAndTellsHowFarItCame) {

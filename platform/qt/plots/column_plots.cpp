@@ -86,14 +86,16 @@ ColumnPlots::ColumnPlots(Velorix& velorix, QWidget* column, QWidget* pairs) : ve
 PlotPanel* ColumnPlots::MakeHisto(QWidget* parent) {
   PlotPanel* panel = MakePanel(HistoNames, velorix_, parent);
   AddColumns(*panel, "X", "odclHisto", "Column whose distribution is shown", Column::Km,
-             velorix_.HistoParameter, [this](Column column) { ChooseHisto(velorix_, column); });
+             velorix_.Plots.HistoParameter,
+             [this](Column column) { ChooseHisto(velorix_, column); });
   panel->Options->addStretch(1);
   panel->Picture->SetPicture(HistoPlane, [this](Target& target) {
-    DrawHisto(target, PlotGeometry(), DataTableValues(velorix_.HistoParameter, velorix_.Session),
-              velorix_.HistoParameter, velorix_.Session.Settings);
+    DrawHisto(target, PlotGeometry(),
+              DataTableValues(velorix_.Plots.HistoParameter, velorix_.Session),
+              velorix_.Plots.HistoParameter, velorix_.Session.Settings);
   });
   AttachMouse(*panel->Picture, {.Cross = true});
-  panel->AddPageBox("chkHisto", velorix_.Page.histogram);
+  panel->AddPageBox("chkHisto", velorix_.Plots.Page.histogram);
   return panel;
 }
 
@@ -102,12 +104,12 @@ PlotPanel* ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
   const auto name = [plot](const char* pattern) { return QString(pattern).arg(plot); };
   const auto change = [this, plot](auto field) {
     return [this, plot, field](auto value) {
-      XYPlotOptions options = velorix_.XYPlot[plot];
+      XYPlotOptions options = velorix_.Plots.XYPlot[plot];
       options.*field = value;
       Work(velorix_, [&] { ChangeXYPlot(velorix_, plot, options); });
     };
   };
-  const XYPlotOptions& options = velorix_.XYPlot[plot];
+  const XYPlotOptions& options = velorix_.Plots.XYPlot[plot];
   AddColumns(*panel, "X", name("odclXYPlot%1(1)"), "Column along the X axis", Column::Field,
              options.x, change(&XYPlotOptions::x));
   AddColumns(*panel, "Y", name("odclXYPlot%1(2)"), "Column along the Y axis", Column::Field,
@@ -125,7 +127,7 @@ PlotPanel* ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
   panel->Picture->SetPicture(XYPlotPlane(options), [this, plot](Target& target) {
     velorix_.XYDrawn[plot].reset();  // nothing for the mouse when drawing fails
     velorix_.XYDrawn[plot] =
-        DrawXYPlot(velorix_.Session, target, PlotGeometry(), ShownXYPlot(velorix_, plot));
+        DrawXYPlot(velorix_.Session, target, PlotGeometry(), velorix_.Plots.Shown(plot));
   });
   AttachPlotMouse(
       velorix_, *panel, plot == 1 ? "lblXYPlot1" : "lblXYPlot2",
@@ -134,9 +136,9 @@ PlotPanel* ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
       },
       [this, plot](double x, double y) { return ReadXYPlot(velorix_.XYDrawn[plot], x, y); });
   if (plot == 1)
-    panel->AddPageBox("chkXYPLot1", velorix_.Page.xyPlot1);
+    panel->AddPageBox("chkXYPLot1", velorix_.Plots.Page.xyPlot1);
   else
-    panel->AddPageBox("chkXYPlot2", velorix_.Page.xyPlot2);
+    panel->AddPageBox("chkXYPlot2", velorix_.Plots.Page.xyPlot2);
   return panel;
 }
 
@@ -186,7 +188,7 @@ void ColumnPlots::ShowGridHeader() {
 void ColumnPlots::RedrawHisto() { histo_->Picture->Redraw(); }
 
 void ColumnPlots::RedrawXYPlot(int plot) {
-  xyPlots_[plot]->Picture->SetPlane(XYPlotPlane(velorix_.XYPlot[plot]));
+  xyPlots_[plot]->Picture->SetPlane(XYPlotPlane(velorix_.Plots.XYPlot[plot]));
   xyPlots_[plot]->Picture->Redraw();
 }
 

@@ -98,9 +98,9 @@ StereoPanel::StereoPanel(Velorix& velorix, QWidget* parent)
     : PlotPanel(Names, velorix.Host.AppFolder, parent), velorix_(velorix) {
   AddChecks();
   Options->addStretch(1);
-  Picture->SetPicture(StereoPlane(velorix.Stereo), [this](Target& target) {
+  Picture->SetPicture(StereoPlane(velorix.Plots.Stereo), [this](Target& target) {
     const Session& session = velorix_.Session;
-    DrawStereo(session.Records, session.CoorSys, target, StereoGeometry{}, velorix_.Stereo,
+    DrawStereo(session.Records, session.CoorSys, target, StereoGeometry{}, velorix_.Plots.Stereo,
                session.ReImMode, velorix_.GroupStats, session.Settings);
   });
   QLabel* dec = AddReadOut("lblStereoCursorPos(1)", "Declination under the mouse");
@@ -119,12 +119,12 @@ StereoPanel::StereoPanel(Velorix& velorix, QWidget* parent)
                          .Select =
                              [this](const MouseBox& box, int keys) {
                                Work(velorix_, [&] {
-                                 const auto hit =
-                                     RecordsInStereo(velorix_.Session, velorix_.Stereo, box, keys);
+                                 const auto hit = RecordsInStereo(velorix_.Session,
+                                                                  velorix_.Plots.Stereo, box, keys);
                                  if (hit) SelectRecords(velorix_, *hit);
                                });
                              }});
-  AddPageBox("chkStereo", velorix.Page.stereonet);
+  AddPageBox("chkStereo", velorix.Plots.Page.stereonet);
   Picture->OnFault = [this](const Fault& fault) {
     velorix_.Log.DebugPrint(std::string("Error: stereonet: ") + fault.what());
     velorix_.Views.ShowStatus(std::string("Stereonet: ") + fault.what());
@@ -132,7 +132,7 @@ StereoPanel::StereoPanel(Velorix& velorix, QWidget* parent)
 }
 
 void StereoPanel::ChangeOption(const std::function<void(StereoOptions&)>& change) {
-  change(velorix_.Stereo);
+  change(velorix_.Plots.Stereo);
   Work(velorix_, [&] { velorix_.Views.RedrawStereo(); });
 }
 
@@ -155,7 +155,7 @@ void StereoPanel::AddChecks() {
 
 void StereoPanel::AddCheck(const OptionCheck& check, QGridLayout& group) {
   QCheckBox* box = MakeCheck(check, Frame);
-  box->setChecked(check.Field(velorix_.Stereo));
+  box->setChecked(check.Field(velorix_.Plots.Stereo));
   connect(box, &QCheckBox::toggled, this, [this, &check](bool on) {
     ChangeOption([&](StereoOptions& options) { check.Field(options) = on; });
   });
@@ -202,7 +202,7 @@ void StereoPanel::AddColourCoding(QGridLayout& group) {
     auto* option = new QRadioButton(way.Caption, Frame);
     option->setObjectName(way.Name);
     option->setToolTip(way.Tip);
-    option->setChecked(velorix_.Stereo.colourRamp == way.Ramp);
+    option->setChecked(velorix_.Plots.Stereo.colourRamp == way.Ramp);
     connect(option, &QRadioButton::toggled, this, [this, ramp = way.Ramp](bool on) {
       if (on) ChangeOption([&](StereoOptions& options) { options.colourRamp = ramp; });
     });
@@ -262,7 +262,7 @@ void StereoPanel::ShowCodeLists() {
 }
 
 void StereoPanel::Redraw() {
-  Picture->SetPlane(StereoPlane(velorix_.Stereo));
+  Picture->SetPlane(StereoPlane(velorix_.Plots.Stereo));
   Picture->Redraw();
 }
 
