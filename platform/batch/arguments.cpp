@@ -106,17 +106,47 @@ std::vector<std::string> Split(const std::string& text, char separator) {
   return parts;
 }
 
-/// A count in decimal digits, up to the limit of the store; anything else is wrong usage.
-int CountOf(const OptionRow& row, const std::string& text) {
+/// A count in decimal digits, up to the limit of the store; -1 for any other text.
+int CountOf(const std::string& text) {
   int count = -1;
   const char* const end = text.data() + text.size();
   const auto [rest, error] = std::from_chars(text.data(), end, count);
-  if (error != std::errc() || rest != end || count < 0 || count > 32767)
-    throw CLI::ValidationError(row.Name, "'" + text + "' is no count from 0 to 32767.");
-  return count;
+  return error == std::errc() && rest == end && count <= 32767 ? std::max(count, -1) : -1;
 }
 
-/// Puts the text of an option where it belongs.
+/// The position of a word, from 0; -1 when it is none of those between bars.
+int PositionOf(const std::string& text, const std::string& between) {
+  const auto words = Split(between, '|');
+  const auto word = std::find(words.begin(), words.end(), text);
+  return word == words.end() ? -1 : static_cast<int>(word - words.begin());
+}
+
+/// What is wrong with the text of an option, or nothing.
+struct CheckValue {
+  const OptionRow& Row;
+  const std::string& Text;
+
+  static std::string CheckCount(const std::string& text) {
+    return CountOf(text) >= 0 ? "" : "'" + text + "' is no count from 0 to 32767.";
+  }
+  std::string operator()(int Arguments::*) const { return CheckCount(Text); }
+  std::string operator()(std::vector<int> Arguments::*) const {
+    std::string wrong;
+    for (const std::string& id : Split(Text, ','))
+      if (wrong.empty()) wrong = CheckCount(id);
+    return wrong;
+  }
+  std::string operator()(const Choice&) const {
+    if (PositionOf(Text, Row.Value) >= 0) return {};
+    return "'" + Text + "' is none of " + Row.Value + ".";
+  }
+  template <class Other>
+  std::string operator()(Other Arguments::*) const {
+    return {};
+  }
+};
+
+/// Puts the text of an option, which is checked, where it belongs.
 struct TakeValue {
   Arguments& To;
   const OptionRow& Row;
@@ -127,16 +157,12 @@ struct TakeValue {
   void operator()(std::vector<std::string> Arguments::*member) const {
     (To.*member).push_back(Text);
   }
-  void operator()(int Arguments::*member) const { To.*member = CountOf(Row, Text); }
+  void operator()(int Arguments::*member) const { To.*member = CountOf(Text); }
   void operator()(std::vector<int> Arguments::*member) const {
-    for (const std::string& id : Split(Text, ',')) (To.*member).push_back(CountOf(Row, id));
+    for (const std::string& id : Split(Text, ',')) (To.*member).push_back(CountOf(id));
   }
   void operator()(const Choice& choice) const {
-    const auto words = Split(Row.Value, '|');
-    const auto word = std::find(words.begin(), words.end(), Text);
-    if (word == words.end())
-      throw CLI::ValidationError(Row.Name, "'" + Text + "' is none of " + Row.Value + ".");
-    To.*choice.Position = choice.First + static_cast<int>(word - words.begin());
+    To.*choice.Position = choice.First + PositionOf(Text, Row.Value);
   }
 };
 
@@ -156,6 +182,10 @@ void AddOption(CLI::App& app, Arguments& a, const OptionRow& row) {
   CLI::Option* const option =
       app.add_option_function<std::vector<std::string>>(row.Name, takeAll, row.Help);
   option->type_name(row.Value)->allow_extra_args(false)->expected(1);
+  const auto complaint = [&row](const std::string& text) {
+    return std::visit(CheckValue{row, text}, row.Place);
+  };
+  option->check(CLI::Validator(complaint, ""));
   option->multi_option_policy(row.Repeats ? CLI::MultiOptionPolicy::TakeAll
                                           : CLI::MultiOptionPolicy::Throw);
 }
