@@ -57,7 +57,7 @@ TEST(DataTable, HeadersHaveTwoRowsAndTheNamesOfTheFactors) {
                 DataTableHeader(HeaderRow::Lower, Column::ID, settings),
             "IDID");
   EXPECT_EQ(DataTableHeader(HeaderRow::Lower, Column::Field, settings),
-            "FreqName");  // one column early, and wanted
+            "FreqName");  // one column early, and expected
   EXPECT_EQ(DataTableHeader(HeaderRow::Upper, Column::Fac1, settings) +
                 DataTableHeader(HeaderRow::Lower, Column::Fac1, settings),
             "k1/k2k1/k2");
@@ -83,10 +83,10 @@ TEST(DataTable, SortsByTextOrByNumberAndKeepsEqualRowsInOrder) {
       {Column::Fac1, false, {3, 1, 4, 2}},      // an empty cell last
       {Column::Fac1, true, {4, 1, 3, 2}},       // both ways
       {Column::ID, true, {4, 3, 2, 1}}};
-  for (const auto& [column, downward, wanted] : cases) {
+  for (const auto& [column, downward, expected] : cases) {
     std::vector<int> ids = DataTableRows(session);
     SortDataTable(ids, column, downward, session);
-    EXPECT_EQ(ids, wanted) << static_cast<int>(column) << downward;
+    EXPECT_EQ(ids, expected) << static_cast<int>(column) << downward;
   }
 }
 
