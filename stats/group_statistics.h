@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <span>
 
 #include "stats/bootstrap.h"
@@ -56,10 +57,18 @@ void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, Tenso
 // What a view may show of the last run: what the group is large enough for, and what was reached.
 bool ShowsMean(const GroupStats& stats);           // MeanK, MeanDec, MeanInc, MeanVec
 bool ShowsErrors(const GroupStats& stats, int k);  // MeanE1, MeanE2, MeanRot of direction k
+bool ShowsErrorsAt95(const GroupStats& stats);     // MeanE1At95, MeanE2At95 of all directions
 bool ShowsBootstrap(const GroupStats& stats);      // BootE1, BootE2, BootPoints, BootContour
 bool ShowsMeanFac(const GroupStats& stats, int slot);
 bool ShowsAvgKm(const GroupStats& stats);
 bool ShowsAvgFac(const GroupStats& stats, int slot);
 bool ShowsDeviations(const GroupStats& stats);  // besides, of what has an average
+
+/// The larger and the smaller angle of a direction, degrees.
+struct AngularErrors {
+  double E1 = 0, E2 = 0;
+};
+/// Those of direction k at a level; nothing where they may not be shown.
+std::optional<AngularErrors> ErrorsOf(const GroupStats& stats, ErrorLevel level, int k);
 
 }  // namespace velorix

@@ -119,10 +119,11 @@ void WriteGeoJson(std::ostream& out, const RecordArray& geoRecords) {
   out << '\n';
 }
 
-void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings) {
+void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings,
+                    ErrorLevel level) {
   const auto when = [](bool shown, const auto& field) { return shown ? ToJson(field) : Json(); };
   const bool mean = ShowsMean(stats), boot = ShowsBootstrap(stats);
-  const bool deviations = ShowsDeviations(stats);
+  const bool at95 = ShowsErrorsAt95(stats), deviations = ShowsDeviations(stats);
   const auto error = [&](int k) { return ShowsErrors(stats, k); };
   const auto meanFac = [&](int slot) { return ShowsMeanFac(stats, slot); };
   const auto avgFac = [&](int slot) { return ShowsAvgFac(stats, slot); };
@@ -146,6 +147,9 @@ void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& 
   object.Add("BootContour", when(boot, stats.BootContour));
   object.Add("BootPoints", boot ? PointsJson(stats) : Json());
   object.Add("FacName", ToJson(settings.FacName));
+  object.Add("Jelinek95",
+             {{"E1", when(at95, stats.MeanE1At95)}, {"E2", when(at95, stats.MeanE2At95)}});
+  object.Add("Level", NamesOf(level).Word);
   object.End();
   out << '\n';
 }
