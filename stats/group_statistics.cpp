@@ -89,6 +89,7 @@ void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, Tenso
   const std::vector<TensorColumn> T = ShownTensors(records, coorSys, reImMode);
   stats.GroupN = static_cast<std::int16_t>(T.size());
   stats.Reached = GroupStats::MeanTensor;
+  stats.Hext = Hext(T);
   TensorStatistics(T, stats);
   stats.Reached = GroupStats::TensorErrors;
   if (T.size() <= BootMaxN)

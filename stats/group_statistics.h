@@ -5,6 +5,7 @@
 #include <span>
 
 #include "stats/bootstrap.h"
+#include "stats/hext.h"
 #include "stats/tensor_statistics.h"
 #include "store/session.h"
 
@@ -24,6 +25,7 @@ struct GroupStats : TensorStats {
 
   std::int16_t GroupN = 0;              // records in the mean tensor
   Array1<Factor, FactorSlots> MeanFac;  // of the mean tensor
+  std::optional<HextStats> Hext;        // nothing where they are not defined
   float AvgKm = 0;                      // averages over the records and their deviations
   Array1<float, FactorSlots> AvgFac;
   float SdKm = 0;
@@ -49,7 +51,7 @@ inline constexpr int BootContourPoints = 200;
 /// Mean tensor, errors and bootstrap of the records that the view shows (`IsShown`), averages of
 /// the in-phase `Km` and of the factors also of those without an out-of-phase block. Fails with
 /// "Division by zero" where a group has equal mean values or no scatter; what was computed before
-/// stays, and `stats.Reached` says how far that is.
+/// stays, and `stats.Reached` says how far that is. Hext's statistics don't depend on the others.
 void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, TensorBlock reImMode,
                      const Array1<std::int16_t, FactorSlots>& facIndex,
                      std::span<const float> gaussTable, GroupStats& stats);
