@@ -88,6 +88,8 @@ TEST(TensorStatistics, ReproducesThePublishedExample) {
     EXPECT_LT(AxisAngle(MeanOf(stats, k), {w.dec, w.inc}), 0.001);
     EXPECT_NEAR(std::atan(scale * std::tan(stats.MeanE1[k] / DegPerRad)), w.e1, 2e-4);
     EXPECT_NEAR(std::atan(scale * std::tan(stats.MeanE2[k] / DegPerRad)), w.e2, 2e-5);
+    EXPECT_NEAR(std::atan((N - 1) / N * std::tan(stats.MeanE1At95[k] / DegPerRad)), w.e1, 2e-4);
+    EXPECT_NEAR(std::atan((N - 1) / N * std::tan(stats.MeanE2At95[k] / DegPerRad)), w.e2, 2e-5);
   }
 }
 
