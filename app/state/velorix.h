@@ -48,8 +48,7 @@ struct Velorix {
   Array1<std::optional<DrawnXYPlot>, 2> XYDrawn = {};  // the plots on the screen
   OpenWindows Windows = {};
   velorix::GroupStats GroupStats = {};
-  GroupSubject GroupOf = {};                     // what they were computed of
-  ErrorLevel Level = ErrorLevel::StandardError;  // which errors of the mean directions are shown
+  GroupSubject GroupOf = {};  // what they were computed of
   std::vector<float> GaussTable = {};
   ContourSession Contour = {};
   DebugLog Log = {};
