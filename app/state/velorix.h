@@ -48,7 +48,8 @@ struct Velorix {
   Array1<std::optional<DrawnXYPlot>, 2> XYDrawn = {};  // the plots on the screen
   OpenWindows Windows = {};
   velorix::GroupStats GroupStats = {};
-  GroupSubject GroupOf = {};                     // what they were computed of
+  GroupSubject GroupOf = {};  // what they were computed of
+  BootChoice Bootstrap = {};
   ErrorLevel Level = ErrorLevel::StandardError;  // which errors of the mean directions are shown
   std::vector<float> GaussTable = {};
   ContourSession Contour = {};
