@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "stats/jacobi.h"
+#include "tensor/aniso_factor.h"
 
 namespace velorix {
 namespace {
@@ -77,16 +78,40 @@ Moments MomentsOf(std::span<const Matrix<3, 3>> samples) {
   return m;
 }
 
-/// `B` replicates of the mean of `n` tensors, in the frame.
-std::vector<Matrix<3, 3>> Replicates(const Moments& m, std::size_t n, int B,
-                                     std::span<const float> gaussTable) {
-  if (gaussTable.size() < 6 * n * static_cast<std::size_t>(B)) FailSubscript();
+/// The sum of `n` tensors drawn from the normal distributions of `m`.
+TensorColumn SumOfNormal(const Moments& m, std::size_t n, NumberSource& numbers,
+                         std::vector<float>& room) {
+  room.resize(6 * n);
+  numbers.FillGauss(room);
+  TensorColumn y;
+  const float* g = room.data();
+  for (std::size_t s = 0; s < n; ++s)
+    for (int c = 0; c < 6; ++c) y.v[c] += m.Mean6.v[c] + m.Sd6.v[c] * double(*g++);
+  return y;
+}
+
+/// The sum of as many tensors as there are samples, drawn from them with replacement.
+TensorColumn SumOfDrawn(std::span<const TensorColumn> samples, NumberSource& numbers) {
+  TensorColumn y;
+  for (std::size_t s = 0; s < samples.size(); ++s) {
+    const TensorColumn& drawn = samples[numbers.Place(samples.size())];
+    for (int c = 0; c < 6; ++c) y.v[c] += drawn.v[c];
+  }
+  return y;
+}
+
+/// Replicates of the mean of the samples, in their frame.
+std::vector<Matrix<3, 3>> Replicates(std::span<const Matrix<3, 3>> samples,
+                                     const BootChoice& choice, NumberSource numbers) {
+  const std::size_t n = samples.size();
+  const Moments moments = MomentsOf(samples);
+  std::vector<TensorColumn> columns;
+  for (const Matrix<3, 3>& sample : samples) columns.push_back(FormOf(sample));
+  std::vector<float> room;
   std::vector<Matrix<3, 3>> rep;
-  const float* g = gaussTable.data();
-  for (int k = 0; k < B; ++k) {
-    TensorColumn y;
-    for (std::size_t s = 0; s < n; ++s)
-      for (int c = 0; c < 6; ++c) y.v[c] += m.Mean6.v[c] + m.Sd6.v[c] * double(*g++);
+  for (int k = 0; k < choice.Replicates; ++k) {
+    TensorColumn y = choice.Method == BootMethod::Simple ? SumOfDrawn(columns, numbers)
+                                                         : SumOfNormal(moments, n, numbers, room);
     for (double& component : y) component /= static_cast<double>(n);
     rep.push_back(MatrixOf(y));
   }
@@ -104,6 +129,20 @@ void SolveAll(std::span<const Matrix<3, 3>> rep, BootResult& result) {
 
 /// Ascending, with what is no number at the end.
 bool NumbersFirst(double a, double b) { return a < b || (std::isnan(b) && !std::isnan(a)); }
+
+FactorIntervals IntervalsOf(std::span<const Vector<3>> Eig) {
+  Array1<std::vector<double>, FactorIntervals::Size> values;
+  for (const Vector<3>& k : Eig) {
+    const FactorInput input(k[1], k[2], k[3]);
+    for (int i = 1; i <= FactorIntervals::Size; ++i)
+      if (const auto factor = AnisoFactor(BootFactorList[i - 1].Index, input))
+        values[i].push_back(*factor);
+  }
+  FactorIntervals intervals;
+  for (int i = 1; i <= FactorIntervals::Size; ++i)
+    if (values[i].size() == Eig.size()) intervals[i] = BootInterval(values[i]);
+  return intervals;
+}
 
 /// The components across direction `i`, in the order in which an ellipse takes them.
 struct Across {
@@ -156,20 +195,33 @@ void VectorFrameTurn(std::span<Matrix<3, 3>> A, const Matrix<3, 3>& F) {
   for (Matrix<3, 3>& M : A) M = TurnedRows(M, F);
 }
 
-BootLimits BootQuantiles(std::span<const Vector<3>> Eig) {
-  const auto point = [&](const std::vector<double>& sorted, double p) {
-    const double q = p * static_cast<double>(sorted.size());
-    const auto below = static_cast<std::size_t>(q);  // values up to q
-    if (q != std::floor(q)) return sorted[below];
-    return (sorted[below - 1] + sorted[below]) / 2;
+NumberSource NumbersOf(const BootChoice& choice, std::span<const float> gaussTable) {
+  return choice.Seed ? NumberSource(*choice.Seed) : NumberSource(gaussTable);
+}
+
+Interval BootInterval(std::vector<double>& values) {
+  const auto ranked = [&](std::size_t i) {
+    const auto place = values.begin() + static_cast<std::ptrdiff_t>(i);
+    std::nth_element(values.begin(), place, values.end(), NumbersFirst);
+    return *place;
   };
+  const auto point = [&](double p) {
+    const double q = p * static_cast<double>(values.size());
+    const auto below = static_cast<std::size_t>(q);  // values up to q
+    if (q != std::floor(q)) return ranked(below);
+    return (ranked(below - 1) + ranked(below)) / 2;
+  };
+  return {point(0.025), point(0.975)};
+}
+
+BootLimits BootQuantiles(std::span<const Vector<3>> Eig) {
   BootLimits limits;
   for (int c = 1; c <= 3; ++c) {
     std::vector<double> column;
     for (const Vector<3>& values : Eig) column.push_back(values[c]);
-    std::sort(column.begin(), column.end(), NumbersFirst);
-    limits.Lower[c] = point(column, 0.025);
-    limits.Upper[c] = point(column, 0.975);
+    const auto [lower, upper] = BootInterval(column);
+    limits.Lower[c] = lower;
+    limits.Upper[c] = upper;
   }
   return limits;
 }
@@ -201,17 +253,18 @@ std::vector<Matrix<3, 3>> BootEllipses(std::span<Matrix<3, 3>> BootVec, int P) {
   return contour;
 }
 
-BootResult BootStrap(std::span<const TensorColumn> T, int B, int P,
+BootResult BootStrap(std::span<const TensorColumn> T, const BootChoice& choice, int P,
                      std::span<const float> gaussTable) {
   BootResult result;
-  if (T.size() <= 1) return result;
+  if (T.size() <= 1 || choice.Method == BootMethod::None) return result;
   std::vector<Matrix<3, 3>> samples;
   for (const TensorColumn& t : T) samples.push_back(MatrixOf(t));
   const Matrix<3, 3> frame = FrameOf(samples);
   SampleFrameTurn(samples, frame);
-  std::vector<Matrix<3, 3>> rep = Replicates(MomentsOf(samples), T.size(), B, gaussTable);
+  std::vector<Matrix<3, 3>> rep = Replicates(samples, choice, NumbersOf(choice, gaussTable));
   SolveAll(rep, result);
   result.Limits = BootQuantiles(result.Eig);
+  result.Factors = IntervalsOf(result.Eig);
   result.BootEllipse = BootEllipses(result.BootVec, P);
   const Matrix<3, 3> back = Transposed(frame);
   SampleFrameTurn(rep, back);

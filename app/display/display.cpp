@@ -43,7 +43,7 @@ void ComputeGroup(Velorix& velorix) {
   const Session& session = velorix.Session;
   try {
     GroupStatistics(session.Records, session.CoorSys, session.ReImMode, session.Settings.FacIndex,
-                    velorix.GaussTable, velorix.GroupStats);
+                    velorix.GaussTable, velorix.GroupStats, velorix.Bootstrap);
   } catch (const Fault& fault) {
     throw StatisticsFault(
         fault.Number, std::string("Group statistics incomplete: specimens too much alike, or mean "

@@ -168,6 +168,9 @@ class Batch {
     ChooseCoorSys(velorix_, a_.CoorSys);
     velorix_.Session.ReImMode = a_.Block == 1 ? OutOfPhase : InPhase;
     velorix_.Plots.Stereo.level = static_cast<ErrorLevel>(a_.Level);
+    velorix_.Bootstrap = {
+        static_cast<BootMethod>(a_.Bootstrap), static_cast<int>(a_.Replicates), {}};
+    if (a_.Seed >= 0) velorix_.Bootstrap.Seed = static_cast<std::uint32_t>(a_.Seed);
   }
 
   static std::string Absolute(const std::string& path) {

@@ -192,7 +192,11 @@ TEST(StereoGeology, OnlyListedCodesAreDrawnEachInThePenOfItsPlace) {
 TEST(StereoGroup, TheBootstrapNeedsAStoreOfAtMostAHundred) {
   const StereoOptions options = Only({&O::showBootstrapCloud, &O::showBootstrapContours});
   GroupStats stats = Group(100);
-  stats.BootPoints[1][1] = {90, 0};
+  for (int k = 1; k <= 3; ++k) {
+    stats.BootPoints[k].resize(500);
+    stats.BootContour[k].resize(200);
+  }
+  stats.BootPoints[1][0] = {90, 0};
   const auto calls = OverTheNet(Uprights(100), options, stats);
   ASSERT_EQ(calls.size(), 3u * 500 + 3);
   EXPECT_EQ(ToText(calls[0]).find("polygon (334,"), 0u) << calls[0];
