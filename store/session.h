@@ -43,7 +43,7 @@ struct Session {
   std::string CurrentExt;
   std::int16_t CurrentFilter = 0;        // 1..6, selects the reader
   std::vector<std::string> OpenFiles;    // paths of the files that make up the store
-  std::vector<OpenedFile> Opened;        // the same files as they were read
+  std::vector<OpenedFile> Opened;        // the same files as they were read; empty if they were not
   std::vector<std::string> FolderFiles;  // names of their like in DataFolder, as listed
   int FolderFilePos = 0;                 // position of the open file there, from 1
   std::string GeoFile;                   // path of the first file in GeoRecords

@@ -41,7 +41,6 @@ std::string FileNameOf(const std::string& path) { return Utf8Of(PathOf(path).fil
 void Replace(Session& session, History& history, Step step, ReadFiles& read) {
   step.Values.emplace_back(TakeStore(session));
   ReplaceStore(session, read.Records);
-  session.Opened = std::move(read.Opened);
   history.Add(session, std::move(step));
 }
 
@@ -55,9 +54,11 @@ void ListFolderFiles(Session& session, const Host& host) {
   }
 }
 
-/// The names of the session for freshly chosen files.
-void NameFiles(Session& session, const Host& host, const FileList& list, int filter) {
+/// The names of the session for freshly chosen files; `opened` is empty when they were not read.
+void NameFiles(Session& session, const Host& host, const FileList& list, int filter,
+               std::vector<OpenedFile> opened) {
   session.OpenFiles = list.Paths();
+  session.Opened = std::move(opened);
   session.CurrentFile = list.FirstPath();
   session.CurrentFilter = static_cast<std::int16_t>(filter);
   session.CurrentExt = ExtensionOf(session.CurrentFile);
@@ -70,7 +71,7 @@ bool ReadAndReplace(Session& session, History& history, Dialogs& dialogs, const 
   ReadFiles read;
   if (!ReadAll(session, dialogs, &FileKind::Read, list.Paths(), filters, read)) return false;
   Replace(session, history, {"Open " + list.FirstName, {NamesOf(session)}}, read);
-  NameFiles(session, host, list, filters.front());
+  NameFiles(session, host, list, filters.front(), std::move(read.Opened));
   return true;
 }
 
@@ -84,6 +85,7 @@ void Reread(Session& session, History& history, Dialogs& dialogs, Step step) {
     for (std::size_t i = 0; i < paths.size(); ++i) filters[i] = session.Opened[i].Filter;
   if (!ReadAll(session, dialogs, &FileKind::Reload, paths, filters, read)) return;
   Replace(session, history, std::move(step), read);
+  session.Opened = std::move(read.Opened);
 }
 
 void OpenNeighbour(Session& session, History& history, Dialogs& dialogs, int way) {
@@ -97,6 +99,7 @@ void OpenNeighbour(Session& session, History& history, Dialogs& dialogs, int way
       session.FolderFiles[static_cast<std::size_t>(session.FolderFilePos - 1)];
   session.CurrentFile = InFolder(session.DataFolder, name);
   session.OpenFiles = {session.CurrentFile};
+  session.Opened.clear();  // until this one is read, which may fail
   step.Text = "Open " + name;
   Reread(session, history, dialogs, std::move(step));
 }
@@ -118,7 +121,7 @@ bool OpenDataFiles(Session& session, History& history, Dialogs& dialogs, const H
     return ReadAndReplace(session, history, dialogs, host, chosen->List,
                           std::vector<int>(chosen->List.Names.size(), chosen->Filter));
   history.Add(session, {"New " + chosen->List.FirstName, {NamesOf(session)}});
-  NameFiles(session, host, chosen->List, chosen->Filter);
+  NameFiles(session, host, chosen->List, chosen->Filter, {});
   return true;
 }
 
@@ -159,6 +162,7 @@ Step CloseStep(Session& session, const std::string& text) {
   step.Values.emplace_back(TakeStore(session));
   session.CurrentFile.clear();
   session.OpenFiles.clear();
+  session.Opened.clear();
   NoteDataChange(session);
   NoteSaved(session);
   return step;
