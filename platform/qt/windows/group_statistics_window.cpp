@@ -171,9 +171,11 @@ void frmGroupStatistics::AnisoFacName_Show() {
 }
 
 void frmGroupStatistics::AnisoView_DisplayGroupStatistics() {
-  const bool ofOtherView = IsGroupOfOtherView(velorix_);
+  const Session& session = velorix_.Session;
+  const GroupSubject& group = velorix_.GroupOf;
+  const bool ofOtherView = IsGroupOfOtherView(session, group);
   MarkLabel(*heading_, ofOtherView);
-  QString heading = ToQString(GroupHeading(velorix_));
+  QString heading = ToQString(GroupHeading(session, group, velorix_.GroupStats.GroupN));
   if (ofOtherView)
     heading += "\nAnother view is shown; Clear Selection (Shift+Ctrl+F12) computes its numbers.";
   heading_->setText(heading);
@@ -186,7 +188,8 @@ void frmGroupStatistics::AnisoView_DisplayGroupStatistics() {
 void frmGroupStatistics::Copy() {
   QApplication::clipboard()->setText(
       ToQString(GroupTableText(velorix_.GroupStats, velorix_.Session.Settings)));
-  const std::string notice = MeanNotice(velorix_);
+  const std::string notice =
+      MeanNotice(velorix_.Session, velorix_.GroupOf, velorix_.GroupStats.GroupN);
   if (!notice.empty()) velorix_.Views.ShowStatus(notice);
 }
 
