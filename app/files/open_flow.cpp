@@ -35,8 +35,6 @@ bool ReadAll(Session& session, Dialogs& dialogs, FileReader FileKind::*reader,
   return true;
 }
 
-std::string FileNameOf(const std::string& path) { return Utf8Of(PathOf(path).filename()); }
-
 /// Puts what was read in the store; `step` has the names that the session had, and gets the store.
 void Replace(Session& session, History& history, Step step, ReadFiles& read) {
   step.Values.emplace_back(TakeStore(session));
