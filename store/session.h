@@ -23,6 +23,7 @@ struct FileStamp {
 struct OpenedFile {
   int Filter = 0;
   int Records = 0;
+  bool Reloaded = false;  // by the reader of Reload, Open Previous and Open Next
   FileStamp Stamp;
 };
 
