@@ -89,6 +89,7 @@ void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, Tenso
   const std::vector<TensorColumn> T = ShownTensors(records, coorSys, reImMode);
   stats.GroupN = static_cast<std::int16_t>(T.size());
   stats.Reached = GroupStats::MeanTensor;
+  stats.Hext = Hext(T);
   TensorStatistics(T, stats);
   stats.Reached = GroupStats::TensorErrors;
   if (T.size() <= BootMaxN)
@@ -110,6 +111,17 @@ void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, Tenso
 bool ShowsMean(const GroupStats& stats) { return stats.GroupN > 0; }
 
 bool ShowsErrors(const GroupStats& stats, int k) { return stats.GroupN >= 5 && stats.Errors >= k; }
+
+bool ShowsErrorsAt95(const GroupStats& stats) { return ShowsErrors(stats, 3); }
+
+std::optional<AngularErrors> ErrorsOf(const GroupStats& stats, ErrorLevel level, int k) {
+  if (level == ErrorLevel::StandardError) {
+    if (!ShowsErrors(stats, k)) return std::nullopt;
+    return AngularErrors{stats.MeanE1[k], stats.MeanE2[k]};
+  }
+  if (!ShowsErrorsAt95(stats)) return std::nullopt;
+  return AngularErrors{stats.MeanE1At95[k], stats.MeanE2At95[k]};
+}
 
 bool ShowsBootstrap(const GroupStats& stats) {
   return stats.GroupN >= 5 && stats.GroupN <= BootMaxN && stats.Reached >= GroupStats::Bootstrap;

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <span>
 
 #include "stats/bootstrap.h"
+#include "stats/hext.h"
 #include "stats/tensor_statistics.h"
 #include "store/session.h"
 
@@ -23,6 +25,7 @@ struct GroupStats : TensorStats {
 
   std::int16_t GroupN = 0;              // records in the mean tensor
   Array1<Factor, FactorSlots> MeanFac;  // of the mean tensor
+  std::optional<HextStats> Hext;        // nothing where they are not defined
   float AvgKm = 0;                      // averages over the records and their deviations
   Array1<float, FactorSlots> AvgFac;
   float SdKm = 0;
@@ -48,7 +51,7 @@ inline constexpr int BootContourPoints = 200;
 /// Mean tensor, errors and bootstrap of the records that the view shows (`IsShown`), averages of
 /// the in-phase `Km` and of the factors also of those without an out-of-phase block. Fails with
 /// "Division by zero" where a group has equal mean values or no scatter; what was computed before
-/// stays, and `stats.Reached` says how far that is.
+/// stays, and `stats.Reached` says how far that is. Hext's statistics don't depend on the others.
 void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, TensorBlock reImMode,
                      const Array1<std::int16_t, FactorSlots>& facIndex,
                      std::span<const float> gaussTable, GroupStats& stats);
@@ -56,10 +59,18 @@ void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, Tenso
 // What a view may show of the last run: what the group is large enough for, and what was reached.
 bool ShowsMean(const GroupStats& stats);           // MeanK, MeanDec, MeanInc, MeanVec
 bool ShowsErrors(const GroupStats& stats, int k);  // MeanE1, MeanE2, MeanRot of direction k
+bool ShowsErrorsAt95(const GroupStats& stats);     // MeanE1At95, MeanE2At95 of all directions
 bool ShowsBootstrap(const GroupStats& stats);      // BootE1, BootE2, BootPoints, BootContour
 bool ShowsMeanFac(const GroupStats& stats, int slot);
 bool ShowsAvgKm(const GroupStats& stats);
 bool ShowsAvgFac(const GroupStats& stats, int slot);
 bool ShowsDeviations(const GroupStats& stats);  // besides, of what has an average
+
+/// The larger and the smaller angle of a direction, degrees.
+struct AngularErrors {
+  double E1 = 0, E2 = 0;
+};
+/// Those of direction k at a level; nothing where they may not be shown.
+std::optional<AngularErrors> ErrorsOf(const GroupStats& stats, ErrorLevel level, int k);
 
 }  // namespace velorix

@@ -53,8 +53,14 @@ Matrix<6, 6> FormTransformation(const Matrix<3, 3>& V) {
   return B;
 }
 
+/// What scales the tangent of a standard error to that of the 95 % angle of the mean of `n`
+/// tensors.
+double ScaleTo95(int n) {
+  return std::sqrt(2 * FQuantile(n - 2) * (n - 1) / (static_cast<double>(n) * (n - 2)));
+}
+
 /// Errors of direction `i` from the covariance `Cp` in the system of the mean axes.
-void DirectionErrors(const Matrix<6, 6>& Cp, int i, TensorStats& stats) {
+void DirectionErrors(const Matrix<6, 6>& Cp, int i, double scaleTo95, TensorStats& stats) {
   const int j = i % 3 + 1, l = j % 3 + 1;
   const double dj = stats.MeanK[i] - stats.MeanK[j], dl = stats.MeanK[i] - stats.MeanK[l];
   DynamicMatrix W(2, 2), D(2, 2), U(2, 2);
@@ -65,6 +71,8 @@ void DirectionErrors(const Matrix<6, 6>& Cp, int i, TensorStats& stats) {
   const double s1 = std::sqrt(std::fabs(D(1, 1))), s2 = D(2, 2) > 0 ? std::sqrt(D(2, 2)) : 0;
   stats.MeanE1[i] = DegPerRadian * std::atan(s1);
   stats.MeanE2[i] = DegPerRadian * std::atan(s2);
+  stats.MeanE1At95[i] = DegPerRadian * std::atan(s1 * scaleTo95);
+  stats.MeanE2At95[i] = DegPerRadian * std::atan(s2 * scaleTo95);
   stats.MeanRot[i] = -DegPerRadian * Atan2(U(1, 1), U(2, 1));
 }
 
@@ -96,8 +104,9 @@ void TensorStatistics(std::span<const TensorColumn> T, TensorStats& stats) {
 
   Matrix<6, 6> Cp;
   Mxabat(FormTransformation(stats.MeanVec), cov, Cp);
+  const double scaleTo95 = ScaleTo95(static_cast<int>(T.size()));
   for (int i = 1; i <= 3; ++i) {
-    DirectionErrors(Cp, i, stats);
+    DirectionErrors(Cp, i, scaleTo95, stats);
     stats.Errors = i;
   }
 }

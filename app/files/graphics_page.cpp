@@ -96,11 +96,13 @@ std::string MeanOnPage(const Velorix& velorix,
 }
 
 /// The page for paper and for files of vectors. A mean of another view than the net's is named
-/// below the net. Metafile, clipboard and pictures of pixels go without that line.
+/// below the net, where the net's captions don't. Metafile, clipboard and pictures of pixels go
+/// without that line.
 void DrawVectorPage(const Velorix& velorix, Target& target) {
   DrawPage(velorix, target, VectorScale);
   const std::string mean = MeanOnPage(velorix, MeanLabel);
-  if (!mean.empty()) target.Text(mean, MeanLinePlace, {.height = MeanLineHeight});
+  if (!mean.empty() && !NamesLevel(velorix.Plots.Stereo))
+    target.Text(mean, MeanLinePlace, {.height = MeanLineHeight});
 }
 
 /// What the status line says of a figure that is made: `done`, and that its mean is of another

@@ -73,6 +73,7 @@ const OptionRow Options[] = {
     {"--axis",          "north|north-south|east|east-west", "where the lineation goes; default north",  Choice{&Arguments::Axis, 0}},
     {"--foli",          "CODE",                      "foliation; default: the first in the data",       &Arguments::FoliCode},
     {"--line",          "CODE",                      "lineation; default: the first in the data",       &Arguments::LineCode},
+    {"--level",         Words(ErrorLevels),          "errors shown: standard, or 95 % angles; default se", Choice{&Arguments::Level, 0}},
     {"--select",        "ID[,ID...]",                "records to select, by number",                    &Arguments::Select, true},
     {"--disregard",     "ID[,ID...]",                "records to disregard, by number",                 &Arguments::Disregard, true},
     {"--records",       "FILE",                      "every record as JSON; - is standard output",      &Arguments::Records},

@@ -17,6 +17,7 @@ struct Arguments {
   bool AssignGed = false;
   int CoorSys = 1, Block = 0, Plane = 0, Axis = 0;  // list positions from 0
   std::string FoliCode, LineCode;
+  int Level = 0;  // position in ErrorLevels
   std::vector<int> Select, Disregard;
   int Contour = 0;  // 1 to 5, 0 none
   int Smooth = -1;  // -1: the window's

@@ -167,6 +167,7 @@ class Batch {
     ChooseTectoPlane(velorix_, a_.Plane);
     ChooseCoorSys(velorix_, a_.CoorSys);
     velorix_.Session.ReImMode = a_.Block == 1 ? OutOfPhase : InPhase;
+    velorix_.Plots.Stereo.level = static_cast<ErrorLevel>(a_.Level);
   }
 
   static std::string Absolute(const std::string& path) {
@@ -327,7 +328,8 @@ class Batch {
           Write(a_.Records, [&](std::ostream& out) { WriteRecords(out); });
           Write(a_.Table, [&](std::ostream& out) { out << DataTableText(velorix_.Session); });
           Write(a_.Stats, [&](std::ostream& out) {
-            WriteStatsJson(out, velorix_.GroupStats, velorix_.Session.Settings);
+            WriteStatsJson(out, velorix_.GroupStats, velorix_.Session.Settings,
+                           velorix_.Plots.Stereo.level);
           });
           Write(a_.GeoJson,
                 [&](std::ostream& out) { WriteGeoJson(out, velorix_.Session.GeoRecords); });

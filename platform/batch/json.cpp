@@ -78,6 +78,26 @@ Json SlotsJson(const Slots& slots, Shown shown) {
   return any ? list : Json();
 }
 
+/// Every key stands, null where Hext's statistics are not defined.
+Json HextJson(const std::optional<HextStats>& hext) {
+  const HextStats h = hext.value_or(HextStats());
+  const std::pair<const char*, Json> fields[] = {
+      {"Nf", h.Nf},
+      {"Sigma", ToJson(h.Sigma)},
+      {"F", ToJson(h.F)},
+      {"FCritical", ToJson(h.FCritical)},
+      {"F12", ToJson(h.F12)},
+      {"F23", ToJson(h.F23)},
+      {"F12Critical", ToJson(h.F12Critical)},
+      {"E12", ToJson(h.E12)},
+      {"E23", ToJson(h.E23)},
+      {"E13", ToJson(h.E13)},
+  };
+  Json object;
+  for (const auto& [name, value] : fields) object[name] = hext ? value : Json();
+  return object;
+}
+
 /// The first 500 directions of each cloud: the others are never filled.
 Json PointsJson(const GroupStats& stats) {
   Json clouds = Json::array();
@@ -119,10 +139,11 @@ void WriteGeoJson(std::ostream& out, const RecordArray& geoRecords) {
   out << '\n';
 }
 
-void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings) {
+void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings,
+                    ErrorLevel level) {
   const auto when = [](bool shown, const auto& field) { return shown ? ToJson(field) : Json(); };
   const bool mean = ShowsMean(stats), boot = ShowsBootstrap(stats);
-  const bool deviations = ShowsDeviations(stats);
+  const bool at95 = ShowsErrorsAt95(stats), deviations = ShowsDeviations(stats);
   const auto error = [&](int k) { return ShowsErrors(stats, k); };
   const auto meanFac = [&](int slot) { return ShowsMeanFac(stats, slot); };
   const auto avgFac = [&](int slot) { return ShowsAvgFac(stats, slot); };
@@ -146,6 +167,10 @@ void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& 
   object.Add("BootContour", when(boot, stats.BootContour));
   object.Add("BootPoints", boot ? PointsJson(stats) : Json());
   object.Add("FacName", ToJson(settings.FacName));
+  object.Add("Jelinek95",
+             {{"E1", when(at95, stats.MeanE1At95)}, {"E2", when(at95, stats.MeanE2At95)}});
+  object.Add("Hext", HextJson(stats.Hext));
+  object.Add("Level", NamesOf(level).Word);
   object.End();
   out << '\n';
 }

@@ -21,6 +21,7 @@ void WriteGeoJson(std::ostream& out, const RecordArray& geoRecords);
 
 /// The group statistics under the names of their fields; null where the group is too small for a
 /// field, or the statistics failed before it.
-void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings);
+void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings,
+                    ErrorLevel level);
 
 }  // namespace velorix

@@ -17,15 +17,17 @@ std::string Cell(bool shown, double value, const char* picture, std::size_t widt
 
 constexpr Array1<const char*, 3> AxisNames = {"Kmax", "Kint", "Kmin"};
 
-std::string MeanTensor(const GroupStats& stats) {
-  std::string text = "         K       Dec    Inc     Std. Err.      Bootstrap\n";
+std::string MeanTensor(const GroupStats& stats, ErrorLevel level) {
+  const char* const head = level == ErrorLevel::StandardError ? "Std. Err." : "95 %     ";
+  std::string text = std::string("         K       Dec    Inc     ") + head + "      Bootstrap\n";
   const bool boot = ShowsBootstrap(stats);
   for (int k = 1; k <= 3; ++k) {
-    const bool errors = ShowsErrors(stats, k);
+    const std::optional<AngularErrors> errors = ErrorsOf(stats, level, k);
+    const auto [e1, e2] = errors.value_or(AngularErrors());
     text += AxisNames[k];
     text += Cell(true, stats.MeanK[k], "0.0000", 9) + Cell(true, stats.MeanDec[k], "0.0", 8) +
-            Cell(true, stats.MeanInc[k], "0.0", 7) + Cell(errors, stats.MeanE1[k], "0.0", 8) +
-            Cell(errors, stats.MeanE2[k], "0.0", 7) + Cell(boot, stats.BootE1[k], "0.0", 8) +
+            Cell(true, stats.MeanInc[k], "0.0", 7) + Cell(errors.has_value(), e1, "0.0", 8) +
+            Cell(errors.has_value(), e2, "0.0", 7) + Cell(boot, stats.BootE1[k], "0.0", 8) +
             Cell(boot, stats.BootE2[k], "0.0", 7) + "\n";
   }
   return text;
@@ -44,9 +46,11 @@ std::string Summary(const Velorix& velorix) {
           " shown\n";
   text += std::string("View     ") + NamesOf(session.CoorSys).Short +
           (session.ReImMode == OutOfPhase ? ", Kim" : ", Kre") + "\n";
+  const ErrorLevel level = velorix.Plots.Stereo.level;
+  if (level != ErrorLevel::StandardError) text += "Level    " + LevelText(level) + "\n";
   if (ShowsMean(velorix.GroupStats))
     text += "Mean tensor, N = " + std::to_string(velorix.GroupStats.GroupN) + "\n" +
-            MeanTensor(velorix.GroupStats);
+            MeanTensor(velorix.GroupStats, level);
   return text;
 }
 
