@@ -244,7 +244,7 @@ constexpr Command CommandTable[] = {
 // clang-format on
 
 std::string UnsavedText(const Session& session) {
-  const std::string file = Utf8Of(PathOf(session.CurrentFile).filename());
+  const std::string file = FileNameOf(session.CurrentFile);
   return "Changes of the " + std::to_string(session.RecordCount()) + " records" +
          (file.empty() ? "" : " of " + file) + " are not saved.";
 }

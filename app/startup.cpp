@@ -61,6 +61,7 @@ void ResetSession(Session& session) {
   ClearStore(session);
   session.CurrentFile.clear();
   session.OpenFiles.clear();
+  session.Opened.clear();
 }
 
 }  // namespace velorix

@@ -72,6 +72,31 @@ void TakeOneBlock(SpecimenRecord& r, bool useIm) {
   r.Active = !IsZero(r.Tensor);
 }
 
+bool HasImIn(const SpecimenRecord& r) { return !IsZero(r.TensorIm); }
+
+/// The fields that a comparison of records needs: those that a save can lose, those that tell which
+/// record is which, and P4, by which azimuths are read.
+constexpr bool IsCompared(const AmsRow& row) {
+  constexpr std::string_view Names[] = {
+      "Name",          "OP[1..4]",       "FoliName[1..4]",  "FoliAz[1..4]",
+      "FoliDip[1..4]", "LineName[1..4]", "LineTrend[1..4]", "LinePlunge[1..4]",
+      "KSD[1..3]",     "KSDIm[1..3]",    "TensorIm[1..6]",  "Site",
+      "Rock",          "Strat",          "Litho",           "Regio"};
+  return std::find(std::begin(Names), std::end(Names), row.Name) != std::end(Names);
+}
+
+/// Of a file's record whose counterpart is found by its name.
+constexpr bool IsHeld(const AmsRow& row) {
+  constexpr std::string_view Names[] = {"Name", "KSD[1..3]", "KSDIm[1..3]", "TensorIm[1..6]"};
+  return std::find(std::begin(Names), std::end(Names), row.Name) != std::end(Names);
+}
+
+template <auto IsOne>
+void DecodeRows(const std::byte* bytes, SpecimenRecord& record) {
+  ForEachAmsRowOf<IsOne>([&](const auto& row) { row.Load(bytes + row.Offset, record); });
+  record.HasIm = HasImIn(record);
+}
+
 /// The number of records in a file of `size` bytes; a refusal when there is none.
 Outcome CheckSize(std::uintmax_t size, const std::string& path, int& count) {
   if (size == 0)
@@ -193,7 +218,7 @@ void DecodeAmsRecord(const std::byte* bytes, SpecimenRecord& record) {
   for (int slot = 1; slot <= 2; ++slot)
     if (!record.FoliName[slot].empty() || !record.LineName[slot].empty())
       record.HasCoor[3] = record.HasCoor[4] = true;
-  record.HasIm = !IsZero(record.TensorIm);
+  record.HasIm = HasImIn(record);
 }
 
 void EncodeAmsRecord(const SpecimenRecord& record, std::byte* bytes) {
@@ -217,14 +242,14 @@ Outcome ReadAmsBytes(std::span<const std::byte> bytes, const std::string& path,
   return ReadRecords(size, path, records, fetch, [](SpecimenRecord&) {});
 }
 
-Outcome VisitAmsFile(const std::string& path,
+Outcome VisitHeldAms(const std::string& path,
                      const std::function<void(const SpecimenRecord&)>& visit) {
   return WithFile(path, [&](std::uintmax_t size, auto fetch) {
     int n = 0;
     if (Outcome check = CheckSize(size, path, n); !check) return check;
     SpecimenRecord record;
     DecodePieces(n, fetch, [&](const std::byte* bytes) {
-      DecodeAmsRecord(bytes, record);
+      DecodeRows<IsHeld>(bytes, record);
       visit(record);
     });
     return Outcome();
@@ -277,7 +302,7 @@ void VisitStoredAms(
     if (i < records.Count()) Prefetch(records[i + 1]);
     if (!all && !records[i].Selected) continue;
     EncodeAmsRecord(records[i], bytes);
-    DecodeAmsRecord(bytes, stored);
+    DecodeRows<IsCompared>(bytes, stored);
     visit(records[i], stored);
   }
 }

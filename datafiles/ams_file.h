@@ -26,9 +26,10 @@ Outcome ReadAmsFile(const std::string& path, RecordArray& records);
 Outcome ReadAmsBytes(std::span<const std::byte> bytes, const std::string& path,
                      RecordArray& records);
 
-/// Calls `visit` for each record of the file, one after the other, without a place for all of them.
-/// Refuses and fails as `ReadAmsFile`.
-Outcome VisitAmsFile(const std::string& path,
+/// Calls `visit` for each record of the file, one after the other, without a place for all of them:
+/// names, standard deviations and out-of-phase tensors alone, by which files are compared. Refuses
+/// and fails as `ReadAmsFile`.
+Outcome VisitHeldAms(const std::string& path,
                      const std::function<void(const SpecimenRecord&)>& visit);
 
 /// The reading of reload, previous and next: as `ReadAmsFile`, but the block of one phase
@@ -47,7 +48,9 @@ Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool a
                      FormerFile former = FormerFile::Goes);
 
 /// Calls `visit` for each record, or each selected one, with what the file gives back when it is
-/// written and read.
+/// written and read, of what a comparison needs: name, site data, foliations and lineations,
+/// orientation parameters, standard deviations and the out-of-phase tensor. Fails as
+/// `WriteAmsFile` when a number is too large for the file.
 void VisitStoredAms(
     const RecordArray& records, bool all,
     const std::function<void(const SpecimenRecord& record, const SpecimenRecord& stored)>& visit);

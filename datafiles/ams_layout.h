@@ -2,6 +2,7 @@
 
 #include <tuple>
 #include <type_traits>
+#include <utility>
 
 #include "base/narrowing.h"
 #include "datafiles/bytes.h"
@@ -259,6 +260,17 @@ inline constexpr auto AmsLayout = std::tuple{
 template <class Visit>
 constexpr void ForEachAmsRow(Visit visit) {
   std::apply([&](const auto&... row) { (visit(row), ...); }, AmsLayout);
+}
+
+/// The same for the rows of which `IsOne(row)` holds.
+template <auto IsOne, class Visit>
+constexpr void ForEachAmsRowOf(Visit visit) {
+  const auto visitIfOne = [&]<std::size_t I>() {
+    constexpr auto& row = std::get<I>(AmsLayout);
+    if constexpr (IsOne(row)) visit(row);
+  };
+  [&]<std::size_t... I>(std::index_sequence<I...>) { (visitIfOne.template operator()<I>(), ...); }
+  (std::make_index_sequence<std::tuple_size_v<decltype(AmsLayout)>>());
 }
 
 constexpr bool IsGapless() {

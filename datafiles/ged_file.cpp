@@ -123,7 +123,7 @@ Outcome RefuseLine(const std::string& path, int line) {
 }
 
 std::string OpeningTitle(const std::string& path) {
-  return "Error in opening file: <<" + LowerCase(Utf8Of(PathOf(path).filename())) + ">>";
+  return "Error in opening file: <<" + LowerCase(FileNameOf(path)) + ">>";
 }
 
 /// A line of blanks that texts are put into, cut at the width of their field.

@@ -23,6 +23,7 @@ struct FileStamp {
 struct OpenedFile {
   int Filter = 0;
   int Records = 0;
+  bool Reloaded = false;  // by the reader of Reload, Open Previous and Open Next
   FileStamp Stamp;
 };
 
@@ -43,7 +44,7 @@ struct Session {
   std::string CurrentExt;
   std::int16_t CurrentFilter = 0;        // 1..6, selects the reader
   std::vector<std::string> OpenFiles;    // paths of the files that make up the store
-  std::vector<OpenedFile> Opened;        // the same files as they were read
+  std::vector<OpenedFile> Opened;        // the same files as they were read; empty if they were not
   std::vector<std::string> FolderFiles;  // names of their like in DataFolder, as listed
   int FolderFilePos = 0;                 // position of the open file there, from 1
   std::string GeoFile;                   // path of the first file in GeoRecords

@@ -43,6 +43,8 @@ std::string JoinPath(std::string_view folder, std::string_view name) {
   return path.append(name);
 }
 
+std::string FileNameOf(std::string_view path) { return Utf8Of(PathOf(path).filename()); }
+
 std::string BaseName(std::string_view path) {
   const std::string_view name = NameOf(path);
   return std::string(name.substr(0, name.rfind('.')));

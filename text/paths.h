@@ -17,6 +17,8 @@ std::string Utf8Of(const std::filesystem::path& path);
 /// `name` in `folder`, with one separator between; `name` alone when `folder` is empty.
 std::string JoinPath(std::string_view folder, std::string_view name);
 
+/// The name of the file without folder: "a.b.ams" of "x/a.b.ams".
+std::string FileNameOf(std::string_view path);
 /// The name of the file without folder and extension: "a.b" of "x/a.b.ams".
 std::string BaseName(std::string_view path);
 /// What follows the last point of the file's name, without the point; empty when there is none.

@@ -8,8 +8,9 @@
 #include <QScreen>
 
 #include "app/commands.h"
-#include "app/edit/orientation_editor.h"
+#include "app/edit/autosave.h"
 #include "app/files/losses.h"
+#include "datafiles/autosave_file.h"
 #include "platform/qt/parts/qt_dialogs.h"
 #include "platform/qt/parts/theme.h"
 #include "stats/contour_grid.h"
@@ -149,6 +150,27 @@ void TakeSaveQuestion(const QString& path) {
   });
 }
 
+/// The question at a start behind a crash.
+void TakeRestoreQuestion(const QString& path) {
+  TestWindow window;
+  Velorix& program = window.Program;
+  window.Asked.Files.push_back(FileAnswer{Example("granite.ams"), 1});
+  RunMenu(program, CommandNamed("mnuOpen"));
+  OrientationEditor editor;
+  LoadEditor(editor, program.Session);
+  EditCells(editor, {{2, OrientationColumn, "77"}, {3, OrientationColumn, "81"}});
+  const std::string left = window.Path("left.txt");
+  Autosave own(left);
+  own.Update(program.Session, &editor, program.Views, program.Log);
+  AutosavedWork work = AutosaveOfText(BytesOf(left)).value();
+  work.Time = "2026-11-22 09:05";
+  PutFile(left, AutosaveText(work));
+  TakeBox(window, path, [&](Dialogs& dialogs) {
+    Velorix next{dialogs, window.Window, window.Window, {}};
+    OfferAutosave(next, left, own);
+  });
+}
+
 void UseDarkTheme() {
   QPalette dark(QColor(0x35, 0x35, 0x35), QColor(0x2B, 0x2B, 0x2B));
   dark.setColor(QPalette::Base, QColor(0x1E, 0x1E, 0x1E));
@@ -182,5 +204,6 @@ int main(int argc, char** argv) {
     Take(window, window.Window, image, 0, QString("%1/%2.png").arg(argv[1], image.Name));
   }
   TakeSaveQuestion(QString("%1/save-question.png").arg(argv[1]));
+  TakeRestoreQuestion(QString("%1/restore-question.png").arg(argv[1]));
   TakeDoubtsQuestion(QString("%1/doubts-question.png").arg(argv[1]));
 }

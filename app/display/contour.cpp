@@ -38,7 +38,7 @@ std::string DirectionText(const ContourGrid& grid, std::size_t node) {
 
 /// What is in view for a count.
 ContourSubject SubjectInView(const ContourSession& contour, const Session& session) {
-  return {Utf8Of(PathOf(session.CurrentFile).filename()), session.CoorSys,
+  return {FileNameOf(session.CurrentFile), session.CoorSys,
           BuildContourData(session, contour.Options.display, session.FoliCode, session.LineCode)};
 }
 

@@ -8,7 +8,7 @@ namespace velorix {
 namespace {
 
 std::string OpenFileNames(const Session& session) {
-  std::string names = Utf8Of(PathOf(session.CurrentFile).filename());
+  std::string names = FileNameOf(session.CurrentFile);
   if (session.OpenFiles.size() > 1)
     names += " and " + std::to_string(session.OpenFiles.size() - 1) + " more";
   return names;

@@ -59,8 +59,6 @@ int FilterOfText(const std::string& path, const Settings& settings) {
   return 0;
 }
 
-std::string FileNameOf(const std::string& path) { return Utf8Of(PathOf(path).filename()); }
-
 }  // namespace
 
 std::string ContentDoubt(const Session& session) {

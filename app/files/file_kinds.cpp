@@ -34,7 +34,7 @@ Outcome VisitRead(const std::string& path, const Settings& settings,
 
 Outcome VisitAms(const std::string& path, const Settings&,
                  const std::function<void(const SpecimenRecord&)>& visit) {
-  return VisitAmsFile(path, visit);
+  return VisitHeldAms(path, visit);
 }
 
 Outcome ReloadAmsInPhase(const std::string& path, RecordArray& records, const Settings&) {

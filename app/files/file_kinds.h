@@ -15,7 +15,8 @@ namespace velorix {
 using FileReader = Outcome (*)(const std::string& path, RecordArray& records,
                                const Settings& settings);
 
-/// Calls `visit` for each record of a file, as its reader gives them; refuses as the reader.
+/// Calls `visit` for each record of a file with its name, standard deviations and out-of-phase
+/// tensor, as the reader gives them; other fields may be missing. Refuses as the reader.
 using FileVisitor = Outcome (*)(const std::string& path, const Settings& settings,
                                 const std::function<void(const SpecimenRecord&)>& visit);
 
@@ -24,7 +25,7 @@ using FileWriter = Outcome (*)(const std::string& path, const RecordArray& recor
                                FormerFile former);
 
 /// Calls `visit` for each record that a writer would write, with what its file gives when it is
-/// read.
+/// read: what `Losses` counts, other fields may be missing.
 using VisitStored = std::function<void(const SpecimenRecord& record, const SpecimenRecord& stored)>;
 using ForEachStored = void (*)(const RecordArray& records, bool all, const Settings& settings,
                                const VisitStored& visit);

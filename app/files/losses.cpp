@@ -128,7 +128,9 @@ void CompareRecord(const SpecimenRecord& given, const SpecimenRecord& stored,
 /// Compares what would be written, one record after the other.
 class WrittenRecords {
  public:
-  explicit WrittenRecords(Losses& losses) : losses_(losses) {}
+  WrittenRecords(Losses& losses, int atMost) : losses_(losses) {
+    Stored.reserve(static_cast<std::size_t>(atMost));
+  }
 
   void Add(const SpecimenRecord& given, const SpecimenRecord& stored) {
     if (!first_) first_ = &given;
@@ -136,7 +138,7 @@ class WrittenRecords {
     Stored.push_back(HoldingsOf(stored));
   }
 
-  std::vector<Holdings> Stored;
+  std::vector<Holdings> Stored;  // in the order of the records
 
  private:
   Losses& losses_;
@@ -180,7 +182,7 @@ Losses FindLosses(const Session& session, const std::string& path, const FileKin
   if (!FileExists(path)) return losses;
   const int filter = FilterOfExtension(ExtensionOf(path));
   const FileKind& present = filter == 0 ? kind : KindOfFilter(filter);
-  WrittenRecords written(losses);
+  WrittenRecords written(losses, records.Count());
   const auto add = [&](const SpecimenRecord& given, const SpecimenRecord& stored) {
     written.Add(given, stored);
   };
@@ -196,7 +198,7 @@ Losses FindLosses(const Session& session, const std::string& path, const FileKin
 Losses FindGedLosses(const Session& session, const std::string& path, const RecordArray& samples) {
   Losses losses;
   if (!FileExists(path)) return losses;
-  WrittenRecords written(losses);
+  WrittenRecords written(losses, samples.Count());
   RecordArray stored;
   if (ReadGedText(path, GedText(samples), stored))
     for (int i = 1; i <= samples.Count(); ++i) {

@@ -9,39 +9,36 @@
 namespace velorix {
 namespace {
 
-/// What several files hold together, and what each of them gave.
-struct ReadFiles {
-  RecordArray Records;
-  std::vector<OpenedFile> Opened;
-};
-
 /// Reads files, each by the reader of its filter, into one array, in their order. False, with the
 /// reader's message shown, when one refuses.
-bool ReadAll(Session& session, Dialogs& dialogs, FileReader FileKind::*reader,
-             const std::vector<std::string>& paths, const std::vector<int>& filters,
-             ReadFiles& read) {
+bool ReadAll(Session& session, Dialogs& dialogs, bool reload, const std::vector<std::string>& paths,
+             const std::vector<int>& filters, ReadFiles& read) {
   std::swap(read.Records, session.Spare);
   for (std::size_t i = 0; i < paths.size(); ++i) {
-    const FileStamp stamp = StampOf(paths[i]);
-    const int before = read.Records.Count();
-    const FileKind& kind = KindOfFilter(filters[i]);
-    const Outcome outcome = (kind.*reader)(paths[i], read.Records, session.Settings);
+    const Outcome outcome = ReadDataFile(paths[i], filters[i], reload, session.Settings, read);
     if (!outcome) {
       Show(dialogs, outcome);
       return false;
     }
-    read.Opened.push_back({filters[i], read.Records.Count() - before, stamp});
   }
   return true;
 }
 
-std::string FileNameOf(const std::string& path) { return Utf8Of(PathOf(path).filename()); }
+/// Files, from different folders maybe, as a dialog gives them.
+FileList ListOf(const std::vector<std::string>& paths) {
+  const FileList first = SplitFileList(paths.front());
+  FileList list{first.Folder, first.FirstName, {}};
+  for (const std::string& path : paths) {
+    const FileList one = SplitFileList(path);
+    list.Names.push_back(one.Folder == first.Folder ? one.FirstName : path);
+  }
+  return list;
+}
 
 /// Puts what was read in the store; `step` has the names that the session had, and gets the store.
 void Replace(Session& session, History& history, Step step, ReadFiles& read) {
   step.Values.emplace_back(TakeStore(session));
   ReplaceStore(session, read.Records);
-  session.Opened = std::move(read.Opened);
   history.Add(session, std::move(step));
 }
 
@@ -55,9 +52,11 @@ void ListFolderFiles(Session& session, const Host& host) {
   }
 }
 
-/// The names of the session for freshly chosen files.
-void NameFiles(Session& session, const Host& host, const FileList& list, int filter) {
+/// The names of the session for freshly chosen files; `opened` is empty when they were not read.
+void NameFiles(Session& session, const Host& host, const FileList& list, int filter,
+               std::vector<OpenedFile> opened) {
   session.OpenFiles = list.Paths();
+  session.Opened = std::move(opened);
   session.CurrentFile = list.FirstPath();
   session.CurrentFilter = static_cast<std::int16_t>(filter);
   session.CurrentExt = ExtensionOf(session.CurrentFile);
@@ -65,12 +64,19 @@ void NameFiles(Session& session, const Host& host, const FileList& list, int fil
   ListFolderFiles(session, host);
 }
 
+/// Puts files that were read into the session.
+void PutFiles(Session& session, History& history, const Host& host, const FileList& list,
+              ReadFiles& read) {
+  Replace(session, history, {"Open " + list.FirstName, {NamesOf(session)}}, read);
+  const int filter = read.Opened.front().Filter;
+  NameFiles(session, host, list, filter, std::move(read.Opened));
+}
+
 bool ReadAndReplace(Session& session, History& history, Dialogs& dialogs, const Host& host,
                     const FileList& list, const std::vector<int>& filters) {
   ReadFiles read;
-  if (!ReadAll(session, dialogs, &FileKind::Read, list.Paths(), filters, read)) return false;
-  Replace(session, history, {"Open " + list.FirstName, {NamesOf(session)}}, read);
-  NameFiles(session, host, list, filters.front());
+  if (!ReadAll(session, dialogs, false, list.Paths(), filters, read)) return false;
+  PutFiles(session, history, host, list, read);
   return true;
 }
 
@@ -82,8 +88,9 @@ void Reread(Session& session, History& history, Dialogs& dialogs, Step step) {
   std::vector<int> filters(paths.size(), session.CurrentFilter);
   if (paths.size() > 1 && paths.size() == session.Opened.size())
     for (std::size_t i = 0; i < paths.size(); ++i) filters[i] = session.Opened[i].Filter;
-  if (!ReadAll(session, dialogs, &FileKind::Reload, paths, filters, read)) return;
+  if (!ReadAll(session, dialogs, true, paths, filters, read)) return;
   Replace(session, history, std::move(step), read);
+  session.Opened = std::move(read.Opened);
 }
 
 void OpenNeighbour(Session& session, History& history, Dialogs& dialogs, int way) {
@@ -97,11 +104,27 @@ void OpenNeighbour(Session& session, History& history, Dialogs& dialogs, int way
       session.FolderFiles[static_cast<std::size_t>(session.FolderFilePos - 1)];
   session.CurrentFile = InFolder(session.DataFolder, name);
   session.OpenFiles = {session.CurrentFile};
+  session.Opened.clear();  // until this one is read, which may fail
   step.Text = "Open " + name;
   Reread(session, history, dialogs, std::move(step));
 }
 
 }  // namespace
+
+Outcome ReadDataFile(const std::string& path, int filter, bool reload, const Settings& settings,
+                     ReadFiles& read) {
+  const FileStamp stamp = StampOf(path);
+  const int before = read.Records.Count();
+  const FileKind& kind = KindOfFilter(filter);
+  Outcome outcome = (reload ? kind.Reload : kind.Read)(path, read.Records, settings);
+  if (outcome) read.Opened.push_back({filter, read.Records.Count() - before, reload, stamp});
+  return outcome;
+}
+
+void OpenReadFiles(Session& session, History& history, const Host& host,
+                   const std::vector<std::string>& paths, ReadFiles& read) {
+  PutFiles(session, history, host, ListOf(paths), read);
+}
 
 bool OpenDataFiles(Session& session, History& history, Dialogs& dialogs, const Host& host,
                    FileAction action) {
@@ -118,28 +141,24 @@ bool OpenDataFiles(Session& session, History& history, Dialogs& dialogs, const H
     return ReadAndReplace(session, history, dialogs, host, chosen->List,
                           std::vector<int>(chosen->List.Names.size(), chosen->Filter));
   history.Add(session, {"New " + chosen->List.FirstName, {NamesOf(session)}});
-  NameFiles(session, host, chosen->List, chosen->Filter);
+  NameFiles(session, host, chosen->List, chosen->Filter, {});
   return true;
 }
 
 bool OpenDroppedFiles(Session& session, History& history, Dialogs& dialogs, const Host& host,
                       const std::vector<std::string>& paths) {
   if (paths.empty()) return false;
-  const FileList first = SplitFileList(paths.front());
-  FileList list{first.Folder, first.FirstName, {}};
   std::vector<int> filters;
   for (const std::string& path : paths) {
-    const FileList one = SplitFileList(path);
     std::string why;
     filters.push_back(FilterOfContent(path, session.Settings, why));
     if (filters.back() == 0) {
       dialogs.Ask(DataFileQuestion(session, FileAction::Open).Title,
-                  one.FirstName + "\nThis file cannot be opened here. " + why, {"&OK"});
+                  SplitFileList(path).FirstName + "\nThis file cannot be opened here. " + why, {"&OK"});
       return false;
     }
-    list.Names.push_back(one.Folder == first.Folder ? one.FirstName : path);
   }
-  return ReadAndReplace(session, history, dialogs, host, list, filters);
+  return ReadAndReplace(session, history, dialogs, host, ListOf(paths), filters);
 }
 
 void OpenPrevious(Session& session, History& history, Dialogs& dialogs) {
@@ -159,6 +178,7 @@ Step CloseStep(Session& session, const std::string& text) {
   step.Values.emplace_back(TakeStore(session));
   session.CurrentFile.clear();
   session.OpenFiles.clear();
+  session.Opened.clear();
   NoteDataChange(session);
   NoteSaved(session);
   return step;

@@ -15,6 +15,20 @@ namespace velorix {
 bool OpenDataFiles(Session& session, History& history, Dialogs& dialogs, const Host& host,
                    FileAction action);
 
+/// What several files hold together, and what each of them gave.
+struct ReadFiles {
+  RecordArray Records;
+  std::vector<OpenedFile> Opened;
+};
+
+/// Reads a file by the reader of its filter, or by that of its reload, behind what is read already.
+Outcome ReadDataFile(const std::string& path, int filter, bool reload, const Settings& settings,
+                     ReadFiles& read);
+
+/// Puts files that were read into the session, the records and the names, a step that can be undone.
+void OpenReadFiles(Session& session, History& history, const Host& host,
+                   const std::vector<std::string>& paths, ReadFiles& read);
+
 /// Files handed over by a file manager, read together, each by the reader that its content asks
 /// for. True when the session has a new file; a file that is none of the known kinds refuses them
 /// all, with a sentence.

@@ -72,7 +72,6 @@ void HeldVersion::Exchange(Session& session) { std::swap(DataVersion, session.Da
 
 void HeldStore::Exchange(Session& session) {
   std::swap(Records, session.Records);
-  std::swap(Opened, session.Opened);
   std::swap(DataVersion, session.DataVersion);
   std::swap(SavedVersion, session.SavedVersion);
 }
@@ -83,6 +82,7 @@ void HeldNames::Exchange(Session& session) {
   std::swap(CurrentExt, session.CurrentExt);
   std::swap(CurrentFilter, session.CurrentFilter);
   std::swap(OpenFiles, session.OpenFiles);
+  std::swap(Opened, session.Opened);
   std::swap(FolderFiles, session.FolderFiles);
   std::swap(FolderFilePos, session.FolderFilePos);
 }
@@ -140,8 +140,8 @@ HeldVersion ChangeVersion(Session& session) {
 }
 
 HeldNames NamesOf(const Session& session) {
-  return {session.DataFolder, session.CurrentFile, session.CurrentExt,   session.CurrentFilter,
-          session.OpenFiles,  session.FolderFiles, session.FolderFilePos};
+  return {session.DataFolder, session.CurrentFile, session.CurrentExt,  session.CurrentFilter,
+          session.OpenFiles,  session.Opened,      session.FolderFiles, session.FolderFilePos};
 }
 
 HeldParameters ParametersOf(const Session& session) {
@@ -149,8 +149,7 @@ HeldParameters ParametersOf(const Session& session) {
 }
 
 HeldStore TakeStore(Session& session) {
-  return {std::exchange(session.Records, {}), std::exchange(session.Opened, {}),
-          session.DataVersion, session.SavedVersion};
+  return {std::exchange(session.Records, {}), session.DataVersion, session.SavedVersion};
 }
 
 HeldGeology TakeGeology(Session& session) {

@@ -54,20 +54,21 @@ struct HeldVersion {
   std::size_t Bytes() const { return 0; }
 };
 
-/// The store with the files that it is from.
+/// The store.
 struct HeldStore {
   RecordArray Records;
-  std::vector<OpenedFile> Opened;
   std::int64_t DataVersion = 0, SavedVersion = 0;
   void Exchange(Session& session);
   std::size_t Bytes() const { return 0; }  // stores are counted apart
 };
 
-/// The names of what is open.
+/// The files that are open: their names, and how they were read.
 struct HeldNames {
   std::string DataFolder, CurrentFile, CurrentExt;
   std::int16_t CurrentFilter = 0;
-  std::vector<std::string> OpenFiles, FolderFiles;
+  std::vector<std::string> OpenFiles;
+  std::vector<OpenedFile> Opened;
+  std::vector<std::string> FolderFiles;
   int FolderFilePos = 0;
   void Exchange(Session& session);
   std::size_t Bytes() const { return 0; }

@@ -48,6 +48,7 @@ void StartUp(Velorix& velorix, frmVelorix& window) {
   yield();
   window.ShowStartTime(Elapsed(start));
   if (!notice.empty()) window.ShowStatus(notice);
+  window.StartAutosave();
 }
 
 }  // namespace velorix

@@ -5,6 +5,7 @@
 #include "app/edit/orientation_editor.h"
 #include "app/edit/orientation_parameters.h"
 #include "app/files/open_flow.h"
+#include "datafiles/safe_write.h"
 #include "datafiles/settings_file.h"
 #include "tests/app/script.h"
 
@@ -169,10 +170,17 @@ TEST_F(Undoing, AHundredStepsAreKeptAndANewOneEndsTheRedo) {
   EXPECT_EQ(Caption("mnuUndo"), "Undo Invert selection");
 }
 
+bool diskIsFull = false;
+
 /// Random commands, undo and redo, against states that were kept when they were first reached.
+/// Among them are commands that fail on the way.
 TEST_F(Undoing, RandomSequencesLeadThroughTheStatesThatWere) {
   const char* const sequences = std::getenv("VELORIX_UNDO_SEQUENCES");
   const int count = sequences ? std::atoi(sequences) : 30;
+  SetFlushFile([](const std::filesystem::path&) {
+    return diskIsFull ? std::make_error_code(std::errc::no_space_on_device) : std::error_code();
+  });
+  const std::string bad = Put("bad.asc", "no numbers here\n"), empty = Put("empty.ams.txt", "");
   const std::string files[] = {WriteFile("a", 3), WriteFile("b", 2), Several({"a.ams", "b.ams"})};
   for (int seed = 1; seed <= count; ++seed) {
     SCOPED_TRACE(seed);
@@ -193,20 +201,35 @@ TEST_F(Undoing, RandomSequencesLeadThroughTheStatesThatWere) {
         [&] { Menu("mnuSelection(3)"); },
         [&] { Button("rotate"); },
         [&] { Edit(1 + below(4), std::to_string(below(360))); },
-        [&] { ChangeParameters(below(2) ? 12 : 6, below(2) == 0); }};
+        [&] { ChangeParameters(below(2) ? 12 : 6, below(2) == 0); },
+        [&] { OpenFile(empty); },   // refused
+        [&] { OpenFile(bad, 4); },  // fails in its first line
+        [&] {
+          diskIsFull = true;
+          Answer(Path("copy.ams"));
+          Menu("mnuSaveAs");
+          Asked.Files.clear();  // without a record there was no question
+        },
+        [&] {
+          diskIsFull = true;
+          Guarded(Program, [&] { Edit(1 + below(4), std::to_string(below(360))); });
+        }};
     for (int step = 0; step < 25; ++step) {
-      const int choice = below(16);
-      if (choice < 10) {
-        const Step* const former = Program.History.NextUndo();
+      const int choice = below(20);
+      if (choice < 14) {
+        const Step *const former = Program.History.NextUndo(), *const latter =
+                                                                   Program.History.NextRedo();
         commands[choice]();
+        diskIsFull = false;
         if (Program.History.NextUndo() == former) {
+          ASSERT_EQ(Program.History.NextRedo(), latter) << choice;
           ASSERT_TRUE(Present() == states[at]) << choice;
           continue;
         }
         states.resize(at + 1);
         states.push_back(Present());
         ++at;
-      } else if (choice < 13) {
+      } else if (choice < 17) {
         if (Program.History.NextUndo()) --at;
         Menu("mnuUndo");
       } else {
@@ -216,6 +239,7 @@ TEST_F(Undoing, RandomSequencesLeadThroughTheStatesThatWere) {
       ASSERT_TRUE(Present() == states[at]) << "step " << step << ", choice " << choice;
     }
   }
+  SetFlushFile(nullptr);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "app/edit/ged_editor.h"
 #include "app/edit/orientation_editor.h"
+#include "app/files/content_check.h"
 #include "datafiles/ged_file.h"
 #include "tests/app/script.h"
 #include "tests/datafiles/golden_record.h"
@@ -117,6 +118,22 @@ TEST_F(Losing, AChangeByOthersAndContentThatIsNoDataFileAreSaid) {
   EXPECT_EQ(SaveOver(notes, {2}).back(),
             Question(Title, notes, {"Content lost that is no data file of this kind"}));
   EXPECT_EQ(Bytes("notes.ams"), "to do");
+}
+
+TEST_F(Losing, AFileThatWasNotReadIsNotSaidToHaveChanged) {
+  const std::string a = WriteFile("a", 2), b = Put("b.ams", "\x89PNG\r\n\x1A\n");
+  OpenFile(a);
+  Menu("mnuOpenNext");  // is refused; the names are those of the other file
+  EXPECT_EQ(ContentDoubt(Now), "");
+  EXPECT_EQ(SaveOver(b, {2}).back(),
+            Question(Title, b, {"Content lost that is no data file of this kind"}));
+  OpenFile(a);
+  Answer(Path("c.ams"));
+  Menu("mnuNew");
+  Answer(Path("c.ams"));
+  Menu("mnuSaveAs");
+  Menu("mnuUndo");
+  EXPECT_EQ(SaveOver(a, {}), Texts{Exists});
 }
 
 TEST_F(Losing, TheEditorsSaveAsksBeforeAnythingChanges) {

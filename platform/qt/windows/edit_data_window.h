@@ -18,6 +18,8 @@ class frmEditData : public QDialog {
  public:
   frmEditData(Velorix& velorix, QWidget* owner);
 
+  const OrientationEditor& Editor() const { return editor_; }
+
  protected:
   /// Esc asks before it closes the window over what was typed.
   void keyPressEvent(QKeyEvent* event) override;

@@ -25,6 +25,7 @@
 #include "platform/qt/plots/column_plots.h"
 #include "platform/qt/plots/stereo_panel.h"
 #include "platform/qt/windows/about_window.h"
+#include "platform/qt/windows/autosaver.h"
 #include "platform/qt/windows/contour_window.h"
 #include "platform/qt/windows/data_table_window.h"
 #include "platform/qt/windows/edit_data_window.h"
@@ -203,6 +204,11 @@ void frmVelorix::ShowStartTime(float seconds) {
   startTime_->setText(ToQString(FormatNumber(seconds, "0.0")));
 }
 
+void frmVelorix::StartAutosave() {
+  autosaver_ = std::make_unique<Autosaver>(*velorix_);
+  autosaver_->OfferLeft();
+}
+
 void frmVelorix::SetCaption(const std::string& caption) {
   // "[*]" in a title is the toolkit's place for a mark; doubled it is itself.
   setWindowTitle(ToQString(caption).replace("[*]", "[*][*]"));
@@ -218,6 +224,7 @@ void frmVelorix::ShowChoices() {
   ShowBusyCursor();
   bars_.ShowChoices();
   lists_->ShowChoices();
+  if (autosaver_) autosaver_->Forget();
   unsaved_->setText(velorix_->Session.IsUnsaved() ? "Not saved" : "");
 }
 
@@ -326,7 +333,9 @@ void frmVelorix::ShowManual() {
 
 void frmVelorix::ShowOrientationEditor() {
   frmEditData editor(*velorix_, this);
+  if (autosaver_) autosaver_->Follow(&editor.Editor());
   editor.exec();
+  if (autosaver_) autosaver_->Follow(nullptr);
 }
 
 void frmVelorix::ShowOrientationParameters() {
@@ -354,7 +363,9 @@ void frmVelorix::ShowStatus(const std::string& text) {
 
 void frmVelorix::closeEvent(QCloseEvent* event) {
   event->setAccepted(ConfirmExit(velorix_->Dialogs, velorix_->Session));
-  if (event->isAccepted()) velorix_->Log.DebugPrint(">> frmVelorix_Terminate");
+  if (!event->isAccepted()) return;
+  velorix_->Log.DebugPrint(">> frmVelorix_Terminate");
+  if (autosaver_) autosaver_->End();
 }
 
 void frmVelorix::dragEnterEvent(QDragEnterEvent* event) {

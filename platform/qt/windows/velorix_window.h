@@ -13,6 +13,7 @@ class QPushButton;
 
 namespace velorix {
 
+class Autosaver;
 class ColumnPlots;
 class frmContour;
 class frmDataTable;
@@ -33,6 +34,8 @@ class frmVelorix : public QMainWindow, public Views, public WindowOpener {
 
   /// Makes all controls and puts the session of `velorix` into its first state.
   void Load(Velorix& velorix);
+  /// Keeps unsaved data from now on, and offers those that a run which ended has left.
+  void StartAutosave();
   /// The time of the start-up in the status panel `picStat(2)`.
   void ShowStartTime(float seconds);
 
@@ -89,6 +92,7 @@ class frmVelorix : public QMainWindow, public Views, public WindowOpener {
   QPointer<frmGEDEditor> gedEditor_;
   QPointer<frmManual> manual_;
   std::unique_ptr<ColumnPlots> plots_;
+  std::unique_ptr<Autosaver> autosaver_;  // null until it is started
   QSplitter *whole_ = nullptr, *main_ = nullptr, *column_ = nullptr, *pairs_ = nullptr;
   QPushButton* columnButton_ = nullptr;
   bool columnChosen_ = true;  // by the user; a wide grid may leave no room for it
