@@ -195,6 +195,12 @@ void VectorFrameTurn(std::span<Matrix<3, 3>> A, const Matrix<3, 3>& F) {
   for (Matrix<3, 3>& M : A) M = TurnedRows(M, F);
 }
 
+std::string TextOf(const BootChoice& choice) {
+  if (choice.Method == BootMethod::None) return WordOf(choice.Method);
+  return WordOf(choice.Method) + (", " + std::to_string(choice.Replicates) + " replicates") +
+         (choice.Seed ? ", seed " + std::to_string(*choice.Seed) : "");
+}
+
 NumberSource NumbersOf(const BootChoice& choice, std::span<const float> gaussTable) {
   return choice.Seed ? NumberSource(*choice.Seed) : NumberSource(gaussTable);
 }

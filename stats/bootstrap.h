@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "stats/gauss_random.h"
@@ -30,6 +31,9 @@ struct BootChoice {
 
   bool operator==(const BootChoice&) const = default;
 };
+
+/// The choice in words: "simple, 1000 replicates, seed 7".
+std::string TextOf(const BootChoice& choice);
 
 /// The numbers that a bootstrap so chosen takes, from the first on.
 NumberSource NumbersOf(const BootChoice& choice, std::span<const float> gaussTable);

@@ -75,8 +75,9 @@ void DisplayData(Velorix& velorix, bool resetLists) {
 }
 
 void RefreshViews(Velorix& velorix) {
-  velorix.Plots.Stereo.meanOf =
-      GroupHeading(velorix.Session, velorix.GroupOf, velorix.GroupStats.GroupN);
+  StereoOptions& net = velorix.Plots.Stereo;
+  net.meanOf = GroupHeading(velorix.Session, velorix.GroupOf, velorix.GroupStats.GroupN);
+  net.bootBy = velorix.Bootstrap == BootChoice() ? "" : TextOf(velorix.Bootstrap);
   velorix.Views.ShowChoices();
   velorix.Views.FillGrid();
   velorix.Views.FillDataTable();
@@ -153,6 +154,12 @@ void ChooseLevel(Velorix& velorix, ErrorLevel level) {
   velorix.Plots.Stereo.level = level;
   velorix.Views.RefreshGroupStatistics();
   velorix.Views.RedrawStereo();
+}
+
+void ChooseBootstrap(Velorix& velorix, const BootChoice& choice) {
+  if (choice == velorix.Bootstrap) return;
+  velorix.Bootstrap = choice;
+  DisplayData(velorix, false);
 }
 
 void ChooseHisto(Velorix& velorix, Column column) {
