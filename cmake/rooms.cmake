@@ -22,6 +22,9 @@ endif()
 # <first> makes and all others with the same flags use. Sources include what they use all the same: tools/check-headers
 # and -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON do without.
 function(share_headers target first)
+  if(CMAKE_DISABLE_PRECOMPILE_HEADERS)
+    return()
+  endif()
   if(target STREQUAL first)
     list(TRANSFORM ARGN REPLACE "(.+)" "<\\1>")
     target_precompile_headers(${target} PRIVATE ${ARGN})

@@ -106,7 +106,7 @@ inline ExampleFile GraniteFile() {
       names[slot] = "";
       first[slot] = second[slot] = 0;
     };
-    // A loose block tells neither how it lay nor where its planes and lines point.
+    // Of a loose block neither the orientation nor those of its planes and lines are known.
     const bool loose = i % 8 == 5;
     if (loose) {
       r.HasCoor[2] = false;

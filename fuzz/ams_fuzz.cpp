@@ -23,11 +23,17 @@ Bytes Encoded(const SpecimenRecord& record) {
   return bytes;
 }
 
+/// A record with a NaN among its plain floats is not equal to its own copy.
+bool HasNan(const SpecimenRecord& record) {
+  const SpecimenRecord& copy = record;
+  return record != copy;
+}
+
 /// Equal, or as equal as records with a NaN among their plain floats can be seen to be.
 bool Same(const SpecimenRecord& a, const SpecimenRecord& b) {
-  return a == b || (a != a && b != b && Encoded(a) == Encoded(b) && a.TensorRot == b.TensorRot &&
-                    a.Dec == b.Dec && a.FoliDec == b.FoliDec && a.FoliName == b.FoliName &&
-                    a.Selected == b.Selected);
+  return a == b || (HasNan(a) && HasNan(b) && Encoded(a) == Encoded(b) &&
+                    a.TensorRot == b.TensorRot && a.Dec == b.Dec && a.FoliDec == b.FoliDec &&
+                    a.FoliName == b.FoliName && a.Selected == b.Selected);
 }
 
 SpecimenRecord Decoded(const Bytes& bytes) {

@@ -90,7 +90,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Hold((end == End::Refused) == (RanSpecimenCount(size) == 0));
   if (end != End::Read) return 0;
   for (int i = 1; i <= fresh.Count(); ++i) {
-    const bool equalToItself = fresh[i] == fresh[i];  // without a NaN among its plain floats
+    const SpecimenRecord& record = fresh[i];
+    const bool equalToItself = record == fresh[i];  // without a NaN among its plain floats
     Hold(!equalToItself || fresh[i] == used[i]);
     used[i].Selected = true;  // something stale for the next input
     used[i].TensorRot[1] = used[i].FoliDec[3] = 1.0;

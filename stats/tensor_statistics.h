@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <vector>
 
 #include "tensor/directions.h"
@@ -17,10 +18,14 @@ enum class ErrorLevel { StandardError, Confidence95 };
 struct ErrorLevelNames {
   const char *Word, *Text;
 };
-inline constexpr ErrorLevelNames ErrorLevels[] = {{"se", "standard errors"},
-                                                  {"95", "95 % confidence angles"}};
+inline constexpr ErrorLevelNames ErrorLevels[] = {{"se", "standard errors of one specimen"},
+                                                  {"95", "95 % confidence angles of the mean"}};
 inline const ErrorLevelNames& NamesOf(ErrorLevel level) {
   return ErrorLevels[static_cast<int>(level)];
+}
+/// Level and method in words: "95 % confidence angles of the mean (Jelinek 1978)".
+inline std::string LevelText(ErrorLevel level) {
+  return NamesOf(level).Text + std::string(" (Jelinek 1978)");
 }
 
 /// What a group of tensors has in common. Fields that a group is too small for keep what they hold.

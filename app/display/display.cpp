@@ -77,6 +77,8 @@ void DisplayData(Velorix& velorix, bool resetLists) {
 }
 
 void RefreshViews(Velorix& velorix) {
+  velorix.Plots.Stereo.meanOf =
+      GroupHeading(velorix.Session, velorix.GroupOf, velorix.GroupStats.GroupN);
   velorix.Views.ShowChoices();
   velorix.Views.FillGrid();
   velorix.Views.FillDataTable();
@@ -147,6 +149,12 @@ void ChangeXYPlot(Velorix& velorix, int plot, const XYPlotOptions& options) {
   velorix.Plots.XYPlot[plot] = options;
   velorix.Plots.XYLines[plot] = options.lines;
   velorix.Views.RedrawXYPlot(plot);
+}
+
+void ChooseLevel(Velorix& velorix, ErrorLevel level) {
+  velorix.Plots.Stereo.level = level;
+  velorix.Views.RefreshGroupStatistics();
+  velorix.Views.RedrawStereo();
 }
 
 void ChooseHisto(Velorix& velorix, Column column) {

@@ -42,6 +42,8 @@ void ShowLineation(Velorix& velorix, int index, bool shown);
 
 /// A change in one of the lists or check boxes of an XY plot: that plot alone is drawn again.
 void ChangeXYPlot(Velorix& velorix, int plot, const XYPlotOptions& options);
+/// The level of the mean's errors, in the window of the statistics and on the net.
+void ChooseLevel(Velorix& velorix, ErrorLevel level);
 /// The column that the histogram shows.
 void ChooseHisto(Velorix& velorix, Column column);
 /// The plots that a newcomer sees: Km and P, P and T where the settings have them.

@@ -26,11 +26,9 @@ std::string TurnedBy(const Session& session) {
 }
 
 /// "geographic, N = 21".
-std::string SystemAndCount(const Velorix& velorix) {
-  const GroupSubject& group = velorix.GroupOf;
+std::string SystemAndCount(const GroupSubject& group, int n) {
   const std::string turned = group.Turned.empty() ? "" : " (" + group.Turned + ")";
-  return NamesOf(group.CoorSys).Word + turned +
-         ", N = " + std::to_string(velorix.GroupStats.GroupN);
+  return NamesOf(group.CoorSys).Word + turned + ", N = " + std::to_string(n);
 }
 
 }  // namespace
@@ -39,25 +37,24 @@ GroupSubject GroupInView(const Session& session) {
   return {OpenFileNames(session), session.ReImMode, session.CoorSys, TurnedBy(session)};
 }
 
-bool IsGroupOfOtherView(const Velorix& velorix) {
-  return velorix.Session.RecordCount() > 0 && velorix.GroupOf != GroupInView(velorix.Session);
+bool IsGroupOfOtherView(const Session& session, const GroupSubject& group) {
+  return session.RecordCount() > 0 && group != GroupInView(session);
 }
 
-std::string GroupHeading(const Velorix& velorix) {
-  const GroupSubject& group = velorix.GroupOf;
-  if (velorix.Session.RecordCount() == 0 || group.CoorSys == CoordinateSystem::None) return {};
+std::string GroupHeading(const Session& session, const GroupSubject& group, int n) {
+  if (session.RecordCount() == 0 || group.CoorSys == CoordinateSystem::None) return {};
   const std::string files = group.Files.empty() ? "" : group.Files + ", ";
   return files + (group.Block == InPhase ? "in-phase, " : "out-of-phase, ") +
-         SystemAndCount(velorix);
+         SystemAndCount(group, n);
 }
 
-std::string MeanLabel(const Velorix& velorix) {
-  return IsGroupOfOtherView(velorix) ? "Mean: " + SystemAndCount(velorix) : "";
+std::string MeanLabel(const Session& session, const GroupSubject& group, int n) {
+  return IsGroupOfOtherView(session, group) ? "Mean: " + SystemAndCount(group, n) : "";
 }
 
-std::string MeanNotice(const Velorix& velorix) {
-  if (!IsGroupOfOtherView(velorix)) return {};
-  return "The mean belongs to another view: " + SystemAndCount(velorix) + ".";
+std::string MeanNotice(const Session& session, const GroupSubject& group, int n) {
+  if (!IsGroupOfOtherView(session, group)) return {};
+  return "The mean belongs to another view: " + SystemAndCount(group, n) + ".";
 }
 
 std::string DisregardedLabel(const Session& session) {

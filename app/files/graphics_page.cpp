@@ -77,31 +77,44 @@ void DrawPage(const Velorix& velorix, Target& target, double s) {
   DrawGraphicsPage(velorix.Session, velorix.Plots, velorix.GroupStats, target, s);
 }
 
+std::string Metafile(const Velorix& velorix) {
+  return GraphicsMetafile(velorix.Session, velorix.Plots, velorix.GroupStats);
+}
+
 /// Whether the page shows anything of the group statistics.
-bool ShowsGroup(const Velorix& velorix) {
-  const StereoOptions& net = velorix.Plots.Stereo;
-  return velorix.Plots.Page.stereonet && (net.showMean || net.showMeanEllipses ||
-                                          net.showBootstrapCloud || net.showBootstrapContours);
+bool ShowsGroup(const PlotChoices& plots) {
+  const StereoOptions& net = plots.Stereo;
+  return plots.Page.stereonet && (net.showMean || net.showMeanEllipses || net.showBootstrapCloud ||
+                                  net.showBootstrapContours);
+}
+
+/// What a routine says of the mean, or nothing when the page shows none.
+std::string MeanOnPage(const Velorix& velorix,
+                       std::string (*words)(const Session&, const GroupSubject&, int)) {
+  if (!ShowsGroup(velorix.Plots)) return {};
+  return words(velorix.Session, velorix.GroupOf, velorix.GroupStats.GroupN);
 }
 
 /// The page for paper and for files of vectors. A mean of another view than the net's is named
-/// below the net. Metafile, clipboard and pictures of pixels go without that line.
+/// below the net, where the net's captions don't. Metafile, clipboard and pictures of pixels go
+/// without that line.
 void DrawVectorPage(const Velorix& velorix, Target& target) {
   DrawPage(velorix, target, VectorScale);
-  const std::string mean = ShowsGroup(velorix) ? MeanLabel(velorix) : "";
-  if (!mean.empty()) target.Text(mean, MeanLinePlace, {.height = MeanLineHeight});
+  const std::string mean = MeanOnPage(velorix, MeanLabel);
+  if (!mean.empty() && !NamesLevel(velorix.Plots.Stereo))
+    target.Text(mean, MeanLinePlace, {.height = MeanLineHeight});
 }
 
 /// What the status line says of a figure that is made: `done`, and that its mean is of another
 /// view.
 void ShowFigureDone(Velorix& velorix, std::string done) {
-  const std::string mean = ShowsGroup(velorix) ? MeanNotice(velorix) : "";
+  const std::string mean = MeanOnPage(velorix, MeanNotice);
   if (!done.empty() && !mean.empty()) done += ". ";
   if (!(done += mean).empty()) velorix.Views.ShowStatus(done);
 }
 
 bool WriteMetafile(Velorix& velorix, const std::string& path) {
-  const std::string bytes = GraphicsMetafile(velorix);
+  const std::string bytes = Metafile(velorix);
   try {
     SafeWrite(path, [&](std::ostream& out) { out << bytes; });
     return true;
@@ -129,9 +142,10 @@ void DrawGraphicsPage(const Session& session, const PlotChoices& plots, const Gr
       DrawXYPlot(session, target, Scaled(XYPlotPlaces[plot - 1], s), plots.Shown(plot));
 }
 
-std::string GraphicsMetafile(const Velorix& velorix) {
+std::string GraphicsMetafile(const Session& session, const PlotChoices& plots,
+                             const GroupStats& group) {
   MetafileTarget target(GraphicsPage, PlaceableHeader(GraphicsPage, PageUnitsPerInch));
-  DrawPage(velorix, target, 1);
+  DrawGraphicsPage(session, plots, group, target, 1);
   return target.Bits();
 }
 
@@ -170,9 +184,8 @@ Outcome SaveBitmapAs(const Host& host, const std::function<void(Target&, double 
 
 void CopyGraphics(Velorix& velorix) {
   if (!velorix.Host.CopyPicture) return;
-  const Outcome outcome =
-      velorix.Host.CopyPicture(GraphicsMetafile(velorix), GraphicsPage,
-                               [&](Target& target) { DrawPage(velorix, target, 1); });
+  const Outcome outcome = velorix.Host.CopyPicture(
+      Metafile(velorix), GraphicsPage, [&](Target& target) { DrawPage(velorix, target, 1); });
   if (outcome) return ShowFigureDone(velorix, "");
   // Kept for agreement with published results: no box says so.
   ReportRefusal(velorix.Views, velorix.Log, outcome.Text);

@@ -22,7 +22,8 @@ void DrawGraphicsPage(const Session& session, const PlotChoices& plots, const Gr
                       Target& target, double s);
 
 /// The page as a metafile, with the header that makes it a file.
-std::string GraphicsMetafile(const Velorix& velorix);
+std::string GraphicsMetafile(const Session& session, const PlotChoices& plots,
+                             const GroupStats& group);
 
 /// Asks for a file and writes the page there. When the page is done, here and below, the status
 /// line names a mean that belongs to another view than the one shown; on paper, in SVG and in PDF

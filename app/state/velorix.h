@@ -50,7 +50,6 @@ struct Velorix {
   velorix::GroupStats GroupStats = {};
   GroupSubject GroupOf = {};  // what they were computed of
   BootChoice Bootstrap = {};
-  ErrorLevel Level = ErrorLevel::StandardError;  // which errors of the mean directions are shown
   std::vector<float> GaussTable = {};
   ContourSession Contour = {};
   DebugLog Log = {};

@@ -13,9 +13,10 @@ std::string Angle(double angle) {
   return text.empty() ? text : text + " ";
 }
 
-std::string DirectionText(int row, int column, const GroupStats& stats) {
+std::string DirectionText(int row, int column, const GroupStats& stats, ErrorLevel level) {
   if (!ShowsMean(stats)) return {};
-  if (column >= 4 && !ShowsErrors(stats, row)) return {};
+  const auto errors = ErrorsOf(stats, level, row);
+  if (column >= 4 && !errors) return {};
   switch (column) {
     case 1:
       return FormatNumber(stats.MeanK[row], ValuePicture);
@@ -24,9 +25,9 @@ std::string DirectionText(int row, int column, const GroupStats& stats) {
     case 3:
       return Angle(stats.MeanInc[row]);
     case 4:
-      return Angle(stats.MeanE1[row]);
+      return Angle(errors->E1);
     default:
-      return Angle(stats.MeanE2[row]);
+      return Angle(errors->E2);
   }
 }
 
@@ -51,11 +52,11 @@ std::string Row(const std::string& head, std::initializer_list<std::string> cell
 
 }  // namespace
 
-std::string JelinekText(int index, const GroupStats& stats) {
+std::string JelinekText(int index, const GroupStats& stats, ErrorLevel level) {
   if (index == CountLabel) return ShowsMean(stats) ? "N = " + std::to_string(stats.GroupN) : "";
   for (int row = 1; row <= 3; ++row)
     for (int column = 1; column <= 5; ++column)
-      if (DirectionLabel(row, column) == index) return DirectionText(row, column, stats);
+      if (DirectionLabel(row, column) == index) return DirectionText(row, column, stats, level);
   for (int row = 0; row <= FactorSlots; ++row)
     for (int column = 1; column <= 3; ++column)
       if (FactorValueLabel(row, column) == index)
@@ -73,11 +74,28 @@ std::string FactorLabel(int slot, const Settings& settings) {
   return settings.FacName[slot] == "0" ? "" : settings.FacName[slot];
 }
 
-std::string GroupTableText(const GroupStats& stats, const Settings& settings) {
+HextCells HextTable(const GroupStats& stats) {
+  const HextStats h = stats.Hext.value_or(HextStats());
+  const auto number = [&](double x) { return stats.Hext ? FormatNumber(x, "0.00") : ""; };
+  const auto angle = [&](double x) { return stats.Hext ? Angle(x) : ""; };
+  return {{{"Hext", "Value", "Critical"},
+           {"F", number(h.F), number(h.FCritical)},
+           {"F12", number(h.F12), number(h.F12Critical)},
+           {"F23", number(h.F23), number(h.F12Critical)},
+           {"e12", angle(h.E12), ""},
+           {"e23", angle(h.E23), ""},
+           {"e13", angle(h.E13), ""},
+           {"Verdict", stats.Hext ? WordsOf(VerdictOf(h)) : "", ""}}};
+}
+
+std::string GroupTableText(const GroupStats& stats, const Settings& settings, ErrorLevel level,
+                           const std::string& heading) {
   constexpr Array1<const char*, 3> axes = {"K1", "K2", "K3"};
-  std::string text = Row(JelinekText(CountLabel, stats),
-                         {"Mean Tensor", "Dec", "Inc", "E1", "E2", "Bootstrap E1", "Bootstrap E2"});
-  const auto cell = [&](int index) { return JelinekText(index, stats); };
+  std::string text;
+  if (level != ErrorLevel::StandardError) text = LevelText(level) + ", " + heading + "\n";
+  text += Row(JelinekText(CountLabel, stats, level),
+              {"Mean Tensor", "Dec", "Inc", "E1", "E2", "Bootstrap E1", "Bootstrap E2"});
+  const auto cell = [&](int index) { return JelinekText(index, stats, level); };
   for (int k = 1; k <= 3; ++k)
     text += Row(axes[k],
                 {cell(DirectionLabel(k, 1)), cell(DirectionLabel(k, 2)), cell(DirectionLabel(k, 3)),
@@ -90,6 +108,8 @@ std::string GroupTableText(const GroupStats& stats, const Settings& settings) {
       text += Row(head, {cell(FactorValueLabel(row, 1)), cell(FactorValueLabel(row, 2)),
                          cell(FactorValueLabel(row, 3))});
   }
+  if (!stats.Hext) return text;
+  for (const auto& [name, value, critical] : HextTable(stats)) text += Row(name, {value, critical});
   return text;
 }
 

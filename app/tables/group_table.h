@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "stats/group_statistics.h"
@@ -10,8 +11,8 @@ namespace velorix {
 // The texts of the group statistics window, label by label. A text is empty when the group is too
 // small, or too large, for what the label shows, and where the statistics failed before it.
 
-/// Value label `lblJelinek(index)`: mean tensor, errors, factors, averages, deviations.
-std::string JelinekText(int index, const GroupStats& stats);
+/// Value label `lblJelinek(index)`: mean tensor, errors at a level, factors, averages, deviations.
+std::string JelinekText(int index, const GroupStats& stats, ErrorLevel level);
 /// Value label `lblBootStat(index)`, 1 to 6: the bootstrap semi-axes.
 std::string BootStatText(int index, const GroupStats& stats);
 /// The row label of a factor slot; empty for a slot named "0".
@@ -26,7 +27,16 @@ constexpr int FactorValueLabel(int row, int column) {
 }
 inline constexpr int CountLabel = FactorValueLabel(0, 4);
 
-/// The whole table as tab-separated text with its headings.
-std::string GroupTableText(const GroupStats& stats, const Settings& settings);
+/// Hext's statistics: a row of headings, a row each for F, F12, F23 and the three half-angles, and
+/// the verdict; columns for name, value and critical value. Values are empty where they are not
+/// defined, and angles have no critical value.
+inline constexpr int HextRows = 8, HextColumns = 3;
+using HextCells = std::array<std::array<std::string, HextColumns>, HextRows>;
+HextCells HextTable(const GroupStats& stats);
+
+/// The whole table as tab-separated text with its headings. With 95 % angles the first line says
+/// so, and what they are of.
+std::string GroupTableText(const GroupStats& stats, const Settings& settings, ErrorLevel level,
+                           const std::string& heading);
 
 }  // namespace velorix

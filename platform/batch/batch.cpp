@@ -168,7 +168,7 @@ class Batch {
     ChooseTectoPlane(velorix_, a_.Plane);
     ChooseCoorSys(velorix_, a_.CoorSys);
     velorix_.Session.ReImMode = a_.Block == 1 ? OutOfPhase : InPhase;
-    velorix_.Level = static_cast<ErrorLevel>(a_.Level);
+    velorix_.Plots.Stereo.level = static_cast<ErrorLevel>(a_.Level);
     velorix_.Bootstrap = {
         static_cast<BootMethod>(a_.Bootstrap), static_cast<int>(a_.Replicates), {}};
     if (a_.Seed >= 0) velorix_.Bootstrap.Seed = static_cast<std::uint32_t>(a_.Seed);
@@ -332,7 +332,8 @@ class Batch {
           Write(a_.Records, [&](std::ostream& out) { WriteRecords(out); });
           Write(a_.Table, [&](std::ostream& out) { out << DataTableText(velorix_.Session); });
           Write(a_.Stats, [&](std::ostream& out) {
-            WriteStatsJson(out, velorix_.GroupStats, velorix_.Session.Settings, velorix_.Level);
+            WriteStatsJson(out, velorix_.GroupStats, velorix_.Session.Settings,
+                           velorix_.Plots.Stereo.level);
           });
           Write(a_.Groups, [&](std::ostream& out) {
             WriteGroups(out, velorix_, *ParseGroupBy(a_.GroupBy), *GroupsFormOf(a_.Groups),

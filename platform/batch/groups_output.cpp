@@ -16,7 +16,7 @@ namespace {
 
 void WriteRow(ObjectWriter& object, const GroupRow& row, const Velorix& velorix) {
   object.Add("Group", row.Name);
-  AddStats(object, row.Stats, velorix.Session.Settings, velorix.Level);
+  AddStats(object, row.Stats, velorix.Session.Settings, velorix.Plots.Stereo.level);
   object.End();
 }
 

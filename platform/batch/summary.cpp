@@ -46,12 +46,11 @@ std::string Summary(const Velorix& velorix) {
           " shown\n";
   text += std::string("View     ") + NamesOf(session.CoorSys).Short +
           (session.ReImMode == OutOfPhase ? ", Kim" : ", Kre") + "\n";
-  if (velorix.Level != ErrorLevel::StandardError)
-    text +=
-        std::string("Level    ") + NamesOf(velorix.Level).Text + " of the mean (Jelinek 1978)\n";
+  const ErrorLevel level = velorix.Plots.Stereo.level;
+  if (level != ErrorLevel::StandardError) text += "Level    " + LevelText(level) + "\n";
   if (ShowsMean(velorix.GroupStats))
     text += "Mean tensor, N = " + std::to_string(velorix.GroupStats.GroupN) + "\n" +
-            MeanTensor(velorix.GroupStats, velorix.Level);
+            MeanTensor(velorix.GroupStats, level);
   return text;
 }
 

@@ -135,14 +135,14 @@ std::error_code FlushToDevice(const fs::path& path) {
 #endif
 
 std::vector<std::string> ListFolder(const std::string& folder, const std::string& extension) {
-  const std::string wanted = UpperCase(extension);
+  const std::string ofUpperCase = UpperCase(extension);
   std::vector<std::string> names;
   std::error_code error;
   for (fs::directory_iterator file(PathOf(folder), error), end; !error && file != end;
        file.increment(error)) {
     std::error_code ignored;
     const std::string name = Utf8Of(file->path().filename());
-    if (file->is_regular_file(ignored) && UpperCase(ExtensionOf(name)) == wanted &&
+    if (file->is_regular_file(ignored) && UpperCase(ExtensionOf(name)) == ofUpperCase &&
         !IsHidden(file->path()))
       names.push_back(name);
   }

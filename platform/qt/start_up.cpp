@@ -19,9 +19,9 @@ constexpr int StatusTime = 10000;  // that the message of a command stands, befo
 /// the line at the bottom must not be beyond the edge.
 static void ShowWithFrame(QWidget& window) {
   constexpr QSize Frame(16, 48);  // generous: no system gives it before the window is shown
-  const QSize wanted = window.size();
-  window.resize(wanted.boundedTo(window.screen()->availableSize() - Frame));
-  window.size() == wanted ? window.show() : window.showMaximized();
+  const QSize natural = window.size();
+  window.resize(natural.boundedTo(window.screen()->availableSize() - Frame));
+  window.size() == natural ? window.show() : window.showMaximized();
 }
 
 void StartUp(Velorix& velorix, frmVelorix& window) {

@@ -25,6 +25,8 @@ struct StereoOptions {
   Array1<bool, 3> showAxis = {true, true, true};  // Kmax, Kint, Kmin
   bool showData = true, showDataLines = false, showDataEllipses = false;
   bool showMean = true, showMeanEllipses = true;
+  ErrorLevel level = ErrorLevel::StandardError;  // of the mean's ellipses
+  std::string meanOf;  // file, block, system and number, for the caption of 95 % ellipses
   Array1<bool, 3> showGreatCircle;  // perpendicular to Kmax, Kint, Kmin
   bool showBootstrapCloud = false, showBootstrapContours = false;
   bool colourByValue = false;
@@ -48,6 +50,10 @@ struct StereoGeometry {
   std::int16_t SymbolSize() const { return ToShort(symbolSize * scale); }
   std::int16_t FontHeight() const { return ToShort(fontHeight * scale); }
 };
+
+/// Whether the captions have the lines on the level of the mean's ellipses: not for the standard
+/// errors.
+bool NamesLevel(const StereoOptions& options);
 
 /// The plane that holds all that `DrawStereo` draws with `options` in the screen's geometry.
 PlaneSize StereoPlane(const StereoOptions& options);

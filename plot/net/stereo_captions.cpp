@@ -51,6 +51,14 @@ void DrawLineLegend(const StereoView& view) {
   }
 }
 
+/// The level and the method of the mean's ellipses, and what the mean is of.
+void DrawLevel(const StereoView& view) {
+  const double v = LevelTop(view.options);
+  const std::int16_t height = view.Scaled(0.8, view.geometry.FontHeight());
+  view.Text(LevelText(view.options.level), -1.1, v, LeftBaseline, height);
+  view.Text(view.options.meanOf, -1.1, v - LevelStep, LeftBaseline, height);
+}
+
 }  // namespace
 
 Pen FoliPen(int i, Colour colour) {
@@ -68,6 +76,20 @@ void DrawCaptions(const StereoView& view) {
   constexpr double rows[] = {0.9, 0.8, 0.7};
   for (int i = 0; i < 3; ++i) view.Text(left[i], -1.1, rows[i], LeftBaseline);
   for (int i = 0; i < 3; ++i) view.Text(right[i], 1.1, rows[i], RightBaseline);
+  if (NamesLevel(view.options)) DrawLevel(view);
+}
+
+bool NamesLevel(const StereoOptions& options) {
+  return options.showCaptions && options.showMeanEllipses &&
+         options.level != ErrorLevel::StandardError;
+}
+
+double LevelTop(const StereoOptions& options) {
+  std::size_t rows = 3;
+  if (options.showLegend && options.showPlanes)
+    rows = std::max(rows, options.foliationCodes.size());
+  if (options.showLegend && options.showLines) rows = std::max(rows, options.lineationCodes.size());
+  return LegendTop - RowStep * static_cast<double>(rows) - 0.04;
 }
 
 void DrawLegend(const StereoView& view) {

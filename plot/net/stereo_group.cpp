@@ -52,11 +52,13 @@ void DrawMeans(const StereoView& view) {
 void DrawMeanEllipses(const StereoView& view) {
   const GroupStats& stats = view.stats;
   if (!view.options.showMeanEllipses) return;
-  for (int k = 1; k <= 3; ++k)
-    if (view.options.showAxis[k] && ShowsErrors(stats, k))
+  for (int k = 1; k <= 3; ++k) {
+    const auto errors = ErrorsOf(stats, view.options.level, k);
+    if (view.options.showAxis[k] && errors)
       DrawConfidenceEllipse(view.target, view.net, EqualArea, false,
-                            {k, stats.MeanVec, stats.MeanE1[k], stats.MeanE2[k], stats.MeanRot[k]},
+                            {k, stats.MeanVec, errors->E1, errors->E2, stats.MeanRot[k]},
                             {.colour = Axes[k].colour});
+  }
 }
 
 }  // namespace velorix

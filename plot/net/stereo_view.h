@@ -34,8 +34,11 @@ struct StereoView {
   std::int16_t CaptionHeight() const { return Scaled(1.1, geometry.FontHeight()); }
 
   void Text(const std::string& text, double u, double v, int alignment) const {
+    Text(text, u, v, alignment, CaptionHeight());
+  }
+  void Text(const std::string& text, double u, double v, int alignment, std::int16_t height) const {
     const Point p = OnNet(net, u, v);
-    DrawText(target, text, p.x, p.y, {.height = CaptionHeight(), .alignment = alignment});
+    DrawText(target, text, p.x, p.y, {.height = height, .alignment = alignment});
   }
   void Symbol(std::int16_t type, double u, double v, double sizeFactor, Colour fill,
               Colour penColour) const {
@@ -94,6 +97,9 @@ void DrawMeanEllipses(const StereoView& view);
 
 /// Rows of the legend in the unit net.
 inline constexpr double RowStep = 0.1, LegendTop = -0.85;
+/// The first of the two lines on the level of the mean's ellipses, below the legend.
+double LevelTop(const StereoOptions& options);
+inline constexpr double LevelStep = 0.08;
 inline constexpr double FoliColumn = 0.68, LineColumn = 1.15, ColumnStep = 0.12;
 /// The colour scale at scale 1: from the net's rim to its bars, and the length of a line of a bar.
 inline constexpr int ScaleGap = 65, BarWidth = 10;

@@ -37,9 +37,9 @@ TEST_F(ExportGridTest, PutsABlankAndTheDelimiterBehindEveryValue) {
        {.Delimiter = " , ", .SelectedOnly = true},
        "ID  , Name  , Km  , \r\n2  , ?  , -1.5E-05  , \r\n"},
   };
-  for (const auto& [what, form, wanted] : cases) {
+  for (const auto& [what, form, expected] : cases) {
     ASSERT_TRUE(ExportGrid(SmallGrid(), Path(what), form)) << what;
-    EXPECT_EQ(Bytes(what), wanted) << what;
+    EXPECT_EQ(Bytes(what), expected) << what;
   }
 }
 
@@ -48,10 +48,10 @@ TEST_F(ExportGridTest, HeaderGoesOnlyIntoAFileWithoutContent) {
       {"", true, Whole},
       {"kept without an end", true, "kept without an end" + Rows},
       {"kept without an end", false, Whole}};
-  for (const auto& [old, append, wanted] : cases) {
+  for (const auto& [old, append, expected] : cases) {
     Put("old", old);
     ASSERT_TRUE(ExportGrid(SmallGrid(), Path("old"), {.Append = append}));
-    EXPECT_EQ(Bytes("old"), wanted);
+    EXPECT_EQ(Bytes("old"), expected);
   }
   ASSERT_TRUE(ExportGrid({.Columns = 1, .AppendCell = SmallGrid().AppendCell}, Path("none"), {}));
   EXPECT_EQ(Bytes("none"), "Name ,\r\n");

@@ -67,19 +67,19 @@ TEST(AssignGed, LeavesWhatTheSampleDoesNotHaveAndGivesThePairOfASlotAsAWhole) {
     AssignGedToStore(records, ArrayOf({sample}));
     return records[1];
   };
-  SpecimenRecord wanted = record, sample = Sample("A", 0, 0);
-  wanted.HasCoor[3] = wanted.HasCoor[4] = true;  // as the codes of the record say
-  EXPECT_EQ(assigned(sample), wanted);
-  sample.OrientInc = wanted.OrientInc = 5;  // one angle of 0 is an orientation
-  wanted.OrientAz = 0;
-  sample.LineName[2] = wanted.LineName[2] = "C";  // horizontal: both angles are 0
-  EXPECT_EQ(assigned(sample), wanted);
-  sample.FoliName[1] = wanted.FoliName[1] = "T";
+  SpecimenRecord expected = record, sample = Sample("A", 0, 0);
+  expected.HasCoor[3] = expected.HasCoor[4] = true;  // as the codes of the record say
+  EXPECT_EQ(assigned(sample), expected);
+  sample.OrientInc = expected.OrientInc = 5;  // one angle of 0 is an orientation
+  expected.OrientAz = 0;
+  sample.LineName[2] = expected.LineName[2] = "C";  // horizontal: both angles are 0
+  EXPECT_EQ(assigned(sample), expected);
+  sample.FoliName[1] = expected.FoliName[1] = "T";
   sample.FoliAz[1] = 120;
-  wanted.FoliAz[1] = 210;
-  wanted.LineName[1] = "";
-  wanted.LineTrend[1] = 0;
-  EXPECT_EQ(assigned(sample), wanted);
+  expected.FoliAz[1] = 210;
+  expected.LineName[1] = "";
+  expected.LineTrend[1] = 0;
+  EXPECT_EQ(assigned(sample), expected);
 }
 
 constexpr auto Lineations = CalculatorMode::Lineations, Foliations = CalculatorMode::Foliations;
@@ -101,9 +101,9 @@ TEST(PlaneFromLineations, GivesThePlaneThroughTwoLinesAndTheLineInWhichTwoPlanes
       {Foliations, {"0", "90", "90", "90"}, "0.0/90.0 90.0 (90.0)"},
       {Foliations, {"180", "90", "180", "90"}, "0.0/0.0 0.0 (180.0)"},
   };
-  for (const auto& [mode, input, wanted] : cases) {
+  for (const auto& [mode, input, expected] : cases) {
     const CalculatorResult r = PlaneFromLineations(mode, input);
-    EXPECT_EQ(r.Dec + "/" + r.Inc + " " + r.Angle, wanted)
+    EXPECT_EQ(r.Dec + "/" + r.Inc + " " + r.Angle, expected)
         << input.Dec1 << " " << input.Inc1 << " " << input.Dec2 << " " << input.Inc2;
   }
 }

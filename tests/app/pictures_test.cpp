@@ -300,7 +300,7 @@ TEST_F(GraphicsPageTest, ClipboardAndPrinterGetThePage) {
     return Outcome();
   };
   Menu("mnuGraphicsCopy");
-  EXPECT_EQ(metafile, GraphicsMetafile(Program));
+  EXPECT_EQ(metafile, GraphicsMetafile(Program.Session, Program.Plots, Program.GroupStats));
   EXPECT_EQ(Drawn, Page(1));
   Program.Host.PrintPicture = [&](const std::string& name, PlaneSize, const Host::DrawPicture&) {
     document = name;

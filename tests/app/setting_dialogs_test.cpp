@@ -20,13 +20,13 @@ TEST_F(FactorChoice, AnIndexThatIsNotInTheListSelectsNothingAndBecomesTheMean) {
   const std::tuple<std::int16_t, int, std::int16_t> cases[] = {
       {0, -1, 0}, {1, 0, 1}, {38, 37, 38}, {39, -1, 0}, {-5, -1, 0}};
   for (const auto& [index, position, taken] : cases) {
-    Settings wanted = Choices;
+    Settings expected = Choices;
     Choices.FacIndex[3] = index;
     const FactorRows rows = FactorRowsOf(Choices);
     EXPECT_EQ(rows[3].Position, position) << index;
     ChangeFactors(Now, rows);
-    wanted.FacIndex[3] = taken;
-    EXPECT_EQ(Choices, wanted) << index;
+    expected.FacIndex[3] = taken;
+    EXPECT_EQ(Choices, expected) << index;
   }
 }
 
@@ -39,7 +39,7 @@ TEST_F(FactorChoice, NamesAreTakenAsTheyAreAndCutAtABlankAtTheNextStart) {
   EXPECT_EQ(Choices.FacName[2], "my F");
   Settings next;
   EXPECT_TRUE(SettingsRead(next, Now.SettingsFile));
-  EXPECT_EQ(next.FacName[2], "my");  // wanted
+  EXPECT_EQ(next.FacName[2], "my");  // expected
   EXPECT_EQ(next.FacName[3], "P");
 }
 
@@ -62,14 +62,14 @@ class OrientationParameters : public ProgramTest {
     Now.GeoFile = Path("a.ged");
     Now.GeoRecords.Grow(2);
   }
-  /// Changes the parameters and expects the settings `wanted`, in use and written.
-  void Change(const Settings& wanted) {
-    ChangeOrientationParameters(Program, {wanted.P, wanted.DemagFac});
+  /// Changes the parameters and expects the settings `expected`, in use and written.
+  void Change(const Settings& expected) {
+    ChangeOrientationParameters(Program, {expected.P, expected.DemagFac});
     Settings written;
     EXPECT_TRUE(SettingsRead(written, Now.SettingsFile));
-    EXPECT_EQ(written, wanted);
-    EXPECT_EQ(Now.Settings, wanted);
-    EXPECT_EQ(Seen.Caption, "Velorix5");  // wanted, also where a file stays open
+    EXPECT_EQ(written, expected);
+    EXPECT_EQ(Now.Settings, expected);
+    EXPECT_EQ(Seen.Caption, "Velorix5");  // expected, also where a file stays open
   }
 };
 
@@ -80,9 +80,9 @@ TEST_F(OrientationParameters, OtherOnesCloseTheFileAndForgetTheGeologicalOne) {
     Now.GeoRecords.Grow(2);
     Asked.Boxes.clear();
     const int grids = Seen.Grids;
-    Settings wanted = Now.Settings;
-    wanted.P[parameter] = OrientationValues(parameter).back();
-    Change(wanted);
+    Settings expected = Now.Settings;
+    expected.P[parameter] = OrientationValues(parameter).back();
+    Change(expected);
     EXPECT_EQ(Asked.Boxes, Texts{"Anisotropy settings|Orientation parameters were changed!\n"
                                  "Currently open data file is closed.|&OK"});
     EXPECT_EQ(Now.CurrentFile + Now.GeoFile, "");
@@ -93,11 +93,11 @@ TEST_F(OrientationParameters, OtherOnesCloseTheFileAndForgetTheGeologicalOne) {
 
 TEST_F(OrientationParameters, WithoutOtherOnesTheFileStaysAndIsOnlyUnnamedInTheCaption) {
   OpenFile(WriteFile("a", 3));
-  Settings wanted;
+  Settings expected;
   for (const bool demagFac : {true, false}) {
     DisplayFormCaption(Program);
-    wanted.DemagFac = demagFac;
-    Change(wanted);
+    expected.DemagFac = demagFac;
+    Change(expected);
     EXPECT_EQ(Asked.Boxes, Texts());
     EXPECT_EQ(Names(), "a1 a2 a3 ");
     EXPECT_EQ(Now.GeoRecords.Count(), 2);

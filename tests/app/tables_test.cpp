@@ -58,7 +58,7 @@ TEST(DataTable, HeadersHaveTwoRowsAndTheNamesOfTheFactors) {
                 DataTableHeader(HeaderRow::Lower, Column::ID, settings),
             "IDID");
   EXPECT_EQ(DataTableHeader(HeaderRow::Lower, Column::Field, settings),
-            "FreqName");  // one column early, and wanted
+            "FreqName");  // one column early, and expected
   EXPECT_EQ(DataTableHeader(HeaderRow::Upper, Column::Fac1, settings) +
                 DataTableHeader(HeaderRow::Lower, Column::Fac1, settings),
             "k1/k2k1/k2");
@@ -84,10 +84,10 @@ TEST(DataTable, SortsByTextOrByNumberAndKeepsEqualRowsInOrder) {
       {Column::Fac1, false, {3, 1, 4, 2}},      // an empty cell last
       {Column::Fac1, true, {4, 1, 3, 2}},       // both ways
       {Column::ID, true, {4, 3, 2, 1}}};
-  for (const auto& [column, downward, wanted] : cases) {
+  for (const auto& [column, downward, expected] : cases) {
     std::vector<int> ids = DataTableRows(session);
     SortDataTable(ids, column, downward, session);
-    EXPECT_EQ(ids, wanted) << static_cast<int>(column) << downward;
+    EXPECT_EQ(ids, expected) << static_cast<int>(column) << downward;
   }
 }
 
@@ -122,7 +122,8 @@ TEST(GroupTable, GivesEachLabelItsTextAndFormat) {
       {3, " 10.3 "},     {16, " 20.0 "}, {5, " 5.0 "},   {18, " 2.0 "},
       {33, "N/A"},       {34, "-0.500"}, {50, " 1.001"}, {42, "1.234E-04"},
       {51, "2.000E-05"}, {1, ""},        {7, ""},        {61, ""}};
-  for (const auto& [index, text] : cases) EXPECT_EQ(JelinekText(index, stats), text) << index;
+  for (const auto& [index, text] : cases)
+    EXPECT_EQ(JelinekText(index, stats, ErrorLevel::StandardError), text) << index;
   std::string boot;
   for (int i = 1; i <= 7; ++i) boot += BootStatText(i, stats);
   EXPECT_EQ(boot, " 1.0  1.5  2.0  2.5  3.0  3.5 ");
@@ -146,8 +147,25 @@ TEST(GroupTable, HidesASlotNamedZero) {
   Settings settings;
   settings.FacName[3] = "0";
   EXPECT_EQ(FactorLabel(3, settings) + FactorLabel(2, settings), "F");
-  const std::string text = GroupTableText(Stats(), settings);
+  const std::string text = GroupTableText(Stats(), settings, ErrorLevel::StandardError, "");
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 13);
+}
+
+TEST(GroupTable, NamesTheLevelAndHasHextsRows) {
+  GroupStats stats = Stats();
+  stats.MeanE1At95 = stats.MeanE2At95 = {7, 8, 9};
+  // F12 just below its critical value.
+  stats.Hext = HextStats{30, 0.0018, 59.4, 2.5335, 3.3158, 28.25, 3.3159, 25.5, 11.2, 8.2};
+  const std::string text =
+      GroupTableText(stats, Settings(), ErrorLevel::Confidence95, "dike.ams, N = 6");
+  EXPECT_EQ(
+      text.find("95 % confidence angles of the mean (Jelinek 1978), dike.ams, N = 6\nN = 6\t"), 0u);
+  EXPECT_NE(text.find(" 7.0 \t 7.0 \t"), std::string::npos);
+  EXPECT_TRUE(
+      text.ends_with("Hext\tValue\tCritical\nF\t 59.40\t 2.53\nF12\t 3.32\t 3.32\n"
+                     "F23\t 28.25\t 3.32\ne12\t 25.5 \t\ne23\t 11.2 \t\n"
+                     "e13\t 8.2 \t\nVerdict\toblate not rejected\t\n"))
+      << text;
 }
 
 }  // namespace

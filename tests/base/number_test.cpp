@@ -48,9 +48,9 @@ TEST(Rounding, ToShortAndToLongRoundHalvesToEvenAndRefuseWhatDoesNotFit) {
       {0.5, 0},   {1.5, 2},   {2.5, 2},   {3.5, 4}, {-0.5, 0}, {-1.5, -2},
       {10.5, 10}, {11.5, 12}, {0.49999999999999994, 0}, {32767.4, 32767}, {-32768.5, -32768}};
   // clang-format on
-  for (const auto& [x, wanted] : cases) {
-    EXPECT_EQ(ToShort(x), wanted) << x;
-    EXPECT_EQ(ToLong(x), wanted) << x;
+  for (const auto& [x, expected] : cases) {
+    EXPECT_EQ(ToShort(x), expected) << x;
+    EXPECT_EQ(ToLong(x), expected) << x;
   }
   const double nan = std::nan("");
   for (double x : {32767.5, -32768.6, 1e300, nan}) EXPECT_THROW(ToShort(x), Fault) << x;

@@ -91,12 +91,12 @@ TEST(ReadAscFile, AFormFeedAloneOrBeforeANameEndsASpecimen) {
       {Joined(With(Name, "\fx")) + "\f\n" + Joined(With(Name, "x")), {"x", "x"}},
       // clang-format on
   };
-  for (const auto& [text, wanted] : cases) {
+  for (const auto& [text, expected] : cases) {
     RecordArray records;
     EXPECT_TRUE(ReadAscText(text, "x.asc", records));
     Lines names;
     for (const SpecimenRecord& r : records) names.push_back(r.Name);
-    EXPECT_EQ(names, wanted);
+    EXPECT_EQ(names, expected);
     EXPECT_EQ(records[records.Count()].Tensor, Expected().Tensor);
   }
 }

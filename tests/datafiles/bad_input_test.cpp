@@ -179,7 +179,8 @@ TEST(BadInput, MemoryUsedBeforeGivesWhatFreshMemoryGives) {
   full.CoorLevel = Tectonic;
   full.RecordNo = full.Selected = true;
   full.FoliName[3] = "S3";
-  full.FoliAz[3] = full.LinePlunge[4] = full.Fac[1] = 5;
+  full.FoliAz[3] = full.LinePlunge[4] = 5;
+  full.Fac[1] = 5.0f;
   for (int i = 1; i <= 6; ++i)
     full.K[i] = full.TensorRot[i] = full.TensorRotIm[i] = full.KSDIm[i] = 9.0;
   for (int i = 1; i <= 3; ++i) full.Dec[i] = full.IncIm[i] = full.LineInc[i] = 9.0;

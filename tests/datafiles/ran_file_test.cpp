@@ -106,13 +106,13 @@ TEST(ReadRanFile, AAndBTellInstrumentFieldFrequencyAndTheMeanSusceptibility) {
   std::string bytes = OneSpecimen();
   const float k[] = {1.1f, 1.01f, 0.9f};
   for (std::size_t i = 0; i < 3; ++i) golden::PutFloat(bytes, 20 + 4 * i, k[i]);
-  for (const auto& [path, a, b, wanted] : cases) {
+  for (const auto& [path, a, b, expected] : cases) {
     golden::PutFloat(bytes, 12, a);
     golden::PutFloat(bytes, 16, b);
     const SpecimenRecord r = Only(bytes, Header(), path);
     EXPECT_EQ(r.Instrument + " " + PlainText(r.Field) + " " + r.FreqName + " " +
                   PlainText(r.FreqIndex) + " " + PlainText(r.Frequency),
-              wanted);
+              expected);
     EXPECT_EQ(r.Km, (double{k[0]} + k[1] + k[2]) * b / 3 / 1000000);
   }
   golden::PutFloat(bytes, 12, std::numeric_limits<float>::quiet_NaN());

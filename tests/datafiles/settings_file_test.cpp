@@ -55,10 +55,10 @@ TEST(SettingsFile, MeaningOfALineIsItsPlaceAlone) {
       {6, " 10 k1/k2", [](Settings& s) { s.FacIndex[1] = 10, s.FacName[1] = "k1/k2"; }},
   };
   for (const auto& c : cases) {
-    Settings wanted, read;
-    c.change(wanted);
+    Settings expected, read;
+    c.change(expected);
     EXPECT_TRUE(SettingsReadText(read, WithLine(c.line, c.text))) << c.text;
-    EXPECT_EQ(read, wanted) << c.text;
+    EXPECT_EQ(read, expected) << c.text;
   }
 }
 

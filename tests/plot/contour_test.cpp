@@ -72,12 +72,12 @@ TEST_F(ContourPicture, ShowsEachDatumInTheSymbolOfItsKindWhenWantedOrNotCounted)
     Recorder expected;
     for (const Direction d : {Direction{20, 30}, {110, 10}})
       DrawNetSymbol(expected, {180, 180, 300}, EqualArea, d, symbol, size, colour, {.width = 0});
-    for (const auto& [counted, wanted] : {std::pair{false, false}, {true, false}, {true, true}}) {
+    for (const auto& [counted, chosen] : {std::pair{false, false}, {true, false}, {true, true}}) {
       Count = {};
       if (counted) Run(20);
-      Options.showData = wanted;
+      Options.showData = chosen;
       const bool shown = ToText(Draw()).find(ToText(expected.calls)) != std::string::npos;
-      EXPECT_EQ(shown, wanted || !counted) << symbol;
+      EXPECT_EQ(shown, chosen || !counted) << symbol;
       EXPECT_EQ(Nodes().pixels.empty(), !counted);
     }
   }

@@ -92,9 +92,9 @@ TEST(BlendColor, MixesHoldsItsFractionAndRoundsToEven) {
       {0xFF0000, 0, 0.25f, 0.25f, 0x400000},
       // clang-format on
   };
-  for (const auto& [a, b, share, held, wanted] : cases) {
+  for (const auto& [a, b, share, held, expected] : cases) {
     float t = share;
-    EXPECT_EQ(BlendColor(a, b, t), wanted) << share;
+    EXPECT_EQ(BlendColor(a, b, t), expected) << share;
     EXPECT_EQ(t, held);
   }
   float nan = std::nanf("");
@@ -105,17 +105,17 @@ TEST(ColorScale, RunsFromColdToHotAndTheRainbowTheOtherWayInThreeStops) {
   const std::pair<float, Colour> scale[] = {
       {0, Blue},  {0.25f, 0xFFFF00}, {0.5f, Green},      {0.75f, Yellow},   {1, Red},
       {-3, Blue}, {7, Red},          {0.875f, 0x0080FF}, {0.125f, 0xFF8000}};
-  for (const auto& [x, wanted] : scale) EXPECT_EQ(ColorScale(x), wanted) << x;
+  for (const auto& [x, expected] : scale) EXPECT_EQ(ColorScale(x), expected) << x;
   const std::pair<float, Colour> rainbow[] = {
       {0, Red}, {0.5f, Green}, {1, Blue}, {0.25f, 0x008080}, {0.75f, 0x808000}};
-  for (const auto& [x, wanted] : rainbow) EXPECT_EQ(RainbowColor(x), wanted) << x;
+  for (const auto& [x, expected] : rainbow) EXPECT_EQ(RainbowColor(x), expected) << x;
   EXPECT_THROW(RainbowColor(1e6f), Fault);
 }
 
 TEST(GrayLevel, FallsFromWhiteAndNeverOverflows) {
   const std::pair<std::int16_t, Colour> cases[] = {
       {0, White}, {1, White}, {2, 0xFEFEFE}, {255, 0x010101}, {32767, Black}, {-32768, White}};
-  for (const auto& [level, wanted] : cases) EXPECT_EQ(GrayLevel(level), wanted) << level;
+  for (const auto& [level, expected] : cases) EXPECT_EQ(GrayLevel(level), expected) << level;
 }
 
 TEST(SplitColor, GivesRedFromTheLowByte) { EXPECT_EQ(SplitColor(0x030201), (Channels{1, 2, 3})); }
@@ -151,9 +151,9 @@ TEST(ClipPolylineToBox, KeepsWhatLiesInTheBox) {
       {"standing still", {{5, 5}, {5, 5}, {6, 6}}, {{{5, 5}, {6, 6}}}},
       // clang-format on
   };
-  for (const auto& [what, line, wanted] : cases) {
-    EXPECT_EQ(ClipPolylineToBox(line, {0, 0}, {10, 10}), wanted) << what;
-    EXPECT_EQ(ClipPolylineToBox(line, {10, 10}, {0, 0}), wanted) << what;
+  for (const auto& [what, line, expected] : cases) {
+    EXPECT_EQ(ClipPolylineToBox(line, {0, 0}, {10, 10}), expected) << what;
+    EXPECT_EQ(ClipPolylineToBox(line, {10, 10}, {0, 0}), expected) << what;
   }
 }
 

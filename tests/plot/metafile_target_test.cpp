@@ -38,14 +38,14 @@ TEST(MetafileTest, ShapesKeepPointsPenAndBrush) {
     target.Pixel({9, 10}, Red);
   });
   EXPECT_EQ(read.Of(0x0102).size(), 1u);
-  const std::pair<int, std::vector<Words>> wanted[] = {
+  const std::pair<int, std::vector<Words>> expected[] = {
       {0x0418, {{60, 110, 40, 90}}},
       {0x0324, {{4, 1, 2, 30, 2, 30, 40, 1, 40}}},
       {0x0325, {{2, 5, 6, -7, 8}}},
       {0x041F, {{255, 0, 10, 9}}},
       {0x02FA, {{1, 3, 0, 0x2030, 0x10}, {5, 1, 0, 0, 0}, {0, 1, 0, 0, 0}}},
       {0x02FC, {{0, static_cast<std::int16_t>(0xFF00), 0, 0}, {1, 0, 0, 0}}}};  // green, hollow
-  for (const auto& [function, words] : wanted) {
+  for (const auto& [function, words] : expected) {
     std::vector<Words> found;
     for (const auto& record : read.Of(function)) found.push_back(record.words);
     EXPECT_EQ(found, words) << std::hex << function;
@@ -62,16 +62,16 @@ TEST(MetafileTest, TextsAreSetInArialAndTheCodePage) {
     Words font;
     std::string text;
     int y, x;
-  } wanted[] = {{{14, 0, 0, 0, 400, 0, 0, 0, 0}, "N = 12", 20, 10},
-                {{9, 0, 900, 0, 600, 0, 0, 0, 0}, "\x8E?\xE1r \xB5 ?", 40, 30}};
+  } expected[] = {{{14, 0, 0, 0, 400, 0, 0, 0, 0}, "N = 12", 20, 10},
+                  {{9, 0, 900, 0, 600, 0, 0, 0, 0}, "\x8E?\xE1r \xB5 ?", 40, 30}};
   const auto fonts = read.Of(0x02FB), texts = read.Of(0x0521);
   ASSERT_TRUE(fonts.size() == 2 && texts.size() == 2);
   for (std::size_t i = 0; i < 2; ++i) {
     const Words& words = texts[i].words;
-    EXPECT_EQ(Words(fonts[i].words.begin(), fonts[i].words.begin() + 9), wanted[i].font);
+    EXPECT_EQ(Words(fonts[i].words.begin(), fonts[i].words.begin() + 9), expected[i].font);
     EXPECT_STREQ(fonts[i].bytes.c_str() + 18, "Arial");
-    EXPECT_EQ(texts[i].bytes.substr(2, static_cast<std::size_t>(words[0])), wanted[i].text);
-    EXPECT_EQ(Words(words.end() - 2, words.end()), (Words{wanted[i].y, wanted[i].x}));
+    EXPECT_EQ(texts[i].bytes.substr(2, static_cast<std::size_t>(words[0])), expected[i].text);
+    EXPECT_EQ(Words(words.end() - 2, words.end()), (Words{expected[i].y, expected[i].x}));
   }
   EXPECT_EQ(read.Of(0x012E).at(0).words[0], CentreBaseline);
   EXPECT_EQ(read.Of(0x0209).at(1).words, (Words{0, 0xFF}));

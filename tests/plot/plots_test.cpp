@@ -16,10 +16,10 @@
 namespace velorix {
 namespace {
 
-void ExpectNear(const AxisRange& axis, const AxisRange& wanted) {
+void ExpectNear(const AxisRange& axis, const AxisRange& expected) {
   using R = AxisRange;
   for (const auto part : {&R::lower, &R::upper, &R::first, &R::step, &R::minor})
-    EXPECT_NEAR(axis.*part, wanted.*part, 1e-9 * wanted.step);
+    EXPECT_NEAR(axis.*part, expected.*part, 1e-9 * expected.step);
 }
 
 TEST(AxisScale, RoundsTheDataOutToWholeSteps) {
@@ -40,9 +40,9 @@ TEST(AxisScale, RoundsTheDataOutToWholeSteps) {
       {2.5e-4, 3.1e-4, {2.5e-4, 3.2e-4, 2.5e-4, 1e-5, 2e-6}},
       // clang-format on
   };
-  for (const auto& [lower, upper, wanted] : cases) {
+  for (const auto& [lower, upper, expected] : cases) {
     SCOPED_TRACE(std::to_string(lower) + " to " + std::to_string(upper));
-    ExpectNear(AxisScale(lower, upper), wanted);
+    ExpectNear(AxisScale(lower, upper), expected);
   }
   EXPECT_THROW(AxisScale(0, INFINITY), Fault);
   EXPECT_THROW(AxisScale(NAN, 1), Fault);
@@ -70,10 +70,10 @@ TEST(Ticks, AreTheStepsOrWhereLabelsLackRoomTheFewestMultiplesOverTheWholeAxis) 
     SCOPED_TRACE(std::to_string(axis.lower) + " to " + std::to_string(axis.upper) + ", room " +
                  std::to_string(room));
     const Ticks ticks = TicksOf(axis, room);
-    for (const auto& [values, wanted] : {std::pair{ticks.major, major}, {ticks.minor, minor}}) {
-      ASSERT_EQ(values.size(), wanted.count);
+    for (const auto& [values, expected] : {std::pair{ticks.major, major}, {ticks.minor, minor}}) {
+      ASSERT_EQ(values.size(), expected.count);
       for (std::size_t i = 0; i < values.size(); ++i)
-        EXPECT_NEAR(values[i], wanted.first + static_cast<double>(i) * wanted.spacing, 1e-9);
+        EXPECT_NEAR(values[i], expected.first + static_cast<double>(i) * expected.spacing, 1e-9);
     }
   }
 }
@@ -94,7 +94,7 @@ TEST(ClassEdges, AreTheNumbersThatTheirDigitsSay) {
        {1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21}},  // from a fixed end
       {ColumnScale(Column::KmaxInc, 3, 5), {0, 10, 20, 30, 40, 50, 60, 70, 80, 90, 100}},
   };
-  for (const auto& [axis, wanted] : cases) EXPECT_EQ(ClassEdges(axis), wanted);
+  for (const auto& [axis, expected] : cases) EXPECT_EQ(ClassEdges(axis), expected);
 }
 
 TEST(TickPicture, FollowsTheStepOrThePowerOfTen) {
@@ -244,10 +244,10 @@ TEST(Histogram, CountsAValueOnABoundaryInBothClasses) {
       {{3.4, 3.5, 4.1, 4.9}, F, GrayLevel(128), 2.5, {2, 1, 1}},
       {{-0.2, 0.3, 0.8}, F, GrayLevel(128), 1.2, {1, 1, 1, 1}},
   };
-  for (const auto& [values, column, colour, highest, wanted] : cases) {
+  for (const auto& [values, column, colour, highest, expected] : cases) {
     std::vector<int> counts;
     for (const auto& bar : Bars(values, column, colour, highest)) counts.push_back(bar.second);
-    EXPECT_EQ(counts, wanted) << values[0];
+    EXPECT_EQ(counts, expected) << values[0];
   }
 }
 

@@ -140,7 +140,10 @@ TEST(StereoPlane, HoldsAllThatIsDrawn) {
   longCodes.foliationCodes.push_back("LONGFOLIATION");
   longCodes.lineationCodes.push_back("LONGERLINEATION");
   const StereoOptions scale = Only({&O::showData, &O::colourByValue});
-  for (const StereoOptions& options : {StereoOptions{}, Only(), geological, longCodes, scale}) {
+  StereoOptions level = geological;
+  level.level = ErrorLevel::Confidence95;
+  for (const StereoOptions& options :
+       {StereoOptions{}, Only(), geological, longCodes, scale, level}) {
     const PlaneSize plane = StereoPlane(options), extent = Extent(Drawn(Uprights(2), options));
     EXPECT_LT(extent.width, plane.width);
     EXPECT_LT(extent.height, plane.height);
@@ -209,6 +212,30 @@ TEST(StereoRecords, CirclesEllipsesAndSymbolsOfSelectedRecordsComeLast) {
   for (SpecimenRecord& r : records) r.E[3] = r.E2[3] = 10.0;
   // Circles; the unselected ellipse and symbol, then the selected ones.
   EXPECT_EQ(KindsOf(OverTheNet(records, options)), "lylsyY");
+}
+
+TEST(StereoGroup, EllipsesOf95PercentAreWiderAndNamed) {
+  StereoOptions options;
+  GroupStats stats = Group(5);
+  stats.MeanE1At95 = stats.MeanE2At95 = {10, 10, 10};
+  options.meanOf = "hill.ams, in-phase, geographic, N = 5";
+  const auto standard = Drawn(Uprights(5), options, Geographic, InPhase, stats);
+  options.level = ErrorLevel::Confidence95;
+  const auto at95 = Drawn(Uprights(5), options, Geographic, InPhase, stats);
+  EXPECT_EQ(WordsOf(standard).find("hill"), std::string::npos);
+  EXPECT_NE(WordsOf(at95).find("N = 5|95 % confidence angles of the mean (Jelinek 1978)|hill.ams, "
+                               "in-phase, geographic, N = 5|"),
+            std::string::npos);
+  // Round Kmin in the middle: its ellipse is a circle, of the radius of its angle.
+  const auto radius = [](const std::vector<DrawCall>& calls) {
+    const auto lines = CallsOf<PolylineCall>(calls);
+    const LogicalPoint p = lines.back().points.front();
+    return std::hypot(p.x - 180.0, p.y - 190.0);
+  };
+  EXPECT_NEAR(radius(standard), 155 * std::sqrt(2) * std::sin(2.5 / DegPerRad), 1.5);
+  EXPECT_NEAR(radius(at95), 155 * std::sqrt(2) * std::sin(5 / DegPerRad), 1.5);
+  options.showCaptions = false;
+  EXPECT_FALSE(NamesLevel(options));
 }
 
 TEST(StereoRecords, DataLinesRunToTheOriginForRecordsOutOfView) {

@@ -178,11 +178,32 @@ class DialogsTest : public WindowTest {
     QVERIFY(!W().The<QWidget>("lblMean").isVisible());
   }
 
+  /// Standard errors of 10 and 95 % angles of five records: the tangents are those of the former
+  /// times the root of 2 * 9.5521 * 4 / (5 * 3), with the F value of two and three degrees of
+  /// freedom.
+  void theLevelChangesWindowNetAndCopy() {
+    W().Open(W().WriteFile("hill", 5));
+    OpenForm("mnuAnalysis(1)", "frmGroupStatistics");
+    QCOMPARE(Look("lblLevel"), "Ellipses: standard errors of one specimen (Jelinek 1978)");
+    const double standard = std::tan(qDegreesToRadians(W().Program.GroupStats.MeanE1[1]));
+    auto* levels = form_->findChild<QComboBox*>("cboLevel");
+    levels->setCurrentIndex(1);
+    emit levels->activated(1);
+    const double at95 = std::atan(standard * std::sqrt(2 * 9.5521 * 4 / 15.0));
+    QCOMPARE(Look("lblJelinek(5)").toDouble(), std::round(qRadiansToDegrees(at95) * 10) / 10);
+    QVERIFY(NamesLevel(W().Program.Plots.Stereo));
+    Press("cmdCopy");
+    QCOMPARE(
+        QApplication::clipboard()->text().split('\n')[0],
+        "95 % confidence angles of the mean (Jelinek 1978), hill.ams, in-phase, geographic, N = 5");
+  }
+
   void theStatisticsAreCopiedAsTextAndNameTheErrorsUnderTheirHeading() {
     OpenForm("mnuAnalysis(1)", "frmGroupStatistics");
     Press("cmdCopy");
     const QStringList lines = QApplication::clipboard()->text().split('\n');
-    QCOMPARE(lines.size(), 15);  // two headings, three directions, Km, eight factors, the end
+    // Two headings, three directions, Km, eight factors, Hext's eight, the end.
+    QCOMPARE(lines.size(), 23);
     QVERIFY(lines[0].startsWith("N = 5\tMean Tensor") && lines[6].startsWith("L\t"));
     const auto place = [this](const QString& text) {
       for (const QLabel* label : form_->findChildren<QLabel*>())

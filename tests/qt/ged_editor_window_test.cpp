@@ -31,7 +31,7 @@ class GedEditorWindowTest : public WindowTest {
       r.OP = {5, 90, 3, 90};
       records.Add(r);
     }
-    const std::string path = W().Path((name + ".ged").c_str());
+    std::string path = W().Path((name + ".ged").c_str());
     if (!WriteGedFile(path, records)) qFatal("no test file");
     return path;
   }

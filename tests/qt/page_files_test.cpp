@@ -96,7 +96,8 @@ class PageFilesTest : public WindowTest {
     W().Key(Qt::Key_C, Qt::ControlModifier);
     const QMimeData* data = QGuiApplication::clipboard()->mimeData();
     QVERIFY(data && !data->hasImage());
-    QCOMPARE(data->data("image/x-wmf").toStdString(), GraphicsMetafile(W().Program));
+    QCOMPARE(data->data("image/x-wmf").toStdString(),
+             GraphicsMetafile(W().Program.Session, W().Program.Plots, W().Program.GroupStats));
     QCOMPARE(QSvgRenderer(data->data("image/svg+xml")).viewBox(), QRect(0, 0, 900, 800));
   }
 

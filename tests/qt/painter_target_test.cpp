@@ -66,7 +66,7 @@ const std::vector<Colour> Pixels = [] {
 }();
 QColor PixelAt(int column, int row) {
   if (column < 0 || row < 0) return Qt::white;
-  const Colour c = Pixels[static_cast<std::size_t>(row * Width + column)];
+  const Colour c = Pixels[static_cast<std::size_t>(row) * Width + static_cast<std::size_t>(column)];
   return c == NoColour ? QColor(Qt::white) : QColor(c & 255, c >> 8 & 255, c >> 16 & 255);
 }
 void DrawRaster(Target& target) { target.Raster({10, 12}, Width, Pixels); }

@@ -189,8 +189,8 @@ QStringList ClipFaults(const QWidget& window) {
   for (const QWidget* widget : window.findChildren<QWidget*>()) {
     if (widget->window() != &window || !widget->isVisible() || IsPart(*widget)) continue;
     if (!IsOneOf<QLabel, QAbstractButton, QComboBox, QAbstractSpinBox>(*widget)) continue;
-    const QSize wanted = Wanted(*widget);
-    if (widget->width() < wanted.width() || widget->height() < wanted.height())
+    const QSize expected = Wanted(*widget);
+    if (widget->width() < expected.width() || widget->height() < expected.height())
       faults += "clipped: " + Called(*widget) + size;
     for (const QWidget* outer = widget->parentWidget(); outer && outer != &window;
          outer = outer->parentWidget()) {

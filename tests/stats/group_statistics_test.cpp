@@ -76,14 +76,14 @@ TEST(TensorStatistics, ReproducesThePublishedExample) {
   const TensorStats stats = StatsOf(Jelinek1978);
   const struct {
     double k, dec, inc, e1, e2;
-  } wanted[] = {{1.04239371, 167.9788, 19.0712, 0.668889, 0.099505},
-                {1.03397563, 267.1789, 24.8188, 0.669493, 0.096154},
-                {0.923630653, 44.5875, 57.8639, 0.137459, 0.046401}};
+  } expected[] = {{1.04239371, 167.9788, 19.0712, 0.668889, 0.099505},
+                  {1.03397563, 267.1789, 24.8188, 0.669493, 0.096154},
+                  {0.923630653, 44.5875, 57.8639, 0.137459, 0.046401}};
   // The published 95 % angles stand a factor (N - 1) / N and a scaling above our standard ones.
   const double N = 8, scale = (N - 1) / N * std::sqrt(2 * FQuantile(6) * (N - 1) / (N * (N - 2)));
   ASSERT_EQ(stats.Errors, 3);
   for (int k = 1; k <= 3; ++k) {
-    const auto& w = wanted[k - 1];
+    const auto& w = expected[k - 1];
     EXPECT_NEAR(stats.MeanK[k], w.k, 5e-7);  // published with every trace brought to 3
     EXPECT_LT(AxisAngle(MeanOf(stats, k), {w.dec, w.inc}), 0.001);
     EXPECT_NEAR(std::atan(scale * std::tan(stats.MeanE1[k] / DegPerRad)), w.e1, 2e-4);

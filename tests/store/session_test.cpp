@@ -51,11 +51,11 @@ TEST(RecordArray, GrowGivesEmptyRecordsAlsoInMemoryThatWasUsed) {
 
 TEST(Store, ReplaceStoreTakesTheRecordsAndNumbersThem) {
   Session session;
-  for (const auto& [names, wanted] :
+  for (const auto& [names, expected] :
        {std::pair{Named({"a", "b", "c"}), "a:1 b:2 c:3 "}, {Named({"x", "y"}), "x:1 y:2 "}}) {
     RecordArray records = names;
     ReplaceStore(session, records);
-    EXPECT_EQ(NamesIn(session.Records), wanted);
+    EXPECT_EQ(NamesIn(session.Records), expected);
     EXPECT_TRUE(records.Empty() && session.Spare.Empty());
   }
   for (int i = 0; i < 2; ++i) {  // an empty store stays empty
@@ -98,13 +98,13 @@ TEST(Store, SelectionCommandsActOnEveryRecord) {
                                                                   {DisregardSelected, ",.,,"},
                                                                   {RestoreAll, "...."},
                                                                   {ClearSelection, "..,,"}};
-  for (const auto& [command, wanted] : cases) {
+  for (const auto& [command, expected] : cases) {
     RecordArray records = Named({"a", "b", "c", "d"});
     records[1].Selected = records[4].Selected = true;
     records[3].Active = records[4].Active = false;
     ASSERT_EQ(MarksOf(records), "S.,s");
     command(records);
-    EXPECT_EQ(MarksOf(records), wanted);
+    EXPECT_EQ(MarksOf(records), expected);
   }
 }
 

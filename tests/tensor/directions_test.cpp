@@ -154,7 +154,7 @@ TEST(FoliationMatrix, ThePlungingLineKeepsItsTrendAndAHorizontalOneDoesNot) {
     return Turned(FoliationMatrix({40, 30}, line), line).Dec;
   };
   EXPECT_NEAR(trend({75, 20}), 75, 1e-4);
-  EXPECT_GT(std::fabs(trend({75, 0}) - 75), 1);  // wanted
+  EXPECT_GT(std::fabs(trend({75, 0}) - 75), 1);  // expected
 }
 
 TEST(FoliationMatrix, AHorizontalPlaneTurnsNothingAndForm90TakesAStrike) {

@@ -32,7 +32,7 @@ TEST(Numbers, NumberOfReadsTheLongestNumericPrefix) {
       {"1-2", 1},          {"1E3.5", 1000},   {"1_000", 1},        {"00012", 12},
       // clang-format on
   };
-  for (const auto& [text, wanted] : cases) EXPECT_EQ(NumberOf(text), wanted) << text;
+  for (const auto& [text, expected] : cases) EXPECT_EQ(NumberOf(text), expected) << text;
 }
 
 TEST(Numbers, NumberOfNeverFailsBeyondTheRangeOfFloats) {
@@ -44,7 +44,7 @@ TEST(Numbers, NumberOfNeverFailsBeyondTheRangeOfFloats) {
       {"0." + zeros + "1", 0}, {"0." + zeros + "1E401", 1}, {std::string("1\0002", 3), 1},
       // clang-format on
   };
-  for (const auto& [text, wanted] : cases) EXPECT_EQ(NumberOf(text), wanted) << text;
+  for (const auto& [text, expected] : cases) EXPECT_EQ(NumberOf(text), expected) << text;
 }
 
 TEST(Numbers, IsNumberTextJudgesCharactersAndNotSense) {
@@ -58,7 +58,7 @@ TEST(Numbers, IsNumberTextJudgesCharactersAndNotSense) {
 TEST(Numbers, DigitsOfTextJoinsAllDigitsIntoASixteenBitInteger) {
   const std::pair<const char*, int> cases[] = {
       {"1F", 1}, {"F12", 12}, {"a3-2.7x67", 32767}, {"FS", 0}};
-  for (const auto& [text, wanted] : cases) EXPECT_EQ(DigitsOfText(text), wanted);
+  for (const auto& [text, expected] : cases) EXPECT_EQ(DigitsOfText(text), expected);
   EXPECT_THROW(DigitsOfText("32768"), Fault);
   EXPECT_THROW(DigitsOfText(std::string(100, '9')), Fault);
 }
@@ -80,8 +80,8 @@ TEST(Numbers, FormatNumberRoundsHalvesAwayFromZeroByTheExactValue) {
       {0.05,      ".0",    " 0.1"},      {12.04,     "000.0", " 012.0"},
       // clang-format on
   };
-  for (const auto& [value, picture, wanted] : cases)
-    EXPECT_EQ(FormatNumber(value, picture), wanted) << value << " " << picture;
+  for (const auto& [value, picture, expected] : cases)
+    EXPECT_EQ(FormatNumber(value, picture), expected) << value << " " << picture;
   for (double x : {Infinity, -Infinity, std::nan("")}) EXPECT_EQ(FormatNumber(x, "0.0"), "");
   for (const char* picture : {"0,0", "#.0", "0.0E+00", "0.0.0"})
     EXPECT_THROW(FormatNumber(1, picture), Fault) << picture;
@@ -95,7 +95,7 @@ TEST(Numbers, SplitExponentKeepsAllDigitsOfTheMantissa) {
       {5e-324, {4.9406564584124654, -324}},
       // clang-format on
   };
-  for (const auto& [value, wanted] : cases) EXPECT_EQ(SplitExponent(value), wanted) << value;
+  for (const auto& [value, expected] : cases) EXPECT_EQ(SplitExponent(value), expected) << value;
 }
 
 TEST(Numbers, SignificantTextRoundsTheMantissaAndCarriesIntoTheExponent) {
@@ -108,8 +108,8 @@ TEST(Numbers, SignificantTextRoundsTheMantissaAndCarriesIntoTheExponent) {
       {0.0001,   4, "1.000E-04"},  {1,        1, "1E+00"},       {123456,  6, "1.23456E+05"},
       // clang-format on
   };
-  for (const auto& [value, digits, wanted] : cases)
-    EXPECT_EQ(SignificantText(value, digits), wanted) << value;
+  for (const auto& [value, digits, expected] : cases)
+    EXPECT_EQ(SignificantText(value, digits), expected) << value;
   EXPECT_EQ(SignificantText(Infinity, 4), "");
   EXPECT_THROW(SignificantText(1, 0), Fault);
 }
@@ -132,7 +132,7 @@ TEST(Numbers, PlainTextIsTheShortestAndTurnsToExponentsWhereItsOwnWidthEnds) {
       {PlainText(-1.7976931348623157e308), "-1.7976931348623157E+308"},
       // clang-format on
   };
-  for (const auto& [text, wanted] : cases) EXPECT_EQ(text, wanted);
+  for (const auto& [text, expected] : cases) EXPECT_EQ(text, expected);
 }
 
 TEST(CodePage, BytesStandForTheCharactersOfWindows1252) {
@@ -175,7 +175,7 @@ TEST(UpperCase, KnowsTheLettersOfEuropeAndKeepsTheRest) {
       {"too long \xC1\xA1", "TOO LONG \xC1\xA1"},
       // clang-format on
   };
-  for (const auto& [text, wanted] : cases) EXPECT_EQ(UpperCase(text), wanted);
+  for (const auto& [text, expected] : cases) EXPECT_EQ(UpperCase(text), expected);
 }
 
 TEST(LowerCase, IsTheWayBack) {
@@ -201,10 +201,10 @@ TEST(Lines, SplitBlanksSplitsAtRunsOfBlanksOnlyAndAnIndexPastTheTokensIsAnError)
                                                  {"a", {"a"}},
                                                  {"a\tb c", {"a\tb", "c"}}};
   Tokens tokens;
-  for (const auto& [line, wanted] : cases) {
-    EXPECT_EQ(PartsOf(SplitBlanks(line)), wanted) << line;
+  for (const auto& [line, expected] : cases) {
+    EXPECT_EQ(PartsOf(SplitBlanks(line)), expected) << line;
     SplitBlanks(line, tokens);  // takes the place of the former line
-    EXPECT_EQ(PartsOf(tokens), wanted) << line;
+    EXPECT_EQ(PartsOf(tokens), expected) << line;
   }
   EXPECT_THROW(tokens.Token(3), Fault);
   EXPECT_THROW(tokens.Token(0), Fault);
@@ -212,8 +212,8 @@ TEST(Lines, SplitBlanksSplitsAtRunsOfBlanksOnlyAndAnIndexPastTheTokensIsAnError)
 
 TEST(Lines, SplitAtCharHasAHundredTokensFromTheStart) {
   const Tokens tokens = SplitAtChar("120//35/", '/');
-  const std::pair<int, const char*> wanted[] = {{1, "120"}, {2, "35"}, {3, ""}, {100, ""}};
-  for (const auto& [i, token] : wanted) EXPECT_EQ(tokens.Token(i), token) << i;
+  const std::pair<int, const char*> expected[] = {{1, "120"}, {2, "35"}, {3, ""}, {100, ""}};
+  for (const auto& [i, token] : expected) EXPECT_EQ(tokens.Token(i), token) << i;
   EXPECT_THROW(tokens.Token(101), Fault);
   std::string line;
   for (int i = 0; i < 100; ++i) line += "a/";
@@ -261,8 +261,8 @@ TEST(CompactPath, ShortensTheFoldersThenTheName) {
       {"x.ams", 1, "."},
       {"x.ams", 0, ""},
       {"x.ams", -5, ""}};
-  for (const auto& [path, room, wanted] : cases)
-    EXPECT_EQ(CompactPath(path, room), wanted) << path << room;
+  for (const auto& [path, room, expected] : cases)
+    EXPECT_EQ(CompactPath(path, room), expected) << path << room;
 }
 
 TEST(Paths, TextBeyondAsciiSurvivesTheWayThroughThePlatformsPath) {

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -10,8 +11,10 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "app/display/display.h"
 #include "app/display/shown_group.h"
 #include "app/tables/group_table.h"
+#include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/change_buttons.h"
 #include "platform/qt/parts/marks.h"
 #include "platform/qt/parts/widgets.h"
@@ -21,11 +24,12 @@ namespace {
 
 constexpr Array1<Colour, 3> RowColours = {0xC0C0FF, 0xC0FFC0, 0xFFC0C0};  // Kmax, Kint, Kmin
 constexpr Array1<const char*, 3> RowNames = {"K1", "K2", "K3"};
+constexpr int FactorHead = 7;  // row of the headings of the factors
 constexpr char Note[] =
-    "Angles in degrees.\n\n"
-    "Confidence Ellipses: standard errors of the directions, from 5 records on.\n\n"
-    "Bootstrap: half-axes of the 95 % regions, from 5 to 100 records.\n\n"
-    "Std. Err.: standard deviation of the records' values.";
+    "Angles in degrees. Confidence ellipses from 5 records on: the standard errors describe one "
+    "specimen, the 95\u00A0% angles the mean. Bootstrap: half-axes of the 95\u00A0% regions, from "
+    "5 to "
+    "100 records. Std. Err. of factors: standard deviation of the records' values.";
 
 /// The colours are the same on dark desktops: black on them is read everywhere.
 void Paint(QLabel& label, Colour colour) {
@@ -37,7 +41,7 @@ void Paint(QLabel& label, Colour colour) {
 
 }  // namespace
 
-frmGroupStatistics::frmGroupStatistics(const Velorix& velorix, QWidget* owner)
+frmGroupStatistics::frmGroupStatistics(Velorix& velorix, QWidget* owner)
     : QWidget(owner, Qt::Window), velorix_(velorix) {
   setObjectName("frmGroupStatistics");
   setWindowTitle("Group Statistics");
@@ -49,6 +53,10 @@ frmGroupStatistics::frmGroupStatistics(const Velorix& velorix, QWidget* owner)
   heading_->setTextFormat(Qt::PlainText);
   heading_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   heading_->setMargin(3);
+  levelOf_ = new QLabel(this);
+  levelOf_->setObjectName("lblLevel");
+  levelOf_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  levelOf_->setMargin(3);
   auto* frame = new QGroupBox("Jelinek", this);
   frame->setObjectName("fraJelinek");
   auto* table = new QGridLayout(frame);
@@ -57,9 +65,16 @@ frmGroupStatistics::frmGroupStatistics(const Velorix& velorix, QWidget* owner)
     table->setColumnMinimumWidth(column, fontMetrics().horizontalAdvance("-0.000E-00") + 8);
   AddDirections(*table);
   AddFactors(*table);
+  AddHext(*table);
+  auto* note = new QLabel(Note, this);
+  note->setObjectName("lblNote");
+  note->setWordWrap(true);
+  note->setMargin(3);
   auto* column = new QVBoxLayout(this);
   column->addWidget(heading_);
+  column->addWidget(levelOf_);
   column->addWidget(frame);
+  column->addWidget(note);
   column->addLayout(MakeCommands());
   column->setSizeConstraint(QLayout::SetFixedSize);
 
@@ -67,12 +82,13 @@ frmGroupStatistics::frmGroupStatistics(const Velorix& velorix, QWidget* owner)
   AnisoView_DisplayGroupStatistics();
 }
 
-void frmGroupStatistics::AddHeading(QGridLayout& table, int row, int column, const QString& text,
-                                    const QString& tip, int span) {
+QLabel* frmGroupStatistics::AddHeading(QGridLayout& table, int row, int column, const QString& text,
+                                       const QString& tip, int span) {
   auto* heading = new QLabel(text, this);
   heading->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
   heading->setToolTip(tip);
   table.addWidget(heading, row, column, 1, span);
+  return heading;
 }
 
 QLabel* frmGroupStatistics::AddName(QGridLayout& table, int row, const QString& text) {
@@ -83,17 +99,24 @@ QLabel* frmGroupStatistics::AddName(QGridLayout& table, int row, const QString& 
   return name;
 }
 
-QLabel* frmGroupStatistics::AddValue(QGridLayout& table, int row, int column, int index,
-                                     bool boot) {
+QLabel* frmGroupStatistics::AddCell(QGridLayout& table, int row, int column, const QString& name,
+                                    int span) {
   auto* label = new QLabel(this);
-  label->setObjectName(QString(boot ? "lblBootStat(%1)" : "lblJelinek(%1)").arg(index));
+  label->setObjectName(name);
   label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   label->setMargin(4);
   label->setBackgroundRole(QPalette::Base);
   label->setForegroundRole(QPalette::Text);
   label->setAutoFillBackground(true);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  table.addWidget(label, row, column);
+  table.addWidget(label, row, column, 1, span);
+  return label;
+}
+
+QLabel* frmGroupStatistics::AddValue(QGridLayout& table, int row, int column, int index,
+                                     bool boot) {
+  const QString name = QString(boot ? "lblBootStat(%1)" : "lblJelinek(%1)").arg(index);
+  QLabel* label = AddCell(table, row, column, name);
   values_.push_back({label, index, boot});
   return label;
 }
@@ -101,11 +124,11 @@ QLabel* frmGroupStatistics::AddValue(QGridLayout& table, int row, int column, in
 /// The count, the headings in rows 0 to 2, and a row each for Kmax, Kint and Kmin.
 void frmGroupStatistics::AddDirections(QGridLayout& table) {
   const QString mean = "Principal values and directions of the mean tensor, in degrees";
-  const QString errors = "Standard errors of the directions, in degrees; 5 records and more";
+  const QString errors = "Errors of the directions, in degrees; 5 records and more";
   const QString boot = "Half-axes of the bootstrap regions, in degrees; 5 to 100 records";
   constexpr int Head = 2;
   AddHeading(table, 0, 4, "Confidence Ellipses", errors, 2);
-  AddHeading(table, 1, 4, "Std. Err. [deg]", errors, 2);
+  level_ = AddHeading(table, 1, 4, "", errors, 2);
   AddHeading(table, 1, 6, "Bootstrap", boot, 2);
   QLabel* count = AddValue(table, Head, 0, CountLabel, false);
   table.addWidget(count, 0, 0, Head + 1, 1, Qt::AlignBottom);  // so that the headings stand close
@@ -114,7 +137,7 @@ void frmGroupStatistics::AddDirections(QGridLayout& table) {
   AddHeading(table, Head, 1, "Mean Tensor", mean);
   AddHeading(table, Head, 2, "Dec", mean);
   AddHeading(table, Head, 3, "Inc", mean);
-  AddHeading(table, Head, 4, "Normed Semi-Axes", errors, 2);
+  semiAxes_ = AddHeading(table, Head, 4, "", errors, 2);
   AddHeading(table, Head, 6, "Semi-Axes", boot, 2);
   for (int k = 1; k <= 3; ++k) {
     const int row = Head + k;
@@ -126,9 +149,9 @@ void frmGroupStatistics::AddDirections(QGridLayout& table) {
   }
 }
 
-/// A row for Km and one for each factor; the note takes the room beside them.
+/// A row for Km and one for each factor.
 void frmGroupStatistics::AddFactors(QGridLayout& table) {
-  constexpr int Head = 7, Rows = 9;
+  constexpr int Head = FactorHead, Rows = 9;
   table.setRowMinimumHeight(Head - 1, 10);
   AddHeading(table, Head, 1, "Mean Tensor", "Factors of the mean tensor, whose mean is 1");
   AddHeading(table, Head, 2, "Average", "Means of the records' values");
@@ -139,16 +162,52 @@ void frmGroupStatistics::AddFactors(QGridLayout& table) {
     for (int column = 1; column <= 3; ++column)
       AddValue(table, Head + 1 + row, column, FactorValueLabel(row, column), false);
   }
-  auto* note = new QLabel(Note, this);
-  note->setObjectName("lblNote");
-  note->setWordWrap(true);
-  note->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-  note->setContentsMargins(18, 3, 3, 3);
-  table.addWidget(note, Head + 1, 4, Rows, 4);
+}
+
+/// Hext's statistics beside the factors.
+void frmGroupStatistics::AddHext(QGridLayout& table) {
+  constexpr int Left = 5;
+  constexpr const char* tips[HextRows] = {
+      "Statistics of Hext (1963)",
+      "Anisotropy; isotropic below the critical value",
+      "K1 against K2; an oblate shape is not rejected below the critical value",
+      "K2 against K3; a prolate shape is not rejected below the critical value",
+      "95 % half-angle in the plane of K1 and K2, in degrees",
+      "95 % half-angle in the plane of K2 and K3, in degrees",
+      "95 % half-angle in the plane of K1 and K3, in degrees",
+      "Of the three tests at the 95 % level, in their order"};
+  const HextCells cells = HextTable(GroupStats());
+  for (int column = 0; column < HextColumns; ++column)
+    AddHeading(table, FactorHead, Left + column, ToQString(cells[0][column]), tips[0]);
+  for (int row = 1; row < HextRows; ++row) {
+    const bool verdict = row == HextRows - 1;
+    const int values = row <= 3 ? 2 : 1;  // angles have no critical value
+    AddHeading(table, FactorHead + row, Left, ToQString(cells[row][0]), tips[row])
+        ->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    for (int column = 1; column <= values; ++column)
+      hext_.push_back({AddCell(table, FactorHead + row, Left + column,
+                               QString("lblHext(%1,%2)").arg(row).arg(column), verdict ? 2 : 1),
+                       row, column});
+  }
+  hext_.back().Label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 QLayout* frmGroupStatistics::MakeCommands() {
   auto* row = new QHBoxLayout;
+  levels_ = new QComboBox(this);
+  levels_->setObjectName("cboLevel");
+  levels_->setToolTip("What the confidence ellipses show, here and on the net");
+  for (const ErrorLevelNames& level : ErrorLevels) {
+    const QString text = level.Text;
+    levels_->addItem(text.left(1).toUpper() + text.mid(1));
+  }
+  connect(levels_, &QComboBox::activated, this, [this](int index) {
+    Work(velorix_, [&] { ChooseLevel(velorix_, static_cast<ErrorLevel>(index)); });
+  });
+  auto* ofLevels = new QLabel("&Ellipses:", this);
+  ofLevels->setBuddy(levels_);
+  row->addWidget(ofLevels);
+  row->addWidget(levels_);
   row->addStretch(1);
   const auto button = [&](const char* name, const char* caption, const char* tip) {
     QPushButton* made = MakeDialogButton(name, caption, tip, this);
@@ -171,22 +230,35 @@ void frmGroupStatistics::AnisoFacName_Show() {
 }
 
 void frmGroupStatistics::AnisoView_DisplayGroupStatistics() {
-  const bool ofOtherView = IsGroupOfOtherView(velorix_);
+  const Session& session = velorix_.Session;
+  const GroupSubject& group = velorix_.GroupOf;
+  const bool ofOtherView = IsGroupOfOtherView(session, group);
   MarkLabel(*heading_, ofOtherView);
-  QString heading = ToQString(GroupHeading(velorix_));
+  QString heading = ToQString(GroupHeading(session, group, velorix_.GroupStats.GroupN));
   if (ofOtherView)
     heading += "\nAnother view is shown; Clear Selection (Shift+Ctrl+F12) computes its numbers.";
   heading_->setText(heading);
   const GroupStats& stats = velorix_.GroupStats;
+  const ErrorLevel level = velorix_.Plots.Stereo.level;
+  const bool standard = level == ErrorLevel::StandardError;
+  levelOf_->setText("Ellipses: " + ToQString(LevelText(level)));
+  levels_->setCurrentIndex(static_cast<int>(level));
+  level_->setText(standard ? "Std. Err. [deg]" : "95 % [deg]");
+  semiAxes_->setText(standard ? "Normed Semi-Axes" : "Semi-Axes");
   for (const Value& value : values_)
-    value.Label->setText(
-        ToQString(value.Boot ? BootStatText(value.Index, stats) : JelinekText(value.Index, stats)));
+    value.Label->setText(ToQString(value.Boot ? BootStatText(value.Index, stats)
+                                              : JelinekText(value.Index, stats, level)));
+  const HextCells hext = HextTable(stats);
+  for (const HextValue& value : hext_)
+    value.Label->setText(ToQString(hext[value.Row][value.Column]));
 }
 
 void frmGroupStatistics::Copy() {
   QApplication::clipboard()->setText(
-      ToQString(GroupTableText(velorix_.GroupStats, velorix_.Session.Settings)));
-  const std::string notice = MeanNotice(velorix_);
+      ToQString(GroupTableText(velorix_.GroupStats, velorix_.Session.Settings,
+                               velorix_.Plots.Stereo.level, velorix_.Plots.Stereo.meanOf)));
+  const std::string notice =
+      MeanNotice(velorix_.Session, velorix_.GroupOf, velorix_.GroupStats.GroupN);
   if (!notice.empty()) velorix_.Views.ShowStatus(notice);
 }
 

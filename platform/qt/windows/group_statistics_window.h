@@ -6,18 +6,20 @@
 
 #include "app/state/velorix.h"
 
+class QComboBox;
 class QGridLayout;
 class QLabel;
 
 namespace velorix {
 
 /// The window of the group statistics: directions of the mean tensor with their errors above a
-/// table of factors, below a heading that says what they are of. Its labels are named
-/// `lblJelinek(i)` and `lblBootStat(i)`.
+/// table of factors, below a heading that says what they are of, and Hext's statistics. Its labels
+/// are named `lblJelinek(i)`, `lblBootStat(i)` and `lblHext(row,column)`; `cboLevel` chooses which
+/// errors the directions have, here and on the net.
 class frmGroupStatistics : public QWidget {
  public:
   /// A window owned by `owner`; `OnClose` is called when the user shuts it.
-  frmGroupStatistics(const Velorix& velorix, QWidget* owner);
+  frmGroupStatistics(Velorix& velorix, QWidget* owner);
 
   std::function<void()> OnClose;
 
@@ -35,19 +37,27 @@ class frmGroupStatistics : public QWidget {
     int Index;
     bool Boot;
   };
+  struct HextValue {
+    QLabel* Label;
+    int Row, Column;
+  };
 
-  void AddHeading(QGridLayout& table, int row, int column, const QString& text, const QString& tip,
-                  int span = 1);
+  QLabel* AddHeading(QGridLayout& table, int row, int column, const QString& text,
+                     const QString& tip, int span = 1);
+  QLabel* AddCell(QGridLayout& table, int row, int column, const QString& name, int span = 1);
   QLabel* AddName(QGridLayout& table, int row, const QString& text);
   QLabel* AddValue(QGridLayout& table, int row, int column, int index, bool boot);
   void AddDirections(QGridLayout& table);
   void AddFactors(QGridLayout& table);
+  void AddHext(QGridLayout& table);
   QLayout* MakeCommands();
   void Copy();
 
-  const Velorix& velorix_;
-  QLabel* heading_ = nullptr;
+  Velorix& velorix_;
+  QLabel *heading_ = nullptr, *levelOf_ = nullptr, *level_ = nullptr, *semiAxes_ = nullptr;
+  QComboBox* levels_ = nullptr;
   std::vector<Value> values_;
+  std::vector<HextValue> hext_;
   std::vector<QLabel*> factorNames_;
 };
 

@@ -250,7 +250,7 @@ void frmVelorix::CountRecords() {
     label.setText(ToQString(text));
     label.setVisible(!text.empty());
   };
-  show(*mean_, MeanLabel(*velorix_));
+  show(*mean_, MeanLabel(velorix_->Session, velorix_->GroupOf, velorix_->GroupStats.GroupN));
   show(*disregarded_, DisregardedLabel(velorix_->Session));
   int selected = 0;
   for (const SpecimenRecord& record : velorix_->Session.Records) selected += record.Selected;
