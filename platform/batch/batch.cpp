@@ -339,6 +339,9 @@ class Batch {
             WriteGroups(out, velorix_, *ParseGroupBy(a_.GroupBy), *GroupsFormOf(a_.Groups),
                         !a_.Quiet && IsTerminal());
           });
+          Write(a_.Compare, [&](std::ostream& out) {
+            WriteComparisons(out, velorix_, *ParseGroupBy(a_.GroupBy), !a_.Quiet && IsTerminal());
+          });
           Write(a_.GeoJson,
                 [&](std::ostream& out) { WriteGeoJson(out, velorix_.Session.GeoRecords); });
           WriteGed();

@@ -19,4 +19,7 @@ std::optional<GroupsForm> GroupsFormOf(const std::string& output);
 void WriteGroups(std::ostream& out, const Velorix& velorix, const GroupBy& by, GroupsForm form,
                  bool shown);
 
+/// Every pair of groups as JSON, progress as above.
+void WriteComparisons(std::ostream& out, const Velorix& velorix, const GroupBy& by, bool shown);
+
 }  // namespace velorix
