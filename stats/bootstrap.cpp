@@ -4,34 +4,15 @@
 #include <cmath>
 
 #include "stats/jacobi.h"
+#include "stats/replicates.h"
 #include "tensor/aniso_factor.h"
 
 namespace velorix {
 namespace {
 
-/// The 95 % point of chi-square with 2 degrees of freedom.
-constexpr double ChiSquare95 = 5.9914645464;
-
 double Quotient(double a, double b) {
   if (b == 0) FailDivision();
   return a / b;
-}
-
-/// The matrix of a tensor's six numbers, (1,3) from the sixth.
-Matrix<3, 3> MatrixOf(const TensorColumn& t) {
-  Matrix<3, 3> M;
-  TensorForm<ToMatrix>(M, t);
-  return M;
-}
-
-TensorColumn FormOf(const Matrix<3, 3>& M) {
-  return {M(1, 1), M(2, 2), M(3, 3), M(1, 2), M(2, 3), M(1, 3)};
-}
-
-Matrix<3, 3> Transposed(const Matrix<3, 3>& M) {
-  Matrix<3, 3> T;
-  Transpose(M, T);
-  return T;
 }
 
 /// F transposed times A, rounded to 32 bits.
@@ -41,81 +22,6 @@ Matrix<3, 3> TurnedRows(const Matrix<3, 3>& A, const Matrix<3, 3>& F) {
     for (int j = 1; j <= 3; ++j)
       R(i, j) = Round32(F(1, i) * A(1, j) + F(2, i) * A(2, j) + F(3, i) * A(3, j));
   return R;
-}
-
-/// The mean principal frame of the samples, made right-handed.
-Matrix<3, 3> FrameOf(std::span<const Matrix<3, 3>> samples) {
-  Matrix<3, 3> mean, V;
-  for (const Matrix<3, 3>& sample : samples)
-    for (int i = 0; i < 9; ++i) mean.v[i] += sample.v[i];
-  for (double& m : mean.v) m /= static_cast<double>(samples.size());
-  Vector<3> D;
-  Jacobi(mean, D, V);
-  for (int i = 1; i <= 3; ++i) {
-    const int j = i % 3 + 1, k = j % 3 + 1;
-    V(i, 3) = V(j, 1) * V(k, 2) - V(k, 1) * V(j, 2);
-  }
-  return V;
-}
-
-/// Means and deviations of the six components.
-struct Moments {
-  TensorColumn Mean6, Sd6;
-};
-Moments MomentsOf(std::span<const Matrix<3, 3>> samples) {
-  const double n = static_cast<double>(samples.size());
-  Moments m;
-  for (const Matrix<3, 3>& sample : samples) {
-    const TensorColumn x = FormOf(sample);
-    for (int c = 1; c <= 6; ++c) m.Mean6[c] += x[c];
-  }
-  for (double& mean : m.Mean6) mean /= n;
-  for (const Matrix<3, 3>& sample : samples) {
-    const TensorColumn x = FormOf(sample);
-    for (int c = 1; c <= 6; ++c) m.Sd6[c] += (x[c] - m.Mean6[c]) * (x[c] - m.Mean6[c]);
-  }
-  for (double& sd : m.Sd6) sd = std::sqrt(sd / (n - 1));
-  return m;
-}
-
-/// The sum of `n` tensors drawn from the normal distributions of `m`.
-TensorColumn SumOfNormal(const Moments& m, std::size_t n, NumberSource& numbers,
-                         std::vector<float>& room) {
-  room.resize(6 * n);
-  numbers.FillGauss(room);
-  TensorColumn y;
-  const float* g = room.data();
-  for (std::size_t s = 0; s < n; ++s)
-    for (int c = 0; c < 6; ++c) y.v[c] += m.Mean6.v[c] + m.Sd6.v[c] * double(*g++);
-  return y;
-}
-
-/// The sum of as many tensors as there are samples, drawn from them with replacement.
-TensorColumn SumOfDrawn(std::span<const TensorColumn> samples, NumberSource& numbers) {
-  TensorColumn y;
-  for (std::size_t s = 0; s < samples.size(); ++s) {
-    const TensorColumn& drawn = samples[numbers.Place(samples.size())];
-    for (int c = 0; c < 6; ++c) y.v[c] += drawn.v[c];
-  }
-  return y;
-}
-
-/// Replicates of the mean of the samples, in their frame.
-std::vector<Matrix<3, 3>> Replicates(std::span<const Matrix<3, 3>> samples,
-                                     const BootChoice& choice, NumberSource numbers) {
-  const std::size_t n = samples.size();
-  const Moments moments = MomentsOf(samples);
-  std::vector<TensorColumn> columns;
-  for (const Matrix<3, 3>& sample : samples) columns.push_back(FormOf(sample));
-  std::vector<float> room;
-  std::vector<Matrix<3, 3>> rep;
-  for (int k = 0; k < choice.Replicates; ++k) {
-    TensorColumn y = choice.Method == BootMethod::Simple ? SumOfDrawn(columns, numbers)
-                                                         : SumOfNormal(moments, n, numbers, room);
-    for (double& component : y) component /= static_cast<double>(n);
-    rep.push_back(MatrixOf(y));
-  }
-  return rep;
 }
 
 void SolveAll(std::span<const Matrix<3, 3>> rep, BootResult& result) {
@@ -263,16 +169,14 @@ BootResult BootStrap(std::span<const TensorColumn> T, const BootChoice& choice, 
                      std::span<const float> gaussTable) {
   BootResult result;
   if (T.size() <= 1 || choice.Method == BootMethod::None) return result;
-  std::vector<Matrix<3, 3>> samples;
-  for (const TensorColumn& t : T) samples.push_back(MatrixOf(t));
-  const Matrix<3, 3> frame = FrameOf(samples);
-  SampleFrameTurn(samples, frame);
-  std::vector<Matrix<3, 3>> rep = Replicates(samples, choice, NumbersOf(choice, gaussTable));
+  NumberSource numbers = NumbersOf(choice, gaussTable);
+  auto [frame, rep] = ReplicatesInFrame(T, choice, numbers);
   SolveAll(rep, result);
   result.Limits = BootQuantiles(result.Eig);
   result.Factors = IntervalsOf(result.Eig);
   result.BootEllipse = BootEllipses(result.BootVec, P);
-  const Matrix<3, 3> back = Transposed(frame);
+  Matrix<3, 3> back;
+  Transpose(frame, back);
   SampleFrameTurn(rep, back);
   VectorFrameTurn(result.BootEllipse, back);
   SolveAll(rep, result);

@@ -8,6 +8,8 @@
 namespace velorix {
 namespace {
 
+using Records = std::span<const SpecimenRecord* const>;
+
 /// Whether the averages take the record. Kept for agreement with published results: unlike
 /// the mean tensor they don't need the out-of-phase block, and they take the in-phase `Km` in both
 /// blocks.
@@ -15,13 +17,13 @@ bool IsAveraged(const SpecimenRecord& record, CoordinateSystem coorSys) {
   return record.CoorLevel == coorSys && record.Active;
 }
 
-std::vector<TensorColumn> ShownTensors(const RecordArray& records, CoordinateSystem coorSys,
+std::vector<TensorColumn> ShownTensors(Records records, CoordinateSystem coorSys,
                                        TensorBlock reImMode) {
   std::vector<TensorColumn> T;
-  for (const SpecimenRecord& record : records) {
-    if (!IsShown(record, coorSys, reImMode)) continue;
+  for (const SpecimenRecord* record : records) {
+    if (!IsShown(*record, coorSys, reImMode)) continue;
     TensorColumn& t = T.emplace_back();
-    for (int c = 1; c <= 6; ++c) t[c] = record.TensorRot[c];
+    for (int c = 1; c <= 6; ++c) t[c] = record->TensorRot[c];
   }
   return T;
 }
@@ -70,14 +72,14 @@ bool Average(const std::vector<double>& values, float& mean, float& sd) {
   return !values.empty();
 }
 
-void AverageSlot(const RecordArray& records, CoordinateSystem coorSys, std::int16_t facIndex,
-                 int slot, GroupStats& stats) {
+void AverageSlot(Records records, CoordinateSystem coorSys, std::int16_t facIndex, int slot,
+                 GroupStats& stats) {
   stats.MeanFac[slot] =
       FactorIn32(AnisoFactor(facIndex, stats.MeanK[1], stats.MeanK[2], stats.MeanK[3]));
   std::vector<double> values;
-  for (const SpecimenRecord& record : records)
-    if (IsAveraged(record, coorSys) && record.Fac[slot].IsComputed())
-      values.push_back(record.Fac[slot].Value());
+  for (const SpecimenRecord* record : records)
+    if (IsAveraged(*record, coorSys) && record->Fac[slot].IsComputed())
+      values.push_back(record->Fac[slot].Value());
   stats.HasAverage[slot] = Average(values, stats.AvgFac[slot], stats.SdFac[slot]);
 }
 
@@ -85,6 +87,15 @@ void AverageSlot(const RecordArray& records, CoordinateSystem coorSys, std::int1
 
 void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, TensorBlock reImMode,
                      const Array1<std::int16_t, FactorSlots>& facIndex,
+                     std::span<const float> gaussTable, GroupStats& stats, const BootChoice& boot) {
+  std::vector<const SpecimenRecord*> all;
+  all.reserve(static_cast<std::size_t>(records.Count()));
+  for (const SpecimenRecord& record : records) all.push_back(&record);
+  GroupStatistics(all, coorSys, reImMode, facIndex, gaussTable, stats, boot);
+}
+
+void GroupStatistics(std::span<const SpecimenRecord* const> records, CoordinateSystem coorSys,
+                     TensorBlock reImMode, const Array1<std::int16_t, FactorSlots>& facIndex,
                      std::span<const float> gaussTable, GroupStats& stats, const BootChoice& boot) {
   stats.Reached = GroupStats::None;
   stats.FactorsDone = 0;
@@ -100,8 +111,8 @@ void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, Tenso
   stats.Reached = GroupStats::Bootstrap;
 
   std::vector<double> km;
-  for (const SpecimenRecord& record : records)
-    if (IsAveraged(record, coorSys)) km.push_back(record.Km);
+  for (const SpecimenRecord* record : records)
+    if (IsAveraged(*record, coorSys)) km.push_back(record->Km);
   stats.HasAverages = Average(km, stats.AvgKm, stats.SdKm);
   stats.Reached = GroupStats::AverageKm;
   for (int slot = 1; slot <= FactorSlots; ++slot) {

@@ -59,6 +59,10 @@ void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, Tenso
                      const Array1<std::int16_t, FactorSlots>& facIndex,
                      std::span<const float> gaussTable, GroupStats& stats,
                      const BootChoice& boot = {});
+/// The same of some records of a store.
+void GroupStatistics(std::span<const SpecimenRecord* const> records, CoordinateSystem coorSys,
+                     TensorBlock reImMode, const Array1<std::int16_t, FactorSlots>& facIndex,
+                     std::span<const float> gaussTable, GroupStats& stats, const BootChoice& boot);
 
 // What a view may show of the last run: what the group is large enough for, and what was reached.
 bool ShowsMean(const GroupStats& stats);           // MeanK, MeanDec, MeanInc, MeanVec

@@ -38,21 +38,23 @@ void DeriveView(Session& session) {
   }
 }
 
-/// The group statistics of the records in view. A geologist hears what may be the cause.
+/// The group statistics of the records in view.
 void ComputeGroup(Velorix& velorix) {
   const Session& session = velorix.Session;
   try {
     GroupStatistics(session.Records, session.CoorSys, session.ReImMode, session.Settings.FacIndex,
                     velorix.GaussTable, velorix.GroupStats, velorix.Bootstrap);
   } catch (const Fault& fault) {
-    throw StatisticsFault(
-        fault.Number, std::string("Group statistics incomplete: specimens too much alike, or mean "
-                                  "principal values equal (") +
-                          fault.what() + ")");
+    throw StatisticsFault(fault.Number, IncompleteText(fault.what()));
   }
 }
 
 }  // namespace
+
+std::string IncompleteText(const std::string& reason) {
+  return "Group statistics incomplete: specimens too much alike, or mean principal values equal (" +
+         reason + ")";
+}
 
 void DisplayData(Velorix& velorix, bool resetLists) {
   Session& session = velorix.Session;

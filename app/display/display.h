@@ -11,6 +11,9 @@ struct StatisticsFault : Fault {
   using Fault::Fault;
 };
 
+/// What is said of group statistics that end early, with what a geologist may take for the cause.
+std::string IncompleteText(const std::string& reason);
+
 /// The whole road from the store to the screen: codes into the lists (emptied first of the data's
 /// codes when `resetLists`), factors and rotation of every record in use, group statistics, then
 /// `RefreshViews`. Statistics that fail end it there with a `StatisticsFault`.

@@ -10,7 +10,9 @@
 #include "app/files/file_kinds.h"
 #include "app/state/velorix.h"
 #include "platform/batch/contour_output.h"
+#include "platform/batch/groups_output.h"
 #include "platform/painting/picture_file.h"
+#include "stats/grouping.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
 
@@ -93,6 +95,9 @@ const OptionRow Options[] = {
     {"--append",        "",                          "append to an existing --grid file",               &Arguments::Append},
     {"--table",         "FILE",                      "the data table as tab-separated text",            &Arguments::Table},
     {"--stats",         "FILE",                      "the group statistics as JSON; - is standard output", &Arguments::Stats},
+    {"--group-by",      GroupByWords,                "parts the records in view into groups",           &Arguments::GroupBy},
+    {"--groups",        "FILE",                      "statistics of each group and of all: .json or .csv; - is standard output", &Arguments::Groups},
+    {"--compare",       "FILE",                      "every pair of groups as JSON; - is standard output", &Arguments::Compare},
     {"--page",          "FILE",                      "the graphics page; its type by the extension",    &Arguments::Page},
     {"--contour",       Words(ContourDisplays),                "counts the density",                              Choice{&Arguments::Contour, 1}},
     {"--smooth",        "N",                         "smoothing of --contour; default 20",              &Arguments::Smooth},
@@ -262,6 +267,12 @@ std::string Complaint(Arguments& a) {
     return "--delimiter and --append need --grid.";
   if (a.Ged.empty() && (a.AssignGed || !a.GeoJson.empty() || !a.WriteGed.empty()))
     return "--assign-ged, --geo-json and --write-ged need --ged.";
+  if (!a.GroupBy.empty() && !ParseGroupBy(a.GroupBy))
+    return "--group-by: '" + a.GroupBy + "' is none of " + GroupByWords + ".";
+  if (a.GroupBy.empty() && !(a.Groups.empty() && a.Compare.empty()))
+    return "--groups and --compare need --group-by.";
+  if (!a.Groups.empty() && !GroupsFormOf(a.Groups))
+    return a.Groups + ": groups are written as .json or .csv.";
   if (a.WriteGed == "-") return "--write-ged needs the name of a file.";
   if (a.Grid == "-") return "--grid needs the name of a file.";
   if (!a.Page.empty() && UpperCase(ExtensionOf(a.Page)) != "WMF") {
@@ -283,8 +294,9 @@ EarlyEnd WrongUsage(const std::string& text) {
 
 std::vector<std::string> Arguments::Outputs() const {
   std::vector<std::string> outputs;
-  for (const std::string* output : {&Save, &SaveSelected, &Records, &Grid, &Table, &Stats, &Page,
-                                    &ContourJson, &ContourImage, &GeoJson, &WriteGed})
+  for (const std::string* output :
+       {&Save, &SaveSelected, &Records, &Grid, &Table, &Stats, &Groups, &Compare, &Page,
+        &ContourJson, &ContourImage, &GeoJson, &WriteGed})
     if (!output->empty()) outputs.push_back(*output);
   return outputs;
 }

@@ -156,8 +156,8 @@ void WriteGeoJson(std::ostream& out, const RecordArray& geoRecords) {
   out << '\n';
 }
 
-void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings,
-                    ErrorLevel level) {
+void AddStats(ObjectWriter& object, const GroupStats& stats, const Settings& settings,
+              ErrorLevel level) {
   const auto when = [](bool shown, const auto& field) { return shown ? ToJson(field) : Json(); };
   const bool mean = ShowsMean(stats), boot = ShowsBootstrap(stats);
   const bool at95 = ShowsErrorsAt95(stats), deviations = ShowsDeviations(stats);
@@ -165,7 +165,6 @@ void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& 
   const auto meanFac = [&](int slot) { return ShowsMeanFac(stats, slot); };
   const auto avgFac = [&](int slot) { return ShowsAvgFac(stats, slot); };
   const auto sdFac = [&](int slot) { return deviations && avgFac(slot); };
-  ObjectWriter object(out, 0);
   object.Add("GroupN", ToJson(stats.GroupN));
   object.Add("MeanK", when(mean, stats.MeanK));
   object.Add("MeanVec", when(mean, stats.MeanVec));
@@ -191,6 +190,12 @@ void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& 
   object.Add("BootFactors", when(boot, stats.BootFactors));
   object.Add("Level", NamesOf(level).Word);
   object.Add("Bootstrap", ToJson(stats.BootBy));
+}
+
+void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings,
+                    ErrorLevel level) {
+  ObjectWriter object(out, 0);
+  AddStats(object, stats, settings, level);
   object.End();
   out << '\n';
 }

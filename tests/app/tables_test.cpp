@@ -5,6 +5,7 @@
 
 #include "app/tables/data_table.h"
 #include "app/tables/group_table.h"
+#include "app/tables/groups_csv.h"
 #include "tests/app/script.h"
 
 namespace velorix {
@@ -127,6 +128,20 @@ TEST(GroupTable, GivesEachLabelItsTextAndFormat) {
   std::string boot;
   for (int i = 1; i <= 7; ++i) boot += BootStatText(i, stats);
   EXPECT_EQ(boot, " 1.0  1.5  2.0  2.5  3.0  3.5 ");
+}
+
+TEST(GroupsCsv, QuotesTextsAndLeavesOutWhatIsNotDefined) {
+  GroupRow row{"a, \"b\"\n", Stats(), ""};
+  row.Stats.MeanFac[2] = Factor::Failed();
+  row.Stats.FactorsDone = 3;
+  row.Stats.Hext = HextStats();
+  row.Stats.Hext->F = 0.1;
+  row.Stats.Hext->F12 = 1.5e-5;
+  row.Stats.Hext->F23 = 2;
+  EXPECT_EQ(GroupsCsvRow(row),
+            "\"a, \"\"b\"\"\n\",6,10.25,20,5,2.04,0,0,20.5,20,5,2.04,0,0,30.75,20,5,2.04,0,0,"
+            "0.00012345,2E-05,-0.5,,0,,,,,,0.1,1.5E-05,2\r\n");
+  EXPECT_EQ(GroupsCsvRow({"none", {}, ""}), "none,0" + std::string(31, ',') + "\r\n");
 }
 
 TEST(GroupTable, HidesASlotNamedZero) {
