@@ -213,6 +213,7 @@ bool OpenGedFiles(Session& session, Dialogs& dialogs, GedSheet& sheet) {
   const bool one = list.Names.size() == 1;
   read.Path = one ? session.GeoFile : list.Folder + "\\MULTIPLE FILES";
   if (one) read.Base = BaseName(list.FirstName);
+  read.OfSeveral = !one;
   read.ReadCount = records.Count();
   sheet = std::move(read);
   return true;
@@ -234,8 +235,8 @@ bool SaveGedFile(Session& session, Dialogs& dialogs, const GedSheet& sheet) {
     const std::string& path = answer.Filename;
     if (!FileExists(path)) return true;
     if (!AskYesNo(dialogs, UpperCase(SaveTitle), "Overwrite existing file?")) return false;
-    const LossAnswer loss =
-        AskAboutLosses(dialogs, SaveTitle, path, FindGedLosses(session, path, records));
+    const LossAnswer loss = AskAboutLosses(dialogs, SaveTitle, path,
+                                           FindGedLosses(session, path, records, sheet.OfSeveral));
     cancelled = loss == LossAnswer::Cancel;
     return loss != LossAnswer::Copy;
   };

@@ -41,8 +41,9 @@ struct GedSite {
 struct GedSheet {
   GedSite Site;
   std::vector<GedRow> Rows;
-  std::string Path;  // that the caption names; empty for a new file
-  std::string Base;  // name proposed when saving
+  std::string Path;        // that the caption names; empty for a new file
+  std::string Base;        // name proposed when saving
+  bool OfSeveral = false;  // files that were opened together
   int ReadCount = 0;
   bool operator==(const GedSheet&) const = default;
 };

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "app/files/ask_file.h"
 #include "app/files/file_stamp.h"
@@ -195,7 +196,8 @@ Losses FindLosses(const Session& session, const std::string& path, const FileKin
   return losses;
 }
 
-Losses FindGedLosses(const Session& session, const std::string& path, const RecordArray& samples) {
+Losses FindGedLosses(const Session& session, const std::string& path, const RecordArray& samples,
+                     bool ofSeveral) {
   Losses losses;
   if (!FileExists(path)) return losses;
   WrittenRecords written(losses, samples.Count());
@@ -206,13 +208,21 @@ Losses FindGedLosses(const Session& session, const std::string& path, const Reco
       CompareAngle(samples[i].OrientAz, stored[i].OrientAz, true, losses);
       CompareAngle(samples[i].OrientInc, stored[i].OrientInc, true, losses);
     }
+  std::unordered_set<std::string> present;
   const auto visit = [&](const auto& compare) {
     RecordArray old;
     const Outcome outcome = ReadGedFile(path, old);
-    if (outcome) std::for_each(old.begin(), old.end(), compare);
-    return outcome.Done;
+    if (!outcome) return false;
+    for (const SpecimenRecord& sample : old) {
+      present.insert(sample.Name);
+      compare(sample);
+    }
+    return true;
   };
   CompareWithOld(visit, written, losses);
+  if (ofSeveral && !losses.Unreadable)
+    for (const Holdings& sample : written.Stored)
+      losses.Foreign += !present.contains(std::string(sample.Name));
   if (path == session.GeoFile) losses.Changed = session.GeoStamp != StampOf(path);
   return losses;
 }

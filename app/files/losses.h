@@ -31,8 +31,10 @@ struct Losses {
 /// there is no file. Fails like the writer when a number does not fit the file.
 Losses FindLosses(const Session& session, const std::string& path, const FileKind& kind,
                   const RecordArray& records, bool all);
-/// The same for geological records.
-Losses FindGedLosses(const Session& session, const std::string& path, const RecordArray& samples);
+/// The same for geological records. When they are of several files, those with names that the file
+/// lacks count as records of the others.
+Losses FindGedLosses(const Session& session, const std::string& path, const RecordArray& samples,
+                     bool ofSeveral);
 
 /// They in words, a line each.
 std::vector<std::string> LossLines(const Losses& losses);

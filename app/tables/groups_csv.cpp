@@ -15,8 +15,8 @@ std::string Quoted(const std::string& text) {
 }
 
 std::string Line(const std::vector<std::string>& cells) {
-  std::string line;
-  for (const std::string& cell : cells) line += (line.empty() ? "" : ",") + cell;
+  std::string line = cells.front();  // which may be empty
+  for (std::size_t i = 1; i < cells.size(); ++i) line += "," + cells[i];
   return line + "\r\n";
 }
 

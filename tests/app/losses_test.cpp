@@ -192,6 +192,13 @@ TEST_F(Losing, TheGeologicalEditorsSaveAsks) {
   EXPECT_EQ(Bytes("s.ged"), before);
   EXPECT_TRUE(save({0, 0}));
   EXPECT_EQ(Bytes("s.ged~"), before);
+
+  ASSERT_TRUE(WriteGedFile(Path("t.ged"), ArrayOf({Record("b1"), Record("b2")})));
+  Answer(Several({"s.ged", "t.ged"}));
+  ASSERT_TRUE(OpenGedFiles(Now, Asked, sheet));
+  EXPECT_FALSE(save({0, 2}));
+  EXPECT_EQ(Asked.Boxes.back(),
+            Question("Save geological file", ged, {"2 records of other open files put in"}));
 }
 
 }  // namespace

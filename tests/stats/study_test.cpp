@@ -52,7 +52,7 @@ TEST(PartRecords, GroupsByTextsNamesAndFiles) {
   session.Records[7].Active = false;
   session.Records[8].CoorLevel = Specimen;
   session.OpenFiles = {"/d/p.ams", "/d/none.ams", "/d/q.ams"};
-  session.Opened = {{1, 2, {}}, {1, 0, {}}, {1, 6, {}}};
+  session.Opened = {{1, 2, false, {}}, {1, 0, false, {}}, {1, 6, false, {}}};
   const struct {
     const char *Word, *Groups;
   } cases[] = {
