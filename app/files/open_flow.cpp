@@ -154,7 +154,8 @@ bool OpenDroppedFiles(Session& session, History& history, Dialogs& dialogs, cons
     filters.push_back(FilterOfContent(path, session.Settings, why));
     if (filters.back() == 0) {
       dialogs.Ask(DataFileQuestion(session, FileAction::Open).Title,
-                  SplitFileList(path).FirstName + "\nThis file cannot be opened here. " + why, {"&OK"});
+                  SplitFileList(path).FirstName + "\nThis file cannot be opened here. " + why,
+                  {"&OK"});
       return false;
     }
   }

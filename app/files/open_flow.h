@@ -25,7 +25,8 @@ struct ReadFiles {
 Outcome ReadDataFile(const std::string& path, int filter, bool reload, const Settings& settings,
                      ReadFiles& read);
 
-/// Puts files that were read into the session, the records and the names, a step that can be undone.
+/// Puts files that were read into the session, the records and the names, a step that can be
+/// undone.
 void OpenReadFiles(Session& session, History& history, const Host& host,
                    const std::vector<std::string>& paths, ReadFiles& read);
 
