@@ -4,33 +4,15 @@
 #include <cmath>
 
 #include "stats/jacobi.h"
+#include "stats/replicates.h"
+#include "tensor/aniso_factor.h"
 
 namespace velorix {
 namespace {
 
-/// The 95 % point of chi-square with 2 degrees of freedom.
-constexpr double ChiSquare95 = 5.9914645464;
-
 double Quotient(double a, double b) {
   if (b == 0) FailDivision();
   return a / b;
-}
-
-/// The matrix of a tensor's six numbers, (1,3) from the sixth.
-Matrix<3, 3> MatrixOf(const TensorColumn& t) {
-  Matrix<3, 3> M;
-  TensorForm<ToMatrix>(M, t);
-  return M;
-}
-
-TensorColumn FormOf(const Matrix<3, 3>& M) {
-  return {M(1, 1), M(2, 2), M(3, 3), M(1, 2), M(2, 3), M(1, 3)};
-}
-
-Matrix<3, 3> Transposed(const Matrix<3, 3>& M) {
-  Matrix<3, 3> T;
-  Transpose(M, T);
-  return T;
 }
 
 /// F transposed times A, rounded to 32 bits.
@@ -40,57 +22,6 @@ Matrix<3, 3> TurnedRows(const Matrix<3, 3>& A, const Matrix<3, 3>& F) {
     for (int j = 1; j <= 3; ++j)
       R(i, j) = Round32(F(1, i) * A(1, j) + F(2, i) * A(2, j) + F(3, i) * A(3, j));
   return R;
-}
-
-/// The mean principal frame of the samples, made right-handed.
-Matrix<3, 3> FrameOf(std::span<const Matrix<3, 3>> samples) {
-  Matrix<3, 3> mean, V;
-  for (const Matrix<3, 3>& sample : samples)
-    for (int i = 0; i < 9; ++i) mean.v[i] += sample.v[i];
-  for (double& m : mean.v) m /= static_cast<double>(samples.size());
-  Vector<3> D;
-  Jacobi(mean, D, V);
-  for (int i = 1; i <= 3; ++i) {
-    const int j = i % 3 + 1, k = j % 3 + 1;
-    V(i, 3) = V(j, 1) * V(k, 2) - V(k, 1) * V(j, 2);
-  }
-  return V;
-}
-
-/// Means and deviations of the six components.
-struct Moments {
-  TensorColumn Mean6, Sd6;
-};
-Moments MomentsOf(std::span<const Matrix<3, 3>> samples) {
-  const double n = static_cast<double>(samples.size());
-  Moments m;
-  for (const Matrix<3, 3>& sample : samples) {
-    const TensorColumn x = FormOf(sample);
-    for (int c = 1; c <= 6; ++c) m.Mean6[c] += x[c];
-  }
-  for (double& mean : m.Mean6) mean /= n;
-  for (const Matrix<3, 3>& sample : samples) {
-    const TensorColumn x = FormOf(sample);
-    for (int c = 1; c <= 6; ++c) m.Sd6[c] += (x[c] - m.Mean6[c]) * (x[c] - m.Mean6[c]);
-  }
-  for (double& sd : m.Sd6) sd = std::sqrt(sd / (n - 1));
-  return m;
-}
-
-/// `B` replicates of the mean of `n` tensors, in the frame.
-std::vector<Matrix<3, 3>> Replicates(const Moments& m, std::size_t n, int B,
-                                     std::span<const float> gaussTable) {
-  if (gaussTable.size() < 6 * n * static_cast<std::size_t>(B)) FailSubscript();
-  std::vector<Matrix<3, 3>> rep;
-  const float* g = gaussTable.data();
-  for (int k = 0; k < B; ++k) {
-    TensorColumn y;
-    for (std::size_t s = 0; s < n; ++s)
-      for (int c = 0; c < 6; ++c) y.v[c] += m.Mean6.v[c] + m.Sd6.v[c] * double(*g++);
-    for (double& component : y) component /= static_cast<double>(n);
-    rep.push_back(MatrixOf(y));
-  }
-  return rep;
 }
 
 void SolveAll(std::span<const Matrix<3, 3>> rep, BootResult& result) {
@@ -104,6 +35,20 @@ void SolveAll(std::span<const Matrix<3, 3>> rep, BootResult& result) {
 
 /// Ascending, with what is no number at the end.
 bool NumbersFirst(double a, double b) { return a < b || (std::isnan(b) && !std::isnan(a)); }
+
+FactorIntervals IntervalsOf(std::span<const Vector<3>> Eig) {
+  Array1<std::vector<double>, FactorIntervals::Size> values;
+  for (const Vector<3>& k : Eig) {
+    const FactorInput input(k[1], k[2], k[3]);
+    for (int i = 1; i <= FactorIntervals::Size; ++i)
+      if (const auto factor = AnisoFactor(BootFactorList[i - 1].Index, input))
+        values[i].push_back(*factor);
+  }
+  FactorIntervals intervals;
+  for (int i = 1; i <= FactorIntervals::Size; ++i)
+    if (values[i].size() == Eig.size()) intervals[i] = BootInterval(values[i]);
+  return intervals;
+}
 
 /// The components across direction `i`, in the order in which an ellipse takes them.
 struct Across {
@@ -156,20 +101,39 @@ void VectorFrameTurn(std::span<Matrix<3, 3>> A, const Matrix<3, 3>& F) {
   for (Matrix<3, 3>& M : A) M = TurnedRows(M, F);
 }
 
-BootLimits BootQuantiles(std::span<const Vector<3>> Eig) {
-  const auto point = [&](const std::vector<double>& sorted, double p) {
-    const double q = p * static_cast<double>(sorted.size());
-    const auto below = static_cast<std::size_t>(q);  // values up to q
-    if (q != std::floor(q)) return sorted[below];
-    return (sorted[below - 1] + sorted[below]) / 2;
+std::string TextOf(const BootChoice& choice) {
+  if (choice.Method == BootMethod::None) return WordOf(choice.Method);
+  return WordOf(choice.Method) + (", " + std::to_string(choice.Replicates) + " replicates") +
+         (choice.Seed ? ", seed " + std::to_string(*choice.Seed) : "");
+}
+
+NumberSource NumbersOf(const BootChoice& choice, std::span<const float> gaussTable) {
+  return choice.Seed ? NumberSource(*choice.Seed) : NumberSource(gaussTable);
+}
+
+Interval BootInterval(std::vector<double>& values) {
+  const auto ranked = [&](std::size_t i) {
+    const auto place = values.begin() + static_cast<std::ptrdiff_t>(i);
+    std::nth_element(values.begin(), place, values.end(), NumbersFirst);
+    return *place;
   };
+  const auto point = [&](double p) {
+    const double q = p * static_cast<double>(values.size());
+    const auto below = static_cast<std::size_t>(q);  // values up to q
+    if (q != std::floor(q)) return ranked(below);
+    return (ranked(below - 1) + ranked(below)) / 2;
+  };
+  return {point(0.025), point(0.975)};
+}
+
+BootLimits BootQuantiles(std::span<const Vector<3>> Eig) {
   BootLimits limits;
   for (int c = 1; c <= 3; ++c) {
     std::vector<double> column;
     for (const Vector<3>& values : Eig) column.push_back(values[c]);
-    std::sort(column.begin(), column.end(), NumbersFirst);
-    limits.Lower[c] = point(column, 0.025);
-    limits.Upper[c] = point(column, 0.975);
+    const auto [lower, upper] = BootInterval(column);
+    limits.Lower[c] = lower;
+    limits.Upper[c] = upper;
   }
   return limits;
 }
@@ -201,19 +165,18 @@ std::vector<Matrix<3, 3>> BootEllipses(std::span<Matrix<3, 3>> BootVec, int P) {
   return contour;
 }
 
-BootResult BootStrap(std::span<const TensorColumn> T, int B, int P,
+BootResult BootStrap(std::span<const TensorColumn> T, const BootChoice& choice, int P,
                      std::span<const float> gaussTable) {
   BootResult result;
-  if (T.size() <= 1) return result;
-  std::vector<Matrix<3, 3>> samples;
-  for (const TensorColumn& t : T) samples.push_back(MatrixOf(t));
-  const Matrix<3, 3> frame = FrameOf(samples);
-  SampleFrameTurn(samples, frame);
-  std::vector<Matrix<3, 3>> rep = Replicates(MomentsOf(samples), T.size(), B, gaussTable);
+  if (T.size() <= 1 || choice.Method == BootMethod::None) return result;
+  NumberSource numbers = NumbersOf(choice, gaussTable);
+  auto [frame, rep] = ReplicatesInFrame(T, choice, numbers);
   SolveAll(rep, result);
   result.Limits = BootQuantiles(result.Eig);
+  result.Factors = IntervalsOf(result.Eig);
   result.BootEllipse = BootEllipses(result.BootVec, P);
-  const Matrix<3, 3> back = Transposed(frame);
+  Matrix<3, 3> back;
+  Transpose(frame, back);
   SampleFrameTurn(rep, back);
   VectorFrameTurn(result.BootEllipse, back);
   SolveAll(rep, result);

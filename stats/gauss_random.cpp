@@ -1,7 +1,11 @@
 #include "stats/gauss_random.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
+#include <numbers>
+
+#include "base/fault.h"
 
 namespace velorix {
 
@@ -25,14 +29,6 @@ double NaturalLog(double x) {
   return k * ln2High + (k * ln2Low - t * (f - r) + f);
 }
 
-double GaussRandom(UniformSource& uniform) {
-  for (;;) {
-    const float u = 2 * uniform() - 1, v = 2 * uniform() - 1;
-    const double s = double{u} * u + double{v} * v;
-    if (s < 1 && s != 0) return u * std::sqrt(-2 * NaturalLog(s) / s);
-  }
-}
-
 void FillGaussTable(std::vector<float>& table, const std::function<void()>& yield) {
   constexpr std::size_t piece = 50'000;  // a few milliseconds of work
   UniformSource uniform;
@@ -41,6 +37,62 @@ void FillGaussTable(std::vector<float>& table, const std::function<void()>& yiel
     if (i % piece == 0 && yield) yield();
     table[i] = static_cast<float>(GaussRandom(uniform));
   }
+}
+
+SeededBits::SeededBits(std::uint64_t seed) {
+  for (std::uint64_t& word : state_) {
+    std::uint64_t z = seed += 0x9e3779b97f4a7c15;
+    z = (z ^ (z >> 30)) * 0xbf58476d1ce4e5b9;
+    z = (z ^ (z >> 27)) * 0x94d049bb133111eb;
+    word = z ^ (z >> 31);
+  }
+}
+
+std::uint64_t SeededBits::operator()() {
+  auto& s = state_;
+  const std::uint64_t result = std::rotl(s[1] * 5, 7) * 9, t = s[1] << 17;
+  s[2] ^= s[0];
+  s[3] ^= s[1];
+  s[1] ^= s[2];
+  s[0] ^= s[3];
+  s[2] ^= t;
+  s[3] = std::rotl(s[3], 45);
+  return result;
+}
+
+NumberSource::NumberSource(std::span<const float> table) : table_(table), bits_(0) {
+  if (table.empty()) FailSubscript();
+}
+
+float NumberSource::NextOfTable() {
+  if (next_ == table_.size()) next_ = 0;
+  return table_[next_++];
+}
+
+void NumberSource::FillGauss(std::span<float> numbers) {
+  if (table_.empty()) {
+    const auto uniform = [this] { return static_cast<float>(bits_() >> 40) * 0x1p-24f; };
+    for (float& number : numbers) number = static_cast<float>(GaussRandom(uniform));
+    return;
+  }
+  while (!numbers.empty()) {
+    if (next_ == table_.size()) next_ = 0;
+    const std::size_t n = std::min(numbers.size(), table_.size() - next_);
+    std::copy_n(table_.begin() + static_cast<std::ptrdiff_t>(next_), n, numbers.begin());
+    next_ += n;
+    numbers = numbers.subspan(n);
+  }
+}
+
+std::size_t NumberSource::Place(std::size_t n) {
+  if (table_.empty()) {
+    const std::uint64_t surplus = (0 - std::uint64_t{n}) % n;  // 2^64 modulo n
+    std::uint64_t bits = bits_();
+    while (bits < surplus) bits = bits_();
+    return static_cast<std::size_t>(bits % n);
+  }
+  const double share = std::erfc(-double{NextOfTable()} / std::numbers::sqrt2) / 2;
+  return std::min(static_cast<std::size_t>(share * static_cast<double>(n)), n - 1);
 }
 
 }  // namespace velorix

@@ -8,6 +8,8 @@
 namespace velorix {
 namespace {
 
+using Records = std::span<const SpecimenRecord* const>;
+
 /// Whether the averages take the record. Kept for agreement with published results: unlike
 /// the mean tensor they don't need the out-of-phase block, and they take the in-phase `Km` in both
 /// blocks.
@@ -15,13 +17,13 @@ bool IsAveraged(const SpecimenRecord& record, CoordinateSystem coorSys) {
   return record.CoorLevel == coorSys && record.Active;
 }
 
-std::vector<TensorColumn> ShownTensors(const RecordArray& records, CoordinateSystem coorSys,
+std::vector<TensorColumn> ShownTensors(Records records, CoordinateSystem coorSys,
                                        TensorBlock reImMode) {
   std::vector<TensorColumn> T;
-  for (const SpecimenRecord& record : records) {
-    if (!IsShown(record, coorSys, reImMode)) continue;
+  for (const SpecimenRecord* record : records) {
+    if (!IsShown(*record, coorSys, reImMode)) continue;
     TensorColumn& t = T.emplace_back();
-    for (int c = 1; c <= 6; ++c) t[c] = record.TensorRot[c];
+    for (int c = 1; c <= 6; ++c) t[c] = record->TensorRot[c];
   }
   return T;
 }
@@ -41,13 +43,12 @@ double SemiAxis(const Direction& a, const Direction& b) {
 }
 
 void StoreBootstrap(const BootResult& boot, GroupStats& stats) {
-  for (auto& points : stats.BootPoints) points = Array1<ShortDirection, 1000>();
-  for (std::size_t j = 0; j < boot.BootVec.size(); ++j) {
-    Matrix<3, 3> V = boot.BootVec[j];
+  for (auto* clouds : {&stats.BootPoints, &stats.BootContour})
+    for (std::vector<ShortDirection>& cloud : *clouds) cloud.clear();
+  for (Matrix<3, 3> V : boot.BootVec) {
     MxSignCopy(V, V, true);
     const Array1<Direction, 3> directions = MatrixDirections(V);
-    for (int k = 1; k <= 3; ++k)
-      stats.BootPoints[k][static_cast<int>(j) + 1] = Short(directions[k]);
+    for (int k = 1; k <= 3; ++k) stats.BootPoints[k].push_back(Short(directions[k]));
   }
   const auto contour = [&](int point, int k) {
     if (boot.BootEllipse.empty()) return Direction{};
@@ -57,8 +58,11 @@ void StoreBootstrap(const BootResult& boot, GroupStats& stats) {
   for (int k = 1; k <= 3; ++k) {
     stats.BootE1[k] = SemiAxis(contour(1, k), contour(2 * Quarter + 1, k));
     stats.BootE2[k] = SemiAxis(contour(Quarter + 1, k), contour(3 * Quarter + 1, k));
-    for (int j = 1; j <= BootContourPoints; ++j) stats.BootContour[k][j] = Short(contour(j, k));
+    for (std::size_t j = 1; j <= boot.BootEllipse.size(); ++j)
+      stats.BootContour[k].push_back(Short(contour(static_cast<int>(j), k)));
   }
+  stats.BootLimits = boot.Limits;
+  stats.BootFactors = boot.Factors;
 }
 
 /// Mean and deviation in 32 bits; an empty group has neither.
@@ -68,14 +72,14 @@ bool Average(const std::vector<double>& values, float& mean, float& sd) {
   return !values.empty();
 }
 
-void AverageSlot(const RecordArray& records, CoordinateSystem coorSys, std::int16_t facIndex,
-                 int slot, GroupStats& stats) {
+void AverageSlot(Records records, CoordinateSystem coorSys, std::int16_t facIndex, int slot,
+                 GroupStats& stats) {
   stats.MeanFac[slot] =
       FactorIn32(AnisoFactor(facIndex, stats.MeanK[1], stats.MeanK[2], stats.MeanK[3]));
   std::vector<double> values;
-  for (const SpecimenRecord& record : records)
-    if (IsAveraged(record, coorSys) && record.Fac[slot].IsComputed())
-      values.push_back(record.Fac[slot].Value());
+  for (const SpecimenRecord* record : records)
+    if (IsAveraged(*record, coorSys) && record->Fac[slot].IsComputed())
+      values.push_back(record->Fac[slot].Value());
   stats.HasAverage[slot] = Average(values, stats.AvgFac[slot], stats.SdFac[slot]);
 }
 
@@ -83,9 +87,19 @@ void AverageSlot(const RecordArray& records, CoordinateSystem coorSys, std::int1
 
 void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, TensorBlock reImMode,
                      const Array1<std::int16_t, FactorSlots>& facIndex,
-                     std::span<const float> gaussTable, GroupStats& stats) {
+                     std::span<const float> gaussTable, GroupStats& stats, const BootChoice& boot) {
+  std::vector<const SpecimenRecord*> all;
+  all.reserve(static_cast<std::size_t>(records.Count()));
+  for (const SpecimenRecord& record : records) all.push_back(&record);
+  GroupStatistics(all, coorSys, reImMode, facIndex, gaussTable, stats, boot);
+}
+
+void GroupStatistics(std::span<const SpecimenRecord* const> records, CoordinateSystem coorSys,
+                     TensorBlock reImMode, const Array1<std::int16_t, FactorSlots>& facIndex,
+                     std::span<const float> gaussTable, GroupStats& stats, const BootChoice& boot) {
   stats.Reached = GroupStats::None;
   stats.FactorsDone = 0;
+  stats.BootBy = boot;
   const std::vector<TensorColumn> T = ShownTensors(records, coorSys, reImMode);
   stats.GroupN = static_cast<std::int16_t>(T.size());
   stats.Reached = GroupStats::MeanTensor;
@@ -93,12 +107,12 @@ void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, Tenso
   TensorStatistics(T, stats);
   stats.Reached = GroupStats::TensorErrors;
   if (T.size() <= BootMaxN)
-    StoreBootstrap(BootStrap(T, BootReplicates, BootContourPoints, gaussTable), stats);
+    StoreBootstrap(BootStrap(T, boot, BootContourPoints, gaussTable), stats);
   stats.Reached = GroupStats::Bootstrap;
 
   std::vector<double> km;
-  for (const SpecimenRecord& record : records)
-    if (IsAveraged(record, coorSys)) km.push_back(record.Km);
+  for (const SpecimenRecord* record : records)
+    if (IsAveraged(*record, coorSys)) km.push_back(record->Km);
   stats.HasAverages = Average(km, stats.AvgKm, stats.SdKm);
   stats.Reached = GroupStats::AverageKm;
   for (int slot = 1; slot <= FactorSlots; ++slot) {
@@ -123,9 +137,12 @@ std::optional<AngularErrors> ErrorsOf(const GroupStats& stats, ErrorLevel level,
   return AngularErrors{stats.MeanE1At95[k], stats.MeanE2At95[k]};
 }
 
-bool ShowsBootstrap(const GroupStats& stats) {
-  return stats.GroupN >= 5 && stats.GroupN <= BootMaxN && stats.Reached >= GroupStats::Bootstrap;
+bool HasBootstrap(const GroupStats& stats) {
+  return stats.BootBy.Method != BootMethod::None && stats.GroupN >= 2 && stats.GroupN <= BootMaxN &&
+         stats.Reached >= GroupStats::Bootstrap;
 }
+
+bool ShowsBootstrap(const GroupStats& stats) { return stats.GroupN >= 5 && HasBootstrap(stats); }
 
 bool ShowsMeanFac(const GroupStats& stats, int slot) {
   return ShowsMean(stats) && stats.FactorsDone >= slot;

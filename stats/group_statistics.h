@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 #include <span>
+#include <vector>
 
 #include "stats/bootstrap.h"
 #include "stats/hext.h"
@@ -30,9 +31,12 @@ struct GroupStats : TensorStats {
   Array1<float, FactorSlots> AvgFac;
   float SdKm = 0;
   Array1<float, FactorSlots> SdFac;
-  Array1<double, 3> BootE1, BootE2;                    // semi-axes of the bootstrap regions
-  Array1<Array1<ShortDirection, 1000>, 3> BootPoints;  // slots 1 to 500 are filled
-  Array1<Array1<ShortDirection, 200>, 3> BootContour;
+  BootChoice BootBy;                                  // the bootstrap that was asked for
+  Array1<double, 3> BootE1, BootE2;                   // semi-axes of the bootstrap regions
+  Array1<std::vector<ShortDirection>, 3> BootPoints;  // a direction a replicate
+  Array1<std::vector<ShortDirection>, 3> BootContour;
+  velorix::BootLimits BootLimits;
+  FactorIntervals BootFactors;
   Step Reached = None;
   int FactorsDone = 0;                   // slots of MeanFac, AvgFac, SdFac that this run computed
   bool HasAverages = false;              // some record stood behind AvgKm
@@ -45,7 +49,6 @@ struct GroupStats : TensorStats {
 inline void ForgetGroup(GroupStats& stats) { stats.GroupN = 0; }
 
 inline constexpr int BootMaxN = 100;  // larger groups get no bootstrap
-inline constexpr int BootReplicates = 500;
 inline constexpr int BootContourPoints = 200;
 
 /// Mean tensor, errors and bootstrap of the records that the view shows (`IsShown`), averages of
@@ -54,13 +57,19 @@ inline constexpr int BootContourPoints = 200;
 /// stays, and `stats.Reached` says how far that is. Hext's statistics don't depend on the others.
 void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, TensorBlock reImMode,
                      const Array1<std::int16_t, FactorSlots>& facIndex,
-                     std::span<const float> gaussTable, GroupStats& stats);
+                     std::span<const float> gaussTable, GroupStats& stats,
+                     const BootChoice& boot = {});
+/// The same of some records of a store.
+void GroupStatistics(std::span<const SpecimenRecord* const> records, CoordinateSystem coorSys,
+                     TensorBlock reImMode, const Array1<std::int16_t, FactorSlots>& facIndex,
+                     std::span<const float> gaussTable, GroupStats& stats, const BootChoice& boot);
 
 // What a view may show of the last run: what the group is large enough for, and what was reached.
 bool ShowsMean(const GroupStats& stats);           // MeanK, MeanDec, MeanInc, MeanVec
 bool ShowsErrors(const GroupStats& stats, int k);  // MeanE1, MeanE2, MeanRot of direction k
 bool ShowsErrorsAt95(const GroupStats& stats);     // MeanE1At95, MeanE2At95 of all directions
-bool ShowsBootstrap(const GroupStats& stats);      // BootE1, BootE2, BootPoints, BootContour
+bool HasBootstrap(const GroupStats& stats);        // BootPoints, BootContour as pictures
+bool ShowsBootstrap(const GroupStats& stats);  // the same, their semi-axes and limits as numbers
 bool ShowsMeanFac(const GroupStats& stats, int slot);
 bool ShowsAvgKm(const GroupStats& stats);
 bool ShowsAvgFac(const GroupStats& stats, int slot);

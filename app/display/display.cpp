@@ -38,21 +38,23 @@ void DeriveView(Session& session) {
   }
 }
 
-/// The group statistics of the records in view. A geologist hears what may be the cause.
+/// The group statistics of the records in view.
 void ComputeGroup(Velorix& velorix) {
   const Session& session = velorix.Session;
   try {
     GroupStatistics(session.Records, session.CoorSys, session.ReImMode, session.Settings.FacIndex,
-                    velorix.GaussTable, velorix.GroupStats);
+                    velorix.GaussTable, velorix.GroupStats, velorix.Bootstrap);
   } catch (const Fault& fault) {
-    throw StatisticsFault(
-        fault.Number, std::string("Group statistics incomplete: specimens too much alike, or mean "
-                                  "principal values equal (") +
-                          fault.what() + ")");
+    throw StatisticsFault(fault.Number, IncompleteText(fault.what()));
   }
 }
 
 }  // namespace
+
+std::string IncompleteText(const std::string& reason) {
+  return "Group statistics incomplete: specimens too much alike, or mean principal values equal (" +
+         reason + ")";
+}
 
 void DisplayData(Velorix& velorix, bool resetLists) {
   Session& session = velorix.Session;
@@ -75,8 +77,9 @@ void DisplayData(Velorix& velorix, bool resetLists) {
 }
 
 void RefreshViews(Velorix& velorix) {
-  velorix.Plots.Stereo.meanOf =
-      GroupHeading(velorix.Session, velorix.GroupOf, velorix.GroupStats.GroupN);
+  StereoOptions& net = velorix.Plots.Stereo;
+  net.meanOf = GroupHeading(velorix.Session, velorix.GroupOf, velorix.GroupStats.GroupN);
+  net.bootBy = velorix.Bootstrap == BootChoice() ? "" : TextOf(velorix.Bootstrap);
   velorix.Views.ShowChoices();
   velorix.Views.FillGrid();
   velorix.Views.FillDataTable();
@@ -153,6 +156,12 @@ void ChooseLevel(Velorix& velorix, ErrorLevel level) {
   velorix.Plots.Stereo.level = level;
   velorix.Views.RefreshGroupStatistics();
   velorix.Views.RedrawStereo();
+}
+
+void ChooseBootstrap(Velorix& velorix, const BootChoice& choice) {
+  if (choice == velorix.Bootstrap) return;
+  velorix.Bootstrap = choice;
+  DisplayData(velorix, false);
 }
 
 void ChooseHisto(Velorix& velorix, Column column) {

@@ -11,6 +11,9 @@ struct StatisticsFault : Fault {
   using Fault::Fault;
 };
 
+/// What is said of group statistics that end early, with what a geologist may take for the cause.
+std::string IncompleteText(const std::string& reason);
+
 /// The whole road from the store to the screen: codes into the lists (emptied first of the data's
 /// codes when `resetLists`), factors and rotation of every record in use, group statistics, then
 /// `RefreshViews`. Statistics that fail end it there with a `StatisticsFault`.
@@ -41,6 +44,8 @@ void ShowLineation(Velorix& velorix, int index, bool shown);
 void ChangeXYPlot(Velorix& velorix, int plot, const XYPlotOptions& options);
 /// The level of the mean's errors, in the window of the statistics and on the net.
 void ChooseLevel(Velorix& velorix, ErrorLevel level);
+/// The bootstrap of the group; the display runs again.
+void ChooseBootstrap(Velorix& velorix, const BootChoice& choice);
 /// The column that the histogram shows.
 void ChooseHisto(Velorix& velorix, Column column);
 /// The plots that a newcomer sees: Km and P, P and T where the settings have them.

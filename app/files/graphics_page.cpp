@@ -101,7 +101,7 @@ std::string MeanOnPage(const Velorix& velorix,
 void DrawVectorPage(const Velorix& velorix, Target& target) {
   DrawPage(velorix, target, VectorScale);
   const std::string mean = MeanOnPage(velorix, MeanLabel);
-  if (!mean.empty() && !NamesLevel(velorix.Plots.Stereo))
+  if (!mean.empty() && GroupLines(velorix.Plots.Stereo).empty())
     target.Text(mean, MeanLinePlace, {.height = MeanLineHeight});
 }
 

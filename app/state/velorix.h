@@ -49,6 +49,7 @@ struct Velorix {
   OpenWindows Windows = {};
   velorix::GroupStats GroupStats = {};
   GroupSubject GroupOf = {};  // what they were computed of
+  BootChoice Bootstrap = {};
   std::vector<float> GaussTable = {};
   ContourSession Contour = {};
   DebugLog Log = {};

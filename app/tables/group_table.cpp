@@ -44,6 +44,11 @@ std::string FactorText(int slot, int column, const GroupStats& stats) {
   return FormatNumber(column == 2 ? stats.AvgFac[slot] : stats.SdFac[slot], ValuePicture);
 }
 
+std::string Limits(const Interval& limits) {
+  return TrimmedNumber(limits.Lower, ValuePicture) + " - " +
+         TrimmedNumber(limits.Upper, ValuePicture);
+}
+
 std::string Row(const std::string& head, std::initializer_list<std::string> cells) {
   std::string row = head;
   for (const std::string& cell : cells) row += "\t" + cell;
@@ -74,6 +79,19 @@ std::string FactorLabel(int slot, const Settings& settings) {
   return settings.FacName[slot] == "0" ? "" : settings.FacName[slot];
 }
 
+std::string PrincipalLimitsText(int row, const GroupStats& stats) {
+  if (!ShowsBootstrap(stats)) return {};
+  return Limits({stats.BootLimits.Lower[row], stats.BootLimits.Upper[row]});
+}
+
+std::string FactorLimitsText(int slot, const GroupStats& stats, const Settings& settings) {
+  if (!ShowsBootstrap(stats)) return {};
+  for (int i = 1; i <= FactorIntervals::Size; ++i)
+    if (BootFactorList[i - 1].Index == settings.FacIndex[slot] && stats.BootFactors[i])
+      return Limits(*stats.BootFactors[i]);
+  return {};
+}
+
 HextCells HextTable(const GroupStats& stats) {
   const HextStats h = stats.Hext.value_or(HextStats());
   const auto number = [&](double x) { return stats.Hext ? FormatNumber(x, "0.00") : ""; };
@@ -92,21 +110,26 @@ std::string GroupTableText(const GroupStats& stats, const Settings& settings, Er
                            const std::string& heading) {
   constexpr Array1<const char*, 3> axes = {"K1", "K2", "K3"};
   std::string text;
-  if (level != ErrorLevel::StandardError) text = LevelText(level) + ", " + heading + "\n";
-  text += Row(JelinekText(CountLabel, stats, level),
-              {"Mean Tensor", "Dec", "Inc", "E1", "E2", "Bootstrap E1", "Bootstrap E2"});
+  const bool ofDefault = stats.BootBy == BootChoice();
+  if (level != ErrorLevel::StandardError || !ofDefault)
+    text = LevelText(level) + ", " +
+           (ofDefault ? "" : "bootstrap: " + TextOf(stats.BootBy) + ", ") + heading + "\n";
+  text +=
+      Row(JelinekText(CountLabel, stats, level),
+          {"Mean Tensor", "Dec", "Inc", "E1", "E2", "Bootstrap E1", "Bootstrap E2", "95 % Limits"});
   const auto cell = [&](int index) { return JelinekText(index, stats, level); };
   for (int k = 1; k <= 3; ++k)
-    text += Row(axes[k],
-                {cell(DirectionLabel(k, 1)), cell(DirectionLabel(k, 2)), cell(DirectionLabel(k, 3)),
-                 cell(DirectionLabel(k, 4)), cell(DirectionLabel(k, 5)),
-                 BootStatText(2 * k - 1, stats), BootStatText(2 * k, stats)});
-  text += Row("", {"Mean Tensor", "Average", "Std. Err."});
+    text += Row(axes[k], {cell(DirectionLabel(k, 1)), cell(DirectionLabel(k, 2)),
+                          cell(DirectionLabel(k, 3)), cell(DirectionLabel(k, 4)),
+                          cell(DirectionLabel(k, 5)), BootStatText(2 * k - 1, stats),
+                          BootStatText(2 * k, stats), PrincipalLimitsText(k, stats)});
+  text += Row("", {"Mean Tensor", "Average", "Std. Err.", "95 % Limits"});
   for (int row = 0; row <= FactorSlots; ++row) {
     const std::string head = row == 0 ? "Km" : FactorLabel(row, settings);
     if (!head.empty())
       text += Row(head, {cell(FactorValueLabel(row, 1)), cell(FactorValueLabel(row, 2)),
-                         cell(FactorValueLabel(row, 3))});
+                         cell(FactorValueLabel(row, 3)),
+                         row == 0 ? "" : FactorLimitsText(row, stats, settings)});
   }
   if (!stats.Hext) return text;
   for (const auto& [name, value, critical] : HextTable(stats)) text += Row(name, {value, critical});

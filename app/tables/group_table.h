@@ -34,8 +34,13 @@ inline constexpr int HextRows = 8, HextColumns = 3;
 using HextCells = std::array<std::array<std::string, HextColumns>, HextRows>;
 HextCells HextTable(const GroupStats& stats);
 
-/// The whole table as tab-separated text with its headings. With 95 % angles the first line says
-/// so, and what they are of.
+/// The text of row 1 to 3 or, below them, of a factor slot: the 95 % limits by the bootstrap,
+/// "1.021 - 1.043". Empty for a factor without them.
+std::string PrincipalLimitsText(int row, const GroupStats& stats);
+std::string FactorLimitsText(int slot, const GroupStats& stats, const Settings& settings);
+
+/// The whole table as tab-separated text with its headings. With 95 % angles, or another bootstrap
+/// than the default one, a line in front says so, and what they are of.
 std::string GroupTableText(const GroupStats& stats, const Settings& settings, ErrorLevel level,
                            const std::string& heading);
 

@@ -4,12 +4,15 @@
 #include <algorithm>
 #include <charconv>
 #include <filesystem>
+#include <limits>
 
 #include "app/files/export_grid.h"
 #include "app/files/file_kinds.h"
 #include "app/state/velorix.h"
 #include "platform/batch/contour_output.h"
+#include "platform/batch/groups_output.h"
 #include "platform/painting/picture_file.h"
+#include "stats/grouping.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
 
@@ -22,9 +25,16 @@ struct Choice {
   int First;  // position of the first word
 };
 
+/// A whole number within bounds.
+struct Bounded {
+  std::int64_t Arguments::*Number;
+  std::int64_t Least, Most;
+};
+
 /// Where an option's value goes.
-using Place = std::variant<Choice, bool Arguments::*, int Arguments::*, std::string Arguments::*,
-                           std::vector<int> Arguments::*, std::vector<std::string> Arguments::*>;
+using Place =
+    std::variant<Choice, Bounded, bool Arguments::*, int Arguments::*, std::string Arguments::*,
+                 std::vector<int> Arguments::*, std::vector<std::string> Arguments::*>;
 
 struct OptionRow {
   const char* Name;
@@ -74,6 +84,9 @@ const OptionRow Options[] = {
     {"--foli",          "CODE",                      "foliation; default: the first in the data",       &Arguments::FoliCode},
     {"--line",          "CODE",                      "lineation; default: the first in the data",       &Arguments::LineCode},
     {"--level",         Words(ErrorLevels),          "errors shown: standard, or 95 % angles; default se", Choice{&Arguments::Level, 0}},
+    {"--bootstrap",     Words(BootMethods),          "how the replicates come about; default parametric", Choice{&Arguments::Bootstrap, 0}},
+    {"--replicates",    "N",                         "of the bootstrap, 100 to 10000; default 500",     Bounded{&Arguments::Replicates, LeastReplicates, MostReplicates}},
+    {"--seed",          "N",                         "of the bootstrap's numbers; default: those of the table", Bounded{&Arguments::Seed, 0, std::numeric_limits<std::uint32_t>::max()}},
     {"--select",        "ID[,ID...]",                "records to select, by number",                    &Arguments::Select, true},
     {"--disregard",     "ID[,ID...]",                "records to disregard, by number",                 &Arguments::Disregard, true},
     {"--records",       "FILE",                      "every record as JSON; - is standard output",      &Arguments::Records},
@@ -82,6 +95,9 @@ const OptionRow Options[] = {
     {"--append",        "",                          "append to an existing --grid file",               &Arguments::Append},
     {"--table",         "FILE",                      "the data table as tab-separated text",            &Arguments::Table},
     {"--stats",         "FILE",                      "the group statistics as JSON; - is standard output", &Arguments::Stats},
+    {"--group-by",      GroupByWords,                "parts the records in view into groups",           &Arguments::GroupBy},
+    {"--groups",        "FILE",                      "statistics of each group and of all: .json or .csv; - is standard output", &Arguments::Groups},
+    {"--compare",       "FILE",                      "every pair of groups as JSON; - is standard output", &Arguments::Compare},
     {"--page",          "FILE",                      "the graphics page; its type by the extension",    &Arguments::Page},
     {"--contour",       Words(ContourDisplays),                "counts the density",                              Choice{&Arguments::Contour, 1}},
     {"--smooth",        "N",                         "smoothing of --contour; default 20",              &Arguments::Smooth},
@@ -107,13 +123,17 @@ std::vector<std::string> Split(const std::string& text, char separator) {
   return parts;
 }
 
-/// A count in decimal digits, up to the limit of the store; -1 for any other text.
-int CountOf(const std::string& text) {
-  int count = -1;
+/// A number in decimal digits, from 0 to `most`; -1 for any other text.
+std::int64_t DigitsUpTo(std::int64_t most, const std::string& text) {
+  std::int64_t number = -1;
   const char* const end = text.data() + text.size();
-  const auto [rest, error] = std::from_chars(text.data(), end, count);
-  return error == std::errc() && rest == end && count <= 32767 ? std::max(count, -1) : -1;
+  const auto [rest, error] = std::from_chars(text.data(), end, number);
+  return error == std::errc() && rest == end && number <= most ? std::max<std::int64_t>(number, -1)
+                                                               : -1;
 }
+
+/// A count up to the limit of the store; -1 for any other text.
+int CountOf(const std::string& text) { return static_cast<int>(DigitsUpTo(32767, text)); }
 
 /// The position of a word, from 0; -1 when it is none of those between bars.
 int PositionOf(const std::string& text, const std::string& between) {
@@ -141,6 +161,11 @@ struct CheckValue {
     if (PositionOf(Text, Row.Value) >= 0) return {};
     return "'" + Text + "' is none of " + Row.Value + ".";
   }
+  std::string operator()(const Bounded& bounded) const {
+    if (DigitsUpTo(bounded.Most, Text) >= bounded.Least) return {};
+    return "'" + Text + "' is no number from " + std::to_string(bounded.Least) + " to " +
+           std::to_string(bounded.Most) + ".";
+  }
   template <class Other>
   std::string operator()(Other Arguments::*) const {
     return {};
@@ -161,6 +186,9 @@ struct TakeValue {
   void operator()(int Arguments::*member) const { To.*member = CountOf(Text); }
   void operator()(std::vector<int> Arguments::*member) const {
     for (const std::string& id : Split(Text, ',')) (To.*member).push_back(CountOf(id));
+  }
+  void operator()(const Bounded& bounded) const {
+    To.*bounded.Number = DigitsUpTo(bounded.Most, Text);
   }
   void operator()(const Choice& choice) const {
     To.*choice.Position = choice.First + PositionOf(Text, Row.Value);
@@ -239,6 +267,12 @@ std::string Complaint(Arguments& a) {
     return "--delimiter and --append need --grid.";
   if (a.Ged.empty() && (a.AssignGed || !a.GeoJson.empty() || !a.WriteGed.empty()))
     return "--assign-ged, --geo-json and --write-ged need --ged.";
+  if (!a.GroupBy.empty() && !ParseGroupBy(a.GroupBy))
+    return "--group-by: '" + a.GroupBy + "' is none of " + GroupByWords + ".";
+  if (a.GroupBy.empty() && !(a.Groups.empty() && a.Compare.empty()))
+    return "--groups and --compare need --group-by.";
+  if (!a.Groups.empty() && !GroupsFormOf(a.Groups))
+    return a.Groups + ": groups are written as .json or .csv.";
   if (a.WriteGed == "-") return "--write-ged needs the name of a file.";
   if (a.Grid == "-") return "--grid needs the name of a file.";
   if (!a.Page.empty() && UpperCase(ExtensionOf(a.Page)) != "WMF") {
@@ -260,8 +294,9 @@ EarlyEnd WrongUsage(const std::string& text) {
 
 std::vector<std::string> Arguments::Outputs() const {
   std::vector<std::string> outputs;
-  for (const std::string* output : {&Save, &SaveSelected, &Records, &Grid, &Table, &Stats, &Page,
-                                    &ContourJson, &ContourImage, &GeoJson, &WriteGed})
+  for (const std::string* output :
+       {&Save, &SaveSelected, &Records, &Grid, &Table, &Stats, &Groups, &Compare, &Page,
+        &ContourJson, &ContourImage, &GeoJson, &WriteGed})
     if (!output->empty()) outputs.push_back(*output);
   return outputs;
 }

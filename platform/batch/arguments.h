@@ -1,8 +1,11 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <variant>
 #include <vector>
+
+#include "stats/bootstrap.h"
 
 namespace velorix {
 
@@ -17,15 +20,18 @@ struct Arguments {
   bool AssignGed = false;
   int CoorSys = 1, Block = 0, Plane = 0, Axis = 0;  // list positions from 0
   std::string FoliCode, LineCode;
-  int Level = 0;  // position in ErrorLevels
+  int Level = 0, Bootstrap = 0;                         // positions in ErrorLevels and BootMethods
+  std::int64_t Replicates = BootReplicates, Seed = -1;  // -1: no seed
   std::vector<int> Select, Disregard;
-  int Contour = 0;  // 1 to 5, 0 none
-  int Smooth = -1;  // -1: the window's
+  std::string GroupBy;  // a word of `ParseGroupBy`
+  int Contour = 0;      // 1 to 5, 0 none
+  int Smooth = -1;      // -1: the window's
   std::string ContourJson, ContourImage;
   int Delimiter = -1;   // of the grid, from 0; -1: comma
   bool Append = false;  // the grid to its file
   // Outputs; "-": standard output.
-  std::string Save, SaveSelected, Records, Grid, Table, Stats, Page, GeoJson, WriteGed;
+  std::string Save, SaveSelected, Records, Grid, Table, Stats, Groups, Compare, Page, GeoJson,
+      WriteGed;
   bool Force = false, NoBackup = false, Quiet = false;
 
   /// The outputs named, in the order in which they are made.

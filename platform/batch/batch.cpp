@@ -22,6 +22,7 @@
 #include "datafiles/safe_write.h"
 #include "datafiles/settings_file.h"
 #include "platform/batch/contour_output.h"
+#include "platform/batch/groups_output.h"
 #include "platform/batch/json.h"
 #include "platform/batch/progress.h"
 #include "platform/batch/summary.h"
@@ -168,6 +169,9 @@ class Batch {
     ChooseCoorSys(velorix_, a_.CoorSys);
     velorix_.Session.ReImMode = a_.Block == 1 ? OutOfPhase : InPhase;
     velorix_.Plots.Stereo.level = static_cast<ErrorLevel>(a_.Level);
+    velorix_.Bootstrap = {
+        static_cast<BootMethod>(a_.Bootstrap), static_cast<int>(a_.Replicates), {}};
+    if (a_.Seed >= 0) velorix_.Bootstrap.Seed = static_cast<std::uint32_t>(a_.Seed);
   }
 
   static std::string Absolute(const std::string& path) {
@@ -330,6 +334,13 @@ class Batch {
           Write(a_.Stats, [&](std::ostream& out) {
             WriteStatsJson(out, velorix_.GroupStats, velorix_.Session.Settings,
                            velorix_.Plots.Stereo.level);
+          });
+          Write(a_.Groups, [&](std::ostream& out) {
+            WriteGroups(out, velorix_, *ParseGroupBy(a_.GroupBy), *GroupsFormOf(a_.Groups),
+                        !a_.Quiet && IsTerminal());
+          });
+          Write(a_.Compare, [&](std::ostream& out) {
+            WriteComparisons(out, velorix_, *ParseGroupBy(a_.GroupBy), !a_.Quiet && IsTerminal());
           });
           Write(a_.GeoJson,
                 [&](std::ostream& out) { WriteGeoJson(out, velorix_.Session.GeoRecords); });

@@ -32,6 +32,12 @@ Json ToJson(const std::array<std::uint8_t, N>& bytes) {
   return text;
 }
 
+Json ToJson(const std::vector<ShortDirection>& directions) {
+  Json list = Json::array();
+  for (const ShortDirection& d : directions) list.push_back(ToJson(d));
+  return list;
+}
+
 template <class T, int Lo, int Hi>
 Json ToJson(const Slots<T, Lo, Hi>& slots) {
   Json list = Json::array();
@@ -98,15 +104,26 @@ Json HextJson(const std::optional<HextStats>& hext) {
   return object;
 }
 
-/// The first 500 directions of each cloud: the others are never filled.
-Json PointsJson(const GroupStats& stats) {
-  Json clouds = Json::array();
-  for (int k = 1; k <= 3; ++k) {
-    Json cloud = Json::array();
-    for (int j = 1; j <= BootReplicates; ++j) cloud.push_back(ToJson(stats.BootPoints[k][j]));
-    clouds.push_back(cloud);
-  }
-  return clouds;
+Json ToJson(const BootLimits& limits) {
+  return {{"Lower", ToJson(limits.Lower)}, {"Upper", ToJson(limits.Upper)}};
+}
+
+/// Each factor's interval; null for a factor that a replicate lacks.
+Json ToJson(const FactorIntervals& intervals) {
+  Json object;
+  for (int i = 1; i <= FactorIntervals::Size; ++i)
+    object[BootFactorList[i - 1].Name] =
+        intervals[i] ? Json::array({ToJson(intervals[i]->Lower), ToJson(intervals[i]->Upper)})
+                     : Json();
+  return object;
+}
+
+/// Without a bootstrap there are no replicates, without a seed the numbers are those of the table.
+Json ToJson(const BootChoice& choice) {
+  const bool any = choice.Method != BootMethod::None;
+  return {{"Method", WordOf(choice.Method)},
+          {"Replicates", any ? Json(choice.Replicates) : Json()},
+          {"Seed", any && choice.Seed ? Json(*choice.Seed) : Json()}};
 }
 
 }  // namespace
@@ -139,8 +156,8 @@ void WriteGeoJson(std::ostream& out, const RecordArray& geoRecords) {
   out << '\n';
 }
 
-void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings,
-                    ErrorLevel level) {
+void AddStats(ObjectWriter& object, const GroupStats& stats, const Settings& settings,
+              ErrorLevel level) {
   const auto when = [](bool shown, const auto& field) { return shown ? ToJson(field) : Json(); };
   const bool mean = ShowsMean(stats), boot = ShowsBootstrap(stats);
   const bool at95 = ShowsErrorsAt95(stats), deviations = ShowsDeviations(stats);
@@ -148,7 +165,6 @@ void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& 
   const auto meanFac = [&](int slot) { return ShowsMeanFac(stats, slot); };
   const auto avgFac = [&](int slot) { return ShowsAvgFac(stats, slot); };
   const auto sdFac = [&](int slot) { return deviations && avgFac(slot); };
-  ObjectWriter object(out, 0);
   object.Add("GroupN", ToJson(stats.GroupN));
   object.Add("MeanK", when(mean, stats.MeanK));
   object.Add("MeanVec", when(mean, stats.MeanVec));
@@ -165,12 +181,21 @@ void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& 
   object.Add("BootE1", when(boot, stats.BootE1));
   object.Add("BootE2", when(boot, stats.BootE2));
   object.Add("BootContour", when(boot, stats.BootContour));
-  object.Add("BootPoints", boot ? PointsJson(stats) : Json());
+  object.Add("BootPoints", when(boot, stats.BootPoints));
   object.Add("FacName", ToJson(settings.FacName));
   object.Add("Jelinek95",
              {{"E1", when(at95, stats.MeanE1At95)}, {"E2", when(at95, stats.MeanE2At95)}});
   object.Add("Hext", HextJson(stats.Hext));
+  object.Add("BootLimits", when(boot, stats.BootLimits));
+  object.Add("BootFactors", when(boot, stats.BootFactors));
   object.Add("Level", NamesOf(level).Word);
+  object.Add("Bootstrap", ToJson(stats.BootBy));
+}
+
+void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings,
+                    ErrorLevel level) {
+  ObjectWriter object(out, 0);
+  AddStats(object, stats, settings, level);
   object.End();
   out << '\n';
 }

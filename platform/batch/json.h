@@ -24,4 +24,9 @@ void WriteGeoJson(std::ostream& out, const RecordArray& geoRecords);
 void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings,
                     ErrorLevel level);
 
+class ObjectWriter;
+/// The same fields into an object begun by the caller.
+void AddStats(ObjectWriter& object, const GroupStats& stats, const Settings& settings,
+              ErrorLevel level);
+
 }  // namespace velorix

@@ -23,14 +23,32 @@ class ObjectWriter {
   /// A list of `count` elements, a line or more for each; `write(i)`, i from 0, writes one.
   template <class Write>
   void AddList(std::string_view name, int count, Write write) {
-    Begin(name);
-    out_ << '[';
+    BeginList(name);
     for (int i = 0; i < count; ++i) {
-      NextLine(i == 0 ? "" : ",", depth_ + 2);
+      NextElement();
       write(i);
     }
-    if (count > 0) NextLine("", depth_ + 1);
+    EndList();
+  }
+  /// A list whose elements the caller writes, `NextElement` before each of them.
+  void BeginList(std::string_view name) {
+    Begin(name);
+    out_ << '[';
+    listed_ = false;
+  }
+  void NextElement() {
+    NextLine(listed_ ? "," : "", depth_ + 2);
+    listed_ = true;
+  }
+  void EndList() {
+    if (listed_) NextLine("", depth_ + 1);
     out_ << ']';
+  }
+  /// A value that the caller writes.
+  void Begin(std::string_view name) {
+    NextLine(empty_ ? "" : ",", depth_ + 1);
+    empty_ = false;
+    out_ << Text(std::string(name)) << ": ";
   }
   void End() {
     NextLine("", depth_);
@@ -41,18 +59,13 @@ class ObjectWriter {
   static std::string Text(const Json& json) {
     return json.dump(-1, ' ', false, Json::error_handler_t::replace);
   }
-  void Begin(std::string_view name) {
-    NextLine(empty_ ? "" : ",", depth_ + 1);
-    empty_ = false;
-    out_ << Text(std::string(name)) << ": ";
-  }
   void NextLine(const char* before, int indent) {
     out_ << before << '\n' << std::string(static_cast<std::size_t>(indent), ' ');
   }
 
   std::ostream& out_;
   int depth_;
-  bool empty_ = true;
+  bool empty_ = true, listed_ = false;
 };
 
 }  // namespace velorix

@@ -54,8 +54,10 @@ PlaneSize StereoPlane(const StereoOptions& options) {
     makeRoomForCodes(options.foliationCodes, FoliColumn, FoliColumn + 2 * ColumnStep + 0.15);
   if (options.showLegend && options.showLines)
     makeRoomForCodes(options.lineationCodes, LineColumn, LineColumn + ColumnStep);
-  if (NamesLevel(options))
-    height = std::max(height, OnNet(net, 0, LevelTop(options) - LevelStep).y + 5);
+  if (const std::size_t lines = GroupLines(options).size())
+    height = std::max(
+        height,
+        OnNet(net, 0, GroupTop(options) - GroupStep * static_cast<double>(lines - 1)).y + 5);
   if (options.showData && options.colourByValue)  // the colour scale right of the net
     width = std::max(width, geometry.cx + geometry.diameter / 2 + ScaleGap + 25);
   return {static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(height))};

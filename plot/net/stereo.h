@@ -26,7 +26,8 @@ struct StereoOptions {
   bool showData = true, showDataLines = false, showDataEllipses = false;
   bool showMean = true, showMeanEllipses = true;
   ErrorLevel level = ErrorLevel::StandardError;  // of the mean's ellipses
-  std::string meanOf;  // file, block, system and number, for the caption of 95 % ellipses
+  std::string meanOf;  // file, block, system and number of the mean, for the captions
+  std::string bootBy;  // the bootstrap in words, for the captions; empty for the default one
   Array1<bool, 3> showGreatCircle;  // perpendicular to Kmax, Kint, Kmin
   bool showBootstrapCloud = false, showBootstrapContours = false;
   bool colourByValue = false;
@@ -51,9 +52,9 @@ struct StereoGeometry {
   std::int16_t FontHeight() const { return ToShort(fontHeight * scale); }
 };
 
-/// Whether the captions have the lines on the level of the mean's ellipses: not for the standard
-/// errors.
-bool NamesLevel(const StereoOptions& options);
+/// The lines of the captions that name level and method of the mean's ellipses, or of the
+/// bootstrap, and the group. None for the standard errors and the default bootstrap.
+std::vector<std::string> GroupLines(const StereoOptions& options);
 
 /// The plane that holds all that `DrawStereo` draws with `options` in the screen's geometry.
 PlaneSize StereoPlane(const StereoOptions& options);

@@ -51,12 +51,13 @@ void DrawLineLegend(const StereoView& view) {
   }
 }
 
-/// The level and the method of the mean's ellipses, and what the mean is of.
-void DrawLevel(const StereoView& view) {
-  const double v = LevelTop(view.options);
+void DrawGroupLines(const StereoView& view) {
+  double v = GroupTop(view.options);
   const std::int16_t height = view.Scaled(0.8, view.geometry.FontHeight());
-  view.Text(LevelText(view.options.level), -1.1, v, LeftBaseline, height);
-  view.Text(view.options.meanOf, -1.1, v - LevelStep, LeftBaseline, height);
+  for (const std::string& line : GroupLines(view.options)) {
+    view.Text(line, -1.1, v, LeftBaseline, height);
+    v -= GroupStep;
+  }
 }
 
 }  // namespace
@@ -76,15 +77,21 @@ void DrawCaptions(const StereoView& view) {
   constexpr double rows[] = {0.9, 0.8, 0.7};
   for (int i = 0; i < 3; ++i) view.Text(left[i], -1.1, rows[i], LeftBaseline);
   for (int i = 0; i < 3; ++i) view.Text(right[i], 1.1, rows[i], RightBaseline);
-  if (NamesLevel(view.options)) DrawLevel(view);
+  DrawGroupLines(view);
 }
 
-bool NamesLevel(const StereoOptions& options) {
-  return options.showCaptions && options.showMeanEllipses &&
-         options.level != ErrorLevel::StandardError;
+std::vector<std::string> GroupLines(const StereoOptions& options) {
+  std::vector<std::string> lines;
+  if (!options.showCaptions) return lines;
+  if (options.showMeanEllipses && options.level != ErrorLevel::StandardError)
+    lines.push_back(LevelText(options.level));
+  if ((options.showBootstrapCloud || options.showBootstrapContours) && !options.bootBy.empty())
+    lines.push_back("Bootstrap: " + options.bootBy);
+  if (!lines.empty()) lines.push_back(options.meanOf);
+  return lines;
 }
 
-double LevelTop(const StereoOptions& options) {
+double GroupTop(const StereoOptions& options) {
   std::size_t rows = 3;
   if (options.showLegend && options.showPlanes)
     rows = std::max(rows, options.foliationCodes.size());

@@ -17,9 +17,9 @@ Direction Long(const ShortDirection& d) { return {d.Dec, d.Inc}; }
 void DrawBootstrap(const StereoView& view) {
   const GroupStats& stats = view.stats;
   if (view.records.Count() > BootMaxN) return;
-  if (stats.GroupN < 2 || stats.Reached < GroupStats::Bootstrap) return;
+  if (!HasBootstrap(stats)) return;
   if (view.options.showBootstrapCloud)
-    for (int i = 1; i <= BootReplicates; ++i)
+    for (std::size_t i = 0; i < stats.BootPoints[1].size(); ++i)
       for (int k = 1; k <= 3; ++k) {
         const Direction d = Long(stats.BootPoints[k][i]);
         if (IsFinite(d))

@@ -97,9 +97,9 @@ void DrawMeanEllipses(const StereoView& view);
 
 /// Rows of the legend in the unit net.
 inline constexpr double RowStep = 0.1, LegendTop = -0.85;
-/// The first of the two lines on the level of the mean's ellipses, below the legend.
-double LevelTop(const StereoOptions& options);
-inline constexpr double LevelStep = 0.08;
+/// The first of the lines on the group, below the legend.
+double GroupTop(const StereoOptions& options);
+inline constexpr double GroupStep = 0.08;
 inline constexpr double FoliColumn = 0.68, LineColumn = 1.15, ColumnStep = 0.12;
 /// The colour scale at scale 1: from the net's rim to its bars, and the length of a line of a bar.
 inline constexpr int ScaleGap = 65, BarWidth = 10;

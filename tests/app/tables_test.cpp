@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <sstream>
 
 #include "app/tables/data_table.h"
 #include "app/tables/group_table.h"
+#include "app/tables/groups_csv.h"
 #include "tests/app/script.h"
 
 namespace velorix {
@@ -128,12 +130,48 @@ TEST(GroupTable, GivesEachLabelItsTextAndFormat) {
   EXPECT_EQ(boot, " 1.0  1.5  2.0  2.5  3.0  3.5 ");
 }
 
+TEST(GroupsCsv, QuotesTextsAndLeavesOutWhatIsNotDefined) {
+  GroupRow row{"a, \"b\"\n", Stats(), ""};
+  row.Stats.MeanFac[2] = Factor::Failed();
+  row.Stats.FactorsDone = 3;
+  row.Stats.Hext = HextStats();
+  row.Stats.Hext->F = 0.1;
+  row.Stats.Hext->F12 = 1.5e-5;
+  row.Stats.Hext->F23 = 2;
+  EXPECT_EQ(GroupsCsvRow(row),
+            "\"a, \"\"b\"\"\n\",6,10.25,20,5,2.04,0,0,20.5,20,5,2.04,0,0,30.75,20,5,2.04,0,0,"
+            "0.00012345,2E-05,-0.5,,0,,,,,,0.1,1.5E-05,2\r\n");
+  EXPECT_EQ(GroupsCsvRow({"none", {}, ""}), "none,0" + std::string(31, ',') + "\r\n");
+}
+
 TEST(GroupTable, HidesASlotNamedZero) {
   Settings settings;
   settings.FacName[3] = "0";
   EXPECT_EQ(FactorLabel(3, settings) + FactorLabel(2, settings), "F");
   const std::string text = GroupTableText(Stats(), settings, ErrorLevel::StandardError, "");
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 13);
+}
+
+TEST(GroupTable, LimitsStandWithTheFactorsThatHaveThem) {
+  GroupStats stats = Stats();
+  stats.BootLimits = {{1.04, 0.99, 0.9}, {1.06, 1.01, 0.95}};
+  stats.BootFactors[5] = Interval{-0.25, 0.5};  // T; P has none
+  stats.BootBy = {BootMethod::Simple, 1000, 7};
+  Settings settings;
+  settings.FacIndex = {31, 4, 28, 9, 13, 2, 32, 24};
+  const auto line =
+      [text = GroupTableText(stats, settings, ErrorLevel::StandardError, "x")](std::size_t n) {
+        std::istringstream lines(text);
+        std::string found;
+        for (std::size_t i = 0; i <= n; ++i) std::getline(lines, found);
+        return found;
+      };
+  EXPECT_EQ(line(0),
+            "standard errors of one specimen (Jelinek 1978), bootstrap: simple, 1000 "
+            "replicates, seed 7, x");
+  EXPECT_TRUE(line(2).ends_with("\t1.040 - 1.060")) << line(2);
+  EXPECT_TRUE(line(7).ends_with("\t-0.250 - 0.500")) << line(7);
+  EXPECT_TRUE(line(8).ends_with("\t")) << line(8);
 }
 
 TEST(GroupTable, NamesTheLevelAndHasHextsRows) {

@@ -98,6 +98,14 @@ TEST_F(Batch, GoesOnAfterStatisticsThatFailAndTellsThemOfTheChosenViewOnly) {
     list.back().FoliName[1] = "S1";
   }
   Write("two.ams", list);
+  const Result groups = Run("--group-by name:4 --groups - two.ams");
+  EXPECT_EQ(groups.Err.find("Group \"same\": "), 0u) << groups.Err;
+  EXPECT_EQ(groups.Err.find('\n'), groups.Err.size() - 1) << "named once, and no other";
+  const auto rows = groups.Json()["Groups"];
+  EXPECT_EQ(rows[0]["GroupN"], 5);
+  EXPECT_TRUE(rows[0]["AvgKm"].is_null());
+  EXPECT_EQ(rows[1]["Group"], "othe");
+  EXPECT_FALSE(rows[1]["BootE1"].is_null());
   EXPECT_NE(Run("--coor paleo two.ams").Err, "");  // S0, the first found
   EXPECT_EQ(Run("--coor paleo --foli S1 two.ams").Err, "");
   // A code that no record has is in use all the same, also after a further display.

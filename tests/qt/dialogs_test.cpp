@@ -2,9 +2,11 @@
 // statistics, driven by the names of their controls.
 
 #include <QClipboard>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSpinBox>
 
 #include "tests/qt/test_window.h"
 
@@ -184,14 +186,24 @@ class DialogsTest : public WindowTest {
   void theLevelChangesWindowNetAndCopy() {
     W().Open(W().WriteFile("hill", 5));
     OpenForm("mnuAnalysis(1)", "frmGroupStatistics");
-    QCOMPARE(Look("lblLevel"), "Ellipses: standard errors of one specimen (Jelinek 1978)");
+    QCOMPARE(Look("lblLevel"),
+             "Ellipses: standard errors of one specimen (Jelinek 1978). Bootstrap: parametric, "
+             "500 replicates");
     const double standard = std::tan(qDegreesToRadians(W().Program.GroupStats.MeanE1[1]));
     auto* levels = form_->findChild<QComboBox*>("cboLevel");
     levels->setCurrentIndex(1);
     emit levels->activated(1);
     const double at95 = std::atan(standard * std::sqrt(2 * 9.5521 * 4 / 15.0));
     QCOMPARE(Look("lblJelinek(5)").toDouble(), std::round(qRadiansToDegrees(at95) * 10) / 10);
-    QVERIFY(NamesLevel(W().Program.Plots.Stereo));
+    QVERIFY(!GroupLines(W().Program.Plots.Stereo).empty());
+    form_->findChild<QComboBox*>("cboBootstrap")->setCurrentIndex(1);
+    form_->findChild<QLineEdit*>("txtSeed")->setText("7");
+    form_->findChild<QSpinBox*>("spnReplicates")->setValue(200);  // the one that says so
+    QVERIFY((W().Program.GroupStats.BootBy == BootChoice{BootMethod::Simple, 200, 7}));
+    QVERIFY(Look("lblLevel").endsWith("Bootstrap: simple, 200 replicates, seed 7"));
+    form_->findChild<QComboBox*>("cboBootstrap")->setCurrentIndex(0);
+    form_->findChild<QLineEdit*>("txtSeed")->setText("");
+    form_->findChild<QSpinBox*>("spnReplicates")->setValue(500);
     Press("cmdCopy");
     QCOMPARE(
         QApplication::clipboard()->text().split('\n')[0],

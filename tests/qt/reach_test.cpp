@@ -211,7 +211,8 @@ QStringList Faults(QWidget& window, const QList<QAction*>& everywhere) {
     window.resize(size);
     QTest::qWait(1);
     faults += ClipFaults(window);
-    if (window.height() > 800 || window.width() > 1280) faults += "too large";
+    if (window.height() > 800 || window.width() > 1280)
+      faults += QString("too large %1 %2").arg(window.width()).arg(window.height());
   }
   return faults;
 }

@@ -7,8 +7,11 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpressionValidator>
 #include <QShortcut>
+#include <QSpinBox>
 #include <QVBoxLayout>
 
 #include "app/display/display.h"
@@ -56,12 +59,12 @@ frmGroupStatistics::frmGroupStatistics(Velorix& velorix, QWidget* owner)
   levelOf_ = new QLabel(this);
   levelOf_->setObjectName("lblLevel");
   levelOf_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  levelOf_->setMargin(3);
+  levelOf_->setContentsMargins(3, 0, 3, 0);
   auto* frame = new QGroupBox("Jelinek", this);
   frame->setObjectName("fraJelinek");
   auto* table = new QGridLayout(frame);
   table->setSpacing(3);
-  for (int column = 1; column <= 7; ++column)
+  for (int column = 1; column <= 8; ++column)
     table->setColumnMinimumWidth(column, fontMetrics().horizontalAdvance("-0.000E-00") + 8);
   AddDirections(*table);
   AddFactors(*table);
@@ -69,12 +72,16 @@ frmGroupStatistics::frmGroupStatistics(Velorix& velorix, QWidget* owner)
   auto* note = new QLabel(Note, this);
   note->setObjectName("lblNote");
   note->setWordWrap(true);
-  note->setMargin(3);
+  note->setContentsMargins(3, 0, 3, 0);
   auto* column = new QVBoxLayout(this);
-  column->addWidget(heading_);
-  column->addWidget(levelOf_);
+  auto* headings = new QVBoxLayout;
+  headings->setSpacing(0);
+  headings->addWidget(heading_);
+  headings->addWidget(levelOf_);
+  column->addLayout(headings);
   column->addWidget(frame);
   column->addWidget(note);
+  column->addLayout(MakeChoices());
   column->addLayout(MakeCommands());
   column->setSizeConstraint(QLayout::SetFixedSize);
 
@@ -126,6 +133,7 @@ void frmGroupStatistics::AddDirections(QGridLayout& table) {
   const QString mean = "Principal values and directions of the mean tensor, in degrees";
   const QString errors = "Errors of the directions, in degrees; 5 records and more";
   const QString boot = "Half-axes of the bootstrap regions, in degrees; 5 to 100 records";
+  const QString limits = "95 % limits of the principal values by the bootstrap";
   constexpr int Head = 2;
   AddHeading(table, 0, 4, "Confidence Ellipses", errors, 2);
   level_ = AddHeading(table, 1, 4, "", errors, 2);
@@ -139,6 +147,8 @@ void frmGroupStatistics::AddDirections(QGridLayout& table) {
   AddHeading(table, Head, 3, "Inc", mean);
   semiAxes_ = AddHeading(table, Head, 4, "", errors, 2);
   AddHeading(table, Head, 6, "Semi-Axes", boot, 2);
+  AddHeading(table, 1, 8, "Bootstrap", limits);
+  AddHeading(table, Head, 8, "95 % Limits", limits);
   for (int k = 1; k <= 3; ++k) {
     const int row = Head + k;
     AddName(table, row, RowNames[k]);
@@ -146,6 +156,8 @@ void frmGroupStatistics::AddDirections(QGridLayout& table) {
       Paint(*AddValue(table, row, column, DirectionLabel(k, column), false), RowColours[k]);
     for (int axis = 1; axis <= 2; ++axis)
       Paint(*AddValue(table, row, 5 + axis, 2 * (k - 1) + axis, true), RowColours[k]);
+    limits_.push_back(AddCell(table, row, 8, QString("lblBootLimits(%1)").arg(k)));
+    Paint(*limits_.back(), RowColours[k]);
   }
 }
 
@@ -156,17 +168,22 @@ void frmGroupStatistics::AddFactors(QGridLayout& table) {
   AddHeading(table, Head, 1, "Mean Tensor", "Factors of the mean tensor, whose mean is 1");
   AddHeading(table, Head, 2, "Average", "Means of the records' values");
   AddHeading(table, Head, 3, "Std. Err.", "Standard deviations of the records' values");
+  AddHeading(table, Head, 4, "95 % Limits",
+             "95 % limits of the mean tensor's factor by the bootstrap");
   for (int row = 0; row < Rows; ++row) {
     QLabel* name = AddName(table, Head + 1 + row, "Km");
     if (row > 0) factorNames_.push_back(name);
     for (int column = 1; column <= 3; ++column)
       AddValue(table, Head + 1 + row, column, FactorValueLabel(row, column), false);
+    if (row > 0)
+      limits_.push_back(
+          AddCell(table, Head + 1 + row, 4, QString("lblBootLimits(%1)").arg(3 + row)));
   }
 }
 
 /// Hext's statistics beside the factors.
 void frmGroupStatistics::AddHext(QGridLayout& table) {
-  constexpr int Left = 5;
+  constexpr int Left = 6;
   constexpr const char* tips[HextRows] = {
       "Statistics of Hext (1963)",
       "Anisotropy; isotropic below the critical value",
@@ -192,22 +209,68 @@ void frmGroupStatistics::AddHext(QGridLayout& table) {
   hext_.back().Label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
-QLayout* frmGroupStatistics::MakeCommands() {
+/// What the ellipses show, and how the bootstrap is made.
+QLayout* frmGroupStatistics::MakeChoices() {
   auto* row = new QHBoxLayout;
+  const auto add = [&](const char* caption, QWidget* control, const char* name, const char* tip) {
+    auto* label = new QLabel(caption, this);
+    label->setBuddy(control);
+    control->setObjectName(name);
+    control->setToolTip(tip);
+    row->addWidget(label);
+    row->addWidget(control);
+  };
+  const auto capital = [](const QString& text) { return text.left(1).toUpper() + text.mid(1); };
   levels_ = new QComboBox(this);
-  levels_->setObjectName("cboLevel");
-  levels_->setToolTip("What the confidence ellipses show, here and on the net");
-  for (const ErrorLevelNames& level : ErrorLevels) {
-    const QString text = level.Text;
-    levels_->addItem(text.left(1).toUpper() + text.mid(1));
-  }
+  for (const ErrorLevelNames& level : ErrorLevels) levels_->addItem(capital(level.Text));
   connect(levels_, &QComboBox::activated, this, [this](int index) {
     Work(velorix_, [&] { ChooseLevel(velorix_, static_cast<ErrorLevel>(index)); });
   });
-  auto* ofLevels = new QLabel("&Ellipses:", this);
-  ofLevels->setBuddy(levels_);
-  row->addWidget(ofLevels);
-  row->addWidget(levels_);
+  add("&Ellipses:", levels_, "cboLevel", "What the confidence ellipses show, here and on the net");
+  methods_ = new QComboBox(this);
+  for (const BootMethodName& method : BootMethods) methods_->addItem(capital(method.Word));
+  connect(methods_, &QComboBox::activated, this, [this] { TakeBootstrap(); });
+  add("&Bootstrap:", methods_, "cboBootstrap",
+      "Parametric: replicates from normal distributions. Simple: from the specimens themselves");
+  replicates_ = new QSpinBox(this);
+  replicates_->setRange(LeastReplicates, MostReplicates);
+  replicates_->setSingleStep(100);
+  replicates_->setKeyboardTracking(false);
+  connect(replicates_, &QSpinBox::valueChanged, this, [this] { TakeBootstrap(); });
+  add("&Replicates:", replicates_, "spnReplicates", "How many replicates the bootstrap makes");
+  seed_ = new QLineEdit(this);
+  seed_->setPlaceholderText("table");
+  seed_->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]{0,10}"), seed_));
+  seed_->setMaximumWidth(fontMetrics().horizontalAdvance("0000000000") + 16);
+  connect(seed_, &QLineEdit::editingFinished, this, [this] { TakeBootstrap(); });
+  add("&Seed:", seed_, "txtSeed",
+      "Another seed, 0 to 4294967295, takes other random numbers; empty: the program's table");
+  row->addStretch(1);
+  return row;
+}
+
+/// The bootstrap as the controls have it; a seed beyond 32 bits becomes the largest one.
+void frmGroupStatistics::TakeBootstrap() {
+  if (filling_) return;
+  BootChoice choice = {static_cast<BootMethod>(methods_->currentIndex()), replicates_->value(), {}};
+  if (!seed_->text().isEmpty())
+    choice.Seed =
+        static_cast<std::uint32_t>(std::min<qulonglong>(seed_->text().toULongLong(), 0xFFFFFFFF));
+  Work(velorix_, [&] { ChooseBootstrap(velorix_, choice); });
+}
+
+void frmGroupStatistics::ShowBootstrap(const BootChoice& choice) {
+  filling_ = true;
+  methods_->setCurrentIndex(static_cast<int>(choice.Method));
+  replicates_->setValue(choice.Replicates);
+  replicates_->setEnabled(choice.Method != BootMethod::None);
+  seed_->setText(choice.Seed ? QString::number(*choice.Seed) : "");
+  seed_->setEnabled(choice.Method != BootMethod::None);
+  filling_ = false;
+}
+
+QLayout* frmGroupStatistics::MakeCommands() {
+  auto* row = new QHBoxLayout;
   row->addStretch(1);
   const auto button = [&](const char* name, const char* caption, const char* tip) {
     QPushButton* made = MakeDialogButton(name, caption, tip, this);
@@ -241,13 +304,21 @@ void frmGroupStatistics::AnisoView_DisplayGroupStatistics() {
   const GroupStats& stats = velorix_.GroupStats;
   const ErrorLevel level = velorix_.Plots.Stereo.level;
   const bool standard = level == ErrorLevel::StandardError;
-  levelOf_->setText("Ellipses: " + ToQString(LevelText(level)));
+  levelOf_->setText("Ellipses: " + ToQString(LevelText(level)) +
+                    ". Bootstrap: " + ToQString(TextOf(velorix_.Bootstrap)));
+  ShowBootstrap(velorix_.Bootstrap);
   levels_->setCurrentIndex(static_cast<int>(level));
   level_->setText(standard ? "Std. Err. [deg]" : "95 % [deg]");
   semiAxes_->setText(standard ? "Normed Semi-Axes" : "Semi-Axes");
   for (const Value& value : values_)
     value.Label->setText(ToQString(value.Boot ? BootStatText(value.Index, stats)
                                               : JelinekText(value.Index, stats, level)));
+  int row = 0;
+  for (QLabel* limits : limits_) {
+    ++row;
+    limits->setText(ToQString(row <= 3 ? PrincipalLimitsText(row, stats)
+                                       : FactorLimitsText(row - 3, stats, session.Settings)));
+  }
   const HextCells hext = HextTable(stats);
   for (const HextValue& value : hext_)
     value.Label->setText(ToQString(hext[value.Row][value.Column]));

@@ -9,13 +9,16 @@
 class QComboBox;
 class QGridLayout;
 class QLabel;
+class QLineEdit;
+class QSpinBox;
 
 namespace velorix {
 
 /// The window of the group statistics: directions of the mean tensor with their errors above a
 /// table of factors, below a heading that says what they are of, and Hext's statistics. Its labels
 /// are named `lblJelinek(i)`, `lblBootStat(i)` and `lblHext(row,column)`; `cboLevel` chooses which
-/// errors the directions have, here and on the net.
+/// errors the directions have, here and on the net; `cboBootstrap`, `spnReplicates` and `txtSeed`
+/// how the bootstrap is made.
 class frmGroupStatistics : public QWidget {
  public:
   /// A window owned by `owner`; `OnClose` is called when the user shuts it.
@@ -50,12 +53,19 @@ class frmGroupStatistics : public QWidget {
   void AddDirections(QGridLayout& table);
   void AddFactors(QGridLayout& table);
   void AddHext(QGridLayout& table);
+  QLayout* MakeChoices();
   QLayout* MakeCommands();
+  void TakeBootstrap();
+  void ShowBootstrap(const BootChoice& choice);
   void Copy();
 
   Velorix& velorix_;
   QLabel *heading_ = nullptr, *levelOf_ = nullptr, *level_ = nullptr, *semiAxes_ = nullptr;
-  QComboBox* levels_ = nullptr;
+  QComboBox *levels_ = nullptr, *methods_ = nullptr;
+  QSpinBox* replicates_ = nullptr;
+  QLineEdit* seed_ = nullptr;
+  bool filling_ = false;
+  std::vector<QLabel*> limits_;  // of the three values, then of the factors
   std::vector<Value> values_;
   std::vector<HextValue> hext_;
   std::vector<QLabel*> factorNames_;

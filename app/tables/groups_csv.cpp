@@ -1,0 +1,66 @@
+#include "app/tables/groups_csv.h"
+
+#include <vector>
+
+#include "text/numbers.h"
+
+namespace velorix {
+namespace {
+
+std::string Quoted(const std::string& text) {
+  if (text.find_first_of(",\"\r\n") == text.npos) return text;
+  std::string quoted = "\"";
+  for (const char c : text) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+  return quoted + "\"";
+}
+
+std::string Line(const std::vector<std::string>& cells) {
+  std::string line;
+  for (const std::string& cell : cells) line += (line.empty() ? "" : ",") + cell;
+  return line + "\r\n";
+}
+
+template <class Value>
+std::string Cell(bool shown, Value value) {
+  return shown ? PlainText(value) : "";
+}
+
+void AddDirection(std::vector<std::string>& cells, const GroupStats& stats, int k) {
+  cells.push_back(Cell(ShowsMean(stats), stats.MeanDec[k]));
+  cells.push_back(Cell(ShowsMean(stats), stats.MeanInc[k]));
+  for (const ErrorLevel level : {ErrorLevel::StandardError, ErrorLevel::Confidence95}) {
+    const std::optional<AngularErrors> errors = ErrorsOf(stats, level, k);
+    cells.push_back(errors ? PlainText(errors->E1) : "");
+    cells.push_back(errors ? PlainText(errors->E2) : "");
+  }
+}
+
+}  // namespace
+
+std::string GroupsCsvHeader(const Settings& settings) {
+  std::vector<std::string> cells = {"Group", "N"};
+  for (const char* const axis : {"K1", "K2", "K3"})
+    for (const char* const column : {"_Dec", "_Inc", "_E1", "_E2", "_E1_95", "_E2_95"})
+      cells.push_back(std::string(axis) + column);
+  cells.insert(cells.end(), {"Km", "Km_SD"});
+  for (const std::string& name : settings.FacName) cells.push_back(Quoted(name));
+  cells.insert(cells.end(), {"Hext_F", "Hext_F12", "Hext_F23"});
+  return Line(cells);
+}
+
+std::string GroupsCsvRow(const GroupRow& row) {
+  const GroupStats& stats = row.Stats;
+  std::vector<std::string> cells = {Quoted(row.Name), PlainText(int{stats.GroupN})};
+  for (int k = 1; k <= 3; ++k) AddDirection(cells, stats, k);
+  cells.push_back(Cell(ShowsAvgKm(stats), stats.AvgKm));
+  cells.push_back(Cell(ShowsAvgKm(stats) && ShowsDeviations(stats), stats.SdKm));
+  for (int slot = 1; slot <= FactorSlots; ++slot) {
+    const bool shown = ShowsMeanFac(stats, slot) && stats.MeanFac[slot].IsComputed();
+    cells.push_back(Cell(shown, stats.MeanFac[slot].Shown()));
+  }
+  for (const auto field : {&HextStats::F, &HextStats::F12, &HextStats::F23})
+    cells.push_back(stats.Hext ? PlainText(*stats.Hext.*field) : "");
+  return Line(cells);
+}
+
+}  // namespace velorix

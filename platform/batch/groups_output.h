@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+#include <ostream>
+#include <string>
+
+#include "app/state/velorix.h"
+#include "stats/grouping.h"
+
+namespace velorix {
+
+/// How the table of groups is written.
+enum class GroupsForm { Json, Csv };
+/// That of an output, by its extension; "-" is JSON. Nothing for another extension.
+std::optional<GroupsForm> GroupsFormOf(const std::string& output);
+
+/// The statistics of each group and of all records in view. Standard error names each group whose
+/// statistics fail; progress goes there, too, when it is `shown`.
+void WriteGroups(std::ostream& out, const Velorix& velorix, const GroupBy& by, GroupsForm form,
+                 bool shown);
+
+/// Every pair of groups as JSON, progress as above.
+void WriteComparisons(std::ostream& out, const Velorix& velorix, const GroupBy& by, bool shown);
+
+}  // namespace velorix
