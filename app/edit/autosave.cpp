@@ -84,7 +84,7 @@ std::string ReadAgain(const AutosavedFile& file, const Settings& settings, ReadF
   const std::string name = FileNameOf(file.Path);
   const FileStamp stamp = StampOf(file.Path);
   if (stamp == FileStamp()) return name + " is not there any more.";
-  const std::string refused = name + " cannot be read any more.";
+  std::string refused = name + " cannot be read any more.";
   try {
     if (!ReadDataFile(file.Path, file.Read.Filter, file.Read.Reloaded, settings, read))
       return refused;
@@ -242,9 +242,8 @@ bool OfferAutosave(Velorix& velorix, const std::string& path, Autosave& own) {
   SayDoubts(velorix.Dialogs, FindDoubts(grid, CodesOf(grid, CodeRoom(velorix.Session.CurrentExt))));
   DisplayData(velorix, true);
   velorix.Views.ShowStatus("Restored: " + FilesText(left.Work) + ", which is not saved yet.");
-  for (const std::string& text : refused)
-    ReportRefusal(velorix.Views, velorix.Log,
-                  text + ". The cell keeps its value; " + path + " stays.");
+  const std::string stays = ". The cell keeps its value; " + path + " stays.";
+  for (const std::string& cell : refused) ReportRefusal(velorix.Views, velorix.Log, cell + stays);
   return true;
 }
 

@@ -58,7 +58,7 @@ void Autosaver::OfferLeft() {
       const std::string path = QDir::toNativeSeparators(left.filePath()).toStdString();
       restored = OfferAutosave(velorix_, path, *own_);
     });
-    if (restored) return;
+    if (restored || own_->IsKept()) return;  // its display may have failed
   }
 }
 
