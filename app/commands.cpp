@@ -218,6 +218,7 @@ constexpr Command CommandTable[] = {
     {"mnuAnalysis(3)", "mnuStatistics", "Contour Plot", "F12", 15, "Contour Plot [F12]", "contour", Check, false, Toggle<&OpenWindows::Contour>, IsOpen<&OpenWindows::Contour>, false},
     {"mnuAnalysis(4)", "mnuStatistics", "Calculate Field Independent Tensor", "Ctrl+I", 0, "", "", Action, true, nullptr, nullptr, false},
     {"mnuFoliLine", "mnuStatistics", "Plane from Lineations", "", 0, "", "", Check, false, Toggle<&OpenWindows::FoliLine>, IsOpen<&OpenWindows::FoliLine>, true},
+    {"mnuGroups", "mnuStatistics", "Groups", "Ctrl+G", 0, "", "", Check, false, Toggle<&OpenWindows::Groups>, IsOpen<&OpenWindows::Groups>, false},
 
     {"mnuDataTable", "mnuViewMain", "Data Table", "F1", 17, "View Data Table [F1]", "table", Check, false, Toggle<&OpenWindows::DataTable>, IsOpen<&OpenWindows::DataTable>, false},
     {"mnuAnisoReIm(1)", "mnuViewMain", "Kre", "F3", 19, "Show In-Phase AMS [F3]", "kre", Radio, false, Choose<Block, InPhase>, IsChosen<Block, InPhase>, true},

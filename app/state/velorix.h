@@ -29,6 +29,7 @@ struct OpenWindows {
   bool DataTable = false;
   bool GroupStatistics = false;
   bool FoliLine = false;
+  bool Groups = false;
   bool Contour = false;
 };
 

@@ -316,7 +316,7 @@ class Batch {
     if (a_.WriteGed.empty()) return;
     const Session& session = velorix_.Session;
     AskAboutLosses(dialogs_, "--write-ged", a_.WriteGed,
-                   FindGedLosses(session, a_.WriteGed, session.GeoRecords));
+                   FindGedLosses(session, a_.WriteGed, session.GeoRecords, a_.Ged.size() > 1));
     (void)WriteGedFile(a_.WriteGed, session.GeoRecords, FormerOf(session));
   }
 

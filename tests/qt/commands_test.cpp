@@ -26,7 +26,8 @@ class CommandsTest : public WindowTest {
         "Edit: Edit Orientation Data F2, (Rotate Data), Geological File Editor, -, Undo Ctrl+Z, "
         "Redo Ctrl+Shift+Z",
         "Analysis: Group Statistics F9, (Bootstrap Statistics F11), Contour Plot F12, "
-        "(Calculate Field Independent Tensor Ctrl+I), -, Plane from Lineations",
+        "(Calculate Field Independent Tensor Ctrl+I), -, Plane from Lineations, "
+        "Groups Ctrl+G",
         "View: Data Table F1, -, Kre F3, Kim F4, -, Specimen F5, Geographic F6, "
         "Paleogeographic F7, Tectonic F8, -, Invert Selection Ctrl+Ins, "
         "Disregard Selected Record(s) Del, Restore All Records Alt+Backspace, -, "

@@ -235,9 +235,10 @@ class ReachTest : public WindowTest {
            {std::pair{"", "frmVelorix"}, std::pair{"mnuDataTable", "frmDataTable"},
             std::pair{"mnuAnalysis(1)", "frmGroupStatistics"},
             std::pair{"mnuAnalysis(3)", "frmContour"}, std::pair{"mnuFoliLine", "frmFoliLine"},
-            std::pair{"mnuGedEditor", "frmGEDEditor"}, std::pair{"mnuManual", "frmManual"},
-            std::pair{"mnuEdit(1)", "frmEditData"}, std::pair{"mnuOPAR", "frmOPAR"},
-            std::pair{"mnuAnisoFac", "frmAnisoFac"}, std::pair{"mnuAbout", "frmAbout"}})
+            std::pair{"mnuGroups", "frmGroups"}, std::pair{"mnuGedEditor", "frmGEDEditor"},
+            std::pair{"mnuManual", "frmManual"}, std::pair{"mnuEdit(1)", "frmEditData"},
+            std::pair{"mnuOPAR", "frmOPAR"}, std::pair{"mnuAnisoFac", "frmAnisoFac"},
+            std::pair{"mnuAbout", "frmAbout"}})
         QTest::addRow("%s%s", name, large ? ", large and dark" : "") << command << name << large;
   }
   void everyWindowIsUsedWithoutAMouseAndReadWhole() {

@@ -34,6 +34,7 @@
 #include "platform/qt/windows/ged_editor_window.h"
 #include "platform/qt/windows/grid_panel.h"
 #include "platform/qt/windows/group_statistics_window.h"
+#include "platform/qt/windows/groups_window.h"
 #include "platform/qt/windows/manual_window.h"
 #include "platform/qt/windows/opar_window.h"
 #include "platform/qt/windows/view_lists.h"
@@ -296,6 +297,7 @@ void frmVelorix::ShowWindows() {
   ShowWindow(&OpenWindows::GroupStatistics, group_);
   ShowWindow(&OpenWindows::Contour, contour_);
   ShowWindow(&OpenWindows::FoliLine, foliLine_);
+  ShowWindow(&OpenWindows::Groups, groups_);
 }
 
 void frmVelorix::FillDataTable() {
@@ -313,6 +315,7 @@ void frmVelorix::RedrawXYPlot(int plot) { plots_->RedrawXYPlot(plot); }
 
 void frmVelorix::RefreshGroupStatistics() {
   if (group_) group_->AnisoView_DisplayGroupStatistics();
+  if (groups_) groups_->Refresh();
 }
 
 void frmVelorix::RefreshContour() {

@@ -20,6 +20,7 @@ class frmDataTable;
 class frmFoliLine;
 class frmGEDEditor;
 class frmGroupStatistics;
+class frmGroups;
 class frmManual;
 class GridPanel;
 class StereoPanel;
@@ -89,6 +90,7 @@ class frmVelorix : public QMainWindow, public Views, public WindowOpener {
   frmDataTable* table_ = nullptr;
   frmContour* contour_ = nullptr;
   frmFoliLine* foliLine_ = nullptr;
+  frmGroups* groups_ = nullptr;
   QPointer<frmGEDEditor> gedEditor_;
   QPointer<frmManual> manual_;
   std::unique_ptr<ColumnPlots> plots_;

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <vector>
+
+#include "app/state/debug_log.h"
+#include "app/state/dialogs.h"
+#include "app/state/views.h"
+#include "stats/study.h"
+#include "store/session.h"
+
+namespace velorix {
+
+/// Asks for a file and writes the table of groups there, as comma-separated text with a row of
+/// headers. A file that can't be written is reported in the status line and the log, and stays as
+/// it was.
+void ExportGroups(const Session& session, Dialogs& dialogs, Views& views, DebugLog& log,
+                  const std::vector<const GroupRow*>& rows);
+
+}  // namespace velorix

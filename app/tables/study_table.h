@@ -1,0 +1,33 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "stats/study.h"
+#include "store/settings.h"
+
+namespace velorix {
+
+// The table of groups as a window shows it: a row a group. Angles are degrees.
+
+/// A cell: what stands there, and the number that it is sorted by. Without one it is sorted by its
+/// text.
+struct StudyCell {
+  std::string Text;
+  std::optional<double> Value;
+};
+
+/// The headers: group, N, the three directions with their errors at a level, mean susceptibility,
+/// factors of the mean tensor, Hext's F.
+std::vector<std::string> StudyHeader(const Settings& settings, ErrorLevel level);
+/// The cells of a group. One that isn't defined is empty.
+std::vector<StudyCell> StudyCells(const GroupRow& row, ErrorLevel level);
+/// Rows as tab-separated text, under the headers and a line that says what they are of.
+std::string StudyText(const std::vector<const GroupRow*>& rows, const Settings& settings,
+                      ErrorLevel level, const std::string& heading);
+
+/// Names the groups whose statistics failed, three at most; empty when none did.
+std::string FailuresText(const std::vector<GroupRow>& rows);
+
+}  // namespace velorix

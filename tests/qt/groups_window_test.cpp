@@ -1,0 +1,109 @@
+// The table of groups, driven by the names of its controls.
+
+#include <QClipboard>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTableWidget>
+
+#include "platform/qt/parts/widgets.h"
+#include "tests/qt/test_window.h"
+
+using namespace velorix;
+
+class GroupsWindowTest : public WindowTest {
+  Q_OBJECT
+
+  QTableWidget& Table() { return The<QTableWidget>("grdGroups"); }
+  /// The first two columns, "a1:1 a2:1 All:2", once everything is computed.
+  QString Rows() {
+    if (!QTest::qWaitFor([this] { return The<QPushButton>("cmdCancel").isHidden(); }))
+      return "late";
+    QStringList rows;
+    for (int row = 0; row < Table().rowCount(); ++row)
+      rows += Table().item(row, 0)->text() + ":" + Table().item(row, 1)->text();
+    return rows.join(' ');
+  }
+  void GroupBy(int way, const QString& detail) {
+    auto& ways = The<QComboBox>("cboGroupBy");
+    ways.setCurrentIndex(way);
+    emit ways.activated(way);
+    auto& line = The<QLineEdit>("txtGroupBy");
+    line.setText(detail);
+    emit line.editingFinished();
+  }
+  QString Selected() const {
+    QString ids;
+    for (const SpecimenRecord& r : window_->Program.Session.Records)
+      if (r.Selected) ids += QString::number(r.RecordNo) + " ";
+    return ids;
+  }
+
+ private slots:
+  void init() {
+    window_.emplace();
+    W().Open(W().WriteFile("s", 12));  // s1 to s12
+    OpenForm("mnuGroups", "frmGroups");
+    GroupBy(6, "2");
+  }
+
+  void theRowsAreTheGroupsOfTheViewAndFollowIt() {
+    QCOMPARE(Rows(), "s1:4 s2:1 s3:1 s4:1 s5:1 s6:1 s7:1 s8:1 s9:1 All:12");
+    QVERIFY(Look("lblGroupsOf").startsWith("s.ams, in-phase, geographic, N = 12, 9 groups."));
+    GroupBy(0, "");
+    QCOMPARE(Rows(), "s:12 All:12");
+    QVERIFY(!Table().item(0, 4)->text().isEmpty());
+    SelectRecords(W().Program, {1, 2});
+    W().Run("mnuSelection(2)");
+    QCOMPARE(Rows(), "s:10 All:10");
+    GroupBy(6, "x");
+    QCOMPARE(Rows(), "");
+    QVERIFY(Look("lblProgress").contains("needed"));
+    W().Run("mnuClose");
+    QCOMPARE(Rows(), "");
+  }
+
+  void aRowSelectsItsRecordsAndAHeaderSorts() {
+    Rows();
+    Table().selectRow(0);
+    QCOMPARE(Selected(), "1 10 11 12 ");
+    emit Table().horizontalHeader()->sectionClicked(1);
+    Table().sortItems(1, Qt::DescendingOrder);
+    QVERIFY(Rows().startsWith("All:12 s1:4 s"));
+    Table().selectRow(0);
+    QCOMPARE(Selected(), "1 2 3 4 5 6 7 8 9 10 11 12 ");
+    ChooseCoorSys(W().Program, 0);  // a new table leaves the selection and the order
+    QVERIFY(Rows().startsWith("All:12 s1:4 s"));
+    QCOMPARE(Selected(), "1 2 3 4 5 6 7 8 9 10 11 12 ");
+  }
+
+  void theTableIsCopiedAndExportedWithHeaders() {
+    Rows();
+    Press("cmdCopy");
+    const QStringList lines = QApplication::clipboard()->text().split('\n');
+    QCOMPARE(lines.size(), 13);  // heading, headers, ten rows, the end
+    QVERIFY(lines[1].startsWith("Group\tN\tK1 Dec\t") && lines[2].startsWith("s1\t4\t"));
+    W().Asked.Files.push_back(FileAnswer{W().Path("g.csv"), 1});
+    Press("cmdExport");
+    QFile file(ToQString(W().Path("g.csv")));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QStringList written = QString::fromUtf8(file.readAll()).split("\r\n");
+    QCOMPARE(written.size(), 12);
+    QVERIFY(written[0].startsWith("Group,N,K1_Dec,") && written[1].startsWith("s1,4,"));
+  }
+
+  void aLongComputationIsCancelledAndAClosedWindowStopsIt() {
+    W().Program.Bootstrap.Replicates = MostReplicates;
+    W().Open(W().WriteFile("long", 9000));
+    GroupBy(6, "5");  // some 90 groups of 100
+    Press("cmdCancel");
+    QVERIFY(QTest::qWaitFor([this] { return The<QPushButton>("cmdCancel").isHidden(); }, 60'000));
+    QVERIFY(Look("lblProgress").startsWith("Cancelled: "));
+    GroupBy(6, "4");
+    W().Run("mnuGroups");
+    QVERIFY(!W().Program.Windows.Groups);
+  }
+};
+
+QTEST_MAIN(GroupsWindowTest)
+#include "groups_window_test.moc"
