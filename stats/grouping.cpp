@@ -81,6 +81,14 @@ class FileNames {
   int end_ = 0;  // the last record before this file
 };
 
+/// Whether a record belongs to a group. One without the out-of-phase block in view is not rotated;
+/// its group is listed all the same, with fewer records or none.
+bool IsGrouped(const SpecimenRecord& record, const Session& session) {
+  if (IsShown(record, session.CoorSys, InPhase)) return true;
+  return session.ReImMode == OutOfPhase && !record.HasIm && record.Active &&
+         record.HasCoor[static_cast<int>(session.CoorSys)];
+}
+
 /// A file's name that grows by its folders.
 struct GrowingName {
   std::filesystem::path Rest;  // the folders not used so far
@@ -135,6 +143,7 @@ std::vector<std::string> TellingNames(const std::vector<std::string>& paths) {
     names.push_back({whole.parent_path(), plain ? BaseName(path) : Utf8Of(whole.filename())});
   }
   std::vector<std::size_t> open;  // names that may still have a like
+  open.reserve(firsts.size());
   for (const auto& [path, i] : firsts) open.push_back(i);
   while (!open.empty()) {
     std::unordered_map<std::string, int> count;
@@ -144,6 +153,7 @@ std::vector<std::string> TellingNames(const std::vector<std::string>& paths) {
     for (const std::size_t i : open) names[i].Grow();
   }
   std::vector<std::string> result;
+  result.reserve(paths.size());
   for (const std::string& path : paths) result.push_back(names[firsts[path]].Name);
   return result;
 }
@@ -154,7 +164,7 @@ std::vector<RecordGroup> PartRecords(const Session& session, const GroupBy& by) 
   FileNames files(session);
   for (int i = 1; i <= session.RecordCount(); ++i) {
     const SpecimenRecord& record = session.Records[i];
-    if (!IsShown(record, session.CoorSys, InPhase)) continue;
+    if (!IsGrouped(record, session)) continue;
     const std::string name(by.How == GroupBy::File ? files.Of(i) : GroupName(record, by));
     const auto [place, isNew] = places.try_emplace(name, groups.size());
     if (isNew) groups.push_back({name, {}});

@@ -33,10 +33,11 @@ struct RecordGroup {
 };
 
 /// The groups of the records in view, in the order of their first record. In view are the records
-/// in use that have the system in view, with or without an out-of-phase block. Texts count without
-/// white space at their ends; records without the text form a group "". A name without the
-/// character that ends it, or that begins with it, counts as a whole. Files bear their names
-/// without extension, with as much of their folders as tells equal ones apart.
+/// in use that have the system in view; out of phase those without such a block count, too, so that
+/// their groups are listed. Texts count without white space at their ends; records without the text
+/// form a group "". A name without the character that ends it, or that begins with it, counts as a
+/// whole. Files bear their names without extension, with as much of their folders as tells equal
+/// ones apart.
 std::vector<RecordGroup> PartRecords(const Session& session, const GroupBy& by);
 
 /// A name for each path: the file's name without extension, with the fewest of the folders above it
