@@ -46,6 +46,7 @@ const Image Images[] = {
     {"xy-plot", "u1359b.ams", {1600, 1200}, {"+chkXYPlot2ColorCoding", "odclXYPlot2(3)=11", "row*3"}, "picXYPlot2"},
     {"data-table", "granite.ams", {1280, 640}, {"mnuDataTable"}, "frmDataTable"},
     {"group-statistics", "granite.ams", {1280, 800}, {"mnuAnalysis(1)"}, "frmGroupStatistics"},
+    {"groups", "granite.ams", {1280, 800}, {"mnuGroups", "cboGroupBy=6"}, "frmGroups"},
     {"contour-window", "granite.ams", {1280, 800}, {"mnuAnalysis(3)", "!optDisplay(3)", "!cmdCount"}, "frmContour"},
     {"plane-from-lineations", "granite.ams", {1280, 800}, {"mnuFoliLine"}, "frmFoliLine"},
     {"orientation-parameters", "granite.ams", {1280, 800}, {"?mnuOPAR"}, "frmOPAR"},
