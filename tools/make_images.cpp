@@ -90,6 +90,10 @@ void Do(TestWindow& window, QWidget& root, const QString& step) {
     RunMenu(window.Program, CommandNamed(step.toStdString()));
   }
   QTest::qWait(20);  // for layout and timers
+  QTest::qWaitFor([&root] {  // until what is computed beside a window stands there
+    const auto* cancel = root.findChild<QWidget*>("cmdCancel");
+    return !cancel || cancel->isHidden();
+  });
 }
 
 /// Does the steps from `step` on and saves what is grabbed then.
