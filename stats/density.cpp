@@ -1,7 +1,6 @@
 #include "stats/density.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
 #include <limits>
 #include <thread>
@@ -10,6 +9,7 @@
 #include "base/rounding.h"
 #include "base/timer.h"
 #include "stats/density_sums.h"
+#include "stats/on_threads.h"
 
 namespace velorix {
 namespace {
@@ -42,57 +42,6 @@ struct ComputedNodes {
   }
 };
 
-/// The sums of all computed nodes, row by row on several threads: a row is whole work of one
-/// thread, so the threads change no digit. The caller's thread takes its share and alone reports.
-/// False when the caller stopped it.
-class RowWork {
- public:
-  RowWork(const ComputedNodes& nodes, const ContourData& data, std::int16_t smooth, float* sums)
-      : nodes_(nodes),
-        data_{data.X.data(), data.Y.data(), data.Z.data(), data.X.size()},
-        smooth_(smooth),
-        sums_(sums) {}
-
-  bool Run(const CountProgress& progress, int threads) {
-    std::vector<std::thread> others;
-    struct Joiner {  // whatever happens, no thread outlives the sums
-      std::vector<std::thread>& Threads;
-      std::atomic<bool>& Stopped;
-      bool Finished = false;
-      ~Joiner() {
-        if (!Finished) Stopped = true;
-        for (std::thread& thread : Threads) thread.join();
-      }
-    };
-    {
-      Joiner joiner{others, stopped_};
-      for (int i = 1; i < threads; ++i) others.emplace_back([this] { Rows({}); });
-      Rows(progress);
-      joiner.Finished = true;
-    }
-    if (!stopped_ && threads > 1 && progress && !progress(1)) stopped_ = true;
-    return !stopped_;
-  }
-
- private:
-  void Rows(const CountProgress& progress) {
-    for (std::size_t row; !stopped_ && (row = next_++) < nodes_.RowEnd.size();) {
-      const UnitVectors nodes = nodes_.Row(row);
-      SumDensity(nodes, data_, smooth_, sums_ + (nodes.X - nodes_.X.data()));
-      const std::size_t done = done_ += nodes.Size;
-      const double all = static_cast<double>(nodes_.Place.size());
-      if (progress && !progress(static_cast<double>(done) / all)) stopped_ = true;
-    }
-  }
-
-  const ComputedNodes& nodes_;
-  UnitVectors data_;
-  float smooth_;
-  float* sums_;
-  std::atomic<std::size_t> next_ = 0, done_ = 0;
-  std::atomic<bool> stopped_ = false;
-};
-
 int ThreadsOf(int threads, std::size_t terms) {
   constexpr std::size_t WorthAThread = 200'000;  // a thread starts in the time of some thousands
   if (threads <= 0) threads = static_cast<int>(std::thread::hardware_concurrency());
@@ -118,11 +67,23 @@ void FillAll(std::vector<float>& density, int side) {
   for (int i = 0; i < side; ++i) FillBetween(density.data() + i, side, side);
 }
 
+/// The sums of all computed nodes, row by row on several threads; false when the caller stopped it.
 bool SumsOf(const ComputedNodes& nodes, const ContourData& data, std::int16_t smooth,
             std::vector<float>& sums, const CountProgress& progress, int threads) {
   sums.resize(nodes.Place.size());
-  RowWork work(nodes, data, smooth, sums.data());
-  return work.Run(progress, ThreadsOf(threads, nodes.Place.size() * data.X.size()));
+  threads = ThreadsOf(threads, nodes.Place.size() * data.X.size());
+  const UnitVectors of{data.X.data(), data.Y.data(), data.Z.data(), data.X.size()};
+  const auto sumRow = [&](std::size_t row) {
+    const UnitVectors line = nodes.Row(row);
+    SumDensity(line, of, smooth, sums.data() + (line.X - nodes.X.data()));
+    return line.Size;
+  };
+  const auto goOn = [&](std::size_t done) {
+    return !progress || progress(static_cast<double>(done) / static_cast<double>(sums.size()));
+  };
+  if (!OnThreads(nodes.RowEnd.size(), static_cast<std::size_t>(threads), sumRow, goOn))
+    return false;
+  return threads == 1 || !progress || progress(1);
 }
 
 bool AllFinite(const std::vector<float>& sums) {
