@@ -89,11 +89,12 @@ void Do(TestWindow& window, QWidget& root, const QString& step) {
   } else {
     RunMenu(window.Program, CommandNamed(step.toStdString()));
   }
-  QTest::qWait(20);  // for layout and timers
-  QTest::qWaitFor([&root] {  // until what is computed beside a window stands there
+  QTest::qWait(20);               // for layout and timers
+  const auto isReady = [&root] {  // what is computed beside a window stands there
     const auto* cancel = root.findChild<QWidget*>("cmdCancel");
-    return !cancel || cancel->isHidden();
-  });
+    return !cancel || cancel->isHidden() || !cancel->isEnabled();
+  };
+  if (!QTest::qWaitFor(isReady)) qFatal("%s: still at work", qPrintable(step));
 }
 
 /// Does the steps from `step` on and saves what is grabbed then.

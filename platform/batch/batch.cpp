@@ -333,7 +333,7 @@ class Batch {
           Write(a_.Table, [&](std::ostream& out) { out << DataTableText(velorix_.Session); });
           Write(a_.Stats, [&](std::ostream& out) {
             WriteStatsJson(out, velorix_.GroupStats, velorix_.Session.Settings,
-                           velorix_.Plots.Stereo.level);
+                           velorix_.Plots.Stereo.level, LevelHeading(velorix_.Plots.Stereo));
           });
           Write(a_.Groups, [&](std::ostream& out) {
             WriteGroups(out, velorix_, *ParseGroupBy(a_.GroupBy), *GroupsFormOf(a_.Groups),

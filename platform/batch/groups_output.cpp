@@ -76,6 +76,7 @@ void WriteGroups(std::ostream& out, const Velorix& velorix, const GroupBy& by, G
   }
   ObjectWriter object(out, 0);
   object.Add("GroupBy", by.Word);
+  object.Add("Heading", LevelHeading(velorix.Plots.Stereo));
   object.BeginList("Groups");
   compute([&](const GroupRow& row) {
     object.NextElement();

@@ -193,9 +193,10 @@ void AddStats(ObjectWriter& object, const GroupStats& stats, const Settings& set
 }
 
 void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings,
-                    ErrorLevel level) {
+                    ErrorLevel level, const std::string& heading) {
   ObjectWriter object(out, 0);
   AddStats(object, stats, settings, level);
+  object.Add("Heading", heading);
   object.End();
   out << '\n';
 }

@@ -20,9 +20,9 @@ void WriteRecordsJson(std::ostream& out, const Session& session,
 void WriteGeoJson(std::ostream& out, const RecordArray& geoRecords);
 
 /// The group statistics under the names of their fields; null where the group is too small for a
-/// field, or the statistics failed before it.
+/// field, or the statistics failed before it. `heading` says what they are of.
 void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings,
-                    ErrorLevel level);
+                    ErrorLevel level, const std::string& heading);
 
 class ObjectWriter;
 /// The same fields into an object begun by the caller.

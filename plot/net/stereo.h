@@ -52,6 +52,10 @@ struct StereoGeometry {
   std::int16_t FontHeight() const { return ToShort(fontHeight * scale); }
 };
 
+/// Level, method and group in one line: "standard errors of one specimen (Jelinek 1978), a.ams,
+/// in-phase, geographic, N = 21".
+std::string LevelHeading(const StereoOptions& options);
+
 /// The lines of the captions that name level and method of the mean's ellipses, or of the
 /// bootstrap, and the group. None for the standard errors and the default bootstrap.
 std::vector<std::string> GroupLines(const StereoOptions& options);

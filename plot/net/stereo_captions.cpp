@@ -80,6 +80,10 @@ void DrawCaptions(const StereoView& view) {
   DrawGroupLines(view);
 }
 
+std::string LevelHeading(const StereoOptions& options) {
+  return LevelText(options.level) + (options.meanOf.empty() ? "" : ", " + options.meanOf);
+}
+
 std::vector<std::string> GroupLines(const StereoOptions& options) {
   std::vector<std::string> lines;
   if (!options.showCaptions) return lines;
