@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "stats/confidence_region.h"
 #include "stats/jacobi.h"
 #include "stats/replicates.h"
 
@@ -26,10 +27,6 @@ Axes AxesOf(Matrix<3, 3> tensor) {
   return axes;
 }
 
-Vector<3> Sum(const Vector<3>& a, double factor, const Vector<3>& b) {
-  return {a[1] + factor * b[1], a[2] + factor * b[2], a[3] + factor * b[3]};
-}
-
 Vector<3> Cross(const Vector<3>& a, const Vector<3>& b) {
   return {a[2] * b[3] - a[3] * b[2], a[3] * b[1] - a[1] * b[3], a[1] * b[2] - a[2] * b[1]};
 }
@@ -39,49 +36,11 @@ Vector<3> InHemisphere(const Vector<3>& v, const Vector<3>& pole) {
   return Sum({}, Vvmpy(v, pole) < 0 ? -1 : 1, v);
 }
 
-/// The 95 % region of a mean axis: an ellipse on the plane that touches the sphere at the axis.
-class Region {
- public:
-  Region() = default;
-  Region(const TensorStats& stats, int k) {
-    const auto column = [&](int c) {
-      return Vector<3>{stats.MeanVec(1, c), stats.MeanVec(2, c), stats.MeanVec(3, c)};
-    };
-    const int j = k % 3 + 1, l = j % 3 + 1;
-    const double turn = -stats.MeanRot[k] * Degree;
-    centre_ = column(k);
-    major_ = Sum(Sum({}, std::cos(turn), column(l)), std::sin(turn), column(j));
-    minor_ = Sum(Sum({}, -std::sin(turn), column(l)), std::cos(turn), column(j));
-    a_ = std::tan(stats.MeanE1At95[k] * Degree);
-    b_ = std::tan(stats.MeanE2At95[k] * Degree);
-  }
-
-  bool Holds(const Vector<3>& axis) const {
-    const double along = Vvmpy(axis, centre_);
-    if (along == 0) return false;
-    const double x = Vvmpy(axis, major_) / along, y = Vvmpy(axis, minor_) / along;
-    if (std::fabs(x) > a_ || std::fabs(y) > b_) return false;
-    return x * x * b_ * b_ + y * y * a_ * a_ <= a_ * a_ * b_ * b_;
-  }
-  bool Reaches(const Region& other) const {
-    if (other.Holds(centre_)) return true;
-    for (int degree = 0; degree < 360; ++degree) {
-      const double x = a_ * std::cos(degree * Degree), y = b_ * std::sin(degree * Degree);
-      if (other.Holds(Sum(Sum(centre_, x, major_), y, minor_))) return true;
-    }
-    return false;
-  }
-
- private:
-  Vector<3> centre_, major_, minor_;
-  double a_ = 0, b_ = 0;  // tangents of the half-angles
-};
-
 /// What the comparisons of a group go by.
 struct Member {
   std::vector<TensorColumn> Tensors;  // with trace 1; empty where there is no such form
   Axes Mean;
-  std::optional<Array1<Region, 3>> Regions;
+  std::optional<Array1<ConfidenceRegion, 3>> Regions;
 };
 
 std::vector<TensorColumn> TensorsOf(const Session& session, const RecordGroup& group) {
@@ -100,7 +59,7 @@ std::vector<TensorColumn> TensorsOf(const Session& session, const RecordGroup& g
   return tensors;
 }
 
-std::optional<Array1<Region, 3>> RegionsOf(std::span<const TensorColumn> tensors) {
+std::optional<Array1<ConfidenceRegion, 3>> RegionsOf(std::span<const TensorColumn> tensors) {
   if (tensors.size() < 5) return std::nullopt;
   TensorStats stats;
   try {
@@ -108,8 +67,8 @@ std::optional<Array1<Region, 3>> RegionsOf(std::span<const TensorColumn> tensors
   } catch (const Fault&) {
     return std::nullopt;
   }
-  Array1<Region, 3> regions;
-  for (int k = 1; k <= 3; ++k) regions[k] = Region(stats, k);
+  Array1<ConfidenceRegion, 3> regions;
+  for (int k = 1; k <= 3; ++k) regions[k] = ConfidenceRegion(stats, k);
   return regions;
 }
 
@@ -187,7 +146,7 @@ GroupComparison Compared(const Member& A, const Member& B, std::span<const Axes>
   if (A.Regions && B.Regions) {
     result.Overlap.emplace();
     for (int k = 1; k <= 3; ++k) {
-      const Region &ofA = (*A.Regions)[k], &ofB = (*B.Regions)[k];
+      const ConfidenceRegion &ofA = (*A.Regions)[k], &ofB = (*B.Regions)[k];
       (*result.Overlap)[k] = ofA.Reaches(ofB) || ofB.Reaches(ofA);
     }
   }
