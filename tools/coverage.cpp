@@ -105,8 +105,8 @@ void Simulate(bool correlated, int n, int groups, std::span<const float> table) 
   Specimens specimens(correlated);
   Method methods[] = {{"Jelinek 95 %"}, {"Hext"}, {"bootstrap, parametric"}, {"bootstrap, simple"}};
   for (int group = 0; group < groups; ++group) {
-    std::vector<TensorColumn> T;
-    for (int i = 0; i < n; ++i) T.push_back(specimens.Next());
+    std::vector<TensorColumn> T(static_cast<std::size_t>(n));
+    for (TensorColumn& t : T) t = specimens.Next();
     TensorStats stats;
     TensorStatistics(T, stats);
     const HextStats hext = Hext(T).value();
@@ -132,11 +132,14 @@ void Simulate(bool correlated, int n, int groups, std::span<const float> table) 
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
   const int groups = argc > 1 ? std::atoi(argv[1]) : 2000;
   std::printf("Per cent of %d groups whose region holds the true axis: Kmax, Kint, Kmin\n", groups);
   std::vector<float> table;
   velorix::FillGaussTable(table, [] {});
   for (const bool correlated : {false, true})
     for (const int n : Sizes) Simulate(correlated, n, groups, table);
+} catch (const std::exception& error) {
+  std::fprintf(stderr, "%s\n", error.what());
+  return 1;
 }
