@@ -26,6 +26,7 @@
 #include "platform/batch/json.h"
 #include "platform/batch/progress.h"
 #include "platform/batch/summary.h"
+#include "platform/batch/untilt_output.h"
 #include "platform/painting/picture_file.h"
 #include "stats/gauss_random.h"
 #include "text/paths.h"
@@ -312,6 +313,10 @@ class Batch {
     WriteRecordsJson(out, velorix_.Session, [&progress](int done) { progress.Tell(done); });
   }
 
+  Untilting Untilted() const {
+    return UntiltForBatch(velorix_, *ParseGroupBy(a_.GroupBy), !a_.Quiet && IsTerminal());
+  }
+
   void WriteGed() {
     if (a_.WriteGed.empty()) return;
     const Session& session = velorix_.Session;
@@ -342,6 +347,10 @@ class Batch {
           Write(a_.Compare, [&](std::ostream& out) {
             WriteComparisons(out, velorix_, *ParseGroupBy(a_.GroupBy), !a_.Quiet && IsTerminal());
           });
+          if (IsUntiltJson(a_.Untilt))
+            Write(a_.Untilt, [&](std::ostream& out) {
+              WriteUntiltJson(out, Untilted(), *ParseGroupBy(a_.GroupBy));
+            });
           Write(a_.GeoJson,
                 [&](std::ostream& out) { WriteGeoJson(out, velorix_.Session.GeoRecords); });
           WriteGed();
