@@ -28,6 +28,7 @@
 #include "platform/batch/summary.h"
 #include "platform/batch/untilt_output.h"
 #include "platform/painting/picture_file.h"
+#include "plot/plots/untilting.h"
 #include "stats/gauss_random.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
@@ -301,6 +302,26 @@ class Batch {
     return outcome.Done;
   }
 
+  bool WriteUntilting() {
+    if (a_.Untilt.empty()) return true;
+    Outcome outcome;
+    const bool written = Guarded(velorix_, [&] {
+      const GroupBy by = *ParseGroupBy(a_.GroupBy);
+      const Untilting untilting = UntiltForBatch(velorix_, by, !a_.Quiet && IsTerminal());
+      const UntiltForm form = UntiltFormOf(a_.Untilt);
+      if (form == UntiltForm::Picture)
+        outcome = WritePicture(a_.Untilt, UntiltingPlane, UntiltingScale, [&](Target& target) {
+          DrawUntilting(target, UntiltingPlot, untilting);
+        });
+      else if (form == UntiltForm::Metafile)
+        Write(a_.Untilt, [&](std::ostream& out) { out << UntiltMetafile(untilting); });
+      else
+        Write(a_.Untilt, [&](std::ostream& out) { WriteUntiltJson(out, untilting, by); });
+    });
+    Show(dialogs_, outcome);
+    return written && outcome.Done;
+  }
+
   static void Write(const std::string& output, const std::function<void(std::ostream&)>& write) {
     if (output == "-")
       write(std::cout);
@@ -311,10 +332,6 @@ class Batch {
   void WriteRecords(std::ostream& out) const {
     Progress progress("Writing records", velorix_.Session.RecordCount(), !a_.Quiet && IsTerminal());
     WriteRecordsJson(out, velorix_.Session, [&progress](int done) { progress.Tell(done); });
-  }
-
-  Untilting Untilted() const {
-    return UntiltForBatch(velorix_, *ParseGroupBy(a_.GroupBy), !a_.Quiet && IsTerminal());
   }
 
   void WriteGed() {
@@ -347,17 +364,13 @@ class Batch {
           Write(a_.Compare, [&](std::ostream& out) {
             WriteComparisons(out, velorix_, *ParseGroupBy(a_.GroupBy), !a_.Quiet && IsTerminal());
           });
-          if (IsUntiltJson(a_.Untilt))
-            Write(a_.Untilt, [&](std::ostream& out) {
-              WriteUntiltJson(out, Untilted(), *ParseGroupBy(a_.GroupBy));
-            });
           Write(a_.GeoJson,
                 [&](std::ostream& out) { WriteGeoJson(out, velorix_.Session.GeoRecords); });
           WriteGed();
           Write(a_.ContourJson,
                 [&](std::ostream& out) { WriteContourJson(out, velorix_.Contour); });
         });
-    return written && WriteGrid() && WritePage() && WriteContourImage();
+    return written && WriteUntilting() && WriteGrid() && WritePage() && WriteContourImage();
   }
 
   const Arguments& a_;

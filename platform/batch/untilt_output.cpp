@@ -4,6 +4,8 @@
 
 #include "platform/batch/json_writer.h"
 #include "platform/batch/progress.h"
+#include "plot/drawing/metafile_target.h"
+#include "plot/plots/untilting.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
 
@@ -23,8 +25,16 @@ Json BestJson(const UntiltBest& best) {
 
 }  // namespace
 
-bool IsUntiltJson(const std::string& output) {
-  return output == "-" || LowerCase(ExtensionOf(output)) == "json";
+UntiltForm UntiltFormOf(const std::string& output) {
+  const std::string extension = LowerCase(ExtensionOf(output));
+  if (output == "-" || extension == "json") return UntiltForm::Json;
+  return extension == "wmf" ? UntiltForm::Metafile : UntiltForm::Picture;
+}
+
+std::string UntiltMetafile(const Untilting& untilting) {
+  MetafileTarget target(UntiltingPlane, PlaceableHeader(UntiltingPlane, UntiltingUnitsPerInch));
+  DrawUntilting(target, UntiltingPlot, untilting);
+  return target.Bits();
 }
 
 Untilting UntiltForBatch(const Velorix& velorix, const GroupBy& by, bool shown) {
