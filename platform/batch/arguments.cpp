@@ -11,6 +11,7 @@
 #include "app/state/velorix.h"
 #include "platform/batch/contour_output.h"
 #include "platform/batch/groups_output.h"
+#include "platform/batch/untilt_output.h"
 #include "platform/painting/picture_file.h"
 #include "stats/grouping.h"
 #include "text/paths.h"
@@ -98,6 +99,7 @@ const OptionRow Options[] = {
     {"--group-by",      GroupByWords,                "parts the records in view into groups",           &Arguments::GroupBy},
     {"--groups",        "FILE",                      "statistics of each group and of all: .json or .csv; - is standard output", &Arguments::Groups},
     {"--compare",       "FILE",                      "every pair of groups as JSON; - is standard output", &Arguments::Compare},
+    {"--untilt",        "FILE",                      "the groups untilted step by step: .json, or the figure by its extension; - is standard output", &Arguments::Untilt},
     {"--page",          "FILE",                      "the graphics page; its type by the extension",    &Arguments::Page},
     {"--contour",       Words(ContourDisplays),                "counts the density",                              Choice{&Arguments::Contour, 1}},
     {"--smooth",        "N",                         "smoothing of --contour; default 20",              &Arguments::Smooth},
@@ -271,6 +273,12 @@ std::string Complaint(Arguments& a) {
     return "--group-by: '" + a.GroupBy + "' is none of " + GroupByWords + ".";
   if (a.GroupBy.empty() && !(a.Groups.empty() && a.Compare.empty()))
     return "--groups and --compare need --group-by.";
+  if (a.GroupBy.empty() && !a.Untilt.empty()) return "--untilt needs --group-by.";
+  if (!a.Untilt.empty() && UntiltFormOf(a.Untilt) == UntiltForm::Picture) {
+    const std::string complaint = PictureComplaint(a.Untilt);
+    if (!complaint.empty())
+      return a.Untilt + ": " + complaint + " An untilting can be a json or a wmf too.";
+  }
   if (!a.Groups.empty() && !GroupsFormOf(a.Groups))
     return a.Groups + ": groups are written as .json or .csv.";
   if (a.WriteGed == "-") return "--write-ged needs the name of a file.";
@@ -295,7 +303,7 @@ EarlyEnd WrongUsage(const std::string& text) {
 std::vector<std::string> Arguments::Outputs() const {
   std::vector<std::string> outputs;
   for (const std::string* output :
-       {&Save, &SaveSelected, &Records, &Grid, &Table, &Stats, &Groups, &Compare, &Page,
+       {&Save, &SaveSelected, &Records, &Grid, &Table, &Stats, &Groups, &Compare, &Untilt, &Page,
         &ContourJson, &ContourImage, &GeoJson, &WriteGed})
     if (!output->empty()) outputs.push_back(*output);
   return outputs;

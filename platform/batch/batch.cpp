@@ -26,7 +26,9 @@
 #include "platform/batch/json.h"
 #include "platform/batch/progress.h"
 #include "platform/batch/summary.h"
+#include "platform/batch/untilt_output.h"
 #include "platform/painting/picture_file.h"
+#include "plot/plots/untilting.h"
 #include "stats/gauss_random.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
@@ -300,6 +302,26 @@ class Batch {
     return outcome.Done;
   }
 
+  bool WriteUntilting() {
+    if (a_.Untilt.empty()) return true;
+    Outcome outcome;
+    const bool written = Guarded(velorix_, [&] {
+      const GroupBy by = *ParseGroupBy(a_.GroupBy);
+      const Untilting untilting = UntiltForBatch(velorix_, by, !a_.Quiet && IsTerminal());
+      const UntiltForm form = UntiltFormOf(a_.Untilt);
+      if (form == UntiltForm::Picture)
+        outcome = WritePicture(a_.Untilt, UntiltingPlane, UntiltingScale, [&](Target& target) {
+          DrawUntilting(target, UntiltingPlot, untilting);
+        });
+      else if (form == UntiltForm::Metafile)
+        Write(a_.Untilt, [&](std::ostream& out) { out << UntiltMetafile(untilting); });
+      else
+        Write(a_.Untilt, [&](std::ostream& out) { WriteUntiltJson(out, untilting, by); });
+    });
+    Show(dialogs_, outcome);
+    return written && outcome.Done;
+  }
+
   static void Write(const std::string& output, const std::function<void(std::ostream&)>& write) {
     if (output == "-")
       write(std::cout);
@@ -348,7 +370,7 @@ class Batch {
           Write(a_.ContourJson,
                 [&](std::ostream& out) { WriteContourJson(out, velorix_.Contour); });
         });
-    return written && WriteGrid() && WritePage() && WriteContourImage();
+    return written && WriteUntilting() && WriteGrid() && WritePage() && WriteContourImage();
   }
 
   const Arguments& a_;
