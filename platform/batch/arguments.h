@@ -30,8 +30,8 @@ struct Arguments {
   int Delimiter = -1;   // of the grid, from 0; -1: comma
   bool Append = false;  // the grid to its file
   // Outputs; "-": standard output.
-  std::string Save, SaveSelected, Records, Grid, Table, Stats, Groups, Compare, Page, GeoJson,
-      WriteGed;
+  std::string Save, SaveSelected, Records, Grid, Table, Stats, Groups, Compare, Page, Panels,
+      GeoJson, WriteGed;
   bool Force = false, NoBackup = false, Quiet = false;
 
   /// The outputs named, in the order in which they are made.
