@@ -1,8 +1,8 @@
 // The page of panels of 40 groups beside the symbols of their records alone, as a metafile: the
 // store full, and sites of 25 and of 8 specimens.
 //
-// Aim: a full store at most twice its symbols. The fewer the specimens of a site, the more its
-// frame and its three ellipses count.
+// Aim: at most twice the symbols, from 25 specimens a site on. A smaller site has fewer symbols
+// than its frame and its three ellipses have lines.
 
 #include <benchmark/benchmark.h>
 
@@ -36,7 +36,7 @@ Session StudyOf(int records) {
     const float tensor[] = {1.05f, 1.0f, 0.95f, 0.01f, 0.02f, -0.01f};
     for (int c = 1; c <= 6; ++c) r.Tensor[c] = tensor[c - 1] + noise(random);
     DeriveFactors(r, session.Settings.FacIndex, InPhase);
-    RotateRecord(r, {.View = Geographic});
+    RotateRecord(r, {});
     session.Records.Add(r);
   }
   return session;

@@ -18,6 +18,9 @@ constexpr double LeastLetters = 5, MostLetters = 18, LeastSymbols = 3, MostSymbo
 constexpr double LineStep = 1.15;
 /// Scale at which thin lines become one unit wider.
 constexpr double LineScale = 1.5;
+/// Ellipses of a net below this diameter need no more points than one in so many degrees.
+constexpr double SmallNet = 150;
+constexpr int SmallNetStep = 6;
 
 /// Panels side by side and one below the other, all of a size.
 struct PanelGrid {
@@ -128,6 +131,8 @@ class Panels {
 
  private:
   StereoView ViewOf(const StereoGeometry& geometry, const GroupStats& stats) const {
+    const std::int16_t lineWidth = std::max<std::int16_t>(1, ToShort(s_ / LineScale));
+    const int step = geometry.diameter < SmallNet ? SmallNetStep : 1;
     return {session_.Records,
             session_.CoorSys,
             session_.ReImMode,
@@ -137,7 +142,8 @@ class Panels {
             stats,
             session_.Settings,
             geometry.OnTarget(),
-            std::max<std::int16_t>(1, ToShort(s_ / LineScale))};
+            lineWidth,
+            step};
   }
 
   const Session& session_;

@@ -58,7 +58,7 @@ void DrawMeanEllipses(const StereoView& view) {
     if (view.options.showAxis[k] && errors)
       DrawConfidenceEllipse(view.target, view.net, EqualArea, false,
                             {k, stats.MeanVec, errors->E1, errors->E2, stats.MeanRot[k]},
-                            {.colour = Axes[k].colour, .width = view.lineWidth});
+                            {.colour = Axes[k].colour, .width = view.lineWidth}, view.ellipseStep);
   }
 }
 
