@@ -113,8 +113,7 @@ void ShowFigureDone(Velorix& velorix, std::string done) {
   if (!(done += mean).empty()) velorix.Views.ShowStatus(done);
 }
 
-bool WriteMetafile(Velorix& velorix, const std::string& path) {
-  const std::string bytes = Metafile(velorix);
+bool WriteMetafile(Velorix& velorix, const std::string& path, const std::string& bytes) {
   try {
     SafeWrite(path, [&](std::ostream& out) { out << bytes; });
     return true;
@@ -150,35 +149,47 @@ std::string GraphicsMetafile(const Session& session, const PlotChoices& plots,
 }
 
 void SaveGraphics(Velorix& velorix) {
-  FileQuestion question = SaveQuestion(velorix.Session, SaveTitle);
+  const auto answer = AskForPicture(velorix, SaveTitle);
+  if (answer && ExportGraphics(velorix, answer->Path, answer->AsBitmap))
+    ShowFigureDone(velorix, "Written: " + answer->Path);
+}
+
+bool ExportGraphics(Velorix& velorix, const std::string& path, bool asBitmap) {
+  return ExportPicture(velorix, {path, asBitmap},
+                       {[&velorix] { return Metafile(velorix); },
+                        [&velorix](Target& target, double s) {
+                          s == VectorScale ? DrawVectorPage(velorix, target)
+                                           : DrawPage(velorix, target, s);
+                        }});
+}
+
+std::optional<PictureAnswer> AskForPicture(Velorix& velorix, const char* title) {
+  FileQuestion question = SaveQuestion(velorix.Session, title);
   for (const PageKind& kind : Kinds) question.Filter += FilterText(kind.Caption, kind.Extension);
   // Only the proposed name gets an extension. One typed without it names no encoder and is refused.
   question.AddsExtension = false;
   const auto answer = AskWhereToSave(velorix.Dialogs, question);
-  if (!answer) return;
-  if (ExportGraphics(velorix, answer->Filename, answer->FilterIndex != MetafileFilter))
-    ShowFigureDone(velorix, "Written: " + answer->Filename);
+  if (!answer) return std::nullopt;
+  return PictureAnswer{answer->Filename, answer->FilterIndex != MetafileFilter};
 }
 
-bool ExportGraphics(Velorix& velorix, const std::string& path, bool asBitmap) {
-  if (!asBitmap) return WriteMetafile(velorix, path);
-  const auto draw = [&velorix](Target& target, double s) {
-    s == VectorScale ? DrawVectorPage(velorix, target) : DrawPage(velorix, target, s);
-  };
-  const Outcome outcome = SaveBitmapAs(velorix.Host, draw, path);
+bool ExportPicture(Velorix& velorix, const PictureAnswer& to, const PagePicture& picture) {
+  if (!to.AsBitmap) return WriteMetafile(velorix, to.Path, picture.Metafile());
+  const Outcome outcome = SaveBitmapAs(velorix.Host, picture.Draw, to.Path, picture.Fineness);
   if (outcome) return true;
   ReportRefusal(velorix.Views, velorix.Log, outcome.Text);
-  Show(velorix.Dialogs, Outcome::Refused(ExportTitle, path + "\nFile was not saved!"));
+  Show(velorix.Dialogs, Outcome::Refused(ExportTitle, to.Path + "\nFile was not saved!"));
   return false;
 }
 
 Outcome SaveBitmapAs(const Host& host, const std::function<void(Target&, double s)>& picture,
-                     const std::string& path) {
-  const double s = ScaleOf(ExtensionOf(path));
+                     const std::string& path, int fineness) {
+  const double ofType = ScaleOf(ExtensionOf(path)), s = ofType * fineness;
   if (s == 0) return Outcome::Refused(ExportTitle, path + "\nNo encoder has this extension.");
   if (!host.WritePicture)
     return Outcome::Refused(ExportTitle, path + "\nThis build has no encoders.");
-  return host.WritePicture(path, Scaled(GraphicsPage, s), 1,
+  return host.WritePicture(path, Scaled(GraphicsPage, s),
+                           ofType == VectorScale ? 1.0 / fineness : 1,
                            [&](Target& target) { picture(target, s); });
 }
 

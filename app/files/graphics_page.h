@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 
 #include "app/state/velorix.h"
@@ -34,11 +36,32 @@ void SaveGraphics(Velorix& velorix);
 /// it fails. True on success. When it fails, status line and log say why, and the old file stays.
 bool ExportGraphics(Velorix& velorix, const std::string& path, bool asBitmap);
 
+/// Where a picture goes: as a metafile under any name, or as a picture of the extension's type.
+struct PictureAnswer {
+  std::string Path;
+  bool AsBitmap = false;
+};
+
+/// A picture of the size of the page.
+struct PagePicture {
+  std::function<std::string()> Metafile;  // the bytes of the file
+  std::function<void(Target&, double s)> Draw;
+  int Fineness = 1;
+};
+
+/// Asks for a file of any of the page's types. No answer when the user cancels.
+std::optional<PictureAnswer> AskForPicture(Velorix& velorix, const char* title);
+
+/// Writes a picture. A picture of the extension's type shows a box when it fails. True on success.
+/// When it fails, status line and log say why, and the old file stays.
+bool ExportPicture(Velorix& velorix, const PictureAnswer& to, const PagePicture& picture);
+
 /// Writes what `picture` draws on the page as a picture of the type of the path's extension: png,
 /// gif, jpg, jpeg, tif, tiff or bmp with the scale of pixels, svg or pdf with scale 1. Another
-/// extension, or none, is refused.
+/// extension, or none, is refused. `fineness` multiplies the scale: more pixels, or vectors of the
+/// same size on finer units.
 Outcome SaveBitmapAs(const Host& host, const std::function<void(Target&, double s)>& picture,
-                     const std::string& path);
+                     const std::string& path, int fineness = 1);
 
 /// Puts the page on the clipboard, as vectors. A clipboard that takes nothing is reported in the
 /// status line and the log.

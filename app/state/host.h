@@ -18,7 +18,8 @@ struct Host {
       ListFolder;
   // Pictures, where the host can make them; `draw` draws on the plane.
   using DrawPicture = std::function<void(Target&)>;
-  /// A file of the type of the extension; `scale` pixels make a unit of the plane.
+  /// A file of the type of the extension; `scale` pixels make a unit of the plane, and a scale
+  /// below 1 makes the units of vectors smaller.
   std::function<Outcome(const std::string& path, PlaneSize plane, double scale,
                         const DrawPicture& draw)>
       WritePicture = {};

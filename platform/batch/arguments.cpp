@@ -100,6 +100,7 @@ const OptionRow Options[] = {
     {"--groups",        "FILE",                      "statistics of each group and of all: .json or .csv; - is standard output", &Arguments::Groups},
     {"--compare",       "FILE",                      "every pair of groups as JSON; - is standard output", &Arguments::Compare},
     {"--untilt",        "FILE",                      "the groups untilted step by step: .json, or the figure by its extension; - is standard output", &Arguments::Untilt},
+    {"--panels",        "FILE",                      "a small net a group on one page; its type by the extension", &Arguments::Panels},
     {"--page",          "FILE",                      "the graphics page; its type by the extension",    &Arguments::Page},
     {"--contour",       Words(ContourDisplays),                "counts the density",                              Choice{&Arguments::Contour, 1}},
     {"--smooth",        "N",                         "smoothing of --contour; default 20",              &Arguments::Smooth},
@@ -271,8 +272,8 @@ std::string Complaint(Arguments& a) {
     return "--assign-ged, --geo-json and --write-ged need --ged.";
   if (!a.GroupBy.empty() && !ParseGroupBy(a.GroupBy))
     return "--group-by: '" + a.GroupBy + "' is none of " + GroupByWords + ".";
-  if (a.GroupBy.empty() && !(a.Groups.empty() && a.Compare.empty()))
-    return "--groups and --compare need --group-by.";
+  if (a.GroupBy.empty() && !(a.Groups.empty() && a.Compare.empty() && a.Panels.empty()))
+    return "--groups, --compare and --panels need --group-by.";
   if (a.GroupBy.empty() && !a.Untilt.empty()) return "--untilt needs --group-by.";
   if (!a.Untilt.empty() && UntiltFormOf(a.Untilt) == UntiltForm::Picture) {
     const std::string complaint = PictureComplaint(a.Untilt);
@@ -283,9 +284,10 @@ std::string Complaint(Arguments& a) {
     return a.Groups + ": groups are written as .json or .csv.";
   if (a.WriteGed == "-") return "--write-ged needs the name of a file.";
   if (a.Grid == "-") return "--grid needs the name of a file.";
-  if (!a.Page.empty() && UpperCase(ExtensionOf(a.Page)) != "WMF") {
-    const std::string complaint = PictureComplaint(a.Page);
-    if (!complaint.empty()) return a.Page + ": " + complaint + " A page can be a wmf too.";
+  for (const std::string* page : {&a.Page, &a.Panels}) {
+    if (page->empty() || UpperCase(ExtensionOf(*page)) == "WMF") continue;
+    const std::string complaint = PictureComplaint(*page);
+    if (!complaint.empty()) return *page + ": " + complaint + " A page can be a wmf too.";
   }
   if (!a.ContourImage.empty()) {
     const std::string complaint = PictureComplaint(a.ContourImage);
@@ -304,7 +306,7 @@ std::vector<std::string> Arguments::Outputs() const {
   std::vector<std::string> outputs;
   for (const std::string* output :
        {&Save, &SaveSelected, &Records, &Grid, &Table, &Stats, &Groups, &Compare, &Untilt, &Page,
-        &ContourJson, &ContourImage, &GeoJson, &WriteGed})
+        &Panels, &ContourJson, &ContourImage, &GeoJson, &WriteGed})
     if (!output->empty()) outputs.push_back(*output);
   return outputs;
 }

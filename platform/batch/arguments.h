@@ -31,7 +31,7 @@ struct Arguments {
   bool Append = false;  // the grid to its file
   // Outputs; "-": standard output.
   std::string Save, SaveSelected, Records, Grid, Table, Stats, Groups, Compare, Untilt, Page,
-      GeoJson, WriteGed;
+      Panels, GeoJson, WriteGed;
   bool Force = false, NoBackup = false, Quiet = false;
 
   /// The outputs named, in the order in which they are made.

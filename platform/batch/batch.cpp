@@ -284,12 +284,31 @@ class Batch {
     return false;
   }
 
-  bool WritePage() {
-    if (a_.Page.empty()) return true;
-    const bool asBitmap = UpperCase(ExtensionOf(a_.Page)) != "WMF";
-    const bool written = ExportGraphics(velorix_, Absolute(a_.Page), asBitmap);
+  /// Writes a picture of the page's types by `write`, unless `output` is empty.
+  bool WritePageTo(const std::string& output,
+                   const std::function<bool(const PictureAnswer&)>& write) {
+    if (output.empty()) return true;
+    const bool written = write({Absolute(output), UpperCase(ExtensionOf(output)) != "WMF"});
     if (!written) std::cerr << views_.Status << "\n";
     return written;
+  }
+
+  bool WritePage() {
+    return WritePageTo(a_.Page, [this](const PictureAnswer& to) {
+      return ExportGraphics(velorix_, to.Path, to.AsBitmap);
+    });
+  }
+
+  bool WriteGroupPanels() {
+    return WritePageTo(a_.Panels, [this](const PictureAnswer& to) {
+      bool written = false;
+      return Guarded(velorix_,
+                     [&] {
+                       written = WritePanels(velorix_, *ParseGroupBy(a_.GroupBy), to,
+                                             a_.Groups.empty(), !a_.Quiet && IsTerminal());
+                     }) &&
+             written;
+    });
   }
 
   bool WriteContourImage() {
@@ -370,7 +389,8 @@ class Batch {
           Write(a_.ContourJson,
                 [&](std::ostream& out) { WriteContourJson(out, velorix_.Contour); });
         });
-    return written && WriteUntilting() && WriteGrid() && WritePage() && WriteContourImage();
+    return written && WriteUntilting() && WriteGrid() && WritePage() && WriteGroupPanels() &&
+           WriteContourImage();
   }
 
   const Arguments& a_;

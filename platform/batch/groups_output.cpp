@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "app/display/display.h"
+#include "app/files/export_panels.h"
 #include "app/tables/groups_csv.h"
 #include "platform/batch/json.h"
 #include "platform/batch/json_writer.h"
@@ -43,6 +44,22 @@ Json ComparisonJson(const std::string& a, const std::string& b, const GroupCompa
           {"ValueDifference", limits}};
 }
 
+/// Computes the groups; `take` gets their rows in order.
+void Compute(const Velorix& velorix, const std::vector<RecordGroup>& groups, const BootChoice& boot,
+             bool saysFailures, bool shown, const TakeRow& take) {
+  Progress progress("Computing groups", static_cast<int>(groups.size()), shown);
+  const auto hand = [&](GroupRow row) {
+    if (saysFailures && !row.Failure.empty())
+      std::cerr << "Group \"" << row.Name << "\": " << IncompleteText(row.Failure) << "\n";
+    take(std::move(row));
+  };
+  StudyStatistics(velorix.Session, groups, boot, velorix.GaussTable, hand,
+                  [&progress](std::size_t done) {
+                    progress.Tell(static_cast<int>(done));
+                    return true;
+                  });
+}
+
 }  // namespace
 
 std::optional<GroupsForm> GroupsFormOf(const std::string& output) {
@@ -54,18 +71,8 @@ std::optional<GroupsForm> GroupsFormOf(const std::string& output) {
 void WriteGroups(std::ostream& out, const Velorix& velorix, const GroupBy& by, GroupsForm form,
                  bool shown) {
   const std::vector<RecordGroup> groups = PartRecords(velorix.Session, by);
-  Progress progress("Computing groups", static_cast<int>(groups.size()), shown);
-  const auto compute = [&](const std::function<void(const GroupRow&)>& write) {
-    const auto take = [&write](const GroupRow& row) {
-      if (!row.Failure.empty())
-        std::cerr << "Group \"" << row.Name << "\": " << IncompleteText(row.Failure) << "\n";
-      write(row);
-    };
-    StudyStatistics(velorix.Session, groups, velorix.Bootstrap, velorix.GaussTable, take,
-                    [&progress](std::size_t done) {
-                      progress.Tell(static_cast<int>(done));
-                      return true;
-                    });
+  const auto compute = [&](const TakeRow& write) {
+    Compute(velorix, groups, velorix.Bootstrap, true, shown, write);
   };
   const GroupRow all = AllRow(velorix.Session, velorix.Bootstrap, velorix.GaussTable);
   if (form == GroupsForm::Csv) {
@@ -89,6 +96,19 @@ void WriteGroups(std::ostream& out, const Velorix& velorix, const GroupBy& by, G
   WriteRow(group, all, velorix);
   object.End();
   out << '\n';
+}
+
+bool WritePanels(Velorix& velorix, const GroupBy& by, const PictureAnswer& to, bool saysFailures,
+                 bool shown) {
+  const std::vector<RecordGroup> groups = PartRecords(velorix.Session, by);
+  std::vector<GroupRow> rows;
+  const BootChoice none = {BootMethod::None, BootReplicates, {}};  // panels show no bootstrap
+  Compute(velorix, groups, none, saysFailures, shown,
+          [&rows](GroupRow row) { rows.push_back(std::move(row)); });
+  std::vector<Panel> panels;
+  for (std::size_t i = 0; i < groups.size(); ++i)
+    panels.push_back({groups[i].Name, groups[i].Records, &rows[i].Stats});
+  return ExportPanels(velorix, to, panels);
 }
 
 void WriteComparisons(std::ostream& out, const Velorix& velorix, const GroupBy& by, bool shown) {

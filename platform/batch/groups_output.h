@@ -4,6 +4,7 @@
 #include <ostream>
 #include <string>
 
+#include "app/files/graphics_page.h"
 #include "app/state/velorix.h"
 #include "stats/grouping.h"
 
@@ -17,6 +18,12 @@ std::optional<GroupsForm> GroupsFormOf(const std::string& output);
 /// The statistics of each group and of all records in view. Standard error names each group whose
 /// statistics fail; progress goes there, too, when it is `shown`.
 void WriteGroups(std::ostream& out, const Velorix& velorix, const GroupBy& by, GroupsForm form,
+                 bool shown);
+
+/// One page with a small net a group, as a picture of the extension's type. Standard error has
+/// failures and progress as above, the failures only when `saysFailures`. False when it couldn't be
+/// written; the status line says why.
+bool WritePanels(Velorix& velorix, const GroupBy& by, const PictureAnswer& to, bool saysFailures,
                  bool shown);
 
 /// Every pair of groups as JSON, progress as above.

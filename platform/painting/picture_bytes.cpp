@@ -38,13 +38,13 @@ QByteArray Pixels(const QByteArray& type, PlaneSize plane, double scale, const D
   return writer.write(image) ? buffer.data() : QByteArray();
 }
 
-QByteArray Svg(PlaneSize plane, const Draw& draw) {
+QByteArray Svg(PlaneSize plane, double scale, const Draw& draw) {
   QBuffer buffer;
   QSvgGenerator generator;
   generator.setOutputDevice(&buffer);
   generator.setTitle("Velorix");
   generator.setDescription("");
-  generator.setSize({plane.width, plane.height});
+  generator.setSize((QSizeF(plane.width, plane.height) * scale).toSize());
   generator.setViewBox(QRect(0, 0, plane.width, plane.height));
   {
     QPainter painter(&generator);
@@ -65,8 +65,8 @@ void BlankDate(QByteArray& bytes) {
     bytes.replace(start, end + 1 - start, QByteArray(end + 1 - start, ' '));
 }
 
-QByteArray Pdf(PlaneSize plane, const Draw& draw) {
-  constexpr double PointsPerUnit = 0.75;
+QByteArray Pdf(PlaneSize plane, double scale, const Draw& draw) {
+  const double pointsPerUnit = 0.75 * scale;
   // The writer lists fonts and such in the order of a hash, which is another one each time.
   QHashSeed::setDeterministicGlobalSeed();
   QBuffer buffer;
@@ -75,10 +75,10 @@ QByteArray Pdf(PlaneSize plane, const Draw& draw) {
     QPdfWriter writer(&buffer);
     writer.setCreator("Velorix");
     writer.setPageSize(
-        QPageSize(QSizeF(plane.width, plane.height) * PointsPerUnit, QPageSize::Point));
+        QPageSize(QSizeF(plane.width, plane.height) * pointsPerUnit, QPageSize::Point));
     writer.setPageMargins({});
     QPainter painter(&writer);
-    PainterTarget target(painter, {PointsPerUnit * writer.resolution() / 72, 0, 0}, Surface::Page);
+    PainterTarget target(painter, {pointsPerUnit * writer.resolution() / 72, 0, 0}, Surface::Page);
     draw(target);
   }
   QHashSeed::resetRandomGlobalSeed();
@@ -90,8 +90,9 @@ QByteArray Pdf(PlaneSize plane, const Draw& draw) {
 }  // namespace
 
 QByteArray PictureBytes(const QByteArray& type, PlaneSize plane, double scale, const Draw& draw) {
-  if (type == "svg") return Svg(plane, draw);
-  if (type == "pdf") return Pdf(plane, draw);
+  const double vectorScale = std::min(scale, 1.0);
+  if (type == "svg") return Svg(plane, vectorScale, draw);
+  if (type == "pdf") return Pdf(plane, vectorScale, draw);
   return Pixels(type, plane, scale, draw);
 }
 

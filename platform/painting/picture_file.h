@@ -19,7 +19,8 @@ std::string PictureFilter();
 std::string PictureComplaint(const std::string& path);
 
 /// Writes what `draw` draws on the plane; where the type is one of pixels, `scale` of them make a
-/// unit of the plane. Either the old or the new file is there in the end. Refused with the reason.
+/// unit of the plane; a scale below 1 makes the units of vectors smaller. Either the old or the new
+/// file is there in the end. Refused with the reason.
 Outcome WritePicture(const std::string& path, PlaneSize plane, double scale,
                      const std::function<void(Target&)>& draw);
 

@@ -22,6 +22,28 @@ constexpr NetLabel Labels[] = {             // top, right, bottom, left
 };
 // clang-format on
 
+void DrawRim(Target& target, const Net& net, Colour colour) {
+  DrawCircle(target, net.cx, net.cy, net.diameter / 2, {.colour = colour, .width = 2}, 0);
+}
+
+void DrawLabel(Target& target, const Net& net, const char* label, const NetLabel& place,
+               Colour colour, std::int16_t fontHeight) {
+  const Point p = OnNet(net, place.u, place.v);
+  DrawText(target, label, p.x, p.y,
+           {.height = fontHeight, .colour = colour, .alignment = place.alignment});
+}
+
+/// Each tick stands across its radius; those of inclination 90 make a small plus at the centre.
+void DrawTicks(Target& target, Projection projection, const Net& net, int step, std::int16_t size,
+               Colour colour) {
+  for (int inc = step; inc <= 90; inc += step)
+    for (const int dec : {0, 180, 90, 270}) {
+      const std::int16_t type = dec % 180 == 0 ? 4 : 6;
+      DrawNetSymbol(target, net, projection, {static_cast<double>(dec), static_cast<double>(inc)},
+                    type, size, colour, {.colour = colour});
+    }
+}
+
 }  // namespace
 
 Point OnNet(const Net& net, double u, double v) {
@@ -37,23 +59,17 @@ void DrawNetSymbol(Target& target, const Net& net, Projection projection, Direct
 
 void DrawNet(Target& target, CoordinateSystem coorSys, Projection projection, const Net& net,
              Colour colour, std::int16_t fontHeight) {
-  DrawCircle(target, net.cx, net.cy, net.diameter / 2, {.colour = colour, .width = 2}, 0);
-
+  DrawRim(target, net, colour);
   const auto& names = NamesOf(coorSys).Rim;
-  for (int i = 0; i < 4; ++i) {
-    const Point p = OnNet(net, Labels[i].u, Labels[i].v);
-    DrawText(target, names[i], p.x, p.y,
-             {.height = fontHeight, .colour = colour, .alignment = Labels[i].alignment});
-  }
+  for (int i = 0; i < 4; ++i) DrawLabel(target, net, names[i], Labels[i], colour, fontHeight);
+  DrawTicks(target, projection, net, 10, ToShort(5 * net.diameter / 340), colour);
+}
 
-  // Each tick stands across its radius; those of inclination 90 make a small plus at the centre.
-  const std::int16_t size = ToShort(5 * net.diameter / 340);
-  for (int inc = 10; inc <= 90; inc += 10)
-    for (const int dec : {0, 180, 90, 270}) {
-      const std::int16_t type = dec % 180 == 0 ? 4 : 6;
-      DrawNetSymbol(target, net, projection, {static_cast<double>(dec), static_cast<double>(inc)},
-                    type, size, colour, {.colour = colour});
-    }
+void DrawSmallNet(Target& target, const char* label, Projection projection, const Net& net,
+                  Colour colour, std::int16_t fontHeight) {
+  DrawRim(target, net, colour);
+  DrawLabel(target, net, label, Labels[0], colour, fontHeight);
+  DrawTicks(target, projection, net, 30, ToShort(net.diameter / 34), colour);
 }
 
 }  // namespace velorix

@@ -122,7 +122,7 @@ Vector<3> ColumnOf(const Matrix<3, 3>& M, int k) { return {M(1, k), M(2, k), M(3
 /// toward the other, cos(rho) along the direction.
 class EllipseVectors {
  public:
-  explicit EllipseVectors(const ConfidenceEllipse& e) {
+  EllipseVectors(const ConfidenceEllipse& e, int step) {
     const int i2 = e.axis % 3 + 1, i3 = i2 % 3 + 1;
     const Vector<3> second = ColumnOf(e.vectors, i2), third = ColumnOf(e.vectors, i3);
     const double cosR = std::cos(-e.rotation / DegPerRad), sinR = std::sin(-e.rotation / DegPerRad);
@@ -132,7 +132,7 @@ class EllipseVectors {
     second_ = Combined(-sinE2 * sinR, third, sinE2 * cosR, second, 0, along_);
     // rho repeats in the four quarters, so a quarter of the roots and cosines is enough; what the
     // table's last digits differ by lies far below a pixel.
-    for (int a = 0; a <= 90; ++a) {
+    for (int a = 0; a <= 90; a += step) {
       const double c = e.E1 * WholeDegrees().cosine[a], s = e.E2 * WholeDegrees().sine[a];
       cosRho_[a] = std::cos(std::sqrt(c * c + s * s) / DegPerRad);
     }
@@ -151,15 +151,15 @@ class EllipseVectors {
 }  // namespace
 
 void DrawConfidenceEllipse(Target& target, const Net& net, Projection projection, bool showUpper,
-                           const ConfidenceEllipse& ellipse, Pen pen) {
+                           const ConfidenceEllipse& ellipse, Pen pen, int step) {
   if (ellipse.E1 == 0 || ellipse.E2 == 0) return;
   if (!std::isfinite(ellipse.E1) || !std::isfinite(ellipse.E2) ||
       !std::isfinite(ellipse.rotation) || !IsFinite(ellipse.vectors))
     return;
-  const EllipseVectors vectors(ellipse);
+  const EllipseVectors vectors(ellipse, step);
   Curve curve(target, net, projection, showUpper, pen);
   curve.Start(vectors.At(0));
-  for (int a = 0; a <= 360; ++a) curve.Add(vectors.At(a));  // the first point stands twice
+  for (int a = 0; a <= 360; a += step) curve.Add(vectors.At(a));  // the first point stands twice
   curve.Finish();
 }
 

@@ -19,11 +19,11 @@ struct ConfidenceEllipse {
   double E1 = 0, E2 = 0, rotation = 0;
 };
 
-/// Draws the region's outline in steps of one degree; nothing when a semi-axis is 0. An arc in the
-/// upper hemisphere reappears at the opposite side of the net or, with `showUpper`, overlays the
-/// lower one and is dashed.
+/// Draws the region's outline in steps of `step` degrees, a divisor of 90; nothing when a semi-axis
+/// is 0. An arc in the upper hemisphere reappears at the opposite side of the net or, with
+/// `showUpper`, overlays the lower one and is dashed.
 void DrawConfidenceEllipse(Target& target, const Net& net, Projection projection, bool showUpper,
-                           const ConfidenceEllipse& ellipse, Pen pen);
+                           const ConfidenceEllipse& ellipse, Pen pen, int step = 1);
 
 /// Draws the great circle perpendicular to `pole` in steps of `step` degrees; its last point isn't
 /// joined to its first. The upper hemisphere as with an ellipse.

@@ -46,7 +46,8 @@ void DrawMeans(const StereoView& view) {
   for (int k = 1; k <= 3; ++k)
     if (view.options.showAxis[k] && IsFinite(mean(k)))
       DrawNetSymbol(view.target, view.net, EqualArea, mean(k), Axes[k].symbol,
-                    view.SymbolSize(MeanSizes[k]), White, {.colour = Axes[k].colour, .width = 2});
+                    view.SymbolSize(MeanSizes[k]), White,
+                    {.colour = Axes[k].colour, .width = view.Scaled(2, view.lineWidth)});
 }
 
 void DrawMeanEllipses(const StereoView& view) {
@@ -57,7 +58,7 @@ void DrawMeanEllipses(const StereoView& view) {
     if (view.options.showAxis[k] && errors)
       DrawConfidenceEllipse(view.target, view.net, EqualArea, false,
                             {k, stats.MeanVec, errors->E1, errors->E2, stats.MeanRot[k]},
-                            {.colour = Axes[k].colour});
+                            {.colour = Axes[k].colour, .width = view.lineWidth}, view.ellipseStep);
   }
 }
 

@@ -62,21 +62,27 @@ void DrawRecordEllipses(const StereoView& view, bool selected) {
   });
 }
 
+void DrawRecordSymbol(const StereoView& view, const SpecimenRecord& record, int number,
+                      const std::optional<ColourCoding>& coding) {
+  const bool selected = record.Selected;
+  const double value = coding && !selected ? ColourCoding::Value(view, record, number) : 0;
+  for (int k = 1; k <= 3; ++k) {
+    const Direction direction = DirectionOf(record, k);
+    if (!view.options.showAxis[k] || !IsFinite(direction)) continue;
+    const PrincipalAxis& axis = Axes[k];
+    const Colour fill = selected ? SelectedColour
+                        : coding ? coding->Fill(value, axis.colour)
+                                 : axis.colour;
+    DrawNetSymbol(view.target, view.net, EqualArea, direction, axis.symbol,
+                  view.SymbolSize(axis.sizeFactor), fill, {});
+  }
+}
+
 void DrawRecordSymbols(const StereoView& view, bool selected,
                        const std::optional<ColourCoding>& coding) {
   if (!view.options.showData) return;
   view.ForEachPlotted(selected, [&](const SpecimenRecord& record, int number) {
-    const double value = coding && !selected ? ColourCoding::Value(view, record, number) : 0;
-    for (int k = 1; k <= 3; ++k) {
-      const Direction direction = DirectionOf(record, k);
-      if (!view.options.showAxis[k] || !IsFinite(direction)) continue;
-      const PrincipalAxis& axis = Axes[k];
-      const Colour fill = selected ? SelectedColour
-                          : coding ? coding->Fill(value, axis.colour)
-                                   : axis.colour;
-      DrawNetSymbol(view.target, view.net, EqualArea, direction, axis.symbol,
-                    view.SymbolSize(axis.sizeFactor), fill, {});
-    }
+    DrawRecordSymbol(view, record, number, coding);
   });
 }
 

@@ -15,7 +15,7 @@
 
 namespace velorix {
 
-// What the files of the stereo view share; nobody else includes this.
+// What the files of the stereo view and the panels share; nobody else includes this.
 
 /// What every layer draws from and on.
 struct StereoView {
@@ -28,6 +28,8 @@ struct StereoView {
   const GroupStats& stats;
   const Settings& settings;
   Net net;
+  std::int16_t lineWidth = 1;  // of thin lines of the means
+  int ellipseStep = 1;         // degrees between points of the means' ellipses
 
   std::int16_t Scaled(double factor, std::int16_t size) const { return ToShort(factor * size); }
   std::int16_t SymbolSize(double factor) const { return Scaled(factor, geometry.SymbolSize()); }
@@ -90,6 +92,9 @@ std::optional<ColourCoding> DrawColourScale(const StereoView& view);
 void DrawRecordCircles(const StereoView& view, bool selected);
 void DrawDataLines(const StereoView& view);
 void DrawRecordEllipses(const StereoView& view, bool selected);
+/// The directions of one record, the `number`-th of those plotted.
+void DrawRecordSymbol(const StereoView& view, const SpecimenRecord& record, int number,
+                      const std::optional<ColourCoding>& coding);
 void DrawRecordSymbols(const StereoView& view, bool selected,
                        const std::optional<ColourCoding>& coding);
 void DrawMeans(const StereoView& view);

@@ -4,8 +4,10 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QStatusBar>
 #include <QTableWidget>
 
+#include "platform/qt/output/page_output.h"
 #include "platform/qt/parts/widgets.h"
 #include "tests/qt/test_window.h"
 
@@ -32,6 +34,7 @@ class GroupsWindowTest : public WindowTest {
     line.setText(detail);
     emit line.editingFinished();
   }
+  QString Status() { return W().Window.statusBar()->currentMessage(); }
   QString Selected() const {
     QString ids;
     for (const SpecimenRecord& r : window_->Program.Session.Records)
@@ -90,6 +93,32 @@ class GroupsWindowTest : public WindowTest {
     const QStringList written = QString::fromUtf8(file.readAll()).split("\r\n");
     QCOMPARE(written.size(), 12);
     QVERIFY(written[0].startsWith("Group,N,K1_Dec,") && written[1].startsWith("s1,4,"));
+  }
+
+  void thePageOfPanelsShowsTheGroupsInTheOrderOfTheTable() {
+    GivePictures(W().Program.Host, &W().Window);
+    Rows();
+    Table().sortItems(1, Qt::DescendingOrder);  // "All" comes first and has no panel
+    Table().sortItems(0, Qt::DescendingOrder);
+    const auto save = [this](const char* name) {
+      W().Asked.Files.push_back(FileAnswer{W().Path(name), 7});
+      Press("cmdPanels");
+      QFile file(ToQString(W().Path(name)));
+      return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    const QByteArray svg = save("p.svg");
+    QCOMPARE(svg.count(">N = "), 9);
+    QVERIFY(svg.indexOf(">s9<") > 0 && svg.indexOf(">s9<") < svg.indexOf(">s1<"));
+    QVERIFY(svg.indexOf(">N = 4<") > svg.indexOf(">s2<"));  // that of s1, the last
+    QVERIFY(svg.contains("s.ams, in-phase, geographic, N = 12, 9 groups."));
+    QVERIFY(Status().startsWith("Written: ") && save("none/p.svg").isEmpty());
+    QVERIFY(Status().contains("could not be written") && !Boxes().empty());
+    W().Asked.Files.push_back(FileAnswer{W().WriteFile("many", 601), 1});
+    W().Run("mnuOpen");
+    GroupBy(6, "9");
+    Rows();
+    Press("cmdPanels");  // refused before a file is asked for
+    QCOMPARE(Status(), "One page has room for 600 groups; these are 601.");
   }
 
   void aLongComputationIsCancelledAndAClosedWindowStopsIt() {

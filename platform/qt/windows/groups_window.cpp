@@ -17,6 +17,7 @@
 #include "app/display/display.h"
 #include "app/display/shown_group.h"
 #include "app/files/export_groups.h"
+#include "app/files/export_panels.h"
 #include "app/tables/study_table.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/change_buttons.h"
@@ -143,6 +144,8 @@ QLayout* frmGroups::MakeCommands() {
           &QPushButton::clicked, this, [this] { Copy(); });
   connect(button("cmdExport", "&Export...", "Write the table into a file of comma-separated text"),
           &QPushButton::clicked, this, [this] { Work(velorix_, [this] { Export(); }); });
+  connect(button("cmdPanels", "&Panels...", "Write a small net a group, all on one page"),
+          &QPushButton::clicked, this, [this] { Work(velorix_, [this] { WritePanels(); }); });
   connect(button("cmdCLOSE", "Close", "Close the groups [Esc]"), &QPushButton::clicked, this,
           &QWidget::close);
   connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, [this] { Copy(); });
@@ -271,6 +274,20 @@ void frmGroups::Copy() {
 void frmGroups::Export() {
   if (run_) return velorix_.Views.ShowStatus("The groups are still being computed.");
   ExportGroups(velorix_.Session, velorix_.Dialogs, velorix_.Views, velorix_.Log, ShownRows());
+}
+
+/// In the order of the table, without the row of all.
+void frmGroups::WritePanels() {
+  if (run_) return velorix_.Views.ShowStatus("The groups are still being computed.");
+  if (rows_.size() != expected_ || rows_.empty())
+    return velorix_.Views.ShowStatus("Not all groups are computed.");
+  const std::vector<RecordGroup> groups = PartRecords(velorix_.Session, *Chosen());
+  std::vector<Panel> panels;
+  for (const GroupRow* row : ShownRows()) {
+    const auto place = static_cast<std::size_t>(row - rows_.data());
+    if (place < groups.size()) panels.push_back({row->Name, groups[place].Records, &row->Stats});
+  }
+  SavePanels(velorix_, panels);
 }
 
 void frmGroups::closeEvent(QCloseEvent* event) {

@@ -45,6 +45,7 @@ class frmGroups : public QWidget {
   std::vector<const GroupRow*> ShownRows() const;
   void Copy();
   void Export();
+  void WritePanels();
 
   Velorix& velorix_;
   QComboBox* ways_ = nullptr;

@@ -1,0 +1,206 @@
+#include "plot/net/panels.h"
+
+#include <string_view>
+
+#include "plot/net/stereo_view.h"
+
+namespace velorix {
+namespace {
+
+constexpr double Margin = 24, CaptionStep = 17, LegendGap = 20;
+constexpr std::int16_t CaptionHeight = 13;
+/// Lengths of a panel in diameters of its net: room at both sides and below, letters, symbols.
+constexpr double SideRoom = 0.14, LetterPart = 0.115, SymbolPart = 0.045;
+/// Where N ends, in the unit net: in the corner that the circle leaves free.
+constexpr double CountU = 1.1, CountV = -1.12;
+constexpr double LeastLetters = 5, MostLetters = 18, LeastSymbols = 3, MostSymbols = 7;
+/// Above a net stand its name and, a line lower, its label; lines are so many heights apart.
+constexpr double LineStep = 1.15;
+/// Scale at which thin lines become one unit wider.
+constexpr double LineScale = 1.5;
+/// Ellipses of a net below this diameter need no more points than one in so many degrees.
+constexpr double SmallNet = 150;
+constexpr int SmallNetStep = 6;
+
+/// Panels side by side and one below the other, all of a size.
+struct PanelGrid {
+  int columns = 1, rows = 1;
+  double diameter = 0, letters = 0, columnWidth = 0, rowHeight = 0;
+};
+
+/// So many columns in this room.
+PanelGrid GridOf(int columns, int panels, double width, double height) {
+  PanelGrid grid;
+  grid.columns = columns;
+  grid.rows = (panels + columns - 1) / columns;
+  grid.columnWidth = width / columns;
+  grid.rowHeight = height / grid.rows;
+  const double widest = grid.columnWidth / (1 + SideRoom);
+  const double highest = grid.rowHeight / (1 + SideRoom + 2 * LineStep * LetterPart);
+  grid.letters = std::clamp(LetterPart * std::min(widest, highest), LeastLetters, MostLetters);
+  grid.diameter = std::min(widest, grid.rowHeight / (1 + SideRoom) - 2 * LineStep * grid.letters);
+  return grid;
+}
+
+/// The grid with the largest nets.
+PanelGrid BestGrid(int panels, double width, double height) {
+  PanelGrid best = GridOf(1, panels, width, height);
+  for (int columns = 2; columns <= panels; ++columns) {
+    const PanelGrid grid = GridOf(columns, panels, width, height);
+    if (grid.diameter > best.diameter) best = grid;
+  }
+  return best;
+}
+
+/// The characters of UTF-8 text.
+std::vector<std::string_view> CharactersOf(std::string_view text) {
+  std::vector<std::string_view> characters;
+  for (std::size_t i = 0, end = 0; i < text.size(); i = end) {
+    for (end = i + 1; end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80;)
+      ++end;
+    characters.push_back(text.substr(i, end - i));
+  }
+  return characters;
+}
+
+bool IsControl(std::string_view character) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(character[i]); };
+  return byte(0) < 0x20 || byte(0) == 0x7F ||
+         (character.size() == 2 && byte(0) == 0xC2 && byte(1) < 0xA0);
+}
+
+/// In heights of bold Arial letters, rather too wide than too narrow.
+double WidthOf(std::string_view character) {
+  constexpr std::string_view Narrow = " fijlrt.,:;'!|()[]-/I", Wide = "mwMW@%";
+  if (character.size() > 1) return character.size() == 2 ? 0.7 : 1;
+  if (Narrow.find(character) != Narrow.npos) return 0.35;
+  if (Wide.find(character) != Wide.npos) return 0.9;
+  return character[0] >= 'A' && character[0] <= 'Z' ? 0.68 : 0.55;
+}
+
+/// Draws all panels on one page.
+class Panels {
+ public:
+  Panels(const Session& session, ErrorLevel level, Target& target, double s)
+      : session_(session), target_(target), s_(s) {
+    options_.level = level;
+  }
+
+  /// The panel whose net is `geometry`, with a room that wide for its name.
+  void Draw(const Panel& panel, const StereoGeometry& geometry, double width) const {
+    const StereoView view = ViewOf(geometry, *panel.Stats);
+    DrawSmallNet(target_, NamesOf(session_.CoorSys).Rim[0], EqualArea, view.net, Black,
+                 geometry.FontHeight());
+    int plotted = 0;
+    for (const bool selected : {false, true})
+      for (const int place : panel.Records) {
+        const SpecimenRecord& record = session_.Records[place];
+        if (record.Selected != selected || !view.Plots(record)) continue;
+        ++plotted;
+        DrawRecordSymbol(view, record, 0, std::nullopt);
+      }
+    DrawMeans(view);
+    DrawMeanEllipses(view);
+    view.Text("N = " + std::to_string(plotted), CountU, CountV, RightBaseline,
+              geometry.FontHeight());
+    Text(FittingText(panel.Name.empty() ? "(no name)" : panel.Name, width / geometry.fontHeight),
+         geometry.cx, geometry.cy - geometry.diameter * 0.51 - LineStep * geometry.fontHeight,
+         {.height = geometry.fontHeight, .alignment = CentreBaseline, .weight = 600});
+  }
+
+  /// What the symbols mean, from (x, y) to the right.
+  void DrawLegend(double x, double y) const {
+    constexpr double Radius = 500;  // of a net whose unit makes the places easy
+    const StereoGeometry geometry = {.cx = x, .cy = y, .diameter = 2 * Radius, .scale = s_};
+    const GroupStats none;
+    const StereoView view = ViewOf(geometry, none);
+    for (const PrincipalAxis& axis : Axes) {
+      view.Symbol(axis.symbol, (x - geometry.cx + 5) / Radius, 4 / Radius, axis.sizeFactor,
+                  axis.colour, Black);
+      Text(axis.name, x + 14, y, {.height = CaptionHeight});
+      x += 55;
+    }
+    Text("Filled: specimens. Open: means of the groups. Equal-area projection.", x, y,
+         {.height = CaptionHeight});
+  }
+
+  void Text(const std::string& text, double x, double y, TextStyle style) const {
+    style.height = ToShort(style.height * s_);
+    DrawText(target_, text, x * s_, y * s_, style);
+  }
+
+ private:
+  StereoView ViewOf(const StereoGeometry& geometry, const GroupStats& stats) const {
+    const std::int16_t lineWidth = std::max<std::int16_t>(1, ToShort(s_ / LineScale));
+    const int step = geometry.diameter < SmallNet ? SmallNetStep : 1;
+    return {session_.Records,
+            session_.CoorSys,
+            session_.ReImMode,
+            target_,
+            geometry,
+            options_,
+            stats,
+            session_.Settings,
+            geometry.OnTarget(),
+            lineWidth,
+            step};
+  }
+
+  const Session& session_;
+  Target& target_;
+  const double s_;
+  StereoOptions options_;
+};
+
+}  // namespace
+
+std::string FittingText(const std::string& text, double room) {
+  std::vector<std::string_view> characters = CharactersOf(text);
+  double width = 0;
+  for (std::string_view& character : characters) {
+    if (IsControl(character)) character = " ";
+    width += WidthOf(character);
+  }
+  std::size_t left = (characters.size() + 1) / 2, right = left;  // what the dots stand for
+  const bool dots = width > room;
+  if (dots) width += 3 * WidthOf(".");
+  while (width > room && (left > 1 || right < characters.size())) {
+    const bool fromLeft = left > characters.size() - right;
+    width -= WidthOf(characters[fromLeft ? --left : right++]);
+  }
+  std::string fitting;
+  for (std::size_t i = 0; i < left; ++i) fitting += characters[i];
+  if (dots) fitting += "...";
+  for (std::size_t i = right; i < characters.size(); ++i) fitting += characters[i];
+  return fitting;
+}
+
+void DrawPanels(const Session& session, std::span<const Panel> panels, ErrorLevel level,
+                const std::vector<std::string>& captions, Target& target, PlaneSize page,
+                double s) {
+  target.SetTransparent();
+  const Panels drawn(session, level, target, s);
+  const double width = page.width - 2 * Margin;
+  const double legend = page.height - Margin - CaptionStep * static_cast<double>(captions.size());
+  const auto count = static_cast<int>(panels.size());
+  const PanelGrid grid = BestGrid(std::max(count, 1), width, legend - LegendGap - Margin);
+  for (int i = 0; i < count; ++i) {
+    const double left = Margin + grid.columnWidth * (i % grid.columns);
+    const double top = Margin + grid.rowHeight * (i / grid.columns);
+    const StereoGeometry geometry = {
+        .cx = left + grid.columnWidth / 2,
+        .cy = top + 2 * LineStep * grid.letters + grid.diameter / 2,
+        .diameter = grid.diameter,
+        .symbolSize = ToShort(std::clamp(SymbolPart * grid.diameter, LeastSymbols, MostSymbols)),
+        .fontHeight = ToShort(grid.letters),
+        .scale = s};
+    drawn.Draw(panels[static_cast<std::size_t>(i)], geometry, grid.columnWidth);
+  }
+  drawn.DrawLegend(Margin, legend);
+  double y = legend;
+  for (const std::string& caption : captions)
+    drawn.Text(FittingText(caption, width / CaptionHeight), Margin, y += CaptionStep,
+               {.height = CaptionHeight});
+}
+
+}  // namespace velorix
