@@ -122,13 +122,14 @@ class GroupsWindowTest : public WindowTest {
   }
 
   void aLongComputationIsCancelledAndAClosedWindowStopsIt() {
-    W().Program.Bootstrap.Replicates = MostReplicates;
-    W().Open(W().WriteFile("long", 9000));
-    GroupBy(6, "5");  // some 90 groups of 100
+    W().Program.Bootstrap = {BootMethod::Parametric, MostReplicates, 1};
+    W().Asked.Files.push_back(FileAnswer{W().WriteFile("long", 9000), 1});
+    W().Run("mnuOpen");
+    GroupBy(6, "7");  // some 900 groups of 10
     Press("cmdCancel");
     QVERIFY(QTest::qWaitFor([this] { return The<QPushButton>("cmdCancel").isHidden(); }, 60'000));
     QVERIFY(Look("lblProgress").startsWith("Cancelled: "));
-    GroupBy(6, "4");
+    GroupBy(6, "7");
     W().Run("mnuGroups");
     QVERIFY(!W().Program.Windows.Groups);
   }
