@@ -185,8 +185,9 @@ void DrawPanels(const Session& session, std::span<const Panel> panels, ErrorLeve
   const auto count = static_cast<int>(panels.size());
   const PanelGrid grid = BestGrid(std::max(count, 1), width, legend - LegendGap - Margin);
   for (int i = 0; i < count; ++i) {
-    const double left = Margin + grid.columnWidth * (i % grid.columns);
-    const double top = Margin + grid.rowHeight * (i / grid.columns);
+    const int row = i / grid.columns, column = i % grid.columns;
+    const double left = Margin + grid.columnWidth * column;
+    const double top = Margin + grid.rowHeight * row;
     const StereoGeometry geometry = {
         .cx = left + grid.columnWidth / 2,
         .cy = top + 2 * LineStep * grid.letters + grid.diameter / 2,
