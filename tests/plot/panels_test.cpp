@@ -85,7 +85,7 @@ TEST(Panels, EveryGroupHasANetOfTheSameSizeInItsOwnRoomOnThePage) {
     }
   // Forty nets, 8 by 5, are as wide as eight columns allow.
   const LogicalBox forty = Rims(Study(40).Draw()).front();
-  EXPECT_GT(forty.right - forty.left, 900 / 8 * 0.75);
+  EXPECT_GT(forty.right - forty.left, 900 * 0.75 / 8);
 }
 
 TEST(Panels, ShowsTheRecordsInViewOfEachGroupAndWhatItsStatisticsReached) {
