@@ -18,23 +18,28 @@ class CommandsTest : public WindowTest {
   void init() { window_.emplace(); }
 
   void menusHaveTheseItemsAndKeys() {
-    const QStringList menus = {
-        "File: New, Open Ctrl+O, Open Previous Ctrl+P, Open Next Ctrl+N, Reload Ctrl+R, (Save), -, "
-        "Save As Ctrl+S, Save Select Record(s) As Ctrl+A, Export Ctrl+E, -, Close Ctrl+X, -, "
-        "Exit Program Ctrl+Q",
-        "Graphics: Copy To Clipboard Ctrl+C, Save To File Ctrl+F, (Redraw), -, Print Ctrl+Shift+P",
-        "Edit: Edit Orientation Data F2, (Rotate Data), Geological File Editor, -, Undo Ctrl+Z, "
-        "Redo Ctrl+Shift+Z",
-        "Analysis: Group Statistics F9, (Bootstrap Statistics F11), Contour Plot F12, "
-        "(Calculate Field Independent Tensor Ctrl+I), -, Plane from Lineations, "
-        "Groups Ctrl+G",
-        "View: Data Table F1, -, Kre F3, Kim F4, -, Specimen F5, Geographic F6, "
-        "Paleogeographic F7, Tectonic F8, -, Invert Selection Ctrl+Ins, "
-        "Disregard Selected Record(s) Del, Restore All Records Alt+Backspace, -, "
-        "Clear Selection Ctrl+Shift+F12",
-        "Settings: Orientation Parameters, Anisotropy Quantitative Factors, -, "
-        "Keep Former File as NAME~",
-        "About: About, Manual Shift+F1"};
+    const QStringList menus =
+        QString(
+            "File: New, Open Ctrl+O, Open Previous Ctrl+P, Open Next Ctrl+N, Reload Ctrl+R, "
+            "(Save), -, "
+            "Save As Ctrl+S, Save Select Record(s) As Ctrl+A, Export Ctrl+E, -, Close Ctrl+X, -, "
+            "Exit Program Ctrl+Q\n"
+            "Graphics: Copy To Clipboard Ctrl+C, Save To File Ctrl+F, (Redraw), -, Print "
+            "Ctrl+Shift+P\n"
+            "Edit: Edit Orientation Data F2, (Rotate Data), Geological File Editor, -, Undo "
+            "Ctrl+Z, "
+            "Redo Ctrl+Shift+Z\n"
+            "Analysis: Group Statistics F9, (Bootstrap Statistics F11), Contour Plot F12, "
+            "(Calculate Field Independent Tensor Ctrl+I), -, Plane from Lineations, "
+            "Groups Ctrl+G\n"
+            "View: Data Table F1, -, Kre F3, Kim F4, -, Specimen F5, Geographic F6, "
+            "Paleogeographic F7, Tectonic F8, -, Invert Selection Ctrl+Ins, "
+            "Disregard Selected Record(s) Del, Restore All Records Alt+Backspace, -, "
+            "Clear Selection Ctrl+Shift+F12\n"
+            "Settings: Orientation Parameters, Anisotropy Quantitative Factors, -, "
+            "Keep Former File as NAME~\n"
+            "About: About, Manual Shift+F1")
+            .split('\n');
     QStringList shown;
     for (const QAction* menu : W().Window.menuBar()->actions()) {
       QStringList items;
