@@ -6,7 +6,7 @@
 #include "datafiles/file_faults.h"
 #include "datafiles/preferences_file.h"
 #include "datafiles/settings_file.h"
-#include "stats/gauss_random.h"
+#include "stats/group/gauss_random.h"
 #include "text/paths.h"
 
 #ifndef VELORIX_VERSION

@@ -6,7 +6,7 @@
 
 #include "app/state/debug_log.h"
 #include "app/state/host.h"
-#include "stats/contour_grid.h"
+#include "stats/density/contour_grid.h"
 #include "store/session.h"
 
 namespace velorix {

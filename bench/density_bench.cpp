@@ -22,8 +22,8 @@
 
 #include "base/rounding.h"
 #include "bench/ratio.h"
-#include "stats/density.h"
-#include "stats/density_sums.h"
+#include "stats/density/density.h"
+#include "stats/density/density_sums.h"
 
 namespace velorix {
 namespace {

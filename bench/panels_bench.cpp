@@ -13,7 +13,7 @@
 #include "plot/drawing/metafile_target.h"
 #include "plot/net/net.h"
 #include "plot/net/panels.h"
-#include "stats/study.h"
+#include "stats/study/study.h"
 #include "tensor/derivation.h"
 #include "tensor/rotations.h"
 

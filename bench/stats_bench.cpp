@@ -9,9 +9,9 @@
 #include <random>
 
 #include "bench/ratio.h"
-#include "stats/bootstrap.h"
-#include "stats/gauss_random.h"
-#include "stats/jacobi.h"
+#include "stats/group/bootstrap.h"
+#include "stats/group/gauss_random.h"
+#include "stats/group/jacobi.h"
 
 namespace velorix {
 namespace {

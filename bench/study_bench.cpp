@@ -9,7 +9,7 @@
 #include <random>
 
 #include "bench/ratio.h"
-#include "stats/study.h"
+#include "stats/study/study.h"
 
 namespace velorix {
 namespace {

@@ -13,9 +13,9 @@
 #include <random>
 #include <vector>
 
-#include "stats/bootstrap.h"
-#include "stats/confidence_region.h"
-#include "stats/hext.h"
+#include "stats/group/bootstrap.h"
+#include "stats/group/confidence_region.h"
+#include "stats/group/hext.h"
 
 namespace {
 

@@ -13,7 +13,7 @@
 #include "datafiles/autosave_file.h"
 #include "platform/qt/parts/qt_dialogs.h"
 #include "platform/qt/parts/theme.h"
-#include "stats/contour_grid.h"
+#include "stats/density/contour_grid.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;

@@ -5,7 +5,7 @@
 #include "app/state/debug_log.h"
 #include "app/state/dialogs.h"
 #include "app/state/views.h"
-#include "stats/study.h"
+#include "stats/study/study.h"
 #include "store/session.h"
 
 namespace velorix {

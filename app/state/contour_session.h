@@ -4,8 +4,8 @@
 #include <string>
 
 #include "plot/plots/contour.h"
-#include "stats/contour_grid.h"
-#include "stats/density.h"
+#include "stats/density/contour_grid.h"
+#include "stats/density/density.h"
 
 namespace velorix {
 

@@ -16,7 +16,7 @@
 #include "plot/axes/columns.h"
 #include "plot/net/stereo.h"
 #include "plot/plots/xy_plot.h"
-#include "stats/group_statistics.h"
+#include "stats/group/group_statistics.h"
 #include "store/session.h"
 
 namespace velorix {

@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "stats/group_statistics.h"
+#include "stats/group/group_statistics.h"
 #include "store/settings.h"
 
 namespace velorix {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "stats/study.h"
+#include "stats/study/study.h"
 #include "store/settings.h"
 
 namespace velorix {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "stats/study.h"
+#include "stats/study/study.h"
 #include "store/settings.h"
 
 namespace velorix {

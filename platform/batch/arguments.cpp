@@ -13,7 +13,7 @@
 #include "platform/batch/groups_output.h"
 #include "platform/batch/untilt_output.h"
 #include "platform/painting/picture_file.h"
-#include "stats/grouping.h"
+#include "stats/study/grouping.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
 

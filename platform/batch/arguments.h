@@ -5,7 +5,7 @@
 #include <variant>
 #include <vector>
 
-#include "stats/bootstrap.h"
+#include "stats/group/bootstrap.h"
 
 namespace velorix {
 

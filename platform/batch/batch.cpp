@@ -29,7 +29,7 @@
 #include "platform/batch/untilt_output.h"
 #include "platform/painting/picture_file.h"
 #include "plot/plots/untilting.h"
-#include "stats/gauss_random.h"
+#include "stats/group/gauss_random.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
 

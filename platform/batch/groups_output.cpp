@@ -8,8 +8,8 @@
 #include "platform/batch/json.h"
 #include "platform/batch/json_writer.h"
 #include "platform/batch/progress.h"
-#include "stats/comparison.h"
-#include "stats/study.h"
+#include "stats/study/comparison.h"
+#include "stats/study/study.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
 

@@ -6,7 +6,7 @@
 
 #include "app/files/graphics_page.h"
 #include "app/state/velorix.h"
-#include "stats/grouping.h"
+#include "stats/study/grouping.h"
 
 namespace velorix {
 

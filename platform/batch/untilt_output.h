@@ -4,7 +4,7 @@
 #include <string>
 
 #include "app/state/velorix.h"
-#include "stats/untilting.h"
+#include "stats/study/untilting.h"
 
 namespace velorix {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "plot/drawing/target.h"
-#include "stats/group_statistics.h"
+#include "stats/group/group_statistics.h"
 #include "store/session.h"
 
 namespace velorix {

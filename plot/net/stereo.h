@@ -9,7 +9,7 @@
 #include "base/slots.h"
 #include "plot/axes/columns.h"
 #include "plot/net/net.h"
-#include "stats/group_statistics.h"
+#include "stats/group/group_statistics.h"
 #include "store/coordinates.h"
 #include "store/record_array.h"
 

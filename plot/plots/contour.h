@@ -5,7 +5,7 @@
 
 #include "base/slots.h"
 #include "plot/net/net.h"
-#include "stats/density.h"
+#include "stats/density/density.h"
 #include "store/coordinates.h"
 
 namespace velorix {

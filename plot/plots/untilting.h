@@ -1,7 +1,7 @@
 #pragma once
 
 #include "plot/axes/plot_axis.h"
-#include "stats/untilting.h"
+#include "stats/study/untilting.h"
 
 namespace velorix {
 

@@ -1,4 +1,4 @@
-#include "stats/comparison.h"
+#include "stats/study/comparison.h"
 
 #include <gtest/gtest.h>
 

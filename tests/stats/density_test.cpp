@@ -9,9 +9,9 @@
 
 #include "base/fault.h"
 #include "base/rounding.h"
-#include "stats/contour_grid.h"
-#include "stats/density.h"
-#include "stats/density_sums.h"
+#include "stats/density/contour_grid.h"
+#include "stats/density/density.h"
+#include "stats/density/density_sums.h"
 #include "tensor/directions.h"
 
 namespace velorix {

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "stats/gauss_random.h"
+#include "stats/group/gauss_random.h"
 
 namespace velorix {
 

@@ -5,8 +5,8 @@
 #include <cmath>
 #include <random>
 
-#include "stats/group_statistics.h"
-#include "stats/jacobi.h"
+#include "stats/group/group_statistics.h"
+#include "stats/group/jacobi.h"
 #include "tensor/derivation.h"
 #include "tensor/rotations.h"
 #include "tests/stats/gauss_table.h"

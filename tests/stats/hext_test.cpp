@@ -1,4 +1,4 @@
-#include "stats/hext.h"
+#include "stats/group/hext.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "stats/tensor_statistics.h"
+#include "stats/group/tensor_statistics.h"
 
 namespace velorix {
 

@@ -1,4 +1,4 @@
-#include "stats/study.h"
+#include "stats/study/study.h"
 
 #include <gtest/gtest.h>
 

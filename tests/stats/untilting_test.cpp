@@ -1,4 +1,4 @@
-#include "stats/untilting.h"
+#include "stats/study/untilting.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,298 @@
+#include "platform/qt/statistics/groups_window.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include "app/display/display.h"
+#include "app/display/shown_group.h"
+#include "app/files/export_groups.h"
+#include "app/files/export_panels.h"
+#include "app/tables/study_table.h"
+#include "platform/qt/parts/busy_cursor.h"
+#include "platform/qt/parts/change_buttons.h"
+#include "platform/qt/parts/widgets.h"
+
+namespace velorix {
+namespace {
+
+/// A way of parting the records: its word, which `detail` follows where it asks for one.
+struct Way {
+  const char *Caption, *Word, *Detail;
+};
+constexpr Way Ways[] = {{"File", "file", ""},
+                        {"Site", "site", ""},
+                        {"Rock", "rock", ""},
+                        {"Stratigraphy", "strat", ""},
+                        {"Lithology", "litho", ""},
+                        {"Region", "regio", ""},
+                        {"Name, first characters", "name:", "3"},
+                        {"Name up to a character", "name-until:", "-"}};
+constexpr int RowRole = Qt::UserRole, ValueRole = Qt::UserRole + 1;
+
+/// A cell that is sorted by its number where it has one; an empty one stands behind all others.
+class Cell : public QTableWidgetItem {
+ public:
+  Cell(const StudyCell& cell, int row) : QTableWidgetItem(ToQString(cell.Text)) {
+    setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
+    setData(RowRole, row);
+    if (!cell.Value) return;
+    setData(ValueRole, *cell.Value);
+    setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  }
+
+  bool operator<(const QTableWidgetItem& other) const override {
+    const QVariant own = data(ValueRole), its = other.data(ValueRole);
+    if (own.isValid() && its.isValid()) return own.toDouble() < its.toDouble();
+    if (own.isValid() || its.isValid()) return own.isValid();
+    return text() < other.text();
+  }
+};
+
+}  // namespace
+
+frmGroups::frmGroups(Velorix& velorix, QWidget* owner)
+    : QWidget(owner, Qt::Window), velorix_(velorix) {
+  setObjectName("frmGroups");
+  setWindowTitle("Groups");
+  setAttribute(Qt::WA_QuitOnClose, false);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(8, 8, 8, 8);
+  column->addLayout(MakeChoices());
+  heading_ = new QLabel(this);
+  heading_->setObjectName("lblGroupsOf");
+  heading_->setTextFormat(Qt::PlainText);
+  heading_->setWordWrap(true);
+  column->addWidget(heading_);
+  table_ = new QTableWidget(this);
+  table_->setObjectName("grdGroups");
+  table_->setAccessibleName("Groups");
+  table_->setToolTip(
+      "A row a group. A click on a row selects its records, one on a header sorts by its column");
+  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+  table_->setAlternatingRowColors(true);
+  table_->setWordWrap(false);
+  table_->setTabKeyNavigation(false);
+  table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  table_->verticalHeader()->hide();
+  table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+  connect(table_, &QTableWidget::itemSelectionChanged, this, [this] { SelectRecordsOfRows(); });
+  column->addWidget(table_, 1);
+  column->addLayout(MakeCommands());
+  // Over the lower part of the main window, so that the net's data stay in sight.
+  const QWidget* main = owner->window();
+  resize(main->width() - 40, main->height() * 2 / 5);
+  move(main->x() + 20, main->y() + main->height() * 3 / 5);
+  Refresh();
+}
+
+frmGroups::~frmGroups() = default;
+
+QLayout* frmGroups::MakeChoices() {
+  auto* row = new QHBoxLayout;
+  auto* caption = new QLabel("&Group by:", this);
+  ways_ = new QComboBox(this);
+  ways_->setObjectName("cboGroupBy");
+  ways_->setToolTip("What parts the records in view into groups");
+  for (const Way& way : Ways) ways_->addItem(way.Caption);
+  ways_->setCurrentIndex(1);
+  caption->setBuddy(ways_);
+  connect(ways_, &QComboBox::activated, this, [this] { ChooseWay(); });
+  detail_ = new QLineEdit(this);
+  detail_->setObjectName("txtGroupBy");
+  detail_->setAccessibleName("Characters of the name");
+  detail_->setToolTip("How many characters of the name, or the character that ends it");
+  detail_->setMaximumWidth(fontMetrics().horizontalAdvance("000000"));
+  detail_->hide();
+  connect(detail_, &QLineEdit::editingFinished, this, [this] { Refresh(); });
+  progress_ = new QLabel(this);
+  progress_->setObjectName("lblProgress");
+  progress_->setTextFormat(Qt::PlainText);
+  progress_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  progress_->setWordWrap(true);
+  cancel_ = MakeButton<QPushButton>("cmdCancel", "Ca&ncel", "Stop computing", this);
+  connect(cancel_, &QPushButton::clicked, this, [this] {
+    if (run_) run_->Stop();
+  });
+  row->addWidget(caption);
+  row->addWidget(ways_);
+  row->addWidget(detail_);
+  row->addWidget(progress_, 1);
+  row->addWidget(cancel_);
+  return row;
+}
+
+QLayout* frmGroups::MakeCommands() {
+  auto* row = new QHBoxLayout;
+  const auto button = [&](const char* name, const char* caption, const char* tip) {
+    QPushButton* made = MakeDialogButton(name, caption, tip, this);
+    row->addWidget(made);
+    return made;
+  };
+  row->addStretch(1);
+  connect(button("cmdCopy", "&Copy", "Copy the table as tab-separated text [Ctrl+C]"),
+          &QPushButton::clicked, this, [this] { Copy(); });
+  connect(button("cmdExport", "&Export...", "Write the table into a file of comma-separated text"),
+          &QPushButton::clicked, this, [this] { Work(velorix_, [this] { Export(); }); });
+  connect(button("cmdPanels", "&Panels...", "Write a small net a group, all on one page"),
+          &QPushButton::clicked, this, [this] { Work(velorix_, [this] { WritePanels(); }); });
+  connect(button("cmdCLOSE", "Close", "Close the groups [Esc]"), &QPushButton::clicked, this,
+          &QWidget::close);
+  connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, [this] { Copy(); });
+  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
+  return row;
+}
+
+std::optional<GroupBy> frmGroups::Chosen() const {
+  const Way& way = Ways[ways_->currentIndex()];
+  return ParseGroupBy(way.Word + (*way.Detail ? detail_->text().toStdString() : ""));
+}
+
+void frmGroups::ChooseWay() {
+  const Way& way = Ways[ways_->currentIndex()];
+  detail_->setVisible(*way.Detail);
+  detail_->setText(way.Detail);
+  Refresh();
+}
+
+void frmGroups::Refresh() {
+  const QSignalBlocker quiet(table_);  // rows that go leave the records selected
+  run_.reset();
+  rows_.clear();
+  records_.clear();
+  stopped_ = false;
+  const Session& session = velorix_.Session;
+  table_->setSortingEnabled(false);
+  table_->clear();
+  const std::vector<std::string> header =
+      StudyHeader(session.Settings, velorix_.Plots.Stereo.level);
+  table_->setColumnCount(static_cast<int>(header.size()));
+  for (int column = 0; column < table_->columnCount(); ++column)
+    table_->setHorizontalHeaderItem(
+        column, new QTableWidgetItem(ToQString(header[static_cast<std::size_t>(column)])));
+  const auto by = Chosen();
+  std::vector<RecordGroup> groups = by ? PartRecords(session, *by) : std::vector<RecordGroup>();
+  for (const RecordGroup& group : groups) {
+    std::vector<int>& ids = records_.emplace_back();
+    for (const int record : group.Records) ids.push_back(session.Records[record].RecordNo);
+  }
+  expected_ = groups.empty() ? 0 : groups.size() + 1;
+  table_->setRowCount(static_cast<int>(expected_));
+  if (!groups.empty())
+    run_ = std::make_unique<StudyRun>(
+        session, std::move(groups), velorix_.Bootstrap, velorix_.GaussTable, *this,
+        StudyRun::Hearer{[this](std::vector<GroupRow> rows) { Take(std::move(rows)); },
+                         [this](bool stopped) { Finish(stopped); }});
+  Say();
+}
+
+void frmGroups::Take(std::vector<GroupRow> rows) {
+  for (GroupRow& row : rows) {
+    FillRow(static_cast<int>(rows_.size()), row);
+    rows_.push_back(std::move(row));
+  }
+  Say();
+}
+
+void frmGroups::FillRow(int row, const GroupRow& group) {
+  int column = 0;
+  for (const StudyCell& cell : StudyCells(group, velorix_.Plots.Stereo.level)) {
+    auto* item = new Cell(cell, row);
+    if (!group.Failure.empty()) item->setToolTip(ToQString(IncompleteText(group.Failure)));
+    table_->setItem(row, column++, item);
+  }
+}
+
+void frmGroups::Finish(bool stopped) {
+  const QSignalBlocker quiet(table_);
+  stopped_ = stopped;
+  run_.reset();
+  table_->setRowCount(static_cast<int>(rows_.size()));
+  table_->resizeColumnsToContents();
+  table_->setSortingEnabled(true);  // as before
+  Say();
+}
+
+/// The heading, how far the work is, and the failures.
+void frmGroups::Say() {
+  const Session& session = velorix_.Session;
+  int inView = 0;
+  for (const std::vector<int>& group : records_) inView += static_cast<int>(group.size());
+  heading_->setText(ToQString(GroupHeading(session, GroupInView(session), inView)) +
+                    QString(", %1 groups. Ellipses: ").arg(records_.size()) +
+                    ToQString(LevelText(velorix_.Plots.Stereo.level) +
+                              ". Bootstrap: " + TextOf(velorix_.Bootstrap)));
+  cancel_->setVisible(run_ != nullptr);
+  if (run_)
+    progress_->setText(QString("%1 of %2 groups").arg(rows_.size()).arg(expected_ - 1));
+  else if (stopped_)
+    progress_->setText(QString("Cancelled: %1 of %2 groups").arg(rows_.size()).arg(expected_ - 1));
+  else if (!Chosen())
+    progress_->setText("A number of at least 1, or one character, is needed.");
+  else
+    progress_->setText(ToQString(FailuresText(rows_)));
+}
+
+void frmGroups::SelectRecordsOfRows() {
+  std::vector<int> ids;
+  for (const QModelIndex& index : table_->selectionModel()->selectedRows()) {
+    const QTableWidgetItem* item = table_->item(index.row(), 0);
+    if (!item) continue;
+    const auto row = static_cast<std::size_t>(item->data(RowRole).toInt());
+    for (std::size_t i = 0; i < records_.size(); ++i)
+      if (i == row || row == records_.size())
+        ids.insert(ids.end(), records_[i].begin(), records_[i].end());
+  }
+  Work(velorix_, [&] { SelectRecords(velorix_, ids); });
+}
+
+/// The rows in the order of the table.
+std::vector<const GroupRow*> frmGroups::ShownRows() const {
+  std::vector<const GroupRow*> rows;
+  for (int row = 0; row < table_->rowCount(); ++row)
+    if (const QTableWidgetItem* item = table_->item(row, 0))
+      rows.push_back(&rows_[static_cast<std::size_t>(item->data(RowRole).toInt())]);
+  return rows;
+}
+
+void frmGroups::Copy() {
+  QApplication::clipboard()->setText(
+      ToQString(StudyText(ShownRows(), velorix_.Session.Settings, velorix_.Plots.Stereo.level,
+                          heading_->text().toStdString())));
+}
+
+void frmGroups::Export() {
+  if (run_) return velorix_.Views.ShowStatus("The groups are still being computed.");
+  ExportGroups(velorix_.Session, velorix_.Dialogs, velorix_.Views, velorix_.Log, ShownRows());
+}
+
+/// In the order of the table, without the row of all.
+void frmGroups::WritePanels() {
+  if (run_) return velorix_.Views.ShowStatus("The groups are still being computed.");
+  if (rows_.size() != expected_ || rows_.empty())
+    return velorix_.Views.ShowStatus("Not all groups are computed.");
+  const std::vector<RecordGroup> groups = PartRecords(velorix_.Session, *Chosen());
+  std::vector<Panel> panels;
+  for (const GroupRow* row : ShownRows()) {
+    const auto place = static_cast<std::size_t>(row - rows_.data());
+    if (place < groups.size()) panels.push_back({row->Name, groups[place].Records, &row->Stats});
+  }
+  SavePanels(velorix_, panels);
+}
+
+void frmGroups::closeEvent(QCloseEvent* event) {
+  QWidget::closeEvent(event);
+  if (OnClose) OnClose();
+}
+
+}  // namespace velorix
