@@ -24,6 +24,7 @@ struct NullTarget : Target {
   std::size_t points = 0;
 
   void SetTransparent() override {}
+  void Region(std::span<const std::vector<LogicalPoint>>, Colour) override {}
   void Polygon(std::span<const LogicalPoint> p, const Pen&, Brush) override { points += p.size(); }
   void Polyline(std::span<const LogicalPoint> p, const Pen&) override { points += p.size(); }
   void Ellipse(const LogicalBox&, const Pen&, Brush) override { ++points; }

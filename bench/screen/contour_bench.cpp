@@ -36,6 +36,7 @@ struct Nodes : Target {
   std::vector<Colour> pixels;
 
   void SetTransparent() override {}
+  void Region(std::span<const std::vector<LogicalPoint>>, Colour) override {}
   void Polygon(std::span<const LogicalPoint>, const Pen&, Brush) override {}
   void Polyline(std::span<const LogicalPoint>, const Pen&) override {}
   void Ellipse(const LogicalBox&, const Pen&, Brush) override {}

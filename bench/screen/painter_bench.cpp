@@ -60,6 +60,7 @@ struct PlainTarget : Target {
     return polygon;
   }
   void SetTransparent() override {}
+  void Region(std::span<const std::vector<LogicalPoint>>, Colour) override {}
   void Polygon(std::span<const LogicalPoint> p, const Pen& pen, Brush brush) override {
     Use(pen, brush);
     painter.drawPolygon(Points(p));

@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <QPaintDevice>
+#include <QPainterPath>
 #include <QPolygonF>
 #include <algorithm>
 #include <cmath>
@@ -111,6 +112,17 @@ void PainterTarget::SetTransparent() { painter_.setBackgroundMode(Qt::Transparen
 
 void PainterTarget::Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) {
   Draw(Kind::Polygon, points, pen, brush);
+}
+
+void PainterTarget::Region(std::span<const std::vector<LogicalPoint>> borders, Colour fill) {
+  QPainterPath path;  // of odd-even filling
+  for (const std::vector<LogicalPoint>& border : borders) {
+    QPolygonF polygon;
+    for (const LogicalPoint point : border) polygon.append(fine_.ToDevice(point.x, point.y));
+    path.addPolygon(polygon);
+    path.closeSubpath();
+  }
+  painter_.fillPath(path, ToQColor(fill));
 }
 
 void PainterTarget::Polyline(std::span<const LogicalPoint> points, const Pen& pen) {

@@ -30,6 +30,7 @@ enum Function : std::uint16_t {
   MetaEllipse = 0x0418,
   MetaSetPixel = 0x041F,
   MetaTextOut = 0x0521,
+  MetaPolyPolygon = 0x0538,
 };
 
 constexpr int Transparent = 1, Anisotropic = 8;
@@ -180,6 +181,22 @@ void MetafileTarget::Polygon(std::span<const LogicalPoint> points, const Pen& pe
   SelectPen(pen);
   SelectBrush(brush);
   Points(MetaPolygon, points.first(std::min(points.size(), MostPoints)));
+}
+
+/// Alternate filling, which a metafile begins with, leaves holes within borders.
+void MetafileTarget::Region(std::span<const std::vector<LogicalPoint>> borders, Colour fill) {
+  const auto longest = [](const std::vector<LogicalPoint>& border) {
+    return std::span(border).first(std::min(border.size(), MostPoints));
+  };
+  SelectPen({.style = NoLine});
+  SelectBrush(fill);
+  const std::size_t start = Begin(MetaPolyPolygon);
+  Word(static_cast<std::int64_t>(borders.size()));
+  for (const std::vector<LogicalPoint>& border : borders)
+    Word(static_cast<std::int64_t>(longest(border).size()));
+  for (const std::vector<LogicalPoint>& border : borders)
+    for (const LogicalPoint point : longest(border)) Place(point);
+  End(start);
 }
 
 void MetafileTarget::Polyline(std::span<const LogicalPoint> points, const Pen& pen) {

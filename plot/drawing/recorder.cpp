@@ -5,28 +5,31 @@
 
 namespace velorix {
 
-void Recorder::SetTransparent() { calls.push_back(TransparentCall{}); }
+void Recorder::SetTransparent() { calls.emplace_back(TransparentCall{}); }
 void Recorder::Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) {
-  calls.push_back(PolygonCall{{points.begin(), points.end()}, pen, brush});
+  calls.emplace_back(PolygonCall{{points.begin(), points.end()}, pen, brush});
+}
+void Recorder::Region(std::span<const std::vector<LogicalPoint>> borders, Colour fill) {
+  calls.emplace_back(RegionCall{{borders.begin(), borders.end()}, fill});
 }
 void Recorder::Polyline(std::span<const LogicalPoint> points, const Pen& pen) {
-  calls.push_back(PolylineCall{{points.begin(), points.end()}, pen});
+  calls.emplace_back(PolylineCall{{points.begin(), points.end()}, pen});
 }
 void Recorder::Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) {
-  calls.push_back(EllipseCall{box, pen, brush});
+  calls.emplace_back(EllipseCall{box, pen, brush});
 }
 void Recorder::Pixel(LogicalPoint point, Colour colour) {
-  calls.push_back(PixelCall{point, colour});
+  calls.emplace_back(PixelCall{point, colour});
 }
 void Recorder::Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) {
-  calls.push_back(RasterCall{corner, width, {pixels.begin(), pixels.end()}});
+  calls.emplace_back(RasterCall{corner, width, {pixels.begin(), pixels.end()}});
 }
 void Recorder::Ramp(std::span<const std::int32_t> sides, std::int32_t bottom,
                     std::span<const Colour> colours) {
-  calls.push_back(RampCall{{sides.begin(), sides.end()}, bottom, {colours.begin(), colours.end()}});
+  calls.emplace_back(RampCall{{sides.begin(), sides.end()}, bottom, {colours.begin(), colours.end()}});
 }
 void Recorder::Text(std::string_view text, LogicalPoint point, const TextStyle& style) {
-  calls.push_back(TextCall{std::string(text), point, style});
+  calls.emplace_back(TextCall{std::string(text), point, style});
 }
 
 namespace {
@@ -35,6 +38,7 @@ struct Player {
   Target& target;
   void operator()(const TransparentCall&) const { target.SetTransparent(); }
   void operator()(const PolygonCall& c) const { target.Polygon(c.points, c.pen, c.brush); }
+  void operator()(const RegionCall& c) const { target.Region(c.borders, c.fill); }
   void operator()(const PolylineCall& c) const { target.Polyline(c.points, c.pen); }
   void operator()(const EllipseCall& c) const { target.Ellipse(c.box, c.pen, c.brush); }
   void operator()(const PixelCall& c) const { target.Pixel(c.point, c.colour); }
@@ -70,6 +74,11 @@ struct Writer {
   std::string operator()(const TransparentCall&) const { return "transparent"; }
   std::string operator()(const PolygonCall& c) const {
     return "polygon" + Of(c.points) + Of(c.pen) + Of(c.brush);
+  }
+  std::string operator()(const RegionCall& c) const {
+    std::string text = "region";
+    for (const std::vector<LogicalPoint>& border : c.borders) text += Of(border) + " /";
+    return text + " " + Hex(c.fill);
   }
   std::string operator()(const PolylineCall& c) const {
     return "polyline" + Of(c.points) + Of(c.pen);

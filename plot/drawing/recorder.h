@@ -19,6 +19,11 @@ struct PolygonCall {
   velorix::Brush brush;
   bool operator==(const PolygonCall&) const = default;
 };
+struct RegionCall {
+  std::vector<std::vector<LogicalPoint>> borders;
+  Colour fill = Black;
+  bool operator==(const RegionCall&) const = default;
+};
 struct PolylineCall {
   std::vector<LogicalPoint> points;
   velorix::Pen pen;
@@ -54,8 +59,8 @@ struct TextCall {
   bool operator==(const TextCall&) const = default;
 };
 
-using DrawCall = std::variant<TransparentCall, PolygonCall, PolylineCall, EllipseCall, PixelCall,
-                              RasterCall, RampCall, TextCall>;
+using DrawCall = std::variant<TransparentCall, PolygonCall, RegionCall, PolylineCall, EllipseCall,
+                              PixelCall, RasterCall, RampCall, TextCall>;
 
 /// A target that remembers what was drawn on it, in order.
 struct Recorder : Target {
@@ -64,6 +69,7 @@ struct Recorder : Target {
   explicit Recorder(int fineness = 1) : Target(fineness) {}
   void SetTransparent() override;
   void Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) override;
+  void Region(std::span<const std::vector<LogicalPoint>> borders, Colour fill) override;
   void Polyline(std::span<const LogicalPoint> points, const Pen& pen) override;
   void Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) override;
   void Pixel(LogicalPoint point, Colour colour) override;

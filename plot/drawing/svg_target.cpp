@@ -216,6 +216,16 @@ void SvgTarget::Polygon(std::span<const LogicalPoint> points, const Pen& pen, Br
   repeats ? PutShape(points[0], shape) : Put("<" + shape + "/>");
 }
 
+void SvgTarget::Region(std::span<const std::vector<LogicalPoint>> borders, Colour fill) {
+  std::string outline;
+  for (const std::vector<LogicalPoint>& border : borders)
+    if (!border.empty()) outline += PathFrom({}, border) + "z";
+  std::string shape = "<path";
+  AppendAttribute(shape, "d", outline);
+  AppendColour(shape, "fill", fill);
+  Put(shape += " fill-rule=\"evenodd\" stroke=\"none\"/>");
+}
+
 void SvgTarget::Polyline(std::span<const LogicalPoint> points, const Pen& pen) {
   if (points.size() < 2) return;
   const bool repeats = IsSmall(points);
@@ -273,7 +283,7 @@ void SvgTarget::Raster(LogicalPoint corner, int width, std::span<const Colour> p
       path += ' ';
       AppendFine(path, corner.y + Fine * static_cast<std::int64_t>(row));
       const std::string length = std::to_string(to - from);
-      path += "h" + length + "v1h-" + length + "z";
+      path.append("h").append(length).append("v1h-").append(length).append("z");
     }
   for (const auto& [colour, path] : paths) {
     std::string element = "<path shape-rendering=\"crispEdges\" stroke=\"none\"";

@@ -25,6 +25,7 @@ class SvgTarget : public Target {
   void Layer(std::string_view name) override;
   void SetTransparent() override {}
   void Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) override;
+  void Region(std::span<const std::vector<LogicalPoint>> borders, Colour fill) override;
   void Polyline(std::span<const LogicalPoint> points, const Pen& pen) override;
   void Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) override;
   void Pixel(LogicalPoint point, Colour colour) override;

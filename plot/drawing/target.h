@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace velorix {
 
@@ -98,6 +99,8 @@ struct Target {
   /// Text and dashed lines paint no background from here on; a composition begins with it.
   virtual void SetTransparent() = 0;
   virtual void Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) = 0;
+  /// What lies within an odd number of the closed borders, without an outline.
+  virtual void Region(std::span<const std::vector<LogicalPoint>> borders, Colour fill) = 0;
   virtual void Polyline(std::span<const LogicalPoint> points, const Pen& pen) = 0;
   virtual void Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) = 0;
   virtual void Pixel(LogicalPoint point, Colour colour) = 0;

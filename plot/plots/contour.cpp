@@ -7,6 +7,7 @@
 
 #include "base/rounding.h"
 #include "plot/drawing/colour_scales.h"
+#include "stats/density/density_curves.h"
 #include "text/numbers.h"
 
 namespace velorix {
@@ -26,6 +27,8 @@ struct ContourView {
   ContourLevels levels;
 
   bool Counted() const { return count.ContourNodeCount > 0; }
+  /// Levels filled between their curves.
+  bool HasBands() const { return options.curves && options.discrete; }
 
   std::int16_t LevelIndex(float density) const {
     return ToShort(std::floor(density / static_cast<float>(levels.Step)));
@@ -67,20 +70,47 @@ void BlackenContours(ContourGrid& grid) {
     }
 }
 
-/// The nodes as they are painted: as coloured, computed ones marked where the options say so.
+/// The nodes as they are painted: as coloured, unless curves stand for the colours of levels, and
+/// computed ones marked where the options say so.
 void PaintNodes(const ContourView& view, const ContourGrid& grid) {
   std::vector<Colour> pixels(grid.Colour);
   for (std::size_t n = 0; n < pixels.size(); ++n)
-    if (!grid.Inside[n]) pixels[n] = NoColour;
+    if (!grid.Inside[n] || view.HasBands()) pixels[n] = NoColour;
   if (view.options.showGridPoints)
     for (int j = grid.First; j <= grid.Last; j += ContourSpacing)
       for (int i = grid.First; i <= grid.Last; i += ContourSpacing) {
         const std::size_t n = static_cast<std::size_t>(grid.Index(i, j));
         if (grid.Inside[n]) pixels[n] = Yellow;
       }
+  if (view.HasBands() && !view.options.showGridPoints) return;
   view.target.Raster(
       ToLogical(view.target, ContourCorner.x + grid.First, ContourCorner.y + grid.First),
       grid.Side(), pixels);
+}
+
+/// A node's middle; its unit of the plane reaches half a unit from there.
+std::vector<LogicalPoint> OnPlane(const Target& target, const DensityCurves::Curve& curve) {
+  std::vector<LogicalPoint> points;
+  for (const Point& p : curve)
+    points.push_back(ToLogical(target, ContourCorner.x + p.x, ContourCorner.y + p.y));
+  return points;
+}
+
+/// The levels where the colours of the nodes change, as areas one over the other, and their lines.
+void DrawCurves(const ContourView& view, const ContourGrid& grid) {
+  std::vector<double> levels;
+  for (int i = 1; i <= view.LevelIndex(view.count.ContourMax); ++i)
+    levels.push_back(static_cast<double>(i) * view.levels.Step);
+  const std::vector<DensityCurves> curves = CurvesOf(grid, levels);
+  for (std::size_t i = 0; i < curves.size() && view.HasBands(); ++i) {
+    std::vector<std::vector<LogicalPoint>> borders;
+    for (const auto& border : curves[i].Borders) borders.push_back(OnPlane(view.target, border));
+    if (!borders.empty()) view.target.Region(borders, view.LevelColour(static_cast<int>(i) + 1));
+  }
+  PaintNodes(view, grid);
+  if (!view.options.showContours) return;
+  for (const DensityCurves& level : curves)
+    for (const auto& line : level.Lines) DrawPolyline(view.target, OnPlane(view.target, line), {});
 }
 
 /// Each datum with the declination it has: one that points up is not turned over, as nowhere in
@@ -147,8 +177,12 @@ void DrawContour(Target& target, ContourGrid& grid, const ContourData& data,
   target.SetTransparent();
   if (view.Counted()) {
     ColourNodes(view, grid);
-    if (options.showContours) BlackenContours(grid);
-    PaintNodes(view, grid);
+    if (options.curves) {
+      DrawCurves(view, grid);
+    } else {
+      if (options.showContours) BlackenContours(grid);
+      PaintNodes(view, grid);
+    }
   }
   DrawNet(target, coorSys, EqualArea, ContourNet, Black, FontHeight);
   if (options.showData || !view.Counted()) DrawDataPoints(view, data);

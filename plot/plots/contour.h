@@ -38,6 +38,7 @@ struct ContourOptions {
   ContourDisplay display = ContourDisplay::Kmax;
   bool discrete = true;      // levels, else a continuous ramp
   bool showContours = true;  // black lines between the levels
+  bool curves = false;       // levels as smooth curves, else node by node
   bool showGridPoints = false;
   bool showData = true;
   bool showProgress = true;

@@ -43,6 +43,32 @@ TEST_F(ContourPicture, IsMadeOfTheseCalls) {
   ExpectGolden("plot", "contour.txt", ToText(Draw()));
 }
 
+// One direction on the rim, so that each level has two areas; the step is 3.
+TEST_F(ContourPicture, DrawsLevelsAsCurvesWhereAsked) {
+  Data.Add(90, 0);
+  Run(20);
+  Options.curves = true;
+  ASSERT_EQ(LevelsOf(Count.ContourMax).Step, 3);
+  const auto levels = static_cast<std::size_t>(Count.ContourMax / 3);
+  const auto regions = CallsOf<RegionCall>(Draw());
+  ASSERT_EQ(regions.size(), levels);
+  EXPECT_EQ(Nodes().width, 0) << "no picture of nodes";
+  for (const RegionCall& region : regions) EXPECT_EQ(region.borders.size(), 2u);
+  for (std::size_t i = 1; i < levels; ++i) EXPECT_NE(regions[i].fill, regions[i - 1].fill);
+  const auto longLines = [this] {
+    const auto lines = CallsOf<PolylineCall>(Draw());
+    return std::count_if(lines.begin(), lines.end(),
+                         [](const PolylineCall& line) { return line.points.size() > 2; });
+  };
+  EXPECT_EQ(longLines(), static_cast<std::ptrdiff_t>(2 * levels));
+  Options.discrete = false;  // lines over the nodes' own colours
+  EXPECT_EQ(CallsOf<RegionCall>(Draw()).size(), 0u);
+  EXPECT_EQ(Nodes().width, 301);
+  EXPECT_EQ(longLines(), static_cast<std::ptrdiff_t>(2 * levels));
+  Options.showContours = false;
+  EXPECT_EQ(longLines(), 0);
+}
+
 TEST_F(ContourPicture, ColoursNodesByLevelOrByDensity) {
   BuildContourGrid(Grid, 0, 12, 3);
   Data.Add(45, 60);

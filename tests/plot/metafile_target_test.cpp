@@ -52,6 +52,17 @@ TEST(MetafileTest, ShapesKeepPointsPenAndBrush) {
   }
 }
 
+TEST(MetafileTest, RegionsAreOneRecordOfAllTheirBorders) {
+  MetafileTarget target(std::nullopt);
+  const std::vector<std::vector<LogicalPoint>> borders = {{{1, 2}, {9, 2}, {5, 8}},
+                                                          {{4, 3}, {6, 3}}};
+  target.Region(borders, Red);
+  const MetafileReader file(target.Bits());
+  const auto records = file.Of(0x0538);
+  ASSERT_EQ(records.size(), 1u);
+  EXPECT_EQ(records[0].words, (std::vector<int>{2, 3, 2, 1, 2, 9, 2, 5, 8, 4, 3, 6, 3}));
+}
+
 TEST(MetafileTest, TextsAreSetInArialAndTheCodePage) {
   const MetafileReader read = ReadBack([](Target& target) {
     DrawText(target, "N = 12", 10, 20, {.height = 14, .alignment = CentreBaseline});

@@ -54,6 +54,13 @@ TEST(SvgTarget, WritesShapesAndTextsInTheirPlaces) {
          t.Raster(ToLogical(t, 5, 6), 3, pixels);
        },
        "fill=\"#ff0000\" d=\"M5 6h2v1h-2zM6 7h2v1h-2z\"/>"},
+      {[](Target& t) {
+         const std::vector<std::vector<LogicalPoint>> borders = {
+             {{0, 0}, {900, 0}, {0, 900}}, {{100, 100}, {200, 100}, {100, 200}}};
+         t.Region(borders, Red);
+       },
+       "<path d=\"M0 0l9 0-9 9zM1 1l1 0-1 1z\" fill=\"#ff0000\" fill-rule=\"evenodd\" "
+       "stroke=\"none\"/>"},
   };
   for (const auto& [draw, element] : rows)
     EXPECT_NE(Drawn(draw).find(element), std::string::npos) << element << "\n" << Drawn(draw);

@@ -30,6 +30,12 @@ LogicalBox BoxOf(std::span<const LogicalPoint> points, const Pen& pen) {
   return Grown(box, Rim + 2 * static_cast<std::int64_t>(pen.width));
 }
 
+LogicalBox BoxOf(std::span<const std::vector<LogicalPoint>> borders) {
+  std::vector<LogicalPoint> points;
+  for (const auto& border : borders) points.insert(points.end(), border.begin(), border.end());
+  return BoxOf(points, {});
+}
+
 LogicalBox BoxOf(const LogicalBox& ellipse, const Pen& pen) {
   const LogicalPoint corners[] = {{ellipse.left, ellipse.top}, {ellipse.right, ellipse.bottom}};
   return BoxOf(corners, pen);
@@ -85,6 +91,7 @@ std::uint64_t FillOf(const Brush& brush) { return brush ? *brush : std::uint64_t
 
 enum Kind : std::uint64_t {
   PolygonKind = 1,
+  RegionKind,
   PolylineKind,
   EllipseKind,
   PixelKind,
@@ -126,6 +133,15 @@ void CallMarks::Polygon(std::span<const LogicalPoint> points, const Pen& pen, Br
   Begin((Hash() << PolygonKind << points << pen << FillOf(brush)).Value());
   Cover(BoxOf(points, pen));
   if (next_) next_->Polygon(points, pen, brush);
+}
+
+void CallMarks::Region(std::span<const std::vector<LogicalPoint>> borders, Colour fill) {
+  Hash hash;
+  hash << RegionKind << fill;
+  for (const auto& border : borders) hash << std::span<const LogicalPoint>(border);
+  Begin(hash.Value());
+  Cover(BoxOf(borders));
+  if (next_) next_->Region(borders, fill);
 }
 
 void CallMarks::Polyline(std::span<const LogicalPoint> points, const Pen& pen) {
@@ -261,6 +277,10 @@ std::optional<Tiles> ChangedTiles(const Marks& before, const Marks& after, Plane
 
 void TileTarget::Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) {
   if (tiles_.Touch(BoxOf(points, pen))) next_.Polygon(points, pen, brush);
+}
+
+void TileTarget::Region(std::span<const std::vector<LogicalPoint>> borders, Colour fill) {
+  if (tiles_.Touch(BoxOf(borders))) next_.Region(borders, fill);
 }
 
 void TileTarget::Polyline(std::span<const LogicalPoint> points, const Pen& pen) {

@@ -61,6 +61,7 @@ class CallMarks : public Target {
 
   void SetTransparent() override;
   void Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) override;
+  void Region(std::span<const std::vector<LogicalPoint>> borders, Colour fill) override;
   void Polyline(std::span<const LogicalPoint> points, const Pen& pen) override;
   void Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) override;
   void Pixel(LogicalPoint point, Colour colour) override;
@@ -107,6 +108,7 @@ class TileTarget : public Target {
 
   void SetTransparent() override { next_.SetTransparent(); }
   void Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) override;
+  void Region(std::span<const std::vector<LogicalPoint>> borders, Colour fill) override;
   void Polyline(std::span<const LogicalPoint> points, const Pen& pen) override;
   void Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) override;
   void Pixel(LogicalPoint point, Colour colour) override;

@@ -21,6 +21,7 @@ struct CheckRow {
 // clang-format off
 constexpr CheckRow Checks[] = {
     {"chkShowContours",   "&Contours",    "Black lines where the level changes",  &ContourOptions::showContours},
+    {"chkCurves",         "C&urves",      "Levels as smooth curves instead of node by node", &ContourOptions::curves},
     {"chkShowGridPoints", "&Grid points", "Mark the nodes that are computed",     &ContourOptions::showGridPoints},
     {"chkDataPoint",      "&Data points", "Draw the data over their density",     &ContourOptions::showData},
 };
