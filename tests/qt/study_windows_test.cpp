@@ -108,8 +108,8 @@ class StudyWindowsTest : public WindowTest {
     QVERIFY(OpenBy("cmdCompare", "frmComparison"));
     QCOMPARE(Look("lblProgress"), "21 pairs");
     W().Run("mnuClose");
-    QCOMPARE(Look("lblProgress|lblComparisonOf").left(0) + Look("lblProgress"),
-             "Fewer than two of the groups chosen are in view.");
+    QCOMPARE(Look("lblComparisonOf lblProgress"),
+             "|Fewer than two of the groups chosen are in view.");
     QCOMPARE(Table().model()->rowCount(), 0);
   }
 
@@ -164,21 +164,21 @@ class StudyWindowsTest : public WindowTest {
   void whatCannotBeUntiltedIsSaid() {
     for (SpecimenRecord& r : S().Records) r.FoliName[1] = "C";  // but for the lists
     QVERIFY(OpenBy("cmdUntilt", "frmUntilting"));
-    QVERIFY(Look("lblReason").startsWith(
-        "No group can be untilted by the foliation \"A\".\n\nGroups left out: \"s1\", "));
+    QVERIFY(
+        Look("lblReason")
+            .startsWith(
+                "No group can be untilted by the foliation \"A\".\n\nGroups left out: \"s1\", "));
     QVERIFY(!The<QWidget>("picUntilting").isVisible());
     Press("cmdSave");
     QCOMPARE(Status(), "There is no untilting to be saved.");
     W().Run("mnuClose");
     QCOMPARE(Look("lblReason"), "There are no groups to untilt.");
-    W().Open(W().WriteFile("bare", 0));
-    for (const bool cancelled : {false, true}) {
-      W().Asked.Files.push_back(FileAnswer{W().WriteFile("many", 3000), 1});
-      W().Run("mnuOpen");
-      In<QPushButton>(*form_, "cmdCancel").click();
-      QVERIFY(IsReady(*form_));
-      if (cancelled) QCOMPARE(Look("lblReason"), "Cancelled.");
-    }
+    W().Asked.Files.push_back(FileAnswer{W().WriteFile("many", 9000), 1});
+    W().Run("mnuOpen");
+    GroupBy("7");  // some 900 groups
+    Press("cmdCancel");
+    QVERIFY(IsReady(*form_));
+    QCOMPARE(Look("lblReason"), "Cancelled.");
   }
 };
 
