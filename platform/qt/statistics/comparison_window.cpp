@@ -156,7 +156,7 @@ void frmComparison::Finish(const RunEnd& end) {
   if (header->sortIndicatorSection() >= 0)
     model_->sort(header->sortIndicatorSection(), header->sortIndicatorOrder());
   table_->resizeColumnsToContents();
-  if (end.Whole) return Say(QString(expected_ == 1 ? "1 pair" : "%1 pairs").arg(expected_));
+  if (end.Whole) return Say(QString::number(expected_) + (expected_ == 1 ? " pair" : " pairs"));
   Say(end.Failure.empty() ? "Cancelled: " + Progress()
                           : QString("Not compared: %1").arg(ToQString(end.Failure)));
 }
