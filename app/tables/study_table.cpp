@@ -68,6 +68,10 @@ std::string StudyText(const std::vector<const GroupRow*>& rows, const Settings& 
   return text;
 }
 
+std::string GroupCount(std::size_t groups) {
+  return std::to_string(groups) + (groups == 1 ? " group" : " groups");
+}
+
 std::string FailuresText(const std::vector<GroupRow>& rows) {
   std::string names;
   int count = 0;

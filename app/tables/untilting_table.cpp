@@ -54,9 +54,10 @@ UntiltingCells UntiltingTable(const Untilting& untilting) {
         TauAt(untilting, 100, tau),
         VerdictOf(untilting, best)};
   };
-  return {{{"", "Best step", "95 % limits", "Tau at best", "Tau as found", "Tau untilted", "Verdict"},
-           row("Kmax", untilting.Kmax, &UntiltStep::TauMax),
-           row("Kmin", untilting.Kmin, &UntiltStep::TauMin)}};
+  return {
+      {{"", "Best step", "95 % limits", "Tau at best", "Tau as found", "Tau untilted", "Verdict"},
+       row("Kmax", untilting.Kmax, &UntiltStep::TauMax),
+       row("Kmin", untilting.Kmin, &UntiltStep::TauMin)}};
 }
 
 std::string UntiltingCounts(const Untilting& untilting) {

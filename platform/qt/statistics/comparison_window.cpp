@@ -57,6 +57,7 @@ frmComparison::frmComparison(Velorix& velorix, QWidget* owner, GroupsInView grou
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
   table_->setWordWrap(false);
   table_->setTabKeyNavigation(false);
+  table_->horizontalHeader()->setHighlightSections(false);
   table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
   table_->verticalHeader()->hide();
   table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
@@ -118,8 +119,8 @@ void frmComparison::Refresh() {
   const Session& session = velorix_.Session;
   heading_->setText(count == 0 ? QString()
                                : ToQString(GroupHeading(session, GroupInView(session), n)) +
-                                     QString(", %1 groups. Bootstrap: ").arg(count) +
-                                     ToQString(TextOf(velorix_.Bootstrap)));
+                                     ToQString(", " + GroupCount(count) +
+                                               ". Bootstrap: " + TextOf(velorix_.Bootstrap)));
   if (count >= 2) return Start(std::move(groups));
   Say("Fewer than two of the groups chosen are in view.");
 }
@@ -128,7 +129,7 @@ void frmComparison::Start(std::vector<RecordGroup> groups) {
   const auto take = [this](std::vector<ComparedPair> pairs) {
     const bool first = model_->rowCount() == 0;
     model_->Add(std::move(pairs));
-    if (first) table_->resizeColumnsToContents();
+    if (first) SizeColumns();
     Say(Progress());
   };
   run_ = std::make_unique<BackgroundRun>(
@@ -155,10 +156,22 @@ void frmComparison::Finish(const RunEnd& end) {
   const QHeaderView* header = table_->horizontalHeader();
   if (header->sortIndicatorSection() >= 0)
     model_->sort(header->sortIndicatorSection(), header->sortIndicatorOrder());
-  table_->resizeColumnsToContents();
+  SizeColumns();
   if (end.Whole) return Say(QString::number(expected_) + (expected_ == 1 ? " pair" : " pairs"));
   Say(end.Failure.empty() ? "Cancelled: " + Progress()
                           : QString("Not compared: %1").arg(ToQString(end.Failure)));
+}
+
+/// The names take their room from all rows, the numbers from some.
+void frmComparison::SizeColumns() {
+  constexpr int Most = 24;  // letters
+  table_->resizeColumnsToContents();
+  int widest = 0;
+  for (const std::string& name : model_->Names())
+    widest = std::max(widest, fontMetrics().horizontalAdvance(ToQString(name)));
+  widest = std::min(widest, Most * fontMetrics().averageCharWidth());
+  for (const int column : {0, 1})
+    table_->setColumnWidth(column, std::max(table_->columnWidth(column), widest + 12));
 }
 
 QString frmComparison::Progress() const {

@@ -38,6 +38,7 @@ class frmComparison : public QWidget {
   void Start(std::vector<RecordGroup> groups);
   void Finish(const RunEnd& end);
   void Say(const QString& words);
+  void SizeColumns();
   QString Progress() const;
   std::string Heading() const;
   void Copy();

@@ -257,7 +257,7 @@ void frmGroups::Say() {
   for (const std::vector<int>& group : records_) inView += static_cast<int>(group.size());
   heading_->setText(
       ToQString(GroupHeading(session, GroupInView(session), inView)) +
-      QString("%1%2 groups. Ellipses: ").arg(inView > 0 ? ", " : "").arg(records_.size()) +
+      ToQString((inView > 0 ? ", " : "") + GroupCount(records_.size()) + ". Ellipses: ") +
       ToQString(LevelText(velorix_.Plots.Stereo.level) +
                 ". Bootstrap: " + TextOf(velorix_.Bootstrap)));
   cancel_->setVisible(run_ != nullptr);

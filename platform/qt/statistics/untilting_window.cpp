@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
+#include <QScreen>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -15,6 +16,7 @@
 
 #include "app/display/shown_group.h"
 #include "app/files/export_untilting.h"
+#include "app/tables/study_table.h"
 #include "app/tables/untilting_table.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/change_buttons.h"
@@ -70,7 +72,7 @@ frmUntilting::frmUntilting(Velorix& velorix, QWidget* owner, GroupsInView groups
   words_ = MakeText("lblUntilted", this);
   column->addWidget(words_);
   column->addLayout(MakeCommands());
-  resize(700, 760);
+  resize(700, std::min(760, screen()->availableGeometry().height() - 40));
   Refresh();
 }
 
@@ -187,9 +189,9 @@ void frmUntilting::Start() {
   subject.Turned.clear();
   int n = 0;
   for (const RecordGroup& group : groups) n += static_cast<int>(group.Records.size());
-  heading_->setText(
-      ToQString(GroupHeading(velorix_.Session, subject, n)) +
-      QString(", %1 groups, each record untilted by its own foliation.").arg(groups.size()));
+  heading_->setText(ToQString(GroupHeading(velorix_.Session, subject, n) + ", " +
+                              GroupCount(groups.size()) +
+                              ", each record untilted by its own foliation."));
   heading_->setVisible(!groups.empty());
   if (groups.empty()) return ShowReason("There are no groups to untilt.");
   if (foliations_->count() == 0) return ShowReason("No record has a foliation to untilt it by.");
