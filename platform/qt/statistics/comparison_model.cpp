@@ -18,11 +18,11 @@ void ComparisonModel::Begin(std::vector<std::string> names) {
   endResetModel();
 }
 
-void ComparisonModel::Add(std::vector<ComparedPair> pairs) {
+void ComparisonModel::Add(std::span<const ComparedPair> pairs) {
   if (pairs.empty()) return;
   const int first = rowCount();
   beginInsertRows({}, first, first + static_cast<int>(pairs.size()) - 1);
-  for (ComparedPair& pair : pairs) order_.push_back(&pairs_.emplace_back(std::move(pair)));
+  for (const ComparedPair& pair : pairs) order_.push_back(&pairs_.emplace_back(pair));
   endInsertRows();
 }
 

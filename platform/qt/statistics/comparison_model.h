@@ -2,6 +2,7 @@
 
 #include <QAbstractTableModel>
 #include <deque>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -17,7 +18,7 @@ class ComparisonModel : public QAbstractTableModel {
   /// An empty table of pairs of these groups.
   void Begin(std::vector<std::string> names);
   /// Some rows more, at the end.
-  void Add(std::vector<ComparedPair> pairs);
+  void Add(std::span<const ComparedPair> pairs);
 
   const std::vector<std::string>& Names() const { return names_; }
   /// In the order of the table.

@@ -126,9 +126,9 @@ void frmComparison::Refresh() {
 }
 
 void frmComparison::Start(std::vector<RecordGroup> groups) {
-  const auto take = [this](std::vector<ComparedPair> pairs) {
+  const auto take = [this](const std::vector<ComparedPair>& pairs) {
     const bool first = model_->rowCount() == 0;
-    model_->Add(std::move(pairs));
+    model_->Add(pairs);
     if (first) SizeColumns();
     Say(Progress());
   };
