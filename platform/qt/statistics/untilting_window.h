@@ -11,7 +11,6 @@
 #include "stats/study/untilting.h"
 
 class QComboBox;
-class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
