@@ -109,7 +109,8 @@ TEST(ConfidenceEllipse, ShowsTheUpperHemisphereByDashes) {
 TEST(ConfidenceEllipse, BySizeHasFewPointsOnTheCurveUpToTheRim) {
   constexpr Net Small = {50, 50, 90};
   constexpr double Radius = 45, Fineness = 100;
-  for (const auto& [inc, E] : {std::pair{80.0, 4.0}, {80.0, 20.0}, {6.0, 20.0}}) {
+  for (const auto& [inc, E] :
+       {std::pair{80.0, 4.0}, {80.0, 60.0}, {3.0, 20.0}, {6.0, 20.0}, {9.0, 20.0}}) {
     const Vector<3> pole = DirectionToVector(1, {30, inc});
     Recorder fine(Fineness);
     DrawConfidenceEllipse(fine, Small, EqualArea, false, {1, FrameAt({30, inc}), E, E, 0}, {},
