@@ -1,5 +1,8 @@
 #include "app/files/export_groups.h"
 
+#include <functional>
+#include <ostream>
+
 #include "app/files/ask_file.h"
 #include "app/state/refusals.h"
 #include "app/tables/groups_csv.h"
@@ -8,22 +11,40 @@
 
 namespace velorix {
 
-void ExportGroups(const Session& session, Dialogs& dialogs, Views& views, DebugLog& log,
-                  const std::vector<const GroupRow*>& rows) {
-  FileQuestion question = SaveQuestion(session, "Export groups");
+namespace {
+
+void ExportCsv(const Session& session, Dialogs& dialogs, Views& views, DebugLog& log,
+               const char* title, const std::function<void(std::ostream&)>& write) {
+  FileQuestion question = SaveQuestion(session, title);
   question.Filter = FilterText("Comma-delimited text file", "csv");
   const auto answer = AskWhereToSave(dialogs, question);
   if (!answer) return;
   try {
-    SafeWrite(answer->Filename, [&](std::ostream& out) {
-      out << GroupsCsvHeader(session.Settings);
-      for (const GroupRow* row : rows) out << GroupsCsvRow(*row);
-    });
+    SafeWrite(answer->Filename, write);
     ShowWritten(views, answer->Filename);
   } catch (const FileFault& fault) {
     ReportRefusal(views, log,
                   answer->Filename + "\nThis file could not be written: " + fault.what());
   }
+}
+
+}  // namespace
+
+void ExportGroups(const Session& session, Dialogs& dialogs, Views& views, DebugLog& log,
+                  const std::vector<const GroupRow*>& rows) {
+  ExportCsv(session, dialogs, views, log, "Export groups", [&](std::ostream& out) {
+    out << GroupsCsvHeader(session.Settings);
+    for (const GroupRow* row : rows) out << GroupsCsvRow(*row);
+  });
+}
+
+void ExportComparisons(const Session& session, Dialogs& dialogs, Views& views, DebugLog& log,
+                       std::span<const ComparedPair* const> pairs,
+                       std::span<const std::string> names) {
+  ExportCsv(session, dialogs, views, log, "Export comparisons", [&](std::ostream& out) {
+    out << ComparisonCsvHeader();
+    for (const ComparedPair* pair : pairs) out << ComparisonCsvRow(*pair, names);
+  });
 }
 
 }  // namespace velorix

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <span>
+#include <string>
 #include <vector>
 
 #include "app/state/debug_log.h"
 #include "app/state/dialogs.h"
 #include "app/state/views.h"
+#include "app/tables/comparison_table.h"
 #include "stats/study/study.h"
 #include "store/session.h"
 
@@ -15,5 +18,10 @@ namespace velorix {
 /// it was.
 void ExportGroups(const Session& session, Dialogs& dialogs, Views& views, DebugLog& log,
                   const std::vector<const GroupRow*>& rows);
+
+/// The same for comparisons of the groups.
+void ExportComparisons(const Session& session, Dialogs& dialogs, Views& views, DebugLog& log,
+                       std::span<const ComparedPair* const> pairs,
+                       std::span<const std::string> names);
 
 }  // namespace velorix

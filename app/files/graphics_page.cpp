@@ -114,18 +114,6 @@ void ShowFigureDone(Velorix& velorix, std::string done) {
   if (!(done += mean).empty()) velorix.Views.ShowStatus(done);
 }
 
-bool WriteMetafile(Velorix& velorix, const std::string& path, const std::string& bytes) {
-  try {
-    SafeWrite(path, [&](std::ostream& out) { out << bytes; });
-    return true;
-  } catch (const FileFault& fault) {
-    // Kept for agreement with published results: no box says so.
-    ReportRefusal(velorix.Views, velorix.Log,
-                  path + "\nThis file could not be written: " + fault.what());
-    return false;
-  }
-}
-
 }  // namespace
 
 void DrawGraphicsPage(const Session& session, const PlotChoices& plots, const GroupStats& group,
@@ -175,23 +163,42 @@ std::optional<PictureAnswer> AskForPicture(Velorix& velorix, const char* title) 
 }
 
 bool ExportPicture(Velorix& velorix, const PictureAnswer& to, const PagePicture& picture) {
-  if (!to.AsBitmap) return WriteMetafile(velorix, to.Path, picture.Metafile());
-  const Outcome outcome = SaveBitmapAs(velorix.Host, picture.Draw, to.Path, picture.Fineness);
-  if (outcome) return true;
-  ReportRefusal(velorix.Views, velorix.Log, outcome.Text);
-  Show(velorix.Dialogs, Outcome::Refused(ExportTitle, to.Path + "\nFile was not saved!"));
+  return WriteReported(velorix, to.Path, [&]() -> Outcome {
+    if (to.AsBitmap) return SaveBitmapAs(velorix.Host, picture.Draw, to.Path, picture.Fineness);
+    SafeWrite(to.Path, [bytes = picture.Metafile()](std::ostream& out) { out << bytes; });
+    return {};
+  });
+}
+
+bool WriteReported(Velorix& velorix, const std::string& path,
+                   const std::function<Outcome()>& write) {
+  try {
+    const Outcome outcome = write();
+    if (outcome) return true;
+    ReportRefusal(velorix.Views, velorix.Log, outcome.Text);
+    Show(velorix.Dialogs, Outcome::Refused(ExportTitle, path + "\nFile was not saved!"));
+  } catch (const FileFault& fault) {
+    // Kept for agreement with published results: no box says so.
+    ReportRefusal(velorix.Views, velorix.Log,
+                  path + "\nThis file could not be written: " + fault.what());
+  }
   return false;
+}
+
+Outcome WriteFigure(const Host& host, const std::string& path, PlaneSize plane, double scale,
+                    const std::function<void(Target&)>& draw) {
+  if (!host.WritePicture)
+    return Outcome::Refused(ExportTitle, path + "\nThis build has no encoders.");
+  return host.WritePicture(path, plane, scale, draw);
 }
 
 Outcome SaveBitmapAs(const Host& host, const std::function<void(Target&, double s)>& picture,
                      const std::string& path, int fineness) {
   const double ofType = ScaleOf(ExtensionOf(path)), s = ofType * fineness;
   if (s == 0) return Outcome::Refused(ExportTitle, path + "\nNo encoder has this extension.");
-  if (!host.WritePicture)
-    return Outcome::Refused(ExportTitle, path + "\nThis build has no encoders.");
-  return host.WritePicture(path, Scaled(GraphicsPage, s),
-                           ofType == VectorScale ? 1.0 / fineness : 1,
-                           [&](Target& target) { picture(target, s); });
+  return WriteFigure(host, path, Scaled(GraphicsPage, s),
+                     ofType == VectorScale ? 1.0 / fineness : 1,
+                     [&](Target& target) { picture(target, s); });
 }
 
 void CopyGraphics(Velorix& velorix) {

@@ -56,6 +56,16 @@ std::optional<PictureAnswer> AskForPicture(Velorix& velorix, const char* title);
 /// When it fails, status line and log say why, and the old file stays.
 bool ExportPicture(Velorix& velorix, const PictureAnswer& to, const PagePicture& picture);
 
+/// Runs `write`, which writes a picture to the path. What it refuses, and a `FileFault`, is
+/// reported as above. True on success.
+bool WriteReported(Velorix& velorix, const std::string& path,
+                   const std::function<Outcome()>& write);
+
+/// Writes what `draw` draws on a plane of its own as a picture of the type of the path's extension;
+/// where that is one of pixels, `scale` of them make a unit.
+Outcome WriteFigure(const Host& host, const std::string& path, PlaneSize plane, double scale,
+                    const std::function<void(Target&)>& draw);
+
 /// Writes what `picture` draws on the page as a picture of the type of the path's extension: png,
 /// gif, jpg, jpeg, tif, tiff or bmp with the scale of pixels, svg or pdf with scale 1. Another
 /// extension, or none, is refused. `fineness` multiplies the scale: more pixels, or vectors of the

@@ -2,23 +2,11 @@
 
 #include <vector>
 
+#include "app/tables/table_lines.h"
 #include "text/numbers.h"
 
 namespace velorix {
 namespace {
-
-std::string Quoted(const std::string& text) {
-  if (text.find_first_of(",\"\r\n") == text.npos) return text;
-  std::string quoted = "\"";
-  for (const char c : text) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
-  return quoted + "\"";
-}
-
-std::string Line(const std::vector<std::string>& cells) {
-  std::string line = cells.front();  // which may be empty
-  for (std::size_t i = 1; i < cells.size(); ++i) line += "," + cells[i];
-  return line + "\r\n";
-}
 
 template <class Value>
 std::string Cell(bool shown, Value value) {
@@ -43,14 +31,14 @@ std::string GroupsCsvHeader(const Settings& settings) {
     for (const char* const column : {"_Dec", "_Inc", "_E1", "_E2", "_E1_95", "_E2_95"})
       cells.push_back(std::string(axis) + column);
   cells.insert(cells.end(), {"Km", "Km_SD"});
-  for (const std::string& name : settings.FacName) cells.push_back(Quoted(name));
+  for (const std::string& name : settings.FacName) cells.push_back(name);
   cells.insert(cells.end(), {"Hext_F", "Hext_F12", "Hext_F23"});
-  return Line(cells);
+  return CsvLine(cells);
 }
 
 std::string GroupsCsvRow(const GroupRow& row) {
   const GroupStats& stats = row.Stats;
-  std::vector<std::string> cells = {Quoted(row.Name), PlainText(int{stats.GroupN})};
+  std::vector<std::string> cells = {row.Name, PlainText(int{stats.GroupN})};
   for (int k = 1; k <= 3; ++k) AddDirection(cells, stats, k);
   cells.push_back(Cell(ShowsAvgKm(stats), stats.AvgKm));
   cells.push_back(Cell(ShowsAvgKm(stats) && ShowsDeviations(stats), stats.SdKm));
@@ -60,7 +48,7 @@ std::string GroupsCsvRow(const GroupRow& row) {
   }
   for (const auto field : {&HextStats::F, &HextStats::F12, &HextStats::F23})
     cells.push_back(stats.Hext ? PlainText(*stats.Hext.*field) : "");
-  return Line(cells);
+  return CsvLine(cells);
 }
 
 }  // namespace velorix

@@ -1,5 +1,6 @@
 #include "app/tables/study_table.h"
 
+#include "app/tables/table_lines.h"
 #include "text/numbers.h"
 
 namespace velorix {
@@ -15,12 +16,6 @@ StudyCell Rounded(bool shown, double value, const char* picture) {
 StudyCell Susceptibility(bool shown, double value) {
   if (!shown) return {};
   return {SignificantText(value, 4), value};
-}
-
-std::string Line(const std::vector<std::string>& cells) {
-  std::string line = cells.front();
-  for (std::size_t i = 1; i < cells.size(); ++i) line += "\t" + cells[i];
-  return line + "\n";
 }
 
 }  // namespace
@@ -64,13 +59,17 @@ std::vector<StudyCell> StudyCells(const GroupRow& row, ErrorLevel level) {
 
 std::string StudyText(const std::vector<const GroupRow*>& rows, const Settings& settings,
                       ErrorLevel level, const std::string& heading) {
-  std::string text = heading + "\n" + Line(StudyHeader(settings, level));
+  std::string text = heading + "\n" + TabbedLine(StudyHeader(settings, level));
   for (const GroupRow* row : rows) {
     std::vector<std::string> cells;
     for (const StudyCell& cell : StudyCells(*row, level)) cells.push_back(cell.Text);
-    text += Line(cells);
+    text += TabbedLine(cells);
   }
   return text;
+}
+
+std::string GroupCount(std::size_t groups) {
+  return std::to_string(groups) + (groups == 1 ? " group" : " groups");
 }
 
 std::string FailuresText(const std::vector<GroupRow>& rows) {

@@ -27,6 +27,9 @@ std::vector<StudyCell> StudyCells(const GroupRow& row, ErrorLevel level);
 std::string StudyText(const std::vector<const GroupRow*>& rows, const Settings& settings,
                       ErrorLevel level, const std::string& heading);
 
+/// "1 group", "12 groups".
+std::string GroupCount(std::size_t groups);
+
 /// Names the groups whose statistics failed, three at most; empty when none did.
 std::string FailuresText(const std::vector<GroupRow>& rows);
 

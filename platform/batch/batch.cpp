@@ -11,6 +11,7 @@
 #include "app/edit/assign_ged.h"
 #include "app/files/content_check.h"
 #include "app/files/export_grid.h"
+#include "app/files/export_untilting.h"
 #include "app/files/file_kinds.h"
 #include "app/files/graphics_page.h"
 #include "app/files/losses.h"
@@ -28,7 +29,6 @@
 #include "platform/batch/summary.h"
 #include "platform/batch/untilt_output.h"
 #include "platform/painting/picture_file.h"
-#include "plot/plots/untilting.h"
 #include "stats/group/gauss_random.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
@@ -273,14 +273,11 @@ class Batch {
       const GroupBy by = *ParseGroupBy(a_.GroupBy);
       const Untilting untilting = UntiltForBatch(velorix_, by, !a_.Quiet && IsTerminal());
       const UntiltForm form = UntiltFormOf(a_.Untilt);
-      if (form == UntiltForm::Picture)
-        outcome = WritePicture(a_.Untilt, UntiltingPlane, UntiltingScale, [&](Target& target) {
-          DrawUntilting(target, UntiltingPlot, untilting);
-        });
-      else if (form == UntiltForm::Metafile)
-        Write(a_.Untilt, [&](std::ostream& out) { out << UntiltMetafile(untilting); });
-      else
+      if (form == UntiltForm::Json)
         Write(a_.Untilt, [&](std::ostream& out) { WriteUntiltJson(out, untilting, by); });
+      else
+        outcome =
+            WriteUntiltingFigure(velorix_.Host, a_.Untilt, form == UntiltForm::Metafile, untilting);
     });
     Show(dialogs_, outcome);
     return written && outcome.Done;

@@ -2,10 +2,9 @@
 
 #include <iostream>
 
+#include "app/tables/untilting_table.h"
 #include "platform/batch/json_writer.h"
 #include "platform/batch/progress.h"
-#include "plot/drawing/metafile_target.h"
-#include "plot/plots/untilting.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
 
@@ -31,12 +30,6 @@ UntiltForm UntiltFormOf(const std::string& output) {
   return extension == "wmf" ? UntiltForm::Metafile : UntiltForm::Picture;
 }
 
-std::string UntiltMetafile(const Untilting& untilting) {
-  MetafileTarget target(UntiltingPlane, PlaceableHeader(UntiltingPlane, UntiltingUnitsPerInch));
-  DrawUntilting(target, UntiltingPlot, untilting);
-  return target.Bits();
-}
-
 Untilting UntiltForBatch(const Velorix& velorix, const GroupBy& by, bool shown) {
   const std::vector<RecordGroup> groups = PartRecords(velorix.Session, by);
   Progress progress("Untilting groups", UntiltSteps, shown);
@@ -47,12 +40,10 @@ Untilting UntiltForBatch(const Velorix& velorix, const GroupBy& by, bool shown) 
       });
   for (const UntiltedGroup& group : untilting.Groups)
     if (!group.Used)
-      std::cerr
-          << "Group \"" << group.Name
-          << "\": not untilted: a trace that is not positive, or a number that is not finite.\n";
-  if (untilting.UsedGroups() == 0)
-    std::cerr << "--untilt: no group can be untilted by the foliation \"" << untilting.Foliation
-              << "\".\n";
+      std::cerr << "Group \"" << group.Name << "\": not untilted: " << NotUntiltedReason(group)
+                << ".\n";
+  const std::string nothing = NothingUntilted(untilting);
+  if (!nothing.empty()) std::cerr << "--untilt: " << nothing << "\n";
   return untilting;
 }
 

@@ -20,7 +20,4 @@ Untilting UntiltForBatch(const Velorix& velorix, const GroupBy& by, bool shown);
 /// The untilting as JSON; what is not defined is null.
 void WriteUntiltJson(std::ostream& out, const Untilting& untilting, const GroupBy& by);
 
-/// The figure as the bytes of a metafile.
-std::string UntiltMetafile(const Untilting& untilting);
-
 }  // namespace velorix

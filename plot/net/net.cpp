@@ -34,9 +34,9 @@ void DrawLabel(Target& target, const Net& net, const char* label, const NetLabel
 }
 
 /// Each tick stands across its radius; those of inclination 90 make a small plus at the centre.
-void DrawTicks(Target& target, Projection projection, const Net& net, int step, std::int16_t size,
-               Colour colour) {
-  for (int inc = step; inc <= 90; inc += step)
+void DrawTicks(Target& target, Projection projection, const Net& net, Colour colour) {
+  const std::int16_t size = ToShort(5 * net.diameter / 340);
+  for (int inc = 10; inc <= 90; inc += 10)
     for (const int dec : {0, 180, 90, 270}) {
       const std::int16_t type = dec % 180 == 0 ? 4 : 6;
       DrawNetSymbol(target, net, projection, {static_cast<double>(dec), static_cast<double>(inc)},
@@ -62,14 +62,7 @@ void DrawNet(Target& target, CoordinateSystem coorSys, Projection projection, co
   DrawRim(target, net, colour);
   const auto& names = NamesOf(coorSys).Rim;
   for (int i = 0; i < 4; ++i) DrawLabel(target, net, names[i], Labels[i], colour, fontHeight);
-  DrawTicks(target, projection, net, 10, ToShort(5 * net.diameter / 340), colour);
-}
-
-void DrawSmallNet(Target& target, const char* label, Projection projection, const Net& net,
-                  Colour colour, std::int16_t fontHeight) {
-  DrawRim(target, net, colour);
-  DrawLabel(target, net, label, Labels[0], colour, fontHeight);
-  DrawTicks(target, projection, net, 30, ToShort(net.diameter / 34), colour);
+  DrawTicks(target, projection, net, colour);
 }
 
 }  // namespace velorix

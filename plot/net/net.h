@@ -24,11 +24,6 @@ Point OnNet(const Net& net, double u, double v);
 void DrawNet(Target& target, CoordinateSystem coorSys, Projection projection, const Net& net,
              Colour colour, std::int16_t fontHeight);
 
-/// The frame of a net among others: the primitive circle, `label` at its top and a tick at every 30
-/// degrees.
-void DrawSmallNet(Target& target, const char* label, Projection projection, const Net& net,
-                  Colour colour, std::int16_t fontHeight);
-
 /// A symbol at a direction (degrees). The sign of the inclination is not looked at: (200, -30) is
 /// drawn at (200, 30); who wants the antipode turns the direction himself.
 void DrawNetSymbol(Target& target, const Net& net, Projection projection, Direction direction,

@@ -1,5 +1,6 @@
 #include "plot/net/net_curves.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <vector>
@@ -130,23 +131,45 @@ class EllipseVectors {
     along_ = ColumnOf(e.vectors, e.axis);
     first_ = Combined(sinE1 * cosR, third, sinE1 * sinR, second, 0, along_);
     second_ = Combined(-sinE2 * sinR, third, sinE2 * cosR, second, 0, along_);
+    E1_ = e.E1, E2_ = e.E2;
     // rho repeats in the four quarters, so a quarter of the roots and cosines is enough; what the
     // table's last digits differ by lies far below a pixel.
-    for (int a = 0; a <= 90; a += step) {
-      const double c = e.E1 * WholeDegrees().cosine[a], s = e.E2 * WholeDegrees().sine[a];
-      cosRho_[a] = std::cos(std::sqrt(c * c + s * s) / DegPerRad);
-    }
+    for (int a = 0; a <= 90; a += step) cosRho_[a] = CosRho(a);
   }
+  /// A multiple of the step.
   Vector<3> At(int a) const {
     const int half = a <= 180 ? a : 360 - a;
-    return Combined(WholeDegrees().cosine[a], first_, WholeDegrees().sine[a], second_,
-                    cosRho_[half <= 90 ? half : 180 - half], along_);
+    return With(a, cosRho_[half <= 90 ? half : 180 - half]);
   }
+  /// Any degree.
+  Vector<3> Between(int a) const { return With(a, CosRho(a)); }
 
  private:
+  double CosRho(int a) const {
+    const double c = E1_ * degrees_.cosine[a], s = E2_ * degrees_.sine[a];
+    return std::cos(std::sqrt(c * c + s * s) / DegPerRad);
+  }
+  Vector<3> With(int a, double cosRho) const {
+    return Combined(degrees_.cosine[a], first_, degrees_.sine[a], second_, cosRho, along_);
+  }
+
+  const Degrees& degrees_ = WholeDegrees();
   Vector<3> first_, second_, along_;
+  double E1_ = 0, E2_ = 0;
   Slots<double, 0, 90> cosRho_;
 };
+
+/// The largest step in degrees, a part of 90, at which no chord of an ellipse lies deeper within it
+/// than a small part of a unit. No length on the net is more than its radius times the angle.
+int StepOf(double E1, double E2, const Net& net) {
+  constexpr double Depth = 0.15;
+  constexpr int Steps[] = {18, 15, 10, 9, 6, 5, 3, 2};
+  const double radius = net.diameter / 2 * std::max(std::fabs(E1), std::fabs(E2)) / DegPerRad;
+  const double most = radius > Depth ? 2 * DegPerRad * std::acos(1 - Depth / radius) : Steps[0];
+  for (const int step : Steps)
+    if (step <= most) return step;
+  return 1;
+}
 
 }  // namespace
 
@@ -156,10 +179,27 @@ void DrawConfidenceEllipse(Target& target, const Net& net, Projection projection
   if (!std::isfinite(ellipse.E1) || !std::isfinite(ellipse.E2) ||
       !std::isfinite(ellipse.rotation) || !IsFinite(ellipse.vectors))
     return;
+  if (step == StepBySize) step = StepOf(ellipse.E1, ellipse.E2, net);
   const EllipseVectors vectors(ellipse, step);
   Curve curve(target, net, projection, showUpper, pen);
-  curve.Start(vectors.At(0));
-  for (int a = 0; a <= 360; a += step) curve.Add(vectors.At(a));  // the first point stands twice
+  Vector<3> former = vectors.At(0);
+  curve.Start(former);
+  for (int a = 0; a <= 360; a += step) {  // the first point stands twice
+    const Vector<3> w = vectors.At(a);
+    const int sign = Sgn(former[3]);
+    if (step > 1 && Sgn(w[3]) != sign) {
+      // The curve goes up to the primitive circle: to the degree before it, from the one behind it.
+      int before = a - step, behind = a;
+      while (behind - before > 1) {
+        const int middle = (before + behind) / 2;
+        (Sgn(vectors.Between(middle)[3]) == sign ? before : behind) = middle;
+      }
+      if (before > a - step) curve.Add(vectors.Between(before));
+      if (behind < a) curve.Add(vectors.Between(behind));
+    }
+    curve.Add(w);
+    former = w;
+  }
   curve.Finish();
 }
 

@@ -19,6 +19,10 @@ struct ConfidenceEllipse {
   double E1 = 0, E2 = 0, rotation = 0;
 };
 
+/// As few points as a curve needs to lie within a small part of a unit of its place; it ends within
+/// a degree of the primitive circle.
+inline constexpr int StepBySize = 0;
+
 /// Draws the region's outline in steps of `step` degrees, a divisor of 90; nothing when a semi-axis
 /// is 0. An arc in the upper hemisphere reappears at the opposite side of the net or, with
 /// `showUpper`, overlays the lower one and is dashed.

@@ -18,9 +18,8 @@ constexpr double LeastLetters = 5, MostLetters = 18, LeastSymbols = 3, MostSymbo
 constexpr double LineStep = 1.15;
 /// Scale at which thin lines become one unit wider.
 constexpr double LineScale = 1.5;
-/// Ellipses of a net below this diameter need no more points than one in so many degrees.
+/// Ellipses of a net below this diameter need no more points than whole units show.
 constexpr double SmallNet = 150;
-constexpr int SmallNetStep = 6;
 
 /// Panels side by side and one below the other, all of a size.
 struct PanelGrid {
@@ -89,8 +88,7 @@ class Panels {
   /// The panel whose net is `geometry`, with a room that wide for its name.
   void Draw(const Panel& panel, const StereoGeometry& geometry, double width) const {
     const StereoView view = ViewOf(geometry, *panel.Stats);
-    DrawSmallNet(target_, NamesOf(session_.CoorSys).Rim[0], EqualArea, view.net, Black,
-                 geometry.FontHeight());
+    DrawFrame(view);
     int plotted = 0;
     for (const bool selected : {false, true})
       for (const int place : panel.Records) {
@@ -130,9 +128,30 @@ class Panels {
   }
 
  private:
+  /// The primitive circle, the label at its top and a tick at every 30 degrees of inclination.
+  void DrawFrame(const StereoView& view) const {
+    constexpr std::int16_t Level = 4, Upright = 6;  // symbols
+    const Net& net = view.net;
+    DrawCircle(target_, net.cx, net.cy, net.diameter / 2, {.width = 2}, 0);
+    view.Text(NamesOf(session_.CoorSys).Rim[0], 0, 1.02, CentreBaseline,
+              view.geometry.FontHeight());
+    Pen pen;
+    const auto tick = [&](std::int16_t type, double u, double v) {
+      const Point p = OnNet(net, u, v);
+      DrawSymbol(target_, type, static_cast<float>(p.x), static_cast<float>(p.y),
+                 ToShort(net.diameter / 34), Black, pen);
+    };
+    static const double radii[] = {ProjectDirection(EqualArea, {0, 30}).y,
+                                   ProjectDirection(EqualArea, {0, 60}).y};
+    for (const double r : radii) {
+      for (const double v : {r, -r}) tick(Level, 0, v);
+      for (const double u : {r, -r}) tick(Upright, u, 0);
+    }
+    for (const std::int16_t type : {Level, Upright}) tick(type, 0, 0);
+  }
+
   StereoView ViewOf(const StereoGeometry& geometry, const GroupStats& stats) const {
     const std::int16_t lineWidth = std::max<std::int16_t>(1, ToShort(s_ / LineScale));
-    const int step = geometry.diameter < SmallNet ? SmallNetStep : 1;
     return {session_.Records,
             session_.CoorSys,
             session_.ReImMode,
@@ -143,7 +162,7 @@ class Panels {
             session_.Settings,
             geometry.OnTarget(),
             lineWidth,
-            step};
+            geometry.diameter < SmallNet ? StepBySize : 1};
   }
 
   const Session& session_;

@@ -29,7 +29,7 @@ struct StereoView {
   const Settings& settings;
   Net net;
   std::int16_t lineWidth = 1;  // of thin lines of the means
-  int ellipseStep = 1;         // degrees between points of the means' ellipses
+  int ellipseStep = 1;         // degrees between points of the means' ellipses, or StepBySize
 
   std::int16_t Scaled(double factor, std::int16_t size) const { return ToShort(factor * size); }
   std::int16_t SymbolSize(double factor) const { return Scaled(factor, geometry.SymbolSize()); }

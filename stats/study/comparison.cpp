@@ -138,6 +138,7 @@ GroupComparison Compared(const Member& A, const Member& B, std::span<const Axes>
   GroupComparison result;
   if (A.Tensors.empty() || B.Tensors.empty()) return result;
   result.Angle.emplace();
+  result.ValueGap = Sum(A.Mean.Values, -1, B.Mean.Values);
   for (int k = 1; k <= 3; ++k) {
     const double cosine = std::fabs(Vvmpy(A.Mean.Of(k), B.Mean.Of(k)));
     const Vector<3> normal = Cross(A.Mean.Of(k), B.Mean.Of(k));

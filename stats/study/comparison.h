@@ -18,6 +18,7 @@ struct GroupComparison {
   std::optional<Array1<bool, 3>> Overlap;
   Array1<std::optional<bool>, 3> AxisDiffers;  // by the bootstrap, at the 95 % level
   std::optional<BootLimits> ValueDifference;   // 95 % limits of A's principal values minus B's
+  std::optional<Array1<double, 3>> ValueGap;   // these values' difference itself
 };
 
 /// Gets the places of both groups, A before B.

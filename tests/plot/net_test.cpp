@@ -104,6 +104,42 @@ TEST(ConfidenceEllipse, ShowsTheUpperHemisphereByDashes) {
   for (LogicalPoint p : Joined(arcs)) EXPECT_LT(p.y, Screen.cy);  // all at the same side
 }
 
+// Equal semi-axes make a circle: how far, in units, the middles of its chords lie from it by the
+// projection turned back, and how near its arcs come to the primitive circle.
+TEST(ConfidenceEllipse, BySizeHasFewPointsOnTheCurveUpToTheRim) {
+  constexpr Net Small = {50, 50, 90};
+  constexpr double Radius = 45, Fineness = 100;
+  for (const auto& [inc, E] :
+       {std::pair{80.0, 4.0}, {80.0, 60.0}, {3.0, 20.0}, {6.0, 20.0}, {9.0, 20.0}}) {
+    const Vector<3> pole = DirectionToVector(1, {30, inc});
+    Recorder fine(Fineness);
+    DrawConfidenceEllipse(fine, Small, EqualArea, false, {1, FrameAt({30, inc}), E, E, 0}, {},
+                          StepBySize);
+    const auto lines = CallsOf<PolylineCall>(fine.calls);
+    EXPECT_EQ(lines.size() > 1, inc < E);
+    std::size_t points = 0;
+    for (const PolylineCall& line : lines) {
+      points += line.points.size();
+      for (std::size_t i = 1; i < line.points.size(); ++i) {
+        const LogicalPoint a = line.points[i - 1], b = line.points[i];
+        const double east = ((a.x + b.x) / 2.0 / Fineness - Small.cx) / Radius,
+                     north = (Small.cy - (a.y + b.y) / 2.0 / Fineness) / Radius;
+        const double down = 1 - east * east - north * north, h = std::sqrt(1 + down);
+        const double cosine = pole[1] * north * h + pole[2] * east * h + pole[3] * down;
+        const double off = std::fabs(std::acos(std::fabs(cosine)) - E / DegPerRad);
+        EXPECT_LT(off * Radius, 0.3) << inc << " " << E;  // lengths shrink to a half at the least
+      }
+      // The first and the last arc are one; their ends meet where the circle begins.
+      if (&line == &lines.front() || &line == &lines.back()) continue;
+      for (const LogicalPoint& end : {line.points.front(), line.points.back()}) {
+        const double u = end.x / Fineness - Small.cx, v = end.y / Fineness - Small.cy;
+        EXPECT_GT(std::hypot(u, v), Radius - 0.3);
+      }
+    }
+    EXPECT_LT(points, 46u) << inc << " " << E;
+  }
+}
+
 // The projection turned back, by the formula of the equal-area net: how far, in radians, the points
 // and the middles of the lines between them lie from the great circle.
 TEST(GreatCircle, IsSmoothOnAFineTarget) {

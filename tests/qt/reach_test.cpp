@@ -222,6 +222,20 @@ class ReachTest : public WindowTest {
 
   const QFont font_ = QApplication::font();
 
+  /// Opens a window by a button of the groups, one of each name.
+  void OpenOfGroups(const QString& button, const QString& name) {
+    OpenForm("mnuGroups", "frmGroups");
+    auto& ways = The<QComboBox>("cboGroupBy");
+    ways.setCurrentText("Name up to a character");
+    emit ways.activated(ways.currentIndex());
+    const auto isReady = [this] { return The<QWidget>("cmdCancel").isHidden(); };
+    QVERIFY(QTest::qWaitFor(isReady));
+    The<QTableView>("grdGroups").selectAll();
+    Press(button);
+    form_ = W().Shown<QWidget>(name);
+    QVERIFY(form_ && Activate(*form_) && QTest::qWaitFor(isReady));
+  }
+
  private slots:
   void init() { window_.emplace(); }
   void cleanup() { QApplication::setPalette(QPalette()); }
@@ -235,7 +249,8 @@ class ReachTest : public WindowTest {
            {std::pair{"", "frmVelorix"}, std::pair{"mnuDataTable", "frmDataTable"},
             std::pair{"mnuAnalysis(1)", "frmGroupStatistics"},
             std::pair{"mnuAnalysis(3)", "frmContour"}, std::pair{"mnuFoliLine", "frmFoliLine"},
-            std::pair{"mnuGroups", "frmGroups"}, std::pair{"mnuGedEditor", "frmGEDEditor"},
+            std::pair{"mnuGroups", "frmGroups"}, std::pair{"cmdCompare", "frmComparison"},
+            std::pair{"cmdUntilt", "frmUntilting"}, std::pair{"mnuGedEditor", "frmGEDEditor"},
             std::pair{"mnuManual", "frmManual"}, std::pair{"mnuEdit(1)", "frmEditData"},
             std::pair{"mnuOPAR", "frmOPAR"}, std::pair{"mnuAnisoFac", "frmAnisoFac"},
             std::pair{"mnuAbout", "frmAbout"}})
@@ -267,7 +282,10 @@ class ReachTest : public WindowTest {
       });
     } else {
       form_ = &W().Window;
-      if (!command.isEmpty()) OpenForm(command.toUtf8(), name.toUtf8());
+      if (command.startsWith("cmd"))
+        OpenOfGroups(command, name);
+      else if (!command.isEmpty())
+        OpenForm(command.toUtf8(), name.toUtf8());
       faults = Faults(*form_, everywhere);
     }
     QVERIFY2(faults.isEmpty(), qPrintable("\n" + faults.join('\n')));

@@ -13,15 +13,19 @@
 #include <QSignalBlocker>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <set>
 
 #include "app/display/display.h"
 #include "app/display/shown_group.h"
 #include "app/files/export_groups.h"
 #include "app/files/export_panels.h"
+#include "app/tables/comparison_table.h"
 #include "app/tables/study_table.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/change_buttons.h"
 #include "platform/qt/parts/widgets.h"
+#include "platform/qt/statistics/comparison_window.h"
+#include "platform/qt/statistics/untilting_window.h"
 
 namespace velorix {
 namespace {
@@ -58,6 +62,19 @@ class Cell : public QTableWidgetItem {
     return text() < other.text();
   }
 };
+
+/// Shows a window over `owner`, or again.
+template <class Window>
+void Raise(QPointer<Window>& window, Velorix& velorix, QWidget& owner,
+           typename Window::GroupsInView groups) {
+  if (!window) {
+    window = new Window(velorix, &owner, std::move(groups));
+    window->setWindowFlags(owner.windowFlags());
+  }
+  window->show();
+  window->raise();
+  window->activateWindow();
+}
 
 }  // namespace
 
@@ -139,6 +156,10 @@ QLayout* frmGroups::MakeCommands() {
     row->addWidget(made);
     return made;
   };
+  connect(button("cmdCompare", "Co&mpare...", "Compare each pair of the groups selected"),
+          &QPushButton::clicked, this, [this] { Work(velorix_, [this] { Compare(); }); });
+  connect(button("cmdUntilt", "&Untilt...", "Untilt the groups step by step"),
+          &QPushButton::clicked, this, [this] { Work(velorix_, [this] { Untilt(); }); });
   row->addStretch(1);
   connect(button("cmdCopy", "&Copy", "Copy the table as tab-separated text [Ctrl+C]"),
           &QPushButton::clicked, this, [this] { Copy(); });
@@ -156,6 +177,11 @@ QLayout* frmGroups::MakeCommands() {
 std::optional<GroupBy> frmGroups::Chosen() const {
   const Way& way = Ways[ways_->currentIndex()];
   return ParseGroupBy(way.Word + (*way.Detail ? detail_->text().toStdString() : ""));
+}
+
+std::vector<RecordGroup> frmGroups::Groups() const {
+  const auto by = Chosen();
+  return by ? PartRecords(velorix_.Session, *by) : std::vector<RecordGroup>();
 }
 
 void frmGroups::ChooseWay() {
@@ -180,8 +206,7 @@ void frmGroups::Refresh() {
   for (int column = 0; column < table_->columnCount(); ++column)
     table_->setHorizontalHeaderItem(
         column, new QTableWidgetItem(ToQString(header[static_cast<std::size_t>(column)])));
-  const auto by = Chosen();
-  std::vector<RecordGroup> groups = by ? PartRecords(session, *by) : std::vector<RecordGroup>();
+  std::vector<RecordGroup> groups = Groups();
   for (const RecordGroup& group : groups) {
     std::vector<int>& ids = records_.emplace_back();
     for (const int record : group.Records) ids.push_back(session.Records[record].RecordNo);
@@ -194,6 +219,8 @@ void frmGroups::Refresh() {
         StudyRun::Hearer{[this](std::vector<GroupRow> rows) { Take(std::move(rows)); },
                          [this](bool stopped) { Finish(stopped); }});
   Say();
+  if (comparison_) comparison_->Refresh();
+  if (untilting_) untilting_->Refresh();
 }
 
 void frmGroups::Take(std::vector<GroupRow> rows) {
@@ -228,10 +255,11 @@ void frmGroups::Say() {
   const Session& session = velorix_.Session;
   int inView = 0;
   for (const std::vector<int>& group : records_) inView += static_cast<int>(group.size());
-  heading_->setText(ToQString(GroupHeading(session, GroupInView(session), inView)) +
-                    QString(", %1 groups. Ellipses: ").arg(records_.size()) +
-                    ToQString(LevelText(velorix_.Plots.Stereo.level) +
-                              ". Bootstrap: " + TextOf(velorix_.Bootstrap)));
+  heading_->setText(
+      ToQString(GroupHeading(session, GroupInView(session), inView)) +
+      ToQString((inView > 0 ? ", " : "") + GroupCount(records_.size()) + ". Ellipses: ") +
+      ToQString(LevelText(velorix_.Plots.Stereo.level) +
+                ". Bootstrap: " + TextOf(velorix_.Bootstrap)));
   cancel_->setVisible(run_ != nullptr);
   if (run_)
     progress_->setText(QString("%1 of %2 groups").arg(rows_.size()).arg(expected_ - 1));
@@ -281,7 +309,7 @@ void frmGroups::WritePanels() {
   if (run_) return velorix_.Views.ShowStatus("The groups are still being computed.");
   if (rows_.size() != expected_ || rows_.empty())
     return velorix_.Views.ShowStatus("Not all groups are computed.");
-  const std::vector<RecordGroup> groups = PartRecords(velorix_.Session, *Chosen());
+  const std::vector<RecordGroup> groups = Groups();
   std::vector<Panel> panels;
   for (const GroupRow* row : ShownRows()) {
     const auto place = static_cast<std::size_t>(row - rows_.data());
@@ -290,7 +318,32 @@ void frmGroups::WritePanels() {
   SavePanels(velorix_, panels);
 }
 
+/// The groups of the rows selected, in the order of the groups.
+void frmGroups::Compare() {
+  const std::vector<RecordGroup> groups = Groups();
+  std::set<std::size_t> places;
+  for (const QModelIndex& index : table_->selectionModel()->selectedRows())
+    if (const QTableWidgetItem* item = table_->item(index.row(), 0))
+      places.insert(static_cast<std::size_t>(item->data(RowRole).toInt()));
+  std::vector<std::string> names;
+  for (const std::size_t place : places)
+    if (place < groups.size()) names.push_back(groups[place].Name);
+  if (names.size() < 2) return velorix_.Views.ShowStatus("Select two or more groups.");
+  if (names.size() > MostCompared)
+    return velorix_.Views.ShowStatus("No more than " + std::to_string(MostCompared) +
+                                     " groups are compared at once; these are " +
+                                     std::to_string(names.size()) + ".");
+  Raise(comparison_, velorix_, *this, [this] { return Groups(); });
+  comparison_->Compare(std::move(names));
+}
+
+void frmGroups::Untilt() {
+  Raise(untilting_, velorix_, *this, [this] { return Groups(); });
+}
+
 void frmGroups::closeEvent(QCloseEvent* event) {
+  if (comparison_) comparison_->close();
+  if (untilting_) untilting_->close();
   QWidget::closeEvent(event);
   if (OnClose) OnClose();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -15,6 +16,9 @@ class QPushButton;
 class QTableWidget;
 
 namespace velorix {
+
+class frmComparison;
+class frmUntilting;
 
 /// The window "Groups": the statistics of every group of the records in view, a row each and one
 /// for all. A click on a row selects its records in all views. They are computed beside the
@@ -36,6 +40,7 @@ class frmGroups : public QWidget {
   QLayout* MakeChoices();
   QLayout* MakeCommands();
   std::optional<GroupBy> Chosen() const;
+  std::vector<RecordGroup> Groups() const;
   void ChooseWay();
   void Take(std::vector<GroupRow> rows);
   void Finish(bool stopped);
@@ -46,6 +51,8 @@ class frmGroups : public QWidget {
   void Copy();
   void Export();
   void WritePanels();
+  void Compare();
+  void Untilt();
 
   Velorix& velorix_;
   QComboBox* ways_ = nullptr;
@@ -58,6 +65,8 @@ class frmGroups : public QWidget {
   std::size_t expected_ = 0;  // rows, with that of all
   bool stopped_ = false;
   std::unique_ptr<StudyRun> run_;
+  QPointer<frmComparison> comparison_;
+  QPointer<frmUntilting> untilting_;
 };
 
 }  // namespace velorix
