@@ -16,6 +16,8 @@ class QTableWidget;
 
 namespace velorix {
 
+class GroupControls;
+
 /// The window "Groups": the statistics of every group of the records in view, a row each and one
 /// for all. A click on a row selects its records in all views. They are computed beside the
 /// window, anew when the view changes.
@@ -35,8 +37,11 @@ class frmGroups : public QWidget {
  private:
   QLayout* MakeChoices();
   QLayout* MakeCommands();
-  std::optional<GroupBy> Chosen() const;
+  const std::optional<GroupBy>& Chosen() const;
   void ChooseWay();
+  void ChooseParting();
+  void ShowParting();
+  std::vector<std::size_t> SelectedRows() const;
   void Take(std::vector<GroupRow> rows);
   void Finish(bool stopped);
   void Say();
@@ -53,6 +58,8 @@ class frmGroups : public QWidget {
   QTableWidget* table_ = nullptr;
   QLabel *heading_ = nullptr, *progress_ = nullptr;
   QPushButton* cancel_ = nullptr;
+  GroupControls* controls_ = nullptr;
+  std::vector<std::string> names_;         // of the groups
   std::vector<std::vector<int>> records_;  // `RecordNo` of each group's records
   std::vector<GroupRow> rows_;
   std::size_t expected_ = 0;  // rows, with that of all
