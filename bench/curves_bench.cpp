@@ -65,7 +65,7 @@ LogicalPoint PlainPoint(const ConfidenceEllipse& e, int degrees) {
   const DirectionAndLength d = VectorToDirection(w);
   const Point unit = ProjectDirection(EqualArea, LowerHemisphere({d.Dec, d.Inc}));
   const Point p = OnNet(Screen, unit.x, unit.y);
-  return ToLogical(p.x, p.y);
+  return {ToLong(p.x), ToLong(p.y)};
 }
 
 void PointsOfEllipses(benchmark::State& state) {

@@ -3,6 +3,7 @@
 #include "datafiles/ams_file.h"
 #include "datafiles/ams_layout.h"
 #include "examples/example_record.h"
+#include "examples/folded_sites.h"
 #include "examples/granite_site.h"
 #include "examples/published_sites.h"
 #include "examples/u1359b_tensors.h"
@@ -80,7 +81,8 @@ inline ExampleFile CoreFile() {
 }
 
 inline std::vector<ExampleFile> ExampleFiles() {
-  return {JelinekFile(), Tr245File(), GeographicFile(), DikeFile(), CoreFile(), GraniteFile()};
+  return {JelinekFile(), Tr245File(),   GeographicFile(), DikeFile(),
+          CoreFile(),    GraniteFile(), FoldFile(true),   FoldFile(false)};
 }
 
 /// The bytes of a file as an instrument's program writes it. Our own writer leaves the standard

@@ -8,6 +8,7 @@
 #include "base/fault.h"
 #include "base/rounding.h"
 #include "datafiles/safe_write.h"
+#include "plot/drawing/drawing.h"
 #include "plot/drawing/metafile_target.h"
 #include "plot/plots/histogram.h"
 #include "text/paths.h"
@@ -29,7 +30,7 @@ constexpr PlotGeometry XYPlotPlaces[] = {
     {.left = 530, .bottom = 620, .width = 320, .height = 180, .fontHeight = 9, .symbolSize = 8, .barLeft = 23, .barRight = 31, .barTitle = 45}};
 
 /// The line that says what the mean is of, at the left below the net and its legend.
-constexpr LogicalPoint MeanLinePlace = {60, 402};
+constexpr double MeanLineX = 60, MeanLineY = 402;
 constexpr int MeanLineHeight = 11;
 
 /// The groups' names, below the plots.
@@ -116,7 +117,7 @@ void DrawVectorPage(const Velorix& velorix, Target& target) {
   DrawPage(velorix, target, VectorScale);
   const std::string mean = MeanOnPage(velorix, MeanLabel);
   if (!mean.empty() && GroupLines(velorix.Plots.Stereo).empty())
-    target.Text(mean, MeanLinePlace, {.height = MeanLineHeight});
+    DrawText(target, mean, MeanLineX, MeanLineY, {.height = MeanLineHeight});
 }
 
 /// What the status line says of a figure that is made: `done`, and that its mean is of another

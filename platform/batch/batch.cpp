@@ -1,7 +1,6 @@
 #include "platform/batch/batch.h"
 
 #include <algorithm>
-#include <deque>
 #include <filesystem>
 #include <functional>
 #include <iostream>
@@ -21,6 +20,7 @@
 #include "datafiles/ged_file.h"
 #include "datafiles/safe_write.h"
 #include "datafiles/settings_file.h"
+#include "platform/batch/batch_views.h"
 #include "platform/batch/contour_output.h"
 #include "platform/batch/groups_output.h"
 #include "platform/batch/json.h"
@@ -37,61 +37,6 @@ namespace velorix {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// Dialogs that the arguments answer. A box is a complaint on standard error, but for the question
-/// whether to overwrite: without `--force` no output is begun.
-struct BatchDialogs : Dialogs {
-  std::deque<FileAnswer> Answers;
-  bool Complained = false;
-
-  std::optional<FileAnswer> Next() {
-    if (Answers.empty()) return std::nullopt;
-    const FileAnswer answer = Answers.front();
-    Answers.pop_front();
-    return answer;
-  }
-  std::optional<FileAnswer> ShowOpen(const FileQuestion&) override { return Next(); }
-  std::optional<FileAnswer> ShowSave(const FileQuestion&) override { return Next(); }
-  int Ask(const std::string& title, const std::string& text,
-          const std::vector<std::string>& buttons, int) override {
-    if (buttons.front() == "&Yes") return 0;
-    if (buttons.front() == "&Save") {  // what is lost is said, and the save goes on
-      std::cerr << text << "\n";
-      return 0;
-    }
-    std::cerr << title << ": " << text << "\n";
-    Complained = true;
-    return 0;
-  }
-};
-
-/// Views that show nothing but a failure of the statistics, on standard error.
-struct BatchViews : Views, WindowOpener {
-  std::string Status;
-
-  void SetCaption(const std::string&) override {}
-  int CaptionRoom() override { return 80; }
-  void ShowChoices() override {}
-  void ShowCodeLists() override {}
-  void ShowGridHeader() override {}
-  void FillGrid() override {}
-  void FillDataTable() override {}
-  void ShowSelection() override {}
-  void RedrawStereo() override {}
-  void RedrawHisto() override {}
-  void RedrawXYPlot(int) override {}
-  void ShowWindows() override {}
-  void RefreshGroupStatistics() override {}
-  void RefreshContour() override {}
-  void ShowAbout() override {}
-  void ShowManual() override {}
-  void ShowOrientationEditor() override {}
-  void ShowGedEditor() override {}
-  void ShowOrientationParameters() override {}
-  void ShowFactorChoice() override {}
-  void Exit() override {}
-  void ShowStatus(const std::string& text) override { Status = text; }
-};
 
 /// A run on the program's objects.
 class Batch {

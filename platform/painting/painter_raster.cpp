@@ -53,9 +53,8 @@ void PainterTarget::Raster(LogicalPoint corner, int width, std::span<const Colou
   if (surface_ == Surface::Page) {
     for (int i = 0; i <= width; ++i) xEdges.push_back(i * PageEnlargement);
     for (int j = 0; j <= height; ++j) yEdges.push_back(j * PageEnlargement);
-    painter_.drawImage(
-        QRectF(fit_.ToDevice(corner.x, corner.y), QSizeF(width * fit_.scale, height * fit_.scale)),
-        Magnified(pixels, width, UnitsOf(xEdges), UnitsOf(yEdges)));
+    painter_.drawImage(QRectF(Placed(corner), QSizeF(width * fit_.scale, height * fit_.scale)),
+                       Magnified(pixels, width, UnitsOf(xEdges), UnitsOf(yEdges)));
     return;
   }
   for (int i = 0; i <= width; ++i)

@@ -98,7 +98,11 @@ PlaneFit FitPlane(PlaneSize plane, const QSizeF& device) {
 }
 
 PainterTarget::PainterTarget(QPainter& painter, const PlaneFit& fit, Surface surface)
-    : painter_(painter), fit_(fit), surface_(surface) {
+    : Target(surface == Surface::Page ? PageFineness : 1),
+      painter_(painter),
+      fit_(fit),
+      fine_{fit.scale / Fineness, fit.dx, fit.dy},
+      surface_(surface) {
   painter_.setRenderHint(QPainter::Antialiasing);
   painter_.setRenderHint(QPainter::TextAntialiasing);
 }
@@ -137,8 +141,7 @@ void PainterTarget::Ellipse(const LogicalBox& box, const Pen& pen, Brush brush) 
 }
 
 void PainterTarget::Pixel(LogicalPoint point, Colour colour) {
-  const QPointF corner =
-      surface_ == Surface::Pixels ? Snapped(point) : fit_.ToDevice(point.x, point.y);
+  const QPointF corner = Placed(point);
   const double side =
       surface_ == Surface::Pixels ? std::max(1.0, std::round(fit_.scale)) : fit_.scale;
   painter_.fillRect(QRectF(corner, QSizeF(side, side)), ToQColor(colour));
@@ -173,16 +176,19 @@ void PainterTarget::Text(std::string_view text, LogicalPoint point, const TextSt
   painter_.save();
   painter_.setFont(font);
   painter_.setPen(ToQColor(style.colour));
-  painter_.translate(surface_ == Surface::Pixels ? Snapped(point)
-                                                 : fit_.ToDevice(point.x, point.y));
+  painter_.translate(Placed(point));
   if (style.rotation != 0) painter_.rotate(-style.rotation / 10.0);
   if (surface_ == Surface::Pixels) y = std::round(y);
   painter_.drawText(QPointF(x, y), string);
   painter_.restore();
 }
 
+QPointF PainterTarget::Placed(LogicalPoint point) const {
+  return surface_ == Surface::Pixels ? Snapped(point) : fine_.ToDevice(point.x, point.y);
+}
+
 QPointF PainterTarget::Snapped(LogicalPoint point) const {
-  const QPointF p = fit_.ToDevice(point.x, point.y);
+  const QPointF p = fine_.ToDevice(point.x, point.y);
   return {std::floor(p.x() + 0.5), std::floor(p.y() + 0.5)};
 }
 
@@ -202,11 +208,8 @@ QPen PainterTarget::ToQPen(const Pen& pen, Kind kind) const {
 void PainterTarget::Draw(Kind kind, std::span<const LogicalPoint> points, const Pen& pen,
                          Brush brush) {
   if (points.size() < 2) return;
-  if (surface_ == Surface::Page) {
-    DrawShape(painter_, kind, points, fit_.ToDevice(points[0].x, points[0].y), pen, brush);
-  } else if (!DrawStamp(kind, points, pen, brush)) {
-    DrawShape(painter_, kind, points, Snapped(points[0]), pen, brush);
-  }
+  if (surface_ == Surface::Page || !DrawStamp(kind, points, pen, brush))
+    DrawShape(painter_, kind, points, Placed(points[0]), pen, brush);
 }
 
 /// Draws the shape with its first point at `first`. On pixels all points are whole pixels apart,
@@ -222,8 +225,8 @@ void PainterTarget::DrawShape(QPainter& painter, Kind kind, std::span<const Logi
     if (kind == Kind::Polyline && i > 0 && i + 1 < points.size() &&
         GoesStraightOn(points[i - 1], p, points[i + 1]))
       continue;
-    double x = (static_cast<double>(p.x) - points[0].x) * fit_.scale;
-    double y = (static_cast<double>(p.y) - points[0].y) * fit_.scale;
+    double x = (static_cast<double>(p.x) - points[0].x) * fine_.scale;
+    double y = (static_cast<double>(p.y) - points[0].y) * fine_.scale;
     if (pixels) x = std::round(x), y = std::round(y);
     const QPointF at(first.x() + x + half, first.y() + y + half);
     if (polygon.size() < 2 || at != polygon.back()) polygon.append(at);
@@ -254,7 +257,7 @@ bool PainterTarget::DrawStamp(Kind kind, std::span<const LogicalPoint> points, c
                   .penColour = pen.colour,
                   .fill = brush.value_or(0),
                   .hollow = !brush};
-  const double limit = std::min(LargestStamp / std::max(fit_.scale, 1e-3), 1e4);
+  const double limit = std::min(LargestStamp / std::max(fine_.scale, 1e-3), 1e4);
   for (std::size_t i = 1; i < points.size(); ++i) {
     const double dx = static_cast<double>(points[i].x) - points[0].x;
     const double dy = static_cast<double>(points[i].y) - points[0].y;
@@ -276,10 +279,10 @@ PainterTarget::Stamp PainterTarget::MakeStamp(Kind kind, std::span<const Logical
                                               const Pen& pen, Brush brush) const {
   double left = 0, top = 0, right = 0, bottom = 0;
   for (const LogicalPoint p : points) {
-    left = std::min(left, (static_cast<double>(p.x) - points[0].x) * fit_.scale);
-    right = std::max(right, (static_cast<double>(p.x) - points[0].x) * fit_.scale);
-    top = std::min(top, (static_cast<double>(p.y) - points[0].y) * fit_.scale);
-    bottom = std::max(bottom, (static_cast<double>(p.y) - points[0].y) * fit_.scale);
+    left = std::min(left, (static_cast<double>(p.x) - points[0].x) * fine_.scale);
+    right = std::max(right, (static_cast<double>(p.x) - points[0].x) * fine_.scale);
+    top = std::min(top, (static_cast<double>(p.y) - points[0].y) * fine_.scale);
+    bottom = std::max(bottom, (static_cast<double>(p.y) - points[0].y) * fine_.scale);
   }
   // Pointed corners reach beyond the outline by up to three pen widths.
   const double margin = 2 + 3 * PenWidth(pen);

@@ -24,8 +24,10 @@ struct PlaneFit {
 PlaneFit FitPlane(PlaneSize plane, const QSizeF& device);
 
 /// What lies under a painter: device pixels, to which lines and symbols snap so that they are
-/// crisp, or a page of vectors (SVG, PDF), which keeps every call as it is.
+/// crisp, or a page of vectors (PDF, paper), which keeps every call as it is.
 enum class Surface { Pixels, Page };
+/// Of a page: its curves are smooth to 1/100 of a unit.
+inline constexpr int PageFineness = 100;
 
 /// A target on a painter, smooth at any scale. For `Surface::Pixels` one unit of the painter must
 /// be one pixel of its device. Pens scale with the plane but never get thinner than a device pixel.
@@ -73,12 +75,14 @@ class PainterTarget : public Target {
                  const QPointF& first, const Pen& pen, Brush brush) const;
   Stamp MakeStamp(Kind kind, std::span<const LogicalPoint> points, const Pen& pen,
                   Brush brush) const;
+  QPointF Placed(LogicalPoint point) const;
   QPointF Snapped(LogicalPoint point) const;
   double PenWidth(const Pen& pen) const;
   QPen ToQPen(const Pen& pen, Kind kind) const;
 
   QPainter& painter_;
-  PlaneFit fit_;
+  PlaneFit fit_;   // of logical units, for sizes
+  PlaneFit fine_;  // of the units of points
   Surface surface_;
   std::unordered_map<StampKey, Stamp, StampHash> stamps_;
 };

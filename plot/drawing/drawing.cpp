@@ -14,23 +14,25 @@ Brush HollowIfZero(Colour fill) { return fill == 0 ? Brush(NoBrush) : Brush(fill
 
 }  // namespace
 
-LogicalPoint ToLogical(double x, double y) { return {ToLong(x), ToLong(y)}; }
+LogicalPoint ToLogical(const Target& target, double x, double y) {
+  return {ToLong(target.Fineness * x), ToLong(target.Fineness * y)};
+}
 
 void DrawCircle(Target& target, double cx, double cy, double r, const Pen& pen, Colour fill) {
-  const LogicalPoint a = ToLogical(cx - r, cy - r), b = ToLogical(cx + r, cy + r);
+  const LogicalPoint a = ToLogical(target, cx - r, cy - r), b = ToLogical(target, cx + r, cy + r);
   target.Ellipse({a.x, a.y, b.x, b.y}, pen, HollowIfZero(fill));
 }
 
 void DrawLine(Target& target, double x1, double y1, double x2, double y2, const Pen& pen) {
-  const LogicalPoint points[] = {ToLogical(x1, y1), ToLogical(x2, y2)};
+  const LogicalPoint points[] = {ToLogical(target, x1, y1), ToLogical(target, x2, y2)};
   target.Polyline(points, pen);
 }
 
 void DrawRamp(Target& target, std::span<const double> sides, double bottom,
               std::span<const Colour> colours) {
   std::vector<std::int32_t> places;
-  for (const double x : sides) places.push_back(ToLong(x));
-  target.Ramp(places, ToLong(bottom), colours);
+  for (const double x : sides) places.push_back(ToLong(target.Fineness * x));
+  target.Ramp(places, ToLong(target.Fineness * bottom), colours);
 }
 
 void DrawPolyline(Target& target, std::span<const LogicalPoint> points, const Pen& pen) {
@@ -39,8 +41,8 @@ void DrawPolyline(Target& target, std::span<const LogicalPoint> points, const Pe
 
 void DrawRectangle(Target& target, double x1, double y1, double x2, double y2, const Pen& pen,
                    Colour fill) {
-  const LogicalPoint points[] = {ToLogical(x1, y1), ToLogical(x2, y1), ToLogical(x2, y2),
-                                 ToLogical(x1, y2)};
+  const LogicalPoint points[] = {ToLogical(target, x1, y1), ToLogical(target, x2, y1),
+                                 ToLogical(target, x2, y2), ToLogical(target, x1, y2)};
   target.Polygon(points, pen, HollowIfZero(fill));
 }
 
@@ -52,7 +54,7 @@ void DrawBox(Target& target, double x1, double y1, double x2, double y2, const P
 }
 
 void DrawText(Target& target, std::string_view text, double x, double y, const TextStyle& style) {
-  target.Text(text, ToLogical(x, y), style);
+  target.Text(text, ToLogical(target, x, y), style);
 }
 
 void DrawTextVertical(Target& target, std::string_view text, double x, double y, TextStyle style) {

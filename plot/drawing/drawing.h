@@ -9,11 +9,11 @@
 namespace velorix {
 
 // The drawing operations of the plot engine. Coordinates and sizes are logical units of the target;
-// they go to 32-bit integers at the last moment, halves to even, and a value outside their range,
-// or one that is not finite, raises "Overflow". Nothing is kept between calls.
+// coordinates go to 32-bit integers of its fineness at the last moment, halves to even, and a value
+// outside their range, or one that is not finite, raises "Overflow". Nothing is kept between calls.
 
-/// The point as it reaches a target.
-LogicalPoint ToLogical(double x, double y);
+/// The point as it reaches the target.
+LogicalPoint ToLogical(const Target& target, double x, double y);
 
 /// An ellipse on the box (cx - r, cy - r) to (cx + r, cy + r). Fill 0 is no fill, not black.
 void DrawCircle(Target& target, double cx, double cy, double r, const Pen& pen, Colour fill);

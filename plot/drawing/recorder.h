@@ -61,6 +61,7 @@ using DrawCall = std::variant<TransparentCall, PolygonCall, PolylineCall, Ellips
 struct Recorder : Target {
   std::vector<DrawCall> calls;
 
+  explicit Recorder(int fineness = 1) : Target(fineness) {}
   void SetTransparent() override;
   void Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) override;
   void Polyline(std::span<const LogicalPoint> points, const Pen& pen) override;

@@ -71,7 +71,12 @@ struct Place {
   velorix::Target& target;
   double x, y, s;
 
-  LogicalPoint At(double dx, double dy) const { return ToLogical(x + dx * s, y + dy * s); }
+  /// On a fine target equal symbols are equal in every unit, wherever they stand.
+  LogicalPoint At(double dx, double dy) const {
+    if (target.Fineness == 1) return ToLogical(target, x + dx * s, y + dy * s);
+    const LogicalPoint centre = ToLogical(target, x, y), part = ToLogical(target, dx * s, dy * s);
+    return {centre.x + part.x, centre.y + part.y};
+  }
   void Ellipse(double half, const Pen& pen, Colour fill) const {
     const LogicalPoint a = At(-half, -half), b = At(half, half);
     target.Ellipse({a.x, a.y, b.x, b.y}, pen, fill);

@@ -28,7 +28,8 @@ struct Pen {
 using Brush = std::optional<Colour>;
 inline constexpr std::nullopt_t NoBrush = std::nullopt;
 
-/// A point of the target's logical plane, x to the right, y downward.
+/// A point of the target's logical plane, x to the right, y downward, in units of the target's
+/// fineness.
 struct LogicalPoint {
   std::int32_t x = 0, y = 0;
   bool operator==(const LogicalPoint&) const = default;
@@ -78,7 +79,14 @@ inline constexpr Colour NoColour = 0xFFFFFFFF;
 /// What everything is drawn on: a picture on the screen, an image, a page, a metafile, a recorder.
 /// No call leaves a pen, brush or font behind, so every call says all that it needs; the
 /// transparent background alone lasts.
+///
+/// Points and boxes come in units that are `Fineness` times as fine as the logical ones, so that
+/// curves on paper are smooth. Sizes stay logical: widths of pens, heights of letters, the units of
+/// a raster and the lines of a ramp.
 struct Target {
+  const int Fineness;
+
+  explicit Target(int fineness = 1) : Fineness(fineness) {}
   virtual ~Target() = default;
   /// Text and dashed lines paint no background from here on; a composition begins with it.
   virtual void SetTransparent() = 0;
@@ -93,8 +101,8 @@ struct Target {
   virtual void Raster(LogicalPoint corner, int width, std::span<const Colour> pixels) {
     for (std::size_t n = 0; n < pixels.size(); ++n)
       if (pixels[n] != NoColour)
-        Pixel({corner.x + static_cast<int>(n % static_cast<std::size_t>(width)),
-               corner.y + static_cast<int>(n / static_cast<std::size_t>(width))},
+        Pixel({corner.x + Fineness * static_cast<int>(n % static_cast<std::size_t>(width)),
+               corner.y + Fineness * static_cast<int>(n / static_cast<std::size_t>(width))},
               pixels[n]);
   }
   /// Colour scales side by side: bars of level lines, a unit apart from `bottom` upward. The sides
@@ -105,7 +113,7 @@ struct Target {
                     std::span<const Colour> colours) {
     const std::size_t bars = sides.size() - 1;
     for (std::size_t n = 0; n < colours.size(); ++n) {
-      const std::int32_t y = bottom - static_cast<std::int32_t>(n / bars);
+      const std::int32_t y = bottom - Fineness * static_cast<std::int32_t>(n / bars);
       const LogicalPoint line[] = {{sides[n % bars], y}, {sides[n % bars + 1], y}};
       Polyline(line, {.colour = colours[n]});
     }

@@ -82,7 +82,7 @@ class Curve {
     if (!showUpper_) direction = LowerHemisphere(direction);
     const Point unit = ProjectDirection(projection_, direction);
     const Point p = OnNet(net_, unit.x, unit.y);
-    return ToLogical(p.x, p.y);
+    return ToLogical(target_, p.x, p.y);
   }
 
   /// The same point straight from the vector, without an arc function. In the equal-area net the
@@ -94,8 +94,8 @@ class Curve {
     if (projection_ != EqualArea || h2 < 1e-12 * l2) return PlaceByDirection(w);
     const double scale = 0.5 * net_.diameter / std::sqrt(l * (l + std::fabs(w[3])));
     const double side = !showUpper_ && w[3] < 0 ? -scale : scale;
-    const auto x = RoundBeyondDoubt(net_.cx + side * w[2], doubt_);
-    const auto y = RoundBeyondDoubt(net_.cy - side * w[1], doubt_);
+    const auto x = RoundBeyondDoubt(target_.Fineness * (net_.cx + side * w[2]), doubt_);
+    const auto y = RoundBeyondDoubt(target_.Fineness * (net_.cy - side * w[1]), doubt_);
     return x && y ? LogicalPoint{*x, *y} : PlaceByDirection(w);
   }
 
@@ -103,7 +103,7 @@ class Curve {
   const Net net_;
   const Projection projection_;
   const bool showUpper_;
-  const double doubt_ = 1e-4 + 1e-6 * net_.diameter;
+  const double doubt_ = target_.Fineness * (1e-4 + 1e-6 * net_.diameter);
   Pen pen_;
   std::vector<LogicalPoint> points_;
   int sign_ = 0;
@@ -184,7 +184,7 @@ void DrawNetPolyline(Target& target, const Net& net, Projection projection,
   const auto append = [&](const Direction& d) {
     const Point unit = ProjectDirection(projection, d);
     const Point p = OnNet(net, unit.x, unit.y);
-    points.push_back(ToLogical(p.x, p.y));
+    points.push_back(ToLogical(target, p.x, p.y));
   };
   for (const Direction& d : directions)
     if (!std::isfinite(d.Dec) || !std::isfinite(d.Inc)) return;

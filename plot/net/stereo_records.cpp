@@ -46,7 +46,7 @@ void DrawDataLines(const StereoView& view) {
       const Direction d = DirectionOf(record, k);
       if (!record.Active || record.CoorLevel != view.coorSys || !IsFinite(d)) continue;
       const Point unit = ProjectDirection(EqualArea, d), p = OnNet(view.net, unit.x, unit.y);
-      point = ToLogical(p.x, p.y);
+      point = ToLogical(view.target, p.x, p.y);
     }
     DrawPolyline(view.target, points, {.colour = Axes[k].colour});
   }

@@ -78,8 +78,9 @@ void PaintNodes(const ContourView& view, const ContourGrid& grid) {
         const std::size_t n = static_cast<std::size_t>(grid.Index(i, j));
         if (grid.Inside[n]) pixels[n] = Yellow;
       }
-  view.target.Raster({ContourCorner.x + grid.First, ContourCorner.y + grid.First}, grid.Side(),
-                     pixels);
+  view.target.Raster(
+      ToLogical(view.target, ContourCorner.x + grid.First, ContourCorner.y + grid.First),
+      grid.Side(), pixels);
 }
 
 /// Each datum with the declination it has: one that points up is not turned over, as nowhere in
@@ -112,7 +113,7 @@ void DrawRampBar(const ContourView& view) {
   for (int y = 0; y < Height; ++y)
     pixels.insert(pixels.end(), BarWidth,
                   view.ColourAt(1 - (static_cast<float>(y) + 0.5f) / static_cast<float>(Height)));
-  view.target.Raster({LegendLeft, BarTop}, BarWidth, pixels);
+  view.target.Raster(ToLogical(view.target, LegendLeft, BarTop), BarWidth, pixels);
   DrawBox(view.target, LegendLeft, BarTop, LegendLeft + BarWidth, BarBottom, {});
   constexpr double LabelHeight = 13;
   const auto label = [&view](int value, double lower) {

@@ -116,7 +116,7 @@ void DrawCurve(Target& target, const Frame& frame, const Untilting& untilting, c
   for (const UntiltStep& step : untilting.Steps)
     if (step.*curve.Tau) {
       const Point p = frame.At(step.Percent, *(step.*curve.Tau));
-      line.push_back(ToLogical(p.x, p.y));
+      line.push_back(ToLogical(target, p.x, p.y));
     }
   DrawPolyline(target, line, {.colour = curve.Look.colour, .width = CurveWidth});
   const std::optional<int> best = (untilting.*curve.Best).Step;

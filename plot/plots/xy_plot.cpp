@@ -32,7 +32,7 @@ void DrawLines(Target& target, const PlotGeometry& plot, std::span<const Point> 
   std::vector<LogicalPoint> line;
   for (const auto& run : ClipPolylineToBox(places, plot.At(0, 0), plot.At(1, 1))) {
     line.clear();
-    for (const Point& p : run) line.push_back(ToLogical(p.x, p.y));
+    for (const Point& p : run) line.push_back(ToLogical(target, p.x, p.y));
     DrawPolyline(target, line, {.colour = colour});
   }
 }

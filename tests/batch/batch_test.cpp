@@ -113,6 +113,33 @@ TEST_F(Batch, GoesOnAfterStatisticsThatFailAndTellsThemOfTheChosenViewOnly) {
   EXPECT_EQ(none["GroupN"], 0);
 }
 
+// The example studies: published tensors that known rotations put on a fold.
+TEST_F(Batch, FindsTheAgeOfAFabricAcrossAFoldAndTheAnglesBetweenItsSites) {
+  const auto run = [&](const char* study, const std::string& options) {
+    return Run("--foli S0 --line 0 --group-by site --seed 1 " + options +
+               " \"" VELORIX_SOURCE_DIR "/examples/fold/" + study + ".ams\"")
+        .Json();
+  };
+  const auto before = run("before", "--untilt -"), after = run("after", "--untilt -");
+  for (const char* axis : {"Kmax", "Kmin"}) {
+    EXPECT_EQ(before[axis]["Verdict"], "older than the folding");
+    EXPECT_EQ(after[axis]["Verdict"], "younger");
+  }
+  EXPECT_EQ(before["Groups"].size(), 24u);
+  EXPECT_EQ(before["LeftOut"], 0);
+  // Kmax of the sites F01 and F07 was laid along 25/3 and 30/3.5, 5.0169 degrees apart, before the
+  // beds were tilted by 15 and 57 degrees.
+  const auto angle = [&](const char* study, const std::string& system) {
+    const nlohmann::json pairs = run(study, "--coor " + system + " --compare -")["Pairs"];
+    for (const auto& pair : pairs)
+      if (pair["A"] == "F01" && pair["B"] == "F07") return pair["Angle"][0].get<double>();
+    return -1.0;
+  };
+  EXPECT_NEAR(angle("after", "geo"), 5.0169, 2e-3);
+  EXPECT_NEAR(angle("before", "paleo"), 5.0169, 2e-3);
+  EXPECT_GT(angle("before", "geo"), 15);
+}
+
 TEST_F(Batch, WritesNullForWhatIsNotFinite) {
   SpecimenRecord record = Record("wild", 1);
   record.Field = std::numeric_limits<float>::infinity();

@@ -69,7 +69,7 @@ QColor PixelAt(int column, int row) {
   const Colour c = Pixels[static_cast<std::size_t>(row) * Width + static_cast<std::size_t>(column)];
   return c == NoColour ? QColor(Qt::white) : QColor(c & 255, c >> 8 & 255, c >> 16 & 255);
 }
-void DrawRaster(Target& target) { target.Raster({10, 12}, Width, Pixels); }
+void DrawRaster(Target& target) { target.Raster(ToLogical(target, 10, 12), Width, Pixels); }
 
 QImage Whole(const PictureWidget& like, const PictureWidget::DrawFunction& draw) {
   PictureWidget fresh;

@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QDropEvent>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
 #include <QSplitter>
@@ -15,11 +14,9 @@
 
 #include "app/commands.h"
 #include "app/display/display.h"
-#include "app/display/shown_group.h"
 #include "app/files/open_flow.h"
 #include "app/startup.h"
 #include "platform/qt/parts/busy_cursor.h"
-#include "platform/qt/parts/marks.h"
 #include "platform/qt/parts/own_paths.h"
 #include "platform/qt/parts/widgets.h"
 #include "platform/qt/plots/column_plots.h"
@@ -38,7 +35,6 @@
 #include "platform/qt/windows/manual_window.h"
 #include "platform/qt/windows/opar_window.h"
 #include "platform/qt/windows/view_lists.h"
-#include "text/numbers.h"
 
 namespace velorix {
 namespace {
@@ -100,7 +96,7 @@ void frmVelorix::Load(Velorix& velorix) {
   rows->addWidget(views, 1);
   AddPanelButtons();
   setCentralWidget(centre);
-  MakeStatusBar();
+  status_.Build(*statusBar());
   resize(1280, 800);
   statusBar()->showMessage("Open a data file with Ctrl+O, or drop one on this window.");
 
@@ -181,29 +177,7 @@ void frmVelorix::PlaceGrid() {
   main_->setSizes({grid, main_->width() - main_->handleWidth() - grid});
 }
 
-void frmVelorix::MakeStatusBar() {
-  const auto add = [this](const char* name, const char* tip) {
-    auto* label = new QLabel(this);
-    label->setObjectName(name);
-    label->setToolTip(tip);
-    statusBar()->addPermanentWidget(label);
-    return label;
-  };
-  mean_ = add("lblMean",
-              "The group statistics and the mean on the stereonet belong to this view, not to the "
-              "one shown. Clear Selection (Shift+Ctrl+F12) computes them for the one shown");
-  mean_->setMinimumWidth(1);  // a long text does not widen the window
-  MarkLabel(*mean_, true);
-  disregarded_ = add("lblDisregarded",
-                     "Records that are disregarded, and those that the view shows of the others");
-  unsaved_ = add("lblUnsaved", "The records differ from those in any file; Save As writes them");
-  counts_ = add("lblRecords", "Records in view, in the store, and selected");
-  startTime_ = add("picStat(2)", "Seconds that the start took");
-}
-
-void frmVelorix::ShowStartTime(float seconds) {
-  startTime_->setText(ToQString(FormatNumber(seconds, "0.0")));
-}
+void frmVelorix::ShowStartTime(float seconds) { status_.ShowStartTime(seconds); }
 
 void frmVelorix::StartAutosave() {
   autosaver_ = std::make_unique<Autosaver>(*velorix_);
@@ -226,7 +200,7 @@ void frmVelorix::ShowChoices() {
   bars_.ShowChoices();
   lists_->ShowChoices();
   if (autosaver_) autosaver_->Forget();
-  unsaved_->setText(velorix_->Session.IsUnsaved() ? "Not saved" : "");
+  status_.ShowUnsaved(velorix_->Session.IsUnsaved());
 }
 
 void frmVelorix::ShowCodeLists() {
@@ -250,22 +224,7 @@ void frmVelorix::FillGrid() {
 
 void frmVelorix::RedrawStereo() {
   stereo_->Redraw();
-  CountRecords();
-}
-
-void frmVelorix::CountRecords() {
-  const auto show = [](QLabel& label, const std::string& text) {
-    label.setText(ToQString(text));
-    label.setVisible(!text.empty());
-  };
-  show(*mean_, MeanLabel(velorix_->Session, velorix_->GroupOf, velorix_->GroupStats.GroupN));
-  show(*disregarded_, DisregardedLabel(velorix_->Session));
-  int selected = 0;
-  for (const SpecimenRecord& record : velorix_->Session.Records) selected += record.Selected;
-  counts_->setText(QString("%1 of %2 records in view, %3 selected")
-                       .arg(grid_->Grid->Rows().rowCount())
-                       .arg(velorix_->Session.RecordCount())
-                       .arg(selected));
+  status_.ShowRecords(*velorix_, grid_->Grid->Rows().rowCount());
 }
 
 /// Opens or shuts a window beside this one as the session says. When the user closes a

@@ -6,8 +6,8 @@
 
 #include "app/state/velorix.h"
 #include "platform/qt/windows/command_bars.h"
+#include "platform/qt/windows/status_labels.h"
 
-class QLabel;
 class QSplitter;
 class QPushButton;
 
@@ -73,16 +73,15 @@ class frmVelorix : public QMainWindow, public Views, public WindowOpener {
  private:
   void AddPanelButtons();
   QWidget* MakeViews();
-  void MakeStatusBar();
   int LeftWidth() const;
   void FollowGridWidth();
   void PlaceGrid();
-  void CountRecords();
   template <class Window>
   void ShowWindow(bool OpenWindows::*isOpen, Window*& window);
 
   Velorix* velorix_ = nullptr;  // whose Views this window is
   CommandBars bars_;
+  StatusLabels status_;
   ViewLists* lists_ = nullptr;
   GridPanel* grid_ = nullptr;
   StereoPanel* stereo_ = nullptr;
@@ -100,8 +99,6 @@ class frmVelorix : public QMainWindow, public Views, public WindowOpener {
   bool columnChosen_ = true;  // by the user; a wide grid may leave no room for it
   bool optionsGone_ = false;  // of the net, for a wide grid
   QList<int> besideNarrow_;   // widths at both sides of `whole_` before the grid was widened
-  QLabel *mean_ = nullptr, *disregarded_ = nullptr, *unsaved_ = nullptr, *counts_ = nullptr,
-         *startTime_ = nullptr;
 };
 
 }  // namespace velorix

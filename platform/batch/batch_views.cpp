@@ -1,0 +1,26 @@
+#include "platform/batch/batch_views.h"
+
+#include <iostream>
+
+namespace velorix {
+
+std::optional<FileAnswer> BatchDialogs::Next() {
+  if (Answers.empty()) return std::nullopt;
+  const FileAnswer answer = Answers.front();
+  Answers.pop_front();
+  return answer;
+}
+
+int BatchDialogs::Ask(const std::string& title, const std::string& text,
+                      const std::vector<std::string>& buttons, int) {
+  if (buttons.front() == "&Yes") return 0;
+  if (buttons.front() == "&Save") {  // what is lost is said, and the save goes on
+    std::cerr << text << "\n";
+    return 0;
+  }
+  std::cerr << title << ": " << text << "\n";
+  Complained = true;
+  return 0;
+}
+
+}  // namespace velorix

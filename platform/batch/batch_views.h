@@ -1,0 +1,56 @@
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/state/dialogs.h"
+#include "app/state/views.h"
+
+namespace velorix {
+
+/// Dialogs that the arguments answer. A box is a complaint on standard error, but for the question
+/// whether to overwrite: without `--force` no output is begun.
+struct BatchDialogs : Dialogs {
+  std::deque<FileAnswer> Answers;
+  bool Complained = false;
+
+  std::optional<FileAnswer> ShowOpen(const FileQuestion&) override { return Next(); }
+  std::optional<FileAnswer> ShowSave(const FileQuestion&) override { return Next(); }
+  int Ask(const std::string& title, const std::string& text,
+          const std::vector<std::string>& buttons, int defaultButton) override;
+
+ private:
+  std::optional<FileAnswer> Next();
+};
+
+/// Views that show nothing but a failure of the statistics, on standard error.
+struct BatchViews : Views, WindowOpener {
+  std::string Status;
+
+  void SetCaption(const std::string&) override {}
+  int CaptionRoom() override { return 80; }
+  void ShowChoices() override {}
+  void ShowCodeLists() override {}
+  void ShowGridHeader() override {}
+  void FillGrid() override {}
+  void FillDataTable() override {}
+  void ShowSelection() override {}
+  void RedrawStereo() override {}
+  void RedrawHisto() override {}
+  void RedrawXYPlot(int) override {}
+  void ShowWindows() override {}
+  void RefreshGroupStatistics() override {}
+  void RefreshContour() override {}
+  void ShowAbout() override {}
+  void ShowManual() override {}
+  void ShowOrientationEditor() override {}
+  void ShowGedEditor() override {}
+  void ShowOrientationParameters() override {}
+  void ShowFactorChoice() override {}
+  void Exit() override {}
+  void ShowStatus(const std::string& text) override { Status = text; }
+};
+
+}  // namespace velorix
