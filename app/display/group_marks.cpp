@@ -33,7 +33,8 @@ void ComputeMeans(const Velorix& velorix, const Places& places, GroupMarks& mark
 
 std::size_t GroupsInView(const GroupMarks& marks) {
   return static_cast<std::size_t>(
-      std::ranges::count_if(marks.Groups, [](const auto& group) { return group.Count > 0; }));
+      std::count_if(marks.Groups.begin(), marks.Groups.end(),
+                    [](const GroupMarks::Group& group) { return group.Count > 0; }));
 }
 
 }  // namespace

@@ -53,7 +53,8 @@ std::string CleanName(const std::string& text) {
 
 void NewHandGroup(Velorix& velorix) {
   const RecordArray& records = velorix.Session.Records;
-  if (std::ranges::none_of(records, &SpecimenRecord::Selected))
+  if (std::none_of(records.begin(), records.end(),
+                   [](const SpecimenRecord& record) { return record.Selected; }))
     return velorix.Views.ShowStatus("No records are selected for a new group.");
   Names names = NamesNow(velorix);
   const std::string name = FreeName(names);
@@ -70,10 +71,10 @@ void RenameHandGroup(Velorix& velorix, const std::string& from, const std::strin
   if (name.empty()) return velorix.Views.ShowStatus("A group needs a name.");
   if (name == from) return;
   Names names = NamesNow(velorix);
-  if (std::ranges::find(names, name) != names.end())
+  if (std::find(names.begin(), names.end(), name) != names.end())
     return velorix.Views.ShowStatus("There is a group \"" + name +
                                     "\" already. \"Merge\" makes one group of two.");
-  std::ranges::replace(names, from, name);
+  std::replace(names.begin(), names.end(), from, name);
   Put(velorix, "Rename group", std::move(names));
 }
 

@@ -34,7 +34,7 @@ constexpr double MeanLineX = 60, MeanLineY = 402;
 constexpr int MeanLineHeight = 11;
 
 /// The groups' names, below the plots.
-constexpr LogicalBox LegendPlace = {60, 675, 860, 795};
+constexpr LegendBox LegendPlace = {60, 675, 860, 795};
 
 /// A type of files. The filter of the metafile, the first one, gives a metafile under any name; for
 /// all others the extension alone counts.

@@ -12,7 +12,10 @@ namespace {
 constexpr double Letters = 12, RowHeight = 15, SymbolSize = 10;
 constexpr double TextAt = 12, Gap = 10;               // right of the symbol's centre, behind a name
 constexpr double ShortestName = 6, LongestName = 11;  // in letters
-constexpr int MostRows = 6, SideRoom = 12, RoomAbove = 4;  // of a legend below a plot
+constexpr double MostRows = 6, SideRoom = 12, Room = 4;  // at its sides, above and below
+
+/// More names than that stand in no legend.
+constexpr std::size_t MostNames = 200;
 
 std::vector<std::uint16_t> InView(const GroupMarks& marks) {
   std::vector<std::uint16_t> groups;
@@ -34,10 +37,10 @@ struct LegendGrid {
 
   /// As many columns as whole names leave room for, or more with shorter names where the rows that
   /// the box has room for would not hold all.
-  LegendGrid(const GroupMarks& marks, const LogicalBox& box) : groups(InView(marks)) {
+  LegendGrid(const GroupMarks& marks, const LegendBox& box) : groups(InView(marks)) {
     double longest = ShortestName;
-    for (const std::uint16_t group : groups)
-      longest = std::max(longest, TextWidth(NameOf(marks.Groups[group])));
+    for (std::size_t i = 0; i < groups.size() && i < MostNames; ++i)
+      longest = std::max(longest, TextWidth(NameOf(marks.Groups[groups[i]])));
     const double width = box.right - box.left, rest = TextAt + Gap;
     const double room = std::max((box.bottom - box.top) / RowHeight, 1.0);
     columnWidth = rest + std::min(longest, LongestName) * Letters;
@@ -52,9 +55,9 @@ struct LegendGrid {
   double LettersOfName() const { return (columnWidth - TextAt - Gap) / Letters + 1e-6; }
 };
 
-LogicalBox BelowPlane(PlaneSize plane) {
-  const int top = plane.height + RoomAbove;
-  return {SideRoom, top, plane.width - RoomAbove, top + static_cast<int>(MostRows * RowHeight)};
+LegendBox BelowPlane(PlaneSize plane) {
+  const double top = plane.height + Room;
+  return {SideRoom, top, plane.width - Room, top + MostRows * RowHeight};
 }
 
 }  // namespace
@@ -70,7 +73,7 @@ std::vector<std::uint16_t> ShownGroups(const Session& session, const GroupMarks&
 
 PlaneSize WithLegend(PlaneSize plane, const GroupMarks& marks) {
   const std::size_t rows = LegendGrid(marks, BelowPlane(plane)).rows;
-  if (rows > 0) plane.height += RoomAbove + static_cast<int>(RowHeight * static_cast<double>(rows));
+  if (rows > 0) plane.height += static_cast<int>(2 * Room + RowHeight * static_cast<double>(rows));
   return plane;
 }
 
@@ -79,7 +82,7 @@ void DrawLegendBelow(Target& target, PlaneSize plane, const GroupMarks& marks,
   DrawLegendIn(target, BelowPlane(plane), marks, look, 1);
 }
 
-void DrawLegendIn(Target& target, const LogicalBox& box, const GroupMarks& marks,
+void DrawLegendIn(Target& target, const LegendBox& box, const GroupMarks& marks,
                   const LegendLook& look, double s) {
   const LegendGrid grid(marks, box);
   const std::vector<std::uint16_t>& groups = grid.groups;
@@ -91,7 +94,8 @@ void DrawLegendIn(Target& target, const LogicalBox& box, const GroupMarks& marks
   for (std::size_t i = 0; i <= named && i < groups.size(); ++i) {
     const double x =
         box.left + SymbolSize / 2 + grid.columnWidth * static_cast<double>(i % grid.columns);
-    const double y = box.top + RowHeight * static_cast<double>(i / grid.columns) + RowHeight / 2 + 0.5;
+    const double y =
+        box.top + RowHeight * static_cast<double>(i / grid.columns) + RowHeight / 2 + 0.5;
     if (i == named) {
       text("... and " + std::to_string(groups.size() - named) + " more", x - SymbolSize / 2, y);
       continue;

@@ -60,6 +60,11 @@ struct LegendLook {
 inline constexpr std::int16_t NeutralSymbol = 0;
 inline constexpr Colour NeutralColour = 0xC0C0C0;
 
+/// Where a legend stands, in logical units.
+struct LegendBox {
+  double left = 0, top = 0, right = 0, bottom = 0;
+};
+
 /// A plot's plane with room for the legend below it.
 PlaneSize WithLegend(PlaneSize plane, const GroupMarks& marks);
 
@@ -70,7 +75,7 @@ void DrawLegendBelow(Target& target, PlaneSize plane, const GroupMarks& marks,
                      const LegendLook& look);
 
 /// The same in as many rows as a box has room for, all lengths times `s`.
-void DrawLegendIn(Target& target, const LogicalBox& box, const GroupMarks& marks,
+void DrawLegendIn(Target& target, const LegendBox& box, const GroupMarks& marks,
                   const LegendLook& look, double s);
 
 }  // namespace velorix

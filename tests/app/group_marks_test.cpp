@@ -24,8 +24,8 @@ class Marking : public ProgramTest {
   }
   std::string HandGroups() const {
     std::string text;
-    for (const std::string& name : Now.HandGroups) text += (text.empty() ? "" : "|") + name;
-    return text;
+    for (const std::string& name : Now.HandGroups) text += "|" + name;
+    return text.empty() ? text : text.substr(1);
   }
   void Select(const std::vector<int>& ids) { SelectRecords(Program, ids); }
 };

@@ -108,6 +108,11 @@ frmGroups::frmGroups(Velorix& velorix, QWidget* owner)
   const QWidget* main = owner->window();
   resize(main->width() - 40, main->height() * 2 / 5);
   move(main->x() + 20, main->y() + main->height() * 3 / 5);
+  if (!Chosen()) {  // the window was closed over an incomplete choice
+    GroupChoices choices = velorix_.Plots.Groups;
+    choices.Parting = GroupChoices().Parting;
+    Work(velorix_, [&] { ChooseGroups(velorix_, choices); });
+  }
   Refresh();
 }
 
