@@ -58,7 +58,7 @@ struct HeldVersion {
 struct HeldHandGroups {
   std::vector<std::string> Names;
   void Exchange(Session& session);
-  std::size_t Bytes() const { return Names.size() * sizeof(Names[0]); }
+  std::size_t Bytes() const { return Names.size() * sizeof(std::string); }
 };
 
 /// The store and its groups by hand.

@@ -94,8 +94,8 @@ void DrawLegendIn(Target& target, const LegendBox& box, const GroupMarks& marks,
   for (std::size_t i = 0; i <= named && i < groups.size(); ++i) {
     const double x =
         box.left + SymbolSize / 2 + grid.columnWidth * static_cast<double>(i % grid.columns);
-    const double y =
-        box.top + RowHeight * static_cast<double>(i / grid.columns) + RowHeight / 2 + 0.5;
+    const std::size_t row = i / grid.columns;
+    const double y = box.top + RowHeight * (static_cast<double>(row) + 0.5) + 0.5;
     if (i == named) {
       text("... and " + std::to_string(groups.size() - named) + " more", x - SymbolSize / 2, y);
       continue;
