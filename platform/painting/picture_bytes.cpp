@@ -6,11 +6,11 @@
 #include <QImageWriter>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSvgGenerator>
 #include <cmath>
 
 #include "platform/painting/gif_file.h"
 #include "platform/painting/painter_target.h"
+#include "plot/drawing/svg_target.h"
 
 namespace velorix {
 namespace {
@@ -36,24 +36,6 @@ QByteArray Pixels(const QByteArray& type, PlaneSize plane, double scale, const D
   QImageWriter writer(&buffer, type);
   writer.setQuality(type == "jpg" || type == "jpeg" ? JpegQuality : -1);
   return writer.write(image) ? buffer.data() : QByteArray();
-}
-
-QByteArray Svg(PlaneSize plane, double scale, const Draw& draw) {
-  QBuffer buffer;
-  QSvgGenerator generator;
-  generator.setOutputDevice(&buffer);
-  generator.setTitle("Velorix");
-  generator.setDescription("");
-  generator.setSize((QSizeF(plane.width, plane.height) * scale).toSize());
-  generator.setViewBox(QRect(0, 0, plane.width, plane.height));
-  {
-    QPainter painter(&generator);
-    // Other programs show a picture without paper on a ground of their own.
-    painter.fillRect(0, 0, plane.width, plane.height, Qt::white);
-    PainterTarget target(painter, {}, Surface::Page);
-    draw(target);
-  }
-  return buffer.data();
 }
 
 /// Takes the time of making out of a PDF file, which is then the same each time; blanks keep all
@@ -91,7 +73,7 @@ QByteArray Pdf(PlaneSize plane, double scale, const Draw& draw) {
 
 QByteArray PictureBytes(const QByteArray& type, PlaneSize plane, double scale, const Draw& draw) {
   const double vectorScale = std::min(scale, 1.0);
-  if (type == "svg") return Svg(plane, vectorScale, draw);
+  if (type == "svg") return QByteArray::fromStdString(SvgDocument(plane, vectorScale, draw));
   if (type == "pdf") return Pdf(plane, vectorScale, draw);
   return Pixels(type, plane, scale, draw);
 }

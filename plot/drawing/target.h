@@ -88,6 +88,13 @@ struct Target {
 
   explicit Target(int fineness = 1) : Fineness(fineness) {}
   virtual ~Target() = default;
+  /// Title and description of the picture, for the targets that carry them.
+  virtual void Describe(std::string_view title, std::string_view description) {
+    (void)title, (void)description;
+  }
+  /// What follows belongs to a layer, such as "net" or "legend", until the next call names another.
+  /// A target without layers draws on.
+  virtual void Layer(std::string_view name) { (void)name; }
   /// Text and dashed lines paint no background from here on; a composition begins with it.
   virtual void SetTransparent() = 0;
   virtual void Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) = 0;

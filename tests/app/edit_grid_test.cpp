@@ -248,8 +248,8 @@ TEST(EditGrid, AnglesWithoutACodeAreDoubtful) {
             "Without a code these angles are not saved.");
 }
 
-// The cases of a code are told apart by the rotation, while its lists have capitals alone; a code
-// of two letters moves into the lineation's place in a RAN file.
+// The cases of a code are distinguished by the rotation, while its lists have capitals alone; a
+// code of two letters moves into the lineation's place in a RAN file.
 TEST(EditGrid, CodesAreHeldToTheFileAndToOneSpelling) {
   // clang-format off
   const std::tuple<const char*, int, const char*, const char*, const char*> rows[] = {

@@ -82,19 +82,19 @@ TEST_F(OpenFlow, LeavesTheSessionAsItWasWhenAnyFileIsRefused) {
       {Utf8Of(Folder), 1, true},  // a folder is no file: asked again, and cancelled
       {Put("bad.ran", std::string(256, 'x')), 2, true},
       {Several({"big.ams", "big.ams"}), 1, true}};
-  Texts told;
+  Texts shown;
   for (const auto& [file, filter, isTold] : cases) {
     Asked.Boxes.clear();
     OpenFile(file, filter);
     EXPECT_EQ(Asked.Boxes.size(), isTold ? 1u : 0u) << file;
-    told.insert(told.end(), Asked.Boxes.begin(), Asked.Boxes.end());
+    shown.insert(shown.end(), Asked.Boxes.begin(), Asked.Boxes.end());
     EXPECT_EQ(Names(), "a1 a2 ");
     EXPECT_EQ(Now.CurrentFile, a);
     EXPECT_EQ(Now.OpenFiles, Texts{a});
     EXPECT_EQ(Now.CurrentFilter, 1);
   }
-  EXPECT_EQ(told[told.size() - 2], "Velorix5|" + Path("bad.ran") + "\nType mismatch|&OK");
-  EXPECT_EQ(told.back(), "Velorix5|" + big + "\nOverflow|&OK");
+  EXPECT_EQ(shown[shown.size() - 2], "Velorix5|" + Path("bad.ran") + "\nType mismatch|&OK");
+  EXPECT_EQ(shown.back(), "Velorix5|" + big + "\nOverflow|&OK");
   OpenFile(big);
   EXPECT_EQ(Now.RecordCount(), 20000);
 }
@@ -208,7 +208,7 @@ TEST_F(Save, SavesUnderANewNameAndAsksBeforeItOverwrites) {
   EXPECT_EQ(Asked.FileQuestions.back().Filter, "AMS file (*.ams)|*.ams|RAN file (*.ran)|*.ran|");
   EXPECT_EQ(Bytes("copy.ams").size(), 3u * 640);
 
-  Menu("mnuSaveSelectedAs");  // nothing is selected: told before a name is asked for
+  Menu("mnuSaveSelectedAs");  // nothing is selected: a box says so before a name is asked for
   SelectRecords(Program, {2});
   Asked.Buttons = {1, 0};  // "&No" shows the dialog again
   for (int i = 0; i < 2; ++i) Answer(Path("copy.ams"));

@@ -49,7 +49,7 @@ struct ScriptedDialogs : Dialogs {
   }
 };
 
-/// Views that keep the caption and count what was told.
+/// Views that keep the caption and count what was called.
 struct RecordedViews : Views, WindowOpener {
   std::string Caption, Status;
   int Room = 200, Grids = 0, Stereos = 0, Groups = 0, CodeListsShown = 0;

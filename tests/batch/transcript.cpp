@@ -110,12 +110,12 @@ int main(int argc, char** argv) {
     if (example.is_regular_file())
       fs::copy_file(example.path(), folder / example.path().filename());
   }
-  const std::string told = ContentOf(file);
-  const std::string played = PlayedAgain(told, argv[1], folder);
+  const std::string approved = ContentOf(file);
+  const std::string played = PlayedAgain(approved, argv[1], folder);
   std::error_code ignored;
   fs::remove_all(folder, ignored);
   fs::remove(file + ".new", ignored);
-  if (told.find("$ ") != told.npos && Alike(told, played)) return 0;
+  if (approved.find("$ ") != approved.npos && Alike(approved, played)) return 0;
   std::ofstream(file + ".new", std::ios::binary) << played;
   std::cout << "What came is in " << file << ".new:\n"
             << played << "If that is right: tests/batch/approve\n";

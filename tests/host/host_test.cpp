@@ -79,7 +79,7 @@ TEST(MakeHost, UsesTheProgramsFolderOnlyWhenItCanBeWrittenAndIsNoInstallations) 
     EXPECT_EQ(host.DataRoot, home + "/Zelmor/Data");
   }
   EXPECT_TRUE(fs::is_empty(folder.Path / "bin") && fs::is_empty(folder.Path / "prefix" / "bin"));
-  UserFolders::Set("/dev/null", "");  // no folder can be made there: told when it is written to
+  UserFolders::Set("/dev/null", "");  // no folder can be made there; the write says so
   EXPECT_EQ(MakeHost(gone).AppFolder, "/dev/null/.local/share/velorix");
 }
 
