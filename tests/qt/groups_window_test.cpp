@@ -124,7 +124,7 @@ class GroupsWindowTest : public WindowTest {
   }
 
   void groupsAreMadeByHandAndShownInThePlots() {
-    QCOMPARE(Look("cboGroupMarks chkGroupMeans chkGroupLegend"), "Off|(Means)|(Legend+)");
+    QCOMPARE(Look("cboGroupMarks chkGroupMeans chkGroupLegend"), "Off|(Mean&s)|(&Legend+)");
     The<QComboBox>("cboGroupMarks").setCurrentIndex(1);
     emit The<QComboBox>("cboGroupMarks").activated(1);
     Press("chkGroupMeans");
@@ -163,7 +163,7 @@ class GroupsWindowTest : public WindowTest {
     W().Run("mnuGroups");
     OpenForm("mnuGroups", "frmGroups");
     QCOMPARE(Look("cboGroupMarks chkGroupMeans chkGroupLegend cboGroupBy"),
-             "Colour|Means+|Legend+|By hand");
+             "Colour|Mean&s+|&Legend+|By hand");
   }
 
   void aLongComputationIsCancelledAndAClosedWindowStopsIt() {
