@@ -2,7 +2,10 @@
 
 namespace velorix {
 
-void ClearStore(Session& session) { session.Records.Clear(); }
+void ClearStore(Session& session) {
+  session.Records.Clear();
+  session.HandGroups.clear();
+}
 
 void NoteDataChange(Session& session) { session.DataVersion = ++session.LastVersion; }
 
@@ -25,6 +28,7 @@ void ReplaceStore(Session& session, RecordArray& records) {
   std::swap(session.Spare, records);
   session.Spare.Clear();
   records.Clear();
+  session.HandGroups.clear();
   Renumber(session.Records);
   NoteDataChange(session);
   NoteSaved(session);

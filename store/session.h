@@ -31,6 +31,8 @@ struct OpenedFile {
 /// hands it on by reference; a test makes its own. Paths and names are UTF-8.
 struct Session {
   RecordArray Records;
+  // The name of each record's group by hand, in the order of the records; empty before any is made.
+  std::vector<std::string> HandGroups;
   RecordArray GeoRecords;  // the geological file in hand: names and geological fields only
 
   CoordinateSystem CoorSys = Geographic;
@@ -72,14 +74,15 @@ void NoteSaved(Session& session);
 /// the files do not say.
 std::size_t FileOfRecord(const Session& session, int id);
 
-/// Erases the store.
+/// Erases the store and the groups by hand.
 void ClearStore(Session& session);
 
 /// Sets each record's `RecordNo` to its index, 1 to N.
 void Renumber(RecordArray& records);
 
 /// Puts `records` in the store in place of what it held and renumbers it; the data are those of a
-/// file. `records` is left empty, its memory and that of the former store go to `Spare`.
+/// file. `records` is left empty, its memory and that of the former store go to `Spare`. No groups
+/// by hand are left.
 void ReplaceStore(Session& session, RecordArray& records);
 
 /// Whether a view shows the record: in use, rotated to the system in view and, for the out-of-phase

@@ -47,6 +47,7 @@ const Image Images[] = {
     {"data-table", "granite.ams", {1280, 640}, {"mnuDataTable"}, "frmDataTable"},
     {"group-statistics", "granite.ams", {1280, 800}, {"mnuAnalysis(1)"}, "frmGroupStatistics"},
     {"groups", "granite.ams", {1280, 800}, {"mnuGroups", "cboGroupBy=6"}, "frmGroups"},
+    {"groups-in-plots", "fold/after.ams", {1030, 720}, {"-cmdColumnPlots", "mnuGroups", "cboGroupBy=2", "cboGroupMarks=1", "+chkGroupMeans", "-chkMean", "-chkMeanEllipses"}, "picStereo"},
     {"contour-window", "granite.ams", {1280, 800}, {"mnuAnalysis(3)", "!optDisplay(3)", "!cmdCount"}, "frmContour"},
     {"plane-from-lineations", "granite.ams", {1280, 800}, {"mnuFoliLine"}, "frmFoliLine"},
     {"orientation-parameters", "granite.ams", {1280, 800}, {"?mnuOPAR"}, "frmOPAR"},

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "app/display/contour.h"
+#include "app/display/group_marks.h"
 #include "app/display/shown_group.h"
 #include "tensor/derivation.h"
 #include "text/numbers.h"
@@ -77,6 +78,7 @@ void DisplayData(Velorix& velorix, bool resetLists) {
 }
 
 void RefreshViews(Velorix& velorix) {
+  MarkGroups(velorix);
   StereoOptions& net = velorix.Plots.Stereo;
   net.meanOf = GroupHeading(velorix.Session, velorix.GroupOf, velorix.GroupStats.GroupN);
   net.bootBy = velorix.Bootstrap == BootChoice() ? "" : TextOf(velorix.Bootstrap);

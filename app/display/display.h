@@ -19,7 +19,7 @@ std::string IncompleteText(const std::string& reason);
 /// `RefreshViews`. Statistics that fail end it there with a `StatisticsFault`.
 void DisplayData(Velorix& velorix, bool resetLists);
 
-/// Grid and plots from the values at hand.
+/// Grid, plots and the marks of the groups from the values at hand.
 void RefreshViews(Velorix& velorix);
 
 /// All plots from the values at hand.

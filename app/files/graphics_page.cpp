@@ -33,6 +33,9 @@ constexpr PlotGeometry XYPlotPlaces[] = {
 constexpr double MeanLineX = 60, MeanLineY = 402;
 constexpr int MeanLineHeight = 11;
 
+/// The groups' names, below the plots.
+constexpr LegendBox LegendPlace = {60, 675, 860, 795};
+
 /// A type of files. The filter of the metafile, the first one, gives a metafile under any name; for
 /// all others the extension alone counts.
 struct PageKind {
@@ -82,6 +85,17 @@ std::string Metafile(const Velorix& velorix) {
   return GraphicsMetafile(velorix.Session, velorix.Plots, velorix.GroupStats);
 }
 
+/// What the one legend of the groups looks like: their shapes, where a plot shows them, in their
+/// colours.
+LegendLook PageLegend(const PlotChoices& plots) {
+  const PageOptions& page = plots.Page;
+  bool values = page.stereonet && plots.Stereo.showData && plots.Stereo.colourByValue;
+  for (const int plot : {1, 2})
+    values |= (plot == 1 ? page.xyPlot1 : page.xyPlot2) && plots.XYPlot[plot].coding;
+  if (plots.Marks.By == MarkBy::Colours && !values) return {NeutralSymbol, std::nullopt};
+  return {};
+}
+
 /// Whether the page shows anything of the group statistics.
 bool ShowsGroup(const PlotChoices& plots) {
   const StereoOptions& net = plots.Stereo;
@@ -121,13 +135,16 @@ void DrawGraphicsPage(const Session& session, const PlotChoices& plots, const Gr
   const PageOptions& page = plots.Page;
   if (page.stereonet)
     DrawStereo(session.Records, session.CoorSys, target, Scaled(StereoPlace, s), plots.Stereo,
-               session.ReImMode, group, session.Settings);
+               session.ReImMode, group, session.Settings, plots.Marks);
   if (page.histogram)
     DrawHisto(target, Scaled(HistoPlace, s), DataTableValues(plots.HistoParameter, session),
-              plots.HistoParameter, session.Settings);
+              plots.HistoParameter, session.Settings, ShownGroups(session, plots.Marks));
   for (int plot : {1, 2})
     if (plot == 1 ? page.xyPlot1 : page.xyPlot2)
-      DrawXYPlot(session, target, Scaled(XYPlotPlaces[plot - 1], s), plots.Shown(plot));
+      DrawXYPlot(session, target, Scaled(XYPlotPlaces[plot - 1], s), plots.Shown(plot),
+                 plots.Marks);
+  if (page.stereonet || page.histogram || page.xyPlot1 || page.xyPlot2)
+    DrawLegendIn(target, LegendPlace, plots.Marks, PageLegend(plots), s);
 }
 
 std::string GraphicsMetafile(const Session& session, const PlotChoices& plots,

@@ -70,8 +70,11 @@ void HeldOrientations::Exchange(Session& session) {
 
 void HeldVersion::Exchange(Session& session) { std::swap(DataVersion, session.DataVersion); }
 
+void HeldHandGroups::Exchange(Session& session) { std::swap(Names, session.HandGroups); }
+
 void HeldStore::Exchange(Session& session) {
   std::swap(Records, session.Records);
+  std::swap(HandGroups, session.HandGroups);
   std::swap(DataVersion, session.DataVersion);
   std::swap(SavedVersion, session.SavedVersion);
 }
@@ -149,7 +152,8 @@ HeldParameters ParametersOf(const Session& session) {
 }
 
 HeldStore TakeStore(Session& session) {
-  return {std::exchange(session.Records, {}), session.DataVersion, session.SavedVersion};
+  return {std::exchange(session.Records, {}), std::exchange(session.HandGroups, {}),
+          session.DataVersion, session.SavedVersion};
 }
 
 HeldGeology TakeGeology(Session& session) {

@@ -54,9 +54,17 @@ struct HeldVersion {
   std::size_t Bytes() const { return 0; }
 };
 
-/// The store.
+/// The groups by hand.
+struct HeldHandGroups {
+  std::vector<std::string> Names;
+  void Exchange(Session& session);
+  std::size_t Bytes() const { return Names.size() * sizeof(std::string); }
+};
+
+/// The store and its groups by hand.
 struct HeldStore {
   RecordArray Records;
+  std::vector<std::string> HandGroups;
   std::int64_t DataVersion = 0, SavedVersion = 0;
   void Exchange(Session& session);
   std::size_t Bytes() const { return 0; }  // stores are counted apart
@@ -94,7 +102,7 @@ struct HeldParameters {
 };
 
 using HeldValues = std::variant<HeldFlags, HeldTensors, HeldOrientations, HeldVersion, HeldStore,
-                                HeldNames, HeldGeology, HeldParameters>;
+                                HeldNames, HeldGeology, HeldParameters, HeldHandGroups>;
 
 /// One step, by what the user did: "Disregard 3 records".
 struct Step {

@@ -1,15 +1,29 @@
 #pragma once
 
+#include <optional>
+
 #include "base/slots.h"
 #include "plot/axes/columns.h"
+#include "plot/net/group_marks.h"
 #include "plot/net/stereo.h"
 #include "plot/plots/xy_plot.h"
+#include "stats/study/grouping.h"
 
 namespace velorix {
 
 /// Which plots are on the page of `DrawGraphicsPage`.
 struct PageOptions {
   bool stereonet = true, histogram = true, xyPlot1 = true, xyPlot2 = true;
+};
+
+/// What the window of the groups decides: what parts the records, nothing while that is not
+/// complete, and how the plots show the groups.
+struct GroupChoices {
+  std::optional<GroupBy> Parting = ParseGroupBy("site");
+  MarkBy Marks = MarkBy::Nothing;
+  bool Means = false, Legend = true;
+
+  bool operator==(const GroupChoices&) const = default;
 };
 
 /// What the controls of the plots decide.
@@ -19,6 +33,8 @@ struct PlotChoices {
   Array1<bool, 2> XYLines = {};          // whether each is drawn with lines now
   Column HistoParameter = Column::Km;
   PageOptions Page = {};
+  GroupChoices Groups = {};
+  GroupMarks Marks = {};  // as `MarkGroups` made them for the view
 
   /// What an XY plot shows now: its options, with the lines that it is drawn with.
   XYPlotOptions Shown(int plot) const {

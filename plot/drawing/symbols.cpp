@@ -10,7 +10,7 @@ namespace velorix {
 
 namespace {
 
-enum class Body { None, Diamond, Square, Triangle, Circle };
+enum class Body { None, Diamond, Square, Triangle, TriangleOnTip, Cross, Circle };
 
 /// A segment in units of the symbol's size from its centre, y downward.
 struct Stroke {
@@ -58,6 +58,8 @@ constexpr Shape Catalogue[] = {
     {62, Body::None,     false, 1, {Stroke{0.0, 0.0,  0.0, -0.5}}},
     { 7, Body::None,     false, 2, {Vertical, Horizontal}},
     { 8, Body::None,     false, 2, {Stroke{-0.5, -0.5, 0.5, 0.5}, Stroke{-0.5, 0.5, 0.5, -0.5}}},
+    {-11, Body::TriangleOnTip},
+    {-12, Body::Cross},
 };
 // clang-format on
 
@@ -111,6 +113,21 @@ void DrawBody(Body body, const Place& place, const Pen& pen, Colour fill) {
       // 0.866 of an equilateral triangle.
       const LogicalPoint p[] = {place.At(-0.5, 0.2887), place.At(0, -0.7113),
                                 place.At(0.5, 0.2887)};
+      place.target.Polygon(p, pen, fill);
+      break;
+    }
+    case Body::TriangleOnTip: {
+      const LogicalPoint p[] = {place.At(-0.5, -0.2887), place.At(0, 0.7113),
+                                place.At(0.5, -0.2887)};
+      place.target.Polygon(p, pen, fill);
+      break;
+    }
+    case Body::Cross: {
+      constexpr double Arm = 0.2, End = 0.55;
+      const LogicalPoint p[] = {place.At(-Arm, -End), place.At(Arm, -End),  place.At(Arm, -Arm),
+                                place.At(End, -Arm),  place.At(End, Arm),   place.At(Arm, Arm),
+                                place.At(Arm, End),   place.At(-Arm, End),  place.At(-Arm, Arm),
+                                place.At(-End, Arm),  place.At(-End, -Arm), place.At(-Arm, -Arm)};
       place.target.Polygon(p, pen, fill);
       break;
     }

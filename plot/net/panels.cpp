@@ -1,7 +1,6 @@
 #include "plot/net/panels.h"
 
-#include <string_view>
-
+#include "plot/drawing/fitting_text.h"
 #include "plot/net/stereo_view.h"
 
 namespace velorix {
@@ -49,32 +48,6 @@ PanelGrid BestGrid(int panels, double width, double height) {
     if (grid.diameter > best.diameter) best = grid;
   }
   return best;
-}
-
-/// The characters of UTF-8 text.
-std::vector<std::string_view> CharactersOf(std::string_view text) {
-  std::vector<std::string_view> characters;
-  for (std::size_t i = 0, end = 0; i < text.size(); i = end) {
-    for (end = i + 1; end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80;)
-      ++end;
-    characters.push_back(text.substr(i, end - i));
-  }
-  return characters;
-}
-
-bool IsControl(std::string_view character) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(character[i]); };
-  return byte(0) < 0x20 || byte(0) == 0x7F ||
-         (character.size() == 2 && byte(0) == 0xC2 && byte(1) < 0xA0);
-}
-
-/// In heights of bold Arial letters, rather too wide than too narrow.
-double WidthOf(std::string_view character) {
-  constexpr std::string_view Narrow = " fijlrt.,:;'!|()[]-/I", Wide = "mwMW@%";
-  if (character.size() > 1) return character.size() == 2 ? 0.7 : 1;
-  if (Narrow.find(character) != Narrow.npos) return 0.35;
-  if (Wide.find(character) != Wide.npos) return 0.9;
-  return character[0] >= 'A' && character[0] <= 'Z' ? 0.68 : 0.55;
 }
 
 /// Draws all panels on one page.
@@ -172,27 +145,6 @@ class Panels {
 };
 
 }  // namespace
-
-std::string FittingText(const std::string& text, double room) {
-  std::vector<std::string_view> characters = CharactersOf(text);
-  double width = 0;
-  for (std::string_view& character : characters) {
-    if (IsControl(character)) character = " ";
-    width += WidthOf(character);
-  }
-  std::size_t left = (characters.size() + 1) / 2, right = left;  // what the dots stand for
-  const bool dots = width > room;
-  if (dots) width += 3 * WidthOf(".");
-  while (width > room && (left > 1 || right < characters.size())) {
-    const bool fromLeft = left > characters.size() - right;
-    width -= WidthOf(characters[fromLeft ? --left : right++]);
-  }
-  std::string fitting;
-  for (std::size_t i = 0; i < left; ++i) fitting += characters[i];
-  if (dots) fitting += "...";
-  for (std::size_t i = right; i < characters.size(); ++i) fitting += characters[i];
-  return fitting;
-}
 
 void DrawPanels(const Session& session, std::span<const Panel> panels, ErrorLevel level,
                 const std::vector<std::string>& captions, Target& target, PlaneSize page,

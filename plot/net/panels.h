@@ -28,8 +28,4 @@ inline constexpr std::size_t MostPanels = 600;
 void DrawPanels(const Session& session, std::span<const Panel> panels, ErrorLevel level,
                 const std::vector<std::string>& captions, Target& target, PlaneSize page, double s);
 
-/// `text` on one line of `room` heights of Arial letters: control characters become blanks, and
-/// dots stand for the middle where it is too long, as well as can be said without the font.
-std::string FittingText(const std::string& text, double room);
-
 }  // namespace velorix

@@ -5,13 +5,29 @@
 #include "plot/net/stereo_view.h"
 
 namespace velorix {
+namespace {
+
+bool ColoursByValue(const StereoOptions& options) {
+  return options.showData && options.colourByValue;
+}
+
+/// What shows the groups of records.
+MarkBy SymbolsBy(const StereoOptions& options, MarkBy by) {
+  const bool oneRamp = ColoursByValue(options) && options.colourRamp == ColourRamp::One;
+  return oneRamp ? MarkBy::Nothing : SymbolsBy(by, ColoursByValue(options));
+}
+
+}  // namespace
 
 void DrawStereo(const RecordArray& records, CoordinateSystem coorSys, Target& target,
                 const StereoGeometry& geometry, const StereoOptions& options, TensorBlock reImMode,
-                const GroupStats& stats, const Settings& settings) {
+                const GroupStats& stats, const Settings& settings, const GroupMarks& marks) {
   const Net net = geometry.OnTarget();
-  const StereoView view = {records, coorSys, reImMode, target, geometry,
-                           options, stats,   settings, net};
+  StereoView view = {records, coorSys, reImMode, target, geometry, options, stats, settings, net};
+  if (marks.AreShown()) {
+    view.marks = &marks;
+    view.symbolsBy = SymbolsBy(options, marks.By);
+  }
 
   target.SetTransparent();
   DrawNet(target, coorSys, EqualArea, net, Black, geometry.FontHeight());
@@ -28,8 +44,15 @@ void DrawStereo(const RecordArray& records, CoordinateSystem coorSys, Target& ta
   DrawRecordSymbols(view, false, coding);
   DrawRecordEllipses(view, true);
   DrawRecordSymbols(view, true, coding);
+  DrawGroupMeans(view);
   DrawMeans(view);
   DrawMeanEllipses(view);
+}
+
+LegendLook StereoLegend(const StereoOptions& options, const GroupMarks& marks) {
+  if (ColoursByValue(options)) return {};
+  if (marks.By == MarkBy::Colours) return {NeutralSymbol, std::nullopt};
+  return {std::nullopt, NeutralColour};
 }
 
 PlaneSize StereoPlane(const StereoOptions& options) {

@@ -8,6 +8,7 @@
 #include "base/rounding.h"
 #include "base/slots.h"
 #include "plot/axes/columns.h"
+#include "plot/net/group_marks.h"
 #include "plot/net/net.h"
 #include "stats/group/group_statistics.h"
 #include "store/coordinates.h"
@@ -25,6 +26,7 @@ struct StereoOptions {
   Array1<bool, 3> showAxis = {true, true, true};  // Kmax, Kint, Kmin
   bool showData = true, showDataLines = false, showDataEllipses = false;
   bool showMean = true, showMeanEllipses = true;
+  bool showGroupMeans = false;  // the means of groups, with their ellipses, are drawn
   ErrorLevel level = ErrorLevel::StandardError;  // of the mean's ellipses
   std::string meanOf;  // file, block, system and number of the mean, for the captions
   std::string bootBy;  // the bootstrap in words, for the captions; empty for the default one
@@ -66,9 +68,16 @@ PlaneSize StereoPlane(const StereoOptions& options);
 /// Draws the stereo view of the records that the view shows (`IsShown`) and of their group, layer
 /// upon layer. What has an angle that is not finite is left out; its record still counts in "N = ".
 /// What `stats` didn't reach isn't drawn. The settings name the factors on the colour scale.
+/// Groups have their colours, and each axis its shape, or their shapes, and each axis its colour.
+/// Where values colour the symbols, a ramp for each axis leaves the shapes to the groups, and one
+/// ramp leaves them to the axes.
 void DrawStereo(const RecordArray& records, CoordinateSystem coorSys, Target& target,
                 const StereoGeometry& geometry, const StereoOptions& options, TensorBlock reImMode,
-                const GroupStats& stats = GroupStats(), const Settings& settings = Settings());
+                const GroupStats& stats = GroupStats(), const Settings& settings = Settings(),
+                const GroupMarks& marks = GroupMarks());
+
+/// What the legend of the groups on a net looks like.
+LegendLook StereoLegend(const StereoOptions& options, const GroupMarks& marks);
 
 /// Directions with a value each as coloured circles on a net, a colour strip at its left.
 /// Directions that are not finite are left out.

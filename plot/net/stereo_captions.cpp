@@ -5,13 +5,25 @@ namespace {
 
 constexpr double AxisColumn = -0.95, SymbolRise = 0.04;  // a symbol stands above its baseline
 
+/// What an axis is known by: its symbol in its colour, the symbol alone where colours show groups,
+/// or the colour alone where shapes do.
+void DrawAxisSample(const StereoView& view, const PrincipalAxis& axis, double u, double v) {
+  if (view.symbolsBy != MarkBy::Shapes || view.marks->By == MarkBy::Colours)
+    return view.Symbol(axis.symbol, u, v, axis.sizeFactor,
+                       view.symbolsBy == MarkBy::Colours ? White : axis.colour, Black);
+  const Point p = OnNet(view.net, u, v);
+  const double width = 0.7 * view.SymbolSize(1), height = 0.35 * view.SymbolSize(1);
+  DrawRectangle(view.target, p.x - width, p.y - height, p.x + width, p.y + height,
+                {.style = NoLine}, axis.colour);
+}
+
 void DrawAxisLegend(const StereoView& view) {
   double v = LegendTop;
   for (int k = 1; k <= 3; ++k) {
     if (!view.options.showAxis[k]) continue;
     const PrincipalAxis& axis = Axes[k];
     view.Text(axis.name, AxisColumn, v, LeftBaseline);
-    view.Symbol(axis.symbol, AxisColumn - 0.1, v + SymbolRise, axis.sizeFactor, axis.colour, Black);
+    DrawAxisSample(view, axis, AxisColumn - 0.1, v + SymbolRise);
     v -= RowStep;
   }
 }
@@ -87,7 +99,8 @@ std::string LevelHeading(const StereoOptions& options) {
 std::vector<std::string> GroupLines(const StereoOptions& options) {
   std::vector<std::string> lines;
   if (!options.showCaptions) return lines;
-  if (options.showMeanEllipses && options.level != ErrorLevel::StandardError)
+  if ((options.showMeanEllipses || options.showGroupMeans) &&
+      options.level != ErrorLevel::StandardError)
     lines.push_back(LevelText(options.level));
   if ((options.showBootstrapCloud || options.showBootstrapContours) && !options.bootBy.empty())
     lines.push_back("Bootstrap: " + options.bootBy);

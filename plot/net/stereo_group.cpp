@@ -12,6 +12,31 @@ constexpr Array1<double, 3> MeanSizes = {1.3, 1.3, 1.5};
 
 Direction Long(const ShortDirection& d) { return {d.Dec, d.Inc}; }
 
+void DrawMeanEllipse(const StereoView& view, const GroupStats& stats, int k, const Pen& pen) {
+  const auto errors = ErrorsOf(stats, view.options.level, k);
+  if (view.options.showAxis[k] && errors)
+    DrawConfidenceEllipse(view.target, view.net, EqualArea, false,
+                          {k, stats.MeanVec, errors->E1, errors->E2, stats.MeanRot[k]}, pen,
+                          view.ellipseStep);
+}
+
+/// The line of a group's ellipses.
+PenStyle LineOf(Finish finish) {
+  return finish == Finish::Full ? Solid : finish == Finish::Light ? Dashed : Dotted;
+}
+
+/// The symbol of a mean, open and in a wide line; a light group's in its light colour, a dotted
+/// group's with a dot.
+void DrawOpenMark(const StereoView& view, const Direction& direction, std::int16_t symbol,
+                  double sizeFactor, Finish finish, Colour colour) {
+  const std::int16_t size = view.SymbolSize(sizeFactor);
+  DrawNetSymbol(view.target, view.net, EqualArea, direction, symbol, size,
+                finish == Finish::Light ? LightOf(colour) : White,
+                {.colour = colour, .width = view.Scaled(2, view.lineWidth)});
+  if (finish == Finish::Dotted)
+    DrawNetSymbol(view.target, view.net, EqualArea, direction, 3, view.SymbolSize(0.4), Black, {});
+}
+
 }  // namespace
 
 void DrawBootstrap(const StereoView& view) {
@@ -51,14 +76,32 @@ void DrawMeans(const StereoView& view) {
 }
 
 void DrawMeanEllipses(const StereoView& view) {
-  const GroupStats& stats = view.stats;
   if (!view.options.showMeanEllipses) return;
-  for (int k = 1; k <= 3; ++k) {
-    const auto errors = ErrorsOf(stats, view.options.level, k);
-    if (view.options.showAxis[k] && errors)
-      DrawConfidenceEllipse(view.target, view.net, EqualArea, false,
-                            {k, stats.MeanVec, errors->E1, errors->E2, stats.MeanRot[k]},
-                            {.colour = Axes[k].colour, .width = view.lineWidth}, view.ellipseStep);
+  for (int k = 1; k <= 3; ++k)
+    DrawMeanEllipse(view, view.stats, k, {.colour = Axes[k].colour, .width = view.lineWidth});
+}
+
+void DrawGroupMeans(const StereoView& view) {
+  if (!view.marks) return;
+  const MarkBy by = view.marks->By;
+  const auto colourOf = [by](int k, const GroupMark& mark) {
+    return by == MarkBy::Colours ? mark.colour : Axes[k].colour;
+  };
+  for (const auto& [group, stats] : view.marks->Means)
+    for (int k = 1; k <= 3; ++k) {
+      const GroupMark mark = MarkOfGroup(group);
+      DrawMeanEllipse(
+          view, stats, k,
+          {.style = LineOf(mark.finish), .colour = colourOf(k, mark), .width = view.lineWidth});
+    }
+  for (const auto& [group, stats] : view.marks->Means) {
+    if (!ShowsMean(stats)) continue;
+    const GroupMark mark = MarkOfGroup(group);
+    for (int k = 1; k <= 3; ++k)
+      if (const Direction mean = {stats.MeanDec[k], stats.MeanInc[k]};
+          view.options.showAxis[k] && IsFinite(mean))
+        DrawOpenMark(view, mean, view.SymbolOf(k, mark, by), MeanSizes[k], mark.finish,
+                     colourOf(k, mark));
   }
 }
 

@@ -25,10 +25,11 @@ void DrawRecordCircles(const StereoView& view, bool selected) {
   const auto& shown = view.options.showGreatCircle;
   if (!shown[1] && !shown[2] && !shown[3]) return;
   view.ForEachPlotted(selected, [&](const SpecimenRecord& record, int) {
+    const std::optional<GroupMark> mark = view.MarkOf(record);
     for (int k = 1; k <= 3; ++k)
       if (shown[k])
         DrawGreatCircle(view.target, view.net, EqualArea, 2, false, DirectionOf(record, k),
-                        {.colour = selected ? SelectedColour : Axes[k].colour});
+                        {.colour = view.ColourOf(k, selected, mark)});
   });
 }
 
@@ -54,11 +55,12 @@ void DrawDataLines(const StereoView& view) {
 void DrawRecordEllipses(const StereoView& view, bool selected) {
   if (!view.options.showData || !view.options.showDataEllipses) return;
   view.ForEachPlotted(selected, [&](const SpecimenRecord& record, int) {
+    const std::optional<GroupMark> mark = view.MarkOf(record);
     for (int k = 1; k <= 3; ++k)
       if (view.options.showAxis[k])
         DrawConfidenceEllipse(view.target, view.net, EqualArea, false,
                               EllipseOf(record, k, view.reImMode == OutOfPhase),
-                              {.colour = selected ? SelectedColour : Axes[k].colour});
+                              {.colour = view.ColourOf(k, selected, mark)});
   });
 }
 
@@ -66,15 +68,19 @@ void DrawRecordSymbol(const StereoView& view, const SpecimenRecord& record, int 
                       const std::optional<ColourCoding>& coding) {
   const bool selected = record.Selected;
   const double value = coding && !selected ? ColourCoding::Value(view, record, number) : 0;
+  const std::optional<GroupMark> mark = view.MarkOf(record);
   for (int k = 1; k <= 3; ++k) {
     const Direction direction = DirectionOf(record, k);
     if (!view.options.showAxis[k] || !IsFinite(direction)) continue;
     const PrincipalAxis& axis = Axes[k];
-    const Colour fill = selected ? SelectedColour
-                        : coding ? coding->Fill(value, axis.colour)
-                                 : axis.colour;
-    DrawNetSymbol(view.target, view.net, EqualArea, direction, axis.symbol,
-                  view.SymbolSize(axis.sizeFactor), fill, {});
+    const std::int16_t size = view.SymbolSize(axis.sizeFactor);
+    const Colour fill =
+        coding && !selected ? coding->Fill(value, axis.colour) : view.ColourOf(k, selected, mark);
+    if (mark)
+      view.Mark(direction, view.SymbolOf(k, *mark, view.symbolsBy), mark->finish, size, fill,
+                selected || coding);
+    else
+      DrawNetSymbol(view.target, view.net, EqualArea, direction, axis.symbol, size, fill, {});
   }
 }
 

@@ -30,6 +30,8 @@ struct StereoView {
   Net net;
   std::int16_t lineWidth = 1;  // of thin lines of the means
   int ellipseStep = 1;         // degrees between points of the means' ellipses, or StepBySize
+  const GroupMarks* marks = nullptr;   // null: groups are not shown
+  MarkBy symbolsBy = MarkBy::Nothing;  // what shows the groups of records
 
   std::int16_t Scaled(double factor, std::int16_t size) const { return ToShort(factor * size); }
   std::int16_t SymbolSize(double factor) const { return Scaled(factor, geometry.SymbolSize()); }
@@ -56,6 +58,24 @@ struct StereoView {
   /// As in all views, but a block that is neither of the two shows no record here.
   bool Plots(const SpecimenRecord& record) const {
     return (reImMode == InPhase || reImMode == OutOfPhase) && IsShown(record, coorSys, reImMode);
+  }
+  /// The mark of a record's group where the symbols show it.
+  std::optional<GroupMark> MarkOf(const SpecimenRecord& record) const {
+    if (symbolsBy == MarkBy::Nothing) return std::nullopt;
+    return marks->MarkOf(static_cast<std::size_t>(&record - records.begin()));
+  }
+  /// The colour of what is drawn of axis `k` of a record.
+  Colour ColourOf(int k, bool selected, const std::optional<GroupMark>& mark) const {
+    if (selected) return SelectedColour;
+    return mark && symbolsBy == MarkBy::Colours ? mark->colour : Axes[k].colour;
+  }
+  std::int16_t SymbolOf(int k, const GroupMark& mark, MarkBy by) const {
+    return by == MarkBy::Shapes ? mark.symbol : Axes[k].symbol;
+  }
+  void Mark(const Direction& direction, std::int16_t symbol, Finish finish, std::int16_t size,
+            Colour fill, bool keepsFill) const {
+    const Point unit = ProjectDirection(EqualArea, direction), p = OnNet(net, unit.x, unit.y);
+    DrawMark(target, symbol, finish, p.x, p.y, size, fill, keepsFill);
   }
   /// Visits the plotted records that are selected, or those that are not, with their running
   /// numbers among all plotted ones: `visit(record, number)`.
@@ -97,6 +117,8 @@ void DrawRecordSymbol(const StereoView& view, const SpecimenRecord& record, int 
                       const std::optional<ColourCoding>& coding);
 void DrawRecordSymbols(const StereoView& view, bool selected,
                        const std::optional<ColourCoding>& coding);
+/// The means of the groups that the marks have.
+void DrawGroupMeans(const StereoView& view);
 void DrawMeans(const StereoView& view);
 void DrawMeanEllipses(const StereoView& view);
 

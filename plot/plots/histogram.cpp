@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <map>
 #include <vector>
 
+#include "base/rounding.h"
 #include "plot/axes/column_axis.h"
 
 namespace velorix {
@@ -12,27 +14,48 @@ namespace {
 struct HistoClass {
   double lower = 0, upper = 0;
   std::int64_t count = 0;
+  std::map<std::uint16_t, std::int64_t> ofGroup;
 };
 
-std::vector<HistoClass> CountClasses(std::span<const double> values, const AxisRange& range) {
+std::vector<HistoClass> CountClasses(std::span<const double> values,
+                                     std::span<const std::uint16_t> groups,
+                                     const AxisRange& range) {
   const std::vector<double> edges = ClassEdges(range);
   std::vector<HistoClass> classes;
   for (std::size_t i = 1; i < edges.size(); ++i) {
     const double lower = edges[i - 1], upper = edges[i];
     const auto within = [=](double value) { return lower <= value && value <= upper; };
-    classes.push_back({lower, upper, std::count_if(values.begin(), values.end(), within)});
+    classes.push_back({lower, upper, std::count_if(values.begin(), values.end(), within), {}});
+    if (groups.size() != values.size()) continue;
+    for (std::size_t v = 0; v < values.size(); ++v)
+      if (within(values[v])) ++classes.back().ofGroup[groups[v]];
   }
   return classes;
+}
+
+/// One group's part of a bar. What is too low for a frame goes without.
+void DrawPart(Target& target, const Point& foot, const Point& top, const GroupMark& mark,
+              Colour frame, double scale) {
+  const double leastFramed = 3 * scale, dotSize = 4 * scale;
+  const double height = std::fabs(foot.y - top.y);
+  const bool light = mark.finish == Finish::Light;
+  DrawRectangle(target, foot.x, foot.y, top.x, top.y,
+                {.style = height < leastFramed ? NoLine : Solid, .colour = frame},
+                light ? LightOf(mark.colour) : mark.colour);
+  if (mark.finish == Finish::Dotted && height > 1.5 * dotSize)
+    DrawMark(target, 3, Finish::Full, (foot.x + top.x) / 2, (foot.y + top.y) / 2, ToShort(dotSize),
+             Black);
 }
 
 }  // namespace
 
 void PaintHistogram(Target& target, const PlotGeometry& plot, std::span<const double> values,
-                    const Axis& axis, const std::string& title, Colour bars, Colour frame) {
+                    const Axis& axis, const std::string& title, Colour bars, Colour frame,
+                    std::span<const std::uint16_t> groups) {
   if (axis.IsEmpty()) return;
   DrawPlotPaper(target, plot);
   DrawPlotTitle(target, plot, title);
-  const std::vector<HistoClass> classes = CountClasses(values, axis.range);
+  const std::vector<HistoClass> classes = CountClasses(values, groups, axis.range);
   std::int64_t highest = 0;
   for (const HistoClass& c : classes) highest = std::max(highest, c.count);
   Axis counts;
@@ -45,14 +68,28 @@ void PaintHistogram(Target& target, const PlotGeometry& plot, std::span<const do
     if (c.count == 0 || c.upper > axis.range.upper + 0.5 * axis.range.step) continue;
     const Point foot = plot.At(axis.ShareOf(c.lower), 0);
     const Point top = plot.At(axis.ShareOf(c.upper), counts.ShareOf(static_cast<double>(c.count)));
-    DrawRectangle(target, foot.x, foot.y, top.x, top.y, {.colour = frame}, bars);
+    if (c.ofGroup.empty()) {
+      DrawRectangle(target, foot.x, foot.y, top.x, top.y, {.colour = frame}, bars);
+      continue;
+    }
+    std::int64_t below = 0;
+    for (const auto& [group, count] : c.ofGroup) {
+      const auto height = [&](std::int64_t counted) {
+        return plot.At(0, counts.ShareOf(static_cast<double>(counted))).y;
+      };
+      const GroupMark mark = group == NoGroup ? GroupMark{.colour = bars} : MarkOfGroup(group);
+      DrawPart(target, {foot.x, height(below)}, {top.x, height(below + count)}, mark, frame,
+               plot.scale);
+      below += count;
+    }
+    DrawBox(target, foot.x, foot.y, top.x, top.y, {.colour = frame});
   }
   DrawYAxis(target, plot, counts, "Counts");
   DrawPlotFrame(target, plot, frame);
 }
 
 void DrawHisto(Target& target, const PlotGeometry& plot, std::span<const double> values,
-               Column column, const Settings& settings) {
+               Column column, const Settings& settings, std::span<const std::uint16_t> groups) {
   target.SetTransparent();
   if (values.empty()) return DrawEmptyPlot(target, plot);
   Extent extent;
@@ -61,7 +98,7 @@ void DrawHisto(Target& target, const PlotGeometry& plot, std::span<const double>
   // Before the scale is chosen, so that the classes suit the range; ColumnAxis does it again.
   extent = ImposeBounds(column, extent);
   const Axis axis = ColumnAxis(column, extent.lower, extent.upper, settings);
-  PaintHistogram(target, plot, values, axis, axis.label, InfoOf(column).colour, Black);
+  PaintHistogram(target, plot, values, axis, axis.label, InfoOf(column).colour, Black, groups);
 }
 
 }  // namespace velorix

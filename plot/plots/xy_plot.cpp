@@ -94,11 +94,25 @@ std::vector<Point> PaintXYPlot(Target& target, const PlotGeometry& plot,
     }
     const Colour fill =
         colours ? ColorScale(static_cast<float>(colour->ShareOf(points[i].z))) : look.fill;
-    DrawSymbol(target, look.symbol, static_cast<float>(places[i].x),
-               static_cast<float>(places[i].y), plot.SymbolSize(), fill, pen);
+    if (look.groupsBy == MarkBy::Nothing || points[i].group == NoGroup) {
+      DrawSymbol(target, look.symbol, static_cast<float>(places[i].x),
+                 static_cast<float>(places[i].y), plot.SymbolSize(), fill, pen);
+      continue;
+    }
+    const GroupMark mark = MarkOfGroup(points[i].group);
+    const bool keepsFill = colours || look.keepsFill;
+    DrawMark(target, look.groupsBy == MarkBy::Shapes ? mark.symbol : look.symbol, mark.finish,
+             places[i].x, places[i].y, plot.SymbolSize(), keepsFill ? fill : mark.colour,
+             keepsFill);
   }
   if (look.frame && colours) DrawColourScale(target, plot, *colour);
   return places;
+}
+
+LegendLook XYPlotLegend(const XYPlotOptions& options, const GroupMarks& marks) {
+  if (options.coding) return {std::nullopt, NeutralColour};
+  if (marks.By == MarkBy::Colours) return {XYPlotLook().symbol, std::nullopt};
+  return {};
 }
 
 PlaneSize XYPlotPlane(const XYPlotOptions& options) {
@@ -117,7 +131,7 @@ struct XYPlotData {
   Extent x, y, z;
 };
 
-XYPlotData Gather(const Session& session, const XYPlotOptions& options) {
+XYPlotData Gather(const Session& session, const XYPlotOptions& options, const GroupMarks& marks) {
   XYPlotData data;
   int number = 0;
   for (int i = 1; i <= session.RecordCount(); ++i) {
@@ -127,13 +141,15 @@ XYPlotData Gather(const Session& session, const XYPlotOptions& options) {
     const auto value = [&](Column column) {
       return ColumnValue(column, record, session.ReImMode, number);
     };
+    const auto place = static_cast<std::size_t>(i - 1);
     const XYPoint point = {value(options.x), value(options.y),
-                           options.coding ? value(options.colour) : 0};
+                           options.coding ? value(options.colour) : 0,
+                           marks.AreShown() ? marks.GroupOf(place) : NoGroup};
     data.x.Add(point.x);
     data.y.Add(point.y);
     if (!record.Selected) data.z.Add(point.z);
     data.points[record.Selected].push_back(point);
-    data.records[record.Selected].push_back(static_cast<std::size_t>(i - 1));
+    data.records[record.Selected].push_back(place);
   }
   return data;
 }
@@ -141,9 +157,10 @@ XYPlotData Gather(const Session& session, const XYPlotOptions& options) {
 }  // namespace
 
 std::optional<DrawnXYPlot> DrawXYPlot(const Session& session, Target& target,
-                                      const PlotGeometry& plot, const XYPlotOptions& options) {
+                                      const PlotGeometry& plot, const XYPlotOptions& options,
+                                      const GroupMarks& marks) {
   target.SetTransparent();
-  const XYPlotData data = Gather(session, options);
+  const XYPlotData data = Gather(session, options, marks);
   if (data.points[false].empty() && data.points[true].empty()) DrawEmptyPlot(target, plot);
   if (data.x.IsEmpty() || data.y.IsEmpty()) return std::nullopt;
   const auto axis = [&](Column column, const Extent& values) {
@@ -159,6 +176,8 @@ std::optional<DrawnXYPlot> DrawXYPlot(const Session& session, Target& target,
     look.lines = options.lines;
     look.title = drawn.x.label + " - " + drawn.y.label;
     if (selected) look.fill = SelectedColour;
+    look.groupsBy = SymbolsBy(marks.By, options.coding);
+    look.keepsFill = selected;
     const std::vector<Point> places = PaintXYPlot(target, plot, data.points[selected], drawn.x,
                                                   drawn.y, selected ? std::nullopt : colour, look);
     for (std::size_t i = 0; i < places.size(); ++i)

@@ -8,12 +8,14 @@
 
 #include "plot/axes/columns.h"
 #include "plot/axes/plot_axis.h"
+#include "plot/net/group_marks.h"
 
 namespace velorix {
 
-/// A point of an XY plot: its values and the value that colours it.
+/// A point of an XY plot: its values, the value that colours it, and its group.
 struct XYPoint {
   double x = 0, y = 0, z = 0;
+  std::uint16_t group = NoGroup;
 };
 
 /// What a plot shows besides its axes and points.
@@ -25,6 +27,8 @@ struct XYPlotLook {
   std::int16_t symbol = 3;
   Colour fill = 0xD28C5A, penColour = Black;  // of the symbols; `fill` where no value colours them
   Colour lineColour = 0x808080, frameColour = Black;
+  MarkBy groupsBy = MarkBy::Nothing;  // what shows the points' groups, shapes their colours, too
+  bool keepsFill = false;             // `fill` stands before the groups' colours
 };
 
 /// Draws a framed plot of `points`. Only points within both axes get a symbol; lines are cut at the
@@ -55,8 +59,13 @@ PlaneSize XYPlotPlane(const XYPlotOptions& options);
 
 /// Draws two columns of the records in view against each other, the selected ones on top and
 /// yellow. Gives nothing when nothing could be drawn: the axes come from the finite values, and a
-/// point without one is left out.
+/// point without one is left out. Groups have their colours, or their shapes and colours; where
+/// values colour the symbols, their shapes alone.
 std::optional<DrawnXYPlot> DrawXYPlot(const Session& session, Target& target,
-                                      const PlotGeometry& plot, const XYPlotOptions& options);
+                                      const PlotGeometry& plot, const XYPlotOptions& options,
+                                      const GroupMarks& marks = GroupMarks());
+
+/// What the legend of the groups below an XY plot looks like.
+LegendLook XYPlotLegend(const XYPlotOptions& options, const GroupMarks& marks);
 
 }  // namespace velorix

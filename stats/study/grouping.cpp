@@ -51,7 +51,7 @@ std::string_view UntilCharacter(std::string_view name, std::string_view end) {
   return place == name.npos || place == 0 ? name : Trimmed(name.substr(0, place));
 }
 
-/// The group of a record that isn't grouped by its file.
+/// The group of a record that its own texts decide.
 std::string_view GroupName(const SpecimenRecord& record, const GroupBy& by) {
   if (by.How == GroupBy::Field) return Trimmed(record.*by.Text);
   const std::string_view name = Trimmed(record.Name);
@@ -79,6 +79,24 @@ class FileNames {
   std::vector<std::string> names_;
   std::size_t file_ = 0;
   int end_ = 0;  // the last record before this file
+};
+
+/// Names of the records' groups, for records asked for in the order of the store.
+class Namer {
+ public:
+  Namer(const Session& session, const GroupBy& by) : session_(session), by_(by), files_(session) {}
+
+  std::string_view Of(int record) {
+    if (by_.How == GroupBy::File) return files_.Of(record);
+    if (by_.How != GroupBy::Hand) return GroupName(session_.Records[record], by_);
+    const auto place = static_cast<std::size_t>(record - 1);
+    return place < session_.HandGroups.size() ? session_.HandGroups[place] : std::string_view();
+  }
+
+ private:
+  const Session& session_;
+  const GroupBy& by_;
+  FileNames files_;
 };
 
 /// Whether a record belongs to a group. One without the out-of-phase block in view is not rotated;
@@ -161,16 +179,23 @@ std::vector<std::string> TellingNames(const std::vector<std::string>& paths) {
 std::vector<RecordGroup> PartRecords(const Session& session, const GroupBy& by) {
   std::vector<RecordGroup> groups;
   std::unordered_map<std::string, std::size_t> places;
-  FileNames files(session);
+  Namer names(session, by);
   for (int i = 1; i <= session.RecordCount(); ++i) {
     const SpecimenRecord& record = session.Records[i];
     if (!IsGrouped(record, session)) continue;
-    const std::string name(by.How == GroupBy::File ? files.Of(i) : GroupName(record, by));
+    const std::string name(names.Of(i));
     const auto [place, isNew] = places.try_emplace(name, groups.size());
     if (isNew) groups.push_back({name, {}});
     groups[place->second].Records.push_back(i);
   }
   return groups;
+}
+
+std::vector<std::string> GroupNames(const Session& session, const GroupBy& by) {
+  std::vector<std::string> all;
+  Namer names(session, by);
+  for (int i = 1; i <= session.RecordCount(); ++i) all.emplace_back(names.Of(i));
+  return all;
 }
 
 }  // namespace velorix

@@ -11,17 +11,26 @@ namespace velorix {
 
 /// What parts the records in view into groups.
 struct GroupBy {
-  enum Way { File, Field, NameStart, NameUntil };
+  enum Way { File, Field, NameStart, NameUntil, Hand };
 
   Way How = File;
   std::string SpecimenRecord::*Text = nullptr;  // of a field
   int Characters = 0;                           // of the start of a name
   std::string Until;                            // one character
-  std::string Word;                             // as the user gave it
+  std::string Word;                             // as the user gave it; none for `Hand`
+
+  bool operator==(const GroupBy&) const = default;
 };
 
 /// The words of `ParseGroupBy`, between bars.
 inline constexpr char GroupByWords[] = "file|site|rock|strat|litho|regio|name:N|name-until:C";
+
+/// The way by hand.
+inline GroupBy ByHand() {
+  GroupBy by;
+  by.How = GroupBy::Hand;
+  return by;
+}
 
 /// What a word stands for, N a number of at least 1 and C one character; nothing for another word.
 std::optional<GroupBy> ParseGroupBy(std::string_view word);
@@ -37,8 +46,11 @@ struct RecordGroup {
 /// their groups are listed. Texts count without white space at their ends; records without the text
 /// form a group "". A name without the character that ends it, or that begins with it, counts as a
 /// whole. Files bear their names without extension, with as much of their folders as tells equal
-/// ones apart.
+/// ones apart. By hand counts what `Session::HandGroups` says.
 std::vector<RecordGroup> PartRecords(const Session& session, const GroupBy& by);
+
+/// The group that each record of the store would have in view, in the order of the store.
+std::vector<std::string> GroupNames(const Session& session, const GroupBy& by);
 
 /// A name for each path: the file's name without extension, with the fewest of the folders above it
 /// that no other path has likewise; with the extension where that alone differs.

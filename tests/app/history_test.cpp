@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "app/display/hand_groups.h"
 #include "app/edit/orientation_editor.h"
 #include "app/edit/orientation_parameters.h"
 #include "app/files/open_flow.h"
@@ -36,13 +37,13 @@ class Undoing : public ProgramTest {
   struct State {
     std::vector<SpecimenRecord> Records;
     std::string CurrentFile;
-    Texts OpenFiles;
+    Texts OpenFiles, HandGroups;
     Settings Set;
 
     bool operator==(const State&) const = default;
   };
   State Present() const {
-    State state{{}, Now.CurrentFile, Now.OpenFiles, Now.Settings};
+    State state{{}, Now.CurrentFile, Now.OpenFiles, Now.HandGroups, Now.Settings};
     for (const SpecimenRecord& r : Now.Records) {
       SpecimenRecord kept;
       kept.Name = r.Name;
@@ -72,6 +73,16 @@ TEST_F(Undoing, EachKindOfStepGoesBackAndForthWithItsWords) {
        [&] {
          SelectRecords(Program, {1, 3});
          Menu("mnuSelection(2)");
+       }},
+      {"New group",
+       [&] {
+         SelectRecords(Program, {2});
+         NewHandGroup(Program);
+       }},
+      {"Rename group", [&] { RenameHandGroup(Program, "", "rest"); }},
+      {"Merge groups",
+       [&] {
+         MergeHandGroups(Program, {"rest", "Group 1"});
        }},
       {"Invert selection", [&] { Menu("mnuSelection(1)"); }},
       {"Clear selection", [&] { Menu("mnuSelection(5)"); }},

@@ -6,6 +6,7 @@
 #include <numeric>
 
 #include "plot/axes/axes.h"
+#include "plot/drawing/fitting_text.h"
 #include "tests/plot/calls.h"
 
 namespace velorix {

@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QHeaderView>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -120,6 +121,49 @@ class GroupsWindowTest : public WindowTest {
     Rows();
     Press("cmdPanels");  // refused before a file is asked for
     QCOMPARE(Status(), "One page has room for 600 groups; these are 601.");
+  }
+
+  void groupsAreMadeByHandAndShownInThePlots() {
+    QCOMPARE(Look("cboGroupMarks chkGroupMeans chkGroupLegend"), "Off|(Mean&s)|(&Legend+)");
+    The<QComboBox>("cboGroupMarks").setCurrentIndex(1);
+    emit The<QComboBox>("cboGroupMarks").activated(1);
+    Press("chkGroupMeans");
+    Rows();
+    Table().selectRow(0);
+    Press("cmdMergeGroups");
+    QCOMPARE(Status(), "Two or more groups are needed; select their rows.");
+    QCOMPARE(The<QComboBox>("cboGroupBy").currentIndex(), 6);
+    Press("cmdNewGroup");
+    QCOMPARE(The<QComboBox>("cboGroupBy").currentText(), "By hand");
+    QCOMPARE(Rows(), "Group 1:4 s2:1 s3:1 s4:1 s5:1 s6:1 s7:1 s8:1 s9:1 All:12");
+    Table().sortItems(0, Qt::DescendingOrder);  // s9, s8 and so on
+    Table().setSelectionMode(QAbstractItemView::MultiSelection);
+    Table().selectRow(1);
+    Table().selectRow(0);
+    Press("cmdRenameGroup");
+    QVERIFY(Status().contains("one group"));
+    Press("cmdMergeGroups");
+    Rows();
+    Table().sortItems(0, Qt::DescendingOrder);
+    QVERIFY(Rows().startsWith("s9:2 s7:1 "));
+    Table().selectRow(0);
+    OnModal<QInputDialog>([](QInputDialog& dialog) {
+      QCOMPARE(dialog.textValue(), "s9");
+      dialog.setTextValue("last");
+      dialog.accept();
+    });
+    Press("cmdRenameGroup");
+    QVERIFY(Rows().contains("last:2"));
+    Table().selectAll();
+    Press("cmdMergeGroups");
+    QCOMPARE(Status(), "The row of all records is no group.");
+    W().Run("mnuUndo");
+    QVERIFY(Rows().contains("s9:2"));
+    QCOMPARE(W().Program.Plots.Marks.Means.size(), std::size_t{8});
+    W().Run("mnuGroups");
+    OpenForm("mnuGroups", "frmGroups");
+    QCOMPARE(Look("cboGroupMarks chkGroupMeans chkGroupLegend cboGroupBy"),
+             "Colour|Mean&s+|&Legend+|By hand");
   }
 
   void aLongComputationIsCancelledAndAClosedWindowStopsIt() {

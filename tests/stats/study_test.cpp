@@ -69,6 +69,10 @@ TEST(PartRecords, GroupsByTextsNamesAndFiles) {
     ASSERT_TRUE(by) << word;
     EXPECT_EQ(TextOf(PartRecords(session, *by)), groups) << word;
   }
+  session.HandGroups = {"p", "q", "", "p", "q", "p", "p"};  // fewer than records
+  EXPECT_EQ(TextOf(PartRecords(session, ByHand())), "p:1,4,6 q:2,5 :3");
+  EXPECT_EQ(GroupNames(session, ByHand()).back(), "");
+  EXPECT_EQ(GroupNames(session, *ParseGroupBy("site"))[6], "x");  // out of view
   for (const char* const word : {"", "moon", "name", "name:", "name:0", "name:-1", "name:2x",
                                  "name-until:", "name-until:ab"})
     EXPECT_FALSE(ParseGroupBy(word)) << word;

@@ -90,9 +90,11 @@ PlotPanel* ColumnPlots::MakeHisto(QWidget* parent) {
              [this](Column column) { ChooseHisto(velorix_, column); });
   panel->Options->addStretch(1);
   panel->Picture->SetPicture(HistoPlane, [this](Target& target) {
-    DrawHisto(target, PlotGeometry(),
-              DataTableValues(velorix_.Plots.HistoParameter, velorix_.Session),
-              velorix_.Plots.HistoParameter, velorix_.Session.Settings);
+    const PlotChoices& plots = velorix_.Plots;
+    DrawHisto(target, PlotGeometry(), DataTableValues(plots.HistoParameter, velorix_.Session),
+              plots.HistoParameter, velorix_.Session.Settings,
+              ShownGroups(velorix_.Session, plots.Marks));
+    DrawLegendBelow(target, HistoPlane, plots.Marks, HistoLegend);
   });
   AttachMouse(*panel->Picture, {.Cross = true});
   panel->AddPageBox("chkHisto", velorix_.Plots.Page.histogram);
@@ -126,8 +128,10 @@ PlotPanel* ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
 
   panel->Picture->SetPicture(XYPlotPlane(options), [this, plot](Target& target) {
     velorix_.XYDrawn[plot].reset();  // nothing for the mouse when drawing fails
-    velorix_.XYDrawn[plot] =
-        DrawXYPlot(velorix_.Session, target, PlotGeometry(), velorix_.Plots.Shown(plot));
+    const XYPlotOptions shown = velorix_.Plots.Shown(plot);
+    const GroupMarks& marks = velorix_.Plots.Marks;
+    velorix_.XYDrawn[plot] = DrawXYPlot(velorix_.Session, target, PlotGeometry(), shown, marks);
+    DrawLegendBelow(target, XYPlotPlane(shown), marks, XYPlotLegend(shown, marks));
   });
   AttachPlotMouse(
       velorix_, *panel, plot == 1 ? "lblXYPlot1" : "lblXYPlot2",
@@ -185,10 +189,14 @@ void ColumnPlots::ShowGridHeader() {
   }
 }
 
-void ColumnPlots::RedrawHisto() { histo_->Picture->Redraw(); }
+void ColumnPlots::RedrawHisto() {
+  histo_->Picture->SetPlane(WithLegend(HistoPlane, velorix_.Plots.Marks));
+  histo_->Picture->Redraw();
+}
 
 void ColumnPlots::RedrawXYPlot(int plot) {
-  xyPlots_[plot]->Picture->SetPlane(XYPlotPlane(velorix_.Plots.XYPlot[plot]));
+  xyPlots_[plot]->Picture->SetPlane(
+      WithLegend(XYPlotPlane(velorix_.Plots.XYPlot[plot]), velorix_.Plots.Marks));
   xyPlots_[plot]->Picture->Redraw();
 }
 

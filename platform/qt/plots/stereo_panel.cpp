@@ -101,7 +101,9 @@ StereoPanel::StereoPanel(Velorix& velorix, QWidget* parent)
   Picture->SetPicture(StereoPlane(velorix.Plots.Stereo), [this](Target& target) {
     const Session& session = velorix_.Session;
     DrawStereo(session.Records, session.CoorSys, target, StereoGeometry{}, velorix_.Plots.Stereo,
-               session.ReImMode, velorix_.GroupStats, session.Settings);
+               session.ReImMode, velorix_.GroupStats, session.Settings, velorix_.Plots.Marks);
+    DrawLegendBelow(target, StereoPlane(velorix_.Plots.Stereo), velorix_.Plots.Marks,
+                    StereoLegend(velorix_.Plots.Stereo, velorix_.Plots.Marks));
   });
   QLabel* dec = AddReadOut("lblStereoCursorPos(1)", "Declination under the mouse");
   QLabel* inc = AddReadOut("lblStereoCursorPos(2)", "Inclination under the mouse");
@@ -262,7 +264,7 @@ void StereoPanel::ShowCodeLists() {
 }
 
 void StereoPanel::Redraw() {
-  Picture->SetPlane(StereoPlane(velorix_.Plots.Stereo));
+  Picture->SetPlane(WithLegend(StereoPlane(velorix_.Plots.Stereo), velorix_.Plots.Marks));
   Picture->Redraw();
 }
 

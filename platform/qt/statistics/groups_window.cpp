@@ -13,9 +13,12 @@
 #include <QSignalBlocker>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <cstring>
 #include <set>
 
 #include "app/display/display.h"
+#include "app/display/group_marks.h"
 #include "app/display/shown_group.h"
 #include "app/files/export_groups.h"
 #include "app/files/export_panels.h"
@@ -25,12 +28,14 @@
 #include "platform/qt/parts/change_buttons.h"
 #include "platform/qt/parts/widgets.h"
 #include "platform/qt/statistics/comparison_window.h"
+#include "platform/qt/statistics/group_controls.h"
 #include "platform/qt/statistics/untilting_window.h"
 
 namespace velorix {
 namespace {
 
-/// A way of parting the records: its word, which `detail` follows where it asks for one.
+/// A way of parting the records: its word, which `detail` follows where it asks for one; by hand
+/// has none.
 struct Way {
   const char *Caption, *Word, *Detail;
 };
@@ -41,7 +46,8 @@ constexpr Way Ways[] = {{"File", "file", ""},
                         {"Lithology", "litho", ""},
                         {"Region", "regio", ""},
                         {"Name, first characters", "name:", "3"},
-                        {"Name up to a character", "name-until:", "-"}};
+                        {"Name up to a character", "name-until:", "-"},
+                        {"By hand", "", ""}};
 constexpr int RowRole = Qt::UserRole, ValueRole = Qt::UserRole + 1;
 
 /// A cell that is sorted by its number where it has one; an empty one stands behind all others.
@@ -91,6 +97,15 @@ frmGroups::frmGroups(Velorix& velorix, QWidget* owner)
   heading_->setTextFormat(Qt::PlainText);
   heading_->setWordWrap(true);
   column->addWidget(heading_);
+  controls_ = new GroupControls(velorix, this);
+  controls_->ChosenRows = [this] { return static_cast<int>(SelectedRows().size()); };
+  controls_->ChosenNames = [this] {
+    std::vector<std::string> names;
+    for (const std::size_t row : SelectedRows())
+      if (row < names_.size()) names.push_back(names_[row]);
+    return names;
+  };
+  column->addWidget(controls_);
   table_ = new QTableWidget(this);
   table_->setObjectName("grdGroups");
   table_->setAccessibleName("Groups");
@@ -110,6 +125,11 @@ frmGroups::frmGroups(Velorix& velorix, QWidget* owner)
   const QWidget* main = owner->window();
   resize(main->width() - 40, main->height() * 2 / 5);
   move(main->x() + 20, main->y() + main->height() * 3 / 5);
+  if (!Chosen()) {  // the window was closed over an incomplete choice
+    GroupChoices choices = velorix_.Plots.Groups;
+    choices.Parting = GroupChoices().Parting;
+    Work(velorix_, [&] { ChooseGroups(velorix_, choices); });
+  }
   Refresh();
 }
 
@@ -122,7 +142,6 @@ QLayout* frmGroups::MakeChoices() {
   ways_->setObjectName("cboGroupBy");
   ways_->setToolTip("What parts the records in view into groups");
   for (const Way& way : Ways) ways_->addItem(way.Caption);
-  ways_->setCurrentIndex(1);
   caption->setBuddy(ways_);
   connect(ways_, &QComboBox::activated, this, [this] { ChooseWay(); });
   detail_ = new QLineEdit(this);
@@ -131,7 +150,7 @@ QLayout* frmGroups::MakeChoices() {
   detail_->setToolTip("How many characters of the name, or the character that ends it");
   detail_->setMaximumWidth(fontMetrics().horizontalAdvance("000000"));
   detail_->hide();
-  connect(detail_, &QLineEdit::editingFinished, this, [this] { Refresh(); });
+  connect(detail_, &QLineEdit::editingFinished, this, [this] { ChooseParting(); });
   progress_ = new QLabel(this);
   progress_->setObjectName("lblProgress");
   progress_->setTextFormat(Qt::PlainText);
@@ -174,28 +193,52 @@ QLayout* frmGroups::MakeCommands() {
   return row;
 }
 
-std::optional<GroupBy> frmGroups::Chosen() const {
-  const Way& way = Ways[ways_->currentIndex()];
-  return ParseGroupBy(way.Word + (*way.Detail ? detail_->text().toStdString() : ""));
-}
+const std::optional<GroupBy>& frmGroups::Chosen() const { return velorix_.Plots.Groups.Parting; }
 
 std::vector<RecordGroup> frmGroups::Groups() const {
-  const auto by = Chosen();
+  const std::optional<GroupBy>& by = Chosen();
   return by ? PartRecords(velorix_.Session, *by) : std::vector<RecordGroup>();
 }
 
 void frmGroups::ChooseWay() {
+  detail_->setText(Ways[ways_->currentIndex()].Detail);
+  ChooseParting();
+}
+
+void frmGroups::ChooseParting() {
   const Way& way = Ways[ways_->currentIndex()];
-  detail_->setVisible(*way.Detail);
-  detail_->setText(way.Detail);
+  GroupChoices choices = velorix_.Plots.Groups;
+  if (*way.Word)
+    choices.Parting = ParseGroupBy(way.Word + (*way.Detail ? detail_->text().toStdString() : ""));
+  else
+    choices.Parting = ByHand();
+  Work(velorix_, [&] { ChooseGroups(velorix_, choices); });
   Refresh();
+}
+
+/// The controls follow what the program parts the records by. While that is not complete they stay.
+void frmGroups::ShowParting() {
+  if (const auto& by = Chosen()) {
+    int index = static_cast<int>(std::size(Ways)) - 1;
+    const QString word = ToQString(by->Word);
+    while (index > 0 && by->How != GroupBy::Hand &&
+           (!*Ways[index].Word || !word.startsWith(Ways[index].Word)))
+      --index;
+    const Way& way = Ways[index];
+    ways_->setCurrentIndex(index);
+    detail_->setText(*way.Detail ? word.sliced(static_cast<int>(std::strlen(way.Word))) : "");
+  }
+  detail_->setVisible(*Ways[ways_->currentIndex()].Detail);
+  controls_->Show();
 }
 
 void frmGroups::Refresh() {
   const QSignalBlocker quiet(table_);  // rows that go leave the records selected
+  ShowParting();
   run_.reset();
   rows_.clear();
   records_.clear();
+  names_.clear();
   stopped_ = false;
   const Session& session = velorix_.Session;
   table_->setSortingEnabled(false);
@@ -208,6 +251,7 @@ void frmGroups::Refresh() {
         column, new QTableWidgetItem(ToQString(header[static_cast<std::size_t>(column)])));
   std::vector<RecordGroup> groups = Groups();
   for (const RecordGroup& group : groups) {
+    names_.push_back(group.Name);
     std::vector<int>& ids = records_.emplace_back();
     for (const int record : group.Records) ids.push_back(session.Records[record].RecordNo);
   }
@@ -271,16 +315,25 @@ void frmGroups::Say() {
     progress_->setText(ToQString(FailuresText(rows_)));
 }
 
+/// The rows that are selected, from the top, by their places in the order of the groups.
+std::vector<std::size_t> frmGroups::SelectedRows() const {
+  std::vector<int> selected;
+  for (const QModelIndex& index : table_->selectionModel()->selectedRows())
+    selected.push_back(index.row());
+  std::ranges::sort(selected);
+  std::vector<std::size_t> rows;
+  for (const int row : selected)
+    if (const QTableWidgetItem* item = table_->item(row, 0))
+      rows.push_back(static_cast<std::size_t>(item->data(RowRole).toInt()));
+  return rows;
+}
+
 void frmGroups::SelectRecordsOfRows() {
   std::vector<int> ids;
-  for (const QModelIndex& index : table_->selectionModel()->selectedRows()) {
-    const QTableWidgetItem* item = table_->item(index.row(), 0);
-    if (!item) continue;
-    const auto row = static_cast<std::size_t>(item->data(RowRole).toInt());
+  for (const std::size_t row : SelectedRows())
     for (std::size_t i = 0; i < records_.size(); ++i)
       if (i == row || row == records_.size())
         ids.insert(ids.end(), records_[i].begin(), records_[i].end());
-  }
   Work(velorix_, [&] { SelectRecords(velorix_, ids); });
 }
 

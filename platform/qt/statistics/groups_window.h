@@ -19,6 +19,7 @@ namespace velorix {
 
 class frmComparison;
 class frmUntilting;
+class GroupControls;
 
 /// The window "Groups": the statistics of every group of the records in view, a row each and one
 /// for all. A click on a row selects its records in all views. They are computed beside the
@@ -39,9 +40,12 @@ class frmGroups : public QWidget {
  private:
   QLayout* MakeChoices();
   QLayout* MakeCommands();
-  std::optional<GroupBy> Chosen() const;
+  const std::optional<GroupBy>& Chosen() const;
   std::vector<RecordGroup> Groups() const;
   void ChooseWay();
+  void ChooseParting();
+  void ShowParting();
+  std::vector<std::size_t> SelectedRows() const;
   void Take(std::vector<GroupRow> rows);
   void Finish(bool stopped);
   void Say();
@@ -60,6 +64,8 @@ class frmGroups : public QWidget {
   QTableWidget* table_ = nullptr;
   QLabel *heading_ = nullptr, *progress_ = nullptr;
   QPushButton* cancel_ = nullptr;
+  GroupControls* controls_ = nullptr;
+  std::vector<std::string> names_;         // of the groups
   std::vector<std::vector<int>> records_;  // `RecordNo` of each group's records
   std::vector<GroupRow> rows_;
   std::size_t expected_ = 0;  // rows, with that of all
