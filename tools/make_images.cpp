@@ -5,7 +5,10 @@
 #include <QApplication>
 #include <QDialog>
 #include <QLabel>
+#include <QPushButton>
 #include <QScreen>
+#include <QTableWidget>
+#include <algorithm>
 
 #include "app/commands.h"
 #include "app/edit/autosave.h"
@@ -22,7 +25,8 @@ namespace {
 
 /// A picture: the file opened ("" for none), what is done then, and what is grabbed. A step is a
 /// command's name, "+box" or "-box" for a check box or an option, "list=index", "row*number" for a
-/// click there, "file:name" for the answer to the next file dialog, "!button" to press one,
+/// click there, "group*number" to add a row to those selected there, "file:name" for the answer to
+/// the next file dialog, "!button" to press one,
 /// "!window/item" for a menu of a window of its own. The steps behind "?command" are done in the
 /// modal window that this command opens.
 struct Image {
@@ -48,6 +52,9 @@ const Image Images[] = {
     {"group-statistics", "granite.ams", {1280, 800}, {"mnuAnalysis(1)"}, "frmGroupStatistics"},
     {"groups", "granite.ams", {1280, 800}, {"mnuGroups", "cboGroupBy=6"}, "frmGroups"},
     {"groups-in-plots", "fold/after.ams", {1030, 720}, {"-cmdColumnPlots", "mnuGroups", "cboGroupBy=2", "cboGroupMarks=1", "+chkGroupMeans", "-chkMean", "-chkMeanEllipses"}, "picStereo"},
+    {"comparison", "fold/before.ams", {1280, 800}, {"mnuView(3)", "mnuGroups", "cboGroupBy=1", "group*1", "group*7", "!cmdCompare"}, "frmComparison"},
+    {"untilting", "fold/before.ams", {1280, 800}, {"mnuGroups", "cboGroupBy=1", "!cmdUntilt"}, "frmUntilting"},
+    {"contour-curves", "granite.ams", {1280, 800}, {"mnuAnalysis(3)", "!optDisplay(3)", "!cmdCount", "+chkCurves"}, "frmContour"},
     {"contour-window", "granite.ams", {1280, 800}, {"mnuAnalysis(3)", "!optDisplay(3)", "!cmdCount"}, "frmContour"},
     {"plane-from-lineations", "granite.ams", {1280, 800}, {"mnuFoliLine"}, "frmFoliLine"},
     {"orientation-parameters", "granite.ams", {1280, 800}, {"?mnuOPAR"}, "frmOPAR"},
@@ -83,6 +90,10 @@ void Do(TestWindow& window, QWidget& root, const QString& step) {
     window.Asked.Files.push_back(FileAnswer{Example(step.mid(5)), 1});
   } else if (step.startsWith("row*")) {
     window.ClickRow(step.mid(4).toInt() - 1);
+  } else if (step.startsWith("group*")) {
+    auto& table = Find<QTableWidget>(root, "grdGroups");
+    table.selectionModel()->select(table.model()->index(step.mid(6).toInt() - 1, 0),
+                                   QItemSelectionModel::Select | QItemSelectionModel::Rows);
   } else if (step.contains('=')) {
     auto& list = Find<QComboBox>(root, step.section('=', 0, 0));
     list.setCurrentIndex(step.section('=', 1).toInt());
@@ -92,8 +103,10 @@ void Do(TestWindow& window, QWidget& root, const QString& step) {
   }
   QTest::qWait(20);               // for layout and timers
   const auto isReady = [&root] {  // what is computed beside a window stands there
-    const auto* cancel = root.findChild<QWidget*>("cmdCancel");
-    return !cancel || cancel->isHidden() || !cancel->isEnabled();
+    const auto buttons = root.findChildren<QPushButton*>("cmdCancel");
+    return std::none_of(buttons.begin(), buttons.end(), [](const QPushButton* button) {
+      return button->isVisible() && button->isEnabled() && button->text().remove("&") == "Cancel";
+    });
   };
   if (!QTest::qWaitFor(isReady)) qFatal("%s: still at work", qPrintable(step));
 }

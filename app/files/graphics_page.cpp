@@ -114,10 +114,16 @@ std::string MeanOnPage(const Velorix& velorix,
 /// below the net, where the net's captions don't. Metafile, clipboard and pictures of pixels go
 /// without that line.
 void DrawVectorPage(const Velorix& velorix, Target& target) {
+  const Session& session = velorix.Session;
+  int inView = 0;
+  ForEachActive(session, [&inView](const SpecimenRecord&) { ++inView; });
+  target.Describe("Anisotropy of magnetic susceptibility",
+                  GroupHeading(session, GroupInView(session), inView));
   DrawPage(velorix, target, VectorScale);
   const std::string mean = MeanOnPage(velorix, MeanLabel);
-  if (!mean.empty() && GroupLines(velorix.Plots.Stereo).empty())
-    DrawText(target, mean, MeanLineX, MeanLineY, {.height = MeanLineHeight});
+  if (mean.empty() || !GroupLines(velorix.Plots.Stereo).empty()) return;
+  target.Layer("captions");
+  DrawText(target, mean, MeanLineX, MeanLineY, {.height = MeanLineHeight});
 }
 
 /// What the status line says of a figure that is made: `done`, and that its mean is of another

@@ -26,7 +26,8 @@ void Recorder::Raster(LogicalPoint corner, int width, std::span<const Colour> pi
 }
 void Recorder::Ramp(std::span<const std::int32_t> sides, std::int32_t bottom,
                     std::span<const Colour> colours) {
-  calls.emplace_back(RampCall{{sides.begin(), sides.end()}, bottom, {colours.begin(), colours.end()}});
+  calls.emplace_back(
+      RampCall{{sides.begin(), sides.end()}, bottom, {colours.begin(), colours.end()}});
 }
 void Recorder::Text(std::string_view text, LogicalPoint point, const TextStyle& style) {
   calls.emplace_back(TextCall{std::string(text), point, style});

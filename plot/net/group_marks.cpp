@@ -84,6 +84,7 @@ void DrawLegendBelow(Target& target, PlaneSize plane, const GroupMarks& marks,
 
 void DrawLegendIn(Target& target, const LegendBox& box, const GroupMarks& marks,
                   const LegendLook& look, double s) {
+  target.Layer("legend of groups");
   const LegendGrid grid(marks, box);
   const std::vector<std::uint16_t>& groups = grid.groups;
   const std::size_t room = grid.columns * grid.rows;

@@ -59,6 +59,7 @@ void DrawNetSymbol(Target& target, const Net& net, Projection projection, Direct
 
 void DrawNet(Target& target, CoordinateSystem coorSys, Projection projection, const Net& net,
              Colour colour, std::int16_t fontHeight) {
+  target.Layer("net");
   DrawRim(target, net, colour);
   const auto& names = NamesOf(coorSys).Rim;
   for (int i = 0; i < 4; ++i) DrawLabel(target, net, names[i], Labels[i], colour, fontHeight);

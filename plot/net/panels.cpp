@@ -72,6 +72,7 @@ class Panels {
       }
     DrawMeans(view);
     DrawMeanEllipses(view);
+    target_.Layer("names");
     view.Text("N = " + std::to_string(plotted), CountU, CountV, RightBaseline,
               geometry.FontHeight());
     Text(FittingText(panel.Name.empty() ? "(no name)" : panel.Name, width / geometry.fontHeight),
@@ -105,6 +106,7 @@ class Panels {
   void DrawFrame(const StereoView& view) const {
     constexpr std::int16_t Level = 4, Upright = 6;  // symbols
     const Net& net = view.net;
+    target_.Layer("nets");
     DrawCircle(target_, net.cx, net.cy, net.diameter / 2, {.width = 2}, 0);
     view.Text(NamesOf(session_.CoorSys).Rim[0], 0, 1.02, CentreBaseline,
               view.geometry.FontHeight());
@@ -150,6 +152,9 @@ void DrawPanels(const Session& session, std::span<const Panel> panels, ErrorLeve
                 const std::vector<std::string>& captions, Target& target, PlaneSize page,
                 double s) {
   target.SetTransparent();
+  std::string description;
+  for (const std::string& caption : captions) description += caption + " ";
+  target.Describe("Principal directions of groups", description);
   const Panels drawn(session, level, target, s);
   const double width = page.width - 2 * Margin;
   const double legend = page.height - Margin - CaptionStep * static_cast<double>(captions.size());
@@ -168,6 +173,7 @@ void DrawPanels(const Session& session, std::span<const Panel> panels, ErrorLeve
         .scale = s};
     drawn.Draw(panels[static_cast<std::size_t>(i)], geometry, grid.columnWidth);
   }
+  target.Layer("legend");
   drawn.DrawLegend(Margin, legend);
   double y = legend;
   for (const std::string& caption : captions)

@@ -80,6 +80,7 @@ Pen FoliPen(int i, Colour colour) {
 }
 
 void DrawCaptions(const StereoView& view) {
+  view.target.Layer("captions");
   if (!view.options.showCaptions) return;
   const auto plotted =
       std::count_if(view.records.begin(), view.records.end(),
@@ -117,6 +118,7 @@ double GroupTop(const StereoOptions& options) {
 }
 
 void DrawLegend(const StereoView& view) {
+  view.target.Layer("legend");
   if (!view.options.showLegend) return;
   DrawAxisLegend(view);
   DrawFoliLegend(view);

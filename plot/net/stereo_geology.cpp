@@ -59,6 +59,7 @@ void DrawLines(const StereoView& view, const SpecimenRecord& record, bool select
 }  // namespace
 
 void DrawGeology(const StereoView& view, bool selected) {
+  view.target.Layer(selected ? "selected planes and lines" : "planes and lines");
   if (view.coorSys < Geographic) return;
   const bool planes = view.options.showPlanes, lines = view.options.showLines;
   if (!planes && !lines) return;

@@ -20,6 +20,10 @@ void DrawMeanEllipse(const StereoView& view, const GroupStats& stats, int k, con
                           view.ellipseStep);
 }
 
+const char* EllipseLayer(ErrorLevel level) {
+  return level == ErrorLevel::Confidence95 ? "mean ellipses 95 %" : "mean ellipses standard errors";
+}
+
 /// The line of a group's ellipses.
 PenStyle LineOf(Finish finish) {
   return finish == Finish::Full ? Solid : finish == Finish::Light ? Dashed : Dotted;
@@ -40,6 +44,7 @@ void DrawOpenMark(const StereoView& view, const Direction& direction, std::int16
 }  // namespace
 
 void DrawBootstrap(const StereoView& view) {
+  view.target.Layer("bootstrap");
   const GroupStats& stats = view.stats;
   if (view.records.Count() > BootMaxN) return;
   if (!HasBootstrap(stats)) return;
@@ -60,6 +65,7 @@ void DrawBootstrap(const StereoView& view) {
 }
 
 void DrawMeans(const StereoView& view) {
+  view.target.Layer("means");
   if (!view.options.showMean || !ShowsMean(view.stats)) return;
   const auto mean = [&](int k) -> Direction {
     return {view.stats.MeanDec[k], view.stats.MeanInc[k]};
@@ -76,12 +82,14 @@ void DrawMeans(const StereoView& view) {
 }
 
 void DrawMeanEllipses(const StereoView& view) {
+  view.target.Layer(EllipseLayer(view.options.level));
   if (!view.options.showMeanEllipses) return;
   for (int k = 1; k <= 3; ++k)
     DrawMeanEllipse(view, view.stats, k, {.colour = Axes[k].colour, .width = view.lineWidth});
 }
 
 void DrawGroupMeans(const StereoView& view) {
+  view.target.Layer("means of groups");
   if (!view.marks) return;
   const MarkBy by = view.marks->By;
   const auto colourOf = [by](int k, const GroupMark& mark) {

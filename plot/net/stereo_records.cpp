@@ -3,6 +3,11 @@
 namespace velorix {
 namespace {
 
+/// Layers of the symbols, those of selected records in the second row.
+constexpr Array1<const char*, 3> SymbolLayers[] = {
+    {"Kmax symbols", "Kint symbols", "Kmin symbols"},
+    {"selected Kmax symbols", "selected Kint symbols", "selected Kmin symbols"}};
+
 Direction DirectionOf(const SpecimenRecord& record, int k) {
   return {record.Dec[k], record.Inc[k]};
 }
@@ -22,6 +27,7 @@ ConfidenceEllipse EllipseOf(const SpecimenRecord& record, int k, bool im) {
 }  // namespace
 
 void DrawRecordCircles(const StereoView& view, bool selected) {
+  view.target.Layer(selected ? "selected great circles" : "great circles");
   const auto& shown = view.options.showGreatCircle;
   if (!shown[1] && !shown[2] && !shown[3]) return;
   view.ForEachPlotted(selected, [&](const SpecimenRecord& record, int) {
@@ -34,6 +40,7 @@ void DrawRecordCircles(const StereoView& view, bool selected) {
 }
 
 void DrawDataLines(const StereoView& view) {
+  view.target.Layer("lines between specimens");
   const RecordArray& records = view.records;
   if (!view.options.showData || !view.options.showDataLines || records.Count() < 2) return;
   for (int k = 1; k <= 3; ++k) {
@@ -53,6 +60,7 @@ void DrawDataLines(const StereoView& view) {
 }
 
 void DrawRecordEllipses(const StereoView& view, bool selected) {
+  view.target.Layer(selected ? "selected specimens' ellipses" : "specimens' ellipses");
   if (!view.options.showData || !view.options.showDataEllipses) return;
   view.ForEachPlotted(selected, [&](const SpecimenRecord& record, int) {
     const std::optional<GroupMark> mark = view.MarkOf(record);
@@ -73,6 +81,7 @@ void DrawRecordSymbol(const StereoView& view, const SpecimenRecord& record, int 
     const Direction direction = DirectionOf(record, k);
     if (!view.options.showAxis[k] || !IsFinite(direction)) continue;
     const PrincipalAxis& axis = Axes[k];
+    view.target.Layer(SymbolLayers[selected][k]);
     const std::int16_t size = view.SymbolSize(axis.sizeFactor);
     const Colour fill =
         coding && !selected ? coding->Fill(value, axis.colour) : view.ColourOf(k, selected, mark);

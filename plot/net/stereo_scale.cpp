@@ -87,6 +87,7 @@ Colour ColourCoding::Fill(double value, Colour axisColour) const {
 }
 
 std::optional<ColourCoding> DrawColourScale(const StereoView& view) {
+  view.target.Layer("colour scale");
   if (!view.options.showData || !view.options.colourByValue) return std::nullopt;
   Extent values;
   view.ForEachPlotted(false, [&](const SpecimenRecord& record, int number) {

@@ -116,6 +116,7 @@ void DrawCurves(const ContourView& view, const ContourGrid& grid) {
 /// Each datum with the declination it has: one that points up is not turned over, as nowhere in
 /// `DrawNetSymbol`.
 void DrawDataPoints(const ContourView& view, const ContourData& data) {
+  view.target.Layer("data");
   for (std::size_t d = 0; d < data.Dec.size(); ++d)
     DrawNetSymbol(view.target, ContourNet, EqualArea, {data.Dec[d], data.Inc[d]},
                   view.display.Symbol, view.display.Size, view.display.Colour, {.width = 0});
@@ -158,6 +159,7 @@ void DrawRampBar(const ContourView& view) {
 }
 
 void DrawContourLegend(const ContourView& view, const ContourData& data) {
+  view.target.Layer("legend");
   DrawText(view.target, view.display.Name, LegendLeft, TitleLine, {.height = 16, .weight = 700});
   view.Text("N = " + PlainText(data.Count()), LegendLeft, CountLine);
   if (!view.Counted()) return;
@@ -175,6 +177,7 @@ void DrawContour(Target& target, ContourGrid& grid, const ContourData& data,
   const ContourView view = {target, count, options, InfoOf(options.display),
                             LevelsOf(count.ContourMax)};
   target.SetTransparent();
+  target.Layer("density");
   if (view.Counted()) {
     ColourNodes(view, grid);
     if (options.curves) {

@@ -52,6 +52,7 @@ void DrawPart(Target& target, const Point& foot, const Point& top, const GroupMa
 void PaintHistogram(Target& target, const PlotGeometry& plot, std::span<const double> values,
                     const Axis& axis, const std::string& title, Colour bars, Colour frame,
                     std::span<const std::uint16_t> groups) {
+  target.Layer("histogram");
   if (axis.IsEmpty()) return;
   DrawPlotPaper(target, plot);
   DrawPlotTitle(target, plot, title);

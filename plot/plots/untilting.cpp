@@ -164,9 +164,11 @@ void DrawWords(Target& target, const PlotGeometry& plot, const Untilting& untilt
 }  // namespace
 
 void DrawUntilting(Target& target, const PlotGeometry& plot, const Untilting& untilting) {
+  const std::string title = "Stepwise untilting, " + untilting.Foliation;
   target.SetTransparent();
+  target.Describe(title, SubjectOf(untilting));
   DrawPlotPaper(target, plot);
-  DrawPlotTitle(target, plot, "Stepwise untilting, " + untilting.Foliation);
+  DrawPlotTitle(target, plot, title);
   if (const std::optional<Axis> tau = TauAxis(untilting)) {
     const Frame frame = {plot, PercentAxis(), *tau};
     DrawBands(target, frame, untilting);

@@ -72,6 +72,7 @@ std::vector<Point> PaintXYPlot(Target& target, const PlotGeometry& plot,
   std::vector<Point> places(points.size(), Point{NaN, NaN});
   if (x.IsEmpty() || y.IsEmpty()) return places;
   if (look.frame) {
+    target.Layer(look.title + " axes");
     DrawPlotPaper(target, plot);
     DrawPlotTitle(target, plot, look.title);
     DrawZeroLines(target, plot, x, y, look);
@@ -82,6 +83,7 @@ std::vector<Point> PaintXYPlot(Target& target, const PlotGeometry& plot,
 
   for (std::size_t i = 0; i < points.size(); ++i)
     places[i] = plot.At(x.ShareOf(points[i].x), y.ShareOf(points[i].y));
+  target.Layer(look.title + (look.frame ? " symbols" : " selected symbols"));
   if (look.lines) DrawLines(target, plot, places, look.lineColour);
 
   const bool colours = colour && !colour->IsEmpty();

@@ -175,7 +175,7 @@ QLayout* frmGroups::MakeCommands() {
     row->addWidget(made);
     return made;
   };
-  connect(button("cmdCompare", "Co&mpare...", "Compare each pair of the groups selected"),
+  connect(button("cmdCompare", "C&ompare...", "Compare each pair of the groups selected"),
           &QPushButton::clicked, this, [this] { Work(velorix_, [this] { Compare(); }); });
   connect(button("cmdUntilt", "&Untilt...", "Untilt the groups step by step"),
           &QPushButton::clicked, this, [this] { Work(velorix_, [this] { Untilt(); }); });

@@ -72,7 +72,9 @@ frmUntilting::frmUntilting(Velorix& velorix, QWidget* owner, GroupsInView groups
   words_ = MakeText("lblUntilted", this);
   column->addWidget(words_);
   column->addLayout(MakeCommands());
-  resize(700, std::min(760, screen()->availableGeometry().height() - 40));
+  const QSize most = screen()->availableGeometry().size() - QSize(40, 40);
+  resize(std::min(std::max(700, 110 * fontMetrics().averageCharWidth()), most.width()),
+         std::min(760, most.height()));
   Refresh();
 }
 
@@ -121,7 +123,7 @@ QLayout* frmUntilting::MakeTable() {
   table_ = new QWidget(this);
   auto* grid = new QGridLayout(table_);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(16);
+  grid->setHorizontalSpacing(12);
   grid->setVerticalSpacing(2);
   const UntiltingCells headers = UntiltingTable({});
   for (int row = 0; row < UntiltingRows; ++row)
@@ -130,7 +132,10 @@ QLayout* frmUntilting::MakeTable() {
       auto* cell = new QLabel(ToQString(headers[0][at]), table_);
       cell->setTextFormat(Qt::PlainText);
       grid->addWidget(cell, row, column);
-      if (row == 0) continue;
+      if (row == 0) {  // in two lines, for large fonts
+        cell->setText(cell->text().replace(QRegularExpression(" (?=[^ ]*$)"), "\n"));
+        continue;
+      }
       cell->setObjectName(QString("lblUntilting(%1,%2)").arg(row).arg(column));
       cell->setTextInteractionFlags(Qt::TextSelectableByMouse);
       cells_.push_back(cell);
@@ -243,11 +248,12 @@ void frmUntilting::Show() {
   auto label = cells_.begin();
   for (int row = 1; row < UntiltingRows; ++row)
     for (const std::string& cell : cells[static_cast<std::size_t>(row)])
-      (*label++)->setText(ToQString(cell));
+      (*label++)->setText(ToQString(cell).replace(": ", ":\n").replace(", ", ",\n"));
   table_->show();
   const QString left = ToQString(UntiltingLeftOut(*result_, MostNamed));
   words_->setText(ToQString(UntiltingCounts(*result_)) + (left.isEmpty() ? "" : "\n" + left));
   words_->show();
+  for (QLayout* rooms : {table_->layout(), layout()}) rooms->activate();  // for the texts' sizes
 }
 
 /// In place of the figure.
