@@ -6,7 +6,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
-#include <QShortcut>
 #include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -15,7 +14,7 @@
 #include "app/display/shown_group.h"
 #include "app/files/export_groups.h"
 #include "platform/qt/parts/busy_cursor.h"
-#include "platform/qt/parts/change_buttons.h"
+#include "platform/qt/parts/command_row.h"
 #include "platform/qt/parts/widgets.h"
 #include "platform/qt/statistics/comparison_model.h"
 
@@ -79,22 +78,11 @@ frmComparison::frmComparison(Velorix& velorix, QWidget* owner, GroupsInView grou
 frmComparison::~frmComparison() = default;
 
 QLayout* frmComparison::MakeCommands() {
-  auto* row = new QHBoxLayout;
-  const auto button = [&](const char* name, const char* caption, const char* tip) {
-    QPushButton* made = MakeDialogButton(name, caption, tip, this);
-    row->addWidget(made);
-    return made;
-  };
-  row->addStretch(1);
-  connect(button("cmdCopy", "&Copy", "Copy the table as tab-separated text [Ctrl+C]"),
-          &QPushButton::clicked, this, [this] { Copy(); });
-  connect(button("cmdExport", "&Export...", "Write the table into a file of comma-separated text"),
-          &QPushButton::clicked, this, [this] { Work(velorix_, [this] { Export(); }); });
-  connect(button("cmdCLOSE", "Close", "Close the comparison [Esc]"), &QPushButton::clicked, this,
-          &QWidget::close);
-  connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, [this] { Copy(); });
-  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
-  return row;
+  return MakeCommandRow(
+      *this, "Close the comparison [Esc]", {},
+      {{"cmdCopy", "&Copy", "Copy the table as tab-separated text [Ctrl+C]", [this] { Copy(); }},
+       {"cmdExport", "&Export...", "Write the table into a file of comma-separated text",
+        [this] { Work(velorix_, [this] { Export(); }); }}});
 }
 
 void frmComparison::Compare(std::vector<std::string> names) {

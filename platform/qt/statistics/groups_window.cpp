@@ -9,7 +9,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QShortcut>
 #include <QSignalBlocker>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -25,7 +24,7 @@
 #include "app/tables/comparison_table.h"
 #include "app/tables/study_table.h"
 #include "platform/qt/parts/busy_cursor.h"
-#include "platform/qt/parts/change_buttons.h"
+#include "platform/qt/parts/command_row.h"
 #include "platform/qt/parts/widgets.h"
 #include "platform/qt/statistics/comparison_window.h"
 #include "platform/qt/statistics/group_controls.h"
@@ -169,28 +168,19 @@ QLayout* frmGroups::MakeChoices() {
 }
 
 QLayout* frmGroups::MakeCommands() {
-  auto* row = new QHBoxLayout;
-  const auto button = [&](const char* name, const char* caption, const char* tip) {
-    QPushButton* made = MakeDialogButton(name, caption, tip, this);
-    row->addWidget(made);
-    return made;
+  const auto work = [this](void (frmGroups::*does)()) {
+    return [this, does] { Work(velorix_, [this, does] { (this->*does)(); }); };
   };
-  connect(button("cmdCompare", "C&ompare...", "Compare each pair of the groups selected"),
-          &QPushButton::clicked, this, [this] { Work(velorix_, [this] { Compare(); }); });
-  connect(button("cmdUntilt", "&Untilt...", "Untilt the groups step by step"),
-          &QPushButton::clicked, this, [this] { Work(velorix_, [this] { Untilt(); }); });
-  row->addStretch(1);
-  connect(button("cmdCopy", "&Copy", "Copy the table as tab-separated text [Ctrl+C]"),
-          &QPushButton::clicked, this, [this] { Copy(); });
-  connect(button("cmdExport", "&Export...", "Write the table into a file of comma-separated text"),
-          &QPushButton::clicked, this, [this] { Work(velorix_, [this] { Export(); }); });
-  connect(button("cmdPanels", "&Panels...", "Write a small net a group, all on one page"),
-          &QPushButton::clicked, this, [this] { Work(velorix_, [this] { WritePanels(); }); });
-  connect(button("cmdCLOSE", "Close", "Close the groups [Esc]"), &QPushButton::clicked, this,
-          &QWidget::close);
-  connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, [this] { Copy(); });
-  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
-  return row;
+  return MakeCommandRow(
+      *this, "Close the groups [Esc]",
+      {{"cmdCompare", "C&ompare...", "Compare each pair of the groups selected",
+        work(&frmGroups::Compare)},
+       {"cmdUntilt", "&Untilt...", "Untilt the groups step by step", work(&frmGroups::Untilt)}},
+      {{"cmdCopy", "&Copy", "Copy the table as tab-separated text [Ctrl+C]", [this] { Copy(); }},
+       {"cmdExport", "&Export...", "Write the table into a file of comma-separated text",
+        work(&frmGroups::Export)},
+       {"cmdPanels", "&Panels...", "Write a small net a group, all on one page",
+        work(&frmGroups::WritePanels)}});
 }
 
 const std::optional<GroupBy>& frmGroups::Chosen() const { return velorix_.Plots.Groups.Parting; }

@@ -9,7 +9,6 @@
 #include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QScreen>
-#include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -19,7 +18,7 @@
 #include "app/tables/study_table.h"
 #include "app/tables/untilting_table.h"
 #include "platform/qt/parts/busy_cursor.h"
-#include "platform/qt/parts/change_buttons.h"
+#include "platform/qt/parts/command_row.h"
 #include "platform/qt/parts/widgets.h"
 #include "platform/qt/plots/picture_widget.h"
 #include "plot/plots/untilting.h"
@@ -147,22 +146,12 @@ QLayout* frmUntilting::MakeTable() {
 }
 
 QLayout* frmUntilting::MakeCommands() {
-  auto* row = new QHBoxLayout;
-  const auto button = [&](const char* name, const char* caption, const char* tip) {
-    QPushButton* made = MakeDialogButton(name, caption, tip, this);
-    row->addWidget(made);
-    return made;
-  };
-  row->addStretch(1);
-  connect(button("cmdCopy", "&Copy", "Copy the words and the steps as tab-separated text [Ctrl+C]"),
-          &QPushButton::clicked, this, [this] { Copy(); });
-  connect(button("cmdSave", "Save fi&gure...", "Write the figure into a file"),
-          &QPushButton::clicked, this, [this] { Work(velorix_, [this] { Save(); }); });
-  connect(button("cmdCLOSE", "Close", "Close the untilting [Esc]"), &QPushButton::clicked, this,
-          &QWidget::close);
-  connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, [this] { Copy(); });
-  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
-  return row;
+  return MakeCommandRow(
+      *this, "Close the untilting [Esc]", {},
+      {{"cmdCopy", "&Copy", "Copy the words and the steps as tab-separated text [Ctrl+C]",
+        [this] { Copy(); }},
+       {"cmdSave", "Save fi&gure...", "Write the figure into a file",
+        [this] { Work(velorix_, [this] { Save(); }); }}});
 }
 
 void frmUntilting::Refresh() {

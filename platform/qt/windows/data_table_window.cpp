@@ -5,13 +5,11 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "app/tables/data_table.h"
-#include "platform/qt/parts/change_buttons.h"
+#include "platform/qt/parts/command_row.h"
 #include "platform/qt/parts/widgets.h"
 
 namespace velorix {
@@ -30,24 +28,14 @@ frmDataTable::frmDataTable(Velorix& velorix, QWidget* owner)
   Table->setAccessibleName("Data table");
   column->addWidget(Table, 1);
 
-  auto* row = new QHBoxLayout;
-  const auto button = [&](const char* name, const char* caption, const char* tip) {
-    QPushButton* made = MakeDialogButton(name, caption, tip, this);
-    row->addWidget(made);
-    return made;
-  };
-  row->addStretch(1);
-  connect(button("cmdSort", "&Sort",
-                 "Sort by the column of the current cell, to which the arrow "
-                 "keys go; again for the other way round"),
-          &QPushButton::clicked, this, [this] { SortByCurrent(); });
-  connect(button("cmdCopy", "&Copy", "Copy the selected rows as tab-separated text [Ctrl+C]"),
-          &QPushButton::clicked, this, [this] { Copy(); });
-  connect(button("cmdCLOSE", "Close", "Close the data table [Esc, F1]"), &QPushButton::clicked,
-          this, &QWidget::close);
-  column->addLayout(row);
-  connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, [this] { Copy(); });
-  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
+  column->addLayout(
+      MakeCommandRow(*this, "Close the data table [Esc, F1]", {},
+                     {{"cmdSort", "&Sort",
+                       "Sort by the column of the current cell, to which the arrow "
+                       "keys go; again for the other way round",
+                       [this] { SortByCurrent(); }},
+                      {"cmdCopy", "&Copy", "Copy the selected rows as tab-separated text [Ctrl+C]",
+                       [this] { Copy(); }}}));
   connect(Table->horizontalHeader(), &QHeaderView::sectionClicked, this,
           [this](int section) { Table->SortBy(section); });
 
