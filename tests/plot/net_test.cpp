@@ -108,7 +108,8 @@ TEST(ConfidenceEllipse, ShowsTheUpperHemisphereByDashes) {
 // projection turned back, and how near its arcs come to the primitive circle.
 TEST(ConfidenceEllipse, BySizeHasFewPointsOnTheCurveUpToTheRim) {
   constexpr Net Small = {50, 50, 90};
-  constexpr double Radius = 45, Fineness = 100;
+  constexpr double Radius = 45;
+  constexpr int Fineness = 100;
   for (const auto& [inc, E] :
        {std::pair{80.0, 4.0}, {80.0, 60.0}, {3.0, 20.0}, {6.0, 20.0}, {9.0, 20.0}}) {
     const Vector<3> pole = DirectionToVector(1, {30, inc});
