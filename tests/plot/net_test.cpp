@@ -133,7 +133,7 @@ TEST(ConfidenceEllipse, BySizeHasFewPointsOnTheCurveUpToTheRim) {
       // The first and the last arc are one; their ends meet where the circle begins.
       if (&line == &lines.front() || &line == &lines.back()) continue;
       for (const LogicalPoint& end : {line.points.front(), line.points.back()}) {
-        const double u = end.x / Fineness - Small.cx, v = end.y / Fineness - Small.cy;
+        const double u = 1.0 * end.x / Fineness - Small.cx, v = 1.0 * end.y / Fineness - Small.cy;
         EXPECT_GT(std::hypot(u, v), Radius - 0.3);
       }
     }
