@@ -73,6 +73,12 @@ std::string CellText(const ComparedPair& pair, int column, TextOf number) {
 
 }  // namespace
 
+std::string TooManyCompared(std::size_t groups) {
+  if (groups <= MostCompared) return {};
+  return "No more than " + std::to_string(MostCompared) +
+         " groups are compared at once; these are " + std::to_string(groups) + ".";
+}
+
 int ComparedAxis(int column) { return column < 2 ? 0 : 1 + (column - 2) / ComparedValues; }
 
 bool IsYesOrNo(int column) { return ComparedAxis(column) > 0 && !*Values[PlaceOf(column)].Picture; }

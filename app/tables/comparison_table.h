@@ -21,6 +21,8 @@ struct ComparedPair {
 
 /// More groups have more pairs than anyone reads, and memory for.
 inline constexpr std::size_t MostCompared = 1000;
+/// Why so many groups are not compared; empty for up to `MostCompared`.
+std::string TooManyCompared(std::size_t groups);
 
 /// What one cell shows. The values of an axis: angle between the means, whether the regions
 /// overlap, whether the axes differ, the difference of the principal values (A minus B) with its

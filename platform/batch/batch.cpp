@@ -17,6 +17,7 @@
 #include "app/files/losses.h"
 #include "app/files/save.h"
 #include "app/state/refusals.h"
+#include "app/tables/comparison_table.h"
 #include "app/tables/data_table.h"
 #include "datafiles/ged_file.h"
 #include "datafiles/safe_write.h"
@@ -55,7 +56,7 @@ class Batch {
     ChooseCodes();
     if (!ChooseRecords()) return 2;
     if (!views_.Status.empty() && !dialogs_.Complained) std::cerr << views_.Status << "\n";
-    if (!Count()) return 1;
+    if (!Count() || !CanCompare()) return 1;
     if (!WriteOutputs()) return 1;
     if (a_.Outputs().empty() && !a_.Quiet) {
       std::cout << Summary(velorix_);
@@ -209,6 +210,14 @@ class Batch {
     }
     SelectRecords(velorix_, a_.Select);
     return true;
+  }
+
+  bool CanCompare() const {
+    if (a_.Compare.empty()) return true;
+    const std::string complaint =
+        TooManyCompared(PartRecords(velorix_.Session, *ParseGroupBy(a_.GroupBy)).size());
+    if (!complaint.empty()) std::cerr << "--compare: " << complaint << "\n";
+    return complaint.empty();
   }
 
   bool Count() {

@@ -140,6 +140,19 @@ TEST_F(Batch, FindsTheAgeOfAFabricAcrossAFoldAndTheAnglesBetweenItsSites) {
   EXPECT_GT(angle("before", "geo"), 15);
 }
 
+TEST_F(Batch, ComparesNoMoreGroupsThanAnyoneReads) {
+  std::vector<SpecimenRecord> list;
+  for (int i = 1; i <= 1001; ++i) list.push_back(Record("s" + std::to_string(10000 + i), 1));
+  Write("many.ams", list);
+  const std::string options = "--group-by name:6 --bootstrap none --compare pairs.json ";
+  const Result result = Run(options + "many.ams");
+  EXPECT_EQ(result.Status, 1);
+  EXPECT_EQ(result.Err,
+            "--compare: No more than 1000 groups are compared at once; these are 1001.\n");
+  EXPECT_FALSE(std::filesystem::exists(Folder.File("pairs.json")));
+  EXPECT_EQ(Run(options + "--disregard 7 many.ams").Status, 0);
+}
+
 TEST_F(Batch, WritesNullForWhatIsNotFinite) {
   SpecimenRecord record = Record("wild", 1);
   record.Field = std::numeric_limits<float>::infinity();

@@ -372,10 +372,8 @@ void frmGroups::Compare() {
   for (const std::size_t place : places)
     if (place < groups.size()) names.push_back(groups[place].Name);
   if (names.size() < 2) return velorix_.Views.ShowStatus("Select two or more groups.");
-  if (names.size() > MostCompared)
-    return velorix_.Views.ShowStatus("No more than " + std::to_string(MostCompared) +
-                                     " groups are compared at once; these are " +
-                                     std::to_string(names.size()) + ".");
+  if (const std::string complaint = TooManyCompared(names.size()); !complaint.empty())
+    return velorix_.Views.ShowStatus(complaint);
   Raise(comparison_, velorix_, *this, [this] { return Groups(); });
   comparison_->Compare(std::move(names));
 }
