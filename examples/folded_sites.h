@@ -1,7 +1,5 @@
 #pragma once
 
-#include <span>
-
 #include "examples/example_record.h"
 #include "examples/granite_site.h"
 #include "examples/published_sites.h"
@@ -14,14 +12,18 @@ namespace velorix::examples {
 
 inline constexpr int FoldSites = 24;
 
-/// A group of published tensors in their common geographic axes.
+/// A group of published tensors in their common geographic axes, and the published directions of
+/// Kmax and Kmin of its mean.
 struct PublishedGroup {
   const char* Source;
+  Direction Kmax, Kmin;
   std::vector<PublishedTensor> Tensors;
 };
 
 inline std::vector<PublishedGroup> PublishedGroups() {
-  PublishedGroup dike{"Dike", {}}, flow{"TR245", {}}, flat{"Jelinek", {}};
+  PublishedGroup dike{"Dike", {29.594, 14.458}, {296.234, 12.806}, {}},
+      flow{"TR245", {5.33, 14.68}, {268.76, 23.60}, {}},
+      flat{"Jelinek", {167.9788, 19.0712}, {44.5875, 57.8639}, {}};
   for (const PublishedBulk& s : Dike) dike.Tensors.push_back(s.Tensor);
   for (const PublishedSpecimen& s : Tr245) {
     PublishedTensor tensor = s.Tensor;
@@ -30,22 +32,6 @@ inline std::vector<PublishedGroup> PublishedGroups() {
   }
   flat.Tensors.assign(std::begin(Jelinek1978), std::end(Jelinek1978));
   return {dike, flow, flat};
-}
-
-/// The axes of the mean of a group's normalised tensors, one a column, a right-handed set.
-inline Matrix<3, 3> MeanAxes(std::span<const PublishedTensor> tensors) {
-  Tensor6 mean;
-  for (const PublishedTensor& t : tensors)
-    for (int i = 1; i <= 6; ++i) mean[i] += t.K[i - 1] / (t.K[0] + t.K[1] + t.K[2]);
-  Matrix<3, 3> A, D, W;
-  TensorForm<ToMatrix>(A, mean);
-  EIGEN_JK(A, D, W);
-  const double hand = W(1, 1) * (W(2, 2) * W(3, 3) - W(3, 2) * W(2, 3)) -
-                      W(2, 1) * (W(1, 2) * W(3, 3) - W(3, 2) * W(1, 3)) +
-                      W(3, 1) * (W(1, 2) * W(2, 3) - W(2, 2) * W(1, 3));
-  if (hand < 0)
-    for (int i = 1; i <= 3; ++i) W(i, 3) = -W(i, 3);
-  return W;
 }
 
 /// The rotation about the strike that turns the horizontal into a plane that dips by `dip` degrees
@@ -82,7 +68,7 @@ inline ExampleFile FoldFile(bool before) {
     const std::string name = std::string(site < 9 ? "F0" : "F") + std::to_string(site + 1);
     const Direction bedding = FoldBedding(site);
     Matrix<3, 3> back, turn, tilted;
-    Transpose(MeanAxes(group.Tensors), back);
+    Transpose(FabricAxes(group.Kmax, group.Kmin), back);
     Mxmpy(FoldFabric(site), back, turn);
     Mxmpy(Tilt(bedding.Dec, before ? bedding.Inc : 0), turn, tilted);
     for (std::size_t i = 0; i < group.Tensors.size(); ++i) {
@@ -101,6 +87,8 @@ inline ExampleFile FoldFile(bool before) {
       TensorForm<ToMatrix>(K, tensor);
       Mxabat(tilted, K, K);
       TensorForm<ToForm>(K, tensor);
+      const double mean = (tensor[1] + tensor[2] + tensor[3]) / 3;
+      for (double& k : tensor) k = Decimals(k / mean, 1e5);
       FillBlock(InPhaseOf(r), tensor, 1e-3, published.Sigma);
       file.Records.push_back(r);
     }

@@ -383,8 +383,10 @@ void frmGroups::Untilt() {
 }
 
 void frmGroups::closeEvent(QCloseEvent* event) {
-  if (comparison_) comparison_->close();
-  if (untilting_) untilting_->close();
+  // At once: what they compute beside the windows ends with them, before the program's data do.
+  delete comparison_;
+  delete untilting_;
+  run_.reset();
   QWidget::closeEvent(event);
   if (OnClose) OnClose();
 }

@@ -327,6 +327,8 @@ void frmVelorix::closeEvent(QCloseEvent* event) {
   event->setAccepted(ConfirmExit(velorix_->Dialogs, velorix_->Session));
   if (!event->isAccepted()) return;
   velorix_->Log.DebugPrint(">> frmVelorix_Terminate");
+  velorix_->Windows = {};
+  ShowWindows();
   if (autosaver_) autosaver_->End();
 }
 
