@@ -10,7 +10,7 @@
 #include <QTableWidget>
 #include <algorithm>
 
-#include "app/commands.h"
+#include "app/commands/commands.h"
 #include "app/edit/autosave.h"
 #include "app/files/losses.h"
 #include "datafiles/autosave_file.h"

@@ -5,7 +5,7 @@
 #include <functional>
 #include <iostream>
 
-#include "app/commands.h"
+#include "app/commands/commands.h"
 #include "app/display/contour.h"
 #include "app/display/display.h"
 #include "app/edit/assign_ged.h"

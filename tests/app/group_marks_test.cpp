@@ -2,7 +2,7 @@
 
 #include "app/display/group_marks.h"
 
-#include "app/display/hand_groups.h"
+#include "app/commands/hand_groups.h"
 #include "tests/app/script.h"
 
 namespace velorix {

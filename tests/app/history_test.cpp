@@ -2,7 +2,7 @@
 
 #include <random>
 
-#include "app/display/hand_groups.h"
+#include "app/commands/hand_groups.h"
 #include "app/edit/orientation_editor.h"
 #include "app/edit/orientation_parameters.h"
 #include "app/files/open_flow.h"

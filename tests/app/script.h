@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "app/commands.h"
+#include "app/commands/commands.h"
 #include "app/display/display.h"
 #include "app/state/velorix.h"
 #include "datafiles/ams_file.h"

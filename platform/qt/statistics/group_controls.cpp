@@ -8,8 +8,8 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 
+#include "app/commands/hand_groups.h"
 #include "app/display/group_marks.h"
-#include "app/display/hand_groups.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/change_buttons.h"
 #include "platform/qt/parts/widgets.h"

@@ -1,4 +1,4 @@
-#include "app/commands.h"
+#include "app/commands/commands.h"
 
 #include <algorithm>
 #include <cassert>

@@ -1,4 +1,4 @@
-#include "app/startup.h"
+#include "app/commands/startup.h"
 
 #include <filesystem>
 

@@ -1,4 +1,4 @@
-#include "app/display/hand_groups.h"
+#include "app/commands/hand_groups.h"
 
 #include <algorithm>
 #include <unordered_set>
