@@ -8,7 +8,7 @@
 
 #include "app/files/export_grid.h"
 #include "app/files/file_kinds.h"
-#include "app/state/velorix.h"
+#include "app/state/program.h"
 #include "platform/batch/contour_output.h"
 #include "platform/batch/groups_output.h"
 #include "platform/batch/untilt_output.h"

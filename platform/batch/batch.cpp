@@ -6,6 +6,8 @@
 #include <iostream>
 
 #include "app/commands/commands.h"
+#include "app/commands/picture_commands.h"
+#include "app/commands/view_choices.h"
 #include "app/display/contour.h"
 #include "app/display/display.h"
 #include "app/edit/assign_ged.h"
@@ -13,7 +15,6 @@
 #include "app/files/export_grid.h"
 #include "app/files/export_untilting.h"
 #include "app/files/file_kinds.h"
-#include "app/files/graphics_page.h"
 #include "app/files/losses.h"
 #include "app/files/save.h"
 #include "app/state/refusals.h"
@@ -248,9 +249,8 @@ class Batch {
   }
 
   bool WritePage() {
-    return WritePageTo(a_.Page, [this](const PictureAnswer& to) {
-      return ExportGraphics(velorix_, to.Path, to.AsBitmap);
-    });
+    return WritePageTo(a_.Page,
+                       [this](const PictureAnswer& to) { return ExportGraphics(velorix_, to); });
   }
 
   bool WriteGroupPanels() {

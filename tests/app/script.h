@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/commands/commands.h"
+#include "app/commands/view_choices.h"
 #include "app/display/display.h"
 #include "app/state/velorix.h"
 #include "datafiles/ams_file.h"

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "app/commands/file_commands.h"
 #include "app/commands/startup.h"
 #include "app/edit/factor_choice.h"
 #include "app/edit/orientation_parameters.h"

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "app/edit/autosave.h"
+#include "app/state/velorix.h"
 
 namespace velorix {
 

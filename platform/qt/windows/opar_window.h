@@ -3,6 +3,7 @@
 #include <QDialog>
 
 #include "app/edit/orientation_parameters.h"
+#include "app/state/velorix.h"
 
 class QCheckBox;
 class QComboBox;

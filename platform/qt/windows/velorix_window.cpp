@@ -14,6 +14,7 @@
 
 #include "app/commands/commands.h"
 #include "app/commands/startup.h"
+#include "app/commands/view_choices.h"
 #include "app/display/display.h"
 #include "app/files/open_flow.h"
 #include "platform/qt/parts/busy_cursor.h"
