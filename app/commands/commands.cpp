@@ -4,9 +4,9 @@
 #include <cassert>
 #include <exception>
 
+#include "app/commands/display.h"
 #include "app/commands/file_commands.h"
 #include "app/commands/picture_commands.h"
-#include "app/display/display.h"
 #include "app/display/view_values.h"
 #include "app/files/content_check.h"
 #include "app/files/export_grid.h"

@@ -1,6 +1,6 @@
 #include "app/commands/file_commands.h"
 
-#include "app/display/display.h"
+#include "app/commands/display.h"
 #include "app/edit/left_work.h"
 #include "app/files/open_flow.h"
 #include "app/state/program.h"

@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "app/commands/velorix.h"
 #include "app/edit/autosave.h"
 #include "app/edit/orientation_parameters.h"
-#include "app/state/velorix.h"
 
 namespace velorix {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "app/display/display.h"
+#include "app/commands/display.h"
 #include "app/edit/group_names.h"
 
 namespace velorix {

@@ -3,8 +3,8 @@
 #include <span>
 #include <string>
 
+#include "app/commands/velorix.h"
 #include "app/files/graphics_page.h"
-#include "app/state/velorix.h"
 #include "plot/net/panels.h"
 #include "stats/study/untilting.h"
 

@@ -1,6 +1,6 @@
 #include "app/commands/view_choices.h"
 
-#include "app/display/display.h"
+#include "app/commands/display.h"
 #include "app/display/group_marks.h"
 #include "app/display/view_lists.h"
 #include "app/display/view_values.h"

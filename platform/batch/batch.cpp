@@ -6,10 +6,10 @@
 #include <iostream>
 
 #include "app/commands/commands.h"
+#include "app/commands/display.h"
 #include "app/commands/picture_commands.h"
 #include "app/commands/view_choices.h"
 #include "app/display/contour.h"
-#include "app/display/display.h"
 #include "app/edit/assign_ged.h"
 #include "app/files/content_check.h"
 #include "app/files/export_grid.h"

@@ -4,8 +4,8 @@
 #include <QTimer>
 #include <memory>
 
+#include "app/commands/velorix.h"
 #include "app/edit/autosave.h"
-#include "app/state/velorix.h"
 
 namespace velorix {
 

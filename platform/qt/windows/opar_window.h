@@ -2,8 +2,8 @@
 
 #include <QDialog>
 
+#include "app/commands/velorix.h"
 #include "app/edit/orientation_parameters.h"
-#include "app/state/velorix.h"
 
 class QCheckBox;
 class QComboBox;

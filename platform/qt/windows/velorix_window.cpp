@@ -13,9 +13,9 @@
 #include <QUrl>
 
 #include "app/commands/commands.h"
+#include "app/commands/display.h"
 #include "app/commands/startup.h"
 #include "app/commands/view_choices.h"
-#include "app/display/display.h"
 #include "app/files/open_flow.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/own_paths.h"

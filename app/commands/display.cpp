@@ -1,4 +1,4 @@
-#include "app/display/display.h"
+#include "app/commands/display.h"
 
 #include "app/display/contour.h"
 #include "app/display/group_marks.h"
