@@ -59,9 +59,15 @@ void MetafileTarget::Long(std::uint32_t value) {
   Word(value >> 16);
 }
 
-void MetafileTarget::Place(LogicalPoint point) {
-  Word(Clamped(point.x));
-  Word(Clamped(point.y));
+void MetafileTarget::Places(std::span<const LogicalPoint> points) {
+  std::size_t at = bits_.size();
+  bits_.resize(at + 4 * points.size());
+  for (const LogicalPoint point : points)
+    for (const std::int32_t part : {point.x, point.y}) {
+      const auto word = static_cast<std::uint16_t>(Clamped(part));
+      bits_[at++] = static_cast<char>(word & 0xFF);
+      bits_[at++] = static_cast<char>(word >> 8);
+    }
 }
 
 /// `bytes`, cut or filled with zeros to `length`.
@@ -172,7 +178,7 @@ void MetafileTarget::SelectFont(const TextStyle& style) {
 void MetafileTarget::Points(std::uint16_t function, std::span<const LogicalPoint> points) {
   const std::size_t start = Begin(function);
   Word(static_cast<std::int64_t>(points.size()));
-  for (const LogicalPoint point : points) Place(point);
+  Places(points);
   End(start);
 }
 
@@ -194,8 +200,7 @@ void MetafileTarget::Region(std::span<const std::vector<LogicalPoint>> borders, 
   Word(static_cast<std::int64_t>(borders.size()));
   for (const std::vector<LogicalPoint>& border : borders)
     Word(static_cast<std::int64_t>(longest(border).size()));
-  for (const std::vector<LogicalPoint>& border : borders)
-    for (const LogicalPoint point : longest(border)) Place(point);
+  for (const std::vector<LogicalPoint>& border : borders) Places(longest(border));
   End(start);
 }
 

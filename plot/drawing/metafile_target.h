@@ -46,7 +46,7 @@ class MetafileTarget : public Target {
 
   void Word(std::int64_t value);
   void Long(std::uint32_t value);
-  void Place(LogicalPoint point);
+  void Places(std::span<const LogicalPoint> points);
   void Padded(std::string_view bytes, std::size_t length);
   void PutLong(std::size_t at, std::uint32_t value);
   std::size_t Begin(std::uint16_t function);

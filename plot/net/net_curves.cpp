@@ -162,7 +162,7 @@ class EllipseVectors {
 /// The largest step in degrees, a part of 90, at which no chord of an ellipse lies deeper within it
 /// than a small part of a unit. No length on the net is more than its radius times the angle.
 int StepOf(double E1, double E2, const Net& net) {
-  constexpr double Depth = 0.15;
+  constexpr double Depth = 0.2;
   constexpr int Steps[] = {18, 15, 10, 9, 6, 5, 3, 2};
   const double radius = net.diameter / 2 * std::max(std::fabs(E1), std::fabs(E2)) / DegPerRad;
   const double most = radius > Depth ? 2 * DegPerRad * std::acos(1 - Depth / radius) : Steps[0];

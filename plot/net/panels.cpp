@@ -17,7 +17,8 @@ constexpr double LeastLetters = 5, MostLetters = 18, LeastSymbols = 3, MostSymbo
 constexpr double LineStep = 1.15;
 /// Scale at which thin lines become one unit wider.
 constexpr double LineScale = 1.5;
-/// Ellipses of a net below this diameter need no more points than whole units show.
+/// Nets below this diameter go without ticks, and their ellipses without more points than whole
+/// units show.
 constexpr double SmallNet = 150;
 
 /// Panels side by side and one below the other, all of a size.
@@ -50,7 +51,21 @@ PanelGrid BestGrid(int panels, double width, double height) {
   return best;
 }
 
-/// Draws all panels on one page.
+/// The principal directions of a record in view.
+struct RecordDirections {
+  Array1<Direction, 3> Of;
+  bool Selected = false;
+};
+
+/// A panel at its place on the page.
+struct PlacedPanel {
+  const Panel* panel = nullptr;
+  StereoGeometry geometry;
+  double width = 0;  // of the room for its name
+  std::vector<RecordDirections> plotted;
+};
+
+/// Draws panels, layer by layer: each change of a colour costs as much as a symbol.
 class Panels {
  public:
   Panels(const Session& session, ErrorLevel level, Target& target, double s)
@@ -58,26 +73,28 @@ class Panels {
     options_.level = level;
   }
 
-  /// The panel whose net is `geometry`, with a room that wide for its name.
-  void Draw(const Panel& panel, const StereoGeometry& geometry, double width) const {
-    const StereoView view = ViewOf(geometry, *panel.Stats);
-    DrawFrame(view);
-    int plotted = 0;
+  void Draw(std::span<PlacedPanel> panels) const {
+    for (PlacedPanel& placed : panels) {
+      const StereoView view = ViewOf(placed);
+      for (const int place : placed.panel->Records)
+        if (const SpecimenRecord& record = session_.Records[place]; view.Plots(record))
+          placed.plotted.push_back(
+              {{DirectionOf(record, 1), DirectionOf(record, 2), DirectionOf(record, 3)},
+               record.Selected});
+      DrawFrame(view);
+    }
     for (const bool selected : {false, true})
-      for (const int place : panel.Records) {
-        const SpecimenRecord& record = session_.Records[place];
-        if (record.Selected != selected || !view.Plots(record)) continue;
-        ++plotted;
-        DrawRecordSymbol(view, record, 0, std::nullopt);
-      }
-    DrawMeans(view);
-    DrawMeanEllipses(view);
+      for (int k = 1; k <= 3; ++k)
+        for (const PlacedPanel& placed : panels) {
+          const StereoView view = ViewOf(placed);
+          for (const RecordDirections& record : placed.plotted)
+            if (record.Selected == selected) DrawAxisSymbol(view, k, record.Of[k], selected);
+        }
+    for (const PlacedPanel& placed : panels) DrawMeans(ViewOf(placed));
+    for (const PlacedPanel& placed : panels) DrawMeanEllipses(ViewOf(placed));
     target_.Layer("names");
-    view.Text("N = " + std::to_string(plotted), CountU, CountV, RightBaseline,
-              geometry.FontHeight());
-    Text(FittingText(panel.Name.empty() ? "(no name)" : panel.Name, width / geometry.fontHeight),
-         geometry.cx, geometry.cy - geometry.diameter * 0.51 - LineStep * geometry.fontHeight,
-         {.height = geometry.fontHeight, .alignment = CentreBaseline, .weight = 600});
+    for (const PlacedPanel& placed : panels) DrawCount(placed);
+    for (const PlacedPanel& placed : panels) DrawName(placed);
   }
 
   /// What the symbols mean, from (x, y) to the right.
@@ -102,7 +119,8 @@ class Panels {
   }
 
  private:
-  /// The primitive circle, the label at its top and a tick at every 30 degrees of inclination.
+  /// The primitive circle, the label at its top, its centre, and where there is room for them a
+  /// tick at every 30 degrees of inclination.
   void DrawFrame(const StereoView& view) const {
     constexpr std::int16_t Level = 4, Upright = 6;  // symbols
     const Net& net = view.net;
@@ -116,15 +134,31 @@ class Panels {
       DrawSymbol(target_, type, static_cast<float>(p.x), static_cast<float>(p.y),
                  ToShort(net.diameter / 34), Black, pen);
     };
+    for (const std::int16_t type : {Level, Upright}) tick(type, 0, 0);
+    if (view.geometry.diameter < SmallNet) return;
     static const double radii[] = {ProjectDirection(EqualArea, {0, 30}).y,
                                    ProjectDirection(EqualArea, {0, 60}).y};
     for (const double r : radii) {
       for (const double v : {r, -r}) tick(Level, 0, v);
       for (const double u : {r, -r}) tick(Upright, u, 0);
     }
-    for (const std::int16_t type : {Level, Upright}) tick(type, 0, 0);
   }
 
+  void DrawCount(const PlacedPanel& placed) const {
+    ViewOf(placed).Text("N = " + std::to_string(placed.plotted.size()), CountU, CountV,
+                        RightBaseline, placed.geometry.FontHeight());
+  }
+  void DrawName(const PlacedPanel& placed) const {
+    const StereoGeometry& net = placed.geometry;
+    const std::string& name = placed.panel->Name;
+    Text(FittingText(name.empty() ? "(no name)" : name, placed.width / net.fontHeight), net.cx,
+         net.cy - net.diameter * 0.51 - LineStep * net.fontHeight,
+         {.height = net.fontHeight, .alignment = CentreBaseline, .weight = 600});
+  }
+
+  StereoView ViewOf(const PlacedPanel& placed) const {
+    return ViewOf(placed.geometry, *placed.panel->Stats);
+  }
   StereoView ViewOf(const StereoGeometry& geometry, const GroupStats& stats) const {
     const std::int16_t lineWidth = std::max<std::int16_t>(1, ToShort(s_ / LineScale));
     return {session_.Records,
@@ -160,6 +194,7 @@ void DrawPanels(const Session& session, std::span<const Panel> panels, ErrorLeve
   const double legend = page.height - Margin - CaptionStep * static_cast<double>(captions.size());
   const auto count = static_cast<int>(panels.size());
   const PanelGrid grid = BestGrid(std::max(count, 1), width, legend - LegendGap - Margin);
+  std::vector<PlacedPanel> placed;
   for (int i = 0; i < count; ++i) {
     const int row = i / grid.columns, column = i % grid.columns;
     const double left = Margin + grid.columnWidth * column;
@@ -171,8 +206,9 @@ void DrawPanels(const Session& session, std::span<const Panel> panels, ErrorLeve
         .symbolSize = ToShort(std::clamp(SymbolPart * grid.diameter, LeastSymbols, MostSymbols)),
         .fontHeight = ToShort(grid.letters),
         .scale = s};
-    drawn.Draw(panels[static_cast<std::size_t>(i)], geometry, grid.columnWidth);
+    placed.push_back({&panels[static_cast<std::size_t>(i)], geometry, grid.columnWidth, {}});
   }
+  drawn.Draw(placed);
   target.Layer("legend");
   drawn.DrawLegend(Margin, legend);
   double y = legend;

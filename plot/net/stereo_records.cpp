@@ -8,10 +8,6 @@ constexpr Array1<const char*, 3> SymbolLayers[] = {
     {"Kmax symbols", "Kint symbols", "Kmin symbols"},
     {"selected Kmax symbols", "selected Kint symbols", "selected Kmin symbols"}};
 
-Direction DirectionOf(const SpecimenRecord& record, int k) {
-  return {record.Dec[k], record.Inc[k]};
-}
-
 /// The ellipse of axis `k` from the block in view, with its vectors as the file gave them.
 ConfidenceEllipse EllipseOf(const SpecimenRecord& record, int k, bool im) {
   ConfidenceEllipse ellipse;
@@ -22,6 +18,28 @@ ConfidenceEllipse EllipseOf(const SpecimenRecord& record, int k, bool im) {
   ellipse.E1 = (im ? record.EIm : record.E)[k];
   ellipse.E2 = (im ? record.E2Im : record.E2)[k];
   return ellipse;
+}
+
+/// The directions of one record, the `number`-th of those plotted.
+void DrawRecordSymbol(const StereoView& view, const SpecimenRecord& record, int number,
+                      const std::optional<ColourCoding>& coding) {
+  const bool selected = record.Selected;
+  const double value = coding && !selected ? ColourCoding::Value(view, record, number) : 0;
+  const std::optional<GroupMark> mark = view.MarkOf(record);
+  for (int k = 1; k <= 3; ++k) {
+    const Direction direction = DirectionOf(record, k);
+    if (!view.options.showAxis[k] || !IsFinite(direction)) continue;
+    const PrincipalAxis& axis = Axes[k];
+    view.target.Layer(SymbolLayers[selected][k]);
+    const std::int16_t size = view.SymbolSize(axis.sizeFactor);
+    const Colour fill =
+        coding && !selected ? coding->Fill(value, axis.colour) : view.ColourOf(k, selected, mark);
+    if (mark)
+      view.Mark(direction, view.SymbolOf(k, *mark, view.symbolsBy), mark->finish, size, fill,
+                selected || coding);
+    else
+      DrawNetSymbol(view.target, view.net, EqualArea, direction, axis.symbol, size, fill, {});
+  }
 }
 
 }  // namespace
@@ -72,25 +90,11 @@ void DrawRecordEllipses(const StereoView& view, bool selected) {
   });
 }
 
-void DrawRecordSymbol(const StereoView& view, const SpecimenRecord& record, int number,
-                      const std::optional<ColourCoding>& coding) {
-  const bool selected = record.Selected;
-  const double value = coding && !selected ? ColourCoding::Value(view, record, number) : 0;
-  const std::optional<GroupMark> mark = view.MarkOf(record);
-  for (int k = 1; k <= 3; ++k) {
-    const Direction direction = DirectionOf(record, k);
-    if (!view.options.showAxis[k] || !IsFinite(direction)) continue;
-    const PrincipalAxis& axis = Axes[k];
-    view.target.Layer(SymbolLayers[selected][k]);
-    const std::int16_t size = view.SymbolSize(axis.sizeFactor);
-    const Colour fill =
-        coding && !selected ? coding->Fill(value, axis.colour) : view.ColourOf(k, selected, mark);
-    if (mark)
-      view.Mark(direction, view.SymbolOf(k, *mark, view.symbolsBy), mark->finish, size, fill,
-                selected || coding);
-    else
-      DrawNetSymbol(view.target, view.net, EqualArea, direction, axis.symbol, size, fill, {});
-  }
+void DrawAxisSymbol(const StereoView& view, int k, const Direction& direction, bool selected) {
+  if (!IsFinite(direction)) return;
+  view.target.Layer(SymbolLayers[selected][k]);
+  DrawNetSymbol(view.target, view.net, EqualArea, direction, Axes[k].symbol,
+                view.SymbolSize(Axes[k].sizeFactor), view.ColourOf(k, selected, std::nullopt), {});
 }
 
 void DrawRecordSymbols(const StereoView& view, bool selected,

@@ -96,6 +96,9 @@ struct ColourCoding {
   static double Value(const StereoView& view, const SpecimenRecord& record, int number);
 };
 
+inline Direction DirectionOf(const SpecimenRecord& record, int k) {
+  return {record.Dec[k], record.Inc[k]};
+}
 inline bool IsFinite(const Direction& d) { return std::isfinite(d.Dec) && std::isfinite(d.Inc); }
 
 /// The pen of the i-th foliation's great circle, in legend and net. The sixth has style 5 and so no
@@ -112,9 +115,8 @@ std::optional<ColourCoding> DrawColourScale(const StereoView& view);
 void DrawRecordCircles(const StereoView& view, bool selected);
 void DrawDataLines(const StereoView& view);
 void DrawRecordEllipses(const StereoView& view, bool selected);
-/// The directions of one record, the `number`-th of those plotted.
-void DrawRecordSymbol(const StereoView& view, const SpecimenRecord& record, int number,
-                      const std::optional<ColourCoding>& coding);
+/// A direction of axis `k` in the axis's colour or the selection's.
+void DrawAxisSymbol(const StereoView& view, int k, const Direction& direction, bool selected);
 void DrawRecordSymbols(const StereoView& view, bool selected,
                        const std::optional<ColourCoding>& coding);
 /// The means of the groups that the marks have.
