@@ -58,6 +58,7 @@ const Image Images[] = {
     {"contour-window", "granite.ams", {1280, 800}, {"mnuAnalysis(3)", "!optDisplay(3)", "!cmdCount"}, "frmContour"},
     {"plane-from-lineations", "granite.ams", {1280, 800}, {"mnuFoliLine"}, "frmFoliLine"},
     {"orientation-parameters", "granite.ams", {1280, 800}, {"?mnuOPAR"}, "frmOPAR"},
+    {"figure-options", "granite.ams", {1280, 800}, {"?mnuFigure", "style-width=0", "style-layout=1", "style-captions=1", "style-colours=2", "+style-panel-letters", "+style-halo"}, "frmFigure"},
     {"factor-choice", "granite.ams", {1280, 800}, {"?mnuAnisoFac"}, "frmAnisoFac"},
     {"edit-orientations", "granite_unoriented.ams", {1280, 800}, {"file:granite.ged", "?mnuEdit(1)", "!cmdOpenGED", "!cmdGEDASSign"}, "frmEditData"},
     {"ged-editor", "granite.ams", {1280, 800}, {"file:granite.ged", "mnuGedEditor", "!frmGEDEditor/mnuOpen"}, "frmGEDEditor"},
