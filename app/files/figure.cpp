@@ -59,6 +59,15 @@ std::string NameOf(const PageContent& page) {
   return LevelHeading(net);
 }
 
+/// What stands below the plots: the name where the style has it, and the view of a mean of another
+/// one.
+std::vector<std::string> SentencesOf(const PageContent& page, const FigureStyle& style) {
+  std::vector<std::string> sentences;
+  if (style.NameLine) sentences.push_back(NameOf(page));
+  if (const std::string mean = PageMeanLine(page); !mean.empty()) sentences.push_back(mean);
+  return sentences;
+}
+
 ShownPlots ShownOf(const PageContent& page, const FigureStyle& style, const PlotChoices& plots) {
   const Session& session = page.Session;
   ShownPlots shown;
@@ -76,7 +85,7 @@ ShownPlots ShownOf(const PageContent& page, const FigureStyle& style, const Plot
     shown.YLabels[plot] = LabelWidth(axes.y, style.Ticks);
     if (axes.colour) shown.ScaleLabels[plot] = LabelWidth(*axes.colour, TickDensity::AsNow);
   }
-  if (style.NameLine) shown.NameLine = NameOf(page);
+  shown.Sentences = SentencesOf(page, style);
   shown.GroupLegend = plots.Marks.AreShown() && plots.Marks.Legend;
   return shown;
 }
@@ -100,7 +109,7 @@ bool Fills(const FigureStyle& style) {
 }
 
 /// The places of the page at another width, with the style's letters and symbols.
-FigurePlaces PageAt(const FigureStyle& style, const std::string& name) {
+FigurePlaces PageAt(const FigureStyle& style, const std::vector<std::string>& sentences) {
   FigurePlaces places;
   const double k = style.Width / MmPerInch * PageUnitsPerInch / PageWidth;
   static_cast<PagePlaces&>(places) = PlacesOfPage();
@@ -136,17 +145,16 @@ FigurePlaces PageAt(const FigureStyle& style, const std::string& name) {
        {&places.Legend.left, &places.Legend.top, &places.Legend.right, &places.Legend.bottom})
     length(*value);
   if (letters > 0) places.LetterHeight = letters;
-  if (style.NameLine) {
-    places.NameLines = {name};
-    places.NameAt = {60 * k, places.Height - NameStep * places.LetterHeight};
-  }
+  places.NameLines = sentences;
+  places.NameAt = {60 * k, places.Height - NameStep * places.LetterHeight *
+                                               static_cast<double>(sentences.size())};
   return places;
 }
 
 FigurePlaces PlacesOf(const PageContent& page, const FigureStyle& style) {
   FigurePlaces places = Fills(style)
                             ? FillFigure(style, ShownOf(page, style, ChoicesOf(page, style)))
-                            : PageAt(style, NameOf(page));
+                            : PageAt(style, SentencesOf(page, style));
   places.Net.style = places.Histogram.style = places.XYPlot[1].style = places.XYPlot[2].style =
       PlotStyleOf(style);
   return places;

@@ -79,8 +79,8 @@ void DrawVectorPage(const PageContent& page, Target& target) {
   target.Describe("Anisotropy of magnetic susceptibility",
                   GroupHeading(page.Session, GroupInView(page.Session), inView));
   DrawGraphicsPage(page, target, VectorScale);
-  const std::string mean = MeanOnPage(page, MeanLabel);
-  if (mean.empty() || !GroupLines(page.Plots.Stereo).empty()) return;
+  const std::string mean = PageMeanLine(page);
+  if (mean.empty()) return;
   target.Layer("captions");
   DrawText(target, mean, MeanLineX, MeanLineY, {.height = MeanLineHeight});
 }
@@ -89,6 +89,10 @@ std::string GraphicsMetafile(const PageContent& page) {
   MetafileTarget target(GraphicsPage, PlaceableHeader(GraphicsPage, PageUnitsPerInch));
   DrawGraphicsPage(page, target, 1);
   return target.Bits();
+}
+
+std::string PageMeanLine(const PageContent& page) {
+  return GroupLines(page.Plots.Stereo).empty() ? MeanOnPage(page, MeanLabel) : "";
 }
 
 std::string PageMeanNotice(const PageContent& page) { return MeanOnPage(page, MeanNotice); }

@@ -32,6 +32,10 @@ void DrawVectorPage(const PageContent& page, Target& target);
 /// The page as a metafile, with the header that makes it a file.
 std::string GraphicsMetafile(const PageContent& page);
 
+/// The line below a net whose mean belongs to another view than the one shown, where its captions
+/// don't say so; else empty.
+std::string PageMeanLine(const PageContent& page);
+
 /// A sentence about a mean on the page that belongs to another view than the one shown; else empty.
 std::string PageMeanNotice(const PageContent& page);
 

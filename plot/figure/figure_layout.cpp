@@ -66,12 +66,12 @@ class Filling {
       places_.Legend = {margin, top, places_.Width - margin, top + height};
       top += height;
     }
-    if (!plots_.NameLine.empty()) {
-      places_.NameLines = WrappedText(plots_.NameLine, inner / h_);
-      places_.NameAt = {margin, top};
-      top += NameStep * h_ * static_cast<double>(places_.NameLines.size());
-    }
-    const bool endsWithPlots = !plots_.GroupLegend && plots_.NameLine.empty() && !kinds_.empty();
+    places_.NameAt = {margin, top};
+    for (const std::string& sentence : plots_.Sentences)
+      for (const std::string& line : WrappedText(sentence, inner / h_))
+        places_.NameLines.push_back(line);
+    top += NameStep * h_ * static_cast<double>(places_.NameLines.size());
+    const bool endsWithPlots = !plots_.GroupLegend && places_.NameLines.empty() && !kinds_.empty();
     places_.Height = top + margin - (endsWithPlots ? between : 0);
     return places_;
   }
@@ -199,7 +199,7 @@ class Filling {
     plot.numbersLeft = gap / plot.width;
     plot.numbersBelow = gap / plot.height;
     plot.titleLeft = (gap + (labels + 0.5) * h_) / plot.width;
-    plot.titleBelow = (gap + (1 + TitleStep / 2) * h_ + 0.25 * h_) / plot.height;
+    plot.titleBelow = (gap + (1 + TitleStep / 2) * h_ + 0.4 * h_) / plot.height;
     plot.titleAbove = (gap + 0.4 * h_) / plot.height;
     return plot;
   }

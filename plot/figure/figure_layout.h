@@ -34,7 +34,7 @@ struct ShownPlots {
   Array1<double, 2> YLabels;
   Array1<std::optional<double>, 2> ScaleLabels;
   bool GroupLegend = false;
-  std::string NameLine;  // below all, or nothing
+  std::vector<std::string> Sentences;  // below all
 };
 
 /// The height of letters where a style leaves it to the page.
