@@ -119,6 +119,9 @@ void ToggleFormerFile(Velorix& v) {
 }
 bool KeepsFormerFile(const Velorix& v) { return v.Session.Preferences.KeepFormerFile; }
 
+void ToggleLasso(Velorix& v) { v.Plots.Lasso = !v.Plots.Lasso; }
+bool HasLasso(const Velorix& v) { return v.Plots.Lasso; }
+
 template <auto Choice, auto Value>
 bool IsChosen(const Velorix& v) {
   return v.Session.*Choice == Value;
@@ -205,6 +208,7 @@ constexpr Command CommandTable[] = {
     {"mnuGraphicsCopy", "mnuGraphics", "Copy To Clipboard", "Ctrl+C", 9, "Copy Graphics To Clipboard [Crtl+C]", "copy-picture", Action, false, CopyGraphics, nullptr, false},
     {"mnuGraphicsSave", "mnuGraphics", "Save To File", "Ctrl+F", 10, "Save Graphics To File [Crtl+F]", "save-picture", Action, false, SaveGraphics, nullptr, false},
     {"mnuGraphicRedraw", "mnuGraphics", "Redraw", "", 0, "", "", Action, true, AnisoView_DisplayAllPlots, nullptr, false},
+    {"mnuLasso", "mnuGraphics", "Lasso", "", 0, "", "", Check, false, ToggleLasso, HasLasso, true},
     {"mnuGraphicsPrint", "mnuGraphics", "Print", "Ctrl+Shift+P", 0, "", "", Action, false, PrintGraphics, nullptr, true},
 
     {"mnuEdit(1)", "mnuEditt", "Edit Orientation Data", "F2", 12, "Edit Orientation Data [F2]", "edit-orientation", Check, false, EditOrientations, nullptr, false},

@@ -7,8 +7,6 @@ namespace {
 constexpr Array1<Colour, 3> ContourColours = {128, 32768, 0x800000};
 /// Sizes of the symbols of a bootstrap cloud.
 constexpr Array1<std::int16_t, 3> CloudSizes = {1, 3, 3};
-/// Sizes of the mean directions' symbols.
-constexpr Array1<double, 3> MeanSizes = {1.3, 1.3, 1.5};
 
 Direction Long(const ShortDirection& d) { return {d.Dec, d.Inc}; }
 
@@ -77,7 +75,7 @@ void DrawMeans(const StereoView& view) {
   for (int k = 1; k <= 3; ++k)
     if (view.options.showAxis[k] && IsFinite(mean(k)))
       DrawNetSymbol(view.target, view.net, EqualArea, mean(k), Axes[k].symbol,
-                    view.SymbolSize(MeanSizes[k]), White,
+                    view.SymbolSize(Axes[k].meanFactor), White,
                     {.colour = Axes[k].colour, .width = view.Scaled(2, view.lineWidth)});
 }
 
@@ -108,7 +106,7 @@ void DrawGroupMeans(const StereoView& view) {
     for (int k = 1; k <= 3; ++k)
       if (const Direction mean = {stats.MeanDec[k], stats.MeanInc[k]};
           view.options.showAxis[k] && IsFinite(mean))
-        DrawOpenMark(view, mean, view.SymbolOf(k, mark, by), MeanSizes[k], mark.finish,
+        DrawOpenMark(view, mean, view.SymbolOf(k, mark, by), Axes[k].meanFactor, mark.finish,
                      colourOf(k, mark));
   }
 }

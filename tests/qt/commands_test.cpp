@@ -24,7 +24,7 @@ class CommandsTest : public WindowTest {
             "(Save), -, "
             "Save As Ctrl+S, Save Select Record(s) As Ctrl+A, Export Ctrl+E, -, Close Ctrl+X, -, "
             "Exit Program Ctrl+Q\n"
-            "Graphics: Copy To Clipboard Ctrl+C, Save To File Ctrl+F, (Redraw), -, Print "
+            "Graphics: Copy To Clipboard Ctrl+C, Save To File Ctrl+F, (Redraw), -, Lasso, -, Print "
             "Ctrl+Shift+P\n"
             "Edit: Edit Orientation Data F2, (Rotate Data), Geological File Editor, -, Undo "
             "Ctrl+Z, "
