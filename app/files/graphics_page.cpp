@@ -3,14 +3,13 @@
 #include "app/display/display.h"
 #include "app/display/shown_group.h"
 #include "app/files/ask_file.h"
+#include "app/files/page_plots.h"
 #include "app/state/refusals.h"
-#include "app/tables/data_table.h"
 #include "base/fault.h"
 #include "base/rounding.h"
 #include "datafiles/safe_write.h"
 #include "plot/drawing/drawing.h"
 #include "plot/drawing/metafile_target.h"
-#include "plot/plots/histogram.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
 
@@ -21,20 +20,9 @@ constexpr char SaveTitle[] = "Save graphics", ExportTitle[] = "Export graphics";
 constexpr char PrintTitle[] = "Print", DocumentName[] = "Pelt4Q";
 
 // clang-format off
-constexpr StereoGeometry StereoPlace = {.cx = 220, .cy = 200, .diameter = 320, .symbolSize = 8, .fontHeight = 14};
-constexpr PlotGeometry HistoPlace = {.left = 530, .bottom = 340, .width = 320, .height = 240, .fontHeight = 14};
-// Titles, axis titles and numbers of the XY plots are 14, 10 and 9 high: 1.5, 1.1 and 1 times 9.
-// Their colour scales stand nearer than on the screen, so that the second one ends on the page.
-constexpr PlotGeometry XYPlotPlaces[] = {
-    {.left = 60,  .bottom = 620, .width = 320, .height = 180, .fontHeight = 9, .symbolSize = 8, .barLeft = 23, .barRight = 31, .barTitle = 45},
-    {.left = 530, .bottom = 620, .width = 320, .height = 180, .fontHeight = 9, .symbolSize = 8, .barLeft = 23, .barRight = 31, .barTitle = 45}};
-
 /// The line that says what the mean is of, at the left below the net and its legend.
 constexpr double MeanLineX = 60, MeanLineY = 402;
 constexpr int MeanLineHeight = 11;
-
-/// The groups' names, below the plots.
-constexpr LegendBox LegendPlace = {60, 675, 860, 795};
 
 /// A type of files. The filter of the metafile, the first one, gives a metafile under any name; for
 /// all others the extension alone counts.
@@ -66,13 +54,6 @@ double ScaleOf(const std::string& extension) {
   return 0;
 }
 
-/// A place on the page, times `s`.
-template <class Geometry>
-Geometry Scaled(Geometry place, double s) {
-  place.scale = s;
-  return place;
-}
-
 PlaneSize Scaled(PlaneSize plane, double s) {
   return {ToLong(plane.width * s), ToLong(plane.height * s)};
 }
@@ -83,17 +64,6 @@ void DrawPage(const Velorix& velorix, Target& target, double s) {
 
 std::string Metafile(const Velorix& velorix) {
   return GraphicsMetafile(velorix.Session, velorix.Plots, velorix.GroupStats);
-}
-
-/// What the one legend of the groups looks like: their shapes, where a plot shows them, in their
-/// colours.
-LegendLook PageLegend(const PlotChoices& plots) {
-  const PageOptions& page = plots.Page;
-  bool values = page.stereonet && plots.Stereo.showData && plots.Stereo.colourByValue;
-  for (const int plot : {1, 2})
-    values |= (plot == 1 ? page.xyPlot1 : page.xyPlot2) && plots.XYPlot[plot].coding;
-  if (plots.Marks.By == MarkBy::Colours && !values) return {NeutralSymbol, std::nullopt};
-  return {};
 }
 
 /// Whether the page shows anything of the group statistics.
@@ -138,19 +108,7 @@ void ShowFigureDone(Velorix& velorix, std::string done) {
 
 void DrawGraphicsPage(const Session& session, const PlotChoices& plots, const GroupStats& group,
                       Target& target, double s) {
-  const PageOptions& page = plots.Page;
-  if (page.stereonet)
-    DrawStereo(session.Records, session.CoorSys, target, Scaled(StereoPlace, s), plots.Stereo,
-               session.ReImMode, group, session.Settings, plots.Marks);
-  if (page.histogram)
-    DrawHisto(target, Scaled(HistoPlace, s), DataTableValues(plots.HistoParameter, session),
-              plots.HistoParameter, session.Settings, ShownGroups(session, plots.Marks));
-  for (int plot : {1, 2})
-    if (plot == 1 ? page.xyPlot1 : page.xyPlot2)
-      DrawXYPlot(session, target, Scaled(XYPlotPlaces[plot - 1], s), plots.Shown(plot),
-                 plots.Marks);
-  if (page.stereonet || page.histogram || page.xyPlot1 || page.xyPlot2)
-    DrawLegendIn(target, LegendPlace, plots.Marks, PageLegend(plots), s);
+  DrawPlots(session, plots, group, target, PlacesOfPage(), s);
 }
 
 std::string GraphicsMetafile(const Session& session, const PlotChoices& plots,

@@ -101,6 +101,8 @@ const OptionRow Options[] = {
     {"--compare",       "FILE",                      "every pair of groups as JSON; - is standard output", &Arguments::Compare},
     {"--untilt",        "FILE",                      "the groups untilted step by step: .json, or the figure by its extension; - is standard output", &Arguments::Untilt},
     {"--panels",        "FILE",                      "a small net a group on one page; its type by the extension", &Arguments::Panels},
+    {"--figure",        "FILE",                      "the page in the style of --style; its type by the extension", &Arguments::Figure},
+    {"--style",         "FILE",                      "style file of --figure",                          &Arguments::Style},
     {"--page",          "FILE",                      "the graphics page; its type by the extension",    &Arguments::Page},
     {"--contour",       Words(ContourDisplays),                "counts the density",                              Choice{&Arguments::Contour, 1}},
     {"--smooth",        "N",                         "smoothing of --contour; default 20",              &Arguments::Smooth},
@@ -245,6 +247,8 @@ std::string FilesComplaint(const Arguments& a) {
     for (const std::vector<std::string>* inputs : {&a.Files, &a.Ged})
       for (const std::string& input : *inputs)
         if (SameFile(input, *output)) return *output + " is both read and written.";
+    if (!a.Style.empty() && SameFile(a.Style, *output))
+      return *output + " is both read and written.";
     if (!a.SettingsFile.empty() && SameFile(a.SettingsFile, *output))
       return *output + " is the settings file.";
   }
@@ -274,6 +278,7 @@ std::string Complaint(Arguments& a) {
     return "--group-by: '" + a.GroupBy + "' is none of " + GroupByWords + ".";
   if (a.GroupBy.empty() && !(a.Groups.empty() && a.Compare.empty() && a.Panels.empty()))
     return "--groups, --compare and --panels need --group-by.";
+  if (a.Figure.empty() && !a.Style.empty()) return "--style needs --figure.";
   if (a.GroupBy.empty() && !a.Untilt.empty()) return "--untilt needs --group-by.";
   if (!a.Untilt.empty() && UntiltFormOf(a.Untilt) == UntiltForm::Picture) {
     const std::string complaint = PictureComplaint(a.Untilt);
@@ -284,7 +289,7 @@ std::string Complaint(Arguments& a) {
     return a.Groups + ": groups are written as .json or .csv.";
   if (a.WriteGed == "-") return "--write-ged needs the name of a file.";
   if (a.Grid == "-") return "--grid needs the name of a file.";
-  for (const std::string* page : {&a.Page, &a.Panels}) {
+  for (const std::string* page : {&a.Page, &a.Panels, &a.Figure}) {
     if (page->empty() || UpperCase(ExtensionOf(*page)) == "WMF") continue;
     const std::string complaint = PictureComplaint(*page);
     if (!complaint.empty()) return *page + ": " + complaint + " A page can be a wmf too.";
@@ -306,7 +311,7 @@ std::vector<std::string> Arguments::Outputs() const {
   std::vector<std::string> outputs;
   for (const std::string* output :
        {&Save, &SaveSelected, &Records, &Grid, &Table, &Stats, &Groups, &Compare, &Untilt, &Page,
-        &Panels, &ContourJson, &ContourImage, &GeoJson, &WriteGed})
+        &Figure, &Panels, &ContourJson, &ContourImage, &GeoJson, &WriteGed})
     if (!output->empty()) outputs.push_back(*output);
   return outputs;
 }
