@@ -3,71 +3,20 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <variant>
-#include <vector>
 
 #include "text/numbers.h"
 
 namespace velorix {
 namespace {
 
-/// A number between bounds; `hasNow`: 0 stands for the page's, written "now".
-struct Bounded {
-  double FigureStyle::*Value;
-  double Least, Most;
-  bool hasNow = true;
-};
-struct Whole {
-  std::int64_t FigureStyle::*Value;
-  std::int64_t Least, Most;
-};
-/// One of some words, in the order of the values.
+using Bounded = StyleKey::Bounded;
+using Whole = StyleKey::Whole;
 template <class Enum>
-struct Word {
-  Enum FigureStyle::*Value;
-  std::vector<std::string> Words;
-};
-using OwnColour = std::optional<Colour> FigureStyle::*;
-using Place =
-    std::variant<Bounded, Whole, bool FigureStyle::*, std::string FigureStyle::*, OwnColour,
-                 Word<FigureLayout>, Word<FigureColours>, Word<TickDensity>, Word<CaptionPlace>>;
-
-struct Row {
-  const char *Key, *Help;
-  velorix::Place Place;
-};
+using Word = StyleKey::Word<Enum>;
+using OwnColour = StyleKey::OwnColour;
 
 constexpr char Now[] = "now", Yes[] = "yes", No[] = "no";
 constexpr std::int64_t MostResolution = 2400;
-
-// clang-format off
-const std::vector<Row>& Rows() {
-  static const std::vector<Row> rows = {
-      {"layout",        "page: the places of the page; fill: the plots fill the figure", Word<FigureLayout>{&FigureStyle::Layout, {"page", "fill"}}},
-      {"width",         "mm, 30 to 600",                                  Bounded{&FigureStyle::Width, LeastFigureWidth, MostFigureWidth, false}},
-      {"columns",       "of plots with layout = fill, 1 to 4",            Whole{&FigureStyle::Columns, 1, 4}},
-      {"panel-letters", "(a), (b) ... at the plots",                      &FigureStyle::PanelLetters},
-      {"resolution",    "pixels an inch of pictures of pixels, 50 to 2400", Whole{&FigureStyle::Resolution, 50, MostResolution}},
-      {"font",          "name of the font",                               &FigureStyle::Font},
-      {"font-size",     "points, 3 to 40",                                Bounded{&FigureStyle::FontSize, 3, 40}},
-      {"line-width",    "points, 0.1 to 5",                               Bounded{&FigureStyle::LineWidth, 0.1, 5}},
-      {"symbol-size",   "mm, 0.3 to 10",                                  Bounded{&FigureStyle::SymbolSize, 0.3, 10}},
-      {"colours",       "grey, safe for colour-blind readers, own",       Word<FigureColours>{&FigureStyle::Colours, {Now, "grey", "safe", "own"}}},
-      {"kmax-colour",   "#rrggbb, with colours = own",                    &FigureStyle::KmaxColour},
-      {"kint-colour",   "#rrggbb",                                        &FigureStyle::KintColour},
-      {"kmin-colour",   "#rrggbb",                                        &FigureStyle::KminColour},
-      {"plane-colour",  "#rrggbb",                                        &FigureStyle::PlaneColour},
-      {"line-colour",   "#rrggbb",                                        &FigureStyle::LineColour},
-      {"halo",          "white rims round means and ellipses",            &FigureStyle::Halo},
-      {"ticks",         "fewer or more numbers at the axes",              Word<TickDensity>{&FigureStyle::Ticks, {"fewer", Now, "more"}}},
-      {"superscripts",  "raised exponents",                               &FigureStyle::Superscripts},
-      {"captions",      "outside the net, or none",                       Word<CaptionPlace>{&FigureStyle::Captions, {Now, "outside", "none"}}},
-      {"more-codes",    "lines and symbols for a sixth and later code",   &FigureStyle::MoreCodes},
-      {"name-line",     "level, method, number and file below the plots", &FigureStyle::NameLine},
-  };
-  return rows;
-}
-// clang-format on
 
 std::string ColourText(Colour colour) {
   constexpr char Digits[] = "0123456789abcdef";
@@ -91,7 +40,7 @@ struct TextOfValue {
 
   std::string operator()(const Bounded& row) const {
     const double value = Style.*row.Value;
-    return value == 0 && row.hasNow ? Now : PlainText(value);
+    return value == 0 && row.HasNow ? Now : PlainText(value);
   }
   std::string operator()(const Whole& row) const {
     const std::int64_t value = Style.*row.Value;
@@ -115,7 +64,7 @@ struct TakeText {
 
   bool operator()(const Bounded& row) const {
     double value = 0;
-    if (row.hasNow && Text == Now) return Style.*row.Value = 0, true;
+    if (row.HasNow && Text == Now) return Style.*row.Value = 0, true;
     if (Text.empty() || Text.find_first_not_of("0123456789.") != Text.npos || !IsNumberText(Text))
       return false;
     value = NumberOf(Text);
@@ -158,7 +107,7 @@ struct TakeText {
 /// What may stand for a value.
 struct ChoicesOf {
   std::string operator()(const Bounded& row) const {
-    return std::string(row.hasNow ? "now or " : "") + "a number from " + PlainText(row.Least) +
+    return std::string(row.HasNow ? "now or " : "") + "a number from " + PlainText(row.Least) +
            " to " + PlainText(row.Most);
   }
   std::string operator()(const Whole& row) const {
@@ -193,10 +142,10 @@ Outcome TakeLine(std::string_view line, int number, FigureStyle& style) {
   if (equals == line.npos) return Wrong(number, "no \"key = value\" stands here.");
   const std::string_view key = Stripped(line.substr(0, equals));
   const std::string_view value = Stripped(line.substr(equals + 1));
-  for (const Row& row : Rows()) {
+  for (const StyleKey& row : StyleKeys()) {
     if (key != row.Key) continue;
-    if (std::visit(TakeText{style, value}, row.Place)) return {};
-    return Wrong(number, std::string(key) + " is " + std::visit(ChoicesOf(), row.Place) + ".");
+    if (TakeValueText(style, row, value)) return {};
+    return Wrong(number, std::string(key) + " is " + ChoicesText(row) + ".");
   }
   return Wrong(number, "there is no key \"" + std::string(key) + "\".");
 }
@@ -219,11 +168,49 @@ Colour ViridisRamp(float x) {
 
 }  // namespace
 
+// clang-format off
+const std::vector<StyleKey>& StyleKeys() {
+  static const std::vector<StyleKey> keys = {
+      {"layout",        "Layout",            "page: the places of the page; fill: the plots fill the figure", Word<FigureLayout>{&FigureStyle::Layout, {"page", "fill"}}},
+      {"width",         "Width [mm]",        "mm, 30 to 600",                                    Bounded{&FigureStyle::Width, LeastFigureWidth, MostFigureWidth, false}, "85 174"},
+      {"columns",       "Columns",           "of plots with layout = fill, 1 to 4",              Whole{&FigureStyle::Columns, 1, 4}, "1 2 3 4"},
+      {"panel-letters", "Panel letters",     "(a), (b) ... at the plots",                        &FigureStyle::PanelLetters},
+      {"resolution",    "Pixels an inch",    "of pictures of pixels, 50 to 2400",                Whole{&FigureStyle::Resolution, 50, MostResolution}, "96 300 600 1200"},
+      {"font",          "Font",              "name of the font",                                 &FigureStyle::Font},
+      {"font-size",     "Font size [pt]",    "points, 3 to 40",                                  Bounded{&FigureStyle::FontSize, 3, 40}, "6 7 8 9 10"},
+      {"line-width",    "Line width [pt]",   "points, 0.1 to 5",                                 Bounded{&FigureStyle::LineWidth, 0.1, 5}, "0.25 0.5 0.75 1"},
+      {"symbol-size",   "Symbols [mm]",      "mm, 0.3 to 10",                                    Bounded{&FigureStyle::SymbolSize, 0.3, 10}, "1 1.5 2 3"},
+      {"colours",       "Colours",           "grey, safe for colour-blind readers, own",         Word<FigureColours>{&FigureStyle::Colours, {Now, "grey", "safe", "own"}}},
+      {"kmax-colour",   "Own: Kmax",         "#rrggbb, with colours = own",                      &FigureStyle::KmaxColour},
+      {"kint-colour",   "Own: Kint",         "#rrggbb",                                          &FigureStyle::KintColour},
+      {"kmin-colour",   "Own: Kmin",         "#rrggbb",                                          &FigureStyle::KminColour},
+      {"plane-colour",  "Own: planes",       "#rrggbb",                                          &FigureStyle::PlaneColour},
+      {"line-colour",   "Own: lineations",   "#rrggbb",                                          &FigureStyle::LineColour},
+      {"halo",          "White rims",        "white rims round means and ellipses",              &FigureStyle::Halo},
+      {"ticks",         "Numbers at axes",   "fewer or more numbers at the axes",                Word<TickDensity>{&FigureStyle::Ticks, {"fewer", Now, "more"}}},
+      {"superscripts",  "Raised exponents",  "10 with a raised exponent",                        &FigureStyle::Superscripts},
+      {"captions",      "Captions, legend",  "outside the net, or none",                         Word<CaptionPlace>{&FigureStyle::Captions, {Now, "outside", "none"}}},
+      {"more-codes",    "More codes",        "lines and symbols for a sixth and later code",     &FigureStyle::MoreCodes},
+      {"name-line",     "Line with the name", "level, method, number and file below the plots",  &FigureStyle::NameLine},
+  };
+  return keys;
+}
+// clang-format on
+
+std::string ValueText(const FigureStyle& style, const StyleKey& key) {
+  return std::visit(TextOfValue{style}, key.Value);
+}
+
+bool TakeValueText(FigureStyle& style, const StyleKey& key, std::string_view text) {
+  return std::visit(TakeText{style, text}, key.Value);
+}
+
+std::string ChoicesText(const StyleKey& key) { return std::visit(ChoicesOf(), key.Value); }
+
 std::string StyleText(const FigureStyle& style) {
   std::string text;
-  for (const Row& row : Rows())
-    text += "# " + std::string(row.Help) + "\n" + row.Key + " = " +
-            std::visit(TextOfValue{style}, row.Place) + "\n";
+  for (const StyleKey& row : StyleKeys())
+    text += "# " + std::string(row.Help) + "\n" + row.Key + " = " + ValueText(style, row) + "\n";
   return text;
 }
 

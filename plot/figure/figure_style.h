@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
+#include <vector>
 
 #include "base/outcome.h"
 #include "plot/axes/plot_style.h"
@@ -45,6 +47,43 @@ struct FigureStyle {
 
 inline constexpr double LeastFigureWidth = 30, MostFigureWidth = 600;  // mm
 inline constexpr double PointsPerInch = 72, MmPerInch = 25.4;
+
+/// A key of a style file and what may stand for it.
+struct StyleKey {
+  /// A number between bounds; 0 stands for the page's where it has one.
+  struct Bounded {
+    double FigureStyle::*Value;
+    double Least, Most;
+    bool HasNow = true;
+  };
+  /// A whole number between bounds, or 0 for the page's.
+  struct Whole {
+    std::int64_t FigureStyle::*Value;
+    std::int64_t Least, Most;
+  };
+  /// One of some words, in the order of the values.
+  template <class Enum>
+  struct Word {
+    Enum FigureStyle::*Value;
+    std::vector<std::string> Words;
+  };
+  using OwnColour = std::optional<Colour> FigureStyle::*;
+  using Place =
+      std::variant<Bounded, Whole, bool FigureStyle::*, std::string FigureStyle::*, OwnColour,
+                   Word<FigureLayout>, Word<FigureColours>, Word<TickDensity>, Word<CaptionPlace>>;
+
+  const char *Key, *Caption, *Help;
+  StyleKey::Place Value;
+  const char* Usual = "";  // numbers, between blanks
+};
+const std::vector<StyleKey>& StyleKeys();
+
+/// The words of a key's value, and the same taken from words: false, and the style as it was, when
+/// they are none of the key's.
+std::string ValueText(const FigureStyle& style, const StyleKey& key);
+bool TakeValueText(FigureStyle& style, const StyleKey& key, std::string_view text);
+/// What may stand for a key's value: "a number from 30 to 600".
+std::string ChoicesText(const StyleKey& key);
 
 /// The lines "key = value" of a style file, with a comment above each key.
 std::string StyleText(const FigureStyle& style);
