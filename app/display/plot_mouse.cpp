@@ -84,7 +84,7 @@ void Lasso::Add(const Point& point) {
 bool Lasso::IsClick() const {
   if (line_.size() < 3) return true;
   const Point &a = line_[0], &b = line_[1];
-  return std::ranges::all_of(line_, [&](const Point& c) {
+  return std::all_of(line_.begin(), line_.end(), [&](const Point& c) {
     return (b.x - a.x) * (c.y - a.y) == (b.y - a.y) * (c.x - a.x);
   });
 }
@@ -149,8 +149,8 @@ std::vector<int> RecordsInHisto(const Session& session, Column column,
   std::vector<int> ids;
   ForEachActive(session, [&](const SpecimenRecord& record) {
     const double value = NumberOf(DataTableCell(column, record, session.ReImMode));
-    if (std::ranges::any_of(
-            held, [&](const HistoBar& bar) { return IsInClass(value, bar.lower, bar.upper); }))
+    if (std::any_of(held.begin(), held.end(),
+                    [&](const HistoBar& bar) { return IsInClass(value, bar.lower, bar.upper); }))
       ids.push_back(record.RecordNo);
   });
   return ids;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 #include "app/tables/data_table.h"
 #include "plot/axes/axes.h"
@@ -100,10 +99,11 @@ std::string NameInStereo(const Session& session, const StereoOptions& options,
   if (options.showMean)
     if (std::string name = NameOfMean(options, stats, hits, "Mean"); !name.empty()) return name;
   if (marks.AreShown())
-    for (const auto& [group, mean] : std::views::reverse(marks.Means))
-      if (std::string name = NameOfMean(options, mean, hits, "Mean of " + marks.Groups[group].Name);
-          !name.empty())
+    for (auto mean = marks.Means.rbegin(); mean != marks.Means.rend(); ++mean) {
+      const std::string whose = "Mean of " + marks.Groups[mean->Group].Name;
+      if (std::string name = NameOfMean(options, mean->Stats, hits, whose); !name.empty())
         return name;
+    }
   if (!options.showData) return "";
   return TopmostName(session, [&](const SpecimenRecord& record) -> std::string {
     for (int k = 3; k >= 1; --k) {
@@ -131,7 +131,8 @@ std::string NameInXYPlot(const Session& session, const XYPlotOptions& options,
 std::string NameInHisto(Column column, const Settings& settings, std::span<const HistoBar> bars,
                         const Point& mouse, double zoom) {
   constexpr double LeastHeight = 5;
-  for (const HistoBar& bar : std::views::reverse(bars)) {
+  for (auto last = bars.rbegin(); last != bars.rend(); ++last) {
+    const HistoBar& bar = *last;
     const double top = std::min(bar.top.y, bar.foot.y - LeastHeight / zoom);
     if (!InBox(mouse.x, mouse.y, bar.foot.x, bar.foot.y, bar.top.x, top)) continue;
     const std::string unit = InfoOf(column).unit;
