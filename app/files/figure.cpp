@@ -20,15 +20,14 @@
 namespace velorix {
 namespace {
 
-constexpr char Title[] = "Save figure";
 constexpr double PageWidth = 900, PageHeight = 800, PageUnitsPerInch = 100;
 /// A figure's units a unit of the page.
 constexpr double Scale = FigureUnitsPerInch / PageUnitsPerInch;
 constexpr double CellPerSize = 1.149;  // of letters, as in Arial
 
 bool HasPlots(const PlotChoices& plots) {
-  const PageOptions& page = plots.Page;
-  return page.stereonet || page.histogram || page.xyPlot1 || page.xyPlot2;
+  const PageOptions& shown = plots.Page;
+  return shown.stereonet || shown.histogram || shown.xyPlot1 || shown.xyPlot2;
 }
 
 int CountInView(const Session& session) {
@@ -53,17 +52,15 @@ double CountWidth(std::size_t values) {
 }
 
 /// Level, method, number and file.
-std::string NameOf(const FigureSubject& subject) {
-  StereoOptions net = subject.Plots.Stereo;
+std::string NameOf(const PageContent& page) {
+  StereoOptions net = page.Plots.Stereo;
   if (net.meanOf.empty())
-    net.meanOf =
-        GroupHeading(subject.Session, GroupInView(subject.Session), CountInView(subject.Session));
+    net.meanOf = GroupHeading(page.Session, GroupInView(page.Session), CountInView(page.Session));
   return LevelHeading(net);
 }
 
-ShownPlots ShownOf(const FigureSubject& subject, const FigureStyle& style,
-                   const PlotChoices& plots) {
-  const Session& session = subject.Session;
+ShownPlots ShownOf(const PageContent& page, const FigureStyle& style, const PlotChoices& plots) {
+  const Session& session = page.Session;
   ShownPlots shown;
   shown.Net = plots.Page.stereonet;
   shown.Histogram = plots.Page.histogram;
@@ -79,7 +76,7 @@ ShownPlots ShownOf(const FigureSubject& subject, const FigureStyle& style,
     shown.YLabels[plot] = LabelWidth(axes.y, style.Ticks);
     if (axes.colour) shown.ScaleLabels[plot] = LabelWidth(*axes.colour, TickDensity::AsNow);
   }
-  if (style.NameLine) shown.NameLine = NameOf(subject);
+  if (style.NameLine) shown.NameLine = NameOf(page);
   shown.GroupLegend = plots.Marks.AreShown() && plots.Marks.Legend;
   return shown;
 }
@@ -90,8 +87,8 @@ PlotStyle PlotStyleOf(const FigureStyle& style) {
 }
 
 /// The plots as the style's captions have them.
-PlotChoices ChoicesOf(const FigureSubject& subject, const FigureStyle& style) {
-  PlotChoices plots = subject.Plots;
+PlotChoices ChoicesOf(const PageContent& page, const FigureStyle& style) {
+  PlotChoices plots = page.Plots;
   if (style.Captions == CaptionPlace::None)
     plots.Stereo.showCaptions = plots.Stereo.showLegend = false;
   return plots;
@@ -146,10 +143,10 @@ FigurePlaces PageAt(const FigureStyle& style, const std::string& name) {
   return places;
 }
 
-FigurePlaces PlacesOf(const FigureSubject& subject, const FigureStyle& style) {
+FigurePlaces PlacesOf(const PageContent& page, const FigureStyle& style) {
   FigurePlaces places = Fills(style)
-                            ? FillFigure(style, ShownOf(subject, style, ChoicesOf(subject, style)))
-                            : PageAt(style, NameOf(subject));
+                            ? FillFigure(style, ShownOf(page, style, ChoicesOf(page, style)))
+                            : PageAt(style, NameOf(page));
   places.Net.style = places.Histogram.style = places.XYPlot[1].style = places.XYPlot[2].style =
       PlotStyleOf(style);
   return places;
@@ -193,49 +190,49 @@ constexpr double PixelsPerInchAsNow = 160;
 
 }  // namespace
 
-PlaneSize FigurePlane(const FigureSubject& subject, const FigureStyle& style) {
-  return PlaneOf(PlacesOf(subject, style));
+PlaneSize FigurePlane(const PageContent& page, const FigureStyle& style) {
+  return PlaneOf(PlacesOf(page, style));
 }
 
-void DrawFigure(const FigureSubject& subject, const FigureStyle& style, Target& target) {
-  const Session& session = subject.Session;
-  const FigurePlaces places = PlacesOf(subject, style);
-  PlotChoices plots = ChoicesOf(subject, style);
+void DrawFigure(const PageContent& page, const FigureStyle& style, Target& target) {
+  const Session& session = page.Session;
+  const FigurePlaces places = PlacesOf(page, style);
+  PlotChoices plots = ChoicesOf(page, style);
   if (places.Key) plots.Stereo.showCaptions = plots.Stereo.showLegend = false;
   StyledTarget styled(target, CallStyleOf(style, places.LetterHeight));
   styled.Describe("Anisotropy of magnetic susceptibility",
                   GroupHeading(session, GroupInView(session), CountInView(session)));
-  DrawPlots(session, plots, subject.Group, styled, places, Scale);
+  DrawPlots({session, plots, page.Group, page.GroupOf}, styled, places, Scale);
   if (HasPlots(plots)) DrawAround(places, styled);
 }
 
-Outcome WriteFigureFile(const Host& host, const std::string& path, const FigureSubject& subject,
+Outcome WriteFigureFile(const Host& host, const PictureAnswer& to, const PageContent& page,
                         const FigureStyle& style) {
   constexpr double MostPixels = 250e6;
-  const PlaneSize plane = FigurePlane(subject, style);
-  const std::string type = LowerCase(ExtensionOf(path));
-  if (type == "wmf") {
+  if (style == FigureStyle()) return WriteGraphicsPage(host, to, page);
+  const std::string& path = to.Path;
+  const PlaneSize plane = FigurePlane(page, style);
+  if (!to.AsBitmap) {
     FigureStyle inCodePage = style;  // which has no raised digits
     inCodePage.Superscripts = false;
     MetafileTarget target(plane, PlaceableHeader(plane, FigureUnitsPerInch));
-    DrawFigure(subject, inCodePage, target);
+    DrawFigure(page, inCodePage, target);
     SafeWrite(path, [&](std::ostream& out) { out << target.Bits(); });
     return {};
   }
-  if (!host.WritePicture)
-    return Outcome::Refused(Title, path + "\nThis build writes figures as wmf alone.");
-  const auto draw = [&](Target& target) { DrawFigure(subject, style, target); };
+  const auto draw = [&](Target& target) { DrawFigure(page, style, target); };
   constexpr double VectorUnitsPerInch = 96;
+  const std::string type = LowerCase(ExtensionOf(path));
   if (type == "svg" || type == "pdf")
-    return host.WritePicture(path, plane, VectorUnitsPerInch / FigureUnitsPerInch, draw);
+    return WriteFigure(host, path, plane, VectorUnitsPerInch / FigureUnitsPerInch, draw);
   const double inch =
       style.Resolution > 0 ? static_cast<double>(style.Resolution) : PixelsPerInchAsNow;
   const double pixels = inch / FigureUnitsPerInch;
   if (plane.width * pixels * plane.height * pixels > MostPixels)
-    return Outcome::Refused(Title, path +
-                                       "\nThis resolution would make more than 250 million "
-                                       "pixels; choose a smaller one or a smaller width.");
-  return host.WritePicture(path, plane, {pixels, static_cast<int>(style.Resolution)}, draw);
+    return Outcome::Refused(ExportTitle, path +
+                                             "\nThis resolution would make more than 250 million "
+                                             "pixels; choose a smaller one or a smaller width.");
+  return WriteFigure(host, path, plane, {pixels, static_cast<int>(style.Resolution)}, draw);
 }
 
 }  // namespace velorix

@@ -2,11 +2,8 @@
 
 #include <string>
 
-#include "app/state/host.h"
-#include "app/state/plot_choices.h"
+#include "app/files/graphics_page.h"
 #include "plot/figure/figure_style.h"
-#include "stats/group/group_statistics.h"
-#include "store/session.h"
 
 namespace velorix {
 
@@ -15,23 +12,16 @@ namespace velorix {
 /// A figure's logical units an inch.
 inline constexpr int FigureUnitsPerInch = 1000;
 
-/// What a figure shows.
-struct FigureSubject {
-  const velorix::Session& Session;
-  const PlotChoices& Plots;
-  const velorix::GroupStats& Group;
-};
-
 /// The plane of a figure.
-PlaneSize FigurePlane(const FigureSubject& subject, const FigureStyle& style);
+PlaneSize FigurePlane(const PageContent& page, const FigureStyle& style);
 
 /// Draws a figure on its plane.
-void DrawFigure(const FigureSubject& subject, const FigureStyle& style, Target& target);
+void DrawFigure(const PageContent& page, const FigureStyle& style, Target& target);
 
-/// Writes a figure as a file of the type of the path's extension, in any case: wmf, or one of the
-/// host's pictures. A resolution that would give more than 250 million pixels, another type and a
-/// place that can't be written are refused; the old file then stays.
-Outcome WriteFigureFile(const Host& host, const std::string& path, const FigureSubject& subject,
+/// Writes a figure; in the default style, as the page is written. A resolution that would give more
+/// than 250 million pixels and a type that the host has no encoder for are refused; a metafile that
+/// can't be written is a `FileFault`. Then the old file stays.
+Outcome WriteFigureFile(const Host& host, const PictureAnswer& to, const PageContent& page,
                         const FigureStyle& style);
 
 }  // namespace velorix

@@ -26,8 +26,8 @@ LegendLook PageLegend(const PlotChoices& plots) {
 
 }  // namespace
 
-void DrawPlots(const Session& session, const PlotChoices& plots, const GroupStats& group,
-               Target& target, const PagePlaces& places, double s) {
+void DrawPlots(const PageContent& content, Target& target, const PagePlaces& places, double s) {
+  const auto& [session, plots, group, groupOf] = content;
   const PageOptions& page = plots.Page;
   if (page.stereonet)
     DrawStereo(session.Records, session.CoorSys, target, Scaled(places.Net, s), plots.Stereo,

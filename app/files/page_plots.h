@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/state/group_subject.h"
 #include "app/state/plot_choices.h"
 #include "plot/figure/figure_layout.h"
 #include "stats/group/group_statistics.h"
@@ -7,9 +8,16 @@
 
 namespace velorix {
 
+/// What the page is drawn from.
+struct PageContent {
+  const velorix::Session& Session;
+  const PlotChoices& Plots;
+  const GroupStats& Group;
+  const GroupSubject& GroupOf;
+};
+
 /// Draws the plots that the page has by the user's choice at their places, with the legend of the
 /// groups; all lengths times `s`.
-void DrawPlots(const Session& session, const PlotChoices& plots, const GroupStats& group,
-               Target& target, const PagePlaces& places, double s);
+void DrawPlots(const PageContent& page, Target& target, const PagePlaces& places, double s);
 
 }  // namespace velorix

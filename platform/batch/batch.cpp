@@ -5,16 +5,17 @@
 #include <functional>
 #include <iostream>
 
-#include "app/commands.h"
+#include "app/commands/commands.h"
+#include "app/commands/display.h"
+#include "app/commands/picture_commands.h"
+#include "app/commands/view_choices.h"
 #include "app/display/contour.h"
-#include "app/display/display.h"
 #include "app/edit/assign_ged.h"
 #include "app/files/content_check.h"
 #include "app/files/export_grid.h"
 #include "app/files/export_untilting.h"
 #include "app/files/figure.h"
 #include "app/files/file_kinds.h"
-#include "app/files/graphics_page.h"
 #include "app/files/losses.h"
 #include "app/files/save.h"
 #include "app/files/style_file.h"
@@ -257,19 +258,13 @@ class Batch {
   }
 
   bool WritePage() {
-    return WritePageTo(a_.Page, [this](const PictureAnswer& to) {
-      return ExportGraphics(velorix_, to.Path, to.AsBitmap);
-    });
+    return WritePageTo(a_.Page,
+                       [this](const PictureAnswer& to) { return ExportGraphics(velorix_, to); });
   }
 
   bool WriteFigure() {
-    return WritePageTo(a_.Figure, [this](const PictureAnswer& to) {
-      if (style_ == FigureStyle()) return ExportGraphics(velorix_, to.Path, to.AsBitmap);
-      return WriteReported(velorix_, to.Path, [&] {
-        return WriteFigureFile(velorix_.Host, to.Path,
-                               {velorix_.Session, velorix_.Plots, velorix_.GroupStats}, style_);
-      });
-    });
+    return WritePageTo(
+        a_.Figure, [this](const PictureAnswer& to) { return ExportFigure(velorix_, to, style_); });
   }
 
   bool WriteGroupPanels() {

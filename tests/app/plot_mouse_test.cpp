@@ -3,7 +3,7 @@
 #include <cmath>
 #include <random>
 
-#include "app/display/display.h"
+#include "app/commands/display.h"
 #include "app/display/symbol_names.h"
 #include "tests/app/script.h"
 #include "tests/plot/calls.h"

@@ -7,9 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "app/commands.h"
-#include "app/display/display.h"
-#include "app/state/velorix.h"
+#include "app/commands/commands.h"
+#include "app/commands/display.h"
+#include "app/commands/velorix.h"
+#include "app/commands/view_choices.h"
 #include "datafiles/ams_file.h"
 #include "tests/datafiles/temp_folder.h"
 #include "tests/stats/gauss_table.h"

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "app/commands/picture_commands.h"
 #include "app/files/export_groups.h"
-#include "app/files/export_untilting.h"
 #include "app/tables/comparison_table.h"
 #include "app/tables/table_lines.h"
 #include "app/tables/untilting_table.h"

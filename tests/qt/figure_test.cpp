@@ -2,6 +2,7 @@
 #include <QtTest>
 #include <cmath>
 
+#include "app/display/shown_group.h"
 #include "app/files/figure.h"
 #include "app/tables/data_table.h"
 #include "plot/drawing/recorder.h"
@@ -145,7 +146,8 @@ class FigureTest : public QObject {
     style.MoreCodes = style.PanelLetters = style.NameLine = true;
     style.Captions = captions ? CaptionPlace::Outside : CaptionPlace::None;
     const GroupStats none;
-    const FigureSubject subject = {session, plots, none};
+    const GroupSubject of = GroupInView(session);
+    const PageContent subject = {session, plots, none, of};
     Recorder recorder;
     DrawFigure(subject, style, recorder);
     QCOMPARE(QString::fromStdString(CollisionsIn(recorder.calls, FigurePlane(subject, style))),

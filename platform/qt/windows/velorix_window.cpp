@@ -12,10 +12,11 @@
 #include <QToolBar>
 #include <QUrl>
 
-#include "app/commands.h"
-#include "app/display/display.h"
+#include "app/commands/commands.h"
+#include "app/commands/display.h"
+#include "app/commands/startup.h"
+#include "app/commands/view_choices.h"
 #include "app/files/open_flow.h"
-#include "app/startup.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/own_paths.h"
 #include "platform/qt/parts/widgets.h"

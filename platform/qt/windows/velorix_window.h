@@ -4,7 +4,7 @@
 #include <QPointer>
 #include <memory>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 #include "platform/qt/windows/command_bars.h"
 #include "platform/qt/windows/status_labels.h"
 

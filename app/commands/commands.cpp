@@ -1,15 +1,18 @@
-#include "app/commands.h"
+#include "app/commands/commands.h"
 
 #include <algorithm>
 #include <cassert>
 #include <exception>
 
-#include "app/display/display.h"
+#include "app/commands/display.h"
+#include "app/commands/file_commands.h"
+#include "app/commands/picture_commands.h"
+#include "app/display/view_values.h"
 #include "app/files/content_check.h"
 #include "app/files/export_grid.h"
-#include "app/files/graphics_page.h"
 #include "app/files/open_flow.h"
 #include "app/files/save.h"
+#include "app/state/program.h"
 #include "datafiles/preferences_file.h"
 #include "datafiles/settings_file.h"
 #include "tensor/derivation.h"
