@@ -10,6 +10,8 @@
 #include "platform/qt/plots/picture_changes.h"
 #include "plot/drawing/target.h"
 
+class QSinglePointEvent;
+
 namespace velorix {
 
 /// A mouse event on a picture, in the units of its plane; outside the plane too.
