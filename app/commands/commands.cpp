@@ -211,8 +211,9 @@ constexpr Command CommandTable[] = {
     {"mnuGraphicsCopy", "mnuGraphics", "Copy To Clipboard", "Ctrl+C", 9, "Copy Graphics To Clipboard [Crtl+C]", "copy-picture", Action, false, CopyGraphics, nullptr, false},
     {"mnuGraphicsSave", "mnuGraphics", "Save To File", "Ctrl+F", 10, "Save Graphics To File [Crtl+F]", "save-picture", Action, false, SaveGraphics, nullptr, false},
     {"mnuGraphicRedraw", "mnuGraphics", "Redraw", "", 0, "", "", Action, true, AnisoView_DisplayAllPlots, nullptr, false},
-    {"mnuLasso", "mnuGraphics", "Lasso", "", 0, "", "", Check, false, ToggleLasso, HasLasso, true},
     {"mnuGraphicsPrint", "mnuGraphics", "Print", "Ctrl+Shift+P", 0, "", "", Action, false, PrintGraphics, nullptr, true},
+    {"mnuFigure", "mnuGraphics", "Figure Options", "Ctrl+Shift+F", 0, "", "", Action, false, OpenWindow<&WindowOpener::ShowFigureOptions>, nullptr, true},
+    {"mnuLasso", "mnuGraphics", "Lasso", "", 0, "", "", Check, false, ToggleLasso, HasLasso, true},
 
     {"mnuEdit(1)", "mnuEditt", "Edit Orientation Data", "F2", 12, "Edit Orientation Data [F2]", "edit-orientation", Check, false, EditOrientations, nullptr, false},
     {"mnuEdit(2)", "mnuEditt", "Rotate Data", "", 0, "", "", Action, true, nullptr, nullptr, false},

@@ -26,4 +26,21 @@ void WriteStyleFile(const std::string& path, const FigureStyle& style) {
   SafeWrite(path, [&style](std::ostream& out) { out << StyleText(style); });
 }
 
+std::string KeptStyleFile(const std::string& appFolder) {
+  return JoinPath(appFolder, "Figure.style");
+}
+
+std::optional<std::string> AskForStyleFile(const Session& session, Dialogs& dialogs,
+                                           FileAction action) {
+  FileQuestion question =
+      SaveQuestion(session, action == FileAction::Save ? "Save style" : "Load style");
+  question.Filter = FilterText("Figure styles", "style");
+  const auto answer = action == FileAction::Save
+                          ? AskWhereToSave(dialogs, question)
+                          : AskForFile(dialogs, action, question, [](const FileAnswer& chosen) {
+                              return FileExists(chosen.Filename);
+                            });
+  return answer ? std::optional(answer->Filename) : std::nullopt;
+}
+
 }  // namespace velorix

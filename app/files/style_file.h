@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
+#include "app/files/ask_file.h"
 #include "plot/figure/figure_style.h"
 
 namespace velorix {
@@ -12,5 +14,12 @@ Outcome ReadStyleFile(const std::string& path, FigureStyle& style);
 
 /// Writes a style file. A failure is a `FileFault`; the old file then stands.
 void WriteStyleFile(const std::string& path, const FigureStyle& style);
+
+/// The path of the style that the program keeps in its folder.
+std::string KeptStyleFile(const std::string& appFolder);
+
+/// Asks for a style file to read, or for one to write. No answer when the user cancels.
+std::optional<std::string> AskForStyleFile(const Session& session, Dialogs& dialogs,
+                                           FileAction action);
 
 }  // namespace velorix

@@ -56,6 +56,7 @@ struct WindowOpener {
   virtual void ShowOrientationEditor() = 0;
   virtual void ShowOrientationParameters() = 0;
   virtual void ShowFactorChoice() = 0;
+  virtual void ShowFigureOptions() = 0;
   /// Opens the editor of geological files, or raises the one that is open.
   virtual void ShowGedEditor() = 0;
   /// Asks the main window to close, which asks the exit question.

@@ -205,6 +205,15 @@ bool TakeValueText(FigureStyle& style, const StyleKey& key, std::string_view tex
   return std::visit(TakeText{style, text}, key.Value);
 }
 
+std::vector<std::string> WordsOf(const StyleKey& key) {
+  return std::visit(
+      [](const auto& value) -> std::vector<std::string> {
+        if constexpr (requires { value.Words; }) return value.Words;
+        return {};
+      },
+      key.Value);
+}
+
 std::string ChoicesText(const StyleKey& key) { return std::visit(ChoicesOf(), key.Value); }
 
 std::string StyleText(const FigureStyle& style) {
@@ -246,11 +255,12 @@ Palette PaletteOf(const FigureStyle& style) {
                  .ramp = GreyRamp};
       break;
     case FigureColours::Safe:
-      // Of M. Okabe and K. Ito, Color universal design (2008): vermillion, sky blue, blue.
-      palette.axes = palette.bootstrap = {0x005ED5, 0xE9B456, 0xB27200};
-      palette.planes = 0x739E00;
-      palette.lines = 0xA779CC;
-      palette.points = 0xE9B456;
+      // Of M. Okabe and K. Ito, Color universal design (2008): vermillion, bluish green, blue,
+      // reddish purple.
+      palette.axes = palette.bootstrap = {0x005ED5, 0x739E00, 0xB27200};
+      palette.planes = 0xA779CC;
+      palette.lines = 0x404040;
+      palette.points = 0xB27200;
       palette.ramp = ViridisRamp;
       break;
     case FigureColours::Own: {

@@ -82,6 +82,8 @@ const std::vector<StyleKey>& StyleKeys();
 /// they are none of the key's.
 std::string ValueText(const FigureStyle& style, const StyleKey& key);
 bool TakeValueText(FigureStyle& style, const StyleKey& key, std::string_view text);
+/// The words that a key's value may be; none for values of other kinds.
+std::vector<std::string> WordsOf(const StyleKey& key);
 /// What may stand for a key's value: "a number from 30 to 600".
 std::string ChoicesText(const StyleKey& key);
 

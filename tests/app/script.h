@@ -76,6 +76,7 @@ struct RecordedViews : Views, WindowOpener {
   void ShowOrientationEditor() override {}
   void ShowOrientationParameters() override {}
   void ShowFactorChoice() override {}
+  void ShowFigureOptions() override {}
   void ShowGedEditor() override {}
   void Exit() override {}
   void ShowStatus(const std::string& text) override { Status = text; }

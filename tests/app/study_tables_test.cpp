@@ -111,7 +111,7 @@ TEST_F(StudyFilesTest, ComparisonsAreWrittenWithAllDigits) {
 
 TEST_F(StudyFilesTest, TheFigureIsWrittenAsThePageIs) {
   std::string path;
-  Program.Host.WritePicture = [&path](const std::string& to, PlaneSize, double,
+  Program.Host.WritePicture = [&path](const std::string& to, PlaneSize, const PictureScale&,
                                       const Host::DrawPicture&) {
     path = to;
     return Outcome();

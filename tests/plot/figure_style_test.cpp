@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <utility>
 
 #include "plot/drawing/recorder.h"
 #include "plot/figure/styled_target.h"
@@ -67,18 +70,68 @@ TEST(FigureStyle, AWrongLineIsRefusedAndTheStyleStays) {
   }
 }
 
+using Light = std::array<double, 3>;  // linear red, green and blue
+
+Light LightOf(Colour colour) {
+  Light light;
+  for (int i = 0; i < 3; ++i) {
+    const double c = (colour >> (8 * i) & 0xFF) / 255.0;
+    light[static_cast<std::size_t>(i)] =
+        c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+  }
+  return light;
+}
+
 /// The ratio of the lightnesses of two colours, by the definition of WCAG 2.
 double Contrast(Colour a, Colour b) {
-  const auto light = [](Colour colour) {
-    double sum = 0;
-    const double weights[] = {0.2126, 0.7152, 0.0722};
-    for (int i = 0; i < 3; ++i) {
-      const double c = (colour >> (8 * i) & 0xFF) / 255.0;
-      sum += weights[i] * (c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4));
-    }
-    return sum + 0.05;
+  const auto sum = [](const Light& l) {
+    return 0.2126 * l[0] + 0.7152 * l[1] + 0.0722 * l[2] + 0.05;
   };
-  return std::max(light(a), light(b)) / std::min(light(a), light(b));
+  const double x = sum(LightOf(a)), y = sum(LightOf(b));
+  return std::max(x, y) / std::min(x, y);
+}
+
+/// What is seen without one kind of cones: the matrices of G. M. Machado, M. M. Oliveira and L. A.
+/// F. Fernandes (2009), severity 1.
+using Vision = std::array<Light, 3>;
+constexpr Vision Protanopia = {{{0.152286, 1.052583, -0.204868},
+                                {0.114503, 0.786281, 0.099216},
+                                {-0.003882, -0.048116, 1.051998}}};
+constexpr Vision Deuteranopia = {{{0.367322, 0.860646, -0.227968},
+                                  {0.280085, 0.672501, 0.047413},
+                                  {-0.011820, 0.042940, 0.968881}}};
+constexpr Vision Tritanopia = {{{1.255528, -0.076749, -0.178779},
+                                {-0.078411, 0.930809, 0.147602},
+                                {0.004733, 0.691367, 0.303900}}};
+
+/// CIE Lab of a colour as it is seen.
+Light SeenLab(Colour colour, const Vision& vision) {
+  const Light light = LightOf(colour);
+  Light seen;
+  for (std::size_t i = 0; i < 3; ++i)
+    seen[i] = std::clamp(
+        vision[i][0] * light[0] + vision[i][1] * light[1] + vision[i][2] * light[2], 0.0, 1.0);
+  const auto f = [](double t) { return t > 0.008856 ? std::cbrt(t) : 7.787 * t + 16 / 116.0; };
+  const double x = f((0.4124 * seen[0] + 0.3576 * seen[1] + 0.1805 * seen[2]) / 0.9505);
+  const double y = f(0.2126 * seen[0] + 0.7152 * seen[1] + 0.0722 * seen[2]);
+  const double z = f((0.0193 * seen[0] + 0.1192 * seen[1] + 0.9505 * seen[2]) / 1.089);
+  return {116 * y - 16, 500 * (x - y), 200 * (y - z)};
+}
+
+TEST(FigureStyle, SafeColoursOfTheAxesAreToldApartByEveryEye) {
+  FigureStyle style;
+  style.Colours = FigureColours::Safe;
+  const Palette safe = PaletteOf(style);
+  const std::pair<Vision, double> visions[] = {
+      {Protanopia, 37}, {Deuteranopia, 53}, {Tritanopia, 16}};
+  for (int k = 1; k <= 3; ++k) {
+    EXPECT_GE(Contrast(safe.axes[k], White), 3) << k;
+    for (const auto& [vision, least] : visions) {
+      const Light a = SeenLab(safe.axes[k], vision), b = SeenLab(safe.axes[k % 3 + 1], vision);
+      EXPECT_GE(std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]), least) << k;
+    }
+  }
+  EXPECT_GE(Contrast(safe.planes, White), 3);
 }
 
 TEST(FigureStyle, GreysOfTheAxesAreToldApartAndSeenOnPaper) {

@@ -30,6 +30,7 @@
 #include "platform/qt/windows/data_table_window.h"
 #include "platform/qt/windows/edit_data_window.h"
 #include "platform/qt/windows/factor_window.h"
+#include "platform/qt/windows/figure_window.h"
 #include "platform/qt/windows/foli_line_window.h"
 #include "platform/qt/windows/ged_editor_window.h"
 #include "platform/qt/windows/grid_panel.h"
@@ -310,6 +311,11 @@ void frmVelorix::ShowOrientationParameters() {
 void frmVelorix::ShowFactorChoice() {
   frmAnisoFac factors(*velorix_, this);
   factors.exec();
+}
+
+void frmVelorix::ShowFigureOptions() {
+  frmFigure figure(*velorix_, this);
+  figure.exec();
 }
 
 void frmVelorix::ShowGedEditor() {

@@ -61,6 +61,7 @@ class frmVelorix : public QMainWindow, public Views, public WindowOpener {
   void ShowOrientationEditor() override;
   void ShowOrientationParameters() override;
   void ShowFactorChoice() override;
+  void ShowFigureOptions() override;
   void ShowGedEditor() override;
   void Exit() override;
 
