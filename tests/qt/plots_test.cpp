@@ -179,12 +179,13 @@ class PlotsTest : public WindowTest {
     Drag(net, {1, 1}, {1, 1}, Qt::LeftButton);  // clears the selection
     QCOMPARE(grabbed(), first);
     TurnWheel(net, mouse, 100);
-    MoveMouse(net, mouse + QPoint(20, 0));
-    const QString beside = readOut();
-    TurnWheel(net, mouse, 1, Qt::ShiftModifier);  // moves it
-    QVERIFY(readOut() != beside);
-    TurnWheel(net, mouse, -1, Qt::ShiftModifier);
-    QCOMPARE(readOut(), beside);
+    const QPoint beside = mouse + QPoint(20, 0);
+    MoveMouse(net, beside);
+    const QString readBeside = readOut();
+    TurnWheel(net, beside, 1, Qt::ShiftModifier);  // moves it
+    QVERIFY(readOut() != readBeside);
+    TurnWheel(net, beside, -1, Qt::ShiftModifier);
+    QCOMPARE(readOut(), readBeside);
     W().Window.resize(1400, 900);
     W().Open(W().WriteFile("site", 3));
     Settle();
