@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "plot/drawing/fitting_text.h"
 #include "text/numbers.h"
 
 namespace velorix {
@@ -147,7 +148,7 @@ Outcome TakeLine(std::string_view line, int number, FigureStyle& style) {
     if (TakeValueText(style, row, value)) return {};
     return Wrong(number, std::string(key) + " is " + ChoicesText(row) + ".");
   }
-  return Wrong(number, "there is no key \"" + std::string(key) + "\".");
+  return Wrong(number, "there is no key \"" + FittingText(std::string(key), 20) + "\".");
 }
 
 Colour GreyRamp(float x) {

@@ -1,6 +1,9 @@
 // The graphics page as files, on the clipboard and on paper.
 
 #include <QClipboard>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QPrinter>
 #include <QSvgRenderer>
@@ -49,6 +52,41 @@ class PageFilesTest : public WindowTest {
     form_ = &W().Window;
     GivePictures(W().Program.Host, form_);
     W().Open(VELORIX_SOURCE_DIR "/examples/dike.ams");
+  }
+
+  void figureOptionsMakeAFigureOfTheirStyle() {
+    const auto list = [this](const char* name) -> QComboBox& { return The<QComboBox>(name); };
+    ShowDialog("mnuFigure", [&] {
+      if (const QString shots = qEnvironmentVariable("VELORIX_SHOTS"); !shots.isEmpty())
+        form_->grab().save(shots + "/figure_now.png");
+      QCOMPARE(The<QLabel>("lblFigureSize").text(), QString("228.6 x 203.2 mm"));
+      list("style-width").setEditText("85");
+      list("style-width").setEditText("8500");  // is red, and the figure stays
+      QCOMPARE(list("style-width").lineEdit()->palette().color(QPalette::Text), QColor(Qt::red));
+      QCOMPARE(The<QLabel>("lblFigureSize").text(), QString("85.0 x 75.6 mm"));
+      list("style-layout").setCurrentText("Fill");
+      list("style-captions").setCurrentText("Outside");
+      list("style-resolution").setEditText("300");
+      list("style-font-size").setEditText("7,5");
+      Press("style-halo");
+      W().Asked.Files.push_back(FileAnswer{Path("f.png").toStdString(), 5});
+      Press("cmdSave");
+      W().Asked.Files.push_back(FileAnswer{Path("f.style").toStdString(), 1});
+      Press("cmdSaveStyle");
+      Press("cmdAsNow");
+      QCOMPARE(Look("style-width style-font-size style-halo"), QString("228.6|As now|"));
+      W().Asked.Files.push_back(FileAnswer{Path("f.style").toStdString(), 1});
+      Press("cmdLoadStyle");
+      if (const QString shots = qEnvironmentVariable("VELORIX_SHOTS"); !shots.isEmpty())
+        form_->grab().save(shots + "/figure.png");
+    });
+    const QImage figure(Path("f.png"));
+    QCOMPARE(figure.width(), 1004);  // 85 mm at 300 an inch
+    QCOMPARE(figure.dotsPerMeterX(), 11811);
+    ShowDialog("mnuFigure", [&] {  // the style was kept
+      QCOMPARE(Look("style-layout style-width style-font-size style-halo"),
+               QString("Fill|85|7.5|+"));
+    });
   }
 
   void everyTypeShowsTheSamePicture() {

@@ -253,7 +253,7 @@ class ReachTest : public WindowTest {
             std::pair{"cmdUntilt", "frmUntilting"}, std::pair{"mnuGedEditor", "frmGEDEditor"},
             std::pair{"mnuManual", "frmManual"}, std::pair{"mnuEdit(1)", "frmEditData"},
             std::pair{"mnuOPAR", "frmOPAR"}, std::pair{"mnuAnisoFac", "frmAnisoFac"},
-            std::pair{"mnuAbout", "frmAbout"}})
+            std::pair{"mnuFigure", "frmFigure"}, std::pair{"mnuAbout", "frmAbout"}})
         QTest::addRow("%s%s", name, large ? ", large and dark" : "") << command << name << large;
   }
   void everyWindowIsUsedWithoutAMouseAndReadWhole() {
@@ -274,7 +274,7 @@ class ReachTest : public WindowTest {
     for (QAction* action : W().Window.findChildren<QAction*>())
       if (action->shortcutContext() == Qt::ApplicationShortcut && action->isVisible())
         everywhere += action;
-    const auto dialogs = {"frmEditData", "frmOPAR", "frmAnisoFac", "frmAbout"};
+    const auto dialogs = {"frmEditData", "frmOPAR", "frmAnisoFac", "frmAbout", "frmFigure"};
     if (std::find(dialogs.begin(), dialogs.end(), name) != dialogs.end()) {
       ShowDialog(command.toUtf8(), [&] {
         QCOMPARE(form_->objectName(), name);

@@ -168,7 +168,10 @@ QWidget* frmFigure::MakeColour(const StyleKey& key) {
   auto* back = new QToolButton(box);
   choose->setText("...");
   choose->setToolTip("Choose a colour");
+  choose->setAccessibleName(QString(key.Caption) + ", choose a colour");
   back->setText("As now");
+  back->setToolTip("The colour as it is now");
+  back->setAccessibleName(QString(key.Caption) + ", as now");
   auto* row = new QHBoxLayout(box);
   row->setContentsMargins(0, 0, 0, 0);
   row->addWidget(text, 1);
