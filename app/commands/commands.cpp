@@ -122,6 +122,9 @@ void ToggleFormerFile(Velorix& v) {
 }
 bool KeepsFormerFile(const Velorix& v) { return v.Session.Preferences.KeepFormerFile; }
 
+void ToggleLasso(Velorix& v) { v.Plots.Lasso = !v.Plots.Lasso; }
+bool HasLasso(const Velorix& v) { return v.Plots.Lasso; }
+
 template <auto Choice, auto Value>
 bool IsChosen(const Velorix& v) {
   return v.Session.*Choice == Value;
@@ -210,6 +213,7 @@ constexpr Command CommandTable[] = {
     {"mnuGraphicRedraw", "mnuGraphics", "Redraw", "", 0, "", "", Action, true, AnisoView_DisplayAllPlots, nullptr, false},
     {"mnuGraphicsPrint", "mnuGraphics", "Print", "Ctrl+Shift+P", 0, "", "", Action, false, PrintGraphics, nullptr, true},
     {"mnuFigure", "mnuGraphics", "Figure Options", "Ctrl+Shift+F", 0, "", "", Action, false, OpenWindow<&WindowOpener::ShowFigureOptions>, nullptr, true},
+    {"mnuLasso", "mnuGraphics", "Lasso", "", 0, "", "", Check, false, ToggleLasso, HasLasso, true},
 
     {"mnuEdit(1)", "mnuEditt", "Edit Orientation Data", "F2", 12, "Edit Orientation Data [F2]", "edit-orientation", Check, false, EditOrientations, nullptr, false},
     {"mnuEdit(2)", "mnuEditt", "Rotate Data", "", 0, "", "", Action, true, nullptr, nullptr, false},

@@ -15,6 +15,7 @@
 #include "app/state/views.h"
 #include "plot/axes/columns.h"
 #include "plot/net/stereo.h"
+#include "plot/plots/histogram.h"
 #include "plot/plots/xy_plot.h"
 #include "stats/group/group_statistics.h"
 #include "store/session.h"
@@ -35,6 +36,7 @@ struct Velorix {
   CodeLists Lists = {};
   PlotChoices Plots = {};
   Array1<std::optional<DrawnXYPlot>, 2> XYDrawn = {};  // the plots on the screen
+  std::vector<HistoBar> HistoDrawn = {};
   OpenWindows Windows = {};
   velorix::GroupStats GroupStats = {};
   GroupSubject GroupOf = {};  // what they were computed of

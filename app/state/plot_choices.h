@@ -33,6 +33,7 @@ struct PlotChoices {
   Array1<bool, 2> XYLines = {};          // whether each is drawn with lines now
   Column HistoParameter = Column::Km;
   PageOptions Page = {};
+  bool Lasso = false;  // the left button draws a free line instead of a box
   GroupChoices Groups = {};
   GroupMarks Marks = {};  // as `MarkGroups` made them for the view
 

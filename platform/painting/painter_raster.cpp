@@ -50,10 +50,11 @@ void PainterTarget::Raster(LogicalPoint corner, int width, std::span<const Colou
   if (width <= 0 || pixels.size() < static_cast<std::size_t>(width)) return;
   const int height = static_cast<int>(pixels.size() / static_cast<std::size_t>(width));
   std::vector<int> xEdges, yEdges;
-  if (surface_ == Surface::Page) {
+  if (surface_ == Surface::Page || SymbolScale < 1) {
+    const double unit = fine_.scale * Fineness;
     for (int i = 0; i <= width; ++i) xEdges.push_back(i * PageEnlargement);
     for (int j = 0; j <= height; ++j) yEdges.push_back(j * PageEnlargement);
-    painter_.drawImage(QRectF(Placed(corner), QSizeF(width * fit_.scale, height * fit_.scale)),
+    painter_.drawImage(QRectF(Placed(corner), QSizeF(width * unit, height * unit)),
                        Magnified(pixels, width, UnitsOf(xEdges), UnitsOf(yEdges)));
     return;
   }

@@ -108,6 +108,16 @@ PainterTarget::PainterTarget(QPainter& painter, const PlaneFit& fit, Surface sur
   painter_.setRenderHint(QPainter::TextAntialiasing);
 }
 
+PainterTarget::PainterTarget(QPainter& painter, const PlaneFit& fit, double enlarged)
+    : Target(PageFineness, 1 / enlarged),
+      painter_(painter),
+      fit_{fit.scale / enlarged, fit.dx, fit.dy},
+      fine_{fit.scale / Fineness, fit.dx, fit.dy},
+      surface_(Surface::Pixels) {
+  painter_.setRenderHint(QPainter::Antialiasing);
+  painter_.setRenderHint(QPainter::TextAntialiasing);
+}
+
 void PainterTarget::SetTransparent() { painter_.setBackgroundMode(Qt::TransparentMode); }
 
 void PainterTarget::Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) {
@@ -137,9 +147,9 @@ void PainterTarget::Ramp(std::span<const std::int32_t> sides, std::int32_t botto
   const double pen = PenWidth({}), half = std::floor(pen / 2);
   const std::size_t bars = sides.size() - 1;
   for (std::size_t n = 0; n < colours.size(); ++n) {
-    const std::int32_t y = bottom - static_cast<std::int32_t>(n / bars);
+    const std::int32_t y = bottom - Fineness * static_cast<std::int32_t>(n / bars);
     const QPointF from = Snapped({sides[n % bars], y});
-    const QPointF below = Snapped({sides[n % bars + 1], std::min(y + 1, bottom)});
+    const QPointF below = Snapped({sides[n % bars + 1], std::min(y + Fineness, bottom)});
     const QPointF corner(from.x() - half, from.y() - half);
     painter_.fillRect(
         QRectF(corner, QPointF(below.x() - half + pen, std::max(below.y(), corner.y() + pen))),
@@ -195,6 +205,20 @@ void PainterTarget::Text(std::string_view text, LogicalPoint point, const TextSt
   painter_.restore();
 }
 
+/// Whether all of a shape lies beside the painter's window, its pen and pointed corners included.
+bool PainterTarget::IsOutside(std::span<const LogicalPoint> points, const Pen& pen) const {
+  const double rim = 2 + 3 * PenWidth(pen);
+  const QRectF seen = QRectF(painter_.window()).adjusted(-rim, -rim, rim, rim);
+  QPointF least = fine_.ToDevice(points[0].x, points[0].y), most = least;
+  for (const LogicalPoint point : points) {
+    const QPointF p = fine_.ToDevice(point.x, point.y);
+    least = {std::min(least.x(), p.x()), std::min(least.y(), p.y())};
+    most = {std::max(most.x(), p.x()), std::max(most.y(), p.y())};
+  }
+  return most.x() < seen.left() || most.y() < seen.top() || least.x() > seen.right() ||
+         least.y() > seen.bottom();
+}
+
 QPointF PainterTarget::Placed(LogicalPoint point) const {
   return surface_ == Surface::Pixels ? Snapped(point) : fine_.ToDevice(point.x, point.y);
 }
@@ -219,7 +243,7 @@ QPen PainterTarget::ToQPen(const Pen& pen, Kind kind) const {
 
 void PainterTarget::Draw(Kind kind, std::span<const LogicalPoint> points, const Pen& pen,
                          Brush brush) {
-  if (points.size() < 2) return;
+  if (points.size() < 2 || (SymbolScale < 1 && IsOutside(points, pen))) return;
   if (surface_ == Surface::Page || !DrawStamp(kind, points, pen, brush))
     DrawShape(painter_, kind, points, Placed(points[0]), pen, brush);
 }

@@ -37,6 +37,10 @@ inline constexpr int PageFineness = 100;
 class PainterTarget : public Target {
  public:
   PainterTarget(QPainter& painter, const PlaneFit& fit, Surface surface = Surface::Pixels);
+  /// On pixels, `enlarged` times as large as the whole picture is: `fit` is that of the enlarged
+  /// plane. Points lie as finely as on a page, what lies outside the painter's window costs little,
+  /// and symbols, pens and letters keep their size.
+  PainterTarget(QPainter& painter, const PlaneFit& fit, double enlarged);
 
   void SetTransparent() override;
   void Polygon(std::span<const LogicalPoint> points, const Pen& pen, Brush brush) override;
@@ -76,6 +80,7 @@ class PainterTarget : public Target {
                  const QPointF& first, const Pen& pen, Brush brush) const;
   Stamp MakeStamp(Kind kind, std::span<const LogicalPoint> points, const Pen& pen,
                   Brush brush) const;
+  bool IsOutside(std::span<const LogicalPoint> points, const Pen& pen) const;
   QPointF Placed(LogicalPoint point) const;
   QPointF Snapped(LogicalPoint point) const;
   double PenWidth(const Pen& pen) const;

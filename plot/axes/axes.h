@@ -13,13 +13,14 @@ struct PrincipalAxis {
   std::int16_t symbol;
   velorix::Colour colour;
   double sizeFactor;  // of the symbol size
+  double meanFactor;  // the same for a mean direction
 };
 
 // clang-format off
 inline constexpr Array1<PrincipalAxis, 3> Axes = {{
-    {"Max", 1, Red,   1.0},
-    {"Int", 2, Green, 1.0},
-    {"Min", 3, Blue,  1.2},
+    {"Max", 1, Red,   1.0, 1.3},
+    {"Int", 2, Green, 1.0, 1.3},
+    {"Min", 3, Blue,  1.2, 1.5},
 }};
 // clang-format on
 

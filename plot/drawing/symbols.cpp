@@ -142,7 +142,7 @@ void DrawBody(Body body, const Place& place, const Pen& pen, Colour fill) {
 void DrawSymbol(Target& target, std::int16_t type, float x, float y, std::int16_t size, Colour fill,
                 Pen& pen) {
   if (pen.width == 0) pen.width = 1;  // in the caller's pen too
-  const Place place = {target, x, y, static_cast<double>(size)};
+  const Place place = {target, x, y, size * target.SymbolScale};
 
   if (type == -1) {
     target.Pixel(place.At(0, 0), fill);

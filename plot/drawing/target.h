@@ -84,10 +84,15 @@ inline constexpr Colour NoColour = 0xFFFFFFFF;
 /// Points and boxes come in units that are `Fineness` times as fine as the logical ones, so that
 /// curves on paper are smooth. Sizes stay logical: widths of pens, heights of letters, the units of
 /// a raster and the lines of a ramp.
+///
+/// Symbols are drawn `SymbolScale` times their size: smaller than 1 on an enlarged picture, whose
+/// symbols then come apart. Such a target keeps pens and letters at their size by itself.
 struct Target {
   const int Fineness;
+  const double SymbolScale;
 
-  explicit Target(int fineness = 1) : Fineness(fineness) {}
+  explicit Target(int fineness = 1, double symbolScale = 1)
+      : Fineness(fineness), SymbolScale(symbolScale) {}
   virtual ~Target() = default;
   /// Title and description of the picture, for the targets that carry them.
   virtual void Describe(std::string_view title, std::string_view description) {

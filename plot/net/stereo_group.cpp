@@ -5,8 +5,6 @@ namespace {
 
 /// Sizes of the symbols of a bootstrap cloud.
 constexpr Array1<std::int16_t, 3> CloudSizes = {1, 3, 3};
-/// Sizes of the mean directions' symbols.
-constexpr Array1<double, 3> MeanSizes = {1.3, 1.3, 1.5};
 
 Direction Long(const ShortDirection& d) { return {d.Dec, d.Inc}; }
 
@@ -76,7 +74,8 @@ void DrawMeanHalos(const StereoView& view) {
       if (const Direction mean = {stats.MeanDec[k], stats.MeanInc[k]};
           means && ShowsMean(stats) && view.options.showAxis[k] && IsFinite(mean))
         DrawNetSymbol(view.target, view.net, EqualArea, mean, Axes[k].symbol,
-                      view.SymbolSize(MeanSizes[k]), White, rim(view.Scaled(2, view.lineWidth)));
+                      view.SymbolSize(Axes[k].meanFactor), White,
+                      rim(view.Scaled(2, view.lineWidth)));
     }
   };
   if (view.marks)
@@ -96,7 +95,7 @@ void DrawMeans(const StereoView& view) {
                       {.colour = view.Colours().axes[k], .width = 2});
   for (int k = 1; k <= 3; ++k)
     if (view.options.showAxis[k] && IsFinite(mean(k)))
-      DrawOpenMark(view, mean(k), Axes[k].symbol, MeanSizes[k], Finish::Full,
+      DrawOpenMark(view, mean(k), Axes[k].symbol, Axes[k].meanFactor, Finish::Full,
                    view.Colours().axes[k]);
 }
 
@@ -128,7 +127,7 @@ void DrawGroupMeans(const StereoView& view) {
     for (int k = 1; k <= 3; ++k)
       if (const Direction mean = {stats.MeanDec[k], stats.MeanInc[k]};
           view.options.showAxis[k] && IsFinite(mean))
-        DrawOpenMark(view, mean, view.SymbolOf(k, mark, by), MeanSizes[k], mark.finish,
+        DrawOpenMark(view, mean, view.SymbolOf(k, mark, by), Axes[k].meanFactor, mark.finish,
                      colourOf(k, mark));
   }
 }

@@ -24,7 +24,7 @@ std::vector<HistoClass> CountClasses(std::span<const double> values,
   std::vector<HistoClass> classes;
   for (std::size_t i = 1; i < edges.size(); ++i) {
     const double lower = edges[i - 1], upper = edges[i];
-    const auto within = [=](double value) { return lower <= value && value <= upper; };
+    const auto within = [=](double value) { return IsInClass(value, lower, upper); };
     classes.push_back({lower, upper, std::count_if(values.begin(), values.end(), within), {}});
     if (groups.size() != values.size()) continue;
     for (std::size_t v = 0; v < values.size(); ++v)
@@ -49,11 +49,13 @@ void DrawPart(Target& target, const Point& foot, const Point& top, const GroupMa
 
 }  // namespace
 
-void PaintHistogram(Target& target, const PlotGeometry& plot, std::span<const double> values,
-                    const Axis& axis, const std::string& title, Colour bars, Colour frame,
-                    std::span<const std::uint16_t> groups) {
+std::vector<HistoBar> PaintHistogram(Target& target, const PlotGeometry& plot,
+                                     std::span<const double> values, const Axis& axis,
+                                     const std::string& title, Colour bars, Colour frame,
+                                     std::span<const std::uint16_t> groups) {
   target.Layer("histogram");
-  if (axis.IsEmpty()) return;
+  std::vector<HistoBar> drawn;
+  if (axis.IsEmpty()) return drawn;
   DrawPlotPaper(target, plot);
   DrawPlotTitle(target, plot, title);
   const std::vector<HistoClass> classes = CountClasses(values, groups, axis.range);
@@ -69,6 +71,7 @@ void PaintHistogram(Target& target, const PlotGeometry& plot, std::span<const do
     if (c.count == 0 || c.upper > axis.range.upper + 0.5 * axis.range.step) continue;
     const Point foot = plot.At(axis.ShareOf(c.lower), 0);
     const Point top = plot.At(axis.ShareOf(c.upper), counts.ShareOf(static_cast<double>(c.count)));
+    drawn.push_back({c.lower, c.upper, c.count, foot, top});
     if (c.ofGroup.empty()) {
       DrawRectangle(target, foot.x, foot.y, top.x, top.y, {.colour = frame}, bars);
       continue;
@@ -87,19 +90,22 @@ void PaintHistogram(Target& target, const PlotGeometry& plot, std::span<const do
   }
   DrawYAxis(target, plot, counts, "Counts");
   DrawPlotFrame(target, plot, frame);
+  return drawn;
 }
 
-void DrawHisto(Target& target, const PlotGeometry& plot, std::span<const double> values,
-               Column column, const Settings& settings, std::span<const std::uint16_t> groups) {
+std::vector<HistoBar> DrawHisto(Target& target, const PlotGeometry& plot,
+                                std::span<const double> values, Column column,
+                                const Settings& settings, std::span<const std::uint16_t> groups) {
   target.SetTransparent();
-  if (values.empty()) return DrawEmptyPlot(target, plot);
+  if (values.empty()) DrawEmptyPlot(target, plot);
   Extent extent;
   for (const double value : values) extent.Add(value);
-  if (extent.IsEmpty()) return;
+  if (extent.IsEmpty()) return {};
   // Before the scale is chosen, so that the classes suit the range; ColumnAxis does it again.
   extent = ImposeBounds(column, extent);
   const Axis axis = ColumnAxis(column, extent.lower, extent.upper, settings);
-  PaintHistogram(target, plot, values, axis, axis.label, InfoOf(column).colour, Black, groups);
+  return PaintHistogram(target, plot, values, axis, axis.label, InfoOf(column).colour, Black,
+                        groups);
 }
 
 }  // namespace velorix

@@ -297,6 +297,59 @@ class PainterTargetTest : public QObject {
       QVERIFY2(picture.grab().toImage() == Whole(picture, draw), qPrintable(QString::number(step)));
     }
   }
+  void anEnlargedPictureIsFinerAndKeepsSizes() {
+    PictureWidget picture;
+    picture.AllowZoom();
+    picture.resize(368, 374);  // a unit is a pixel
+    const auto draw = [](Target& t) {
+      Symbol(t, 1, 50, 100, 9, Black);
+      Symbol(t, 1, 50.4f, 100.4f, 9, Black);
+      DrawLine(t, 90, 0, 90, 366, {});
+    };
+    picture.SetPicture(NetPlane, draw);
+    TurnWheel(picture, {54, 104}, 100);  // place 50, 100 stays under the mouse; 40 times
+    // Squares 10 pixels wide, as on the whole picture, with 0.4 units of 40 pixels between them.
+    QCOMPARE(Ink(picture.grab().toImage()), QRect(QPoint(50, 100), QPoint(75, 125)));
+    TurnWheel(picture, {200, 10}, -50);
+    QVERIFY(picture.grab().toImage() == Whole(picture, draw));
+  }
+
+  void everyChangeOfAnEnlargedStereonetIsDrawnAsIfWhole() {
+    TestWindow window;
+    window.Open(VELORIX_SOURCE_DIR "/examples/granite.ams");
+    Session& session = window.Program.Session;
+    StereoOptions options = window.Program.Plots.Stereo;
+    const auto draw = [&](Target& target) {
+      DrawStereo(session.Records, session.CoorSys, target, StereoGeometry{}, options,
+                 session.ReImMode, window.Program.GroupStats, session.Settings);
+    };
+    PictureWidget picture;
+    picture.AllowZoom();
+    picture.SetPicture(NetPlane, draw);
+    picture.resize(500, 420);
+    const auto turn = [](PictureWidget& widget, int step) {
+      TurnWheel(widget, {100 + 9 * step, 60 + 7 * step}, step % 5 == 4 ? -20 : 3);
+    };
+    int changes = 0;
+    for (int step = 0; step < 30; ++step) {
+      session.Records[1 + step % 20].Selected ^= true;
+      if (step % 3 == 0) options.showDataEllipses = !options.showDataEllipses;
+      turn(picture, step);
+      const QImage before = picture.grab().toImage();
+      session.Records[1 + step * 7 % 20].Selected ^= true;
+      picture.Redraw();
+      PictureWidget fresh;
+      fresh.AllowZoom();
+      fresh.SetPicture(NetPlane, draw);
+      fresh.resize(picture.size());
+      for (int i = 0; i <= step; ++i) turn(fresh, i);
+      const QImage after = picture.grab().toImage();
+      QVERIFY2(after == fresh.grab().toImage(), qPrintable(QString::number(step)));
+      changes += after != before;
+    }
+    QVERIFY(changes > 10);
+  }
+
   void onlyTheTilesOfWhatChangedAreTouched() {
     const auto one = [](Target& t) { Symbol(t, 3, 50, 50, 9, Red); };
     const auto two = [](Target& t) { Symbol(t, 3, 300, 300, 9, Blue); };

@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QHeaderView>
+#include <QStatusBar>
 
 #include "platform/qt/plots/picture_widget.h"
 #include "platform/qt/windows/data_table_window.h"
@@ -108,6 +109,122 @@ class PlotsTest : public WindowTest {
     QTest::mousePress(&plot, Qt::LeftButton, {}, from);
     MoveMouse(plot, to, Qt::LeftButton);
     QTest::mouseRelease(&plot, Qt::LeftButton, {}, from);  // it ends as a click
+    QVERIFY(W().Selected().isEmpty());
+  }
+
+  void theSymbolUnderTheMouseIsNamedInTipAndStatusLine() {
+    QWidget &plot = Picture("picXYPlot1"), &net = Picture("picStereo"),
+            &histo = Picture("picHisto");
+    QStatusBar& bar = *W().Window.statusBar();
+    bar.clearMessage();
+    const QString tips = plot.toolTip() + net.toolTip() + histo.toolTip();
+    Records()[1].Selected = true;  // so that it lies on top
+    Records()[1].Name = "<b>7";
+    W().Window.RedrawXYPlot(1);
+    Settle();
+    const auto [x, y] = W().Program.XYDrawn[1]->symbols[0];
+    MoveMouse(plot, PlaceIn(plot, {360, 290}, {x, y}));
+    QVERIFY2(bar.currentMessage().startsWith("<b>7, Kmean "), qPrintable(bar.currentMessage()));
+    QVERIFY(plot.toolTip().contains("&lt;b&gt;7, Kmean ") && plot.toolTip().contains(", P 1."));
+    MoveMouse(plot, {5, 5});
+    QCOMPARE(bar.currentMessage(), "");
+    bar.showMessage("not written");  // a message of the program stays
+    const auto& [foot, top] =
+        std::pair(W().Program.HistoDrawn[0].foot, W().Program.HistoDrawn[0].top);
+    MoveMouse(histo, PlaceIn(histo, {360, 290}, {(foot.x + top.x) / 2, (foot.y + top.y) / 2}));
+    QVERIFY2(histo.toolTip().startsWith("Kmean ") && histo.toolTip().contains(" specimen"),
+             qPrintable(histo.toolTip()));
+    QCOMPARE(bar.currentMessage(), "not written");
+    MoveMouse(net, PlaceIn(net, {360, 366}, {20, 20}));
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(&histo, &leave);
+    QCOMPARE(plot.toolTip() + net.toolTip() + histo.toolTip(), tips);
+    const SpecimenRecord& r = Records()[1];
+    const double radius = 155 * std::sqrt(1 - std::sin(r.Inc[3] / 57.29578));
+    MoveMouse(net, PlaceIn(net, {360, 366},
+                           {180 + radius * std::sin(r.Dec[3] / 57.29578),
+                            190 - radius * std::cos(r.Dec[3] / 57.29578)}));
+    QVERIFY2(net.toolTip().contains(", K"), qPrintable(net.toolTip()));
+  }
+
+  void theWheelEnlargesRoundTheMouseAndAllComesBack() {
+    QWidget& net = Picture("picStereo");
+    const auto grabbed = [&] { return net.grab().toImage(); };
+    const auto readOut = [&] { return Look("lblStereoCursorPos(1) lblStereoCursorPos(2)"); };
+    auto& whole = In<QAction>(net, "mnuWholePlot");
+    QVERIFY(net.actions().contains(&whole) && !whole.isEnabled());
+    TurnWheel(net, {50, 50}, -3);  // never smaller than whole
+    QVERIFY(!whole.isEnabled());
+    const QImage first = grabbed();
+    const auto at = [&](double x, double y) { return PlaceIn(net, {360, 366}, {x, y}); };
+    const QPoint mouse = at(185, 200);
+    MoveMouse(net, mouse);
+    const QString read = readOut();
+    TurnWheel(net, mouse, 7);  // 1.25 to the 7th power is 4.77
+    QCOMPARE(readOut(), read);
+    QVERIFY(whole.isEnabled() && grabbed() != first);
+
+    // What lies 20 units beside the mouse in the plane is 4.77 times as far on the screen.
+    const auto enlarged = [&](double x, double y) {
+      return mouse + (4.7684 * QPointF(at(x, y) - mouse)).toPoint();
+    };
+    Drag(net, enlarged(165, 180), enlarged(195, 205), Qt::LeftButton);
+    const QList<int> selected = W().Selected();
+    QVERIFY(selected.size() > 3 && selected.size() < Records().Count());
+    Key(Qt::Key_0, Qt::ControlModifier);
+    QVERIFY(!whole.isEnabled());
+    Drag(net, at(165, 180), at(195, 205), Qt::LeftButton);
+    QVERIFY(std::abs(W().Selected().size() - selected.size()) <= 3);  // a pixel at the box's edges
+
+    Drag(net, {1, 1}, {1, 1}, Qt::LeftButton);  // clears the selection
+    QCOMPARE(grabbed(), first);
+    TurnWheel(net, mouse, 100);
+    const QPoint beside = mouse + QPoint(20, 0);
+    MoveMouse(net, beside);
+    const QString readBeside = readOut();
+    TurnWheel(net, beside, 1, Qt::ShiftModifier);  // moves it
+    QVERIFY(readOut() != readBeside);
+    TurnWheel(net, beside, -1, Qt::ShiftModifier);
+    QCOMPARE(readOut(), readBeside);
+    W().Window.resize(1400, 900);
+    W().Open(W().WriteFile("site", 3));
+    Settle();
+    QVERIFY(whole.isEnabled());  // neither a size nor a file takes it back
+    whole.trigger();
+    QVERIFY(!whole.isEnabled());
+    MoveMouse(net, PlaceIn(net, {360, 366}, {180, 190}));
+    QVERIFY(Look("lblStereoCursorPos(2)").mid(6).toDouble() > 89);
+  }
+
+  void aLassoSelectsWhereABoxDoes() {
+    auto& item = The<QAction>("mnuLasso");
+    QVERIFY(!item.isChecked());
+    QWidget &plot = Picture("picXYPlot1"), &histo = Picture("picHisto");
+    const auto draw = [&](QWidget& picture, const QList<QPointF>& places) {
+      const auto at = [&](const QPointF& p) { return PlaceIn(picture, {360, 290}, p); };
+      QTest::mousePress(&picture, Qt::LeftButton, {}, at(places[0]));
+      for (const QPointF& place : places) MoveMouse(picture, at(place), Qt::LeftButton);
+      const QImage drawn = picture.grab().toImage();
+      QTest::mouseRelease(&picture, Qt::LeftButton, {}, at(places.last()));
+      return drawn != picture.grab().toImage();
+    };
+    const QList<QPointF> corner = {{59, 246}, {59, 100}, {200, 246}};
+    draw(plot, corner);  // a box from the first place to the last has no height
+    QVERIFY(W().Selected().isEmpty());
+    item.trigger();
+    QVERIFY(item.isChecked());
+    QVERIFY(draw(plot, corner));
+    QVERIFY(!W().Selected().isEmpty());
+    for (const SpecimenRecord& r : Records()) {  // give or take a pixel at the line
+      const auto [x, y] = W().Program.XYDrawn[1]->symbols[static_cast<std::size_t>(r.RecordNo - 1)];
+      const double beyond = (x - 59) / 141 + (246 - y) / 146 - 1;
+      if (std::abs(beyond) > 0.03) QCOMPARE(r.Selected, beyond < 0);
+    }
+    draw(histo, {{60, 10}, {345, 10}, {345, 280}, {60, 280}});
+    QCOMPARE(W().Selected().size(), Records().Count());
+    draw(histo, {{100, 100}, {100, 100}});  // a click does nothing there
+    QCOMPARE(W().Selected().size(), Records().Count());
+    draw(plot, {{10, 10}, {12, 12}, {14, 14}});  // and clears here
     QVERIFY(W().Selected().isEmpty());
   }
 

@@ -110,6 +110,13 @@ inline void MoveMouse(QWidget& widget, QPoint place, Qt::MouseButtons buttons = 
   QCoreApplication::sendEvent(&widget, &move);
 }
 
+/// Turns the wheel over a place of a widget, by so many notches; upward enlarges a plot.
+inline void TurnWheel(QWidget& widget, QPoint place, int notches, Qt::KeyboardModifiers keys = {}) {
+  QWheelEvent turn(place, widget.mapToGlobal(place), {}, {0, 120 * notches}, Qt::NoButton, keys,
+                   Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(&widget, &turn);
+}
+
 /// The real main window over scripted dialogs, with folders of its own. Controls are found by their
 /// system names.
 struct TestWindow {

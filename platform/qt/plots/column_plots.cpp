@@ -8,6 +8,7 @@
 
 #include "app/commands/view_choices.h"
 #include "app/display/plot_mouse.h"
+#include "app/display/symbol_names.h"
 #include "app/display/view_lists.h"
 #include "app/tables/data_table.h"
 #include "platform/qt/parts/busy_cursor.h"
@@ -65,13 +66,19 @@ PlotPanel* MakePanel(const PlotNames& names, Velorix& velorix, QWidget* parent) 
 /// Selecting with the mouse on a plot, with its read-out.
 void AttachPlotMouse(Velorix& velorix, PlotPanel& panel, const char* label,
                      const std::function<void(const MouseBox&)>& select,
-                     const std::function<std::string(double, double)>& read) {
+                     const std::function<std::string(double, double)>& read,
+                     const std::function<std::string(const Point&, double)>& name = {},
+                     const std::function<void(const Lasso&)>& selectIn = {}) {
   QLabel* readOut = panel.AddReadOut(label, "Values under the mouse");
   AttachMouse(*panel.Picture,
               {.ReadOut = [=](double x, double y) { readOut->setText(ToQString(read(x, y))); },
                .Leave = [=] { readOut->clear(); },
+               .Name = name,
                .Select = [&velorix, select](const MouseBox& box,
                                             int) { Work(velorix, [&] { select(box); }); },
+               .SelectIn = [&velorix, selectIn](const Lasso& lasso,
+                                                int) { Work(velorix, [&] { selectIn(lasso); }); },
+               .LassoOn = [&velorix, selectIn] { return selectIn && velorix.Plots.Lasso; },
                .Cross = true});
 }
 
@@ -92,12 +99,29 @@ PlotPanel* ColumnPlots::MakeHisto(QWidget* parent) {
   panel->Options->addStretch(1);
   panel->Picture->SetPicture(HistoPlane, [this](Target& target) {
     const PlotChoices& plots = velorix_.Plots;
-    DrawHisto(target, PlotGeometry(), DataTableValues(plots.HistoParameter, velorix_.Session),
-              plots.HistoParameter, velorix_.Session.Settings,
-              ShownGroups(velorix_.Session, plots.Marks));
+    velorix_.HistoDrawn.clear();  // nothing for the mouse when drawing fails
+    velorix_.HistoDrawn =
+        DrawHisto(target, PlotGeometry(), DataTableValues(plots.HistoParameter, velorix_.Session),
+                  plots.HistoParameter, velorix_.Session.Settings,
+                  ShownGroups(velorix_.Session, plots.Marks));
     DrawLegendBelow(target, HistoPlane, plots.Marks, HistoLegend);
   });
-  AttachMouse(*panel->Picture, {.Cross = true});
+  AttachMouse(*panel->Picture,
+              {.Name =
+                   [this](const Point& place, double zoom) {
+                     return NameInHisto(velorix_.Plots.HistoParameter, velorix_.Session.Settings,
+                                        velorix_.HistoDrawn, place, zoom);
+                   },
+               .SelectIn =
+                   [this](const Lasso& lasso, int) {
+                     Work(velorix_, [&] {
+                       SelectRecords(velorix_,
+                                     RecordsInHisto(velorix_.Session, velorix_.Plots.HistoParameter,
+                                                    velorix_.HistoDrawn, lasso));
+                     });
+                   },
+               .LassoOn = [this] { return velorix_.Plots.Lasso; },
+               .Cross = true});
   panel->AddPageBox("chkHisto", velorix_.Plots.Page.histogram);
   return panel;
 }
@@ -139,7 +163,14 @@ PlotPanel* ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
       [this, plot](const MouseBox& box) {
         SelectRecords(velorix_, RecordsInXYPlot(velorix_.Session, velorix_.XYDrawn[plot], box));
       },
-      [this, plot](double x, double y) { return ReadXYPlot(velorix_.XYDrawn[plot], x, y); });
+      [this, plot](double x, double y) { return ReadXYPlot(velorix_.XYDrawn[plot], x, y); },
+      [this, plot](const Point& place, double zoom) {
+        return NameInXYPlot(velorix_.Session, velorix_.Plots.XYPlot[plot], velorix_.XYDrawn[plot],
+                            place, zoom);
+      },
+      [this, plot](const Lasso& lasso) {
+        SelectRecords(velorix_, RecordsInXYPlot(velorix_.Session, velorix_.XYDrawn[plot], lasso));
+      });
   if (plot == 1)
     panel->AddPageBox("chkXYPLot1", velorix_.Plots.Page.xyPlot1);
   else

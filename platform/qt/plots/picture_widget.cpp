@@ -2,6 +2,8 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWheelEvent>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -12,6 +14,8 @@ namespace velorix {
 namespace {
 
 constexpr int Margin = 4;  // between picture and border, in the window system's units
+constexpr double LargestZoom = 40, ZoomStep = 1.25;  // of one notch of the wheel
+constexpr double MoveStep = 0.1;                     // of the widget
 
 /// How the plane lies in a widget of that size, in pixels of which a unit has `ratio`.
 PlaneFit FitInside(PlaneSize plane, const QSizeF& size, double ratio) {
@@ -62,6 +66,49 @@ QSize PictureWidget::sizeHint() const {
 // Half the plane: letters can just be read.
 QSize PictureWidget::minimumSizeHint() const { return sizeHint() / 2; }
 
+void PictureWidget::AllowZoom() {
+  whole_ = new QAction("Whole Plot", this);
+  whole_->setObjectName("mnuWholePlot");
+  whole_->setShortcut(QKeySequence(WholePlotKey));
+  whole_->setShortcutContext(Qt::WidgetShortcut);  // of the menu; the window's own key does it
+  whole_->setShortcutVisibleInContextMenu(true);
+  whole_->setEnabled(false);
+  connect(whole_, &QAction::triggered, this, &PictureWidget::ShowWhole);
+  addAction(whole_);
+  setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void PictureWidget::ShowWhole() {
+  if (whole_) Show(1, {});
+}
+
+/// How the plane lies in the widget, or in an image of it with `ratio` pixels a unit of the window
+/// system. An enlarged picture shows nothing that the whole one doesn't show.
+PlaneFit PictureWidget::Fit(const QSizeF& size, double ratio) const {
+  PlaneFit fit = FitInside(plane_, size, ratio);
+  if (zoom_ == 1 || fit.scale <= 0) return fit;
+  const auto middle = [&](double centre, int plane, double room) {
+    const double most = (1 - 1 / zoom_) * room / fit.scale / 2;
+    return std::clamp(centre, plane / 2.0 - most, plane / 2.0 + most);
+  };
+  const double x = middle(centre_.x(), plane_.width, size.width());
+  const double y = middle(centre_.y(), plane_.height, size.height());
+  const double scale = fit.scale * zoom_;
+  return {scale, size.width() / 2 - x * scale, size.height() / 2 - y * scale};
+}
+
+void PictureWidget::Show(double zoom, const QPointF& centre) {
+  if (zoom < 1.001) zoom = 1;  // notches back and forth leave a rounding error
+  if (zoom == 1 && zoom_ == 1) return;
+  zoom_ = zoom;
+  centre_ = centre;
+  // Kept within its limits, so that moving it back begins where it stands.
+  centre_ = Fit(size(), 1).ToLogical(QRectF(rect()).center());
+  whole_->setEnabled(zoom_ > 1);
+  picture_ = QImage();
+  update();
+}
+
 /// Draws on the image, whose pixels are the target's for the time being.
 void PictureWidget::Compose(QImage& image, const DrawFunction& draw, const QRegion& clip) {
   const qreal ratio = image.devicePixelRatio();
@@ -72,7 +119,9 @@ void PictureWidget::Compose(QImage& image, const DrawFunction& draw, const QRegi
       painter.setClipRegion(clip);
       painter.fillRect(image.rect(), Qt::white);
     }
-    PainterTarget target(painter, FitInside(plane_, image.size(), ratio));
+    const PlaneFit fit = Fit(image.size(), ratio);
+    PainterTarget target =
+        zoom_ > 1 ? PainterTarget(painter, fit, zoom_) : PainterTarget(painter, fit);
     try {
       draw(target);
     } catch (const Fault& fault) {
@@ -86,6 +135,7 @@ void PictureWidget::DrawAll() {
   picture_.fill(Qt::white);
   marks_ = {};
   if (!draw_) return;
+  if (zoom_ > 1) return Compose(picture_, draw_);
   Compose(picture_, [this](Target& target) {
     CallMarks marks(plane_, &target);
     draw_(marks);
@@ -93,7 +143,8 @@ void PictureWidget::DrawAll() {
   });
 }
 
-/// A composition that fails leaves no marks, so that the next one is drawn whole.
+/// A composition that fails leaves no marks, so that the next one is drawn whole; an enlarged one
+/// leaves none either.
 void PictureWidget::DrawChanges() {
   if (!draw_ || marks_.calls.empty() || !marks_.complete) return DrawAll();
   Recorder now;
@@ -144,10 +195,10 @@ void PictureWidget::paintEvent(QPaintEvent*) {
   }
 }
 
-void PictureWidget::Report(const MouseFunction& function, const QMouseEvent& event) {
+void PictureWidget::Report(const MouseFunction& function, const QSinglePointEvent& event) {
   if (!function) return;
-  const QPointF p = FitInside(plane_, size(), 1).ToLogical(event.position());
-  function({p.x(), p.y(), event.button(), event.buttons(), event.modifiers()});
+  const QPointF p = Fit(size(), 1).ToLogical(event.position());
+  function({p.x(), p.y(), event.button(), event.buttons(), event.modifiers(), zoom_});
 }
 
 void PictureWidget::mousePressEvent(QMouseEvent* event) { Report(OnPress, *event); }
@@ -156,6 +207,27 @@ void PictureWidget::mouseReleaseEvent(QMouseEvent* event) { Report(OnRelease, *e
 
 void PictureWidget::leaveEvent(QEvent*) {
   if (OnLeave) OnLeave();
+}
+
+void PictureWidget::wheelEvent(QWheelEvent* event) {
+  if (!whole_ || !draw_) return event->ignore();
+  event->accept();
+  const QPoint turn = event->angleDelta();
+  if (turn.isNull()) return;  // a finger is put down or taken off
+  const double notches = (turn.y() ? turn.y() : turn.x()) / 120.0;
+  const bool sideways = event->modifiers() & Qt::ShiftModifier || turn.y() == 0;
+  const bool upright = event->modifiers() & Qt::ControlModifier;
+  const PlaneFit fit = Fit(size(), 1);
+  const QPointF middle = QRectF(rect()).center();
+  if (sideways || upright) {
+    const QPointF step = sideways ? QPointF(width(), 0) : QPointF(0, height());
+    Show(zoom_, fit.ToLogical(middle - notches * MoveStep * step));
+  } else {
+    const double zoom = std::clamp(zoom_ * std::pow(ZoomStep, notches), 1.0, LargestZoom);
+    const QPointF under = fit.ToLogical(event->position());
+    Show(zoom, under + zoom_ / zoom * (fit.ToLogical(middle) - under));
+  }
+  Report(OnMove, *event);  // another place may be under the mouse
 }
 
 }  // namespace velorix

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QToolButton>
 
 #include "platform/qt/parts/widgets.h"
@@ -50,6 +51,7 @@ PlotPanel::PlotPanel(const PlotNames& names, const std::string& appFolder, QWidg
   Picture = new PictureWidget(border);
   Picture->setObjectName(names.Picture);
   Picture->setToolTip(names.PictureTip);
+  Picture->AllowZoom();
   auto* inside = new QVBoxLayout(border);
   inside->setContentsMargins(1, 1, 1, 1);
   inside->addWidget(Picture);
@@ -97,6 +99,14 @@ void PlotPanel::AddPageBox(const char* name, bool& onPage) {
 }
 
 bool PlotPanel::IsOpen() const { return !scroll_->isHidden(); }
+
+void AddWholePlotKey(QWidget& window) {
+  auto* key = new QShortcut(QKeySequence(WholePlotKey), &window);
+  QObject::connect(key, &QShortcut::activated, &window, [&window] {
+    for (QWidget* child : window.findChildren<QWidget*>())
+      if (auto* picture = dynamic_cast<PictureWidget*>(child)) picture->ShowWhole();
+  });
+}
 
 QHBoxLayout* MakeTitleRow(const char* title, QWidget* parent) {
   auto* row = new QHBoxLayout;

@@ -43,6 +43,9 @@ class PlotPanel : public QFrame {
   QIcon up_, down_;
 };
 
+/// A key of the window shows all its plots whole again.
+void AddWholePlotKey(QWidget& window);
+
 /// The row at the top of a panel: its title, room, and what the caller adds.
 QHBoxLayout* MakeTitleRow(const char* title, QWidget* parent);
 

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "app/commands/view_choices.h"
+#include "app/display/symbol_names.h"
 #include "app/tables/record_grid.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/widgets.h"
@@ -118,6 +119,12 @@ StereoPanel::StereoPanel(Velorix& velorix, QWidget* parent)
                                dec->clear();
                                inc->clear();
                              },
+                         .Name =
+                             [this](const Point& place, double zoom) {
+                               const PlotChoices& plots = velorix_.Plots;
+                               return NameInStereo(velorix_.Session, plots.Stereo,
+                                                   velorix_.GroupStats, plots.Marks, place, zoom);
+                             },
                          .Select =
                              [this](const MouseBox& box, int keys) {
                                Work(velorix_, [&] {
@@ -125,7 +132,16 @@ StereoPanel::StereoPanel(Velorix& velorix, QWidget* parent)
                                                                   velorix_.Plots.Stereo, box, keys);
                                  if (hit) SelectRecords(velorix_, *hit);
                                });
-                             }});
+                             },
+                         .SelectIn =
+                             [this](const Lasso& lasso, int keys) {
+                               Work(velorix_, [&] {
+                                 const auto hit = RecordsInStereo(
+                                     velorix_.Session, velorix_.Plots.Stereo, lasso, keys);
+                                 if (hit) SelectRecords(velorix_, *hit);
+                               });
+                             },
+                         .LassoOn = [this] { return velorix_.Plots.Lasso; }});
   AddPageBox("chkStereo", velorix.Plots.Page.stereonet);
   Picture->OnFault = [this](const Fault& fault) {
     velorix_.Log.DebugPrint(std::string("Error: stereonet: ") + fault.what());

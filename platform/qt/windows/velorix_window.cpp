@@ -98,6 +98,7 @@ void frmVelorix::Load(Velorix& velorix) {
   rows->addWidget(views, 1);
   AddPanelButtons();
   setCentralWidget(centre);
+  AddWholePlotKey(*this);
   status_.Build(*statusBar());
   resize(1280, 800);
   statusBar()->showMessage("Open a data file with Ctrl+O, or drop one on this window.");
