@@ -130,8 +130,8 @@ class GraphicsPageTest : public ProgramTest {
         .x = Column::Fac3, .y = Column::Fac5, .colour = Column::Km, .coding = true, .lines = true};
     Program.Plots.Stereo.colourByValue = true;
     Program.Plots.Stereo.colourParameter = Column::Fac5;
-    Program.Host.WritePicture = [this](const std::string& path, PlaneSize plane, const PictureScale&,
-                                       const Host::DrawPicture& draw) {
+    Program.Host.WritePicture = [this](const std::string& path, PlaneSize plane,
+                                       const PictureScale&, const Host::DrawPicture& draw) {
       Written.push_back(path);
       Plane = plane;
       Drawn = Recorded(draw);
