@@ -4,7 +4,6 @@
 #include <string_view>
 #include <vector>
 
-#include "app/files/file_kinds.h"
 #include "app/files/file_stamp.h"
 #include "base/fault.h"
 #include "datafiles/file_content.h"
@@ -71,6 +70,10 @@ std::string ContentDoubt(const Session& session) {
   }
   if (doubts.empty()) return {};
   return PlainText(session.RecordCount()) + " records read; " + doubts;
+}
+
+bool IsPlainlyOther(const std::string& path, const FileKind& kind) {
+  return IsDoubtful(ContentOfFile(path), kind);
 }
 
 int FilterOfContent(const std::string& path, const Settings& settings, std::string& why) {
