@@ -22,7 +22,7 @@ constexpr int ElementOf(const Row& row) {
 }
 
 /// Whether there is something else than padding.
-inline bool IsSet(const std::byte* at, int width, bool isText) {
+[[gnu::always_inline]] inline bool IsSet(const std::byte* at, int width, bool isText) {
   if (isText) return fixed_text::TrimmedLength(at, width) > 0;
   std::uint64_t bits = 0;
   for (; width > 8; at += 8, width -= 8) bits |= fixed_text::LoadPart(at, 8);

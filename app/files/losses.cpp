@@ -191,7 +191,7 @@ void CompareWithOpen(const Session& session, const std::string& path, const Reco
                      bool all, Losses& losses) {
   const std::size_t file = PositionOfOpen(session, path);
   if (file >= session.Opened.size()) return;
-  losses.Changed = session.Opened[file].Stamp != StampOf(path);
+  losses.Changed = !IsUnchanged(path, session.Opened[file].Stamp);
   if (session.Opened.size() < 2) return;
   for (const SpecimenRecord& record : records)
     losses.Foreign += (all || record.Selected) && FileOfRecord(session, record.RecordNo) != file;
@@ -256,7 +256,7 @@ Losses FindGedLosses(const Session& session, const std::string& path, const Reco
   if (ofSeveral && !losses.Unreadable)
     for (const Holdings& sample : written.Stored)
       losses.Foreign += !present.contains(std::string(sample.Name));
-  if (path == session.GeoFile) losses.Changed = session.GeoStamp != StampOf(path);
+  if (path == session.GeoFile) losses.Changed = !IsUnchanged(path, session.GeoStamp);
   return losses;
 }
 

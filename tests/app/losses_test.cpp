@@ -180,8 +180,16 @@ TEST_F(Losing, AChangeByOthersAndContentThatIsNoDataFileAreSaid) {
   const std::string a = WriteFile("a", 2),
                     changed = "Changes lost that were made since the file was read";
   OpenFile(a);
-  std::filesystem::last_write_time(
-      PathOf(a), std::filesystem::file_time_type::clock::now() + std::chrono::hours(1));
+  const auto touch = [&a](int hours) {
+    std::filesystem::last_write_time(
+        PathOf(a), std::filesystem::file_time_type::clock::now() + std::chrono::hours(hours));
+  };
+  touch(1);
+  EXPECT_EQ(SaveOver(a, {}), Texts{Exists});  // of the same bytes
+  std::string bytes = Bytes("a.ams");
+  bytes[bytes.size() - 120] ^= 1;  // in the last record's rock
+  Put("a.ams", bytes);
+  touch(2);
   EXPECT_EQ(SaveOver(a, {0}).back(), Question(Title, a, {changed}));
   EXPECT_EQ(SaveOver(a, {}), Texts{Exists});  // our own write is none of others
   const std::string notes = Put("notes.ams", "to do");

@@ -9,6 +9,7 @@
 
 #include "app/commands.h"
 #include "app/display/display.h"
+#include "app/state/refusals.h"
 #include "app/state/velorix.h"
 #include "datafiles/ams_file.h"
 #include "tests/datafiles/temp_folder.h"
@@ -83,7 +84,10 @@ struct RecordedViews : Views, WindowOpener {
 /// A program without windows, with a folder of its own that goes with the test.
 class ProgramTest : public testing::Test {
  protected:
-  ProgramTest() { Program.GaussTable = GaussNumbers(); }
+  ProgramTest() {
+    Program.GaussTable = GaussNumbers();
+    ReportBoxes(Asked, Seen, Program.Log);
+  }
 
   using Texts = std::vector<std::string>;
 

@@ -32,6 +32,14 @@ class CellDelegate : public QStyledItemDelegate {
     box->setMaxLength(GedColumnAt(index.column()).Characters);
     return box;
   }
+
+ protected:
+  /// A doubtful cell keeps its ground in the selected row.
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (index.data(Qt::BackgroundRole).value<QColor>() == MarkColour(Mark::Doubt))
+      option->state &= ~QStyle::State_Selected;
+  }
 };
 
 struct SiteField {
