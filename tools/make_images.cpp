@@ -10,8 +10,8 @@
 #include <QTableWidget>
 #include <algorithm>
 
-#include "app/commands.h"
-#include "app/edit/autosave.h"
+#include "app/commands/commands.h"
+#include "app/commands/file_commands.h"
 #include "app/files/losses.h"
 #include "datafiles/autosave_file.h"
 #include "platform/qt/parts/qt_dialogs.h"

@@ -22,11 +22,12 @@ Places NumberGroups(const Session& session, const GroupBy& by, GroupMarks& marks
   return places;
 }
 
-void ComputeMeans(const Velorix& velorix, const Places& places, GroupMarks& marks) {
-  const auto groups = PartRecords(velorix.Session, *velorix.Plots.Groups.Parting);
+void ComputeMeans(const Session& session, const GroupBy& by, const std::vector<float>& gaussTable,
+                  const Places& places, GroupMarks& marks) {
+  const auto groups = PartRecords(session, by);
   if (groups.size() > MostGroupMeans) return;
-  StudyStatistics(velorix.Session, groups, {BootMethod::None, BootReplicates, {}},
-                  velorix.GaussTable, [&](GroupRow row) {
+  StudyStatistics(session, groups, {BootMethod::None, BootReplicates, {}}, gaussTable,
+                  [&](GroupRow row) {
                     marks.Means.push_back({places.at(row.Name), std::move(row.Stats)});
                   });
 }
@@ -39,34 +40,21 @@ std::size_t GroupsInView(const GroupMarks& marks) {
 
 }  // namespace
 
-void MarkGroups(Velorix& velorix) {
-  const GroupChoices& choices = velorix.Plots.Groups;
+void MarkGroups(const Session& session, const std::vector<float>& gaussTable, PlotChoices& plots) {
+  const GroupChoices& choices = plots.Groups;
   GroupMarks marks;
   if (choices.Marks != MarkBy::Nothing && choices.Parting) {
     marks.By = choices.Marks;
     marks.Legend = choices.Legend;
-    const Places places = NumberGroups(velorix.Session, *choices.Parting, marks);
-    for (const std::uint16_t group : ShownGroups(velorix.Session, marks))
-      ++marks.Groups[group].Count;
-    if (choices.Means) ComputeMeans(velorix, places, marks);
+    const Places places = NumberGroups(session, *choices.Parting, marks);
+    for (const std::uint16_t group : ShownGroups(session, marks)) ++marks.Groups[group].Count;
+    if (choices.Means) ComputeMeans(session, *choices.Parting, gaussTable, places, marks);
   }
-  velorix.Plots.Stereo.showGroupMeans = !marks.Means.empty();
-  velorix.Plots.Marks = std::move(marks);
+  plots.Stereo.showGroupMeans = !marks.Means.empty();
+  plots.Marks = std::move(marks);
 }
 
-void ChooseGroups(Velorix& velorix, const GroupChoices& choices) {
-  const bool wereShown = velorix.Plots.Marks.AreShown();
-  if (choices == velorix.Plots.Groups) return;
-  velorix.Plots.Groups = choices;
-  MarkGroups(velorix);
-  if (!wereShown && !velorix.Plots.Marks.AreShown()) return;
-  velorix.Views.RedrawStereo();
-  velorix.Views.RedrawHisto();
-  for (const int plot : {1, 2}) velorix.Views.RedrawXYPlot(plot);
-}
-
-std::string GroupMeansText(const Velorix& velorix) {
-  const PlotChoices& plots = velorix.Plots;
+std::string GroupMeansText(const PlotChoices& plots) {
   const std::size_t groups = GroupsInView(plots.Marks);
   if (!plots.Groups.Means || groups <= MostGroupMeans) return {};
   return "The net shows means of up to " + std::to_string(MostGroupMeans) + " groups; these are " +

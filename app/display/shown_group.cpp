@@ -1,6 +1,6 @@
 #include "app/display/shown_group.h"
 
-#include "app/display/display.h"
+#include "app/display/view_lists.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
 

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "app/edit/orientation_editor.h"
-#include "app/state/velorix.h"
+#include "app/state/debug_log.h"
+#include "app/state/views.h"
+#include "store/session.h"
 
 namespace velorix {
 
@@ -34,12 +37,7 @@ class Autosave {
   bool refused_ = false;
 };
 
-/// Offers what another run, which has ended, left in `path`; the file goes without a question when
-/// the data files have all of it. Where these are gone or have changed the question says so, and
-/// nothing can be restored. Restored, the files are open as they were, and the orientation data, a
-/// step that can be undone, are unsaved; `own` takes them over before the file goes. A number that
-/// has no room in its record is left out, and then the file stays. A file that is damaged or no
-/// autosave is reported and stays. True when something was restored.
-bool OfferAutosave(Velorix& velorix, const std::string& path, Autosave& own);
+/// Removes the file of an autosave, where there is one.
+void RemoveAutosave(const std::string& path);
 
 }  // namespace velorix

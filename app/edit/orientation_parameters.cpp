@@ -1,7 +1,6 @@
 #include "app/edit/orientation_parameters.h"
 
 #include "app/files/open_flow.h"
-#include "datafiles/settings_file.h"
 
 namespace velorix {
 namespace {
@@ -12,11 +11,9 @@ constexpr std::int16_t AngleValues[] = {0, 90};
 bool IsClock(int parameter) { return parameter == 1 || parameter == 3; }
 
 /// Closes the files that were read with the former parameters, as a part of `step`.
-void CloseReadFiles(Velorix& velorix, Step& step) {
-  Session& session = velorix.Session;
-  velorix.Dialogs.Ask("Anisotropy settings",
-                      "Orientation parameters were changed!\nCurrently open data file is closed.",
-                      {"&OK"});
+void CloseReadFiles(Session& session, Dialogs& dialogs, Step& step) {
+  dialogs.Ask("Anisotropy settings",
+              "Orientation parameters were changed!\nCurrently open data file is closed.", {"&OK"});
   step.Values.emplace_back(TakeGeology(session));
   Step closed = CloseStep(session, {});
   for (HeldValues& values : closed.Values) step.Values.push_back(std::move(values));
@@ -67,20 +64,16 @@ std::string OrientationValueMeaning(int parameter, std::int16_t value) {
   }
 }
 
-void ChangeOrientationParameters(Velorix& velorix, const OrientationChoice& choice) {
-  Session& session = velorix.Session;
+bool TakeOrientationParameters(Session& session, History& history, Dialogs& dialogs,
+                               const OrientationChoice& choice) {
   Step step{"Orientation parameters", {ParametersOf(session)}};
   const bool isNew = choice.P != session.Settings.P || choice.DemagFac != session.Settings.DemagFac;
   const bool closes = choice.P != session.Settings.P && !session.CurrentFile.empty();
   session.Settings.P = choice.P;
-  if (closes) CloseReadFiles(velorix, step);
-  if (isNew) velorix.History.Add(session, std::move(step));
-  if (closes) CloseFile(velorix);  // shows that nothing is open
   session.Settings.DemagFac = choice.DemagFac;
-  SettingsWrite(session.Settings, session.SettingsFile);
-  // Kept for agreement with published results: the caption loses the name of a file that stays
-  // open, until it is next made.
-  velorix.Views.SetCaption(ProgramTitle);
+  if (closes) CloseReadFiles(session, dialogs, step);
+  if (isNew) history.Add(session, std::move(step));
+  return closes;
 }
 
 }  // namespace velorix

@@ -4,7 +4,9 @@
 #include <span>
 #include <string>
 
-#include "app/state/velorix.h"
+#include "app/state/dialogs.h"
+#include "app/state/history.h"
+#include "store/session.h"
 
 namespace velorix {
 
@@ -24,9 +26,10 @@ struct OrientationChoice {
   bool DemagFac = true;
 };
 
-/// Takes the choice into the settings and writes them. Records keep the parameters that they were
-/// read with, so other ones close the open file, with a message, and forget the
-/// geological file. A file that can't be written is a fault; the session has the choice then.
-void ChangeOrientationParameters(Velorix& velorix, const OrientationChoice& choice);
+/// Takes the choice into the settings, a step that can be undone. Records keep the parameters that
+/// they were read with, so other ones close the open file, with a message, and forget the
+/// geological file. True when a file is closed.
+bool TakeOrientationParameters(Session& session, History& history, Dialogs& dialogs,
+                               const OrientationChoice& choice);
 
 }  // namespace velorix

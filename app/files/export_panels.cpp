@@ -1,8 +1,6 @@
 #include "app/files/export_panels.h"
 
 #include "app/display/shown_group.h"
-#include "app/files/ask_file.h"
-#include "app/state/refusals.h"
 #include "plot/drawing/metafile_target.h"
 
 namespace velorix {
@@ -12,39 +10,30 @@ namespace {
 constexpr int Fineness = 2;
 
 /// What the ellipses are, and what the groups are of.
-std::vector<std::string> CaptionsOf(const Velorix& velorix, std::span<const Panel> panels) {
-  const Session& session = velorix.Session;
+std::vector<std::string> CaptionsOf(const Session& session, std::span<const Panel> panels,
+                                    ErrorLevel level) {
   int n = 0;
   for (const Panel& panel : panels)
     for (const int record : panel.Records)
       n += IsShown(session.Records[record], session.CoorSys, session.ReImMode);
-  return {"Ellipses: " + LevelText(velorix.Plots.Stereo.level) + ".",
-          GroupHeading(session, GroupInView(session), n) + ", " + std::to_string(panels.size()) +
-              (panels.size() == 1 ? " group." : " groups.")};
-}
-
-bool AreTooMany(Velorix& velorix, std::size_t panels) {
-  if (panels <= MostPanels) return false;
-  ReportRefusal(velorix.Views, velorix.Log,
-                "One page has room for " + std::to_string(MostPanels) + " groups; these are " +
-                    std::to_string(panels) + ".");
-  return true;
+  return {"Ellipses: " + LevelText(level) + ".", GroupHeading(session, GroupInView(session), n) +
+                                                     ", " + std::to_string(panels.size()) +
+                                                     (panels.size() == 1 ? " group." : " groups.")};
 }
 
 }  // namespace
 
-void SavePanels(Velorix& velorix, std::span<const Panel> panels) {
-  if (AreTooMany(velorix, panels.size())) return;
-  const auto answer = AskForPicture(velorix, "Save panels");
-  if (answer && ExportPanels(velorix, *answer, panels)) ShowWritten(velorix.Views, answer->Path);
+std::string PanelsComplaint(std::size_t panels) {
+  if (panels <= MostPanels) return {};
+  return "One page has room for " + std::to_string(MostPanels) + " groups; these are " +
+         std::to_string(panels) + ".";
 }
 
-bool ExportPanels(Velorix& velorix, const PictureAnswer& to, std::span<const Panel> panels) {
-  if (AreTooMany(velorix, panels.size())) return false;
-  const std::vector<std::string> captions = CaptionsOf(velorix, panels);
+Outcome WritePanelPage(const Host& host, const PictureAnswer& to, const Session& session,
+                       std::span<const Panel> panels, ErrorLevel level) {
+  const std::vector<std::string> captions = CaptionsOf(session, panels, level);
   const auto draw = [&](Target& target, double s) {
-    DrawPanels(velorix.Session, panels, velorix.Plots.Stereo.level, captions, target, GraphicsPage,
-               s);
+    DrawPanels(session, panels, level, captions, target, GraphicsPage, s);
   };
   const auto metafile = [&] {
     const PlaneSize plane = {GraphicsPage.width * Fineness, GraphicsPage.height * Fineness};
@@ -52,7 +41,7 @@ bool ExportPanels(Velorix& velorix, const PictureAnswer& to, std::span<const Pan
     draw(target, Fineness);
     return target.Bits();
   };
-  return ExportPicture(velorix, to, {metafile, draw, Fineness});
+  return WritePagePicture(host, to, {metafile, draw, Fineness});
 }
 
 }  // namespace velorix

@@ -1,19 +1,18 @@
 #pragma once
 
 #include <span>
+#include <string>
 
 #include "app/files/graphics_page.h"
-#include "app/state/velorix.h"
 #include "plot/net/panels.h"
 
 namespace velorix {
 
-/// Asks for a file of any of the page's types and writes the page of panels there, at the level of
-/// the ellipses in view. A refusal is reported as the page's are.
-void SavePanels(Velorix& velorix, std::span<const Panel> panels);
+/// Why one page can't show so many panels; empty for up to `MostPanels`.
+std::string PanelsComplaint(std::size_t panels);
 
-/// Writes the page of panels. More than `MostPanels` are refused, in the status line and the log.
-/// True on success.
-bool ExportPanels(Velorix& velorix, const PictureAnswer& to, std::span<const Panel> panels);
+/// Writes the page of panels with their ellipses at the level, as `WritePagePicture` does.
+Outcome WritePanelPage(const Host& host, const PictureAnswer& to, const Session& session,
+                       std::span<const Panel> panels, ErrorLevel level);
 
 }  // namespace velorix

@@ -1,21 +1,11 @@
 #include "app/files/export_untilting.h"
 
-#include "app/files/ask_file.h"
 #include "app/files/graphics_page.h"
 #include "datafiles/safe_write.h"
 #include "plot/drawing/metafile_target.h"
 #include "plot/plots/untilting.h"
 
 namespace velorix {
-
-void SaveUntilting(Velorix& velorix, const Untilting& untilting) {
-  const auto answer = AskForPicture(velorix, "Save figure");
-  if (!answer) return;
-  const bool written = WriteReported(velorix, answer->Path, [&] {
-    return WriteUntiltingFigure(velorix.Host, answer->Path, !answer->AsBitmap, untilting);
-  });
-  if (written) ShowWritten(velorix.Views, answer->Path);
-}
 
 Outcome WriteUntiltingFigure(const Host& host, const std::string& path, bool asMetafile,
                              const Untilting& untilting) {

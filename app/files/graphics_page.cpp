@@ -1,40 +1,23 @@
 #include "app/files/graphics_page.h"
 
-#include "app/display/display.h"
 #include "app/display/shown_group.h"
 #include "app/files/ask_file.h"
-#include "app/state/refusals.h"
-#include "app/tables/data_table.h"
+#include "app/files/page_plots.h"
 #include "base/fault.h"
 #include "base/rounding.h"
 #include "datafiles/safe_write.h"
 #include "plot/drawing/drawing.h"
 #include "plot/drawing/metafile_target.h"
-#include "plot/plots/histogram.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
 
 namespace velorix {
 namespace {
 
-constexpr char SaveTitle[] = "Save graphics", ExportTitle[] = "Export graphics";
-constexpr char PrintTitle[] = "Print", DocumentName[] = "Pelt4Q";
-
 // clang-format off
-constexpr StereoGeometry StereoPlace = {.cx = 220, .cy = 200, .diameter = 320, .symbolSize = 8, .fontHeight = 14};
-constexpr PlotGeometry HistoPlace = {.left = 530, .bottom = 340, .width = 320, .height = 240, .fontHeight = 14};
-// Titles, axis titles and numbers of the XY plots are 14, 10 and 9 high: 1.5, 1.1 and 1 times 9.
-// Their colour scales stand nearer than on the screen, so that the second one ends on the page.
-constexpr PlotGeometry XYPlotPlaces[] = {
-    {.left = 60,  .bottom = 620, .width = 320, .height = 180, .fontHeight = 9, .symbolSize = 8, .barLeft = 23, .barRight = 31, .barTitle = 45},
-    {.left = 530, .bottom = 620, .width = 320, .height = 180, .fontHeight = 9, .symbolSize = 8, .barLeft = 23, .barRight = 31, .barTitle = 45}};
-
 /// The line that says what the mean is of, at the left below the net and its legend.
 constexpr double MeanLineX = 60, MeanLineY = 402;
 constexpr int MeanLineHeight = 11;
-
-/// The groups' names, below the plots.
-constexpr LegendBox LegendPlace = {60, 675, 860, 795};
 
 /// A type of files. The filter of the metafile, the first one, gives a metafile under any name; for
 /// all others the extension alone counts.
@@ -66,34 +49,8 @@ double ScaleOf(const std::string& extension) {
   return 0;
 }
 
-/// A place on the page, times `s`.
-template <class Geometry>
-Geometry Scaled(Geometry place, double s) {
-  place.scale = s;
-  return place;
-}
-
 PlaneSize Scaled(PlaneSize plane, double s) {
   return {ToLong(plane.width * s), ToLong(plane.height * s)};
-}
-
-void DrawPage(const Velorix& velorix, Target& target, double s) {
-  DrawGraphicsPage(velorix.Session, velorix.Plots, velorix.GroupStats, target, s);
-}
-
-std::string Metafile(const Velorix& velorix) {
-  return GraphicsMetafile(velorix.Session, velorix.Plots, velorix.GroupStats);
-}
-
-/// What the one legend of the groups looks like: their shapes, where a plot shows them, in their
-/// colours.
-LegendLook PageLegend(const PlotChoices& plots) {
-  const PageOptions& page = plots.Page;
-  bool values = page.stereonet && plots.Stereo.showData && plots.Stereo.colourByValue;
-  for (const int plot : {1, 2})
-    values |= (plot == 1 ? page.xyPlot1 : page.xyPlot2) && plots.XYPlot[plot].coding;
-  if (plots.Marks.By == MarkBy::Colours && !values) return {NeutralSymbol, std::nullopt};
-  return {};
 }
 
 /// Whether the page shows anything of the group statistics.
@@ -104,112 +61,66 @@ bool ShowsGroup(const PlotChoices& plots) {
 }
 
 /// What a routine says of the mean, or nothing when the page shows none.
-std::string MeanOnPage(const Velorix& velorix,
+std::string MeanOnPage(const PageContent& page,
                        std::string (*words)(const Session&, const GroupSubject&, int)) {
-  if (!ShowsGroup(velorix.Plots)) return {};
-  return words(velorix.Session, velorix.GroupOf, velorix.GroupStats.GroupN);
-}
-
-/// The page for paper and for files of vectors. A mean of another view than the net's is named
-/// below the net, where the net's captions don't. Metafile, clipboard and pictures of pixels go
-/// without that line.
-void DrawVectorPage(const Velorix& velorix, Target& target) {
-  const Session& session = velorix.Session;
-  int inView = 0;
-  ForEachActive(session, [&inView](const SpecimenRecord&) { ++inView; });
-  target.Describe("Anisotropy of magnetic susceptibility",
-                  GroupHeading(session, GroupInView(session), inView));
-  DrawPage(velorix, target, VectorScale);
-  const std::string mean = MeanOnPage(velorix, MeanLabel);
-  if (mean.empty() || !GroupLines(velorix.Plots.Stereo).empty()) return;
-  target.Layer("captions");
-  DrawText(target, mean, MeanLineX, MeanLineY, {.height = MeanLineHeight});
-}
-
-/// What the status line says of a figure that is made: `done`, and that its mean is of another
-/// view.
-void ShowFigureDone(Velorix& velorix, std::string done) {
-  const std::string mean = MeanOnPage(velorix, MeanNotice);
-  if (!done.empty() && !mean.empty()) done += ". ";
-  if (!(done += mean).empty()) velorix.Views.ShowStatus(done);
+  if (!ShowsGroup(page.Plots)) return {};
+  return words(page.Session, page.GroupOf, page.Group.GroupN);
 }
 
 }  // namespace
 
-void DrawGraphicsPage(const Session& session, const PlotChoices& plots, const GroupStats& group,
-                      Target& target, double s) {
-  const PageOptions& page = plots.Page;
-  if (page.stereonet)
-    DrawStereo(session.Records, session.CoorSys, target, Scaled(StereoPlace, s), plots.Stereo,
-               session.ReImMode, group, session.Settings, plots.Marks);
-  if (page.histogram)
-    DrawHisto(target, Scaled(HistoPlace, s), DataTableValues(plots.HistoParameter, session),
-              plots.HistoParameter, session.Settings, ShownGroups(session, plots.Marks));
-  for (int plot : {1, 2})
-    if (plot == 1 ? page.xyPlot1 : page.xyPlot2)
-      DrawXYPlot(session, target, Scaled(XYPlotPlaces[plot - 1], s), plots.Shown(plot),
-                 plots.Marks);
-  if (page.stereonet || page.histogram || page.xyPlot1 || page.xyPlot2)
-    DrawLegendIn(target, LegendPlace, plots.Marks, PageLegend(plots), s);
+void DrawGraphicsPage(const PageContent& page, Target& target, double s) {
+  DrawPlots(page, target, PlacesOfPage(), s);
 }
 
-std::string GraphicsMetafile(const Session& session, const PlotChoices& plots,
-                             const GroupStats& group) {
+void DrawVectorPage(const PageContent& page, Target& target) {
+  int inView = 0;
+  ForEachActive(page.Session, [&inView](const SpecimenRecord&) { ++inView; });
+  target.Describe("Anisotropy of magnetic susceptibility",
+                  GroupHeading(page.Session, GroupInView(page.Session), inView));
+  DrawGraphicsPage(page, target, VectorScale);
+  const std::string mean = MeanOnPage(page, MeanLabel);
+  if (mean.empty() || !GroupLines(page.Plots.Stereo).empty()) return;
+  target.Layer("captions");
+  DrawText(target, mean, MeanLineX, MeanLineY, {.height = MeanLineHeight});
+}
+
+std::string GraphicsMetafile(const PageContent& page) {
   MetafileTarget target(GraphicsPage, PlaceableHeader(GraphicsPage, PageUnitsPerInch));
-  DrawGraphicsPage(session, plots, group, target, 1);
+  DrawGraphicsPage(page, target, 1);
   return target.Bits();
 }
 
-void SaveGraphics(Velorix& velorix) {
-  const auto answer = AskForPicture(velorix, SaveTitle);
-  if (answer && ExportGraphics(velorix, answer->Path, answer->AsBitmap))
-    ShowFigureDone(velorix, "Written: " + answer->Path);
-}
+std::string PageMeanNotice(const PageContent& page) { return MeanOnPage(page, MeanNotice); }
 
-bool ExportGraphics(Velorix& velorix, const std::string& path, bool asBitmap) {
-  return ExportPicture(velorix, {path, asBitmap},
-                       {[&velorix] { return Metafile(velorix); },
-                        [&velorix](Target& target, double s) {
-                          s == VectorScale ? DrawVectorPage(velorix, target)
-                                           : DrawPage(velorix, target, s);
-                        }});
-}
-
-std::optional<PictureAnswer> AskForPicture(Velorix& velorix, const char* title) {
-  FileQuestion question = SaveQuestion(velorix.Session, title);
+std::optional<PictureAnswer> AskForPicture(const Session& session, Dialogs& dialogs,
+                                           const char* title) {
+  FileQuestion question = SaveQuestion(session, title);
   for (const PageKind& kind : Kinds) question.Filter += FilterText(kind.Caption, kind.Extension);
   // Only the proposed name gets an extension. One typed without it names no encoder and is refused.
   question.AddsExtension = false;
-  const auto answer = AskWhereToSave(velorix.Dialogs, question);
+  const auto answer = AskWhereToSave(dialogs, question);
   if (!answer) return std::nullopt;
   return PictureAnswer{answer->Filename, answer->FilterIndex != MetafileFilter};
 }
 
-bool ExportPicture(Velorix& velorix, const PictureAnswer& to, const PagePicture& picture) {
-  return WriteReported(velorix, to.Path, [&]() -> Outcome {
-    if (to.AsBitmap) return SaveBitmapAs(velorix.Host, picture.Draw, to.Path, picture.Fineness);
-    SafeWrite(to.Path, [bytes = picture.Metafile()](std::ostream& out) { out << bytes; });
-    return {};
-  });
+Outcome WritePagePicture(const Host& host, const PictureAnswer& to, const PagePicture& picture) {
+  if (to.AsBitmap) return SaveBitmapAs(host, picture.Draw, to.Path, picture.Fineness);
+  SafeWrite(to.Path, [bytes = picture.Metafile()](std::ostream& out) { out << bytes; });
+  return {};
 }
 
-bool WriteReported(Velorix& velorix, const std::string& path,
-                   const std::function<Outcome()>& write) {
-  try {
-    const Outcome outcome = write();
-    if (outcome) return true;
-    ReportRefusal(velorix.Views, velorix.Log, outcome.Text);
-    Show(velorix.Dialogs, Outcome::Refused(ExportTitle, path + "\nFile was not saved!"));
-  } catch (const FileFault& fault) {
-    // Kept for agreement with published results: no box says so.
-    ReportRefusal(velorix.Views, velorix.Log,
-                  path + "\nThis file could not be written: " + fault.what());
-  }
-  return false;
+Outcome WriteGraphicsPage(const Host& host, const PictureAnswer& to, const PageContent& page) {
+  return WritePagePicture(host, to,
+                          {[&page] { return GraphicsMetafile(page); },
+                           [&page](Target& target, double s) {
+                             s == VectorScale ? DrawVectorPage(page, target)
+                                              : DrawGraphicsPage(page, target, s);
+                           }});
 }
 
-Outcome WriteFigure(const Host& host, const std::string& path, PlaneSize plane, double scale,
-                    const std::function<void(Target&)>& draw) {
+Outcome WriteFigure(const Host& host, const std::string& path, PlaneSize plane,
+                    const PictureScale& scale, const std::function<void(Target&)>& draw) {
   if (!host.WritePicture)
     return Outcome::Refused(ExportTitle, path + "\nThis build has no encoders.");
   return host.WritePicture(path, plane, scale, draw);
@@ -222,25 +133,6 @@ Outcome SaveBitmapAs(const Host& host, const std::function<void(Target&, double 
   return WriteFigure(host, path, Scaled(GraphicsPage, s),
                      ofType == VectorScale ? 1.0 / fineness : 1,
                      [&](Target& target) { picture(target, s); });
-}
-
-void CopyGraphics(Velorix& velorix) {
-  if (!velorix.Host.CopyPicture) return;
-  const Outcome outcome = velorix.Host.CopyPicture(
-      Metafile(velorix), GraphicsPage, [&](Target& target) { DrawPage(velorix, target, 1); });
-  if (outcome) return ShowFigureDone(velorix, "");
-  // Kept for agreement with published results: no box says so.
-  ReportRefusal(velorix.Views, velorix.Log, outcome.Text);
-}
-
-void PrintGraphics(Velorix& velorix) {
-  if (!velorix.Host.PrintPicture) return;
-  Outcome outcome = velorix.Host.PrintPicture(
-      DocumentName, GraphicsPage, [&](Target& target) { DrawVectorPage(velorix, target); });
-  if (outcome) return ShowFigureDone(velorix, "");
-  ReportRefusal(velorix.Views, velorix.Log, outcome.Text);
-  outcome.Title = PrintTitle;
-  Show(velorix.Dialogs, outcome);
 }
 
 }  // namespace velorix

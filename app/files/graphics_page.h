@@ -4,7 +4,9 @@
 #include <optional>
 #include <string>
 
-#include "app/state/velorix.h"
+#include "app/files/page_plots.h"
+#include "app/state/dialogs.h"
+#include "app/state/host.h"
 
 namespace velorix {
 
@@ -20,21 +22,21 @@ inline constexpr int PageUnitsPerInch = 100;
 inline constexpr double BitmapScale = 1.6;
 
 /// Draws the plots that the page has by the user's choice.
-void DrawGraphicsPage(const Session& session, const PlotChoices& plots, const GroupStats& group,
-                      Target& target, double s);
+void DrawGraphicsPage(const PageContent& page, Target& target, double s);
+
+/// The page for paper and for files of vectors. A mean of another view than the net's is named
+/// below the net, where the net's captions don't. Metafile, clipboard and pictures of pixels go
+/// without that line.
+void DrawVectorPage(const PageContent& page, Target& target);
 
 /// The page as a metafile, with the header that makes it a file.
-std::string GraphicsMetafile(const Session& session, const PlotChoices& plots,
-                             const GroupStats& group);
+std::string GraphicsMetafile(const PageContent& page);
 
-/// Asks for a file and writes the page there. When the page is done, here and below, the status
-/// line names a mean that belongs to another view than the one shown; on paper, in SVG and in PDF
-/// the page does, too.
-void SaveGraphics(Velorix& velorix);
+/// A sentence about a mean on the page that belongs to another view than the one shown; else empty.
+std::string PageMeanNotice(const PageContent& page);
 
-/// Writes the page: as a metafile, or as a picture of the extension's type, which shows a box when
-/// it fails. True on success. When it fails, status line and log say why, and the old file stays.
-bool ExportGraphics(Velorix& velorix, const std::string& path, bool asBitmap);
+/// Title of the box for a picture that could not be made.
+inline constexpr char ExportTitle[] = "Export graphics";
 
 /// Where a picture goes: as a metafile under any name, or as a picture of the extension's type.
 struct PictureAnswer {
@@ -50,21 +52,19 @@ struct PagePicture {
 };
 
 /// Asks for a file of any of the page's types. No answer when the user cancels.
-std::optional<PictureAnswer> AskForPicture(Velorix& velorix, const char* title);
+std::optional<PictureAnswer> AskForPicture(const Session& session, Dialogs& dialogs,
+                                           const char* title);
 
-/// Writes a picture. A picture of the extension's type shows a box when it fails. True on success.
-/// When it fails, status line and log say why, and the old file stays.
-bool ExportPicture(Velorix& velorix, const PictureAnswer& to, const PagePicture& picture);
+/// Writes a picture. A picture of the extension's type is refused with the reason; a metafile that
+/// can't be written is a `FileFault`. Then the old file stays.
+Outcome WritePagePicture(const Host& host, const PictureAnswer& to, const PagePicture& picture);
 
-/// Runs `write`, which writes a picture to the path. What it refuses, and a `FileFault`, is
-/// reported as above. True on success.
-bool WriteReported(Velorix& velorix, const std::string& path,
-                   const std::function<Outcome()>& write);
+/// Writes the page, as above.
+Outcome WriteGraphicsPage(const Host& host, const PictureAnswer& to, const PageContent& page);
 
-/// Writes what `draw` draws on a plane of its own as a picture of the type of the path's extension;
-/// where that is one of pixels, `scale` of them make a unit.
-Outcome WriteFigure(const Host& host, const std::string& path, PlaneSize plane, double scale,
-                    const std::function<void(Target&)>& draw);
+/// Writes what `draw` draws on a plane of its own as a picture of the type of the path's extension.
+Outcome WriteFigure(const Host& host, const std::string& path, PlaneSize plane,
+                    const PictureScale& scale, const std::function<void(Target&)>& draw);
 
 /// Writes what `picture` draws on the page as a picture of the type of the path's extension: png,
 /// gif, jpg, jpeg, tif, tiff or bmp with the scale of pixels, svg or pdf with scale 1. Another
@@ -72,12 +72,5 @@ Outcome WriteFigure(const Host& host, const std::string& path, PlaneSize plane, 
 /// same size on finer units.
 Outcome SaveBitmapAs(const Host& host, const std::function<void(Target&, double s)>& picture,
                      const std::string& path, int fineness = 1);
-
-/// Puts the page on the clipboard, as vectors. A clipboard that takes nothing is reported in the
-/// status line and the log.
-void CopyGraphics(Velorix& velorix);
-
-/// Prints the page.
-void PrintGraphics(Velorix& velorix);
 
 }  // namespace velorix

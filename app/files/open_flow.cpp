@@ -1,6 +1,5 @@
 #include "app/files/open_flow.h"
 
-#include "app/display/display.h"
 #include "app/files/content_check.h"
 #include "app/files/file_kinds.h"
 #include "app/files/file_stamp.h"
@@ -182,14 +181,6 @@ Step CloseStep(Session& session, const std::string& text) {
   NoteDataChange(session);
   NoteSaved(session);
   return step;
-}
-
-void CloseFile(Velorix& velorix) {
-  Session& session = velorix.Session;
-  if (!session.CurrentFile.empty() || !session.Records.Empty())
-    velorix.History.Add(session, CloseStep(session, "Close " + FileNameOf(session.CurrentFile)));
-  DisplayFormCaption(velorix);
-  DisplayData(velorix, true);
 }
 
 }  // namespace velorix

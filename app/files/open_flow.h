@@ -4,7 +4,10 @@
 #include <vector>
 
 #include "app/files/ask_file.h"
-#include "app/state/velorix.h"
+#include "app/state/dialogs.h"
+#include "app/state/history.h"
+#include "app/state/host.h"
+#include "store/session.h"
 
 namespace velorix {
 
@@ -43,10 +46,7 @@ void OpenNext(Session& session, History& history, Dialogs& dialogs);
 /// Reads the files that make up the store again.
 void ReloadFile(Session& session, History& history, Dialogs& dialogs);
 
-/// Empties the store and the session's file names, and displays that.
-void CloseFile(Velorix& velorix);
-
-/// The step that `CloseFile` is, for what closes a file on its way; the session has no store then.
+/// Empties the store and the session's file names. Gives the step that undoes it, with `text`.
 Step CloseStep(Session& session, const std::string& text);
 
 }  // namespace velorix

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cctype>
 
+#include "plot/net/stereo.h"
+
 namespace velorix {
 namespace {
 
@@ -99,6 +101,16 @@ void ResetCodes(CodeLists& lists) {
     list->Remove(FromData);
 }
 
+void TakeCodesInUse(const CodeLists& lists, std::string& foliCode, std::string& lineCode) {
+  foliCode = lists.foliationsInUse.Text();
+  lineCode = lists.lineationsInUse.Text();
+}
+
+void TakeCodesShown(const CodeLists& lists, StereoOptions& net) {
+  net.foliationCodes = lists.foliationsShown.SelectedCodes();
+  net.lineationCodes = lists.lineationsShown.SelectedCodes();
+}
+
 void RefillCodes(CodeLists& lists, const RecordArray& records, std::string& foliCode,
                  std::string& lineCode) {
   const CodeLists before = lists;
@@ -111,8 +123,7 @@ void RefillCodes(CodeLists& lists, const RecordArray& records, std::string& foli
   KeepTicks(lists.lineationsShown, before.lineationsShown);
   KeepChoice(lists.foliationsInUse, before.foliationsInUse);
   KeepChoice(lists.lineationsInUse, before.lineationsInUse);
-  foliCode = lists.foliationsInUse.Text();
-  lineCode = lists.lineationsInUse.Text();
+  TakeCodesInUse(lists, foliCode, lineCode);
 }
 
 }  // namespace velorix

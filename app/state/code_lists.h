@@ -8,6 +8,8 @@
 
 namespace velorix {
 
+struct StereoOptions;
+
 /// Item data of a code found in the data.
 inline constexpr int FromData = 1;
 
@@ -56,6 +58,12 @@ void ComboAddCodes(CodeLists& lists, const SpecimenRecord& record, int itemData)
 
 /// Takes the codes found in the data away.
 void ResetCodes(CodeLists& lists);
+
+/// `foliCode` and `lineCode` become the codes that the lists of codes in use show; a list that
+/// shows nothing gives an empty code.
+void TakeCodesInUse(const CodeLists& lists, std::string& foliCode, std::string& lineCode);
+/// The net shows the codes that are ticked.
+void TakeCodesShown(const CodeLists& lists, StereoOptions& net);
 
 /// Fills the lists with the codes of changed records. What was chosen or ticked and still exists
 /// stays so; a list that has nothing left of it chooses or ticks its first entry. `foliCode` and

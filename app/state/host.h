@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/outcome.h"
+#include "plot/drawing/picture_scale.h"
 #include "plot/drawing/target.h"
 
 namespace velorix {
@@ -18,9 +19,8 @@ struct Host {
       ListFolder;
   // Pictures, where the host can make them; `draw` draws on the plane.
   using DrawPicture = std::function<void(Target&)>;
-  /// A file of the type of the extension; `scale` pixels make a unit of the plane, and a scale
-  /// below 1 makes the units of vectors smaller.
-  std::function<Outcome(const std::string& path, PlaneSize plane, double scale,
+  /// A file of the type of the extension.
+  std::function<Outcome(const std::string& path, PlaneSize plane, const PictureScale& scale,
                         const DrawPicture& draw)>
       WritePicture = {};
   /// On the clipboard, as the bytes of a metafile's file and in the host's own vectors.

@@ -5,7 +5,7 @@
 namespace velorix {
 
 /// What shows the session. The program calls it after each change; `platform/` implements it. No
-/// view decides anything: each reads the `Velorix` object that it was made with.
+/// view decides anything: each reads what it was made with.
 struct Views {
   virtual ~Views() = default;
   /// The main window's caption, and how many characters of a path have room in it.
@@ -35,10 +35,19 @@ struct Views {
   virtual void ShowStatus(const std::string& text) = 0;
 };
 
+/// Which of the windows beside the main one stand open.
+struct OpenWindows {
+  bool DataTable = false;
+  bool GroupStatistics = false;
+  bool FoliLine = false;
+  bool Groups = false;
+  bool Contour = false;
+};
+
 /// What opens and shuts windows; `platform/` implements it.
 struct WindowOpener {
   virtual ~WindowOpener() = default;
-  /// The windows beside the main one open and shut as `Velorix::Windows` says.
+  /// The windows beside the main one open and shut as the program's `OpenWindows` says.
   virtual void ShowWindows() = 0;
   virtual void ShowAbout() = 0;
   /// Opens the window of the manual, or raises it.
@@ -47,6 +56,7 @@ struct WindowOpener {
   virtual void ShowOrientationEditor() = 0;
   virtual void ShowOrientationParameters() = 0;
   virtual void ShowFactorChoice() = 0;
+  virtual void ShowFigureOptions() = 0;
   /// Opens the editor of geological files, or raises the one that is open.
   virtual void ShowGedEditor() = 0;
   /// Asks the main window to close, which asks the exit question.

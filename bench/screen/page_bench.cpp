@@ -11,7 +11,7 @@
 #include <QPainter>
 #include <filesystem>
 
-#include "app/files/graphics_page.h"
+#include "app/commands/picture_commands.h"
 #include "bench/ratio.h"
 #include "platform/painting/painter_target.h"
 #include "platform/painting/picture_file.h"
@@ -63,7 +63,7 @@ void PageBesideDrawingAndEncoding(benchmark::State& state) {
   const std::string file =
       Utf8Of(std::filesystem::temp_directory_path() / "velorix-page-bench.png");
   Recorder recorder;
-  DrawGraphicsPage(velorix.Session, velorix.Plots, velorix.GroupStats, recorder, BitmapScale);
+  DrawGraphicsPage(PageOf(velorix), recorder, BitmapScale);
   QImage image(1440, 1280, QImage::Format_RGB32);
   for (auto _ : state) {
     const auto [drawing, encoding, ours] = bench::MediansInTurn(
@@ -79,7 +79,7 @@ void PageBesideDrawingAndEncoding(benchmark::State& state) {
           QImageWriter(&buffer, "png").write(image);
         },
         [&] {
-          if (!ExportGraphics(velorix, file, true)) std::abort();
+          if (!ExportGraphics(velorix, {file, true})) std::abort();
         });
     state.counters["ms"] = ours * 1e-6;
     state.counters["ms_drawing"] = drawing * 1e-6;

@@ -8,7 +8,7 @@
 #include <QApplication>
 #include <random>
 
-#include "app/display/display.h"
+#include "app/commands/display.h"
 #include "app/tables/data_table.h"
 #include "bench/ratio.h"
 #include "platform/qt/windows/velorix_window.h"

@@ -5,10 +5,11 @@
 #include <charconv>
 #include <filesystem>
 #include <limits>
+#include <memory>
 
 #include "app/files/export_grid.h"
 #include "app/files/file_kinds.h"
-#include "app/state/velorix.h"
+#include "app/state/program.h"
 #include "platform/batch/contour_output.h"
 #include "platform/batch/groups_output.h"
 #include "platform/batch/untilt_output.h"
@@ -32,10 +33,15 @@ struct Bounded {
   std::int64_t Least, Most;
 };
 
+/// A word of `ParseGroupBy`.
+struct Parting {
+  std::string Arguments::*Word;
+};
+
 /// Where an option's value goes.
-using Place =
-    std::variant<Choice, Bounded, bool Arguments::*, int Arguments::*, std::string Arguments::*,
-                 std::vector<int> Arguments::*, std::vector<std::string> Arguments::*>;
+using Place = std::variant<Choice, Bounded, Parting, bool Arguments::*, int Arguments::*,
+                           std::string Arguments::*, std::vector<int> Arguments::*,
+                           std::vector<std::string> Arguments::*>;
 
 struct OptionRow {
   const char* Name;
@@ -96,11 +102,13 @@ const OptionRow Options[] = {
     {"--append",        "",                          "append to an existing --grid file",               &Arguments::Append},
     {"--table",         "FILE",                      "the data table as tab-separated text",            &Arguments::Table},
     {"--stats",         "FILE",                      "the group statistics as JSON; - is standard output", &Arguments::Stats},
-    {"--group-by",      GroupByWords,                "parts the records in view into groups",           &Arguments::GroupBy},
+    {"--group-by",      GroupByWords,                "parts the records in view into groups",           Parting{&Arguments::GroupBy}},
     {"--groups",        "FILE",                      "statistics of each group and of all: .json or .csv; - is standard output", &Arguments::Groups},
     {"--compare",       "FILE",                      "every pair of groups as JSON; - is standard output", &Arguments::Compare},
     {"--untilt",        "FILE",                      "the groups untilted step by step: .json, or the figure by its extension; - is standard output", &Arguments::Untilt},
     {"--panels",        "FILE",                      "a small net a group on one page; its type by the extension", &Arguments::Panels},
+    {"--figure",        "FILE",                      "the page in the style of --style; its type by the extension", &Arguments::Figure},
+    {"--style",         "FILE",                      "style file of --figure",                          &Arguments::Style},
     {"--page",          "FILE",                      "the graphics page; its type by the extension",    &Arguments::Page},
     {"--contour",       Words(ContourDisplays),                "counts the density",                              Choice{&Arguments::Contour, 1}},
     {"--smooth",        "N",                         "smoothing of --contour; default 20",              &Arguments::Smooth},
@@ -115,6 +123,37 @@ const OptionRow Options[] = {
     {"--quiet",         "",                          "no progress and no summary",                      &Arguments::Quiet},
 };
 // clang-format on
+
+/// Options that go with another one alone.
+struct Need {
+  std::vector<std::string> Options;
+  std::string Other;
+};
+const Need Needs[] = {
+    {{"--smooth", "--contour-json", "--contour-image"}, "--contour"},
+    {{"--delimiter", "--append"}, "--grid"},
+    {{"--assign-ged", "--geo-json", "--write-ged"}, "--ged"},
+    {{"--groups", "--compare", "--panels"}, "--group-by"},
+    {{"--untilt"}, "--group-by"},
+    {{"--style"}, "--figure"},
+};
+
+/// "--a, --b and --c need --d."
+std::string TextOf(const Need& need) {
+  std::string text;
+  for (std::size_t i = 0; i < need.Options.size(); ++i)
+    text += (i == 0 ? "" : i + 1 < need.Options.size() ? ", " : " and ") + need.Options[i];
+  return text + (need.Options.size() == 1 ? " needs " : " need ") + need.Other + ".";
+}
+
+/// The parser's error in our words.
+std::string NeedText(const CLI::RequiresError& error) {
+  std::string text = error.what();
+  for (const Need& need : Needs)
+    for (const std::string& option : need.Options)
+      if (text == CLI::RequiresError(option, need.Other).what()) return TextOf(need);
+  return text;
+}
 
 std::vector<std::string> Split(const std::string& text, char separator) {
   std::vector<std::string> parts(1);
@@ -169,6 +208,10 @@ struct CheckValue {
     return "'" + Text + "' is no number from " + std::to_string(bounded.Least) + " to " +
            std::to_string(bounded.Most) + ".";
   }
+  std::string operator()(const Parting&) const {
+    if (ParseGroupBy(Text)) return {};
+    return "'" + Text + "' is none of " + Row.Value + ".";
+  }
   template <class Other>
   std::string operator()(Other Arguments::*) const {
     return {};
@@ -193,8 +236,17 @@ struct TakeValue {
   void operator()(const Bounded& bounded) const {
     To.*bounded.Number = DigitsUpTo(bounded.Most, Text);
   }
+  void operator()(const Parting& parting) const { To.*parting.Word = Text; }
   void operator()(const Choice& choice) const {
     To.*choice.Position = choice.First + PositionOf(Text, Row.Value);
+  }
+};
+
+/// Help without the notes of what an option needs.
+struct HelpFormat : CLI::Formatter {
+  std::string make_option_opts(const CLI::Option* option) const override {
+    const std::string text = CLI::Formatter::make_option_opts(option);
+    return text.substr(0, text.find(" Needs:"));
   }
 };
 
@@ -245,6 +297,8 @@ std::string FilesComplaint(const Arguments& a) {
     for (const std::vector<std::string>* inputs : {&a.Files, &a.Ged})
       for (const std::string& input : *inputs)
         if (SameFile(input, *output)) return *output + " is both read and written.";
+    if (!a.Style.empty() && SameFile(a.Style, *output))
+      return *output + " is both read and written.";
     if (!a.SettingsFile.empty() && SameFile(a.SettingsFile, *output))
       return *output + " is the settings file.";
   }
@@ -254,8 +308,9 @@ std::string FilesComplaint(const Arguments& a) {
   return {};
 }
 
-/// What is wrong with arguments that parsed, or nothing. Chooses the reader by the extension.
-std::string Complaint(Arguments& a) {
+/// What is wrong with arguments that parsed, or nothing. `missing` is what the parser says of an
+/// option that another one needs. Chooses the reader by the extension.
+std::string Complaint(Arguments& a, const std::string& missing) {
   if (a.Files.empty()) return "No FILE is given.";
   if (a.Filter == 0) a.Filter = FilterOfExtension(ExtensionOf(a.Files.front()));
   if (a.Filter == 0)
@@ -264,17 +319,7 @@ std::string Complaint(Arguments& a) {
     if (!file->empty() && SaveFilterOf(*file) == 0)
       return *file + ": records are saved as " + SavedExtensions() + " files.";
   }
-  if (a.Contour == 0 && (a.Smooth >= 0 || !a.ContourJson.empty() || !a.ContourImage.empty()))
-    return "--smooth, --contour-json and --contour-image need --contour.";
-  if (a.Grid.empty() && (a.Delimiter >= 0 || a.Append))
-    return "--delimiter and --append need --grid.";
-  if (a.Ged.empty() && (a.AssignGed || !a.GeoJson.empty() || !a.WriteGed.empty()))
-    return "--assign-ged, --geo-json and --write-ged need --ged.";
-  if (!a.GroupBy.empty() && !ParseGroupBy(a.GroupBy))
-    return "--group-by: '" + a.GroupBy + "' is none of " + GroupByWords + ".";
-  if (a.GroupBy.empty() && !(a.Groups.empty() && a.Compare.empty() && a.Panels.empty()))
-    return "--groups, --compare and --panels need --group-by.";
-  if (a.GroupBy.empty() && !a.Untilt.empty()) return "--untilt needs --group-by.";
+  if (!missing.empty()) return missing;
   if (!a.Untilt.empty() && UntiltFormOf(a.Untilt) == UntiltForm::Picture) {
     const std::string complaint = PictureComplaint(a.Untilt);
     if (!complaint.empty())
@@ -284,7 +329,7 @@ std::string Complaint(Arguments& a) {
     return a.Groups + ": groups are written as .json or .csv.";
   if (a.WriteGed == "-") return "--write-ged needs the name of a file.";
   if (a.Grid == "-") return "--grid needs the name of a file.";
-  for (const std::string* page : {&a.Page, &a.Panels}) {
+  for (const std::string* page : {&a.Page, &a.Panels, &a.Figure}) {
     if (page->empty() || UpperCase(ExtensionOf(*page)) == "WMF") continue;
     const std::string complaint = PictureComplaint(*page);
     if (!complaint.empty()) return *page + ": " + complaint + " A page can be a wmf too.";
@@ -306,7 +351,7 @@ std::vector<std::string> Arguments::Outputs() const {
   std::vector<std::string> outputs;
   for (const std::string* output :
        {&Save, &SaveSelected, &Records, &Grid, &Table, &Stats, &Groups, &Compare, &Untilt, &Page,
-        &Panels, &ContourJson, &ContourImage, &GeoJson, &WriteGed})
+        &Figure, &Panels, &ContourJson, &ContourImage, &GeoJson, &WriteGed})
     if (!output->empty()) outputs.push_back(*output);
   return outputs;
 }
@@ -319,16 +364,23 @@ std::variant<Arguments, EarlyEnd> ParseArguments(int argc, const char* const* ar
   app.set_version_flag("--version", std::string("velorix-batch ") + Version);
   app.add_option("FILE", a.Files, "files to read, all by one reader, in this order")->type_name("");
   for (const OptionRow& row : Options) AddOption(app, a, row);
+  for (const Need& need : Needs)
+    for (const std::string& option : need.Options) app.get_option(option)->needs(need.Other);
+  app.formatter(std::make_shared<HelpFormat>());
+  std::string missing;
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
     return EarlyEnd{0, app.help()};
   } catch (const CLI::CallForVersion&) {
     return EarlyEnd{0, std::string("velorix-batch ") + Version + "\n"};
+  } catch (const CLI::RequiresError& error) {  // `a` is whole
+    if (app.remaining_size() > 0) return WrongUsage(CLI::ExtrasError(app.remaining()).what());
+    missing = NeedText(error);
   } catch (const CLI::ParseError& error) {
     return WrongUsage(error.what());
   }
-  const std::string complaint = Complaint(a);
+  const std::string complaint = Complaint(a, missing);
   if (!complaint.empty()) return WrongUsage(complaint);
   return a;
 }

@@ -27,11 +27,12 @@ struct Arguments {
   int Contour = 0;      // 1 to 5, 0 none
   int Smooth = -1;      // -1: the window's
   std::string ContourJson, ContourImage;
+  std::string Style;    // of the figure
   int Delimiter = -1;   // of the grid, from 0; -1: comma
   bool Append = false;  // the grid to its file
   // Outputs; "-": standard output.
   std::string Save, SaveSelected, Records, Grid, Table, Stats, Groups, Compare, Untilt, Page,
-      Panels, GeoJson, WriteGed;
+      Figure, Panels, GeoJson, WriteGed;
   bool Force = false, NoBackup = false, Quiet = false;
 
   /// The outputs named, in the order in which they are made.

@@ -5,17 +5,20 @@
 #include <functional>
 #include <iostream>
 
-#include "app/commands.h"
+#include "app/commands/commands.h"
+#include "app/commands/display.h"
+#include "app/commands/picture_commands.h"
+#include "app/commands/view_choices.h"
 #include "app/display/contour.h"
-#include "app/display/display.h"
 #include "app/edit/assign_ged.h"
 #include "app/files/content_check.h"
 #include "app/files/export_grid.h"
 #include "app/files/export_untilting.h"
+#include "app/files/figure.h"
 #include "app/files/file_kinds.h"
-#include "app/files/graphics_page.h"
 #include "app/files/losses.h"
 #include "app/files/save.h"
+#include "app/files/style_file.h"
 #include "app/state/refusals.h"
 #include "app/tables/comparison_table.h"
 #include "app/tables/data_table.h"
@@ -48,7 +51,7 @@ class Batch {
   }
 
   int Run() {
-    if (!OutputsAreFree() || !TakeSettings()) return 1;
+    if (!OutputsAreFree() || !TakeStyle() || !TakeSettings()) return 1;
     ChooseView();
     if (!Open()) return 1;
     if (!Step()) return 1;
@@ -96,6 +99,13 @@ class Batch {
         return false;
       }
     return true;
+  }
+
+  bool TakeStyle() {
+    if (a_.Style.empty()) return true;
+    const Outcome outcome = ReadStyleFile(a_.Style, style_);
+    if (!outcome) std::cerr << outcome.Title << ": " << outcome.Text << "\n";
+    return outcome.Done;
   }
 
   bool TakeSettings() {
@@ -248,9 +258,13 @@ class Batch {
   }
 
   bool WritePage() {
-    return WritePageTo(a_.Page, [this](const PictureAnswer& to) {
-      return ExportGraphics(velorix_, to.Path, to.AsBitmap);
-    });
+    return WritePageTo(a_.Page,
+                       [this](const PictureAnswer& to) { return ExportGraphics(velorix_, to); });
+  }
+
+  bool WriteFigure() {
+    return WritePageTo(
+        a_.Figure, [this](const PictureAnswer& to) { return ExportFigure(velorix_, to, style_); });
   }
 
   bool WriteGroupPanels() {
@@ -340,11 +354,12 @@ class Batch {
           Write(a_.ContourJson,
                 [&](std::ostream& out) { WriteContourJson(out, velorix_.Contour); });
         });
-    return written && WriteUntilting() && WriteGrid() && WritePage() && WriteGroupPanels() &&
-           WriteContourImage();
+    return written && WriteUntilting() && WriteGrid() && WritePage() && WriteFigure() &&
+           WriteGroupPanels() && WriteContourImage();
   }
 
   const Arguments& a_;
+  FigureStyle style_;
   BatchDialogs dialogs_;
   BatchViews views_;
   Velorix velorix_;

@@ -49,6 +49,7 @@ struct BatchViews : Views, WindowOpener {
   void ShowGedEditor() override {}
   void ShowOrientationParameters() override {}
   void ShowFactorChoice() override {}
+  void ShowFigureOptions() override {}
   void Exit() override {}
   void ShowStatus(const std::string& text) override { Status = text; }
 };

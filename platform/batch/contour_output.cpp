@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include "app/commands.h"
+#include "app/commands/commands.h"
 #include "app/display/contour.h"
 #include "platform/batch/json_writer.h"
 #include "platform/batch/progress.h"

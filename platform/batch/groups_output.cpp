@@ -2,8 +2,8 @@
 
 #include <iostream>
 
-#include "app/display/display.h"
-#include "app/files/export_panels.h"
+#include "app/commands/picture_commands.h"
+#include "app/display/view_values.h"
 #include "app/tables/groups_csv.h"
 #include "platform/batch/json.h"
 #include "platform/batch/json_writer.h"

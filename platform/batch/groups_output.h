@@ -4,8 +4,8 @@
 #include <ostream>
 #include <string>
 
+#include "app/commands/velorix.h"
 #include "app/files/graphics_page.h"
-#include "app/state/velorix.h"
 #include "stats/study/grouping.h"
 
 namespace velorix {

@@ -3,7 +3,7 @@
 #include <functional>
 #include <ostream>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 
 namespace velorix {
 

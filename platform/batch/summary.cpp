@@ -1,6 +1,5 @@
 #include "platform/batch/summary.h"
 
-#include "app/display/display.h"
 #include "text/numbers.h"
 
 namespace velorix {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 
 namespace velorix {
 

@@ -3,7 +3,7 @@
 #include <ostream>
 #include <string>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 #include "stats/study/untilting.h"
 
 namespace velorix {

@@ -5,7 +5,7 @@
 #include <system_error>
 #include <vector>
 
-#include "app/state/velorix.h"
+#include "app/state/host.h"
 
 namespace velorix {
 

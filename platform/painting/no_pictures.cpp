@@ -21,13 +21,14 @@ std::string PictureComplaint(const std::string& path) {
   return "This build writes pictures as svg alone: it has no window toolkit.";
 }
 
-Outcome WritePicture(const std::string& path, PlaneSize plane, double scale,
+Outcome WritePicture(const std::string& path, PlaneSize plane, const PictureScale& scale,
                      const std::function<void(Target&)>& draw) {
   const std::string complaint = PictureComplaint(path);
   if (!complaint.empty()) return Outcome::Refused(Title, path + "\n" + complaint);
   try {
-    SafeWrite(path,
-              [&](std::ostream& out) { out << SvgDocument(plane, std::min(scale, 1.0), draw); });
+    SafeWrite(path, [&](std::ostream& out) {
+      out << SvgDocument(plane, std::min(scale.Unit, 1.0), draw);
+    });
     return {};
   } catch (const FileFault& fault) {
     return Outcome::Refused(Title, path + "\nThis file could not be written: " + fault.what());

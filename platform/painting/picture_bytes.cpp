@@ -17,14 +17,21 @@ namespace {
 
 using Draw = std::function<void(Target&)>;
 
-constexpr int DotsPerMeter = 3780;  // 96 an inch, whatever the screen has
+constexpr int DefaultDotsPerMeter = 3780;  // 96 an inch, whatever the screen has
+constexpr double InchesPerMeter = 39.37007874;
 constexpr int JpegQuality = 95;
 
-QByteArray Pixels(const QByteArray& type, PlaneSize plane, double scale, const Draw& draw) {
+QByteArray Pixels(const QByteArray& type, PlaneSize plane, const PictureScale& form,
+                  const Draw& draw) {
+  const double scale = form.Unit;
   QImage image(static_cast<int>(std::ceil(plane.width * scale)),
                static_cast<int>(std::ceil(plane.height * scale)), QImage::Format_RGB32);
-  image.setDotsPerMeterX(DotsPerMeter);
-  image.setDotsPerMeterY(DotsPerMeter);
+  if (image.isNull()) return {};
+  const int dots = form.PixelsPerInch > 0
+                       ? static_cast<int>(std::lround(form.PixelsPerInch * InchesPerMeter))
+                       : DefaultDotsPerMeter;
+  image.setDotsPerMeterX(dots);
+  image.setDotsPerMeterY(dots);
   image.fill(Qt::white);
   {
     QPainter painter(&image);
@@ -35,6 +42,7 @@ QByteArray Pixels(const QByteArray& type, PlaneSize plane, double scale, const D
   QBuffer buffer;
   QImageWriter writer(&buffer, type);
   writer.setQuality(type == "jpg" || type == "jpeg" ? JpegQuality : -1);
+  if (form.PixelsPerInch > 0) writer.setCompression(1);  // of TIFF: without loss
   return writer.write(image) ? buffer.data() : QByteArray();
 }
 
@@ -71,8 +79,9 @@ QByteArray Pdf(PlaneSize plane, double scale, const Draw& draw) {
 
 }  // namespace
 
-QByteArray PictureBytes(const QByteArray& type, PlaneSize plane, double scale, const Draw& draw) {
-  const double vectorScale = std::min(scale, 1.0);
+QByteArray PictureBytes(const QByteArray& type, PlaneSize plane, const PictureScale& scale,
+                        const Draw& draw) {
+  const double vectorScale = std::min(scale.Unit, 1.0);
   if (type == "svg") return QByteArray::fromStdString(SvgDocument(plane, vectorScale, draw));
   if (type == "pdf") return Pdf(plane, vectorScale, draw);
   return Pixels(type, plane, scale, draw);

@@ -61,7 +61,7 @@ std::string PictureComplaint(const std::string& path) {
   return "Pictures are files of type png, bmp, gif, jpg, tif, svg or pdf.";
 }
 
-Outcome WritePicture(const std::string& path, PlaneSize plane, double scale,
+Outcome WritePicture(const std::string& path, PlaneSize plane, const PictureScale& scale,
                      const std::function<void(Target&)>& draw) {
   const std::string complaint = PictureComplaint(path);
   if (!complaint.empty()) return Outcome::Refused(Title, path + "\n" + complaint);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/outcome.h"
+#include "plot/drawing/picture_scale.h"
 #include "plot/drawing/target.h"
 
 namespace velorix {
@@ -18,10 +19,9 @@ std::string PictureFilter();
 /// png, bmp, gif, jpg, jpeg, tif, tiff (pixels), svg, pdf.
 std::string PictureComplaint(const std::string& path);
 
-/// Writes what `draw` draws on the plane; where the type is one of pixels, `scale` of them make a
-/// unit of the plane; a scale below 1 makes the units of vectors smaller. Either the old or the new
-/// file is there in the end. Refused with the reason.
-Outcome WritePicture(const std::string& path, PlaneSize plane, double scale,
+/// Writes what `draw` draws on the plane. Either the old or the new file is there in the end.
+/// Refused with the reason.
+Outcome WritePicture(const std::string& path, PlaneSize plane, const PictureScale& scale,
                      const std::function<void(Target&)>& draw);
 
 }  // namespace velorix

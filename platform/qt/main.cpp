@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QMessageBox>
 
+#include "app/state/program.h"
 #include "base/fault.h"
 #include "datafiles/safe_write.h"
 #include "platform/host/host.h"

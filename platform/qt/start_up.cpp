@@ -5,7 +5,7 @@
 #include <QScreen>
 #include <QTimer>
 
-#include "app/startup.h"
+#include "app/commands/startup.h"
 #include "base/timer.h"
 #include "platform/qt/windows/about_window.h"
 #include "platform/qt/windows/velorix_window.h"

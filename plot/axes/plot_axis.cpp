@@ -34,13 +34,24 @@ std::string TickText(const Axis& axis, double value) {
   return FormatNumber(value, TickPicture(axis.range.step));
 }
 
-Ticks LabelledTicks(const Axis& axis, double length, double height, bool alongText) {
-  constexpr double DigitHeight = 0.8, Gap = 0.4;  // of the height
+Ticks LabelledTicks(const Axis& axis, double length, double height, bool alongText,
+                    TickDensity density) {
+  constexpr double DigitHeight = 0.8, Gap = 0.4, FewerRoom = 2;  // of the height; of a label
   double room = DigitHeight;
   if (alongText)
     for (const double end : {axis.range.first, axis.range.upper})
       room = std::max(room, WidthOf(TickText(axis, end)) + Gap);
+  if (density == TickDensity::Fewer) room *= FewerRoom;
   return TicksOf(axis.range, room * height / length);
+}
+
+Axis TickedAxis(Axis axis, TickDensity density) {
+  if (density != TickDensity::More) return axis;
+  // Steps are 2, 5 or 10 times a power of ten.
+  const double leading = std::fabs(SplitExponent(axis.range.step).Mantissa);
+  axis.range.step /= std::lround(leading) == 5 ? 5 : 2;
+  axis.range.minor = axis.range.step / 5;
+  return axis;
 }
 
 std::string AxisTitle(const Axis& axis) {
@@ -89,13 +100,16 @@ struct Side {
   int alignment;      // of labels
 };
 
-Side SideOf(bool vertical, bool upsideDown) {
-  if (vertical) return {true, 42, -0.02, -0.015, upsideDown ? 2 : RightBaseline};
-  return {false, static_cast<std::int16_t>(upsideDown ? 61 : 62), -0.015, 0,
+Side SideOf(const PlotGeometry& plot, bool vertical) {
+  constexpr double Drop = -0.015;
+  const bool upsideDown = plot.height < 0;
+  if (vertical) return {true, 42, -plot.numbersLeft, Drop, upsideDown ? 2 : RightBaseline};
+  return {false, static_cast<std::int16_t>(upsideDown ? 61 : 62), -plot.numbersBelow, 0,
           upsideDown ? CentreBaseline : CentreTop};
 }
 
-void DrawTicks(Target& target, const PlotGeometry& plot, const Axis& axis, const Side& side) {
+void DrawTicks(Target& target, const PlotGeometry& plot, const Axis& whole, const Side& side) {
+  const Axis axis = TickedAxis(whole, plot.style.ticks);
   const auto at = [&](double share, double across) {
     return side.vertical ? plot.At(across, share) : plot.At(share, across);
   };
@@ -106,7 +120,7 @@ void DrawTicks(Target& target, const PlotGeometry& plot, const Axis& axis, const
                plot.TickSize(part), Black, pen);
   };
   const Ticks ticks = LabelledTicks(axis, side.vertical ? std::fabs(plot.height) : plot.width,
-                                    plot.fontHeight, !side.vertical);
+                                    plot.fontHeight, !side.vertical, plot.style.ticks);
   for (const double value : ticks.major) {
     const double share = axis.ShareOf(value);
     const Point label = at(share + side.drop, side.gap);
@@ -130,14 +144,14 @@ TextStyle TitleStyle(const PlotGeometry& plot) {
 void DrawXAxis(Target& target, const PlotGeometry& plot, const Axis& axis,
                const std::string& title) {
   const bool upsideDown = plot.height < 0;
-  DrawTicks(target, plot, axis, SideOf(false, upsideDown));
-  DrawPlotText(target, plot, title, 0.5, upsideDown ? -0.04 : -0.16, TitleStyle(plot));
+  DrawTicks(target, plot, axis, SideOf(plot, false));
+  DrawPlotText(target, plot, title, 0.5, upsideDown ? -0.04 : -plot.titleBelow, TitleStyle(plot));
 }
 
 void DrawYAxis(Target& target, const PlotGeometry& plot, const Axis& axis,
                const std::string& title) {
-  DrawTicks(target, plot, axis, SideOf(true, plot.height < 0));
-  DrawPlotTextVertical(target, plot, title, -0.14, 0.5, TitleStyle(plot));
+  DrawTicks(target, plot, axis, SideOf(plot, true));
+  DrawPlotTextVertical(target, plot, title, -plot.titleLeft, 0.5, TitleStyle(plot));
 }
 
 void DrawPlotPaper(Target& target, const PlotGeometry& plot) {
@@ -146,7 +160,7 @@ void DrawPlotPaper(Target& target, const PlotGeometry& plot) {
 }
 
 void DrawPlotTitle(Target& target, const PlotGeometry& plot, const std::string& title) {
-  DrawPlotText(target, plot, title, 0.45, 1.08,
+  DrawPlotText(target, plot, title, 0.45, 1 + plot.titleAbove,
                {.height = plot.Letters(1.5), .alignment = CentreBaseline, .weight = 700});
 }
 

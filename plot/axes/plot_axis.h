@@ -5,6 +5,7 @@
 #include <string>
 
 #include "plot/axes/axis_scale.h"
+#include "plot/axes/plot_style.h"
 #include "plot/drawing/drawing.h"
 #include "tensor/projection.h"
 
@@ -31,8 +32,13 @@ struct Axis {
 std::string TickText(const Axis& axis, double value);
 
 /// The ticks of an axis of `length` units whose labels of `height` don't run into each other along
-/// the text or across it. Both are those of scale 1, so that each target gets the same ticks.
-Ticks LabelledTicks(const Axis& axis, double length, double height, bool alongText);
+/// the text or across it. Both are those of scale 1, so that each target gets the same ticks. A
+/// plot with fewer ticks gives each label more room.
+Ticks LabelledTicks(const Axis& axis, double length, double height, bool alongText,
+                    TickDensity density = TickDensity::AsNow);
+
+/// The axis as its ticks are chosen: with a finer step for a plot with more of them.
+Axis TickedAxis(Axis axis, TickDensity density);
 
 /// The label with the power of ten and the unit in brackets: "Kmean [10^-4 SI]".
 std::string AxisTitle(const Axis& axis);
@@ -46,10 +52,15 @@ std::string AxisReadOut(const Axis& axis, double value);
 /// them; sizes of letters, symbols and ticks are rounded once, behind it.
 struct PlotGeometry {
   double left = 60, bottom = 245, width = 285, height = 205;
-  std::int16_t fontHeight = 12, symbolSize = 8;
+  double fontHeight = 12, symbolSize = 8;
   // From the frame to the left and the right side of the colour scale, and to its title's baseline.
   double barLeft = 55, barRight = 65, barTitle = 81;
+  // From the frame to the baselines of the axes' titles and of the plot's, in its width or height.
+  double titleLeft = 0.14, titleBelow = 0.16, titleAbove = 0.08;
+  // From the frame to the numbers, in its width or height.
+  double numbersLeft = 0.02, numbersBelow = 0.015;
   double scale = 1;
+  PlotStyle style = {};
 
   /// A point of the unit square on the target, and the way back.
   Point At(double u, double v) const;

@@ -1,5 +1,6 @@
 #include "plot/drawing/fitting_text.h"
 
+#include <algorithm>
 #include <string_view>
 #include <vector>
 
@@ -58,6 +59,20 @@ std::string FittingText(const std::string& text, double room) {
   if (dots) fitting += "...";
   for (std::size_t i = right; i < characters.size(); ++i) fitting += characters[i];
   return fitting;
+}
+
+std::vector<std::string> WrappedText(const std::string& text, double room) {
+  std::vector<std::string> lines;
+  for (std::size_t at = 0; at <= text.size();) {
+    const std::size_t blank = std::min(text.find(' ', at), text.size());
+    const std::string word = FittingText(text.substr(at, blank - at), room);
+    at = blank + 1;
+    if (!lines.empty() && TextWidth(lines.back() + " " + word) <= room)
+      lines.back() += " " + word;
+    else
+      lines.push_back(word);
+  }
+  return lines;
 }
 
 }  // namespace velorix

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace velorix {
 
@@ -11,5 +12,9 @@ double TextWidth(const std::string& text);
 /// `text` on one line of `room` heights of Arial letters: control characters become blanks, and
 /// dots stand for the middle where it is too long, as well as can be said without the font.
 std::string FittingText(const std::string& text, double room);
+
+/// `text` in lines of at most `room` heights of Arial letters, parted at blanks; a word that is
+/// wider is shortened.
+std::vector<std::string> WrappedText(const std::string& text, double room);
 
 }  // namespace velorix

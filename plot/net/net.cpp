@@ -27,8 +27,11 @@ void DrawRim(Target& target, const Net& net, Colour colour) {
 }
 
 void DrawLabel(Target& target, const Net& net, const char* label, const NetLabel& place,
-               Colour colour, std::int16_t fontHeight) {
-  const Point p = OnNet(net, place.u, place.v);
+               Colour colour, std::int16_t fontHeight, double gap) {
+  const auto outward = [gap](double part) { return part > 0.5 ? gap : part < -0.5 ? -gap : 0; };
+  Point p = OnNet(net, place.u, place.v);
+  p.x += outward(place.u);
+  p.y -= outward(place.v);
   DrawText(target, label, p.x, p.y,
            {.height = fontHeight, .colour = colour, .alignment = place.alignment});
 }
@@ -58,11 +61,12 @@ void DrawNetSymbol(Target& target, const Net& net, Projection projection, Direct
 }
 
 void DrawNet(Target& target, CoordinateSystem coorSys, Projection projection, const Net& net,
-             Colour colour, std::int16_t fontHeight) {
+             Colour colour, std::int16_t fontHeight, double labelGap) {
   target.Layer("net");
   DrawRim(target, net, colour);
   const auto& names = NamesOf(coorSys).Rim;
-  for (int i = 0; i < 4; ++i) DrawLabel(target, net, names[i], Labels[i], colour, fontHeight);
+  for (int i = 0; i < 4; ++i)
+    DrawLabel(target, net, names[i], Labels[i], colour, fontHeight, labelGap);
   DrawTicks(target, projection, net, colour);
 }
 

@@ -20,9 +20,9 @@ Point OnNet(const Net& net, double u, double v);
 /// The frame: the primitive circle, the four labels of the coordinate system (1 or 4 "X", "Y",
 /// "-X",
 /// "-Y"; 2 or 3 "N", "90", "180", "270"; any other "0", "90", "180", "270") and a tick at every 10
-/// degrees of inclination on both axes.
+/// degrees of inclination on both axes. The labels stand `labelGap` units farther from the circle.
 void DrawNet(Target& target, CoordinateSystem coorSys, Projection projection, const Net& net,
-             Colour colour, std::int16_t fontHeight);
+             Colour colour, std::int16_t fontHeight, double labelGap = 0);
 
 /// A symbol at a direction (degrees). The sign of the inclination is not looked at: (200, -30) is
 /// drawn at (200, 30); who wants the antipode turns the direction himself.

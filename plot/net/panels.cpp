@@ -153,7 +153,7 @@ class Panels {
     const std::string& name = placed.panel->Name;
     Text(FittingText(name.empty() ? "(no name)" : name, placed.width / net.fontHeight), net.cx,
          net.cy - net.diameter * 0.51 - LineStep * net.fontHeight,
-         {.height = net.fontHeight, .alignment = CentreBaseline, .weight = 600});
+         {.height = ToShort(net.fontHeight), .alignment = CentreBaseline, .weight = 600});
   }
 
   StereoView ViewOf(const PlacedPanel& placed) const {
@@ -199,13 +199,13 @@ void DrawPanels(const Session& session, std::span<const Panel> panels, ErrorLeve
     const int row = i / grid.columns, column = i % grid.columns;
     const double left = Margin + grid.columnWidth * column;
     const double top = Margin + grid.rowHeight * row;
-    const StereoGeometry geometry = {
-        .cx = left + grid.columnWidth / 2,
-        .cy = top + 2 * LineStep * grid.letters + grid.diameter / 2,
-        .diameter = grid.diameter,
-        .symbolSize = ToShort(std::clamp(SymbolPart * grid.diameter, LeastSymbols, MostSymbols)),
-        .fontHeight = ToShort(grid.letters),
-        .scale = s};
+    const StereoGeometry geometry = {.cx = left + grid.columnWidth / 2,
+                                     .cy = top + 2 * LineStep * grid.letters + grid.diameter / 2,
+                                     .diameter = grid.diameter,
+                                     .symbolSize = static_cast<double>(ToShort(std::clamp(
+                                         SymbolPart * grid.diameter, LeastSymbols, MostSymbols))),
+                                     .fontHeight = static_cast<double>(ToShort(grid.letters)),
+                                     .scale = s};
     placed.push_back({&panels[static_cast<std::size_t>(i)], geometry, grid.columnWidth, {}});
   }
   drawn.Draw(placed);

@@ -30,7 +30,8 @@ void DrawStereo(const RecordArray& records, CoordinateSystem coorSys, Target& ta
   }
 
   target.SetTransparent();
-  DrawNet(target, coorSys, EqualArea, net, Black, geometry.FontHeight());
+  DrawNet(target, coorSys, EqualArea, net, Black, geometry.FontHeight(),
+          geometry.labelGap * geometry.scale);
   DrawCaptions(view);
   DrawLegend(view);
   DrawGeology(view, false);
@@ -44,6 +45,7 @@ void DrawStereo(const RecordArray& records, CoordinateSystem coorSys, Target& ta
   DrawRecordSymbols(view, false, coding);
   DrawRecordEllipses(view, true);
   DrawRecordSymbols(view, true, coding);
+  DrawMeanHalos(view);
   DrawGroupMeans(view);
   DrawMeans(view);
   DrawMeanEllipses(view);
@@ -82,7 +84,7 @@ PlaneSize StereoPlane(const StereoOptions& options) {
         height,
         OnNet(net, 0, GroupTop(options) - GroupStep * static_cast<double>(lines - 1)).y + 5);
   if (options.showData && options.colourByValue)  // the colour scale right of the net
-    width = std::max(width, geometry.cx + geometry.diameter / 2 + ScaleGap + 25);
+    width = std::max(width, geometry.cx + geometry.diameter / 2 + geometry.scaleGap + 25);
   return {static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(height))};
 }
 

@@ -8,6 +8,7 @@
 #include "base/rounding.h"
 #include "base/slots.h"
 #include "plot/axes/columns.h"
+#include "plot/axes/plot_style.h"
 #include "plot/net/group_marks.h"
 #include "plot/net/net.h"
 #include "stats/group/group_statistics.h"
@@ -42,12 +43,17 @@ struct StereoOptions {
   bool operator==(const StereoOptions&) const = default;
 };
 
-/// Where the view lies on its target and how large its symbols and letters are. The defaults are
-/// those of the screen. `scale` multiplies all of them; sizes become whole units behind it.
+/// Where the view lies on its target, how large its symbols and letters are and what it looks like.
+/// The defaults are those of the screen. `scale` multiplies all lengths; sizes become whole units
+/// behind it.
 struct StereoGeometry {
   double cx = 180, cy = 190, diameter = 310;
-  std::int16_t symbolSize = 9, fontHeight = 14;
+  double symbolSize = 9, fontHeight = 14;
+  // From the rim to the bars of the colour scale and to the baseline of its title.
+  double scaleGap = 65, scaleTitle = 10;
+  double labelGap = 0;  // more room between the rim and its labels
   double scale = 1;
+  PlotStyle style = {};
 
   Net OnTarget() const { return {cx * scale, cy * scale, diameter * scale}; }
   std::int16_t SymbolSize() const { return ToShort(symbolSize * scale); }

@@ -7,23 +7,24 @@ constexpr double AxisColumn = -0.95, SymbolRise = 0.04;  // a symbol stands abov
 
 /// What an axis is known by: its symbol in its colour, the symbol alone where colours show groups,
 /// or the colour alone where shapes do.
-void DrawAxisSample(const StereoView& view, const PrincipalAxis& axis, double u, double v) {
+void DrawAxisSample(const StereoView& view, int k, double u, double v) {
+  const PrincipalAxis& axis = Axes[k];
+  const Colour colour = view.Colours().axes[k];
   if (view.symbolsBy != MarkBy::Shapes || view.marks->By == MarkBy::Colours)
     return view.Symbol(axis.symbol, u, v, axis.sizeFactor,
-                       view.symbolsBy == MarkBy::Colours ? White : axis.colour, Black);
+                       view.symbolsBy == MarkBy::Colours ? White : colour, Black);
   const Point p = OnNet(view.net, u, v);
   const double width = 0.7 * view.SymbolSize(1), height = 0.35 * view.SymbolSize(1);
   DrawRectangle(view.target, p.x - width, p.y - height, p.x + width, p.y + height,
-                {.style = NoLine}, axis.colour);
+                {.style = NoLine}, colour);
 }
 
 void DrawAxisLegend(const StereoView& view) {
   double v = LegendTop;
   for (int k = 1; k <= 3; ++k) {
     if (!view.options.showAxis[k]) continue;
-    const PrincipalAxis& axis = Axes[k];
-    view.Text(axis.name, AxisColumn, v, LeftBaseline);
-    DrawAxisSample(view, axis, AxisColumn - 0.1, v + SymbolRise);
+    view.Text(Axes[k].name, AxisColumn, v, LeftBaseline);
+    DrawAxisSample(view, k, AxisColumn - 0.1, v + SymbolRise);
     v -= RowStep;
   }
 }
@@ -31,6 +32,7 @@ void DrawAxisLegend(const StereoView& view) {
 void DrawFoliLegend(const StereoView& view) {
   const StereoOptions& options = view.options;
   if (!options.showPlanes) return;
+  const Colour colour = view.Colours().planes;
   double v = LegendTop;
   int i = 0;
   for (const std::string& code : view.options.foliationCodes) {
@@ -41,24 +43,27 @@ void DrawFoliLegend(const StereoView& view) {
       u += ColumnStep;
     }
     if (options.planesAsPoles) {
-      view.Symbol(static_cast<std::int16_t>(i + 30), u, v + SymbolRise, 1.2, White, PlaneColour);
+      const CodeSymbol symbol = SymbolOfCode(i, FirstPole, colour, view.geometry.style.moreCodes);
+      view.Symbol(symbol.symbol, u, v + SymbolRise, 1.2, symbol.fill, colour);
       u += ColumnStep;
     }
     if (options.planesAsCircles)
-      view.Line(u - 0.05, u + 0.15, v + SymbolRise, FoliPen(i, PlaneColour));
+      view.Line(u - 0.05, u + 0.15, v + SymbolRise,
+                FoliPen(i, colour, view.geometry.style.moreCodes));
     v -= RowStep;
   }
 }
 
 void DrawLineLegend(const StereoView& view) {
   if (!view.options.showLines) return;
+  const Colour colour = view.Colours().lines;
   double v = LegendTop;
   int i = 0;
   for (const std::string& code : view.options.lineationCodes) {
     ++i;
     view.Text(code, LineColumn, v, LeftBaseline);
-    view.Symbol(static_cast<std::int16_t>(i + 10), LineColumn + ColumnStep, v + SymbolRise, 1,
-                White, LineColour);
+    const CodeSymbol symbol = SymbolOfCode(i, FirstLine, colour, view.geometry.style.moreCodes);
+    view.Symbol(symbol.symbol, LineColumn + ColumnStep, v + SymbolRise, 1, symbol.fill, colour);
     v -= RowStep;
   }
 }
@@ -74,9 +79,17 @@ void DrawGroupLines(const StereoView& view) {
 
 }  // namespace
 
-Pen FoliPen(int i, Colour colour) {
+Pen FoliPen(int i, Colour colour, bool more) {
+  if (more && i > CodeStyles)
+    return {.style = static_cast<std::int16_t>((i - 1) % CodeStyles), .colour = colour, .width = 2};
   if (i == 1) return {.style = Solid, .colour = colour, .width = 3};
   return {.style = static_cast<std::int16_t>(i - 1), .colour = colour, .width = 1};
+}
+
+CodeSymbol SymbolOfCode(int i, std::int16_t first, Colour colour, bool more) {
+  if (more && i > CodeStyles)
+    return {static_cast<std::int16_t>(first + (i - 1) % CodeStyles), colour};
+  return {static_cast<std::int16_t>(first + i - 1), White};
 }
 
 void DrawCaptions(const StereoView& view) {

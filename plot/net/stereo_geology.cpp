@@ -23,12 +23,16 @@ void DrawPlane(const StereoView& view, Direction plane, int i, bool selected) {
   const Direction pole = PoleOfPlane(plane);
   if (!IsFinite(pole)) return;
   const StereoOptions& options = view.options;
-  const Colour colour = selected ? SelectedColour : PlaneColour;
+  const Palette& colours = view.Colours();
+  const bool more = view.geometry.style.moreCodes;
+  const Colour colour = selected ? colours.selected : colours.planes;
   if (options.planesAsCircles)
-    DrawGreatCircle(view.target, view.net, EqualArea, 2, false, pole, FoliPen(i, colour));
-  if (options.planesAsPoles)
-    DrawNetSymbol(view.target, view.net, EqualArea, pole, static_cast<std::int16_t>(i + 30),
-                  view.SymbolSize(1.2), White, {.colour = colour});
+    DrawGreatCircle(view.target, view.net, EqualArea, 2, false, pole, FoliPen(i, colour, more));
+  if (options.planesAsPoles) {
+    const CodeSymbol symbol = SymbolOfCode(i, FirstPole, colour, more);
+    DrawNetSymbol(view.target, view.net, EqualArea, pole, symbol.symbol, view.SymbolSize(1.2),
+                  symbol.fill, {.colour = colour});
+  }
   if (options.planesAsStrikes) DrawSticks(view, pole.Dec, selected, colour);
 }
 
@@ -48,10 +52,12 @@ void DrawLines(const StereoView& view, const SpecimenRecord& record, bool select
     ++i;
     for (int slot = 1; slot <= 2; ++slot) {
       const Direction line = {record.LineDec[slot], record.LineInc[slot]};
-      if (record.LineName[slot] == code && IsFinite(line))
-        DrawNetSymbol(view.target, view.net, EqualArea, line, static_cast<std::int16_t>(i + 10),
-                      view.SymbolSize(1), White,
-                      {.colour = selected ? SelectedColour : LineColour});
+      if (record.LineName[slot] == code && IsFinite(line)) {
+        const Colour colour = selected ? view.Colours().selected : view.Colours().lines;
+        const CodeSymbol symbol = SymbolOfCode(i, FirstLine, colour, view.geometry.style.moreCodes);
+        DrawNetSymbol(view.target, view.net, EqualArea, line, symbol.symbol, view.SymbolSize(1),
+                      symbol.fill, {.colour = colour});
+      }
     }
   }
 }

@@ -3,8 +3,6 @@
 namespace velorix {
 namespace {
 
-/// Pens of the bootstrap contours, darker than the axes.
-constexpr Array1<Colour, 3> ContourColours = {128, 32768, 0x800000};
 /// Sizes of the symbols of a bootstrap cloud.
 constexpr Array1<std::int16_t, 3> CloudSizes = {1, 3, 3};
 /// Sizes of the mean directions' symbols.
@@ -54,14 +52,36 @@ void DrawBootstrap(const StereoView& view) {
         const Direction d = Long(stats.BootPoints[k][i]);
         if (IsFinite(d))
           DrawNetSymbol(view.target, view.net, EqualArea, d, Axes[k].symbol, CloudSizes[k],
-                        Axes[k].colour, {.colour = Axes[k].colour});
+                        view.Colours().axes[k], {.colour = view.Colours().axes[k]});
       }
   if (!view.options.showBootstrapContours) return;
   for (int k = 1; k <= 3; ++k) {
     std::vector<Direction> contour;
     for (const ShortDirection& d : stats.BootContour[k]) contour.push_back(Long(d));
-    DrawNetPolyline(view.target, view.net, EqualArea, contour, {.colour = ContourColours[k]});
+    DrawNetPolyline(view.target, view.net, EqualArea, contour,
+                    {.colour = view.Colours().bootstrap[k]});
   }
+}
+
+void DrawMeanHalos(const StereoView& view) {
+  if (!view.HasHalo()) return;
+  view.target.Layer("halos");
+  const auto rim = [&](std::int16_t width) -> Pen {
+    return {.colour = White,
+            .width = static_cast<std::int16_t>(width + 2 * view.geometry.style.halo)};
+  };
+  const auto draw = [&](const GroupStats& stats, bool means, bool ellipses) {
+    for (int k = 1; k <= 3; ++k) {
+      if (ellipses) DrawMeanEllipse(view, stats, k, rim(view.lineWidth));
+      if (const Direction mean = {stats.MeanDec[k], stats.MeanInc[k]};
+          means && ShowsMean(stats) && view.options.showAxis[k] && IsFinite(mean))
+        DrawNetSymbol(view.target, view.net, EqualArea, mean, Axes[k].symbol,
+                      view.SymbolSize(MeanSizes[k]), White, rim(view.Scaled(2, view.lineWidth)));
+    }
+  };
+  if (view.marks)
+    for (const GroupMarks::Mean& mean : view.marks->Means) draw(mean.Stats, true, true);
+  draw(view.stats, view.options.showMean, view.options.showMeanEllipses);
 }
 
 void DrawMeans(const StereoView& view) {
@@ -73,27 +93,27 @@ void DrawMeans(const StereoView& view) {
   for (int k = 1; k <= 3; ++k)
     if (view.options.showGreatCircle[k])
       DrawGreatCircle(view.target, view.net, EqualArea, 1, false, mean(k),
-                      {.colour = Axes[k].colour, .width = 2});
+                      {.colour = view.Colours().axes[k], .width = 2});
   for (int k = 1; k <= 3; ++k)
     if (view.options.showAxis[k] && IsFinite(mean(k)))
-      DrawNetSymbol(view.target, view.net, EqualArea, mean(k), Axes[k].symbol,
-                    view.SymbolSize(MeanSizes[k]), White,
-                    {.colour = Axes[k].colour, .width = view.Scaled(2, view.lineWidth)});
+      DrawOpenMark(view, mean(k), Axes[k].symbol, MeanSizes[k], Finish::Full,
+                   view.Colours().axes[k]);
 }
 
 void DrawMeanEllipses(const StereoView& view) {
   view.target.Layer(EllipseLayer(view.options.level));
   if (!view.options.showMeanEllipses) return;
   for (int k = 1; k <= 3; ++k)
-    DrawMeanEllipse(view, view.stats, k, {.colour = Axes[k].colour, .width = view.lineWidth});
+    DrawMeanEllipse(view, view.stats, k,
+                    {.colour = view.Colours().axes[k], .width = view.lineWidth});
 }
 
 void DrawGroupMeans(const StereoView& view) {
   view.target.Layer("means of groups");
   if (!view.marks) return;
   const MarkBy by = view.marks->By;
-  const auto colourOf = [by](int k, const GroupMark& mark) {
-    return by == MarkBy::Colours ? mark.colour : Axes[k].colour;
+  const auto colourOf = [&view, by](int k, const GroupMark& mark) {
+    return by == MarkBy::Colours ? mark.colour : view.Colours().axes[k];
   };
   for (const auto& [group, stats] : view.marks->Means)
     for (int k = 1; k <= 3; ++k) {

@@ -32,8 +32,8 @@ void DrawRecordSymbol(const StereoView& view, const SpecimenRecord& record, int 
     const PrincipalAxis& axis = Axes[k];
     view.target.Layer(SymbolLayers[selected][k]);
     const std::int16_t size = view.SymbolSize(axis.sizeFactor);
-    const Colour fill =
-        coding && !selected ? coding->Fill(value, axis.colour) : view.ColourOf(k, selected, mark);
+    const Colour fill = coding && !selected ? coding->Fill(value, view.Colours().axes[k])
+                                            : view.ColourOf(k, selected, mark);
     if (mark)
       view.Mark(direction, view.SymbolOf(k, *mark, view.symbolsBy), mark->finish, size, fill,
                 selected || coding);
@@ -73,7 +73,7 @@ void DrawDataLines(const StereoView& view) {
       const Point unit = ProjectDirection(EqualArea, d), p = OnNet(view.net, unit.x, unit.y);
       point = ToLogical(view.target, p.x, p.y);
     }
-    DrawPolyline(view.target, points, {.colour = Axes[k].colour});
+    DrawPolyline(view.target, points, {.colour = view.Colours().axes[k]});
   }
 }
 

@@ -21,7 +21,7 @@ struct ScalePlace {
 ScalePlace PlaceOf(const StereoView& view) {
   ScalePlace place;
   place.height = ToShort(view.net.diameter / 2);
-  place.base = view.net.cx + place.height + ScaleGap * view.geometry.scale;
+  place.base = view.net.cx + place.height + view.geometry.scaleGap * view.geometry.scale;
   place.barWidth = BarWidth * view.geometry.scale;
   place.bottom = view.net.cy + place.height;
   place.axesOn = 0;
@@ -38,12 +38,13 @@ void DrawBars(const StereoView& view, const ScalePlace& place) {
   for (int i = 0; i <= place.height; ++i) {
     const float t = static_cast<float>(i) / static_cast<float>(place.height);
     if (!place.perAxis) {
-      colours.push_back(ColorScale(t));
+      colours.push_back(view.Colours().ramp(t));
       continue;
     }
     for (int k = 1; k <= 3; ++k) {
       float share = t;
-      if (view.options.showAxis[k]) colours.push_back(BlendColor(Axes[k].colour, White, share));
+      if (view.options.showAxis[k])
+        colours.push_back(BlendColor(view.Colours().axes[k], White, share));
     }
   }
   DrawRamp(view.target, sides, place.bottom, colours);
@@ -54,8 +55,8 @@ void DrawTicks(const StereoView& view, const ScalePlace& place, const Axis& scal
   const StereoGeometry& geometry = view.geometry;
   const std::int16_t letters = view.Scaled(LetterPart, geometry.FontHeight());
   const double left = place.Left(), gap = 5 * geometry.scale;
-  const Ticks ticks =
-      LabelledTicks(scale, geometry.diameter / 2, LetterPart * geometry.fontHeight, false);
+  const Ticks ticks = LabelledTicks(scale, geometry.diameter / 2, LetterPart * geometry.fontHeight,
+                                    false, geometry.style.ticks);
   for (const double value : ticks.major) {
     const double y = place.bottom - place.height * scale.ShareOf(value);
     DrawText(view.target, TickText(scale, value), place.perAxis ? left + gap : left - gap, y + gap,
@@ -70,7 +71,8 @@ void DrawTicks(const StereoView& view, const ScalePlace& place, const Axis& scal
 
 void DrawTitle(const StereoView& view, const ScalePlace& place, const Axis& scale) {
   DrawTextVertical(
-      view.target, AxisTitle(scale), place.base - 55 * view.geometry.scale,
+      view.target, AxisTitle(scale),
+      place.base - (view.geometry.scaleGap - view.geometry.scaleTitle) * view.geometry.scale,
       view.net.cy + place.height / 2.0,
       {.height = view.geometry.FontHeight(), .alignment = CentreBaseline, .weight = 600});
 }
@@ -83,7 +85,7 @@ double ColourCoding::Value(const StereoView& view, const SpecimenRecord& record,
 
 Colour ColourCoding::Fill(double value, Colour axisColour) const {
   float t = static_cast<float>((value - scale.lower) / (scale.upper - scale.lower));
-  return perAxis ? BlendColor(axisColour, White, t) : ColorScale(t);
+  return perAxis ? BlendColor(axisColour, White, t) : ramp(t);
 }
 
 std::optional<ColourCoding> DrawColourScale(const StereoView& view) {
@@ -103,7 +105,7 @@ std::optional<ColourCoding> DrawColourScale(const StereoView& view) {
     if (!scale.IsEmpty()) DrawTicks(view, place, scale);
   }
   DrawTitle(view, place, scale);
-  return ColourCoding{scale.range, place.perAxis};
+  return ColourCoding{scale.range, place.perAxis, view.Colours().ramp};
 }
 
 void DrawFieldNet(Target& target, CoordinateSystem coorSys, const StereoGeometry& geometry,

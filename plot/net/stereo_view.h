@@ -33,6 +33,8 @@ struct StereoView {
   const GroupMarks* marks = nullptr;   // null: groups are not shown
   MarkBy symbolsBy = MarkBy::Nothing;  // what shows the groups of records
 
+  bool HasHalo() const { return geometry.style.halo > 0; }
+  const Palette& Colours() const { return geometry.style.palette; }
   std::int16_t Scaled(double factor, std::int16_t size) const { return ToShort(factor * size); }
   std::int16_t SymbolSize(double factor) const { return Scaled(factor, geometry.SymbolSize()); }
   std::int16_t CaptionHeight() const { return Scaled(1.1, geometry.FontHeight()); }
@@ -66,8 +68,8 @@ struct StereoView {
   }
   /// The colour of what is drawn of axis `k` of a record.
   Colour ColourOf(int k, bool selected, const std::optional<GroupMark>& mark) const {
-    if (selected) return SelectedColour;
-    return mark && symbolsBy == MarkBy::Colours ? mark->colour : Axes[k].colour;
+    if (selected) return Colours().selected;
+    return mark && symbolsBy == MarkBy::Colours ? mark->colour : Colours().axes[k];
   }
   std::int16_t SymbolOf(int k, const GroupMark& mark, MarkBy by) const {
     return by == MarkBy::Shapes ? mark.symbol : Axes[k].symbol;
@@ -91,6 +93,7 @@ struct StereoView {
 struct ColourCoding {
   AxisRange scale;
   bool perAxis = true;  // a ramp from white for each axis, else one ramp for all
+  Colour (*ramp)(float) = ColorScale;
 
   Colour Fill(double value, Colour axisColour) const;
   static double Value(const StereoView& view, const SpecimenRecord& record, int number);
@@ -102,8 +105,17 @@ inline Direction DirectionOf(const SpecimenRecord& record, int k) {
 inline bool IsFinite(const Direction& d) { return std::isfinite(d.Dec) && std::isfinite(d.Inc); }
 
 /// The pen of the i-th foliation's great circle, in legend and net. The sixth has style 5 and so no
-/// line at all: the styles just run on.
-Pen FoliPen(int i, Colour colour);
+/// line at all: the styles just run on, unless `more` starts them again in wide lines.
+Pen FoliPen(int i, Colour colour, bool more);
+/// The symbol and the fill of the i-th code, of symbols from `first` on. Those of a sixth and later
+/// code draw nothing, unless `more` starts them again, filled.
+inline constexpr int CodeStyles = 5;
+inline constexpr std::int16_t FirstPole = 31, FirstLine = 11;
+struct CodeSymbol {
+  std::int16_t symbol = 0;
+  Colour fill = White;
+};
+CodeSymbol SymbolOfCode(int i, std::int16_t first, Colour colour, bool more);
 
 // The layers, in the order of drawing. `selected` chooses one of the two passes that some have.
 void DrawCaptions(const StereoView& view);
@@ -121,6 +133,8 @@ void DrawRecordSymbols(const StereoView& view, bool selected,
                        const std::optional<ColourCoding>& coding);
 /// The means of the groups that the marks have.
 void DrawGroupMeans(const StereoView& view);
+/// White rims that keep means and ellipses apart from the symbols under them.
+void DrawMeanHalos(const StereoView& view);
 void DrawMeans(const StereoView& view);
 void DrawMeanEllipses(const StereoView& view);
 
@@ -130,7 +144,7 @@ inline constexpr double RowStep = 0.1, LegendTop = -0.85;
 double GroupTop(const StereoOptions& options);
 inline constexpr double GroupStep = 0.08;
 inline constexpr double FoliColumn = 0.68, LineColumn = 1.15, ColumnStep = 0.12;
-/// The colour scale at scale 1: from the net's rim to its bars, and the length of a line of a bar.
-inline constexpr int ScaleGap = 65, BarWidth = 10;
+/// The length of a line of a bar of the colour scale at scale 1.
+inline constexpr int BarWidth = 10;
 
 }  // namespace velorix

@@ -45,7 +45,7 @@ void DrawColourScale(Target& target, const PlotGeometry& plot, const Axis& axis)
   const double bottom = std::max(plot.At(0, 0).y, plot.At(0, 1).y);
   std::vector<Colour> colours;
   for (int i = 0; i <= height; ++i)
-    colours.push_back(ColorScale(static_cast<float>(i) / static_cast<float>(height)));
+    colours.push_back(plot.style.palette.ramp(static_cast<float>(i) / static_cast<float>(height)));
   DrawRamp(target, std::array{left, right}, bottom, colours);
   constexpr double LetterPart = 0.9;
   const std::int16_t letters = plot.Letters(LetterPart);
@@ -95,7 +95,8 @@ std::vector<Point> PaintXYPlot(Target& target, const PlotGeometry& plot,
       continue;
     }
     const Colour fill =
-        colours ? ColorScale(static_cast<float>(colour->ShareOf(points[i].z))) : look.fill;
+        colours ? plot.style.palette.ramp(static_cast<float>(colour->ShareOf(points[i].z)))
+                : look.fill;
     if (look.groupsBy == MarkBy::Nothing || points[i].group == NoGroup) {
       DrawSymbol(target, look.symbol, static_cast<float>(places[i].x),
                  static_cast<float>(places[i].y), plot.SymbolSize(), fill, pen);
@@ -156,7 +157,20 @@ XYPlotData Gather(const Session& session, const XYPlotOptions& options, const Gr
   return data;
 }
 
+XYPlotAxes AxesOf(const XYPlotData& data, const XYPlotOptions& options, const Settings& settings) {
+  const auto axis = [&](Column column, const Extent& values) {
+    return values.IsEmpty() ? Axis() : ColumnAxis(column, values.lower, values.upper, settings);
+  };
+  XYPlotAxes axes = {axis(options.x, data.x), axis(options.y, data.y), std::nullopt};
+  if (options.coding && !data.z.IsEmpty()) axes.colour = axis(options.colour, data.z);
+  return axes;
+}
+
 }  // namespace
+
+XYPlotAxes AxesOfXYPlot(const Session& session, const XYPlotOptions& options) {
+  return AxesOf(Gather(session, options, GroupMarks()), options, session.Settings);
+}
 
 std::optional<DrawnXYPlot> DrawXYPlot(const Session& session, Target& target,
                                       const PlotGeometry& plot, const XYPlotOptions& options,
@@ -165,19 +179,15 @@ std::optional<DrawnXYPlot> DrawXYPlot(const Session& session, Target& target,
   const XYPlotData data = Gather(session, options, marks);
   if (data.points[false].empty() && data.points[true].empty()) DrawEmptyPlot(target, plot);
   if (data.x.IsEmpty() || data.y.IsEmpty()) return std::nullopt;
-  const auto axis = [&](Column column, const Extent& values) {
-    return ColumnAxis(column, values.lower, values.upper, session.Settings);
-  };
-  DrawnXYPlot drawn = {axis(options.x, data.x), axis(options.y, data.y), {}};
+  const auto& [x, y, colour] = AxesOf(data, options, session.Settings);
+  DrawnXYPlot drawn = {x, y, {}};
   drawn.symbols.resize(static_cast<std::size_t>(session.RecordCount()), {NaN, NaN});
-  std::optional<Axis> colour;
-  if (options.coding && !data.z.IsEmpty()) colour = axis(options.colour, data.z);
   for (const bool selected : {false, true}) {
     XYPlotLook look;
     look.frame = !selected;
     look.lines = options.lines;
     look.title = drawn.x.label + " - " + drawn.y.label;
-    if (selected) look.fill = SelectedColour;
+    look.fill = selected ? plot.style.palette.selected : plot.style.palette.points;
     look.groupsBy = SymbolsBy(marks.By, options.coding);
     look.keepsFill = selected;
     const std::vector<Point> places = PaintXYPlot(target, plot, data.points[selected], drawn.x,

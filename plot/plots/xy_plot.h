@@ -25,7 +25,7 @@ struct XYPlotLook {
   bool zeroX = true, zeroY = true, diagonal = false;  // lines at 0, and from corner to corner
   std::string title;
   std::int16_t symbol = 3;
-  Colour fill = 0xD28C5A, penColour = Black;  // of the symbols; `fill` where no value colours them
+  Colour fill = Palette().points, penColour = Black;  // of symbols that no value colours
   Colour lineColour = 0x808080, frameColour = Black;
   MarkBy groupsBy = MarkBy::Nothing;  // what shows the points' groups, shapes their colours, too
   bool keepsFill = false;             // `fill` stands before the groups' colours
@@ -64,6 +64,14 @@ PlaneSize XYPlotPlane(const XYPlotOptions& options);
 std::optional<DrawnXYPlot> DrawXYPlot(const Session& session, Target& target,
                                       const PlotGeometry& plot, const XYPlotOptions& options,
                                       const GroupMarks& marks = GroupMarks());
+
+/// The axes that `DrawXYPlot` draws, and that of the colour scale; empty ones where nothing can be
+/// drawn.
+struct XYPlotAxes {
+  Axis x, y;
+  std::optional<Axis> colour;
+};
+XYPlotAxes AxesOfXYPlot(const Session& session, const XYPlotOptions& options);
 
 /// What the legend of the groups below an XY plot looks like.
 LegendLook XYPlotLegend(const XYPlotOptions& options, const GroupMarks& marks);

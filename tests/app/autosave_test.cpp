@@ -1,4 +1,4 @@
-#include "app/edit/autosave.h"
+#include "app/commands/file_commands.h"
 
 #include "datafiles/autosave_file.h"
 #include "tests/app/script.h"

@@ -1,4 +1,4 @@
-#include "app/display/display.h"
+#include "app/commands/display.h"
 
 #include "app/display/shown_group.h"
 #include "app/tables/record_grid.h"

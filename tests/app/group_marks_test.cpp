@@ -2,7 +2,7 @@
 
 #include "app/display/group_marks.h"
 
-#include "app/display/hand_groups.h"
+#include "app/commands/hand_groups.h"
 #include "tests/app/script.h"
 
 namespace velorix {
@@ -58,11 +58,12 @@ TEST_F(Marking, NoMeansOfMoreGroupsThanANetHoldsAndSaysSo) {
   OpenFile(WriteRecords("many.ams", records));
   Show("name:9", true);
   EXPECT_TRUE(Program.Plots.Marks.Means.empty());
-  EXPECT_EQ(GroupMeansText(Program), "The net shows means of up to 1000 groups; these are 1001.");
+  EXPECT_EQ(GroupMeansText(Program.Plots),
+            "The net shows means of up to 1000 groups; these are 1001.");
   Select({1});
   Menu("mnuSelection(2)");
   EXPECT_EQ(Program.Plots.Marks.Means.size(), 1000u);
-  EXPECT_EQ(GroupMeansText(Program), "");
+  EXPECT_EQ(GroupMeansText(Program.Plots), "");
 }
 
 TEST_F(Marking, GroupsByHandBeginWithThoseShown) {

@@ -2,9 +2,9 @@
 
 #include <random>
 
-#include "app/display/hand_groups.h"
+#include "app/commands/file_commands.h"
+#include "app/commands/hand_groups.h"
 #include "app/edit/orientation_editor.h"
-#include "app/edit/orientation_parameters.h"
 #include "app/files/open_flow.h"
 #include "datafiles/safe_write.h"
 #include "datafiles/settings_file.h"

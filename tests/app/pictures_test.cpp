@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <sstream>
 
-#include "app/files/graphics_page.h"
+#include "app/commands/picture_commands.h"
 #include "app/tables/data_table.h"
 #include "plot/drawing/metafile_target.h"
 #include "plot/net/stereo.h"
@@ -130,7 +130,7 @@ class GraphicsPageTest : public ProgramTest {
         .x = Column::Fac3, .y = Column::Fac5, .colour = Column::Km, .coding = true, .lines = true};
     Program.Plots.Stereo.colourByValue = true;
     Program.Plots.Stereo.colourParameter = Column::Fac5;
-    Program.Host.WritePicture = [this](const std::string& path, PlaneSize plane, double,
+    Program.Host.WritePicture = [this](const std::string& path, PlaneSize plane, const PictureScale&,
                                        const Host::DrawPicture& draw) {
       Written.push_back(path);
       Plane = plane;
@@ -140,14 +140,12 @@ class GraphicsPageTest : public ProgramTest {
   }
 
   std::vector<DrawCall> Page(double s) const {
-    return Recorded([&](Target& target) {
-      DrawGraphicsPage(Now, Program.Plots, Program.GroupStats, target, s);
-    });
+    return Recorded([&](Target& target) { DrawGraphicsPage(PageOf(Program), target, s); });
   }
   bool Export(const std::string& name) {
     Asked.Boxes.clear();
     Written.clear();
-    return ExportGraphics(Program, Path(name), !name.ends_with(".wmf"));
+    return ExportGraphics(Program, {Path(name), !name.ends_with(".wmf")});
   }
 
   Texts Written;
@@ -224,7 +222,7 @@ TEST_F(GraphicsPageTest, EveryFailureIsReportedAndOnlyTheMetafileHasNoBox) {
     EXPECT_EQ(Seen.Status, Path(name) + ": No encoder has this extension.");
     EXPECT_EQ(Written, Texts());
   }
-  EXPECT_FALSE(ExportGraphics(Program, Path("a.wmf"), true)) << "the filter decides";
+  EXPECT_FALSE(ExportGraphics(Program, {Path("a.wmf"), true})) << "the filter decides";
   Refuses = true;
   fails("a.png");
   Program.Host.WritePicture = nullptr;  // a build without encoders
@@ -300,7 +298,7 @@ TEST_F(GraphicsPageTest, ClipboardAndPrinterGetThePage) {
     return Outcome();
   };
   Menu("mnuGraphicsCopy");
-  EXPECT_EQ(metafile, GraphicsMetafile(Program.Session, Program.Plots, Program.GroupStats));
+  EXPECT_EQ(metafile, GraphicsMetafile(PageOf(Program)));
   EXPECT_EQ(Drawn, Page(1));
   Program.Host.PrintPicture = [&](const std::string& name, PlaneSize, const Host::DrawPicture&) {
     document = name;

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "app/display/display.h"
+#include "app/commands/display.h"
 #include "tests/app/script.h"
 #include "tests/plot/calls.h"
 

@@ -7,10 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "app/commands.h"
-#include "app/display/display.h"
+#include "app/commands/commands.h"
+#include "app/commands/display.h"
+#include "app/commands/velorix.h"
+#include "app/commands/view_choices.h"
 #include "app/state/refusals.h"
-#include "app/state/velorix.h"
 #include "datafiles/ams_file.h"
 #include "tests/datafiles/temp_folder.h"
 #include "tests/stats/gauss_table.h"
@@ -76,6 +77,7 @@ struct RecordedViews : Views, WindowOpener {
   void ShowOrientationEditor() override {}
   void ShowOrientationParameters() override {}
   void ShowFactorChoice() override {}
+  void ShowFigureOptions() override {}
   void ShowGedEditor() override {}
   void Exit() override {}
   void ShowStatus(const std::string& text) override { Status = text; }

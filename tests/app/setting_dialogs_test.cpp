@@ -1,8 +1,9 @@
 #include <algorithm>
 
+#include "app/commands/file_commands.h"
+#include "app/commands/startup.h"
 #include "app/edit/factor_choice.h"
 #include "app/edit/orientation_parameters.h"
-#include "app/startup.h"
 #include "datafiles/settings_file.h"
 #include "tests/app/script.h"
 

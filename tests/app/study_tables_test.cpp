@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "app/commands/picture_commands.h"
 #include "app/files/export_groups.h"
-#include "app/files/export_untilting.h"
 #include "app/tables/comparison_table.h"
 #include "app/tables/table_lines.h"
 #include "app/tables/untilting_table.h"
@@ -111,7 +111,7 @@ TEST_F(StudyFilesTest, ComparisonsAreWrittenWithAllDigits) {
 
 TEST_F(StudyFilesTest, TheFigureIsWrittenAsThePageIs) {
   std::string path;
-  Program.Host.WritePicture = [&path](const std::string& to, PlaneSize, double,
+  Program.Host.WritePicture = [&path](const std::string& to, PlaneSize, const PictureScale&,
                                       const Host::DrawPicture&) {
     path = to;
     return Outcome();

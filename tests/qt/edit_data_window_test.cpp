@@ -2,8 +2,8 @@
 
 #include <QClipboard>
 
+#include "app/commands/file_commands.h"
 #include "app/edit/edit_grid.h"
-#include "app/files/open_flow.h"
 #include "datafiles/ged_file.h"
 #include "tests/qt/test_window.h"
 

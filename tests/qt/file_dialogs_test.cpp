@@ -6,9 +6,9 @@
 #include <QMessageBox>
 #include <QTreeView>
 
+#include "app/commands/picture_commands.h"
 #include "app/edit/ged_editor.h"
 #include "app/files/export_grid.h"
-#include "app/files/graphics_page.h"
 #include "app/files/open_flow.h"
 #include "app/files/save.h"
 #include "platform/qt/parts/qt_dialogs.h"

@@ -5,7 +5,7 @@
 #include <QPrinter>
 #include <QSvgRenderer>
 
-#include "app/files/graphics_page.h"
+#include "app/commands/picture_commands.h"
 #include "platform/painting/gif_file.h"
 #include "platform/painting/picture_bytes.h"
 #include "platform/qt/output/page_output.h"
@@ -96,8 +96,7 @@ class PageFilesTest : public WindowTest {
     W().Key(Qt::Key_C, Qt::ControlModifier);
     const QMimeData* data = QGuiApplication::clipboard()->mimeData();
     QVERIFY(data && !data->hasImage());
-    QCOMPARE(data->data("image/x-wmf").toStdString(),
-             GraphicsMetafile(W().Program.Session, W().Program.Plots, W().Program.GroupStats));
+    QCOMPARE(data->data("image/x-wmf").toStdString(), GraphicsMetafile(PageOf(W().Program)));
     QCOMPARE(QSvgRenderer(data->data("image/svg+xml")).viewBox(), QRect(0, 0, 900, 800));
   }
 

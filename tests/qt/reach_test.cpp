@@ -15,7 +15,7 @@
 #include <QStyleOptionComboBox>
 #include <QTextEdit>
 
-#include "app/commands.h"
+#include "app/commands/commands.h"
 #include "platform/qt/parts/marks.h"
 #include "platform/qt/parts/qt_dialogs.h"
 #include "tests/qt/test_window.h"

@@ -14,7 +14,7 @@
 #include <QTimer>
 #include <functional>
 
-#include "app/display/display.h"
+#include "app/commands/display.h"
 #include "platform/host/host.h"
 #include "platform/qt/windows/velorix_window.h"
 #include "tests/app/script.h"

@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QScrollBar>
 
+#include "app/state/program.h"
 #include "platform/qt/plots/picture_widget.h"
 #include "platform/qt/start_up.h"
 #include "platform/qt/windows/about_window.h"

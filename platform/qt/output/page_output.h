@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "app/state/velorix.h"
+#include "app/state/host.h"
 #include "platform/painting/painter_target.h"
 
 class QWidget;

@@ -3,7 +3,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 
-#include "app/commands.h"
+#include "app/commands/commands.h"
 
 namespace velorix {
 namespace {

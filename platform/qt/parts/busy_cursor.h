@@ -3,7 +3,7 @@
 #include <QElapsedTimer>
 #include <functional>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 
 namespace velorix {
 

@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <functional>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 
 class QHBoxLayout;
 class QPushButton;

@@ -6,8 +6,9 @@
 #include <QSplitter>
 #include <algorithm>
 
-#include "app/display/display.h"
+#include "app/commands/view_choices.h"
 #include "app/display/plot_mouse.h"
+#include "app/display/view_lists.h"
 #include "app/tables/data_table.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/widgets.h"

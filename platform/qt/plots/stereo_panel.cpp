@@ -8,7 +8,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "app/display/display.h"
+#include "app/commands/view_choices.h"
 #include "app/tables/record_grid.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/widgets.h"

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 #include "platform/qt/plots/plot_panel.h"
 
 class QComboBox;

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 #include "platform/qt/statistics/background_run.h"
 #include "stats/study/grouping.h"
 

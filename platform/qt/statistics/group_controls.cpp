@@ -8,8 +8,9 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 
+#include "app/commands/hand_groups.h"
+#include "app/commands/view_choices.h"
 #include "app/display/group_marks.h"
-#include "app/display/hand_groups.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/change_buttons.h"
 #include "platform/qt/parts/widgets.h"
@@ -64,7 +65,7 @@ void GroupControls::Show() {
   legend_->setChecked(choices.Legend);
   means_->setEnabled(on);
   legend_->setEnabled(on);
-  notice_->setText(ToQString(GroupMeansText(velorix_)));
+  notice_->setText(ToQString(GroupMeansText(velorix_.Plots)));
 }
 
 void GroupControls::Choose() {

@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 
 class QCheckBox;
 class QComboBox;

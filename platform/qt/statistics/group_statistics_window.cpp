@@ -14,7 +14,7 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
-#include "app/display/display.h"
+#include "app/commands/view_choices.h"
 #include "app/display/shown_group.h"
 #include "app/tables/group_table.h"
 #include "platform/qt/parts/busy_cursor.h"

@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 
 class QComboBox;
 class QGridLayout;

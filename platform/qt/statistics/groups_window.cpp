@@ -16,11 +16,12 @@
 #include <cstring>
 #include <set>
 
-#include "app/display/display.h"
+#include "app/commands/picture_commands.h"
+#include "app/commands/view_choices.h"
 #include "app/display/group_marks.h"
 #include "app/display/shown_group.h"
+#include "app/display/view_values.h"
 #include "app/files/export_groups.h"
-#include "app/files/export_panels.h"
 #include "app/tables/comparison_table.h"
 #include "app/tables/study_table.h"
 #include "platform/qt/parts/busy_cursor.h"

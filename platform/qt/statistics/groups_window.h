@@ -6,7 +6,7 @@
 #include <memory>
 #include <optional>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 #include "platform/qt/statistics/study_run.h"
 
 class QComboBox;

@@ -13,8 +13,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "app/commands/picture_commands.h"
 #include "app/display/shown_group.h"
-#include "app/files/export_untilting.h"
 #include "app/tables/study_table.h"
 #include "app/tables/untilting_table.h"
 #include "platform/qt/parts/busy_cursor.h"

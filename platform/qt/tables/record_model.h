@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 
 namespace velorix {
 

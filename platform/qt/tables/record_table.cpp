@@ -5,7 +5,7 @@
 #include <QScrollBar>
 #include <algorithm>
 
-#include "app/display/display.h"
+#include "app/commands/view_choices.h"
 #include "platform/qt/parts/busy_cursor.h"
 
 namespace velorix {

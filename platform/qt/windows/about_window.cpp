@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <QPushButton>
 
-#include "app/state/velorix.h"
+#include "app/state/program.h"
 #include "platform/qt/parts/widgets.h"
 
 namespace velorix {

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <algorithm>
 
+#include "app/commands/file_commands.h"
 #include "app/state/refusals.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/widgets.h"

@@ -4,6 +4,7 @@
 #include <QTimer>
 #include <memory>
 
+#include "app/commands/velorix.h"
 #include "app/edit/autosave.h"
 
 namespace velorix {

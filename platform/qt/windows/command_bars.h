@@ -3,7 +3,7 @@
 #include <QAction>
 #include <vector>
 
-#include "app/commands.h"
+#include "app/commands/commands.h"
 
 class QMainWindow;
 

@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 
 class QLabel;
 class QProgressBar;

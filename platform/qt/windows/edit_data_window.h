@@ -3,8 +3,8 @@
 #include <QDialog>
 #include <functional>
 
+#include "app/commands/velorix.h"
 #include "app/edit/orientation_editor.h"
-#include "app/state/velorix.h"
 
 class QHBoxLayout;
 class QLabel;

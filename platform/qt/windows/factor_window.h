@@ -2,8 +2,8 @@
 
 #include <QDialog>
 
+#include "app/commands/velorix.h"
 #include "app/edit/factor_choice.h"
-#include "app/state/velorix.h"
 
 class QComboBox;
 class QGridLayout;

@@ -3,8 +3,8 @@
 #include <QWidget>
 #include <functional>
 
+#include "app/commands/velorix.h"
 #include "app/edit/plane_from_lineations.h"
-#include "app/state/velorix.h"
 
 class QLabel;
 class QLineEdit;

@@ -2,7 +2,7 @@
 
 #include <QMainWindow>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 #include "platform/qt/tables/ged_model.h"
 
 class QComboBox;

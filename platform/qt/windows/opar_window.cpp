@@ -6,6 +6,7 @@
 #include <QGroupBox>
 #include <QLabel>
 
+#include "app/commands/file_commands.h"
 #include "platform/qt/parts/change_buttons.h"
 #include "platform/qt/parts/widgets.h"
 

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+#include "app/commands/velorix.h"
 #include "app/edit/orientation_parameters.h"
 
 class QCheckBox;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 
 class QLabel;
 class QStatusBar;

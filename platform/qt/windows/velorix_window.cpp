@@ -12,10 +12,11 @@
 #include <QToolBar>
 #include <QUrl>
 
-#include "app/commands.h"
-#include "app/display/display.h"
+#include "app/commands/commands.h"
+#include "app/commands/display.h"
+#include "app/commands/startup.h"
+#include "app/commands/view_choices.h"
 #include "app/files/open_flow.h"
-#include "app/startup.h"
 #include "app/state/refusals.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/own_paths.h"
@@ -30,6 +31,7 @@
 #include "platform/qt/windows/data_table_window.h"
 #include "platform/qt/windows/edit_data_window.h"
 #include "platform/qt/windows/factor_window.h"
+#include "platform/qt/windows/figure_window.h"
 #include "platform/qt/windows/foli_line_window.h"
 #include "platform/qt/windows/ged_editor_window.h"
 #include "platform/qt/windows/grid_panel.h"
@@ -314,6 +316,11 @@ void frmVelorix::ShowOrientationParameters() {
 void frmVelorix::ShowFactorChoice() {
   frmAnisoFac factors(*velorix_, this);
   factors.exec();
+}
+
+void frmVelorix::ShowFigureOptions() {
+  frmFigure figure(*velorix_, this);
+  figure.exec();
 }
 
 void frmVelorix::ShowGedEditor() {

@@ -4,7 +4,7 @@
 #include <QPointer>
 #include <memory>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 #include "platform/qt/windows/command_bars.h"
 #include "platform/qt/windows/status_labels.h"
 
@@ -61,6 +61,7 @@ class frmVelorix : public QMainWindow, public Views, public WindowOpener {
   void ShowOrientationEditor() override;
   void ShowOrientationParameters() override;
   void ShowFactorChoice() override;
+  void ShowFigureOptions() override;
   void ShowGedEditor() override;
   void Exit() override;
 

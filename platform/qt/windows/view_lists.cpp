@@ -3,7 +3,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
-#include "app/display/display.h"
+#include "app/commands/view_choices.h"
+#include "app/display/view_lists.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/widgets.h"
 

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 
 class QComboBox;
 class QHBoxLayout;

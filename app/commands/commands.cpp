@@ -1,15 +1,18 @@
-#include "app/commands.h"
+#include "app/commands/commands.h"
 
 #include <algorithm>
 #include <cassert>
 #include <exception>
 
-#include "app/display/display.h"
+#include "app/commands/display.h"
+#include "app/commands/file_commands.h"
+#include "app/commands/picture_commands.h"
+#include "app/display/view_values.h"
 #include "app/files/content_check.h"
 #include "app/files/export_grid.h"
-#include "app/files/graphics_page.h"
 #include "app/files/open_flow.h"
 #include "app/files/save.h"
+#include "app/state/program.h"
 #include "datafiles/preferences_file.h"
 #include "datafiles/settings_file.h"
 #include "tensor/derivation.h"
@@ -206,6 +209,7 @@ constexpr Command CommandTable[] = {
     {"mnuGraphicsSave", "mnuGraphics", "Save To File", "Ctrl+F", 10, "Save Graphics To File [Crtl+F]", "save-picture", Action, false, SaveGraphics, nullptr, false},
     {"mnuGraphicRedraw", "mnuGraphics", "Redraw", "", 0, "", "", Action, true, AnisoView_DisplayAllPlots, nullptr, false},
     {"mnuGraphicsPrint", "mnuGraphics", "Print", "Ctrl+Shift+P", 0, "", "", Action, false, PrintGraphics, nullptr, true},
+    {"mnuFigure", "mnuGraphics", "Figure Options", "Ctrl+Shift+F", 0, "", "", Action, false, OpenWindow<&WindowOpener::ShowFigureOptions>, nullptr, true},
 
     {"mnuEdit(1)", "mnuEditt", "Edit Orientation Data", "F2", 12, "Edit Orientation Data [F2]", "edit-orientation", Check, false, EditOrientations, nullptr, false},
     {"mnuEdit(2)", "mnuEditt", "Rotate Data", "", 0, "", "", Action, true, nullptr, nullptr, false},

@@ -1,21 +1,14 @@
-#include "app/startup.h"
+#include "app/commands/startup.h"
 
 #include <filesystem>
 
-#include "app/state/velorix.h"
 #include "datafiles/file_faults.h"
 #include "datafiles/preferences_file.h"
 #include "datafiles/settings_file.h"
 #include "stats/group/gauss_random.h"
 #include "text/paths.h"
 
-#ifndef VELORIX_VERSION
-#error "the build gives the version"
-#endif
-
 namespace velorix {
-
-const char* const Version = VELORIX_VERSION;
 
 /// Reads the settings; says so when the file is there but can't be read.
 static std::string TakeSettings(Settings& settings, const std::string& path) {

@@ -21,18 +21,6 @@
 
 namespace velorix {
 
-inline constexpr char ProgramTitle[] = "Velorix5";
-inline constexpr char ReleaseLine[] = "06-April-2018";
-
-/// Which of the windows beside the main one stand open.
-struct OpenWindows {
-  bool DataTable = false;
-  bool GroupStatistics = false;
-  bool FoliLine = false;
-  bool Groups = false;
-  bool Contour = false;
-};
-
 /// The running program: the session, the tables made at start-up, what the controls of the windows
 /// decide, and the ways to the user. `main` owns the one object; commands and windows know it, and
 /// hand on what a routine touches.
@@ -55,8 +43,5 @@ struct Velorix {
   ContourSession Contour = {};
   DebugLog Log = {};
 };
-
-/// The program's version, as in "5.0.0".
-extern const char* const Version;
 
 }  // namespace velorix

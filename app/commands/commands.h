@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "app/state/velorix.h"
+#include "app/commands/velorix.h"
 
 namespace velorix {
 
