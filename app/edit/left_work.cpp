@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/edit/edit_grid.h"
+#include "app/files/ask_file.h"
 #include "app/files/file_kinds.h"
 #include "app/files/file_stamp.h"
 #include "app/state/program.h"

@@ -187,7 +187,7 @@ TEST_F(Losing, AChangeByOthersAndContentThatIsNoDataFileAreSaid) {
   touch(1);
   EXPECT_EQ(SaveOver(a, {}), Texts{Exists});  // of the same bytes
   std::string bytes = Bytes("a.ams");
-  bytes[bytes.size() - 120] ^= 1;  // in the last record's rock
+  bytes[640 + 212] ^= 1;  // in the second tensor
   Put("a.ams", bytes);
   touch(2);
   EXPECT_EQ(SaveOver(a, {0}).back(), Question(Title, a, {changed}));

@@ -16,6 +16,7 @@
 #include "app/edit/orientation_parameters.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/change_buttons.h"
+#include "platform/qt/parts/marks.h"
 #include "platform/qt/parts/widgets.h"
 #include "platform/qt/tables/frozen_table.h"
 
