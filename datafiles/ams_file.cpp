@@ -74,27 +74,20 @@ void TakeOneBlock(SpecimenRecord& r, bool useIm) {
 
 bool HasImIn(const SpecimenRecord& r) { return !IsZero(r.TensorIm); }
 
-/// The fields that a comparison of records needs: those that a save can lose, those that tell which
-/// record is which, and P4, by which azimuths are read.
+/// The fields of a written record that are compared one by one: those that may be cut, and P4, by
+/// which azimuths are read.
 constexpr bool IsCompared(const AmsRow& row) {
   constexpr std::string_view Names[] = {
       "Name",          "OP[1..4]",       "FoliName[1..4]",  "FoliAz[1..4]",
       "FoliDip[1..4]", "LineName[1..4]", "LineTrend[1..4]", "LinePlunge[1..4]",
-      "KSD[1..3]",     "KSDIm[1..3]",    "TensorIm[1..6]",  "Site",
-      "Rock",          "Strat",          "Litho",           "Regio"};
-  return std::find(std::begin(Names), std::end(Names), row.Name) != std::end(Names);
-}
-
-/// Of a file's record whose counterpart is found by its name.
-constexpr bool IsHeld(const AmsRow& row) {
-  constexpr std::string_view Names[] = {"Name", "KSD[1..3]", "KSDIm[1..3]", "TensorIm[1..6]"};
+      "Site",          "Rock",           "Strat",           "Litho",
+      "Regio"};
   return std::find(std::begin(Names), std::end(Names), row.Name) != std::end(Names);
 }
 
 template <auto IsOne>
 void DecodeRows(const std::byte* bytes, SpecimenRecord& record) {
   ForEachAmsRowOf<IsOne>([&](const auto& row) { row.Load(bytes + row.Offset, record); });
-  record.HasIm = HasImIn(record);
 }
 
 /// The number of records in a file of `size` bytes; a refusal when there is none.
@@ -242,16 +235,18 @@ Outcome ReadAmsBytes(std::span<const std::byte> bytes, const std::string& path,
   return ReadRecords(size, path, records, fetch, [](SpecimenRecord&) {});
 }
 
-Outcome VisitHeldAms(const std::string& path,
-                     const std::function<void(const SpecimenRecord&)>& visit) {
+Outcome VisitHeldAms(const std::string& path, const VisitHeld& visit, Unwritten& ofFile) {
   return WithFile(path, [&](std::uintmax_t size, auto fetch) {
     int n = 0;
     if (Outcome check = CheckSize(size, path, n); !check) return check;
     SpecimenRecord record;
+    HeldRecord held;
     DecodePieces(n, fetch, [&](const std::byte* bytes) {
-      DecodeRows<IsHeld>(bytes, record);
-      visit(record);
+      AmsHeld(bytes, record, held);
+      visit(held);
     });
+    const auto read = static_cast<std::uintmax_t>(n) * AmsRecordSize;
+    if (size > read) ofFile.Rest += static_cast<int>(size - read);
     return Outcome();
   });
 }
@@ -293,9 +288,9 @@ Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool a
   return OnFile(path, [&] { return WriteAms(path, records, append, all, former); });
 }
 
-void VisitStoredAms(
-    const RecordArray& records, bool all,
-    const std::function<void(const SpecimenRecord& record, const SpecimenRecord& stored)>& visit) {
+void VisitStoredAms(const RecordArray& records, bool all,
+                    const std::function<void(const SpecimenRecord& record,
+                                             const SpecimenRecord& stored, AmsRows rows)>& visit) {
   std::byte bytes[AmsRecordSize];
   SpecimenRecord stored;
   for (int i = 1; i <= records.Count(); ++i) {
@@ -303,7 +298,7 @@ void VisitStoredAms(
     if (!all && !records[i].Selected) continue;
     EncodeAmsRecord(records[i], bytes);
     DecodeRows<IsCompared>(bytes, stored);
-    visit(records[i], stored);
+    visit(records[i], stored, AmsRowsOfBytes(bytes));
   }
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/outcome.h"
+#include "datafiles/holdings.h"
 #include "datafiles/safe_write.h"
 #include "store/record_array.h"
 
@@ -26,11 +27,10 @@ Outcome ReadAmsFile(const std::string& path, RecordArray& records);
 Outcome ReadAmsBytes(std::span<const std::byte> bytes, const std::string& path,
                      RecordArray& records);
 
-/// Calls `visit` for each record of the file, one after the other, without a place for all of them:
-/// names, standard deviations and out-of-phase tensors alone, by which files are compared. Refuses
-/// and fails as `ReadAmsFile`.
-Outcome VisitHeldAms(const std::string& path,
-                     const std::function<void(const SpecimenRecord&)>& visit);
+/// Calls `visit` for each record of the file, one after the other, without a place for all of them;
+/// what belongs to no record is added to `ofFile`. Each record is read and written as it would be,
+/// and what does not come back is lost. Refuses and fails as `ReadAmsFile`.
+Outcome VisitHeldAms(const std::string& path, const VisitHeld& visit, Unwritten& ofFile);
 
 /// The reading of reload, previous and next: as `ReadAmsFile`, but the block of one phase
 /// (out-of-phase when `useIm`) goes to the in-phase fields, the out-of-phase fields stay empty, and
@@ -48,12 +48,12 @@ Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool a
                      FormerFile former = FormerFile::Goes);
 
 /// Calls `visit` for each record, or each selected one, with what the file gives back when it is
-/// written and read, of what a comparison needs: name, site data, foliations and lineations,
-/// orientation parameters, standard deviations and the out-of-phase tensor. Fails as
-/// `WriteAmsFile` when a number is too large for the file.
-void VisitStoredAms(
-    const RecordArray& records, bool all,
-    const std::function<void(const SpecimenRecord& record, const SpecimenRecord& stored)>& visit);
+/// written and read, of what a comparison needs: name, site data, foliations and lineations, and
+/// orientation parameters; and the rows that have something in them. Fails as `WriteAmsFile` when a
+/// number is too large for the file.
+void VisitStoredAms(const RecordArray& records, bool all,
+                    const std::function<void(const SpecimenRecord& record,
+                                             const SpecimenRecord& stored, AmsRows rows)>& visit);
 
 /// Appends one record to a file, which is made when missing.
 Outcome WriteAmsRecord(const std::string& path, const SpecimenRecord& record);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -272,6 +273,18 @@ constexpr void ForEachAmsRowOf(Visit visit) {
   [&]<std::size_t... I>(std::index_sequence<I...>) { (visitIfOne.template operator()<I>(), ...); }
   (std::make_index_sequence<std::tuple_size_v<decltype(AmsLayout)>>());
 }
+
+/// The rows of which `isOne(row)` holds, a bit each in file order.
+template <class IsOne>
+constexpr std::uint64_t AmsRowBits(IsOne isOne) {
+  std::uint64_t bits = 0, bit = 1;
+  ForEachAmsRow([&](const auto& row) {
+    if (isOne(row)) bits |= bit;
+    bit <<= 1;
+  });
+  return bits;
+}
+static_assert(std::tuple_size_v<decltype(AmsLayout)> <= 64);
 
 constexpr bool IsGapless() {
   int end = 0;

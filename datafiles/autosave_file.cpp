@@ -82,6 +82,7 @@ void AppendFile(std::string& text, const AutosavedFile& file) {
   AppendInteger(text, file.Read.Stamp.Size);
   // As many ticks as this system's clock of files has, which no other one reads.
   AppendInteger(text, static_cast<std::int64_t>(file.Read.Stamp.Time.time_since_epoch().count()));
+  AppendInteger(text, file.Read.Stamp.Sum);
   text += '\n';
 }
 
@@ -89,9 +90,10 @@ bool TakeFile(const Fields& fields, AutosavedFile& file) {
   using Clock = std::filesystem::file_time_type;
   int reloaded = 0;
   std::int64_t ticks = 0;
-  const bool good = fields.size() == 6 && TakeInteger(fields[1], file.Read.Filter) &&
+  const bool good = fields.size() == 7 && TakeInteger(fields[1], file.Read.Filter) &&
                     TakeInteger(fields[2], file.Read.Records) && TakeInteger(fields[3], reloaded) &&
-                    TakeInteger(fields[4], file.Read.Stamp.Size) && TakeInteger(fields[5], ticks);
+                    TakeInteger(fields[4], file.Read.Stamp.Size) && TakeInteger(fields[5], ticks) &&
+                    TakeInteger(fields[6], file.Read.Stamp.Sum);
   if (!good) return false;
   file.Path = fields[0];
   file.Read.Reloaded = reloaded != 0;

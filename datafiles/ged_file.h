@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/outcome.h"
+#include "datafiles/holdings.h"
 #include "datafiles/safe_write.h"
 #include "store/record_array.h"
 
@@ -47,6 +48,11 @@ Outcome ReadGedText(const std::string& path, std::string_view text, RecordArray&
 /// `FileFault`, and the old file stays.
 Outcome WriteGedFile(const std::string& path, const RecordArray& records,
                      FormerFile former = FormerFile::Goes);
+
+/// Calls `visit` for each sample of the file, without rows, with what of it is lost by being read
+/// and written; what of the header is lost is added to `ofFile`. Refuses and fails as
+/// `ReadGedFile`.
+Outcome VisitHeldGed(const std::string& path, const VisitHeld& visit, Unwritten& ofFile);
 
 /// The bytes of such a file.
 std::string GedText(const RecordArray& records);

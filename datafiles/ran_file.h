@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/outcome.h"
+#include "datafiles/holdings.h"
 #include "datafiles/safe_write.h"
 #include "store/record_array.h"
 #include "store/settings.h"
@@ -50,6 +51,12 @@ Outcome WriteRanRecord(const std::string& path, const SpecimenRecord& record,
 /// an older file in whole records of 64 bytes, or nothing. Fails like `WriteRanFile`.
 std::vector<std::byte> RanBytes(std::vector<std::byte> kept, const RecordArray& records, bool all,
                                 const std::string& suffix = {});
+
+/// Calls `visit` for each specimen of the file with what of it is lost by being read and written;
+/// what belongs to no specimen, header and rest, is added to `ofFile`. Refuses and fails as
+/// `ReadRanFile`.
+Outcome VisitHeldRan(const std::string& path, const Settings& settings, const VisitHeld& visit,
+                     Unwritten& ofFile);
 
 /// How many specimens a file of `size` bytes has: the quotient less the header, rounded, halves to
 /// even, and never below 0. "Overflow" beyond the 16-bit range.

@@ -11,10 +11,12 @@
 
 namespace velorix {
 
-/// What tells whether a file was written since: its size and the time of its last change.
+/// What shows whether a file was written since: its size, the time of its last change, and a sum
+/// over its bytes, which counts when only the time is another.
 struct FileStamp {
   std::uintmax_t Size = 0;
   std::filesystem::file_time_type Time = {};
+  std::uint64_t Sum = 0;
 
   bool operator==(const FileStamp&) const = default;
 };

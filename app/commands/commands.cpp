@@ -254,8 +254,10 @@ constexpr Command CommandTable[] = {
 
 std::string UnsavedText(const Session& session) {
   const std::string file = FileNameOf(session.CurrentFile);
-  return "Changes of the " + std::to_string(session.RecordCount()) + " records" +
-         (file.empty() ? "" : " of " + file) + " are not saved.";
+  const int count = session.RecordCount();
+  const std::string records = std::to_string(count) + (count == 1 ? " record" : " records");
+  return "Changes of " + (file.empty() ? "the " + records : file + " (" + records + ")") +
+         " are not saved.";
 }
 
 /// What went wrong, in the host's words.
@@ -273,18 +275,21 @@ std::string FailureText(const std::exception_ptr& failure) {
   }
 }
 
-/// Puts a failure into log and status line, and lets the views follow the store. A file of another
-/// kind is the likeliest reason.
-void ReportFailure(Velorix& velorix, const std::string& text) {
-  velorix.Log.DebugPrint("Error: " + text);
+/// Puts a failure into log and status line, and lets the views follow the store. Where a file was
+/// read since the data had the version `before`, one of another kind is the likeliest reason.
+void ReportFailure(Velorix& velorix, const std::string& text, std::int64_t before) {
+  const Session& session = velorix.Session;
+  const bool wasRead = session.DataVersion != before && !session.IsUnsaved();
+  const std::string doubt = wasRead ? ContentDoubt(session) : "",
+                    line = doubt.empty() ? text : doubt + ". " + text;
+  velorix.Log.DebugPrint("Error: " + line);
   try {  // so that no view goes on showing what is no longer so
     RefreshViews(velorix);
     DisplayFormCaption(velorix);
   } catch (const std::exception& error) {
     velorix.Log.DebugPrint(std::string("Error while refreshing: ") + error.what());
   }
-  const std::string doubt = ContentDoubt(velorix.Session);
-  velorix.Views.ShowStatus(doubt.empty() ? text : doubt + ". " + text);
+  velorix.Views.ShowStatus(line);
 }
 
 }  // namespace
@@ -300,15 +305,16 @@ const Command& CommandNamed(const std::string& name) {
 }
 
 bool Guarded(Velorix& velorix, const std::function<void()>& work) {
+  const std::int64_t before = velorix.Session.DataVersion;
   try {
     work();
     return true;
   } catch (const StatisticsFault& fault) {
-    ReportFailure(velorix, fault.what());
+    ReportFailure(velorix, fault.what(), before);
     return false;
   } catch (...) {
     const std::string text = FailureText(std::current_exception());
-    ReportFailure(velorix, text);
+    ReportFailure(velorix, text, before);
     velorix.Dialogs.Ask(ProgramTitle, text, {"&OK"});
     return false;
   }
@@ -336,8 +342,11 @@ void RotateAllNinety(RecordArray& records) {
   }
 }
 
-bool ConfirmExit(Dialogs& dialogs, const Session& session) {
-  const std::string unsaved = session.IsUnsaved() ? UnsavedText(session) : "";
+bool ConfirmExit(Dialogs& dialogs, const Session& session, const History& history) {
+  std::string unsaved = session.IsUnsaved() ? UnsavedText(session) : "";
+  for (const std::string& path : history.UnsavedStores())
+    unsaved += (unsaved.empty() ? "" : "\n") + ("Changes of " + FileNameOf(path)) +
+               ", which is closed, are not saved; Undo brings them back.";
   return dialogs.AskWith(ProgramTitle, "EXIT PROGRAM?", unsaved, {"&Yes", "&No"}) == 0;
 }
 

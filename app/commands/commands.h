@@ -54,6 +54,6 @@ bool Guarded(Velorix& velorix, const std::function<void()>& work);
 void RotateAllNinety(RecordArray& records);
 
 /// Asks whether to leave; what is unsaved stands below. True for "&Yes".
-bool ConfirmExit(Dialogs& dialogs, const Session& session);
+bool ConfirmExit(Dialogs& dialogs, const Session& session, const History& history);
 
 }  // namespace velorix

@@ -222,7 +222,7 @@ bool OpenGedFiles(Session& session, Dialogs& dialogs, GedSheet& sheet) {
 bool SaveGedFile(Session& session, Dialogs& dialogs, const GedSheet& sheet) {
   RecordArray records = RecordsOf(sheet);
   if (records.Empty()) {
-    dialogs.Ask(SaveTitle, "There is no sample to save.", {"&OK"});
+    Refuse(dialogs, SaveTitle, "There is no sample to save.");
     return false;
   }
   FileQuestion question;

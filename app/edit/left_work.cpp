@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/edit/edit_grid.h"
+#include "app/files/ask_file.h"
 #include "app/files/file_kinds.h"
 #include "app/files/file_stamp.h"
 #include "app/state/program.h"
@@ -30,8 +31,7 @@ bool IsWhole(const AutosavedWork& work) {
 /// Why a file cannot be read again as it was; empty when it was.
 std::string ReadAgain(const AutosavedFile& file, const Settings& settings, ReadFiles& read) {
   const std::string name = FileNameOf(file.Path);
-  const FileStamp stamp = StampOf(file.Path);
-  if (stamp == FileStamp()) return name + " is not there any more.";
+  if (!FileExists(file.Path)) return name + " is not there any more.";
   std::string refused = name + " cannot be read any more.";
   try {
     if (!ReadDataFile(file.Path, file.Read.Filter, file.Read.Reloaded, settings, read))
@@ -39,7 +39,7 @@ std::string ReadAgain(const AutosavedFile& file, const Settings& settings, ReadF
   } catch (const Fault&) {
     return refused;
   }
-  return stamp == file.Read.Stamp ? "" : name + " has changed since then.";
+  return IsUnchanged(file.Path, file.Read.Stamp) ? "" : name + " has changed since then.";
 }
 
 /// Finds the rows that the files do not have; all, where the files are of other records.

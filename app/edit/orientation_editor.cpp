@@ -63,7 +63,7 @@ bool WriteCurrentFile(Session& session, Dialogs& dialogs, Views& views, const Fi
     NoteSaved(session);
     ShowWritten(views, session.CurrentFile);
   }
-  Show(dialogs, outcome);
+  ShowRefusal(dialogs, outcome);
   return outcome || outcome.Text.empty();
 }
 

@@ -1,11 +1,10 @@
 #include "app/files/content_check.h"
 
+#include <filesystem>
 #include <fstream>
 #include <string_view>
 #include <vector>
 
-#include "app/files/file_kinds.h"
-#include "app/files/file_stamp.h"
 #include "base/fault.h"
 #include "datafiles/file_content.h"
 #include "text/numbers.h"
@@ -19,7 +18,9 @@ FileContent ContentOfFile(const std::string& path) {
   std::ifstream in(PathOf(path), std::ios::binary);
   in.read(reinterpret_cast<char*>(head.data()), static_cast<std::streamsize>(head.size()));
   head.resize(static_cast<std::size_t>(in.gcount()));
-  return ContentOf(head, StampOf(path).Size);
+  std::error_code error;
+  const std::uintmax_t size = std::filesystem::file_size(PathOf(path), error);
+  return ContentOf(head, error ? 0 : size);
 }
 
 /// What files of a kind contain: the binary ones their own format, the others text.
@@ -71,6 +72,10 @@ std::string ContentDoubt(const Session& session) {
   }
   if (doubts.empty()) return {};
   return PlainText(session.RecordCount()) + " records read; " + doubts;
+}
+
+bool IsPlainlyOther(const std::string& path, const FileKind& kind) {
+  return IsDoubtful(ContentOfFile(path), kind);
 }
 
 int FilterOfContent(const std::string& path, const Settings& settings, std::string& why) {

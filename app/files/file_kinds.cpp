@@ -22,19 +22,20 @@ Outcome Plain(const std::string& path, RecordArray& records, const Settings&) {
   return Read(path, records);
 }
 
-/// Visits by way of an array.
+/// Visits by way of an array; nothing is known of what the reader passes over.
 template <FileReader Read>
-Outcome VisitRead(const std::string& path, const Settings& settings,
-                  const std::function<void(const SpecimenRecord&)>& visit) {
+Outcome VisitRead(const std::string& path, const Settings& settings, const VisitHeld& visit,
+                  Unwritten&) {
   RecordArray records;
   Outcome outcome = Read(path, records, settings);
-  if (outcome) std::for_each(records.begin(), records.end(), visit);
+  if (outcome)
+    for (const SpecimenRecord& record : records) visit({record.Name, AmsRowsOf(record), {}});
   return outcome;
 }
 
-Outcome VisitAms(const std::string& path, const Settings&,
-                 const std::function<void(const SpecimenRecord&)>& visit) {
-  return VisitHeldAms(path, visit);
+Outcome VisitAms(const std::string& path, const Settings&, const VisitHeld& visit,
+                 Unwritten& ofFile) {
+  return VisitHeldAms(path, visit, ofFile);
 }
 
 Outcome ReloadAmsInPhase(const std::string& path, RecordArray& records, const Settings&) {
@@ -60,15 +61,18 @@ void ForEachStoredRan(const RecordArray& records, bool all, const Settings& sett
   if (!ReadRanBytes(RanBytes({}, records, all), "", stored, settings)) return;
   int i = 0;
   for (const SpecimenRecord& record : records)
-    if (all || record.Selected) visit(record, stored[++i]);
+    if (all || record.Selected) {
+      const SpecimenRecord& back = stored[++i];
+      visit(record, back, AmsRowsOf(back));
+    }
 }
 
 // clang-format off
 constexpr FileKind Kinds[] = {
     // word, extension, captions to open and to save, read, reload, visit, write, what is read of what was written
     {"ams",  "ams", "AMS-file(s)",      "AMS file", Plain<ReadAmsFile>, ReloadAmsInPhase,   VisitAms,                      WriteAms, ForEachStoredAms},
-    {"ran",  "ran", "RAN-file(s)",      "RAN file", ReadRanFile,        ReadRanFile,        VisitRead<ReadRanFile>,        WriteRan, ForEachStoredRan},
-    {"are",  "are", "ARE-file(s)",      "",         ReadRanFile,        ReadRanFile,        VisitRead<ReadRanFile>,        nullptr,  nullptr},
+    {"ran",  "ran", "RAN-file(s)",      "RAN file", ReadRanFile,        ReadRanFile,        VisitHeldRan,                  WriteRan, ForEachStoredRan},
+    {"are",  "are", "ARE-file(s)",      "",         ReadRanFile,        ReadRanFile,        VisitHeldRan,                  nullptr,  nullptr},
     {"asc",  "asc", "ASC-file(s)",      "",         Plain<ReadAscFile>, Plain<ReadAscFile>, VisitRead<Plain<ReadAscFile>>, nullptr,  nullptr},
     {"si2b", "AMS", "SI2B AMS-file(s)", "",         ReadSi2bFile,       ReadSi2bFile,       VisitRead<ReadSi2bFile>,       nullptr,  nullptr},
     {"spin", "txt", "AMSSpin-file(s)",  "",         ReadSpinFile,       ReadSpinFile,       VisitRead<ReadSpinFile>,       nullptr,  nullptr},

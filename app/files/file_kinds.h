@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/outcome.h"
+#include "datafiles/holdings.h"
 #include "datafiles/safe_write.h"
 #include "store/record_array.h"
 #include "store/settings.h"
@@ -15,18 +16,19 @@ namespace velorix {
 using FileReader = Outcome (*)(const std::string& path, RecordArray& records,
                                const Settings& settings);
 
-/// Calls `visit` for each record of a file with its name, standard deviations and out-of-phase
-/// tensor, as the reader gives them; other fields may be missing. Refuses as the reader.
+/// Calls `visit` for each record of a file, and adds to `ofFile` what is lost and belongs to no
+/// record. Refuses as the reader.
 using FileVisitor = Outcome (*)(const std::string& path, const Settings& settings,
-                                const std::function<void(const SpecimenRecord&)>& visit);
+                                const VisitHeld& visit, Unwritten& ofFile);
 
 /// Writes all records, or the selected ones, in place of a file, which goes or stays beside it.
 using FileWriter = Outcome (*)(const std::string& path, const RecordArray& records, bool all,
                                FormerFile former);
 
 /// Calls `visit` for each record that a writer would write, with what its file gives when it is
-/// read: what `Losses` counts, other fields may be missing.
-using VisitStored = std::function<void(const SpecimenRecord& record, const SpecimenRecord& stored)>;
+/// read: what is compared one by one, other fields may be missing; and with the rows that it has.
+using VisitStored =
+    std::function<void(const SpecimenRecord& record, const SpecimenRecord& stored, AmsRows rows)>;
 using ForEachStored = void (*)(const RecordArray& records, bool all, const Settings& settings,
                                const VisitStored& visit);
 

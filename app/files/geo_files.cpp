@@ -12,7 +12,7 @@ bool ReadGeoFiles(Session& session, Dialogs& dialogs, const FileList& list) {
   for (const std::string& path : list.Paths()) {
     const Outcome outcome = ReadGedFile(path, samples);
     if (outcome) continue;
-    Show(dialogs, outcome, "OK");
+    ShowRefusal(dialogs, outcome, "OK");
     return false;
   }
   session.GeoRecords = std::move(samples);

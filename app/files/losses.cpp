@@ -1,14 +1,17 @@
 #include "app/files/losses.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 
 #include "app/files/ask_file.h"
+#include "app/files/content_check.h"
 #include "app/files/file_stamp.h"
 #include "base/fault.h"
+#include "datafiles/ams_layout.h"
 #include "datafiles/file_faults.h"
 #include "datafiles/ged_file.h"
 #include "text/code_page.h"
@@ -19,21 +22,30 @@
 namespace velorix {
 namespace {
 
-/// What of a record can be lost.
+/// What of a record that will stand in the file is compared with what stands there.
 struct Holdings {
   std::string Name;
-  bool HasIm = false;
-  int Deviations = 0, DeviationsIm = 0;
+  AmsRows Rows = 0;
 };
 
-int CountSet(const Array1<Number, 6>& numbers) {
-  return static_cast<int>(
-      std::count_if(numbers.begin(), numbers.end(), [](double n) { return n != 0; }));
+constexpr AmsRows RowsNamed(std::initializer_list<std::string_view> starts) {
+  return AmsRowBits([&](const AmsRow& row) {
+    return std::any_of(starts.begin(), starts.end(), [&row](std::string_view start) {
+      return std::string_view(row.Name).starts_with(start);
+    });
+  });
 }
-
-Holdings HoldingsOf(const SpecimenRecord& r) {
-  return {r.Name, r.HasIm, CountSet(r.KSD), CountSet(r.KSDIm)};
-}
+constexpr AmsRows TensorIm = RowsNamed({"TensorIm"}), Coordinates = RowsNamed({"Lon", "Lat"});
+constexpr AmsRows OutOfPhaseBlock = RowsNamed(
+    {"KmIm", "KmSDIm", "KIm", "KSDIm", "TensorIm", "VecIm", "EIm", "E2Im", "E3Im", "FTestIm"});
+// Of the block in view, and made anew from the tensor.
+constexpr AmsRows Derived = RowsNamed({"K[", "Vec["});
+// What the editors change, so that the open file is given it knowingly.
+constexpr AmsRows Editable =
+    RowsNamed({"OP", "HasCoor", "OrientAz", "OrientInc", "FoliName", "FoliAz", "FoliDip",
+               "LineName", "LineTrend", "LinePlunge"});
+// Neither a value nor ever written.
+constexpr AmsRows NotCounted = Derived | RowsNamed({"KSD[", "KSDIm[", "not HasCoor"});
 
 /// Goes through the records of a file and finds for each its like among those that will stand
 /// there: the record at the same place when it has the same name, else the next one of this name.
@@ -66,17 +78,25 @@ class Counterparts {
   std::size_t place_ = 0;
 };
 
-/// What a record of the file has and its like among the new ones, which may be missing, lacks.
-void CompareHoldings(const SpecimenRecord& record, const Holdings* has, Losses& losses) {
+/// What a record of the file has and its like among the new ones, which may be missing, lacks, but
+/// for the rows in `passed`.
+void CompareHoldings(const HeldRecord& record, const Holdings* has, AmsRows passed,
+                     Losses& losses) {
   if (!has) {
     ++losses.Vanishing;
     return;
   }
-  losses.Deviations += std::max(0, CountSet(record.KSD) - has->Deviations);
-  if (record.HasIm && !has->HasIm)
+  losses.Never.Add(record.Lost);
+  AmsRows missing = record.Rows & ~has->Rows & ~passed & ~NotCounted;
+  if (missing & TensorIm) {
     ++losses.Tensors;
-  else
-    losses.Deviations += std::max(0, CountSet(record.KSDIm) - has->DeviationsIm);
+    losses.Never.DeviationsIm -= record.Lost.DeviationsIm;
+    missing &= ~OutOfPhaseBlock;
+  }
+  if (has->Rows & Coordinates) missing &= ~Coordinates;  // RAN files exchange them
+  losses.Values += std::popcount(missing);
+  for (; missing != 0; missing &= missing - 1)
+    losses.Missing.insert(AmsRowName(std::countr_zero(missing)));
 }
 
 /// Counts a text that does not come back from the file.
@@ -133,10 +153,10 @@ class WrittenRecords {
     Stored.reserve(static_cast<std::size_t>(atMost));
   }
 
-  void Add(const SpecimenRecord& given, const SpecimenRecord& stored) {
+  void Add(const SpecimenRecord& given, const SpecimenRecord& stored, AmsRows rows) {
     if (!first_) first_ = &given;
     CompareRecord(given, stored, *first_, losses_);
-    Stored.push_back(HoldingsOf(stored));
+    Stored.push_back({stored.Name, rows});
   }
 
   std::vector<Holdings> Stored;  // in the order of the records
@@ -146,15 +166,17 @@ class WrittenRecords {
   const SpecimenRecord* first_ = nullptr;
 };
 
-/// Compares the records of the file, which `visit` goes through, with those that will stand there.
+/// Compares the records of the file, which `visit` goes through, with those that will stand there,
+/// but for the rows in `passed`.
 template <class Visit>
-void CompareWithOld(Visit visit, const WrittenRecords& written, Losses& losses) {
+void CompareWithOld(Visit visit, const WrittenRecords& written, AmsRows passed, Losses& losses) {
   Losses found = losses;
   Counterparts counterparts(written.Stored);
   try {
-    found.Unreadable = !visit([&](const SpecimenRecord& record) {
-      CompareHoldings(record, counterparts.Of(record.Name), found);
-    });
+    const VisitHeld compare = [&](const HeldRecord& record) {
+      CompareHoldings(record, counterparts.Of(record.Name), passed, found);
+    };
+    found.Unreadable = !visit(compare, found.Never);
   } catch (const Fault&) {  // nor can it be read
     found.Unreadable = true;
   }
@@ -169,10 +191,22 @@ void CompareWithOpen(const Session& session, const std::string& path, const Reco
                      bool all, Losses& losses) {
   const std::size_t file = PositionOfOpen(session, path);
   if (file >= session.Opened.size()) return;
-  losses.Changed = session.Opened[file].Stamp != StampOf(path);
+  losses.Changed = !IsUnchanged(path, session.Opened[file].Stamp);
   if (session.Opened.size() < 2) return;
   for (const SpecimenRecord& record : records)
     losses.Foreign += (all || record.Selected) && FileOfRecord(session, record.RecordNo) != file;
+}
+
+/// Names with commas; of many the first ones.
+std::string Listed(const std::set<std::string>& names) {
+  constexpr int Most = 6;
+  std::string list;
+  int count = 0;
+  for (const std::string& name : names) {
+    if (++count > Most) return list + " and others";
+    list += (list.empty() ? "" : ", ") + name;
+  }
+  return list;
 }
 
 }  // namespace
@@ -184,14 +218,16 @@ Losses FindLosses(const Session& session, const std::string& path, const FileKin
   const int filter = FilterOfExtension(ExtensionOf(path));
   const FileKind& present = filter == 0 ? kind : KindOfFilter(filter);
   WrittenRecords written(losses, records.Count());
-  const auto add = [&](const SpecimenRecord& given, const SpecimenRecord& stored) {
-    written.Add(given, stored);
+  const auto add = [&](const SpecimenRecord& given, const SpecimenRecord& stored, AmsRows rows) {
+    written.Add(given, stored, rows);
   };
   OnFile(path, [&] { kind.ForEachStored(records, all, session.Settings, add); });
-  const auto visit = [&](const auto& compare) {
-    return present.Visit(path, session.Settings, compare).Done;
+  const auto visit = [&](const VisitHeld& compare, Unwritten& ofFile) {
+    return !IsPlainlyOther(path, present) &&
+           present.Visit(path, session.Settings, compare, ofFile).Done;
   };
-  CompareWithOld(visit, written, losses);
+  const bool isOpen = PositionOfOpen(session, path) < session.Opened.size();
+  CompareWithOld(visit, written, isOpen ? Editable : 0, losses);
   CompareWithOpen(session, path, records, all, losses);
   return losses;
 }
@@ -204,49 +240,49 @@ Losses FindGedLosses(const Session& session, const std::string& path, const Reco
   RecordArray stored;
   if (ReadGedText(path, GedText(samples), stored))
     for (int i = 1; i <= samples.Count(); ++i) {
-      written.Add(samples[i], stored[i]);
+      written.Add(samples[i], stored[i], 0);
       CompareAngle(samples[i].OrientAz, stored[i].OrientAz, true, losses);
       CompareAngle(samples[i].OrientInc, stored[i].OrientInc, true, losses);
     }
   std::unordered_set<std::string> present;
-  const auto visit = [&](const auto& compare) {
-    RecordArray old;
-    const Outcome outcome = ReadGedFile(path, old);
-    if (!outcome) return false;
-    for (const SpecimenRecord& sample : old) {
+  const auto visit = [&](const VisitHeld& compare, Unwritten& ofFile) {
+    const auto both = [&](const HeldRecord& sample) {
       present.insert(sample.Name);
       compare(sample);
-    }
-    return true;
+    };
+    return VisitHeldGed(path, both, ofFile).Done;
   };
-  CompareWithOld(visit, written, losses);
+  CompareWithOld(visit, written, 0, losses);
   if (ofSeveral && !losses.Unreadable)
     for (const Holdings& sample : written.Stored)
       losses.Foreign += !present.contains(std::string(sample.Name));
-  if (path == session.GeoFile) losses.Changed = session.GeoStamp != StampOf(path);
+  if (path == session.GeoFile) losses.Changed = !IsUnchanged(path, session.GeoStamp);
   return losses;
 }
 
 std::vector<std::string> LossLines(const Losses& losses) {
-  struct Row {
-    int Losses::*Count;
-    const char *One, *Many;
-  };
-  // clang-format off
-  static constexpr Row Rows[] = {
-      {&Losses::Tensors,    "out-of-phase tensor lost (not in memory)", "out-of-phase tensors lost (not in memory)"},
-      {&Losses::Deviations, "standard deviation lost (never written)", "standard deviations lost (never written)"},
-      {&Losses::Vanishing,  "record lost (not among those to be saved)", "records lost (not among those to be saved)"},
-      {&Losses::Foreign,    "record of another open file put in",        "records of other open files put in"},
-      {&Losses::Letters,    "text with letters that the file cannot hold", "texts with letters that the file cannot hold"},
-      {&Losses::Cut,        "value cut to the width of its field",                 "values cut to the width of their fields"},
-      {&Losses::Common,     "record given the site data of the first",        "records given the site data of the first"},
-  };
-  // clang-format on
   std::vector<std::string> lines;
-  for (const Row& row : Rows)
-    if (const int count = losses.*row.Count; count > 0)
-      lines.push_back(PlainText(count) + " " + (count == 1 ? row.One : row.Many));
+  const auto add = [&lines](int count, const char* one, const char* many, const char* end) {
+    if (count > 0) lines.push_back(PlainText(count) + " " + (count == 1 ? one : many) + end);
+  };
+  const Unwritten& never = losses.Never;
+  const std::string missing = " lost (not in memory: " + Listed(losses.Missing) + ")",
+                    unwritten = " lost (never written: " + Listed(never.Names) + ")";
+  // clang-format off
+  add(losses.Tensors, "out-of-phase tensor", "out-of-phase tensors", " lost (not in memory)");
+  add(losses.Values, "value", "values", missing.c_str());
+  add(never.Deviations + never.DeviationsIm, "standard deviation", "standard deviations", " lost (never written)");
+  add(never.FurtherSlots, "code or angle", "codes and angles", " of third and fourth planes and lineations lost (never written)");
+  add(never.Values, "value", "values", unwritten.c_str());
+  add(never.UnknownBytes, "byte", "bytes", " lost that no field of the format has");
+  add(never.Rest, "byte", "bytes", " lost behind the last record");
+  add(never.Rounded, "number", "numbers", " rounded to whole ones");
+  add(losses.Vanishing, "record", "records", " lost (not among those to be saved)");
+  add(losses.Foreign, "record of another open file", "records of other open files", " put in");
+  add(losses.Letters, "text", "texts", " with letters that the file cannot hold");
+  add(losses.Cut, "value cut to the width of its field", "values cut to the width of their fields", "");
+  add(losses.Common, "record", "records", " given the site data of the first");
+  // clang-format on
   if (losses.Unreadable) lines.emplace_back("Content lost that is no data file of this kind");
   if (losses.Changed) lines.emplace_back("Changes lost that were made since the file was read");
   return lines;

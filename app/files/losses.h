@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -13,13 +14,15 @@ namespace velorix {
 // reading the new file would give.
 
 struct Losses {
-  int Tensors = 0;     // out-of-phase tensors of the file that the records to be saved lack
-  int Deviations = 0;  // standard deviations of the file, which the format is not written with
-  int Vanishing = 0;   // records of the file that are not among those to be saved
-  int Foreign = 0;     // records of other files that are open together with this one
-  int Letters = 0;     // texts with letters that are not in the format's alphabet
-  int Cut = 0;         // texts and angles that are cut to what their field holds
-  int Common = 0;      // records whose site data give way to the first one's, which the file shares
+  int Tensors = 0;                // out-of-phase tensors of the file that the records lack
+  int Values = 0;                 // other fields of the file that the records lack
+  std::set<std::string> Missing;  // their names
+  Unwritten Never;                // what of the file the program does not write again
+  int Vanishing = 0;              // records of the file that are not among those to be saved
+  int Foreign = 0;                // records of other files that are open together with this one
+  int Letters = 0;                // texts with letters that are not in the format's alphabet
+  int Cut = 0;                    // texts and angles that are cut to what their field holds
+  int Common = 0;  // records whose site data give way to the first one's, which the file shares
   bool Unreadable = false;  // what stands there cannot be read as a data file
   bool Changed = false;     // the file was written by others since it was read
 

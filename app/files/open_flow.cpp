@@ -16,7 +16,7 @@ bool ReadAll(Session& session, Dialogs& dialogs, bool reload, const std::vector<
   for (std::size_t i = 0; i < paths.size(); ++i) {
     const Outcome outcome = ReadDataFile(paths[i], filters[i], reload, session.Settings, read);
     if (!outcome) {
-      Show(dialogs, outcome);
+      ShowRefusal(dialogs, outcome);
       return false;
     }
   }
@@ -131,7 +131,7 @@ bool OpenDataFiles(Session& session, History& history, Dialogs& dialogs, const H
   question.Filter = OpenFilters();
   const auto takesMissing = [&](const std::string& name) {
     if (action != FileAction::Open) return true;
-    dialogs.Ask(question.Title, name + "\nThis file does not exist.", {"&Retry"});
+    Refuse(dialogs, question.Title, name + "\nThis file does not exist.", "&Retry");
     return false;
   };
   const auto chosen = AskForDataFiles(dialogs, action, question, takesMissing);
@@ -152,9 +152,8 @@ bool OpenDroppedFiles(Session& session, History& history, Dialogs& dialogs, cons
     std::string why;
     filters.push_back(FilterOfContent(path, session.Settings, why));
     if (filters.back() == 0) {
-      dialogs.Ask(DataFileQuestion(session, FileAction::Open).Title,
-                  SplitFileList(path).FirstName + "\nThis file cannot be opened here. " + why,
-                  {"&OK"});
+      Refuse(dialogs, DataFileQuestion(session, FileAction::Open).Title,
+             SplitFileList(path).FirstName + "\nThis file cannot be opened here. " + why);
       return false;
     }
   }

@@ -6,6 +6,7 @@
 #include "app/files/file_kinds.h"
 #include "app/files/file_stamp.h"
 #include "app/files/losses.h"
+#include "text/paths.h"
 
 namespace velorix {
 namespace {
@@ -15,7 +16,7 @@ bool Write(Session& session, Dialogs& dialogs, Views& views, const std::string& 
            const FileKind& kind, bool all) {
   const Outcome outcome = kind.Write(path, session.Records, all, FormerOf(session));
   if (!outcome) {
-    Show(dialogs, outcome);
+    ShowRefusal(dialogs, outcome);
     return false;
   }
   NoteWritten(session, path);
@@ -30,8 +31,15 @@ bool HasRecords(const RecordArray& records, Dialogs& dialogs, const char* title,
   if (std::any_of(records.begin(), records.end(),
                   [all](const SpecimenRecord& r) { return all || r.Selected; }))
     return true;
-  dialogs.Ask(title, all ? "There is no record to save." : "No record is selected.", {"&OK"});
+  Refuse(dialogs, title, all ? "There is no record to save." : "No record is selected.");
   return false;
+}
+
+/// The answer with the name of a copy: "granite copy.ams".
+FileAnswer CopyOf(FileAnswer answer) {
+  const std::size_t end = answer.Filename.size() - ExtensionOf(answer.Filename).size() - 1;
+  answer.Filename.insert(std::min(end, answer.Filename.size()), " copy");
+  return answer;
 }
 
 bool AskAndSave(Session& session, Dialogs& dialogs, Views& views, const char* title, bool all) {
@@ -48,7 +56,7 @@ bool AskAndSave(Session& session, Dialogs& dialogs, Views& views, const char* ti
       case LossAnswer::Save:
         return Write(session, dialogs, views, path, kind, all);
       case LossAnswer::Copy:  // under another name
-        question.Again = answer;
+        question.Again = CopyOf(*answer);
         break;
       case LossAnswer::Cancel:
         return false;

@@ -10,4 +10,15 @@ void Show(Dialogs& dialogs, const Outcome& outcome, const char* button) {
     dialogs.Ask(outcome.Title, outcome.Text, {button});
 }
 
+void ShowRefusal(Dialogs& dialogs, const Outcome& outcome, const char* button) {
+  Show(dialogs, outcome, button);
+  if (!outcome && !outcome.Text.empty() && dialogs.OnRefusal)
+    dialogs.OnRefusal(outcome.Title, outcome.Text);
+}
+
+void Refuse(Dialogs& dialogs, const std::string& title, const std::string& text,
+            const char* button) {
+  ShowRefusal(dialogs, Outcome::Refused(title, text), button);
+}
+
 }  // namespace velorix

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -32,6 +33,9 @@ struct FileQuestion {
 /// The questions that the program asks. Windows, the console's arguments and scripts in tests
 /// answer.
 struct Dialogs {
+  /// Called with title and text of a box that refused something, after it.
+  std::function<void(const std::string& title, const std::string& text)> OnRefusal = {};
+
   virtual ~Dialogs() = default;
   /// No answer when the user cancelled.
   virtual std::optional<FileAnswer> ShowOpen(const FileQuestion& question) = 0;
@@ -49,6 +53,13 @@ struct Dialogs {
   /// A box with a warning's icon, where there are icons, and the one button "OK".
   virtual void Warn(const std::string& title, const std::string& text) { Ask(title, text, {"OK"}); }
 };
+
+/// A box that refuses what the user asked for, with one button; `OnRefusal` follows.
+void Refuse(Dialogs& dialogs, const std::string& title, const std::string& text,
+            const char* button = "&OK");
+
+/// `Show`, and `OnRefusal` follows.
+void ShowRefusal(Dialogs& dialogs, const Outcome& outcome, const char* button = "&OK");
 
 /// Shows why a reader or writer refused, in a box with the one button `button`; a warning in a
 /// warning's box. Nothing is shown for a silent refusal, nor for what was done.

@@ -173,6 +173,21 @@ void History::Add(Session& session, Step step) {
   while (steps_.size() > 1 && IsTooMuch()) DropOldest(session);
 }
 
+std::vector<std::string> History::UnsavedStores() const {
+  std::vector<std::string> paths;
+  for (const Step& step : steps_) {
+    bool unsaved = false;
+    std::string path;
+    for (const HeldValues& values : step.Values) {
+      if (const auto* const store = std::get_if<HeldStore>(&values))
+        unsaved = store->DataVersion != store->SavedVersion;
+      if (const auto* const names = std::get_if<HeldNames>(&values)) path = names->CurrentFile;
+    }
+    if (unsaved) paths.push_back(path);
+  }
+  return paths;
+}
+
 const Step& History::Undo(Session& session) {
   Step& step = steps_[--done_];
   Exchange(session, step);

@@ -150,6 +150,8 @@ class History {
   /// The step that is undone or done again next; null when there is none.
   const Step* NextUndo() const { return done_ == 0 ? nullptr : &steps_[done_ - 1]; }
   const Step* NextRedo() const { return done_ == steps_.size() ? nullptr : &steps_[done_]; }
+  /// The paths of the files whose stores have unsaved work and are kept by a step alone.
+  std::vector<std::string> UnsavedStores() const;
   /// Undoes a step, does it again; gives the step. There must be one.
   const Step& Undo(Session& session);
   const Step& Redo(Session& session);

@@ -157,8 +157,8 @@ TEST_F(Autosaving, DamagedFilesAreSaidAndStay) {
   for (const std::string& bytes :
        {std::string(), std::string("to do\n"), whole.substr(0, 50), sealed("Velorix autosave 2\n"),
         sealed(head), sealed(head + "file\ta.ams\t1\n"), sealed(head + "row\t\\x\n"),
-        sealed(head + "file\ta.ams\t9\t2\t0\t1\t1\n"),
-        sealed(head + "file\ta.ams\t1\t2\t0\t1\t1\nrow\t1\ta1\n")}) {
+        sealed(head + "file\ta.ams\t9\t2\t0\t1\t1\t1\n"),
+        sealed(head + "file\ta.ams\t1\t2\t0\t1\t1\t1\nrow\t1\ta1\n")}) {
     Put("left.txt", bytes);
     Seen.Status.clear();
     EXPECT_FALSE(Offer({}));

@@ -1,8 +1,10 @@
 #include "app/files/file_kinds.h"
+#include "app/files/geo_files.h"
 #include "app/files/open_flow.h"
 #include "app/files/save.h"
 #include "datafiles/ran_file.h"
 #include "tests/app/script.h"
+#include "text/upper_case.h"
 
 namespace velorix {
 namespace {
@@ -179,9 +181,38 @@ TEST_F(OpenFlow, DroppedFilesAreSortedEachByItsContent) {
   }
 }
 
+TEST_F(OpenFlow, WhatABoxRefusesStandsInStatusLineAndLogWithFileAndReason) {
+  Program.Log.Open(Path("log"));
+  const auto drop = [this](const std::string& path) {
+    OpenDroppedFiles(Now, Program.History, Asked, Program.Host, {path});
+  };
+  const std::string empty = Put("empty.ams", ""), png = Put("p.png", "\x89PNG\r\n\x1A\n"),
+                    ged = Put("bad.ged", "short\nlines\n");
+  const std::pair<std::function<void()>, std::string> refused[] = {
+      {[&] { OpenFile(empty); }, "Input error!: File <<" + UpperCase(empty) + ">> is empty!"},
+      {[&] { OpenFile(Path("gone.ams")); }, "Open File(s): gone.ams: This file does not exist."},
+      {[&] { drop(png); },
+       "Open File(s): p.png: This file cannot be opened here. It looks like a PNG picture."},
+      {[&] { ReadGeoFiles(Now, Asked, SplitFileList(ged)); },
+       "Error in opening file: <<bad.ged>>: Error in line: 1: Error in line: 2"},
+      {[&] { Menu("mnuSaveSelectedAs"); }, "Save Selected Record(s) As: No record is selected."}};
+  for (const auto& [work, text] : refused) {
+    const std::size_t boxes = Asked.Boxes.size();
+    work();
+    EXPECT_EQ(Asked.Boxes.size(), boxes + 1);
+    EXPECT_EQ(Seen.Status, text);
+    EXPECT_NE(Bytes("log").find("Error: " + text + "\n"), std::string::npos) << text;
+  }
+}
+
 TEST_F(OpenFlow, SaysWhenAFileLooksLikeOneOfAnotherKind) {
+  Program.Log.Open(Path("log"));
   OpenFile(Put("picture.ams", "\x89PNG\r\n\x1A\n" + std::string(2000, '\1')));
   EXPECT_TRUE(Seen.Status.starts_with("3 records read; picture.ams looks like a PNG picture"));
+  EXPECT_NE(Bytes("log").find(Seen.Status), std::string::npos);
+  Answer(Path("gone/b.ams"));
+  Menu("mnuSaveAs");  // fails for another reason
+  EXPECT_EQ(Seen.Status.find("looks like"), std::string::npos) << Seen.Status;
   Menu("mnuUndo");
   EXPECT_EQ(Names(), "");
   OpenFile(WriteFile("a", 2), 2);

@@ -159,9 +159,18 @@ TEST_F(Undoing, TheMarkOfUnsavedDataFollowsTheDataNotTheViews) {
   Menu("mnuUndo");
   EXPECT_TRUE(Now.IsUnsaved());
   EXPECT_EQ(Now.Records[1].OrientAz, 40);
-  EXPECT_FALSE(ConfirmExit(Asked, Now) && Asked.Boxes.empty());
-  EXPECT_EQ(Asked.Boxes.back(),
-            "Velorix5|EXIT PROGRAM?|Changes of the 2 records of a.ams are not saved.|&Yes|&No");
+  const auto exit = [this] {
+    ConfirmExit(Asked, Now, Program.History);
+    return Asked.Boxes.back();
+  };
+  const std::string open = "Changes of a.ams (2 records) are not saved.",
+                    closed =
+                        "Changes of a.ams, which is closed, are not saved; Undo brings them back.";
+  EXPECT_EQ(exit(), "Velorix5|EXIT PROGRAM?|" + open + "|&Yes|&No");
+  Menu("mnuClose");
+  EXPECT_EQ(exit(), "Velorix5|EXIT PROGRAM?|" + closed + "|&Yes|&No");
+  Menu("mnuUndo");
+  EXPECT_EQ(exit(), "Velorix5|EXIT PROGRAM?|" + open + "|&Yes|&No");
   Answer(Path("copy.ams"));
   Menu("mnuSaveAs");
   EXPECT_FALSE(Now.IsUnsaved());

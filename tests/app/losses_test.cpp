@@ -62,6 +62,76 @@ TEST_F(Losing, WhatAReloadLeftOutIsAskedForBeforeASave) {
   EXPECT_EQ(Bytes("a.ams~"), Bytes("a.ams"));
 }
 
+TEST_F(Losing, WhatTheFormatHasAndTheProgramNeverWritesIsCounted) {
+  // Places by hand, from the page on the format.
+  std::string bytes = golden::OnDisk("a1") + golden::OnDisk("a2");
+  golden::PutText(bytes, 104, "S3S4");      // codes of planes 3 and 4
+  golden::PutFloat(bytes, 116, 12);         // azimuth of plane 3
+  golden::PutText(bytes, 640 + 144, "L3");  // code of lineation 3
+  golden::PutFloat(bytes, 640 + 176, 30);   // plunge of lineation 4
+  golden::PutText(bytes, 550, "abc");       // no field
+  golden::PutShort(bytes, 640 + 90, 0);     // no orientation, but its angles
+  bytes += std::string(300, 'x');
+  const std::string a = Put("a.ams", bytes);
+  OpenFile(a);
+  EXPECT_EQ(SaveOver(a, {0}).back(),
+            Question(Title, a,
+                     {Deviations12,
+                      "5 codes and angles of third and fourth planes and lineations lost (never "
+                      "written)",
+                      "2 values lost (never written: OrientAz, OrientInc)",
+                      "3 bytes lost that no field of the format has",
+                      "300 bytes lost behind the last record"}));
+  EXPECT_EQ(SaveOver(a, {}), Texts{Exists});
+}
+
+TEST_F(Losing, WhatRanAndGeologicalFilesHaveAndTheProgramNeverWritesIsCounted) {
+  const std::string ran = Path("s.ran");
+  OpenFile(WriteFile("a", 2));
+  SaveOver(ran, {}, 2);
+  std::string bytes = Bytes("s.ran");
+  bytes.replace(57, 3, "90 ");  // P4
+  bytes[62] = 'x';
+  bytes[64 + 44] = '*';  // a code below "1"
+  bytes += std::string(20, 'y');
+  Put("s.ran", bytes);
+  OpenFile(ran, 2);
+  EXPECT_EQ(SaveOver(ran, {0}, 2).back(),
+            Question(Title, ran,
+                     {"2 values lost (never written: P4, code pair 1)",
+                      "1 byte lost that no field of the format has",
+                      "20 bytes lost behind the last record"}));
+  EXPECT_EQ(SaveOver(ran, {}, 2), Texts{Exists});
+
+  ASSERT_TRUE(WriteGedFile(Path("s.ged"), ArrayOf({Record("b1")})));
+  std::string ged = Bytes("s.ged");
+  ged.replace(64 + 12, 4, "12.5");  // behind the header of 62 characters and its line end
+  ged.replace(64 + 20, 4, "SxyL");
+  ged[64 + 61] = '!';
+  Put("s.ged", ged);
+  RecordArray samples;
+  ASSERT_TRUE(ReadGedFile(Path("s.ged"), samples));
+  EXPECT_EQ(
+      LossLines(FindGedLosses(Now, Path("s.ged"), samples, false)),
+      (Texts{"2 values lost (never written: codes 1)",
+             "1 byte lost that no field of the format has", "1 number rounded to whole ones"}));
+}
+
+TEST_F(Losing, FieldsThatRecordsOfAnotherFileLackAreNamed) {
+  const std::string a = PutFull();
+  OpenFile(a);
+  SpecimenRecord bare = Record("a1");
+  WriteRecords("b.ams", {bare, Record("a2")});
+  OpenFile(Path("b.ams"));
+  const Texts boxes = SaveOver(a, {2});
+  EXPECT_NE(boxes.back().find("2 out-of-phase tensors lost (not in memory)"), std::string::npos);
+  EXPECT_NE(boxes.back().find("values lost (not in memory: E, E2, E3, FTest"), std::string::npos)
+      << boxes.back();
+  OpenFile(a);
+  Now.Records[1].HasCoor[2] = false;  // by the editor, which knows what it does
+  EXPECT_EQ(SaveOver(a, {2}).back(), Question(Title, a, {Deviations12}));
+}
+
 TEST_F(Losing, RecordsThatVanishOrComeFromOtherFilesAreCounted) {
   const std::string a = WriteFile("a", 3), b = WriteFile("b", 2);
   OpenFile(a);
@@ -110,14 +180,26 @@ TEST_F(Losing, AChangeByOthersAndContentThatIsNoDataFileAreSaid) {
   const std::string a = WriteFile("a", 2),
                     changed = "Changes lost that were made since the file was read";
   OpenFile(a);
-  std::filesystem::last_write_time(
-      PathOf(a), std::filesystem::file_time_type::clock::now() + std::chrono::hours(1));
+  const auto touch = [&a](int hours) {
+    std::filesystem::last_write_time(
+        PathOf(a), std::filesystem::file_time_type::clock::now() + std::chrono::hours(hours));
+  };
+  touch(1);
+  EXPECT_EQ(SaveOver(a, {}), Texts{Exists});  // of the same bytes
+  std::string bytes = Bytes("a.ams");
+  bytes[640 + 212] ^= 1;  // in the second tensor
+  Put("a.ams", bytes);
+  touch(2);
   EXPECT_EQ(SaveOver(a, {0}).back(), Question(Title, a, {changed}));
   EXPECT_EQ(SaveOver(a, {}), Texts{Exists});  // our own write is none of others
   const std::string notes = Put("notes.ams", "to do");
   EXPECT_EQ(SaveOver(notes, {2}).back(),
             Question(Title, notes, {"Content lost that is no data file of this kind"}));
   EXPECT_EQ(Bytes("notes.ams"), "to do");
+  // Long enough to be read as records.
+  const std::string png = Put("p.ams", "\x89PNG\r\n\x1A\n" + std::string(5 * 640, '\1'));
+  EXPECT_EQ(SaveOver(png, {2}).back(),
+            Question(Title, png, {"Content lost that is no data file of this kind"}));
 }
 
 TEST_F(Losing, AFileThatWasNotReadIsNotSaidToHaveChanged) {
@@ -198,7 +280,8 @@ TEST_F(Losing, TheGeologicalEditorsSaveAsks) {
   ASSERT_TRUE(OpenGedFiles(Now, Asked, sheet));
   EXPECT_FALSE(save({0, 2}));
   EXPECT_EQ(Asked.Boxes.back(),
-            Question("Save geological file", ged, {"2 records of other open files put in"}));
+            Question("Save geological file", ged,
+                     {"1 number rounded to whole ones", "2 records of other open files put in"}));
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "app/commands/display.h"
 #include "app/commands/velorix.h"
 #include "app/commands/view_choices.h"
+#include "app/state/refusals.h"
 #include "datafiles/ams_file.h"
 #include "tests/datafiles/temp_folder.h"
 #include "tests/stats/gauss_table.h"
@@ -85,7 +86,10 @@ struct RecordedViews : Views, WindowOpener {
 /// A program without windows, with a folder of its own that goes with the test.
 class ProgramTest : public testing::Test {
  protected:
-  ProgramTest() { Program.GaussTable = GaussNumbers(); }
+  ProgramTest() {
+    Program.GaussTable = GaussNumbers();
+    ReportBoxes(Asked, Seen, Program.Log);
+  }
 
   using Texts = std::vector<std::string>;
 

@@ -1,5 +1,6 @@
 #include "platform/qt/parts/qt_dialogs.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -16,6 +17,12 @@
 
 namespace velorix {
 namespace {
+
+/// The window at work, which a box belongs to: another one would be raised above it.
+QWidget* OwnerNow(const QtDialogs& dialogs) {
+  QWidget* const active = QApplication::activeWindow();
+  return active ? active : dialogs.Owner;
+}
 
 /// Position of the filter that a dialog names; it may hide the last parenthesis. The first one when
 /// there is none of the name.
@@ -186,7 +193,7 @@ std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion&
   QStringList names;
   for (const NameFilter& one : filters) names += one.ForDialog();
 
-  FileDialog dialog(dialogs.Owner, ToQString(question.Title));
+  FileDialog dialog(OwnerNow(dialogs), ToQString(question.Title));
   dialog.setObjectName("dlgFile");
   dialog.setOption(QFileDialog::DontUseNativeDialog, !save);
   // The program asks about existing files itself, in its own words.
@@ -311,19 +318,19 @@ std::optional<FileAnswer> QtDialogs::ShowSave(const FileQuestion& question) {
 
 int QtDialogs::Ask(const std::string& title, const std::string& text,
                    const std::vector<std::string>& buttons, int defaultButton) {
-  TextBox box(Owner, title, text);
+  TextBox box(OwnerNow(*this), title, text);
   return Chosen(box, buttons, defaultButton);
 }
 
 int QtDialogs::AskWith(const std::string& title, const std::string& text, const std::string& detail,
                        const std::vector<std::string>& buttons) {
-  TextBox box(Owner, title, text);
+  TextBox box(OwnerNow(*this), title, text);
   box.setInformativeText(ToQString(detail));
   return Chosen(box, buttons, 0);
 }
 
 void QtDialogs::Warn(const std::string& title, const std::string& text) {
-  TextBox box(Owner, title, text);
+  TextBox box(OwnerNow(*this), title, text);
   box.setIcon(QMessageBox::Warning);
   box.addButton("OK", QMessageBox::AcceptRole);
   box.exec();

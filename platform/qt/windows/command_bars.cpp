@@ -3,6 +3,7 @@
 #include <QActionGroup>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -53,8 +54,9 @@ QAction* CommandBars::MakeAction(QMainWindow& window, const Command& command,
   action->setCheckable(command.Look != Command::Action);
   action->setEnabled(command.Run && !command.Hidden);
   action->setVisible(!command.Hidden);
-  QObject::connect(action, &QAction::triggered, &window, [this, &command, run] {
+  QObject::connect(action, &QAction::triggered, &window, [this, &window, &command, run] {
     BusyCursor cursor;
+    if (velorix_->Session.RecordCount() > 0) window.statusBar()->clearMessage();
     run(*velorix_, command);
     ShowChoices();  // a click has turned the mark, whether the command did its work or not
   });

@@ -16,6 +16,7 @@
 #include "app/edit/orientation_parameters.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/change_buttons.h"
+#include "platform/qt/parts/marks.h"
 #include "platform/qt/parts/widgets.h"
 #include "platform/qt/tables/frozen_table.h"
 
@@ -31,6 +32,14 @@ class CellDelegate : public QStyledItemDelegate {
     auto* box = new QLineEdit(parent);
     box->setMaxLength(GedColumnAt(index.column()).Characters);
     return box;
+  }
+
+ protected:
+  /// A doubtful cell keeps its ground in the selected row.
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (index.data(Qt::BackgroundRole).value<QColor>() == MarkColour(Mark::Doubt))
+      option->state &= ~QStyle::State_Selected;
   }
 };
 

@@ -17,6 +17,7 @@
 #include "app/commands/startup.h"
 #include "app/commands/view_choices.h"
 #include "app/files/open_flow.h"
+#include "app/state/refusals.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/own_paths.h"
 #include "platform/qt/parts/widgets.h"
@@ -69,6 +70,8 @@ QPushButton* MakePanelButton(const char* name, const char* text, const char* tip
 constexpr Qt::WindowFlags AboveMain = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                                       Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint;
 
+constexpr char OpenHint[] = "Open a data file with Ctrl+O, or drop one on this window.";
+
 std::vector<std::string> LocalFiles(const QMimeData& data) {
   std::vector<std::string> paths;
   for (const QUrl& url : data.urls())
@@ -85,6 +88,7 @@ frmVelorix::~frmVelorix() = default;
 
 void frmVelorix::Load(Velorix& velorix) {
   velorix_ = &velorix;
+  ReportBoxes(velorix.Dialogs, velorix.Views, velorix.Log);
   setWindowIcon(OwnIcon("velorix"));
   setAcceptDrops(true);
   ChooseFirstPlots(*velorix_);
@@ -101,7 +105,7 @@ void frmVelorix::Load(Velorix& velorix) {
   AddWholePlotKey(*this);
   status_.Build(*statusBar());
   resize(1280, 800);
-  statusBar()->showMessage("Open a data file with Ctrl+O, or drop one on this window.");
+  statusBar()->showMessage(OpenHint);
 
   ResetSession(velorix_->Session);
   ShowCodeLists();
@@ -190,7 +194,9 @@ void frmVelorix::StartAutosave() {
 void frmVelorix::SetCaption(const std::string& caption) {
   // "[*]" in a title is the toolkit's place for a mark; doubled it is itself.
   setWindowTitle(ToQString(caption).replace("[*]", "[*][*]"));
-  if (velorix_->Session.RecordCount() > 0) statusBar()->clearMessage();
+  // Messages of the command at work stay.
+  if (velorix_->Session.RecordCount() > 0 && statusBar()->currentMessage() == OpenHint)
+    statusBar()->clearMessage();
 }
 
 int frmVelorix::CaptionRoom() {
@@ -332,7 +338,7 @@ void frmVelorix::ShowStatus(const std::string& text) {
 }
 
 void frmVelorix::closeEvent(QCloseEvent* event) {
-  event->setAccepted(ConfirmExit(velorix_->Dialogs, velorix_->Session));
+  event->setAccepted(ConfirmExit(velorix_->Dialogs, velorix_->Session, velorix_->History));
   if (!event->isAccepted()) return;
   velorix_->Log.DebugPrint(">> frmVelorix_Terminate");
   velorix_->Windows = {};
