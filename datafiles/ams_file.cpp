@@ -242,8 +242,9 @@ Outcome VisitHeldAms(const std::string& path, const VisitHeld& visit, Unwritten&
     SpecimenRecord record;
     HeldRecord held;
     DecodePieces(n, fetch, [&](const std::byte* bytes) {
+      if (visit.StandsAgain && visit.StandsAgain(AmsSum(bytes))) return;
       AmsHeld(bytes, record, held);
-      visit(held);
+      visit.Visit(held);
     });
     const auto read = static_cast<std::uintmax_t>(n) * AmsRecordSize;
     if (size > read) ofFile.Rest += static_cast<int>(size - read);
@@ -288,9 +289,10 @@ Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool a
   return OnFile(path, [&] { return WriteAms(path, records, append, all, former); });
 }
 
-void VisitStoredAms(const RecordArray& records, bool all,
-                    const std::function<void(const SpecimenRecord& record,
-                                             const SpecimenRecord& stored, AmsRows rows)>& visit) {
+void VisitStoredAms(
+    const RecordArray& records, bool all,
+    const std::function<void(const SpecimenRecord& record, const SpecimenRecord& stored,
+                             const StoredForm& form)>& visit) {
   std::byte bytes[AmsRecordSize];
   SpecimenRecord stored;
   for (int i = 1; i <= records.Count(); ++i) {
@@ -298,7 +300,7 @@ void VisitStoredAms(const RecordArray& records, bool all,
     if (!all && !records[i].Selected) continue;
     EncodeAmsRecord(records[i], bytes);
     DecodeRows<IsCompared>(bytes, stored);
-    visit(records[i], stored, AmsRowsOfBytes(bytes));
+    visit(records[i], stored, {AmsSum(bytes)});
   }
 }
 

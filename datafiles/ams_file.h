@@ -49,11 +49,12 @@ Outcome WriteAmsFile(const std::string& path, const RecordArray& records, bool a
 
 /// Calls `visit` for each record, or each selected one, with what the file gives back when it is
 /// written and read, of what a comparison needs: name, site data, foliations and lineations, and
-/// orientation parameters; and the rows that have something in them. Fails as `WriteAmsFile` when a
-/// number is too large for the file.
-void VisitStoredAms(const RecordArray& records, bool all,
-                    const std::function<void(const SpecimenRecord& record,
-                                             const SpecimenRecord& stored, AmsRows rows)>& visit);
+/// orientation parameters; and with the sum of its bytes. Fails as `WriteAmsFile` when a number is
+/// too large for the file.
+void VisitStoredAms(
+    const RecordArray& records, bool all,
+    const std::function<void(const SpecimenRecord& record, const SpecimenRecord& stored,
+                             const StoredForm& form)>& visit);
 
 /// Appends one record to a file, which is made when missing.
 Outcome WriteAmsRecord(const std::string& path, const SpecimenRecord& record);

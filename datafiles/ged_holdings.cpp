@@ -74,7 +74,7 @@ Outcome VisitHeldGed(const std::string& path, const VisitHeld& visit, Unwritten&
   ofFile.Add(LineUnwritten(GedHeaderFields(), header, again.Next()));
   CompareCoordinates(header, ofFile);
   for (const SpecimenRecord& sample : samples)
-    visit({sample.Name, 0, LineUnwritten(GedSampleFields(), lines.Next(), again.Next())});
+    visit.Visit({sample.Name, 0, LineUnwritten(GedSampleFields(), lines.Next(), again.Next())});
   return outcome;
 }
 

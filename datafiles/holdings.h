@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -39,7 +40,23 @@ struct HeldRecord {
   Unwritten Lost;
 };
 
-using VisitHeld = std::function<void(const HeldRecord&)>;
+/// What a record will have in a new file: a sum over its bytes, where the format has one and the
+/// rows of the record are the file's, else the rows.
+struct StoredForm {
+  std::optional<std::uint64_t> Sum;
+  AmsRows Rows = 0;
+};
+
+/// Goes through the records of a file.
+struct VisitHeld {
+  std::function<void(const HeldRecord&)> Visit;
+  /// Asked before, where the format has a sum over a record's bytes: whether the next record will
+  /// stand in the new file byte for byte. Then it is not visited, since nothing of it is lost.
+  std::function<bool(std::uint64_t sum)> StandsAgain = {};
+};
+
+/// A sum over the `AmsRecordSize` bytes of a record, by which the same ones are known.
+std::uint64_t AmsSum(const std::byte* bytes);
 
 /// The rows of a record as an AMS file has it; all rows when it cannot be written there.
 AmsRows AmsRowsOf(const SpecimenRecord& record);

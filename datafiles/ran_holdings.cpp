@@ -80,7 +80,7 @@ Outcome VisitHeldRan(const std::string& path, const Settings& settings, const Vi
     if (!again.empty() && end + RanRecordSize <= bytes.size())
       held.Lost = RanUnwritten(RanSpecimenLayout, bytes.data() + end, again.data() + end);
     end += RanRecordSize;
-    visit(held);
+    visit.Visit(held);
   }
   if (bytes.size() > end) ofFile.Rest += static_cast<int>(bytes.size() - end);
   return outcome;

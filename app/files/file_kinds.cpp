@@ -29,7 +29,7 @@ Outcome VisitRead(const std::string& path, const Settings& settings, const Visit
   RecordArray records;
   Outcome outcome = Read(path, records, settings);
   if (outcome)
-    for (const SpecimenRecord& record : records) visit({record.Name, AmsRowsOf(record), {}});
+    for (const SpecimenRecord& record : records) visit.Visit({record.Name, AmsRowsOf(record), {}});
   return outcome;
 }
 
@@ -63,7 +63,7 @@ void ForEachStoredRan(const RecordArray& records, bool all, const Settings& sett
   for (const SpecimenRecord& record : records)
     if (all || record.Selected) {
       const SpecimenRecord& back = stored[++i];
-      visit(record, back, AmsRowsOf(back));
+      visit(record, back, {{}, AmsRowsOf(back)});
     }
 }
 

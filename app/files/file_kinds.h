@@ -26,9 +26,9 @@ using FileWriter = Outcome (*)(const std::string& path, const RecordArray& recor
                                FormerFile former);
 
 /// Calls `visit` for each record that a writer would write, with what its file gives when it is
-/// read: what is compared one by one, other fields may be missing; and with the rows that it has.
-using VisitStored =
-    std::function<void(const SpecimenRecord& record, const SpecimenRecord& stored, AmsRows rows)>;
+/// read: what is compared one by one, other fields may be missing; and with its form there.
+using VisitStored = std::function<void(const SpecimenRecord& record, const SpecimenRecord& stored,
+                                       const StoredForm& form)>;
 using ForEachStored = void (*)(const RecordArray& records, bool all, const Settings& settings,
                                const VisitStored& visit);
 

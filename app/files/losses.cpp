@@ -25,7 +25,10 @@ namespace {
 /// What of a record that will stand in the file is compared with what stands there.
 struct Holdings {
   std::string Name;
-  AmsRows Rows = 0;
+  StoredForm Form;
+  const SpecimenRecord* Given = nullptr;
+
+  AmsRows Rows() const { return Form.Sum ? AmsRowsOf(*Given) : Form.Rows; }
 };
 
 constexpr AmsRows RowsNamed(std::initializer_list<std::string_view> starts) {
@@ -54,6 +57,12 @@ class Counterparts {
   explicit Counterparts(const std::vector<Holdings>& stored)
       : stored_(stored), taken_(stored.size()) {}
 
+  /// The record at the same place, when it has this sum.
+  bool TakeSame(std::uint64_t sum) {
+    if (place_ >= stored_.size() || taken_[place_] || stored_[place_].Form.Sum != sum) return false;
+    Take(place_++);
+    return true;
+  }
   const Holdings* Of(const std::string& name) {
     const std::size_t place = place_++;
     if (place < stored_.size() && !taken_[place] && stored_[place].Name == name) return Take(place);
@@ -87,13 +96,14 @@ void CompareHoldings(const HeldRecord& record, const Holdings* has, AmsRows pass
     return;
   }
   losses.Never.Add(record.Lost);
-  AmsRows missing = record.Rows & ~has->Rows & ~passed & ~NotCounted;
+  const AmsRows rows = has->Rows();
+  AmsRows missing = record.Rows & ~rows & ~passed & ~NotCounted;
   if (missing & TensorIm) {
     ++losses.Tensors;
     losses.Never.DeviationsIm -= record.Lost.DeviationsIm;
     missing &= ~OutOfPhaseBlock;
   }
-  if (has->Rows & Coordinates) missing &= ~Coordinates;  // RAN files exchange them
+  if (rows & Coordinates) missing &= ~Coordinates;  // RAN files exchange them
   losses.Values += std::popcount(missing);
   for (; missing != 0; missing &= missing - 1)
     losses.Missing.insert(AmsRowName(std::countr_zero(missing)));
@@ -153,10 +163,10 @@ class WrittenRecords {
     Stored.reserve(static_cast<std::size_t>(atMost));
   }
 
-  void Add(const SpecimenRecord& given, const SpecimenRecord& stored, AmsRows rows) {
+  void Add(const SpecimenRecord& given, const SpecimenRecord& stored, const StoredForm& form) {
     if (!first_) first_ = &given;
     CompareRecord(given, stored, *first_, losses_);
-    Stored.push_back({stored.Name, rows});
+    Stored.push_back({stored.Name, form, &given});
   }
 
   std::vector<Holdings> Stored;  // in the order of the records
@@ -173,9 +183,11 @@ void CompareWithOld(Visit visit, const WrittenRecords& written, AmsRows passed, 
   Losses found = losses;
   Counterparts counterparts(written.Stored);
   try {
-    const VisitHeld compare = [&](const HeldRecord& record) {
-      CompareHoldings(record, counterparts.Of(record.Name), passed, found);
-    };
+    const VisitHeld compare = {[&](const HeldRecord& record) {
+                                 CompareHoldings(record, counterparts.Of(record.Name), passed,
+                                                 found);
+                               },
+                               [&](std::uint64_t sum) { return counterparts.TakeSame(sum); }};
     found.Unreadable = !visit(compare, found.Never);
   } catch (const Fault&) {  // nor can it be read
     found.Unreadable = true;
@@ -218,9 +230,8 @@ Losses FindLosses(const Session& session, const std::string& path, const FileKin
   const int filter = FilterOfExtension(ExtensionOf(path));
   const FileKind& present = filter == 0 ? kind : KindOfFilter(filter);
   WrittenRecords written(losses, records.Count());
-  const auto add = [&](const SpecimenRecord& given, const SpecimenRecord& stored, AmsRows rows) {
-    written.Add(given, stored, rows);
-  };
+  const auto add = [&](const SpecimenRecord& given, const SpecimenRecord& stored,
+                       const StoredForm& form) { written.Add(given, stored, form); };
   OnFile(path, [&] { kind.ForEachStored(records, all, session.Settings, add); });
   const auto visit = [&](const VisitHeld& compare, Unwritten& ofFile) {
     return !IsPlainlyOther(path, present) &&
@@ -240,7 +251,7 @@ Losses FindGedLosses(const Session& session, const std::string& path, const Reco
   RecordArray stored;
   if (ReadGedText(path, GedText(samples), stored))
     for (int i = 1; i <= samples.Count(); ++i) {
-      written.Add(samples[i], stored[i], 0);
+      written.Add(samples[i], stored[i], {});
       CompareAngle(samples[i].OrientAz, stored[i].OrientAz, true, losses);
       CompareAngle(samples[i].OrientInc, stored[i].OrientInc, true, losses);
     }
@@ -248,9 +259,9 @@ Losses FindGedLosses(const Session& session, const std::string& path, const Reco
   const auto visit = [&](const VisitHeld& compare, Unwritten& ofFile) {
     const auto both = [&](const HeldRecord& sample) {
       present.insert(sample.Name);
-      compare(sample);
+      compare.Visit(sample);
     };
-    return VisitHeldGed(path, both, ofFile).Done;
+    return VisitHeldGed(path, {both}, ofFile).Done;
   };
   CompareWithOld(visit, written, 0, losses);
   if (ofSeveral && !losses.Unreadable)
