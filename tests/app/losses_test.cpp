@@ -74,12 +74,11 @@ TEST_F(Losing, WhatTheFormatHasAndTheProgramNeverWritesIsCounted) {
   bytes += std::string(300, 'x');
   const std::string a = Put("a.ams", bytes);
   OpenFile(a);
+  const std::string further =
+      "5 codes and angles of third and fourth planes and lineations lost (never written)";
   EXPECT_EQ(SaveOver(a, {0}).back(),
             Question(Title, a,
-                     {Deviations12,
-                      "5 codes and angles of third and fourth planes and lineations lost (never "
-                      "written)",
-                      "2 values lost (never written: OrientAz, OrientInc)",
+                     {Deviations12, further, "2 values lost (never written: OrientAz, OrientInc)",
                       "3 bytes lost that no field of the format has",
                       "300 bytes lost behind the last record"}));
   EXPECT_EQ(SaveOver(a, {}), Texts{Exists});

@@ -86,7 +86,7 @@ TEST(Panels, EveryGroupHasANetOfTheSameSizeInItsOwnRoomOnThePage) {
       ASSERT_EQ(counts.size(), groups);
       for (std::size_t i = 0; i < groups; ++i) {
         EXPECT_EQ(names[i].text, "site " + std::to_string(i + 1));
-        EXPECT_NEAR(names[i].point.x, (rims[i].left + rims[i].right) / 2, 1);
+        EXPECT_NEAR(names[i].point.x, (rims[i].left + rims[i].right) / 2.0, 1);
         EXPECT_LT(names[i].point.y, rims[i].top);
         EXPECT_NEAR(counts[i].point.x, rims[i].right, 0.1 * (rims[i].right - rims[i].left));
         EXPECT_NEAR(rims[i].right - rims[i].left, rims[0].right - rims[0].left, 1);
