@@ -129,6 +129,11 @@ struct TestWindow {
     Window.activateWindow();
     if (!QTest::qWaitForWindowActive(&Window)) qWarning("the window does not get active");
   }
+  /// What computes beside the windows ends before the program's data do.
+  ~TestWindow() {
+    Program.Windows = {};
+    static_cast<WindowOpener&>(Window).ShowWindows();
+  }
 
   template <class Control>
   Control& The(const QString& name) {
