@@ -11,6 +11,7 @@
 #include "plot/axes/column_axis.h"
 #include "plot/drawing/drawing.h"
 #include "plot/drawing/fitting_text.h"
+#include "plot/drawing/letters.h"
 #include "plot/drawing/metafile_target.h"
 #include "plot/figure/styled_target.h"
 #include "text/numbers.h"
@@ -23,7 +24,6 @@ namespace {
 constexpr double PageWidth = 900, PageHeight = 800, PageUnitsPerInch = 100;
 /// A figure's units a unit of the page.
 constexpr double Scale = FigureUnitsPerInch / PageUnitsPerInch;
-constexpr double CellPerSize = 1.149;  // of letters, as in Arial
 
 bool HasPlots(const PlotChoices& plots) {
   const PageOptions& shown = plots.Page;
@@ -117,7 +117,7 @@ FigurePlaces PageAt(const FigureStyle& style, const std::vector<std::string>& se
   places.Height = PageHeight * k;
   places.LetterHeight = places.Net.fontHeight * k;
   const auto length = [k](double& value) { value *= k; };
-  const double letters = style.FontSize / PointsPerInch * PageUnitsPerInch * CellPerSize;
+  const double letters = style.FontSize / PointsPerInch * PageUnitsPerInch * CellPerEm;
   const double symbols = style.SymbolSize / MmPerInch * PageUnitsPerInch;
   const auto sizes = [&](auto& place) {
     length(place.fontHeight);

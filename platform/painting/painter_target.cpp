@@ -7,13 +7,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include "plot/drawing/letters.h"
 
 namespace velorix {
 
 namespace {
-
-// The height of a character cell of Arial, and of Liberation Sans, in units of its em square.
-constexpr double CellPerEm = 1.117;
 
 constexpr double LargestStamp = 64;           // device pixels; a greater shape is drawn,
 constexpr double LargestStampPen = 16;        // and one under a wider pen

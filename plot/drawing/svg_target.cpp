@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/rounding.h"
+#include "plot/drawing/letters.h"
 #include "text/numbers.h"
 
 namespace velorix {
@@ -17,7 +18,7 @@ constexpr char IdMark = '\x01';     // stands for the hash until the content is 
 constexpr std::int64_t Small = 64;  // units; a greater shape is hardly ever drawn again
 
 // Arial, and Liberation Sans: parts of the em square.
-constexpr double CellPerEm = 1.117, Ascent = 0.905, Descent = 0.212;
+constexpr double Ascent = 0.905, Descent = 0.212;
 
 /// Hundredths as a decimal number without idle digits.
 void AppendFine(std::string& text, std::int64_t hundredths) {

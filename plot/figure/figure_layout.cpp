@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "plot/drawing/fitting_text.h"
+#include "plot/drawing/letters.h"
 
 namespace velorix {
 namespace {
@@ -12,8 +13,6 @@ constexpr double UnitsPerInch = 100;
 
 /// The size of symbols beside letters as they are now.
 constexpr double SymbolsAsNow = 8;
-/// The height of a whole character cell in sizes of its font, as in Arial.
-constexpr double CellPerSize = 1.149;
 
 // Rooms in heights of letters.
 constexpr double Margin = 0.4, Gap = 1;
@@ -36,7 +35,7 @@ struct Cell {
 class Filling {
  public:
   Filling(const FigureStyle& style, const ShownPlots& plots) : style_(style), plots_(plots) {
-    h_ = style.FontSize > 0 ? style.FontSize / PointsPerInch * UnitsPerInch * CellPerSize
+    h_ = style.FontSize > 0 ? style.FontSize / PointsPerInch * UnitsPerInch * CellPerEm
                             : LettersAsNow;
     if (plots.Net) kinds_.push_back(PlotKind::Net);
     if (plots.Histogram) kinds_.push_back(PlotKind::Histogram);

@@ -46,7 +46,7 @@ Session StudyOf(int records, int codes) {
 QRectF InkOf(const TextCall& call) {
   QFont font;
   font.setFamilies({QString::fromStdString(call.style.font), QStringLiteral("Liberation Sans")});
-  font.setPixelSize(static_cast<int>(std::lround(call.style.height / 1.149)));
+  font.setPixelSize(static_cast<int>(std::lround(call.style.height / (0.905 + 0.212))));
   font.setWeight(static_cast<QFont::Weight>(call.style.weight));
   const QFontMetricsF metrics(font);
   const QString text = QString::fromStdString(call.text).trimmed();
