@@ -1,7 +1,9 @@
 #include "datafiles/holdings.h"
 
 #include <cstring>
+#include <iterator>
 
+#include "base/byte_sum.h"
 #include "base/fault.h"
 #include "datafiles/ams_file.h"
 #include "datafiles/ams_layout.h"
@@ -107,21 +109,12 @@ AmsRows AmsRowsOfBytes(const std::byte* bytes) {
 }
 
 std::uint64_t AmsSum(const std::byte* bytes) {
-  // FNV-1a of 64 bits (Fowler, Noll and Vo), taken of words in four lanes, which a processor
-  // computes side by side.
-  constexpr int Lanes = 4, Word = 8;
-  static_assert(AmsRecordSize % (Lanes * Word) == 0);
-  constexpr std::uint64_t Prime = 1099511628211u, Basis = 14695981039346656037u;
-  std::uint64_t sums[Lanes] = {Basis, Basis + 1, Basis + 2, Basis + 3};
-  for (std::size_t at = 0; at < AmsRecordSize; at += Lanes * Word)
-    for (int lane = 0; lane < Lanes; ++lane) {
-      std::uint64_t word = 0;
-      std::memcpy(&word, bytes + at + static_cast<std::size_t>(Word * lane), sizeof word);
-      sums[lane] = (sums[lane] ^ word) * Prime;
-    }
-  std::uint64_t sum = Basis;
-  for (const std::uint64_t one : sums) sum = (sum ^ one ^ one >> 32) * Prime;
-  return sum;
+  std::uint64_t words[AmsRecordSize / sizeof(std::uint64_t)];
+  static_assert(sizeof words == AmsRecordSize && std::size(words) % ByteSum::Lanes == 0);
+  std::memcpy(words, bytes, sizeof words);
+  ByteSum sum;
+  sum.Add(words);
+  return sum.Value();
 }
 
 AmsRows AmsRowsOf(const SpecimenRecord& record) {

@@ -1,35 +1,29 @@
 #include "app/files/file_stamp.h"
 
 #include <algorithm>
-#include <array>
 #include <fstream>
+#include <span>
 #include <vector>
 
+#include "base/byte_sum.h"
 #include "text/paths.h"
 
 namespace velorix {
 namespace {
 
-/// A sum over a file's bytes: FNV-1a of 64 bits (Fowler, Noll and Vo), taken of words in four
-/// lanes, which a processor computes side by side.
 std::uint64_t SumOf(const std::string& path) {
-  constexpr std::size_t Lanes = 4;
-  constexpr std::uint64_t Prime = 1099511628211u, Basis = 14695981039346656037u;
+  constexpr std::size_t Word = sizeof(std::uint64_t), Round = ByteSum::Lanes * Word;
   std::vector<std::uint64_t> words(std::size_t{1} << 14);
-  std::array<std::uint64_t, Lanes> sums = {Basis, Basis + 1, Basis + 2, Basis + 3};
   std::ifstream in(PathOf(path), std::ios::binary);
+  ByteSum sum;
   while (in) {
     std::fill(words.begin(), words.end(), 0);
     in.read(reinterpret_cast<char*>(words.data()),
-            static_cast<std::streamsize>(words.size() * sizeof words[0]));
+            static_cast<std::streamsize>(words.size() * Word));
     const auto got = static_cast<std::size_t>(in.gcount());
-    for (std::size_t i = 0; i * sizeof words[0] < got; i += Lanes)
-      for (std::size_t lane = 0; lane < Lanes; ++lane)
-        sums[lane] = (sums[lane] ^ words[i + lane]) * Prime;
+    sum.Add(std::span(words).first((got + Round - 1) / Round * ByteSum::Lanes));
   }
-  std::uint64_t sum = Basis;
-  for (const std::uint64_t one : sums) sum = (sum ^ one ^ one >> 32) * Prime;
-  return sum;
+  return sum.Value();
 }
 
 /// The stamp without its sum.
