@@ -6,7 +6,7 @@
 namespace velorix {
 
 /// What a reader or writer answers: done, or refused with the title and text of the box that the
-/// user shall see; a refusal without a text is a silent one.
+/// user sees; a refusal without a text is a silent one.
 struct [[nodiscard]] Outcome {
   bool Done = true;
   std::string Title, Text;

@@ -40,7 +40,8 @@ bool IsZero(const Array1<Number, 6>& tensor) {
 void ResetRest(SpecimenRecord& r) {
   r.RecordNo = 0;
   r.CoorLevel = CoordinateSystem::None;
-  r.HasCoor[3] = r.HasCoor[4] = r.Selected = false;
+  SetUpperSystems(r.HasCoor, false);
+  r.Selected = false;
   r.FoliDec = r.FoliInc = r.LineDec = r.LineInc = {};
   r.TensorRot = r.TensorRotIm = {};
   r.Dec = r.Inc = r.DecIm = r.IncIm = {};
@@ -98,16 +99,16 @@ Outcome CheckSize(std::uintmax_t size, const std::string& path, int& count) {
   return count == 0 ? Outcome::Refused() : Outcome();
 }
 
-/// Decodes `n` records. `fetch(to, wanted)` gives the next bytes, as many as there are;
+/// Decodes `n` records. `fetch(to, asked)` gives the next bytes, as many as there are;
 /// `take(bytes)` gets those of one record.
 template <class Fetch, class Take>
 void DecodePieces(int n, Fetch fetch, Take take) {
   std::vector<std::byte> piece(std::min(n, PieceRecords) * std::size_t{AmsRecordSize});
   for (int left = n; left > 0; left -= PieceRecords) {
     const int count = std::min(left, PieceRecords);
-    const std::size_t wanted = static_cast<std::size_t>(count) * AmsRecordSize;
-    const std::size_t got = fetch(piece.data(), wanted);
-    std::memset(piece.data() + got, 0, wanted - got);
+    const std::size_t asked = static_cast<std::size_t>(count) * AmsRecordSize;
+    const std::size_t got = fetch(piece.data(), asked);
+    std::memset(piece.data() + got, 0, asked - got);
     for (int i = 0; i < count; ++i) take(piece.data() + i * AmsRecordSize);
   }
 }
@@ -210,7 +211,7 @@ void DecodeAmsRecord(const std::byte* bytes, SpecimenRecord& record) {
   record.FreqIndex = DigitsOfText(record.FreqName);
   for (int slot = 1; slot <= 2; ++slot)
     if (!record.FoliName[slot].empty() || !record.LineName[slot].empty())
-      record.HasCoor[3] = record.HasCoor[4] = true;
+      SetUpperSystems(record.HasCoor, true);
   record.HasIm = HasImIn(record);
 }
 
@@ -226,8 +227,8 @@ Outcome ReadAmsFile(const std::string& path, RecordArray& records) {
 Outcome ReadAmsBytes(std::span<const std::byte> bytes, const std::string& path,
                      RecordArray& records) {
   const std::size_t size = bytes.size();
-  const auto fetch = [&](std::byte* to, std::size_t wanted) {
-    const std::size_t got = std::min(wanted, bytes.size());
+  const auto fetch = [&](std::byte* to, std::size_t asked) {
+    const std::size_t got = std::min(asked, bytes.size());
     std::copy_n(bytes.data(), got, to);
     bytes = bytes.subspan(got);
     return got;

@@ -105,8 +105,7 @@ class AscReport {
     r.HasCoor[1] = true;
     r.HasCoor[2] = r.OrientAz != 0 || r.OrientInc != 0;
     for (int slot = 1; slot <= 2; ++slot)
-      if (!r.FoliName[slot].empty() || !r.LineName[slot].empty())
-        r.HasCoor[3] = r.HasCoor[4] = true;
+      if (!r.FoliName[slot].empty() || !r.LineName[slot].empty()) SetUpperSystems(r.HasCoor, true);
   }
 
   /// The first word, "Mean" or "Field", of the next line that begins with one of them, in this

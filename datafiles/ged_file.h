@@ -11,6 +11,9 @@
 
 namespace velorix {
 
+/// Letters of a foliation's or lineation's code in a geological file.
+inline constexpr int GedCodeLetters = 1;
+
 // Geological files (.ged): the field measurements of a site as text, a header line and a line of 62
 // characters a sample. Azimuths stay as they stand, also the strikes that P4 = 90 says they are.
 // Paths are UTF-8.

@@ -123,7 +123,7 @@ void UnpackSlot(const CodePair& codes, const RanAngles& angles, int slot, Specim
   r.LineName[slot] = CodeOf(codes[1]);
   // Kept for agreement with published results: a lineation alone does not give the two upper
   // systems.
-  if (!r.FoliName[slot].empty()) r.HasCoor[3] = r.HasCoor[4] = true;
+  if (!r.FoliName[slot].empty()) SetUpperSystems(r.HasCoor, true);
   r.FoliAz[slot] = angles[1];
   r.FoliDip[slot] = angles[2];
   r.LineTrend[slot] = angles[3];

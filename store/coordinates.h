@@ -50,6 +50,15 @@ inline constexpr Slots<CoordinateSystemNames, 0, 4> CoordinateSystems = {{
 }};
 // clang-format on
 
+/// One for each system, from that of the specimen.
+using CoordinateFlags = Array1<bool, CoordinateSystems.Last>;
+/// Says of the systems above the geographic one, which need a foliation or a lineation.
+inline void SetUpperSystems(CoordinateFlags& flags, bool has) {
+  for (int system = static_cast<int>(CoordinateSystem::Geographic) + 1; system <= flags.Last;
+       ++system)
+    flags[system] = has;
+}
+
 inline const CoordinateSystemNames& NamesOf(CoordinateSystem system) {
   return CoordinateSystems[static_cast<int>(system)];
 }

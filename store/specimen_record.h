@@ -41,7 +41,7 @@ struct SpecimenRecord {
   std::string Rock, Strat, Litho, Regio;
   Array1<std::int16_t, 4> OP;                           // orientation parameters P1..P4
   CoordinateSystem CoorLevel = CoordinateSystem::None;  // reached by the last rotation
-  Array1<bool, 4> HasCoor;  // specimen, geographic, paleogeographic, tectonic
+  CoordinateFlags HasCoor;
   float OrientAz = 0, OrientInc = 0;
   Array1<std::string, 4> FoliName;  // slots 1 and 2 are used
   Array1<float, 4> FoliAz, FoliDip;

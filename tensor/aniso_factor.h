@@ -12,7 +12,7 @@ namespace velorix {
 /// Indices of the catalogue; 0, the mean, isn't in the user's list.
 inline constexpr int FirstFactor = 0, LastFactor = 38;
 
-/// A number that is lost for good as soon as one step leaves the finite numbers. Plain floating
+/// A number that stays lost as soon as one step leaves the finite numbers. Plain floating
 /// point would let 1 / (1 / 0) end in a finite 0; here an infinity becomes NaN at once, and NaN
 /// stays.
 struct Guarded {

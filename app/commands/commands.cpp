@@ -276,7 +276,7 @@ std::string FailureText(const std::exception_ptr& failure) {
 }
 
 /// Puts a failure into log and status line, and lets the views follow the store. Where a file was
-/// read since the data had the version `before`, one of another kind is the likeliest reason.
+/// read since the data had the version `before`, a file of another kind is the most likely reason.
 void ReportFailure(Velorix& velorix, const std::string& text, std::int64_t before) {
   const Session& session = velorix.Session;
   const bool wasRead = session.DataVersion != before && !session.IsUnsaved();

@@ -27,7 +27,7 @@ void ChooseLevel(Velorix& velorix, ErrorLevel level);
 void ChooseBootstrap(Velorix& velorix, const BootChoice& choice);
 /// The column that the histogram shows.
 void ChooseHisto(Velorix& velorix, Column column);
-/// The plots that a newcomer sees: Km and P, P and T where the settings have them.
+/// The plots of a first start: Km and P, P and T where the settings have them.
 void ChooseFirstPlots(Velorix& velorix);
 /// A change of what parts the records, or of how the plots show the groups: they are drawn again.
 void ChooseGroups(Velorix& velorix, const GroupChoices& choices);

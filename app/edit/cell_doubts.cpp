@@ -2,21 +2,13 @@
 
 #include <cmath>
 
+#include "app/files/file_kinds.h"
 #include "base/rounding.h"
 #include "text/code_page.h"
 #include "text/numbers.h"
 #include "text/upper_case.h"
 
 namespace velorix {
-namespace {
-
-struct FileRoom {
-  const char* Extension;
-  int Letters;
-};
-constexpr FileRoom FileRooms[] = {{"ams", 2}, {"ran", 1}, {"ged", 1}};
-
-}  // namespace
 
 float AngleIn(const std::string& text) { return static_cast<float>(Round32(NumberOf(text))); }
 
@@ -52,9 +44,8 @@ std::string CodeSpellings::OtherOf(const std::string& code) const {
 }
 
 int CodeRoom(const std::string& extension) {
-  for (const FileRoom& room : FileRooms)
-    if (extension == room.Extension) return room.Letters;
-  return 0;
+  const FileKind* const kind = KindToWrite(extension);
+  return kind ? kind->CodeLetters : 0;
 }
 
 std::string CodeDoubt(const std::string& code, const SheetCodes& codes, const CodeSpellings& kind) {

@@ -150,7 +150,7 @@ void CommitSlot(const EditRow& row, int slot, SpecimenRecord& record) {
   const bool has = SlotHasCode(row, foli);
   // Kept for agreement with published results: without codes the second slot leaves the flags as
   // the first one put them.
-  if (has || slot == 1) record.HasCoor[3] = record.HasCoor[4] = has;
+  if (has || slot == 1) SetUpperSystems(record.HasCoor, has);
   const auto angle = [&](int column) { return has ? AngleIn(row[column]) : 0.0f; };
   record.FoliName[slot] = row[foli];
   record.LineName[slot] = row[line];

@@ -173,7 +173,7 @@ void RefuseGedCell(Dialogs& dialogs) { dialogs.Ask("Edit aniso", "Input out of l
 
 SheetCodes CodesOf(const GedSheet& sheet) {
   SheetCodes codes;
-  codes.Room = CodeRoom("ged");
+  codes.Room = GedCodeLetters;
   for (const GedRow& row : sheet.Rows)
     for (int column = FirstCodeColumn; column < GedColumnCount && !row.TakenOut; column += 3)
       (IsLineation(column) ? codes.Lineations : codes.Foliations)

@@ -23,19 +23,11 @@ FileContent ContentOfFile(const std::string& path) {
   return ContentOf(head, error ? 0 : size);
 }
 
-/// What files of a kind contain: the binary ones their own format, the others text.
-ContentKind ContentOfKind(const FileKind& kind) {
-  const std::string_view word = kind.Word;
-  if (word == "ams") return ContentKind::Ams;
-  return word == "ran" || word == "are" ? ContentKind::Ran : ContentKind::Text;
-}
-
 bool IsDoubtful(const FileContent& content, const FileKind& kind) {
   if (content.Kind == ContentKind::Unknown) return false;
-  const ContentKind expected = ContentOfKind(kind);
   // A binary file that is none of the known ones may be an odd one of its kind.
-  if (content.Kind == ContentKind::Binary) return expected == ContentKind::Text;
-  return content.Kind != expected;
+  if (content.Kind == ContentKind::Binary) return kind.Content == ContentKind::Text;
+  return content.Kind != kind.Content;
 }
 
 bool Reads(const FileKind& kind, const std::string& path, const Settings& settings) {
@@ -47,6 +39,14 @@ bool Reads(const FileKind& kind, const std::string& path, const Settings& settin
   }
 }
 
+/// Of kinds with the same content the one of the extension, else the first.
+int FilterOfBinary(ContentKind content, int byName) {
+  if (byName != 0 && KindOfFilter(byName).Content == content) return byName;
+  for (int filter = 1; filter <= std::ssize(FileKinds()); ++filter)
+    if (KindOfFilter(filter).Content == content) return filter;
+  return 0;
+}
+
 int FilterOfText(const std::string& path, const Settings& settings) {
   const int byName = FilterOfExtension(ExtensionOf(path));
   std::vector<int> filters;
@@ -55,7 +55,7 @@ int FilterOfText(const std::string& path, const Settings& settings) {
     if (filter != byName) filters.push_back(filter);
   for (const int filter : filters) {
     const FileKind& kind = KindOfFilter(filter);
-    if (ContentOfKind(kind) == ContentKind::Text && Reads(kind, path, settings)) return filter;
+    if (kind.Content == ContentKind::Text && Reads(kind, path, settings)) return filter;
   }
   return 0;
 }
@@ -83,9 +83,8 @@ int FilterOfContent(const std::string& path, const Settings& settings, std::stri
   const FileContent content = ContentOfFile(path);
   switch (content.Kind) {
     case ContentKind::Ams:
-      return FilterOfExtension("ams");
     case ContentKind::Ran:
-      return FilterOfExtension(ExtensionOf(path) == "are" ? "are" : "ran");
+      return FilterOfBinary(content.Kind, byName);
     case ContentKind::Text:
       if (const int filter = FilterOfText(path, settings)) return filter;
       break;

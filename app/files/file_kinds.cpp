@@ -69,13 +69,13 @@ void ForEachStoredRan(const RecordArray& records, bool all, const Settings& sett
 
 // clang-format off
 constexpr FileKind Kinds[] = {
-    // word, extension, captions to open and to save, read, reload, visit, write, what is read of what was written
-    {"ams",  "ams", "AMS-file(s)",      "AMS file", Plain<ReadAmsFile>, ReloadAmsInPhase,   VisitAms,                      WriteAms, ForEachStoredAms},
-    {"ran",  "ran", "RAN-file(s)",      "RAN file", ReadRanFile,        ReadRanFile,        VisitHeldRan,                  WriteRan, ForEachStoredRan},
-    {"are",  "are", "ARE-file(s)",      "",         ReadRanFile,        ReadRanFile,        VisitHeldRan,                  nullptr,  nullptr},
-    {"asc",  "asc", "ASC-file(s)",      "",         Plain<ReadAscFile>, Plain<ReadAscFile>, VisitRead<Plain<ReadAscFile>>, nullptr,  nullptr},
-    {"si2b", "AMS", "SI2B AMS-file(s)", "",         ReadSi2bFile,       ReadSi2bFile,       VisitRead<ReadSi2bFile>,       nullptr,  nullptr},
-    {"spin", "txt", "AMSSpin-file(s)",  "",         ReadSpinFile,       ReadSpinFile,       VisitRead<ReadSpinFile>,       nullptr,  nullptr},
+    // word, extension, captions to open and to save, content, letters of a code, read, reload, visit, write, what is read of what was written
+    {"ams",  "ams", "AMS-file(s)",      "AMS file", ContentKind::Ams,  2, Plain<ReadAmsFile>, ReloadAmsInPhase,   VisitAms,                      WriteAms, ForEachStoredAms},
+    {"ran",  "ran", "RAN-file(s)",      "RAN file", ContentKind::Ran,  1, ReadRanFile,        ReadRanFile,        VisitHeldRan,                  WriteRan, ForEachStoredRan},
+    {"are",  "are", "ARE-file(s)",      "",         ContentKind::Ran,  0, ReadRanFile,        ReadRanFile,        VisitHeldRan,                  nullptr,  nullptr},
+    {"asc",  "asc", "ASC-file(s)",      "",         ContentKind::Text, 0, Plain<ReadAscFile>, Plain<ReadAscFile>, VisitRead<Plain<ReadAscFile>>, nullptr,  nullptr},
+    {"si2b", "AMS", "SI2B AMS-file(s)", "",         ContentKind::Text, 0, ReadSi2bFile,       ReadSi2bFile,       VisitRead<ReadSi2bFile>,       nullptr,  nullptr},
+    {"spin", "txt", "AMSSpin-file(s)",  "",         ContentKind::Text, 0, ReadSpinFile,       ReadSpinFile,       VisitRead<ReadSpinFile>,       nullptr,  nullptr},
 };
 // clang-format on
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/outcome.h"
+#include "datafiles/file_content.h"
 #include "datafiles/holdings.h"
 #include "datafiles/safe_write.h"
 #include "store/record_array.h"
@@ -39,6 +40,8 @@ struct FileKind {
   const char* Extension;    // "ams"
   const char* OpenCaption;  // of the filter to open: "AMS-file(s)"
   const char* SaveCaption;  // of the filter to save: "AMS file"
+  ContentKind Content;      // what its files contain
+  int CodeLetters;          // of a foliation or lineation that it writes, else 0
   FileReader Read, Reload;
   FileVisitor Visit;
   FileWriter Write;  // null: files of this kind are only read, and have no filter to save

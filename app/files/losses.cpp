@@ -41,7 +41,7 @@ constexpr AmsRows RowsNamed(std::initializer_list<std::string_view> starts) {
 constexpr AmsRows TensorIm = RowsNamed({"TensorIm"}), Coordinates = RowsNamed({"Lon", "Lat"});
 constexpr AmsRows OutOfPhaseBlock = RowsNamed(
     {"KmIm", "KmSDIm", "KIm", "KSDIm", "TensorIm", "VecIm", "EIm", "E2Im", "E3Im", "FTestIm"});
-// Of the block in view, and made anew from the tensor.
+// Of the block in view, and made again from the tensor.
 constexpr AmsRows Derived = RowsNamed({"K[", "Vec["});
 // What the editors change, so that the open file is given it knowingly.
 constexpr AmsRows Editable =

@@ -32,7 +32,7 @@ struct HeldTensors {
 /// What the orientation editor changes of a record.
 struct Orientation {
   int Id = 0;
-  Array1<bool, 4> HasCoor;
+  CoordinateFlags HasCoor;
   CoordinateSystem CoorLevel = CoordinateSystem::None;
   float OrientAz = 0, OrientInc = 0;
   Array1<std::string, 4> FoliName, LineName;

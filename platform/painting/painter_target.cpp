@@ -61,7 +61,7 @@ bool GoesStraightOn(LogicalPoint a, LogicalPoint b, LogicalPoint c) {
 }
 
 /// A line in pieces that share their ends: the painter's time grows with the square of a path that
-/// crosses itself. Pieces outside the clip cost nothing. Dashes would begin anew, so they stay
+/// crosses itself. Pieces outside the clip cost nothing. Dashes would begin again, so they stay
 /// whole.
 void DrawInPieces(QPainter& painter, const QPolygonF& line) {
   constexpr qsizetype Piece = 4;

@@ -20,7 +20,7 @@ struct GroupMark {
   bool operator==(const GroupMark&) const = default;
 };
 
-/// So many groups have marks of their own; with more of them the marks begin anew.
+/// So many groups have marks of their own; with more of them the marks begin again.
 inline constexpr std::size_t DistinctMarks = 18;
 
 /// The mark of the `group`-th group, from 0. Six colours go with six shapes; after six groups the

@@ -9,7 +9,7 @@
 namespace velorix {
 
 /// Expects the bytes of a golden file of a room's tests. What changes them on purpose is looked at
-/// and approved: VELORIX_APPROVE=1 writes the golden files anew.
+/// and approved: VELORIX_APPROVE=1 writes the golden files again.
 inline void ExpectGolden(const std::string& room, const std::string& name,
                          const std::string& bytes) {
   const std::string path = VELORIX_SOURCE_DIR "/tests/" + room + "/golden/" + name;

@@ -260,7 +260,7 @@ TEST(WriteRanFile, ABrokenTailIsFilledUpOrOverwrittenAsItsLengthRounds) {
     if (tail > 32) kept += std::string(tail, 'x') + std::string(64 - tail, '\0');
     EXPECT_EQ(BytesOf(path).substr(2), (kept + alone.substr(64)).substr(2)) << tail;
   }
-  for (const std::size_t length : {0u, 20u, 32u, 64u, 90u}) {  // no whole specimen: begun anew
+  for (const std::size_t length : {0u, 20u, 32u, 64u, 90u}) {  // no whole specimen: begun again
     PutFile(path, std::string(length, 'x'));
     ASSERT_TRUE(WriteRanRecord(path, RanRecord()));
     EXPECT_EQ(BytesOf(path), alone) << length;

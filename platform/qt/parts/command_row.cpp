@@ -16,9 +16,9 @@ QHBoxLayout* MakeCommandRow(QWidget& window, const char* closeTip,
     QPushButton* button = MakeDialogButton(command.Name, command.Caption, command.Tip, &window);
     QObject::connect(button, &QPushButton::clicked, &window, command.Do);
     row->addWidget(button);
-    if (button->objectName() == "cmdCopy")
-      QObject::connect(new QShortcut(QKeySequence::Copy, &window), &QShortcut::activated, &window,
-                       command.Do);
+    if (*command.Key)
+      QObject::connect(new QShortcut(QKeySequence(command.Key), &window), &QShortcut::activated,
+                       &window, command.Do);
   };
   for (const WindowCommand& command : left) add(command);
   row->addStretch(1);

@@ -12,10 +12,11 @@ namespace velorix {
 struct WindowCommand {
   const char *Name, *Caption, *Tip;
   std::function<void()> Do;
+  const char* Key = "";  // a short-cut beside the letter of the caption
 };
 
 /// The row of a window's commands, `left` at its left end, the others at its right; the last one is
-/// `cmdCLOSE`, which Esc does too. Ctrl+C is `cmdCopy` where there is one.
+/// `cmdCLOSE`, which Esc does too.
 QHBoxLayout* MakeCommandRow(QWidget& window, const char* closeTip,
                             const std::vector<WindowCommand>& left,
                             const std::vector<WindowCommand>& right);

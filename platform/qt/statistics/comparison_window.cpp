@@ -80,7 +80,8 @@ frmComparison::~frmComparison() = default;
 QLayout* frmComparison::MakeCommands() {
   return MakeCommandRow(
       *this, "Close the comparison [Esc]", {},
-      {{"cmdCopy", "&Copy", "Copy the table as tab-separated text [Ctrl+C]", [this] { Copy(); }},
+      {{"cmdCopy", "&Copy", "Copy the table as tab-separated text [Ctrl+C]", [this] { Copy(); },
+        "Ctrl+C"},
        {"cmdExport", "&Export...", "Write the table into a file of comma-separated text",
         [this] { Work(velorix_, [this] { Export(); }); }}});
 }

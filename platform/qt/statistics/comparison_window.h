@@ -19,7 +19,7 @@ namespace velorix {
 class ComparisonModel;
 
 /// The window "Comparison of groups": every pair of some groups, a row each. They are compared
-/// beside the window, anew when the view changes.
+/// beside the window, again when the view changes.
 class frmComparison : public QWidget {
  public:
   /// Gives the groups of the view shown.

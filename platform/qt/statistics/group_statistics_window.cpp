@@ -163,7 +163,7 @@ void frmGroupStatistics::AddDirections(QGridLayout& table) {
 
 /// A row for Km and one for each factor.
 void frmGroupStatistics::AddFactors(QGridLayout& table) {
-  constexpr int Head = FactorHead, Rows = 9;
+  constexpr int Head = FactorHead, Rows = FactorSlots + 1;
   table.setRowMinimumHeight(Head - 1, 10);
   AddHeading(table, Head, 1, "Mean Tensor", "Factors of the mean tensor, whose mean is 1");
   AddHeading(table, Head, 2, "Average", "Means of the records' values");

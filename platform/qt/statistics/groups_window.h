@@ -23,7 +23,7 @@ class GroupControls;
 
 /// The window "Groups": the statistics of every group of the records in view, a row each and one
 /// for all. A click on a row selects its records in all views. They are computed beside the
-/// window, anew when the view changes.
+/// window, again when the view changes.
 class frmGroups : public QWidget {
  public:
   frmGroups(Velorix& velorix, QWidget* owner);

@@ -149,7 +149,7 @@ QLayout* frmUntilting::MakeCommands() {
   return MakeCommandRow(
       *this, "Close the untilting [Esc]", {},
       {{"cmdCopy", "&Copy", "Copy the words and the steps as tab-separated text [Ctrl+C]",
-        [this] { Copy(); }},
+        [this] { Copy(); }, "Ctrl+C"},
        {"cmdSave", "Save fi&gure...", "Write the figure into a file",
         [this] { Work(velorix_, [this] { Save(); }); }}});
 }

@@ -21,7 +21,7 @@ namespace velorix {
 class PictureWidget;
 
 /// The window "Stepwise untilting": the groups untilted by a foliation, as a figure and in words.
-/// Computed beside the window, anew when the view, the foliation or the seed changes.
+/// Computed beside the window, again when the view, the foliation or the seed changes.
 class frmUntilting : public QWidget {
  public:
   /// Gives the groups of the view shown.

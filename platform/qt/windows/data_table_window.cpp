@@ -35,7 +35,7 @@ frmDataTable::frmDataTable(Velorix& velorix, QWidget* owner)
                        "keys go; again for the other way round",
                        [this] { SortByCurrent(); }},
                       {"cmdCopy", "&Copy", "Copy the selected rows as tab-separated text [Ctrl+C]",
-                       [this] { Copy(); }}}));
+                       [this] { Copy(); }, "Ctrl+C"}}));
   connect(Table->horizontalHeader(), &QHeaderView::sectionClicked, this,
           [this](int section) { Table->SortBy(section); });
 

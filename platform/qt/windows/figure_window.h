@@ -15,7 +15,7 @@ struct Velorix;
 class PictureWidget;
 
 /// The window "Figure Options": a control for each key of a style, and the figure at its true size
-/// beside them, drawn anew at each change. The style is kept in the program's folder.
+/// beside them, drawn again at each change. The style is kept in the program's folder.
 class frmFigure : public QDialog {
  public:
   frmFigure(Velorix& velorix, QWidget* owner);
