@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "bench/ratio.h"
-#include "datafiles/ams_file.h"
-#include "datafiles/ams_layout.h"
+#include "datafiles/formats/ams_file.h"
+#include "datafiles/formats/ams_layout.h"
 #include "text/paths.h"
 
 namespace velorix {

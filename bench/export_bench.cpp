@@ -19,7 +19,7 @@
 #include "app/files/export_grid.h"
 #include "app/tables/record_grid.h"
 #include "bench/ratio.h"
-#include "datafiles/safe_write.h"
+#include "datafiles/bytes/safe_write.h"
 #include "plot/drawing/metafile_target.h"
 #include "plot/net/stereo.h"
 #include "text/paths.h"

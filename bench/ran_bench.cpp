@@ -7,8 +7,8 @@
 #include <filesystem>
 
 #include "bench/ratio.h"
-#include "datafiles/ams_file.h"
-#include "datafiles/ran_file.h"
+#include "datafiles/formats/ams_file.h"
+#include "datafiles/formats/ran_file.h"
 #include "text/paths.h"
 
 namespace velorix {

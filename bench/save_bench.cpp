@@ -8,7 +8,7 @@
 #include "app/files/losses.h"
 #include "app/state/history.h"
 #include "bench/ratio.h"
-#include "datafiles/ams_file.h"
+#include "datafiles/formats/ams_file.h"
 #include "platform/host/host.h"
 #include "tensor/rotations.h"
 #include "text/paths.h"

@@ -10,10 +10,10 @@
 #include <sstream>
 
 #include "bench/ratio.h"
-#include "datafiles/asc_file.h"
-#include "datafiles/ged_file.h"
-#include "datafiles/si2b_file.h"
-#include "datafiles/spin_file.h"
+#include "datafiles/formats/asc_file.h"
+#include "datafiles/formats/ged_file.h"
+#include "datafiles/formats/si2b_file.h"
+#include "datafiles/formats/spin_file.h"
 
 namespace velorix {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "datafiles/ams_file.h"
-#include "datafiles/ams_layout.h"
+#include "datafiles/formats/ams_file.h"
+#include "datafiles/formats/ams_layout.h"
 #include "examples/example_record.h"
 #include "examples/folded_sites.h"
 #include "examples/granite_site.h"

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "datafiles/ged_file.h"
+#include "datafiles/formats/ged_file.h"
 #include "examples/example_sites.h"
 
 namespace velorix::examples {

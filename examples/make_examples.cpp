@@ -1,7 +1,7 @@
 #include <exception>
 #include <iostream>
 
-#include "datafiles/safe_write.h"
+#include "datafiles/bytes/safe_write.h"
 #include "examples/example_sites.h"
 #include "examples/ged_sites.h"
 #include "examples/ran_sites.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "datafiles/ran_file.h"
+#include "datafiles/formats/ran_file.h"
 #include "examples/example_sites.h"
 
 namespace velorix::examples {

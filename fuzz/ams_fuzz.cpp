@@ -3,8 +3,8 @@
 #include <span>
 #include <vector>
 
-#include "datafiles/ams_file.h"
-#include "datafiles/ams_layout.h"
+#include "datafiles/formats/ams_file.h"
+#include "datafiles/formats/ams_layout.h"
 #include "fuzz/input_length.h"
 
 namespace {

@@ -3,8 +3,8 @@
 #include <cstdlib>
 
 #include "base/fault.h"
-#include "datafiles/ams_file.h"
-#include "datafiles/ams_layout.h"
+#include "datafiles/formats/ams_file.h"
+#include "datafiles/formats/ams_layout.h"
 #include "fuzz/input_length.h"
 #include "store/session.h"
 #include "tensor/derivation.h"

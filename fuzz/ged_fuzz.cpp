@@ -1,4 +1,4 @@
-#include "datafiles/ged_file.h"
+#include "datafiles/formats/ged_file.h"
 #include "fuzz/text_reader.h"
 
 namespace {

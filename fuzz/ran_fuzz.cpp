@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "base/fault.h"
-#include "datafiles/ran_file.h"
-#include "datafiles/ran_layout.h"
+#include "datafiles/formats/ran_file.h"
+#include "datafiles/formats/ran_layout.h"
 #include "fuzz/input_length.h"
 #include "store/session.h"
 

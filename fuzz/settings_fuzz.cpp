@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "datafiles/autosave_file.h"
-#include "datafiles/settings_file.h"
+#include "datafiles/settings/autosave_file.h"
+#include "datafiles/settings/settings_file.h"
 
 using namespace velorix;
 

@@ -1,4 +1,4 @@
-#include "datafiles/spin_file.h"
+#include "datafiles/formats/spin_file.h"
 #include "fuzz/text_reader.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

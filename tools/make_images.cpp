@@ -13,7 +13,7 @@
 #include "app/commands/commands.h"
 #include "app/commands/file_commands.h"
 #include "app/files/losses.h"
-#include "datafiles/autosave_file.h"
+#include "datafiles/settings/autosave_file.h"
 #include "platform/qt/parts/qt_dialogs.h"
 #include "platform/qt/parts/theme.h"
 #include "stats/density/contour_grid.h"

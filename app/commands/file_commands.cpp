@@ -5,7 +5,7 @@
 #include "app/files/open_flow.h"
 #include "app/state/program.h"
 #include "app/state/refusals.h"
-#include "datafiles/settings_file.h"
+#include "datafiles/settings/settings_file.h"
 #include "text/numbers.h"
 #include "text/paths.h"
 

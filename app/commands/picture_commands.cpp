@@ -1,8 +1,8 @@
 #include "app/commands/picture_commands.h"
 
 #include "app/files/ask_file.h"
-#include "app/files/export_panels.h"
-#include "app/files/export_untilting.h"
+#include "app/pictures/export_panels.h"
+#include "app/pictures/export_untilting.h"
 #include "app/state/refusals.h"
 #include "base/fault.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "app/commands/velorix.h"
-#include "app/files/figure.h"
+#include "app/pictures/figure.h"
 #include "plot/net/panels.h"
 #include "stats/study/untilting.h"
 

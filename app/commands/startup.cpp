@@ -2,9 +2,9 @@
 
 #include <filesystem>
 
-#include "datafiles/file_faults.h"
-#include "datafiles/preferences_file.h"
-#include "datafiles/settings_file.h"
+#include "datafiles/bytes/file_faults.h"
+#include "datafiles/settings/preferences_file.h"
+#include "datafiles/settings/settings_file.h"
 #include "stats/group/gauss_random.h"
 #include "text/paths.h"
 

@@ -4,8 +4,8 @@
 #include <filesystem>
 
 #include "app/state/refusals.h"
-#include "datafiles/file_faults.h"
-#include "datafiles/safe_write.h"
+#include "datafiles/bytes/file_faults.h"
+#include "datafiles/bytes/safe_write.h"
 #include "tensor/directions.h"
 #include "text/numbers.h"
 #include "text/paths.h"

@@ -5,8 +5,8 @@
 
 #include "app/state/refusals.h"
 #include "base/timer.h"
-#include "datafiles/autosave_file.h"
-#include "datafiles/safe_write.h"
+#include "datafiles/bytes/safe_write.h"
+#include "datafiles/settings/autosave_file.h"
 #include "text/paths.h"
 
 namespace velorix {

@@ -1,7 +1,7 @@
 #include "app/edit/factor_choice.h"
 
 #include "base/rounding.h"
-#include "datafiles/settings_file.h"
+#include "datafiles/settings/settings_file.h"
 #include "tensor/aniso_factor.h"
 
 namespace velorix {

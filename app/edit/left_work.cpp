@@ -9,7 +9,7 @@
 #include "app/files/file_stamp.h"
 #include "app/state/program.h"
 #include "base/fault.h"
-#include "datafiles/text_file.h"
+#include "datafiles/bytes/text_file.h"
 #include "text/numbers.h"
 #include "text/paths.h"
 

@@ -8,7 +8,7 @@
 #include "app/state/dialogs.h"
 #include "app/state/history.h"
 #include "app/state/host.h"
-#include "datafiles/autosave_file.h"
+#include "datafiles/settings/autosave_file.h"
 #include "store/session.h"
 
 namespace velorix {

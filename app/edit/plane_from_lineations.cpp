@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "datafiles/text_file.h"
+#include "datafiles/bytes/text_file.h"
 #include "tensor/directions.h"
 #include "text/numbers.h"
 

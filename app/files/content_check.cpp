@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/fault.h"
-#include "datafiles/file_content.h"
+#include "datafiles/formats/file_content.h"
 #include "text/numbers.h"
 #include "text/paths.h"
 

@@ -7,7 +7,7 @@
 #include "app/state/refusals.h"
 #include "app/tables/groups_csv.h"
 #include "base/fault.h"
-#include "datafiles/safe_write.h"
+#include "datafiles/bytes/safe_write.h"
 
 namespace velorix {
 

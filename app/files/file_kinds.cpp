@@ -5,11 +5,11 @@
 
 #include "app/files/ask_file.h"
 #include "base/fault.h"
-#include "datafiles/ams_file.h"
-#include "datafiles/asc_file.h"
-#include "datafiles/ran_file.h"
-#include "datafiles/si2b_file.h"
-#include "datafiles/spin_file.h"
+#include "datafiles/formats/ams_file.h"
+#include "datafiles/formats/asc_file.h"
+#include "datafiles/formats/ran_file.h"
+#include "datafiles/formats/si2b_file.h"
+#include "datafiles/formats/spin_file.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
 

@@ -5,9 +5,9 @@
 #include <string>
 
 #include "base/outcome.h"
-#include "datafiles/file_content.h"
-#include "datafiles/holdings.h"
-#include "datafiles/safe_write.h"
+#include "datafiles/bytes/safe_write.h"
+#include "datafiles/formats/file_content.h"
+#include "datafiles/formats/holdings.h"
 #include "store/record_array.h"
 #include "store/settings.h"
 

@@ -1,7 +1,7 @@
 #include "app/files/geo_files.h"
 
 #include "app/files/file_stamp.h"
-#include "datafiles/ged_file.h"
+#include "datafiles/formats/ged_file.h"
 
 namespace velorix {
 

@@ -2,7 +2,7 @@
 
 #include "app/state/dialogs.h"
 #include "app/state/views.h"
-#include "datafiles/safe_write.h"
+#include "datafiles/bytes/safe_write.h"
 #include "store/session.h"
 
 namespace velorix {

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "base/timer.h"
-#include "datafiles/file_faults.h"
+#include "datafiles/bytes/file_faults.h"
 #include "text/dates.h"
 #include "text/paths.h"
 

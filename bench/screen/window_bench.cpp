@@ -11,7 +11,7 @@
 #include "app/commands/display.h"
 #include "app/tables/data_table.h"
 #include "bench/ratio.h"
-#include "platform/qt/windows/velorix_window.h"
+#include "platform/qt/main_window/velorix_window.h"
 #include "tests/app/script.h"
 
 namespace velorix {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "app/commands/velorix.h"
-#include "app/files/graphics_page.h"
+#include "app/pictures/graphics_page.h"
 #include "stats/study/grouping.h"
 
 namespace velorix {

@@ -1,7 +1,7 @@
 #include <exception>
 #include <iostream>
 
-#include "datafiles/safe_write.h"
+#include "datafiles/bytes/safe_write.h"
 #include "platform/batch/batch.h"
 #include "text/paths.h"
 

@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "base/fault.h"
-#include "datafiles/safe_write.h"
+#include "datafiles/bytes/safe_write.h"
 #include "platform/painting/picture_file.h"
 #include "plot/drawing/svg_target.h"
 #include "text/paths.h"

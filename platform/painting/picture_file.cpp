@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "base/fault.h"
-#include "datafiles/safe_write.h"
+#include "datafiles/bytes/safe_write.h"
 #include "platform/painting/picture_bytes.h"
 #include "text/paths.h"
 

@@ -3,13 +3,13 @@
 
 #include "app/state/program.h"
 #include "base/fault.h"
-#include "datafiles/safe_write.h"
+#include "datafiles/bytes/safe_write.h"
 #include "platform/host/host.h"
+#include "platform/qt/main_window/velorix_window.h"
 #include "platform/qt/output/page_output.h"
 #include "platform/qt/parts/qt_dialogs.h"
 #include "platform/qt/parts/theme.h"
 #include "platform/qt/start_up.h"
-#include "platform/qt/windows/velorix_window.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 
 #include "app/commands/startup.h"
 #include "base/timer.h"
+#include "platform/qt/main_window/velorix_window.h"
 #include "platform/qt/windows/about_window.h"
-#include "platform/qt/windows/velorix_window.h"
 
 namespace velorix {
 

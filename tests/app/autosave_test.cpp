@@ -1,6 +1,6 @@
 #include "app/commands/file_commands.h"
 
-#include "datafiles/autosave_file.h"
+#include "datafiles/settings/autosave_file.h"
 #include "tests/app/script.h"
 
 namespace velorix {

@@ -2,7 +2,7 @@
 #include "app/files/geo_files.h"
 #include "app/files/open_flow.h"
 #include "app/files/save.h"
-#include "datafiles/ran_file.h"
+#include "datafiles/formats/ran_file.h"
 #include "tests/app/script.h"
 #include "text/upper_case.h"
 

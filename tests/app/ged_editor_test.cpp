@@ -1,6 +1,6 @@
 #include "app/edit/ged_editor.h"
 
-#include "datafiles/ged_file.h"
+#include "datafiles/formats/ged_file.h"
 #include "tests/app/script.h"
 
 namespace velorix {

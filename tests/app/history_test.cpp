@@ -6,8 +6,8 @@
 #include "app/commands/hand_groups.h"
 #include "app/edit/orientation_editor.h"
 #include "app/files/open_flow.h"
-#include "datafiles/safe_write.h"
-#include "datafiles/settings_file.h"
+#include "datafiles/bytes/safe_write.h"
+#include "datafiles/settings/settings_file.h"
 #include "tests/app/script.h"
 
 namespace velorix {

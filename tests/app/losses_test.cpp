@@ -3,7 +3,7 @@
 #include "app/edit/ged_editor.h"
 #include "app/edit/orientation_editor.h"
 #include "app/files/content_check.h"
-#include "datafiles/ged_file.h"
+#include "datafiles/formats/ged_file.h"
 #include "tests/app/script.h"
 #include "tests/datafiles/golden_record.h"
 

@@ -1,8 +1,8 @@
 #include "app/edit/orientation_editor.h"
 
 #include "app/edit/ged_editor.h"
-#include "datafiles/ged_file.h"
-#include "datafiles/ran_file.h"
+#include "datafiles/formats/ged_file.h"
+#include "datafiles/formats/ran_file.h"
 #include "tests/app/script.h"
 #include "text/upper_case.h"
 

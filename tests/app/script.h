@@ -12,7 +12,7 @@
 #include "app/commands/velorix.h"
 #include "app/commands/view_choices.h"
 #include "app/state/refusals.h"
-#include "datafiles/ams_file.h"
+#include "datafiles/formats/ams_file.h"
 #include "tests/datafiles/temp_folder.h"
 #include "tests/stats/gauss_table.h"
 

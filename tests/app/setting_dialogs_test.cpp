@@ -4,7 +4,7 @@
 #include "app/commands/startup.h"
 #include "app/edit/factor_choice.h"
 #include "app/edit/orientation_parameters.h"
-#include "datafiles/settings_file.h"
+#include "datafiles/settings/settings_file.h"
 #include "tests/app/script.h"
 
 namespace velorix {

@@ -7,7 +7,7 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
-#include "datafiles/ams_file.h"
+#include "datafiles/formats/ams_file.h"
 #include "tests/datafiles/temp_folder.h"
 
 namespace velorix {

@@ -3,9 +3,9 @@
 #include <cmath>
 
 #include "base/fault.h"
-#include "datafiles/ams_file.h"
-#include "datafiles/ams_layout.h"
-#include "datafiles/ran_file.h"
+#include "datafiles/formats/ams_file.h"
+#include "datafiles/formats/ams_layout.h"
+#include "datafiles/formats/ran_file.h"
 #include "tests/datafiles/golden_record.h"
 #include "tests/datafiles/temp_folder.h"
 

@@ -1,4 +1,4 @@
-#include "datafiles/asc_file.h"
+#include "datafiles/formats/asc_file.h"
 
 #include <gtest/gtest.h>
 

@@ -8,12 +8,12 @@
 #include <cmath>
 #include <span>
 
-#include "datafiles/ams_file.h"
-#include "datafiles/asc_file.h"
-#include "datafiles/ged_file.h"
-#include "datafiles/ran_file.h"
-#include "datafiles/si2b_file.h"
-#include "datafiles/spin_file.h"
+#include "datafiles/formats/ams_file.h"
+#include "datafiles/formats/asc_file.h"
+#include "datafiles/formats/ged_file.h"
+#include "datafiles/formats/ran_file.h"
+#include "datafiles/formats/si2b_file.h"
+#include "datafiles/formats/spin_file.h"
 #include "tests/datafiles/fault_of.h"
 #include "tests/datafiles/golden_record.h"
 #include "tests/datafiles/temp_folder.h"

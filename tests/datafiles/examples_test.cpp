@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "datafiles/ams_layout.h"
-#include "datafiles/ged_file.h"
-#include "datafiles/ran_layout.h"
+#include "datafiles/formats/ams_layout.h"
+#include "datafiles/formats/ged_file.h"
+#include "datafiles/formats/ran_layout.h"
 #include "examples/example_sites.h"
 #include "examples/ged_sites.h"
 #include "examples/ran_sites.h"

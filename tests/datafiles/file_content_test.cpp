@@ -1,4 +1,4 @@
-#include "datafiles/file_content.h"
+#include "datafiles/formats/file_content.h"
 
 #include <gtest/gtest.h>
 

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <utility>
 
-#include "datafiles/ams_file.h"
-#include "datafiles/ams_layout.h"
+#include "datafiles/formats/ams_file.h"
+#include "datafiles/formats/ams_layout.h"
 
 namespace velorix::golden {
 

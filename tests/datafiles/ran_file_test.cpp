@@ -1,4 +1,4 @@
-#include "datafiles/ran_file.h"
+#include "datafiles/formats/ran_file.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,8 @@
 #include <stdexcept>
 
 #include "base/fault.h"
-#include "datafiles/safe_write.h"
-#include "datafiles/settings_file.h"
+#include "datafiles/bytes/safe_write.h"
+#include "datafiles/settings/settings_file.h"
 #include "tests/datafiles/temp_folder.h"
 
 namespace velorix {

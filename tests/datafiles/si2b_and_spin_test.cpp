@@ -3,9 +3,9 @@
 #include <cmath>
 #include <random>
 
-#include "datafiles/principal_tensor.h"
-#include "datafiles/si2b_file.h"
-#include "datafiles/spin_file.h"
+#include "datafiles/formats/principal_tensor.h"
+#include "datafiles/formats/si2b_file.h"
+#include "datafiles/formats/spin_file.h"
 #include "tensor/eigen_jk.h"
 #include "tests/datafiles/fault_of.h"
 

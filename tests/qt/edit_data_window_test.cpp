@@ -4,7 +4,7 @@
 
 #include "app/commands/file_commands.h"
 #include "app/edit/edit_grid.h"
-#include "datafiles/ged_file.h"
+#include "datafiles/formats/ged_file.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "app/display/shown_group.h"
-#include "app/files/figure.h"
+#include "app/pictures/figure.h"
 #include "app/tables/data_table.h"
 #include "plot/drawing/recorder.h"
 #include "tensor/derivation.h"

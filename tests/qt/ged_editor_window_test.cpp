@@ -2,7 +2,7 @@
 
 #include <QLineEdit>
 
-#include "datafiles/ged_file.h"
+#include "datafiles/formats/ged_file.h"
 #include "tests/qt/test_window.h"
 
 using namespace velorix;

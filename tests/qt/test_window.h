@@ -16,7 +16,7 @@
 
 #include "app/commands/display.h"
 #include "platform/host/host.h"
-#include "platform/qt/windows/velorix_window.h"
+#include "platform/qt/main_window/velorix_window.h"
 #include "tests/app/script.h"
 
 namespace velorix {

@@ -14,7 +14,7 @@
 
 #include "app/commands/picture_commands.h"
 #include "app/files/ask_file.h"
-#include "app/files/style_file.h"
+#include "app/pictures/style_file.h"
 #include "app/state/refusals.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/command_row.h"
