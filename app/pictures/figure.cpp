@@ -41,7 +41,7 @@ double LabelWidth(const Axis& axis, TickDensity density) {
   if (axis.IsEmpty()) return 0;
   const Axis ticked = TickedAxis(axis, density);
   double width = 0;
-  for (const double value : TicksOf(ticked.range, 0).major)
+  for (const double value : AxisTicks(ticked, 0).major)
     width = std::max(width, TextWidth(std::string(StripBlanks(TickText(ticked, value)))));
   return width;
 }
@@ -81,7 +81,7 @@ ShownPlots ShownOf(const PageContent& page, const FigureStyle& style, const Plot
     shown.HistogramLabels = CountWidth(DataTableValues(plots.HistoParameter, session).size());
   for (const int plot : {1, 2}) {
     if (!shown.XYPlot[plot]) continue;
-    const XYPlotAxes axes = AxesOfXYPlot(session, plots.Shown(plot));
+    const XYPlotAxes axes = AxesOfXYPlot(session, plots.Shown(plot), &plots.Axes);
     shown.YLabels[plot] = LabelWidth(axes.y, style.Ticks);
     if (axes.colour) shown.ScaleLabels[plot] = LabelWidth(*axes.colour, TickDensity::AsNow);
   }
@@ -95,9 +95,10 @@ PlotStyle PlotStyleOf(const FigureStyle& style) {
   return {PaletteOf(style), style.Halo ? HaloWidth : std::int16_t{0}, style.Ticks, style.MoreCodes};
 }
 
-/// The plots as the style's captions have them.
+/// The plots as the style's captions and axes have them.
 PlotChoices ChoicesOf(const PageContent& page, const FigureStyle& style) {
   PlotChoices plots = page.Plots;
+  plots.Axes = style.Axes;
   if (style.Captions == CaptionPlace::None)
     plots.Stereo.showCaptions = plots.Stereo.showLegend = false;
   return plots;

@@ -53,6 +53,12 @@ void AddLabelled(PlotPanel& panel, const char* text, QWidget* control) {
   panel.Options->addLayout(row);
 }
 
+PlotGeometry ScreenPlot(const PlotChoices& plots) {
+  PlotGeometry place;
+  place.axes = &plots.Axes;
+  return place;
+}
+
 PlotPanel* MakePanel(const PlotNames& names, Velorix& velorix, QWidget* parent) {
   auto* panel = new PlotPanel(names, velorix.Host.AppFolder, parent);
   panel->Picture->setMinimumSize(80, 60);
@@ -101,9 +107,9 @@ PlotPanel* ColumnPlots::MakeHisto(QWidget* parent) {
     const PlotChoices& plots = velorix_.Plots;
     velorix_.HistoDrawn.clear();  // nothing for the mouse when drawing fails
     velorix_.HistoDrawn =
-        DrawHisto(target, PlotGeometry(), DataTableValues(plots.HistoParameter, velorix_.Session),
-                  plots.HistoParameter, velorix_.Session.Settings,
-                  ShownGroups(velorix_.Session, plots.Marks));
+        DrawHisto(target, ScreenPlot(plots),
+                  DataTableValues(plots.HistoParameter, velorix_.Session), plots.HistoParameter,
+                  velorix_.Session.Settings, ShownGroups(velorix_.Session, plots.Marks));
     DrawLegendBelow(target, HistoPlane, plots.Marks, HistoLegend);
   });
   AttachMouse(*panel->Picture,
@@ -155,7 +161,8 @@ PlotPanel* ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
     velorix_.XYDrawn[plot].reset();  // nothing for the mouse when drawing fails
     const XYPlotOptions shown = velorix_.Plots.Shown(plot);
     const GroupMarks& marks = velorix_.Plots.Marks;
-    velorix_.XYDrawn[plot] = DrawXYPlot(velorix_.Session, target, PlotGeometry(), shown, marks);
+    velorix_.XYDrawn[plot] =
+        DrawXYPlot(velorix_.Session, target, ScreenPlot(velorix_.Plots), shown, marks);
     DrawLegendBelow(target, XYPlotPlane(shown), marks, XYPlotLegend(shown, marks));
   });
   AttachPlotMouse(
