@@ -99,13 +99,13 @@ class PageFilesTest : public WindowTest {
     };
     ShowDialog("mnuAxes", [&] {
       QVERIFY(!form_->findChild<QLineEdit*>("txtLower(4)"));  // a row for each column
-      QCOMPARE(write("txtLower(1)", "1E-6"), QString("|OK"));
+      QCOMPARE(write("txtLower(1)", "1E-6"), QString("|&OK"));
       QCOMPARE(write("txtUpper(1)", "1e-7"),
-               QString("Kmean: The lower end is below the upper one.|(OK)"));
-      QCOMPARE(write("txtUpper(1)", "1e-2x"), QString("Kmean: \"1e-2x\" is no number.|(OK)"));
+               QString("Kmean: The lower end is below the upper one.|(&OK)"));
+      QCOMPARE(write("txtUpper(1)", "1e-2x"), QString("Kmean: \"1e-2x\" is no number.|(&OK)"));
       write("txtUpper(1)", "1e-2");
       Press("chkLog(1)");
-      QCOMPARE(write("txtStep(2)", "0,05"), QString("|OK"));
+      QCOMPARE(write("txtStep(2)", "0,05"), QString("|&OK"));
       Press("cmdOK");
     });
     const HandAxes axes = {{"Kmean", *HandAxisOfText("1e-6 1e-2 auto log")},

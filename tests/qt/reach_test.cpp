@@ -275,7 +275,8 @@ class ReachTest : public WindowTest {
     for (QAction* action : W().Window.findChildren<QAction*>())
       if (action->shortcutContext() == Qt::ApplicationShortcut && action->isVisible())
         everywhere += action;
-    const auto dialogs = {"frmEditData", "frmOPAR", "frmAnisoFac", "frmAbout", "frmFigure"};
+    const auto dialogs = {"frmEditData", "frmOPAR",   "frmAnisoFac",
+                          "frmAbout",    "frmFigure", "frmAxes"};
     if (std::find(dialogs.begin(), dialogs.end(), name) != dialogs.end()) {
       ShowDialog(command.toUtf8(), [&] {
         QCOMPARE(form_->objectName(), name);

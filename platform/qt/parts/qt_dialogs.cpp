@@ -348,6 +348,8 @@ ListAnswer QtDialogs::AskList(const std::string& title, const std::string& text,
   rows->addWidget(label);
   auto* list = new QListWidget(&box);
   list->setObjectName("lstEntries");
+  list->setAccessibleName(ToQString(text));
+  list->setToolTip("The default button acts on the marked entry, as a double click does");
   list->setUniformItemSizes(true);
   for (const std::string& entry : entries) list->addItem(ToQString(entry));
   list->setCurrentRow(0);

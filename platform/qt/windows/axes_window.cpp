@@ -66,10 +66,12 @@ frmAxes::frmAxes(Velorix& velorix, QWidget* owner) : QDialog(owner), velorix_(ve
   ok_ = buttons->addButton("&OK", QDialogButtonBox::AcceptRole);
   ok_->setObjectName("cmdOK");
   ok_->setDefault(true);
+  ok_->setToolTip("Draw the plots with these axes [Enter]");
   auto* automatic = buttons->addButton("&Automatic", QDialogButtonBox::ResetRole);
   automatic->setObjectName("cmdAutomatic");
   automatic->setToolTip("Every axis here as the program chooses it");
-  buttons->addButton("&Cancel", QDialogButtonBox::RejectRole);
+  QPushButton* cancel = buttons->addButton("&Cancel", QDialogButtonBox::RejectRole);
+  cancel->setToolTip("Leave the axes as they were [Esc]");
   connect(automatic, &QPushButton::clicked, this, [this] { ShowAutomatic(); });
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   connect(buttons, &QDialogButtonBox::accepted, this, [this] {
