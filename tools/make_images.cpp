@@ -4,6 +4,8 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QFileInfo>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -13,8 +15,10 @@
 
 #include "app/commands/commands.h"
 #include "app/commands/file_commands.h"
+#include "app/commands/view_choices.h"
 #include "app/files/losses.h"
 #include "datafiles/settings/autosave_file.h"
+#include "platform/qt/output/page_output.h"
 #include "platform/qt/parts/qt_dialogs.h"
 #include "platform/qt/parts/theme.h"
 #include "stats/density/contour_grid.h"
@@ -196,6 +200,21 @@ void TakeRestoreQuestion(const QString& path) {
   });
 }
 
+/// The page of panels of the example study, as large as it is read on a screen.
+void TakePanels(const QString& path) {
+  constexpr int Width = 1200;
+  TestWindow window;
+  GivePictures(window.Program.Host, &window.Window);
+  window.Asked.Files.push_back(FileAnswer{Example("fold/before.ams"), 1});
+  ChooseLevel(window.Program, ErrorLevel::Confidence95);
+  const QString whole = QFileInfo(path).absoluteFilePath();
+  for (const char* step : {"mnuOpen", "mnuGroups", "cboGroupBy=1"}) Do(window, window.Window, step);
+  window.Asked.Files.push_back(FileAnswer{whole.toStdString(), 7});
+  Do(window, window.Window, "!cmdPanels");
+  if (!QImage(whole).scaledToWidth(Width, Qt::SmoothTransformation).save(path))
+    qFatal("%s", qPrintable(path));
+}
+
 void UseDarkTheme() {
   QPalette dark(QColor(0x35, 0x35, 0x35), QColor(0x2B, 0x2B, 0x2B));
   dark.setColor(QPalette::Base, QColor(0x1E, 0x1E, 0x1E));
@@ -228,6 +247,7 @@ int main(int argc, char** argv) {
     QTest::qWait(20);
     Take(window, window.Window, image, 0, QString("%1/%2.png").arg(argv[1], image.Name));
   }
+  TakePanels(QString("%1/panels.png").arg(argv[1]));
   TakeSaveQuestion(QString("%1/save-question.png").arg(argv[1]));
   TakeRestoreQuestion(QString("%1/restore-question.png").arg(argv[1]));
   TakeDoubtsQuestion(QString("%1/doubts-question.png").arg(argv[1]));

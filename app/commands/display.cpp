@@ -33,7 +33,9 @@ void RefreshViews(Velorix& velorix) {
   MarkGroups(velorix.Session, velorix.GaussTable, velorix.Plots);
   StereoOptions& net = velorix.Plots.Stereo;
   net.meanOf = GroupHeading(velorix.Session, velorix.GroupOf, velorix.GroupStats.GroupN);
-  net.bootBy = velorix.Bootstrap == BootChoice() ? "" : TextOf(velorix.Bootstrap);
+  net.bootBy = velorix.Bootstrap == BootChoice()
+                   ? ""
+                   : BootstrapText(velorix.Bootstrap, velorix.GroupStats.GroupN);
   velorix.Views.ShowChoices();
   velorix.Views.FillGrid();
   velorix.Views.FillDataTable();

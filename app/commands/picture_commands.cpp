@@ -138,11 +138,11 @@ bool ExportPanels(Velorix& velorix, const PictureAnswer& to, std::span<const Pan
   });
 }
 
-void SaveUntilting(Velorix& velorix, const Untilting& untilting) {
+void SaveUntilting(Velorix& velorix, const Untilting& untilting, const std::string& heading) {
   const auto answer = AskForPicture(velorix.Session, velorix.Dialogs, "Save figure");
   if (!answer) return;
   const bool written = WriteReported(velorix, answer->Path, [&] {
-    return WriteUntiltingFigure(velorix.Host, answer->Path, !answer->AsBitmap, untilting);
+    return WriteUntiltingFigure(velorix.Host, answer->Path, !answer->AsBitmap, untilting, heading);
   });
   if (written) ShowWritten(velorix.Views, answer->Path);
 }

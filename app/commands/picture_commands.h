@@ -56,7 +56,8 @@ void SavePanels(Velorix& velorix, std::span<const Panel> panels);
 /// True on success.
 bool ExportPanels(Velorix& velorix, const PictureAnswer& to, std::span<const Panel> panels);
 
-/// Asks for a file of any of the page's types and writes the figure of an untilting there.
-void SaveUntilting(Velorix& velorix, const Untilting& untilting);
+/// Asks for a file of any of the page's types and writes the figure of an untilting there, with the
+/// `heading`.
+void SaveUntilting(Velorix& velorix, const Untilting& untilting, const std::string& heading);
 
 }  // namespace velorix

@@ -27,8 +27,7 @@ void RotateView(Session& session) {
 }
 
 std::string IncompleteText(const std::string& reason) {
-  return "Group statistics incomplete: specimens too much alike, or mean principal values equal (" +
-         reason + ")";
+  return "Group statistics incomplete: " + CauseOf(reason).Words;
 }
 
 void ComputeGroup(const Session& session, const std::vector<float>& gaussTable,

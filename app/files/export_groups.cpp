@@ -31,19 +31,20 @@ void ExportCsv(const Session& session, Dialogs& dialogs, Views& views, DebugLog&
 }  // namespace
 
 void ExportGroups(const Session& session, Dialogs& dialogs, Views& views, DebugLog& log,
-                  const std::vector<const GroupRow*>& rows) {
+                  const std::vector<const GroupRow*>& rows,
+                  const std::optional<StudyOrigin>& origin) {
   ExportCsv(session, dialogs, views, log, "Export groups", [&](std::ostream& out) {
-    out << GroupsCsvHeader(session.Settings);
-    for (const GroupRow* row : rows) out << GroupsCsvRow(*row);
+    out << GroupsCsvHeader(session.Settings, origin);
+    for (const GroupRow* row : rows) out << GroupsCsvRow(*row, origin);
   });
 }
 
 void ExportComparisons(const Session& session, Dialogs& dialogs, Views& views, DebugLog& log,
                        std::span<const ComparedPair* const> pairs,
-                       std::span<const std::string> names) {
+                       std::span<const std::string> names, const StudyOrigin& origin) {
   ExportCsv(session, dialogs, views, log, "Export comparisons", [&](std::ostream& out) {
     out << ComparisonCsvHeader();
-    for (const ComparedPair* pair : pairs) out << ComparisonCsvRow(*pair, names);
+    for (const ComparedPair* pair : pairs) out << ComparisonCsvRow(*pair, names, origin);
   });
 }
 

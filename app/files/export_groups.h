@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -14,14 +15,15 @@
 namespace velorix {
 
 /// Asks for a file and writes the table of groups there, as comma-separated text with a row of
-/// headers. A file that can't be written is reported in the status line and the log, and stays as
-/// it was.
+/// headers and, where there is an `origin`, columns of what the numbers are of. A file that can't
+/// be written is reported in the status line and the log, and stays as it was.
 void ExportGroups(const Session& session, Dialogs& dialogs, Views& views, DebugLog& log,
-                  const std::vector<const GroupRow*>& rows);
+                  const std::vector<const GroupRow*>& rows,
+                  const std::optional<StudyOrigin>& origin);
 
 /// The same for comparisons of the groups.
 void ExportComparisons(const Session& session, Dialogs& dialogs, Views& views, DebugLog& log,
                        std::span<const ComparedPair* const> pairs,
-                       std::span<const std::string> names);
+                       std::span<const std::string> names, const StudyOrigin& origin);
 
 }  // namespace velorix

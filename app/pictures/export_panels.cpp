@@ -1,6 +1,6 @@
 #include "app/pictures/export_panels.h"
 
-#include "app/display/shown_group.h"
+#include "app/display/study_heading.h"
 #include "plot/drawing/metafile_target.h"
 
 namespace velorix {
@@ -12,13 +12,9 @@ constexpr int Fineness = 2;
 /// What the ellipses are, and what the groups are of.
 std::vector<std::string> CaptionsOf(const Session& session, std::span<const Panel> panels,
                                     ErrorLevel level) {
-  int n = 0;
-  for (const Panel& panel : panels)
-    for (const int record : panel.Records)
-      n += IsShown(session.Records[record], session.CoorSys, session.ReImMode);
-  return {"Ellipses: " + LevelText(level) + ".", GroupHeading(session, GroupInView(session), n) +
-                                                     ", " + std::to_string(panels.size()) +
-                                                     (panels.size() == 1 ? " group." : " groups.")};
+  std::int64_t n = 0;
+  for (const Panel& panel : panels) n += CountInView(session, panel.Records);
+  return {"Ellipses: " + LevelText(level) + ".", StudyHeading(session, n, panels.size()) + "."};
 }
 
 }  // namespace

@@ -8,8 +8,10 @@
 namespace velorix {
 
 Outcome WriteUntiltingFigure(const Host& host, const std::string& path, bool asMetafile,
-                             const Untilting& untilting) {
-  const auto draw = [&](Target& target) { DrawUntilting(target, UntiltingPlot, untilting); };
+                             const Untilting& untilting, const std::string& heading) {
+  const auto draw = [&](Target& target) {
+    DrawUntilting(target, UntiltingPlot, untilting, heading);
+  };
   if (!asMetafile) return WriteFigure(host, path, UntiltingPlane, UntiltingScale, draw);
   MetafileTarget target(UntiltingPlane, PlaceableHeader(UntiltingPlane, UntiltingUnitsPerInch));
   draw(target);

@@ -121,13 +121,16 @@ std::string ComparisonCsvHeader() {
   std::vector<std::string> cells = {"A", "B"};
   for (const char* const axis : AxisNames)
     for (const ValueNames& value : Values) cells.push_back(std::string(axis) + "_" + value.InFile);
+  for (const std::string& header : OriginHeader()) cells.push_back(header);
   return CsvLine(cells);
 }
 
-std::string ComparisonCsvRow(const ComparedPair& pair, std::span<const std::string> names) {
+std::string ComparisonCsvRow(const ComparedPair& pair, std::span<const std::string> names,
+                             const StudyOrigin& origin) {
   std::vector<std::string> cells = {NameIn(pair, names, 0), NameIn(pair, names, 1)};
   for (int column = 2; column < ComparisonColumns; ++column)
     cells.push_back(CellText(pair, column, [](double x, const char*) { return PlainText(x); }));
+  for (const std::string& cell : OriginCells(origin)) cells.push_back(cell);
   return CsvLine(cells);
 }
 

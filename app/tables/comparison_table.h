@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "app/tables/study_origin.h"
 #include "app/tables/study_table.h"
 #include "stats/study/comparison.h"
 
@@ -51,8 +52,10 @@ extern const char ComparisonNote[];
 std::string ComparisonText(std::span<const ComparedPair* const> pairs,
                            std::span<const std::string> names, const std::string& heading);
 
-/// The pairs as comma-separated text with all digits: headers "A", "B", "Kmax_Angle" and so on.
+/// The pairs as comma-separated text with all digits: headers "A", "B", "Kmax_Angle" and so on,
+/// behind them what the numbers are of.
 std::string ComparisonCsvHeader();
-std::string ComparisonCsvRow(const ComparedPair& pair, std::span<const std::string> names);
+std::string ComparisonCsvRow(const ComparedPair& pair, std::span<const std::string> names,
+                             const StudyOrigin& origin);
 
 }  // namespace velorix

@@ -113,7 +113,8 @@ std::string GroupTableText(const GroupStats& stats, const Settings& settings, Er
   const bool ofDefault = stats.BootBy == BootChoice();
   if (level != ErrorLevel::StandardError || !ofDefault)
     text = LevelText(level) + ", " +
-           (ofDefault ? "" : "bootstrap: " + TextOf(stats.BootBy) + ", ") + heading + "\n";
+           (ofDefault ? "" : "bootstrap: " + BootstrapText(stats.BootBy, stats.GroupN) + ", ") +
+           heading + "\n";
   text +=
       Row(JelinekText(CountLabel, stats, level),
           {"Mean Tensor", "Dec", "Inc", "E1", "E2", "Bootstrap E1", "Bootstrap E2", "95 % Limits"});

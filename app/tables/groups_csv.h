@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
+#include "app/tables/study_origin.h"
 #include "stats/study/study.h"
 #include "store/settings.h"
 
@@ -12,9 +14,10 @@ namespace velorix {
 // Angles are degrees.
 
 /// The row of headers: group, N, directions with their standard errors and 95 % angles, mean
-/// susceptibility, factors of the mean tensor, Hext's F.
-std::string GroupsCsvHeader(const Settings& settings);
+/// susceptibility, factors of the mean tensor, Hext's F; behind them what the numbers are of, where
+/// there is an `origin`.
+std::string GroupsCsvHeader(const Settings& settings, const std::optional<StudyOrigin>& origin);
 /// A group's row, numbers with every digit that they need to be read back.
-std::string GroupsCsvRow(const GroupRow& row);
+std::string GroupsCsvRow(const GroupRow& row, const std::optional<StudyOrigin>& origin);
 
 }  // namespace velorix

@@ -1,6 +1,9 @@
 #include "app/tables/study_table.h"
 
+#include <utility>
+
 #include "app/tables/table_lines.h"
+#include "text/lines.h"
 #include "text/numbers.h"
 
 namespace velorix {
@@ -15,7 +18,27 @@ StudyCell Rounded(bool shown, double value, const char* picture) {
 
 StudyCell Susceptibility(bool shown, double value) {
   if (!shown) return {};
-  return {SignificantText(value, 4), value};
+  return {std::string(StripBlanks(SignificantText(value, 4))), value};
+}
+
+/// Each reason, in the order of the groups, with the names of its groups in quotes.
+std::vector<std::pair<std::string, std::string>> NamesByReason(std::span<const GroupReason> reasons,
+                                                               std::size_t most) {
+  std::vector<std::pair<std::string, std::string>> texts;
+  std::vector<std::size_t> counts;
+  for (const auto& [group, reason] : reasons) {
+    std::size_t i = 0;
+    while (i < texts.size() && texts[i].first != reason) ++i;
+    if (i == texts.size()) {
+      texts.push_back({reason, {}});
+      counts.push_back(0);
+    }
+    if (++counts[i] <= most)
+      texts[i].second += (counts[i] > 1 ? ", \"" : "\"") + StripControls(group) + "\"";
+  }
+  for (std::size_t i = 0; i < texts.size(); ++i)
+    if (counts[i] > most) texts[i].second += " and " + std::to_string(counts[i] - most) + " more";
+  return texts;
 }
 
 }  // namespace
@@ -72,16 +95,22 @@ std::string GroupCount(std::size_t groups) {
   return std::to_string(groups) + (groups == 1 ? " group" : " groups");
 }
 
+std::string GroupsLeftOut(std::span<const GroupReason> reasons, std::size_t most) {
+  std::string text;
+  for (const auto& [reason, names] : NamesByReason(reasons, most))
+    text += (text.empty() ? "Groups left out: " : " ") + names + " (" + reason + ").";
+  return text;
+}
+
 std::string FailuresText(const std::vector<GroupRow>& rows) {
-  std::string names;
-  int count = 0;
-  for (const GroupRow& row : rows) {
-    if (row.Failure.empty()) continue;
-    if (++count <= 3) names += (count > 1 ? ", \"" : "\"") + row.Name + "\"";
-  }
-  if (count == 0) return {};
-  if (count > 3) names += " and " + std::to_string(count - 3) + " more";
-  return "Incomplete, too much alike: " + names;
+  constexpr std::size_t MostNamed = 3;
+  std::vector<GroupReason> failures;
+  for (const GroupRow& row : rows)
+    if (!row.Failure.empty()) failures.push_back({row.Name, CauseOf(row.Failure).Short});
+  std::string text;
+  for (const auto& [reason, names] : NamesByReason(failures, MostNamed))
+    text += (text.empty() ? "Incomplete, " : "; ") + reason + ": " + names;
+  return text;
 }
 
 }  // namespace velorix

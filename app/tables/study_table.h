@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -30,7 +31,14 @@ std::string StudyText(const std::vector<const GroupRow*>& rows, const Settings& 
 /// "1 group", "12 groups".
 std::string GroupCount(std::size_t groups);
 
-/// Names the groups whose statistics failed, three at most; empty when none did.
+/// Why a group is left out.
+struct GroupReason {
+  std::string Group, Reason;
+};
+/// Names the groups with their reasons, `most` at the most of each reason; empty without groups.
+std::string GroupsLeftOut(std::span<const GroupReason> reasons, std::size_t most);
+
+/// Names the groups whose statistics failed by causes, three at most of each; empty when none did.
 std::string FailuresText(const std::vector<GroupRow>& rows);
 
 }  // namespace velorix

@@ -1,7 +1,7 @@
 #include "app/tables/untilting_table.h"
 
+#include "app/tables/study_table.h"
 #include "app/tables/table_lines.h"
-#include "text/lines.h"
 #include "text/numbers.h"
 
 namespace velorix {
@@ -76,24 +76,11 @@ std::string NotUntiltedReason(const UntiltedGroup& group) {
 }
 
 std::string UntiltingLeftOut(const Untilting& untilting, std::size_t most) {
-  std::vector<std::pair<std::string, std::vector<std::string>>> reasons;
-  for (const UntiltedGroup& group : untilting.Groups) {
-    const std::string reason = NotUntiltedReason(group);
-    if (reason.empty()) continue;
-    std::size_t i = 0;
-    while (i < reasons.size() && reasons[i].first != reason) ++i;
-    if (i == reasons.size()) reasons.push_back({reason, {}});
-    reasons[i].second.push_back("\"" + StripControls(group.Name) + "\"");
-  }
-  std::string text;
-  for (const auto& [reason, names] : reasons) {
-    text += text.empty() ? "Groups left out: " : " ";
-    for (std::size_t i = 0; i < names.size() && i < most; ++i)
-      text += (i > 0 ? ", " : "") + names[i];
-    if (names.size() > most) text += " and " + std::to_string(names.size() - most) + " more";
-    text += " (" + reason + ").";
-  }
-  return text;
+  std::vector<GroupReason> reasons;
+  for (const UntiltedGroup& group : untilting.Groups)
+    if (const std::string reason = NotUntiltedReason(group); !reason.empty())
+      reasons.push_back({group.Name, reason});
+  return GroupsLeftOut(reasons, most);
 }
 
 std::string NothingUntilted(const Untilting& untilting) {

@@ -10,6 +10,7 @@
 #include "app/commands/picture_commands.h"
 #include "app/commands/view_choices.h"
 #include "app/display/contour.h"
+#include "app/display/study_heading.h"
 #include "app/edit/assign_ged.h"
 #include "app/files/content_check.h"
 #include "app/files/export_grid.h"
@@ -296,11 +297,13 @@ class Batch {
       const GroupBy by = *ParseGroupBy(a_.GroupBy);
       const Untilting untilting = UntiltForBatch(velorix_, by, !a_.Quiet && IsTerminal());
       const UntiltForm form = UntiltFormOf(a_.Untilt);
+      const std::string heading =
+          UntiltingHeading(velorix_.Session, PartRecords(velorix_.Session, by));
       if (form == UntiltForm::Json)
-        Write(a_.Untilt, [&](std::ostream& out) { WriteUntiltJson(out, untilting, by); });
+        Write(a_.Untilt, [&](std::ostream& out) { WriteUntiltJson(out, untilting, by, heading); });
       else
-        outcome =
-            WriteUntiltingFigure(velorix_.Host, a_.Untilt, form == UntiltForm::Metafile, untilting);
+        outcome = WriteUntiltingFigure(velorix_.Host, a_.Untilt, form == UntiltForm::Metafile,
+                                       untilting, heading);
     });
     Show(dialogs_, outcome);
     return written && outcome.Done;

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "app/commands/picture_commands.h"
+#include "app/display/study_heading.h"
 #include "app/display/view_values.h"
 #include "app/tables/groups_csv.h"
 #include "platform/batch/json.h"
@@ -76,9 +77,11 @@ void WriteGroups(std::ostream& out, const Velorix& velorix, const GroupBy& by, G
   };
   const GroupRow all = AllRow(velorix.Session, velorix.Bootstrap, velorix.GaussTable);
   if (form == GroupsForm::Csv) {
-    out << GroupsCsvHeader(velorix.Session.Settings);
-    compute([&out](const GroupRow& row) { out << GroupsCsvRow(row); });
-    out << GroupsCsvRow(all);
+    const auto origin =
+        OriginOfGroups(velorix.Session, groups, velorix.Plots.Stereo.level, velorix.Bootstrap);
+    out << GroupsCsvHeader(velorix.Session.Settings, origin);
+    compute([&](const GroupRow& row) { out << GroupsCsvRow(row, origin); });
+    out << GroupsCsvRow(all, origin);
     return;
   }
   ObjectWriter object(out, 0);
@@ -115,7 +118,14 @@ void WriteComparisons(std::ostream& out, const Velorix& velorix, const GroupBy& 
   const std::vector<RecordGroup> groups = PartRecords(velorix.Session, by);
   const std::size_t n = groups.size(), pairs = n < 2 ? 0 : n * (n - 1) / 2;
   Progress progress("Comparing groups", static_cast<int>(pairs), shown);
+  for (const RecordGroup& group : groups)
+    if (const std::string reason = NotComparedReason(velorix.Session, group); !reason.empty())
+      std::cerr << "Group \"" << group.Name << "\": not compared: " << reason << ".\n";
   ObjectWriter object(out, 0);
+  object.Add("GroupBy", by.Word);
+  object.Add("Heading", ComparisonHeading(velorix.Session, groups, velorix.Bootstrap));
+  object.Add("Level", NamesOf(ErrorLevel::Confidence95).Word);  // of the regions that may overlap
+  AddBootstrap(object, velorix.Bootstrap);
   object.BeginList("Pairs");
   CompareGroups(
       velorix.Session, groups, velorix.Bootstrap, velorix.GaussTable,

@@ -26,7 +26,8 @@ void WriteGroups(std::ostream& out, const Velorix& velorix, const GroupBy& by, G
 bool WritePanels(Velorix& velorix, const GroupBy& by, const PictureAnswer& to, bool saysFailures,
                  bool shown);
 
-/// Every pair of groups as JSON, progress as above.
+/// Every pair of groups as JSON, under what the numbers are of. Standard error names each group
+/// that can't be compared; progress as above.
 void WriteComparisons(std::ostream& out, const Velorix& velorix, const GroupBy& by, bool shown);
 
 }  // namespace velorix

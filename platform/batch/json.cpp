@@ -156,6 +156,10 @@ void WriteGeoJson(std::ostream& out, const RecordArray& geoRecords) {
   out << '\n';
 }
 
+void AddBootstrap(ObjectWriter& object, const BootChoice& boot) {
+  object.Add("Bootstrap", ToJson(boot));
+}
+
 void AddStats(ObjectWriter& object, const GroupStats& stats, const Settings& settings,
               ErrorLevel level) {
   const auto when = [](bool shown, const auto& field) { return shown ? ToJson(field) : Json(); };
@@ -189,7 +193,7 @@ void AddStats(ObjectWriter& object, const GroupStats& stats, const Settings& set
   object.Add("BootLimits", when(boot, stats.BootLimits));
   object.Add("BootFactors", when(boot, stats.BootFactors));
   object.Add("Level", NamesOf(level).Word);
-  object.Add("Bootstrap", ToJson(stats.BootBy));
+  AddBootstrap(object, stats.BootBy);
 }
 
 void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& settings,

@@ -25,7 +25,9 @@ void WriteStatsJson(std::ostream& out, const GroupStats& stats, const Settings& 
                     ErrorLevel level, const std::string& heading);
 
 class ObjectWriter;
-/// The same fields into an object begun by the caller.
+/// Method, replicates and seed of a bootstrap, into an object begun by the caller.
+void AddBootstrap(ObjectWriter& object, const BootChoice& boot);
+/// The fields of the group statistics, likewise.
 void AddStats(ObjectWriter& object, const GroupStats& stats, const Settings& settings,
               ErrorLevel level);
 

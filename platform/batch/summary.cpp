@@ -11,7 +11,8 @@ std::string Right(const std::string& text, std::size_t width) {
 }
 
 std::string Cell(bool shown, double value, const char* picture, std::size_t width) {
-  return Right(shown ? FormatNumber(value, picture) : "-", width);
+  const std::string number = shown ? FormatNumber(value, picture) : "";
+  return Right(number.empty() ? "-" : number, width);
 }
 
 constexpr Array1<const char*, 3> AxisNames = {"Kmax", "Kint", "Kmin"};
@@ -47,6 +48,8 @@ std::string Summary(const Velorix& velorix) {
           (session.ReImMode == OutOfPhase ? ", Kim" : ", Kre") + "\n";
   const ErrorLevel level = velorix.Plots.Stereo.level;
   if (level != ErrorLevel::StandardError) text += "Level    " + LevelText(level) + "\n";
+  if (velorix.Bootstrap != BootChoice())
+    text += "Bootstrap " + BootstrapText(velorix.Bootstrap, velorix.GroupStats.GroupN) + "\n";
   if (ShowsMean(velorix.GroupStats))
     text += "Mean tensor, N = " + std::to_string(velorix.GroupStats.GroupN) + "\n" +
             MeanTensor(velorix.GroupStats, level);

@@ -47,7 +47,8 @@ Untilting UntiltForBatch(const Velorix& velorix, const GroupBy& by, bool shown) 
   return untilting;
 }
 
-void WriteUntiltJson(std::ostream& out, const Untilting& untilting, const GroupBy& by) {
+void WriteUntiltJson(std::ostream& out, const Untilting& untilting, const GroupBy& by,
+                     const std::string& heading) {
   ObjectWriter object(out, 0);
   const auto addList = [&](const char* name, const auto& rows, const auto& jsonOf) {
     object.BeginList(name);
@@ -58,6 +59,7 @@ void WriteUntiltJson(std::ostream& out, const Untilting& untilting, const GroupB
     object.EndList();
   };
   object.Add("GroupBy", by.Word);
+  object.Add("Heading", heading);
   object.Add("Foliation", untilting.Foliation);
   addList("Groups", untilting.Groups, [](const UntiltedGroup& group) {
     return Json{{"Group", group.Name}, {"N", OrNull(group.Used)}, {"LeftOut", group.LeftOut}};

@@ -17,7 +17,8 @@ UntiltForm UntiltFormOf(const std::string& output);
 /// when none can; progress goes there, too, when it is `shown`.
 Untilting UntiltForBatch(const Velorix& velorix, const GroupBy& by, bool shown);
 
-/// The untilting as JSON; what is not defined is null.
-void WriteUntiltJson(std::ostream& out, const Untilting& untilting, const GroupBy& by);
+/// The untilting as JSON, under what it is of; what is not defined is null.
+void WriteUntiltJson(std::ostream& out, const Untilting& untilting, const GroupBy& by,
+                     const std::string& heading);
 
 }  // namespace velorix

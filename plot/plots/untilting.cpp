@@ -6,6 +6,7 @@
 #include "plot/axes/axes.h"
 #include "plot/axes/column_axis.h"
 #include "plot/drawing/colour_scales.h"
+#include "plot/drawing/fitting_text.h"
 #include "plot/drawing/symbols.h"
 #include "text/numbers.h"
 
@@ -147,10 +148,11 @@ std::string SubjectOf(const Untilting& untilting) {
   return text;
 }
 
-void DrawWords(Target& target, const PlotGeometry& plot, const Untilting& untilting) {
+void DrawWords(Target& target, const PlotGeometry& plot, const Untilting& untilting,
+               const std::string& heading) {
   constexpr double Left = -0.12, Top = -0.28, Line = 0.085, SymbolLift = 0.02;
-  const auto text = [&](const std::string& words, double left, double v) {
-    DrawPlotText(target, plot, words, left, v, {.height = plot.Letters(0.95)});
+  const auto text = [&](const std::string& words, double left, double v, double size = 0.95) {
+    DrawPlotText(target, plot, words, left, v, {.height = plot.Letters(size)});
   };
   double v = Top;
   for (const Curve& curve : Curves) {
@@ -159,11 +161,15 @@ void DrawWords(Target& target, const PlotGeometry& plot, const Untilting& untilt
     v -= Line;
   }
   text(SubjectOf(untilting), Left, v);
+  constexpr double Small = 0.6, Widths = 1.2;  // of the plot's letters, and of the plot
+  const double room = Widths * plot.width / plot.Letters(Small);
+  text(FittingText(heading, room), Left, v - Line, Small);
 }
 
 }  // namespace
 
-void DrawUntilting(Target& target, const PlotGeometry& plot, const Untilting& untilting) {
+void DrawUntilting(Target& target, const PlotGeometry& plot, const Untilting& untilting,
+                   const std::string& heading) {
   const std::string title = "Stepwise untilting, " + untilting.Foliation;
   target.SetTransparent();
   target.Describe(title, SubjectOf(untilting));
@@ -178,7 +184,7 @@ void DrawUntilting(Target& target, const PlotGeometry& plot, const Untilting& un
     for (const Curve& curve : Curves) DrawCurve(target, frame, untilting, curve);
   }
   DrawPlotFrame(target, plot, Black);
-  DrawWords(target, plot, untilting);
+  DrawWords(target, plot, untilting, heading);
 }
 
 }  // namespace velorix

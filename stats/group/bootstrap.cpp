@@ -30,6 +30,8 @@ void SolveAll(std::span<const Matrix<3, 3>> rep, BootResult& result) {
   for (std::size_t k = 0; k < rep.size(); ++k) {
     Matrix<3, 3> copy = rep[k];
     Jacobi(copy, result.Eig[k], result.BootVec[k]);
+    for (const double value : result.Eig[k])
+      if (!std::isfinite(value)) FailOverflow();
   }
 }
 

@@ -77,7 +77,7 @@ struct BootResult {
 /// 8383-8395). Each replicate is the mean of `T.size()` tensors. Every run takes its numbers from
 /// the first on, so that two runs are identical. `P`, a multiple of 4, is the number of contour
 /// points. Nothing for the method `None`. "Division by zero" for tensors without scatter;
-/// "Subscript out of range" for an empty table.
+/// "Overflow" for tensors beyond 32 bits when turned; "Subscript out of range" for an empty table.
 BootResult BootStrap(std::span<const TensorColumn> T, const BootChoice& choice, int P,
                      std::span<const float> gaussTable);
 

@@ -20,6 +20,7 @@ bool IsAveraged(const SpecimenRecord& record, CoordinateSystem coorSys) {
 std::vector<TensorColumn> ShownTensors(Records records, CoordinateSystem coorSys,
                                        TensorBlock reImMode) {
   std::vector<TensorColumn> T;
+  T.reserve(records.size());
   for (const SpecimenRecord* record : records) {
     if (!IsShown(*record, coorSys, reImMode)) continue;
     TensorColumn& t = T.emplace_back();
@@ -43,8 +44,14 @@ double SemiAxis(const Direction& a, const Direction& b) {
 }
 
 void StoreBootstrap(const BootResult& boot, GroupStats& stats) {
-  for (auto* clouds : {&stats.BootPoints, &stats.BootContour})
-    for (std::vector<ShortDirection>& cloud : *clouds) cloud.clear();
+  const auto empty = [](Array1<std::vector<ShortDirection>, 3>& clouds, std::size_t room) {
+    for (std::vector<ShortDirection>& cloud : clouds) {
+      cloud.clear();
+      cloud.reserve(room);
+    }
+  };
+  empty(stats.BootPoints, boot.BootVec.size());
+  empty(stats.BootContour, boot.BootEllipse.size());
   for (Matrix<3, 3> V : boot.BootVec) {
     MxSignCopy(V, V, true);
     const Array1<Direction, 3> directions = MatrixDirections(V);
@@ -77,6 +84,7 @@ void AverageSlot(Records records, CoordinateSystem coorSys, std::int16_t facInde
   stats.MeanFac[slot] =
       FactorIn32(AnisoFactor(facIndex, stats.MeanK[1], stats.MeanK[2], stats.MeanK[3]));
   std::vector<double> values;
+  values.reserve(records.size());
   for (const SpecimenRecord* record : records)
     if (IsAveraged(*record, coorSys) && record->Fac[slot].IsComputed())
       values.push_back(record->Fac[slot].Value());
@@ -122,6 +130,17 @@ void GroupStatistics(std::span<const SpecimenRecord* const> records, CoordinateS
   stats.Reached = GroupStats::All;
 }
 
+FailureCause CauseOf(const std::string& failure) {
+  static constexpr struct {
+    const char *Failure, *Short, *Words;
+  } causes[] = {{"Division by zero", "too much alike",
+                 "specimens too much alike, or mean principal values equal"},
+                {"Overflow", "numbers too large", "a tensor's numbers are too large"}};
+  for (const auto& [text, brief, words] : causes)
+    if (failure == text) return {brief, words + (" (" + failure + ")")};
+  return {failure, failure};
+}
+
 bool ShowsMean(const GroupStats& stats) { return stats.GroupN > 0; }
 
 bool ShowsErrors(const GroupStats& stats, int k) { return stats.GroupN >= 5 && stats.Errors >= k; }
@@ -143,6 +162,13 @@ bool HasBootstrap(const GroupStats& stats) {
 }
 
 bool ShowsBootstrap(const GroupStats& stats) { return stats.GroupN >= 5 && HasBootstrap(stats); }
+
+std::string BootstrapText(const BootChoice& choice, int n) {
+  if (choice.Method != BootMethod::None && n > BootMaxN)
+    return "none, more than " + std::to_string(BootMaxN) + " records";
+  if (choice.Method != BootMethod::None && n == 1) return "none, one record";
+  return TextOf(choice);
+}
 
 bool ShowsMeanFac(const GroupStats& stats, int slot) {
   return ShowsMean(stats) && stats.FactorsDone >= slot;

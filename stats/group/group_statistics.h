@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "stats/group/bootstrap.h"
@@ -53,8 +54,9 @@ inline constexpr int BootContourPoints = 200;
 
 /// Mean tensor, errors and bootstrap of the records that the view shows (`IsShown`), averages of
 /// the in-phase `Km` and of the factors also of those without an out-of-phase block. Fails with
-/// "Division by zero" where a group has equal mean values or no scatter; what was computed before
-/// stays, and `stats.Reached` says how far that is. Hext's statistics don't depend on the others.
+/// "Division by zero" where a group has equal mean values or no scatter, "Overflow" where its
+/// numbers are too large, and `NotFinite`; what was computed before stays, and `stats.Reached` says
+/// how far that is. Hext's statistics don't depend on the others.
 void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, TensorBlock reImMode,
                      const Array1<std::int16_t, FactorSlots>& facIndex,
                      std::span<const float> gaussTable, GroupStats& stats,
@@ -63,6 +65,13 @@ void GroupStatistics(const RecordArray& records, CoordinateSystem coorSys, Tenso
 void GroupStatistics(std::span<const SpecimenRecord* const> records, CoordinateSystem coorSys,
                      TensorBlock reImMode, const Array1<std::int16_t, FactorSlots>& facIndex,
                      std::span<const float> gaussTable, GroupStats& stats, const BootChoice& boot);
+
+/// What a geologist may take for the cause of a failure: in one word or two for a list, and as a
+/// sentence's end. The fault's own text where that says it.
+struct FailureCause {
+  std::string Short, Words;
+};
+FailureCause CauseOf(const std::string& failure);
 
 // What a view may show of the last run: what the group is large enough for, and what was reached.
 bool ShowsMean(const GroupStats& stats);           // MeanK, MeanDec, MeanInc, MeanVec
@@ -74,6 +83,10 @@ bool ShowsMeanFac(const GroupStats& stats, int slot);
 bool ShowsAvgKm(const GroupStats& stats);
 bool ShowsAvgFac(const GroupStats& stats, int slot);
 bool ShowsDeviations(const GroupStats& stats);  // besides, of what has an average
+
+/// The bootstrap of a group of `n` records in words, "simple, 1000 replicates, seed 7"; "none" and
+/// why where the group is too small or too large for it.
+std::string BootstrapText(const BootChoice& choice, int n);
 
 /// The larger and the smaller angle of a direction, degrees.
 struct AngularErrors {

@@ -84,6 +84,7 @@ std::vector<Matrix<3, 3>> Replicates(std::span<const Matrix<3, 3>> samples,
   for (const Matrix<3, 3>& sample : samples) columns.push_back(FormOf(sample));
   std::vector<float> room;
   std::vector<Matrix<3, 3>> rep;
+  rep.reserve(static_cast<std::size_t>(choice.Replicates));
   for (int k = 0; k < choice.Replicates; ++k) {
     TensorColumn y = choice.Method == BootMethod::Simple ? SumOfDrawn(columns, numbers)
                                                          : SumOfNormal(moments, n, numbers, room);

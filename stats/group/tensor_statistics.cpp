@@ -67,7 +67,8 @@ void DirectionErrors(const Matrix<6, 6>& Cp, int i, double scaleTo95, TensorStat
   W(1, 1) = Quotient(Cp(i + 3, i + 3), dj * dj);
   W(2, 2) = Quotient(Cp(l + 3, l + 3), dl * dl);
   W(1, 2) = W(2, 1) = Quotient(Cp(i + 3, l + 3), dl * dj);
-  EIGEN_JK(W, D, U);
+  EIGEN_JK(W, D, U);  // NaN throughout where the covariance overflows the kernel's 32 bits
+  if (!std::isfinite(D(1, 1))) FailOverflow();
   const double s1 = std::sqrt(std::fabs(D(1, 1))), s2 = D(2, 2) > 0 ? std::sqrt(D(2, 2)) : 0;
   stats.MeanE1[i] = DegPerRadian * std::atan(s1);
   stats.MeanE2[i] = DegPerRadian * std::atan(s2);
@@ -88,7 +89,11 @@ void TensorStatistics(std::span<const TensorColumn> T, TensorStats& stats) {
   if (T.size() > 1)
     for (int a = 1; a <= 6; ++a)
       for (int b = 1; b <= 6; ++b) cov(a, b) = (cov(a, b) - sum[a] * sum[b] / n) / (n - 1);
-  for (double& s : sum) s = s / n;
+  bool finite = true;
+  for (double& s : sum) {
+    s = s / n;
+    finite = finite && std::isfinite(s);
+  }
 
   Matrix<3, 3> mean, values;
   TensorForm<ToMatrix>(mean, sum);
@@ -100,6 +105,7 @@ void TensorStatistics(std::span<const TensorColumn> T, TensorStats& stats) {
     stats.MeanDec[k] = directions[k].Dec;
     stats.MeanInc[k] = directions[k].Inc;
   }
+  if (!finite) throw Fault(6, NotFinite);
   if (T.size() < 5) return;
 
   Matrix<6, 6> Cp;

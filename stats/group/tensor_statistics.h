@@ -40,13 +40,18 @@ struct TensorStats {
   bool operator==(const TensorStats&) const = default;
 };
 
+/// The text of the fault where a tensor holds NaN or infinity.
+inline constexpr char NotFinite[] = "a tensor has a number that is not finite";
+
 /// Mean tensor of a group and the errors of its principal directions from the covariance of the six
 /// components (V. Jelinek, 1978, Studia Geophysica et Geodaetica 22, 50-62). An empty group changes
 /// `Errors` alone, to 0; fewer than five tensors give no errors. `MeanE1` and `MeanE2` are
 /// the unscaled standard errors, of the direction of one specimen. `MeanE1At95` and `MeanE2At95`
 /// are the half-angles of the 95 % region of the mean direction: the tangents of the standard
 /// errors times sqrt(2 F (N - 1) / (N (N - 2))), with F from `FQuantile`(N - 2). "Division by zero"
-/// when two mean values are equal; what was computed before stands.
+/// when two mean values are equal, "Overflow" when a covariance is beyond 32 bits; what was
+/// computed before stands. `NotFinite` for a tensor with such a number; then the mean is NaN
+/// throughout.
 void TensorStatistics(std::span<const TensorColumn> T, TensorStats& stats);
 
 /// The 95 % quantile of the F distribution with 2 and `n` degrees of freedom: a table up to 20, a

@@ -43,7 +43,9 @@ struct Member {
   std::optional<Array1<ConfidenceRegion, 3>> Regions;
 };
 
-std::vector<TensorColumn> TensorsOf(const Session& session, const RecordGroup& group) {
+/// The tensors in view with trace 1; nothing where one has no such form.
+std::optional<std::vector<TensorColumn>> TensorsOf(const Session& session,
+                                                   const RecordGroup& group) {
   std::vector<TensorColumn> tensors;
   for (const int place : group.Records) {
     const SpecimenRecord& record = session.Records[place];
@@ -54,7 +56,7 @@ std::vector<TensorColumn> TensorsOf(const Session& session, const RecordGroup& g
     for (double& component : t) component /= trace;
     const bool good =
         trace > 0 && std::all_of(t.begin(), t.end(), [](double x) { return std::isfinite(x); });
-    if (!good) return {};
+    if (!good) return std::nullopt;
   }
   return tensors;
 }
@@ -73,7 +75,7 @@ std::optional<Array1<ConfidenceRegion, 3>> RegionsOf(std::span<const TensorColum
 }
 
 Member MemberOf(const Session& session, const RecordGroup& group) {
-  Member member{TensorsOf(session, group), {}, {}};
+  Member member{TensorsOf(session, group).value_or(std::vector<TensorColumn>()), {}, {}};
   TensorColumn mean;
   for (const TensorColumn& t : member.Tensors)
     for (int c = 1; c <= 6; ++c) mean[c] += t[c] / static_cast<double>(member.Tensors.size());
@@ -158,6 +160,12 @@ GroupComparison Compared(const Member& A, const Member& B, std::span<const Axes>
 }
 
 }  // namespace
+
+std::string NotComparedReason(const Session& session, const RecordGroup& group) {
+  const auto tensors = TensorsOf(session, group);
+  if (!tensors) return "a trace that is not positive, or a number that is not finite";
+  return tensors->empty() ? "no tensor in view" : "";
+}
 
 bool CompareGroups(const Session& session, std::span<const RecordGroup> groups,
                    const BootChoice& boot, std::span<const float> gaussTable,

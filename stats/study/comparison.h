@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "stats/group/bootstrap.h"
@@ -24,6 +25,9 @@ struct GroupComparison {
 /// Gets the places of both groups, A before B.
 using TakeComparison =
     std::function<void(std::size_t a, std::size_t b, const GroupComparison& comparison)>;
+
+/// Why a group has no comparison with any other; empty where it has.
+std::string NotComparedReason(const Session& session, const RecordGroup& group);
 
 /// Compares every pair of groups by the tensors that the session's view shows, each divided by its
 /// trace. Angles need one tensor in each group, regions five, the bootstrap two, and any number is

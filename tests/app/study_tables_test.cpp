@@ -93,17 +93,42 @@ TEST(UntiltingTable, SaysWhatIsBestAndWhatIsLeftOut) {
   EXPECT_EQ(NothingUntilted(untilting), "no group can be untilted by the foliation \"S0\".");
 }
 
+TEST(StudyTable, NamesTheCausesOfFailures) {
+  EXPECT_EQ(FailuresText({}), "");
+  EXPECT_EQ(FailuresText({{"a", {}, "Division by zero"},
+                          {"b", {}, NotFinite},
+                          {"c", {}, ""},
+                          {"d", {}, "Overflow"},
+                          {"e", {}, "Division by zero"},
+                          {"f", {}, "Division by zero"},
+                          {"g", {}, "Division by zero"}}),
+            "Incomplete, too much alike: \"a\", \"e\", \"f\" and 1 more; a tensor has a number "
+            "that is not finite: \"b\"; numbers too large: \"d\"");
+}
+
+TEST(StudyTable, ZeroHasNoBlankBeforeIt) {
+  GroupRow row{"a", {}, {}};
+  row.Stats.GroupN = 1;
+  row.Stats.Reached = GroupStats::All;
+  row.Stats.HasAverages = true;
+  EXPECT_EQ(StudyCells(row, ErrorLevel::StandardError)[14].Text, "0.000E+00");
+}
+
 class StudyFilesTest : public ProgramTest {};
 
 TEST_F(StudyFilesTest, ComparisonsAreWrittenWithAllDigits) {
   const std::vector<ComparedPair> pairs = Pairs();
   Answer(Path("c.csv"));
-  ExportComparisons(Now, Asked, Seen, Program.Log, std::vector{&pairs[1], &pairs[0]}, GroupNames);
+  ExportComparisons(Now, Asked, Seen, Program.Log, std::vector{&pairs[1], &pairs[0]}, GroupNames,
+                    {"s.ams, N = 9", ErrorLevel::Confidence95, {BootMethod::Simple, 100, 7}});
   const std::string csv = Bytes("c.csv");
   EXPECT_EQ(csv.find("A,B,Kmax_Angle,Kmax_Overlap,Kmax_AxisDiffers,Kmax_Difference,Kmax_Lower,"
                      "Kmax_Upper,Kmax_ValueDiffers,Kint_Angle,"),
             0u);
   EXPECT_NE(csv.find("\r\nSouth\tlimb,one,0.04,,,0,,,,90,,,"), csv.npos);
+  EXPECT_NE(csv.find(",95 % confidence angles of the mean (Jelinek 1978),simple,100,7,\"s.ams, N = "
+                     "9\"\r\n"),
+            csv.npos);
   EXPECT_NE(
       csv.find("\r\n\"North, \"\"top\"\"\",South\tlimb,12.345,no,yes,0.00125,-0.001,0.002,no,2"),
       csv.npos);
@@ -117,19 +142,19 @@ TEST_F(StudyFilesTest, TheFigureIsWrittenAsThePageIs) {
     return Outcome();
   };
   Answer(Path("fold.wmf"), 1);
-  SaveUntilting(Program, Fold());
+  SaveUntilting(Program, Fold(), "fold.ams");
   EXPECT_EQ(Bytes("fold.wmf").substr(0, 4), "\xD7\xCD\xC6\x9A");  // a placeable metafile
   Answer(Path("fold.svg"), 7);
-  SaveUntilting(Program, Fold());
+  SaveUntilting(Program, Fold(), "fold.ams");
   EXPECT_EQ(path, Path("fold.svg"));
   EXPECT_EQ(Seen.Status, "Written: " + path);
   Program.Host.WritePicture = nullptr;  // a build without encoders
   Answer(Path("fold.svg"), 7);
-  SaveUntilting(Program, Fold());
+  SaveUntilting(Program, Fold(), "fold.ams");
   EXPECT_NE(Seen.Status.find("no encoders"), std::string::npos);
   EXPECT_FALSE(Asked.Boxes.empty());
   Answer(Path("none/fold.wmf"), 1);
-  SaveUntilting(Program, Fold());
+  SaveUntilting(Program, Fold(), "fold.ams");
   EXPECT_NE(Seen.Status.find("could not be written"), std::string::npos);
 }
 

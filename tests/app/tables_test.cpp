@@ -138,10 +138,10 @@ TEST(GroupsCsv, QuotesTextsAndLeavesOutWhatIsNotDefined) {
   row.Stats.Hext->F = 0.1;
   row.Stats.Hext->F12 = 1.5e-5;
   row.Stats.Hext->F23 = 2;
-  EXPECT_EQ(GroupsCsvRow(row),
+  EXPECT_EQ(GroupsCsvRow(row, {}),
             "\"a, \"\"b\"\"\n\",6,10.25,20,5,2.04,0,0,20.5,20,5,2.04,0,0,30.75,20,5,2.04,0,0,"
             "0.00012345,2E-05,-0.5,,0,,,,,,0.1,1.5E-05,2\r\n");
-  EXPECT_EQ(GroupsCsvRow({"none", {}, ""}), "none,0" + std::string(31, ',') + "\r\n");
+  EXPECT_EQ(GroupsCsvRow({"none", {}, ""}, {}), "none,0" + std::string(31, ',') + "\r\n");
 }
 
 TEST(GroupTable, HidesASlotNamedZero) {

@@ -166,6 +166,41 @@ TEST_F(Batch, WritesNullForWhatIsNotFinite) {
   EXPECT_EQ(json["Tensor"][0], double(1.05f));
 }
 
+TEST_F(Batch, AGroupOfNumbersThatAreNotFiniteHasNullsAndASentence) {
+  std::vector<SpecimenRecord> list;
+  for (int i = 1; i <= 6; ++i) {
+    list.push_back(Record("good", i));
+    list.push_back(Record("wild", i));
+    list.push_back(Record("huge", i));
+    for (float& component : list.back().Tensor) component *= 3e37f;
+  }
+  list[1].Tensor[1] = std::numeric_limits<float>::quiet_NaN();
+  Write("w.ams", list);
+  const Result groups = Run("--group-by name:4 --groups - w.ams");
+  EXPECT_NE(groups.Err.find("\"wild\": Group statistics incomplete: a tensor has a number that is "
+                            "not finite\n"),
+            std::string::npos)
+      << groups.Err;
+  EXPECT_NE(groups.Err.find("\"huge\": Group statistics incomplete: a tensor's numbers are too "
+                            "large (Overflow)\n"),
+            std::string::npos)
+      << groups.Err;
+  EXPECT_EQ(groups.Err.find("alike"), std::string::npos) << groups.Err;
+  const auto rows = groups.Json()["Groups"];
+  for (const int row : {1, 2}) {
+    EXPECT_TRUE(rows[row]["MeanE2"].is_null()) << row;
+    EXPECT_TRUE(rows[row]["Jelinek95"]["E2"].is_null()) << row;
+  }
+  const Result pairs = Run("--group-by name:4 --bootstrap simple --seed 7 --compare - w.ams");
+  EXPECT_EQ(pairs.Err.find("Group \"wild\": not compared: "), pairs.Err.find("Group \""));
+  const auto json = pairs.Json();
+  EXPECT_TRUE(json["Pairs"][0]["Angle"].is_null());
+  EXPECT_EQ(json["Heading"],
+            "w.ams, in-phase, geographic, N = 18, 3 groups. Regions: 95 % confidence angles of the "
+            "mean (Jelinek 1978). Bootstrap: simple, 500 replicates, seed 7");
+  EXPECT_EQ(json["Bootstrap"]["Seed"], 7);
+}
+
 TEST_F(Batch, NamesNeedNotBeAscii) {
   Write("Žulová μ.ams", {Record("Žulová μ1", 1)});
   const Result result = Run("--records - \"Žulová μ.ams\"");

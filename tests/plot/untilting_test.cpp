@@ -10,7 +10,8 @@ namespace {
 constexpr PlotGeometry Place = {.left = 100, .bottom = 500, .width = 1300, .height = 400};
 
 std::string Drawn(const Untilting& untilting, std::vector<DrawCall>* calls = nullptr) {
-  const auto recorded = Recorded([&](Target& t) { DrawUntilting(t, Place, untilting); });
+  const auto recorded =
+      Recorded([&](Target& t) { DrawUntilting(t, Place, untilting, "fold.ams, N = 5"); });
   if (calls) *calls = recorded;
   return WordsOf(recorded);
 }
@@ -30,7 +31,7 @@ TEST(Untilting, ShowsLimitsAsBandsAndSaysWhatTheyMean) {
   const std::string words = Drawn(untilting, &calls);
   for (const char* part :
        {"Kmax 98 % (95 %: 91.5 to 104 %): older than the folding", "Kmin: no step is best",
-        "6 groups, 12 records, 6 left out; 1000 resamplings, seed 7"})
+        "6 groups, 12 records, 6 left out; 1000 resamplings, seed 7", "fold.ams, N = 5"})
     EXPECT_NE(words.find(part), words.npos) << part << " in " << words;
   const auto polygons = CallsOf<PolygonCall>(calls);
   const auto isBand = [](const PolygonCall& call) {

@@ -9,6 +9,7 @@
 #include <QStatusBar>
 #include <QTableWidget>
 
+#include "app/commands/view_choices.h"
 #include "platform/qt/output/page_output.h"
 #include "platform/qt/parts/widgets.h"
 #include "tests/qt/test_window.h"
@@ -74,12 +75,35 @@ class GroupsWindowTest : public WindowTest {
     QCOMPARE(Selected(), "1 10 11 12 ");
     emit Table().horizontalHeader()->sectionClicked(1);
     Table().sortItems(1, Qt::DescendingOrder);
-    QVERIFY(Rows().startsWith("All:12 s1:4 s"));
-    Table().selectRow(0);
+    QVERIFY(Rows().startsWith("s1:4 s") && Rows().endsWith(" All:12"));
+    Table().selectRow(9);
     QCOMPARE(Selected(), "1 2 3 4 5 6 7 8 9 10 11 12 ");
     ChooseCoorSys(W().Program, 0);  // a new table leaves the selection and the order
-    QVERIFY(Rows().startsWith("All:12 s1:4 s"));
+    QVERIFY(Rows().startsWith("s1:4 s") && Rows().endsWith(" All:12"));
     QCOMPARE(Selected(), "1 2 3 4 5 6 7 8 9 10 11 12 ");
+  }
+
+  void theRowOfAllStaysLastAndASortedHeaderIsWhole() {
+    ChooseLevel(W().Program, ErrorLevel::Confidence95);
+    Rows();
+    const QHeaderView& header = *Table().horizontalHeader();
+    for (const int column : {0, 1, 4})  // names, numbers, and empty cells above that of all
+      for (const Qt::SortOrder order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
+        Table().horizontalHeader()->setSortIndicator(column, order);
+        QVERIFY2(Rows().endsWith(" All:12"), qPrintable(Rows()));
+        QVERIFY(header.sectionSize(column) >= header.sectionSizeHint(column));
+      }
+    ChooseCoorSys(W().Program, 0);
+    Rows();
+    QVERIFY(header.sectionSize(4) >= header.sectionSizeHint(4));
+  }
+
+  void theKeyOfTheGroupsWorksFromTheOtherWindows() {
+    W().Run("mnuGroups");  // shuts it
+    OpenForm("mnuAnalysis(1)", "frmGroupStatistics");
+    QVERIFY(QTest::qWaitForWindowActive(form_));
+    QTest::keyClick(form_, Qt::Key_G, Qt::ControlModifier);
+    QVERIFY(W().Shown<QWidget>("frmGroups"));
   }
 
   void theTableIsCopiedAndExportedWithHeaders() {

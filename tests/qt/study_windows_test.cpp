@@ -139,7 +139,10 @@ class StudyWindowsTest : public WindowTest {
       r.OrientAz = 0;
       r.FoliAz[1] = static_cast<float>(50 * r.RecordNo % 360);
     }
-    QVERIFY(OpenBy("cmdUntilt", "frmUntilting"));
+    velorix::Press(*groups_, "cmdUntilt");
+    form_ = W().Shown<QWidget>("frmUntilting");
+    QCOMPARE(Look("lblUntilting(1,1) lblUntilting(2,6)"), "|");  // while it is computed
+    QVERIFY(IsReady(*form_));
     QCOMPARE(Entries(The<QComboBox>("cboFoliation")), "A B");
     QCOMPARE(Look("lblUntilting(1,0) lblUntilting(1,1) lblUntilting(1,2) lblUntilting(1,6)"),
              "Kmax|0 %|0 to 0 %|younger");
@@ -159,7 +162,8 @@ class StudyWindowsTest : public WindowTest {
     QCOMPARE(copied.split('\n').size(), 7 + 131 + 1);
     W().Asked.Files.push_back(FileAnswer{W().Path("fold.svg"), 7});
     Press("cmdSave");
-    QVERIFY(File("fold.svg").contains("Stepwise untilting, A"));
+    QVERIFY(File("fold.svg").contains("Stepwise untilting, A") &&
+            File("fold.svg").contains(">s.ams, in-phase, geographic, N = 12, 9 groups, each"));
     Choose(1);
     QCOMPARE(Look("lblUntilting(1,6)"), "none:\nno limits for fewer than five groups");
     QCOMPARE(S().FoliCode, "A");  // that of the view stays

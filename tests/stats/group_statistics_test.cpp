@@ -302,6 +302,50 @@ TEST(GroupStatistics, FailsAtTheDivisionAndTellsHowFarItCame) {
 
 // The numbers are those of a second program, written in another language with its own logarithm. A
 // change here changes every user's confidence regions from one version to the next.
+TEST(GroupStatistics, NumbersThatAreNotFiniteOrTooLargeShowNoErrorsAndSayWhy) {
+  const double nan = std::nan(""), inf = std::numeric_limits<double>::infinity();
+  std::vector<TensorColumn> large = Jelinek1978, largest = FourCopies;
+  for (TensorColumn& t : large)
+    for (double& component : t) component *= 3e37;  // squares beyond 32 bits
+  for (TensorColumn& t : largest) {
+    for (double& component : t) component *= 3e38;
+    t[4] = t[5] = t[6] = 2e38;  // beyond 32 bits when turned
+  }
+  largest[0][1] = 3.2e38;
+  const auto with = [](std::vector<TensorColumn> tensors, std::size_t n, double number) {
+    while (tensors.size() < n) tensors.push_back(tensors[tensors.size() % 8]);
+    tensors.resize(n);
+    tensors[n / 2][3] = number;
+    return tensors;
+  };
+  const struct {
+    std::vector<TensorColumn> Tensors;
+    const char *Failure, *Words;
+  } cases[] = {
+      {with(Jelinek1978, 1, nan), NotFinite, NotFinite},
+      {with(Jelinek1978, 4, inf), NotFinite, NotFinite},
+      {with(Jelinek1978, 8, nan), NotFinite, NotFinite},
+      {with(Jelinek1978, 101, -inf), NotFinite, NotFinite},
+      {large, "Overflow", "a tensor's numbers are too large (Overflow)"},
+      {largest, "Overflow", "a tensor's numbers are too large (Overflow)"},
+  };
+  for (const auto& [tensors, failure, words] : cases) {
+    GroupStats stats;
+    RunOn(RecordsOf(Jelinek1978), stats);  // what a run before left isn't shown
+    try {
+      RunOn(RecordsOf(tensors), stats);
+      ADD_FAILURE() << failure << " of " << tensors.size();
+    } catch (const Fault& fault) {
+      EXPECT_STREQ(fault.what(), failure) << tensors.size();
+      EXPECT_EQ(CauseOf(fault.what()).Words, words);
+    }
+    for (const ErrorLevel level : {ErrorLevel::StandardError, ErrorLevel::Confidence95})
+      for (int k = 1; k <= 3; ++k) EXPECT_FALSE(ErrorsOf(stats, level, k)) << tensors.size();
+    EXPECT_FALSE(HasBootstrap(stats));
+    EXPECT_EQ(std::isnan(stats.MeanK[1]), failure == NotFinite);
+  }
+}
+
 TEST(GaussRandom, TableIsTheSameOnEveryMachine) {
   std::uint64_t hash = 14695981039346656037u;  // FNV-1a over the bits
   for (float x : GaussNumbers()) hash = (hash ^ std::bit_cast<std::uint32_t>(x)) * 1099511628211u;

@@ -13,10 +13,10 @@
 namespace velorix {
 namespace {
 
-/// Views and windows are switched by function keys, and these work from the program's other windows
-/// too.
-bool IsFunctionKey(const std::string& key) {
-  return key.size() > 1 && key[0] == 'F' && key[1] >= '1' && key[1] <= '9';
+/// The keys that switch views and windows work from the program's other windows, too: the function
+/// keys, and that of the groups.
+bool WorksEverywhere(const std::string& key) {
+  return key == "Ctrl+G" || (key.size() > 1 && key[0] == 'F' && key[1] >= '1' && key[1] <= '9');
 }
 
 constexpr int IconSize = 24;
@@ -86,7 +86,7 @@ void CommandBars::Build(QMainWindow& window, Velorix& velorix) {
       QAction* action = MakeAction(window, command, RunMenu);
       action->setObjectName(command.Name);
       action->setShortcuts(KeysOf(command.Key));
-      if (IsFunctionKey(command.Key)) action->setShortcutContext(Qt::ApplicationShortcut);
+      if (WorksEverywhere(command.Key)) action->setShortcutContext(Qt::ApplicationShortcut);
       menu->addAction(action);
       items.Add(action, command, command.SeparatorBefore);
     }

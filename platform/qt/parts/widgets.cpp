@@ -2,7 +2,10 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QHeaderView>
 #include <QPainter>
+#include <QTableView>
+#include <algorithm>
 
 namespace velorix {
 namespace {
@@ -67,6 +70,14 @@ QComboBox* MakeList(const QString& name, const QString& tip, int characters, QWi
                           2 * list->iconSize().width());
   list->setMaxVisibleItems(25);
   return list;
+}
+
+void FitSortedHeader(QTableView& table) {
+  const QHeaderView& header = *table.horizontalHeader();
+  const int column = header.sortIndicatorSection();
+  if (column >= 0 && column < header.count())
+    table.setColumnWidth(column,
+                         std::max(table.columnWidth(column), header.sectionSizeHint(column)));
 }
 
 }  // namespace velorix

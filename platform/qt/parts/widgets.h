@@ -8,6 +8,8 @@
 
 #include "plot/drawing/target.h"
 
+class QTableView;
+
 namespace velorix {
 
 /// Small things that every window needs.
@@ -40,5 +42,8 @@ void AddEntry(QComboBox& list, const QString& text, Colour colour);
 /// A list with its system name and tip, as wide as `characters`, or with 0 as its
 /// widest entry.
 QComboBox* MakeList(const QString& name, const QString& tip, int characters, QWidget* parent);
+
+/// Widens the column that the table is sorted by where its header and the arrow need more.
+void FitSortedHeader(QTableView& table);
 
 }  // namespace velorix

@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "app/display/shown_group.h"
+#include "app/display/study_heading.h"
 #include "app/files/export_groups.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/command_row.h"
@@ -58,6 +58,8 @@ frmComparison::frmComparison(Velorix& velorix, QWidget* owner, GroupsInView grou
   table_->setTabKeyNavigation(false);
   table_->horizontalHeader()->setHighlightSections(false);
   table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  connect(table_->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
+          [this] { FitSortedHeader(*table_); });
   table_->verticalHeader()->hide();
   table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
   table_->setSortingEnabled(true);
@@ -96,20 +98,22 @@ void frmComparison::Refresh() {
   const std::unordered_set<std::string> chosen(chosen_.begin(), chosen_.end());
   std::vector<RecordGroup> groups = groups_();
   std::erase_if(groups, [&](const RecordGroup& group) { return !chosen.contains(group.Name); });
+  const Session& session = velorix_.Session;
   std::vector<std::string> names;
-  int n = 0;
+  std::vector<GroupReason> reasons;
   for (const RecordGroup& group : groups) {
     names.push_back(group.Name);
-    n += static_cast<int>(group.Records.size());
+    if (const std::string reason = NotComparedReason(session, group); !reason.empty())
+      reasons.push_back({group.Name, reason});
   }
+  constexpr std::size_t MostNamed = 3;
+  leftOut_ = ToQString(GroupsLeftOut(reasons, MostNamed));
   const std::size_t count = groups.size();
   expected_ = count < 2 ? 0 : count * (count - 1) / 2;
   model_->Begin(std::move(names));
-  const Session& session = velorix_.Session;
   heading_->setText(count == 0 ? QString()
-                               : ToQString(GroupHeading(session, GroupInView(session), n)) +
-                                     ToQString(", " + GroupCount(count) +
-                                               ". Bootstrap: " + TextOf(velorix_.Bootstrap)));
+                               : ToQString(ComparisonHeading(session, groups, velorix_.Bootstrap)));
+  origin_ = OriginOfComparisons(session, groups, velorix_.Bootstrap);
   if (count >= 2) return Start(std::move(groups));
   Say("Fewer than two of the groups chosen are in view.");
 }
@@ -146,7 +150,9 @@ void frmComparison::Finish(const RunEnd& end) {
   if (header->sortIndicatorSection() >= 0)
     model_->sort(header->sortIndicatorSection(), header->sortIndicatorOrder());
   SizeColumns();
-  if (end.Whole) return Say(QString::number(expected_) + (expected_ == 1 ? " pair" : " pairs"));
+  if (end.Whole)
+    return Say(QString::number(expected_) + (expected_ == 1 ? " pair" : " pairs") +
+               (leftOut_.isEmpty() ? "" : ". " + leftOut_));
   Say(end.Failure.empty() ? "Cancelled: " + Progress()
                           : QString("Not compared: %1").arg(ToQString(end.Failure)));
 }
@@ -161,6 +167,7 @@ void frmComparison::SizeColumns() {
   widest = std::min(widest, Most * fontMetrics().averageCharWidth());
   for (const int column : {0, 1})
     table_->setColumnWidth(column, std::max(table_->columnWidth(column), widest + 12));
+  FitSortedHeader(*table_);
 }
 
 QString frmComparison::Progress() const {
@@ -182,7 +189,7 @@ void frmComparison::Copy() {
 void frmComparison::Export() {
   if (run_) return velorix_.Views.ShowStatus("The groups are still being compared.");
   ExportComparisons(velorix_.Session, velorix_.Dialogs, velorix_.Views, velorix_.Log,
-                    model_->Pairs(), model_->Names());
+                    model_->Pairs(), model_->Names(), origin_);
 }
 
 }  // namespace velorix

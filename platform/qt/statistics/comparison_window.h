@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/commands/velorix.h"
+#include "app/tables/study_origin.h"
 #include "platform/qt/statistics/background_run.h"
 #include "stats/study/grouping.h"
 
@@ -51,6 +52,8 @@ class frmComparison : public QWidget {
   QPushButton* cancel_ = nullptr;
   QTableView* table_ = nullptr;
   ComparisonModel* model_ = nullptr;
+  StudyOrigin origin_;        // of the pairs, for their file
+  QString leftOut_;           // groups that can't be compared, and why
   std::size_t expected_ = 0;  // pairs
   std::unique_ptr<BackgroundRun> run_;
 };

@@ -305,7 +305,7 @@ void frmGroupStatistics::AnisoView_DisplayGroupStatistics() {
   const ErrorLevel level = velorix_.Plots.Stereo.level;
   const bool standard = level == ErrorLevel::StandardError;
   levelOf_->setText("Ellipses: " + ToQString(LevelText(level)) +
-                    ". Bootstrap: " + ToQString(TextOf(velorix_.Bootstrap)));
+                    ". Bootstrap: " + ToQString(BootstrapText(velorix_.Bootstrap, stats.GroupN)));
   ShowBootstrap(velorix_.Bootstrap);
   levels_->setCurrentIndex(static_cast<int>(level));
   level_->setText(standard ? "Std. Err. [deg]" : "95 % [deg]");

@@ -19,7 +19,7 @@
 #include "app/commands/picture_commands.h"
 #include "app/commands/view_choices.h"
 #include "app/display/group_marks.h"
-#include "app/display/shown_group.h"
+#include "app/display/study_heading.h"
 #include "app/display/view_values.h"
 #include "app/files/export_groups.h"
 #include "app/tables/comparison_table.h"
@@ -48,23 +48,27 @@ constexpr Way Ways[] = {{"File", "file", ""},
                         {"Name, first characters", "name:", "3"},
                         {"Name up to a character", "name-until:", "-"},
                         {"By hand", "", ""}};
-constexpr int RowRole = Qt::UserRole, ValueRole = Qt::UserRole + 1;
+constexpr int RowRole = Qt::UserRole, ValueRole = Qt::UserRole + 1, AllRole = Qt::UserRole + 2;
 
-/// A cell that is sorted by its number where it has one; an empty one stands behind all others.
+/// A cell that is sorted by its number where it has one. Upward and downward an empty one stands
+/// below all others, and the row of all below them.
 class Cell : public QTableWidgetItem {
  public:
-  Cell(const StudyCell& cell, int row) : QTableWidgetItem(ToQString(cell.Text)) {
+  Cell(const StudyCell& cell, int row, bool ofAll) : QTableWidgetItem(ToQString(cell.Text)) {
     setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
     setData(RowRole, row);
+    setData(AllRole, ofAll);
     if (!cell.Value) return;
     setData(ValueRole, *cell.Value);
     setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
   }
 
   bool operator<(const QTableWidgetItem& other) const override {
+    const bool up = tableWidget()->horizontalHeader()->sortIndicatorOrder() == Qt::AscendingOrder;
+    if (data(AllRole) != other.data(AllRole)) return data(AllRole).toBool() != up;
     const QVariant own = data(ValueRole), its = other.data(ValueRole);
     if (own.isValid() && its.isValid()) return own.toDouble() < its.toDouble();
-    if (own.isValid() || its.isValid()) return own.isValid();
+    if (own.isValid() || its.isValid()) return own.isValid() == up;
     return text() < other.text();
   }
 };
@@ -116,6 +120,8 @@ frmGroups::frmGroups(Velorix& velorix, QWidget* owner)
   table_->setWordWrap(false);
   table_->setTabKeyNavigation(false);
   table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  connect(table_->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
+          [this] { FitSortedHeader(*table_); });
   table_->verticalHeader()->hide();
   table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
   connect(table_, &QTableWidget::itemSelectionChanged, this, [this] { SelectRecordsOfRows(); });
@@ -233,10 +239,10 @@ void frmGroups::Refresh() {
   names_.clear();
   stopped_ = false;
   const Session& session = velorix_.Session;
+  const ErrorLevel level = velorix_.Plots.Stereo.level;
   table_->setSortingEnabled(false);
   table_->clear();
-  const std::vector<std::string> header =
-      StudyHeader(session.Settings, velorix_.Plots.Stereo.level);
+  const std::vector<std::string> header = StudyHeader(session.Settings, level);
   table_->setColumnCount(static_cast<int>(header.size()));
   for (int column = 0; column < table_->columnCount(); ++column)
     table_->setHorizontalHeaderItem(
@@ -247,6 +253,8 @@ void frmGroups::Refresh() {
     std::vector<int>& ids = records_.emplace_back();
     for (const int record : group.Records) ids.push_back(session.Records[record].RecordNo);
   }
+  heading_->setText(ToQString(GroupsHeading(session, groups, level, velorix_.Bootstrap)));
+  origin_ = OriginOfGroups(session, groups, level, velorix_.Bootstrap);
   expected_ = groups.empty() ? 0 : groups.size() + 1;
   table_->setRowCount(static_cast<int>(expected_));
   if (!groups.empty())
@@ -270,7 +278,7 @@ void frmGroups::Take(std::vector<GroupRow> rows) {
 void frmGroups::FillRow(int row, const GroupRow& group) {
   int column = 0;
   for (const StudyCell& cell : StudyCells(group, velorix_.Plots.Stereo.level)) {
-    auto* item = new Cell(cell, row);
+    auto* item = new Cell(cell, row, static_cast<std::size_t>(row) == names_.size());
     if (!group.Failure.empty()) item->setToolTip(ToQString(IncompleteText(group.Failure)));
     table_->setItem(row, column++, item);
   }
@@ -283,19 +291,12 @@ void frmGroups::Finish(bool stopped) {
   table_->setRowCount(static_cast<int>(rows_.size()));
   table_->resizeColumnsToContents();
   table_->setSortingEnabled(true);  // as before
+  FitSortedHeader(*table_);
   Say();
 }
 
-/// The heading, how far the work is, and the failures.
+/// How far the work is, and the failures.
 void frmGroups::Say() {
-  const Session& session = velorix_.Session;
-  int inView = 0;
-  for (const std::vector<int>& group : records_) inView += static_cast<int>(group.size());
-  heading_->setText(
-      ToQString(GroupHeading(session, GroupInView(session), inView)) +
-      ToQString((inView > 0 ? ", " : "") + GroupCount(records_.size()) + ". Ellipses: ") +
-      ToQString(LevelText(velorix_.Plots.Stereo.level) +
-                ". Bootstrap: " + TextOf(velorix_.Bootstrap)));
   cancel_->setVisible(run_ != nullptr);
   if (run_)
     progress_->setText(QString("%1 of %2 groups").arg(rows_.size()).arg(expected_ - 1));
@@ -346,7 +347,8 @@ void frmGroups::Copy() {
 
 void frmGroups::Export() {
   if (run_) return velorix_.Views.ShowStatus("The groups are still being computed.");
-  ExportGroups(velorix_.Session, velorix_.Dialogs, velorix_.Views, velorix_.Log, ShownRows());
+  ExportGroups(velorix_.Session, velorix_.Dialogs, velorix_.Views, velorix_.Log, ShownRows(),
+               origin_);
 }
 
 /// In the order of the table, without the row of all.

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "app/commands/velorix.h"
+#include "app/tables/study_origin.h"
 #include "platform/qt/statistics/study_run.h"
 
 class QComboBox;
@@ -68,7 +69,8 @@ class frmGroups : public QWidget {
   std::vector<std::string> names_;         // of the groups
   std::vector<std::vector<int>> records_;  // `RecordNo` of each group's records
   std::vector<GroupRow> rows_;
-  std::size_t expected_ = 0;  // rows, with that of all
+  std::optional<StudyOrigin> origin_;  // of the rows, for their file
+  std::size_t expected_ = 0;           // rows, with that of all
   bool stopped_ = false;
   std::unique_ptr<StudyRun> run_;
   QPointer<frmComparison> comparison_;

@@ -14,7 +14,7 @@
 #include <algorithm>
 
 #include "app/commands/picture_commands.h"
-#include "app/display/shown_group.h"
+#include "app/display/study_heading.h"
 #include "app/tables/study_table.h"
 #include "app/tables/untilting_table.h"
 #include "platform/qt/parts/busy_cursor.h"
@@ -56,7 +56,7 @@ frmUntilting::frmUntilting(Velorix& velorix, QWidget* owner, GroupsInView groups
   picture_->setObjectName("picUntilting");
   picture_->setAccessibleName("Untilting");
   picture_->SetPicture(UntiltingPlane, [this](Target& target) {
-    if (result_) DrawUntilting(target, UntiltingPlot, *result_);
+    if (result_) DrawUntilting(target, UntiltingPlot, *result_, Heading());
   });
   picture_->OnFault = [this](const Fault& fault) {
     velorix_.Log.DebugPrint(std::string("Error: untilting: ") + fault.what());
@@ -128,11 +128,12 @@ QLayout* frmUntilting::MakeTable() {
   for (int row = 0; row < UntiltingRows; ++row)
     for (int column = 0; column < UntiltingColumns; ++column) {
       const auto at = static_cast<std::size_t>(column);
-      auto* cell = new QLabel(ToQString(headers[0][at]), table_);
+      auto* cell = new QLabel(table_);
       cell->setTextFormat(Qt::PlainText);
       grid->addWidget(cell, row, column);
       if (row == 0) {  // in two lines, for large fonts
-        cell->setText(cell->text().replace(QRegularExpression(" (?=[^ ]*$)"), "\n"));
+        static const QRegularExpression lastBlank(" (?=[^ ]*$)");
+        cell->setText(ToQString(headers[0][at]).replace(lastBlank, "\n"));
         continue;
       }
       cell->setObjectName(QString("lblUntilting(%1,%2)").arg(row).arg(column));
@@ -177,15 +178,9 @@ void frmUntilting::FillFoliations() {
 void frmUntilting::Start() {
   run_.reset();
   result_.reset();
+  for (QLabel* cell : cells_) cell->clear();
   std::vector<RecordGroup> groups = groups_();
-  GroupSubject subject = GroupInView(velorix_.Session);
-  subject.CoorSys = Geographic;
-  subject.Turned.clear();
-  int n = 0;
-  for (const RecordGroup& group : groups) n += static_cast<int>(group.Records.size());
-  heading_->setText(ToQString(GroupHeading(velorix_.Session, subject, n) + ", " +
-                              GroupCount(groups.size()) +
-                              ", each record untilted by its own foliation."));
+  heading_->setText(ToQString(UntiltingHeading(velorix_.Session, groups)));
   heading_->setVisible(!groups.empty());
   if (groups.empty()) return ShowReason("There are no groups to untilt.");
   if (foliations_->count() == 0) return ShowReason("No record has a foliation to untilt it by.");
@@ -255,9 +250,10 @@ void frmUntilting::ShowReason(const QString& reason) {
   words_->hide();
 }
 
+std::string frmUntilting::Heading() const { return heading_->text().toStdString(); }
+
 void frmUntilting::Copy() {
-  const QString text = result_ ? ToQString(UntiltingText(*result_, heading_->text().toStdString()))
-                               : reason_->text();
+  const QString text = result_ ? ToQString(UntiltingText(*result_, Heading())) : reason_->text();
   if (run_) return velorix_.Views.ShowStatus("The groups are still being untilted.");
   QApplication::clipboard()->setText(text);
 }
@@ -265,7 +261,7 @@ void frmUntilting::Copy() {
 void frmUntilting::Save() {
   if (run_) return velorix_.Views.ShowStatus("The groups are still being untilted.");
   if (!result_) return velorix_.Views.ShowStatus("There is no untilting to be saved.");
-  SaveUntilting(velorix_, *result_);
+  SaveUntilting(velorix_, *result_, Heading());
 }
 
 }  // namespace velorix

@@ -42,6 +42,7 @@ class frmUntilting : public QWidget {
   void Finish(const RunEnd& end);
   void Show();
   void ShowReason(const QString& reason);
+  std::string Heading() const;
   void Copy();
   void Save();
 
