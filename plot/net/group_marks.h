@@ -76,7 +76,7 @@ void DrawLegendBelow(Target& target, PlaneSize plane, const GroupMarks& marks,
                      const LegendLook& look);
 
 /// The same in as many rows as a box has room for, all lengths times `s`.
-void DrawLegendIn(Target& target, const LegendBox& box, const GroupMarks& marks,
+void DrawLegendIn(Target& target, const LegendBox& place, const GroupMarks& marks,
                   const LegendLook& look, double s);
 
 }  // namespace velorix
