@@ -145,6 +145,7 @@ FigurePlaces PageAt(const FigureStyle& style, const std::vector<std::string>& se
   for (double* value :
        {&places.Legend.left, &places.Legend.top, &places.Legend.right, &places.Legend.bottom})
     length(*value);
+  places.Legend.scale = letters > 0 ? letters / LettersAsNow : k;
   if (letters > 0) places.LetterHeight = letters;
   places.NameLines = sentences;
   places.NameAt = {60 * k, places.Height - NameStep * places.LetterHeight *

@@ -42,7 +42,8 @@ QByteArray Pixels(const QByteArray& type, PlaneSize plane, const PictureScale& f
   QBuffer buffer;
   QImageWriter writer(&buffer, type);
   writer.setQuality(type == "jpg" || type == "jpeg" ? JpegQuality : -1);
-  if (form.PixelsPerInch > 0) writer.setCompression(1);  // of TIFF: without loss
+  // 1 is LZW for TIFF. For PNG it would mean hardly any compression; its default is a good one.
+  if (form.PixelsPerInch > 0 && (type == "tif" || type == "tiff")) writer.setCompression(1);
   return writer.write(image) ? buffer.data() : QByteArray();
 }
 

@@ -45,7 +45,7 @@ void DrawMark(Target& target, std::int16_t type, Finish finish, double x, double
     if (finish == Finish::Dotted) symbol(3, ToShort(Dot * size), Black, {});
     return;
   }
-  const std::int16_t wide = std::max<std::int16_t>(2, ToShort(WideLine * size));
+  const std::int16_t wide = std::max<std::int16_t>(2, ToShort(WideLine * size / target.PenUnit));
   symbol(type, size, keepsFill ? fill : LightOf(fill),
          {.colour = keepsFill ? Black : fill, .width = wide});
 }

@@ -347,13 +347,14 @@ std::string SvgTarget::Document() const {
             group.body + "</g>\n";
   }
   const std::string hash = HashOf(body);
-  const double millimetres = scale_ * (25.4 / 96);  // a unit
+  const double unitsPerInch = 96 / scale_;
+  const auto millimetres = [&](int units) { return PlainText(units * 25.4 / unitsPerInch); };
   std::string document =
       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
       "<svg xmlns=\"http://www.w3.org/2000/svg\" xmlns:xlink=\"http://www.w3.org/1999/xlink\" "
       "xmlns:inkscape=\"http://www.inkscape.org/namespaces/inkscape\" version=\"1.1\" width=\"" +
-      PlainText(plane_.width * millimetres) + "mm\" height=\"" +
-      PlainText(plane_.height * millimetres) + "mm\" viewBox=\"0 0 " + width + " " + height +
+      millimetres(plane_.width) + "mm\" height=\"" + millimetres(plane_.height) +
+      "mm\" viewBox=\"0 0 " + width + " " + height +
       "\" xml:space=\"preserve\" fill=\"none\" stroke=\"#000000\" stroke-width=\"1\" "
       "stroke-linecap=\"square\" stroke-linejoin=\"miter\" stroke-miterlimit=\"10\" "
       "font-family=\"Arial, Liberation Sans, Helvetica, sans-serif\">\n";

@@ -17,7 +17,7 @@ inline constexpr Colour Black = 0, White = 0xFFFFFF, Red = 255, Green = 65280, B
 
 enum PenStyle : std::int16_t { Solid, Dashed, Dotted, DashDot, DashDotDot, NoLine };
 
-/// Width in logical units.
+/// Width in logical units, or those of the target's `PenUnit`.
 struct Pen {
   std::int16_t style = Solid;
   velorix::Colour colour = Black;
@@ -85,14 +85,17 @@ inline constexpr Colour NoColour = 0xFFFFFFFF;
 /// curves on paper are smooth. Sizes stay logical: widths of pens, heights of letters, the units of
 /// a raster and the lines of a ramp.
 ///
+/// A pen of width 1 is `PenUnit` logical units wide: more than 1 on a figure, whose lines have a
+/// width of their own.
+///
 /// Symbols are drawn `SymbolScale` times their size: smaller than 1 on an enlarged picture, whose
 /// symbols then come apart. Such a target keeps pens and letters at their size by itself.
 struct Target {
   const int Fineness;
-  const double SymbolScale;
+  const double SymbolScale, PenUnit;
 
-  explicit Target(int fineness = 1, double symbolScale = 1)
-      : Fineness(fineness), SymbolScale(symbolScale) {}
+  explicit Target(int fineness = 1, double symbolScale = 1, double penUnit = 1)
+      : Fineness(fineness), SymbolScale(symbolScale), PenUnit(penUnit) {}
   virtual ~Target() = default;
   /// Title and description of the picture, for the targets that carry them.
   virtual void Describe(std::string_view title, std::string_view description) {

@@ -62,7 +62,7 @@ class Filling {
     }
     if (plots_.GroupLegend) {
       const double height = LegendRows * LegendRow * h_;
-      places_.Legend = {margin, top, places_.Width - margin, top + height};
+      places_.Legend = {margin, top, places_.Width - margin, top + height, h_ / LettersAsNow};
       top += height;
     }
     places_.NameAt = {margin, top};

@@ -52,7 +52,7 @@ std::vector<Colour> StyledTarget::Toned(std::span<const Colour> colours) const {
 
 Pen StyledTarget::Styled(Pen pen) const {
   pen.colour = Toned(pen.colour);
-  pen.width = std::max<std::int16_t>(1, ToShort(pen.width * style_.PenWidth));
+  pen.width = std::max<std::int16_t>(1, ToShort(pen.width * PenUnit));
   return pen;
 }
 

@@ -18,7 +18,9 @@ struct CallStyle {
 class StyledTarget : public Target {
  public:
   StyledTarget(Target& target, CallStyle style)
-      : Target(target.Fineness, target.SymbolScale), target_(target), style_(std::move(style)) {}
+      : Target(target.Fineness, target.SymbolScale, style.PenWidth),
+        target_(target),
+        style_(std::move(style)) {}
 
   void Describe(std::string_view title, std::string_view description) override {
     target_.Describe(title, description);

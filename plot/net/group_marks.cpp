@@ -82,9 +82,12 @@ void DrawLegendBelow(Target& target, PlaneSize plane, const GroupMarks& marks,
   DrawLegendIn(target, BelowPlane(plane), marks, look, 1);
 }
 
-void DrawLegendIn(Target& target, const LegendBox& box, const GroupMarks& marks,
+void DrawLegendIn(Target& target, const LegendBox& place, const GroupMarks& marks,
                   const LegendLook& look, double s) {
   target.Layer("legend of groups");
+  const LegendBox box = {place.left / place.scale, place.top / place.scale,
+                         place.right / place.scale, place.bottom / place.scale};
+  s *= place.scale;
   const LegendGrid grid(marks, box);
   const std::vector<std::uint16_t>& groups = grid.groups;
   const std::size_t room = grid.columns * grid.rows;

@@ -60,9 +60,10 @@ struct LegendLook {
 inline constexpr std::int16_t NeutralSymbol = 0;
 inline constexpr Colour NeutralColour = 0xC0C0C0;
 
-/// Where a legend stands, in logical units.
+/// Where a legend stands, in logical units, and how many times the usual size its letters and
+/// symbols are.
 struct LegendBox {
-  double left = 0, top = 0, right = 0, bottom = 0;
+  double left = 0, top = 0, right = 0, bottom = 0, scale = 1;
 };
 
 /// A plot's plane with room for the legend below it.
@@ -75,7 +76,7 @@ void DrawLegendBelow(Target& target, PlaneSize plane, const GroupMarks& marks,
                      const LegendLook& look);
 
 /// The same in as many rows as a box has room for, all lengths times `s`.
-void DrawLegendIn(Target& target, const LegendBox& box, const GroupMarks& marks,
+void DrawLegendIn(Target& target, const LegendBox& place, const GroupMarks& marks,
                   const LegendLook& look, double s);
 
 }  // namespace velorix

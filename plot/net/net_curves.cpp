@@ -66,6 +66,8 @@ class Curve {
     sign_ = sign;
   }
   void Finish() { DrawPolyline(target_, points_, pen_); }
+  /// Whether the way to `w` doesn't cross the primitive circle.
+  bool IsInHemisphere(const Vector<3>& w) const { return Sgn(w[3]) == sign_; }
 
  private:
   /// The curve has crossed the primitive circle on its way to `w`.
@@ -214,7 +216,12 @@ void DrawGreatCircle(Target& target, const Net& net, Projection projection, int 
   };
   Curve curve(target, net, projection, showUpper, pen);
   curve.Start(at(0));
-  for (int a = 1; a <= 360; a += step) curve.Add(at(a));
+  for (int a = 1; a <= 360; a += step) {
+    const Vector<3> w = at(a);
+    for (int between = std::max(a - step + 1, 1); target.Fineness > 1 && between < a; ++between)
+      if (curve.IsInHemisphere(w)) curve.Add(at(between));
+    curve.Add(w);
+  }
   curve.Finish();
 }
 

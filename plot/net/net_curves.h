@@ -30,7 +30,8 @@ void DrawConfidenceEllipse(Target& target, const Net& net, Projection projection
                            const ConfidenceEllipse& ellipse, Pen pen, int step = 1);
 
 /// Draws the great circle perpendicular to `pole` in steps of `step` degrees; its last point isn't
-/// joined to its first. The upper hemisphere as with an ellipse.
+/// joined to its first. On a fine target each arc has a point at every degree, so that its chords
+/// leave it by less than 5e-5 of the net's radius. The upper hemisphere as with an ellipse.
 void DrawGreatCircle(Target& target, const Net& net, Projection projection, int step,
                      bool showUpper, Direction pole, Pen pen);
 

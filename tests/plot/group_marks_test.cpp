@@ -5,6 +5,7 @@
 #include <set>
 
 #include "plot/axes/axes.h"
+#include "plot/figure/styled_target.h"
 #include "plot/net/stereo.h"
 #include "plot/plots/histogram.h"
 #include "plot/plots/xy_plot.h"
@@ -82,6 +83,20 @@ TEST(GroupMark, ManyGroupsHaveMarksOfTheirOwnApartFromSelectionAndLines) {
   EXPECT_EQ(symbols.size(), DistinctMarks);
   EXPECT_EQ(MarkOfGroup(0).colour, BlueOfGroups);
   EXPECT_EQ(MarkOfGroup(DistinctMarks), MarkOfGroup(0));
+}
+
+TEST(GroupMark, AWideOutlineIsAFifthOfItsSymbolAndTwoLinesAtLeast) {
+  const std::tuple<std::int16_t, double, int> rows[] = {// size, width of a line, outline
+                                                        {9, 1, 2},
+                                                        {20, 1, 4},
+                                                        {47, 7, 14},
+                                                        {140, 7, 28}};
+  for (const auto& [size, line, outline] : rows) {
+    Recorder recorder;
+    StyledTarget figure(recorder, {.PenWidth = line});
+    DrawMark(figure, 1, Finish::Light, 500, 500, size, Red);
+    EXPECT_EQ(CallsOf<PolygonCall>(recorder.calls).at(0).pen.width, outline) << size;
+  }
 }
 
 TEST(GroupMarks, InTheNetColoursLeaveTheShapesToTheAxesAndShapesTheColours) {

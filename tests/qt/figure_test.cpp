@@ -153,6 +153,29 @@ class FigureTest : public QObject {
     QCOMPARE(QString::fromStdString(CollisionsIn(recorder.calls, FigurePlane(subject, style))),
              QString());
   }
+
+  void TheLegendOfGroupsHasTheFiguresLetters() {
+    const Session session = StudyOf(2, 0);
+    PlotChoices plots;
+    plots.Marks = {MarkBy::Colours, true, {{"one", 1}, {"two", 1}}, {0, 1}, {}};
+    const GroupStats none;
+    const GroupSubject of = GroupInView(session);
+    FigureStyle style;
+    const auto legendLetters = [&] {
+      Recorder recorder;
+      DrawFigure({session, plots, none, of}, style, recorder);
+      for (const DrawCall& call : recorder.calls)
+        if (const auto* text = std::get_if<TextCall>(&call); text && text->text == "two")
+          return static_cast<int>(text->style.height);
+      return 0;
+    };
+    style.Width = 114.3;  // half of the page, whose letters are 12/100 of an inch
+    QCOMPARE(legendLetters(), 60);
+    style.Layout = FigureLayout::Fill;
+    QCOMPARE(legendLetters(), 120);
+    style.FontSize = 9;  // 9/72 inch, and 1.117 of that a cell
+    QCOMPARE(legendLetters(), 140);
+  }
 };
 
 }  // namespace

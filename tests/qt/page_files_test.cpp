@@ -83,7 +83,8 @@ class PageFilesTest : public WindowTest {
     const QImage figure(Path("f.png"));
     QCOMPARE(figure.width(), 1004);  // 85 mm at 300 an inch
     QCOMPARE(figure.dotsPerMeterX(), 11811);
-    ShowDialog("mnuFigure", [&] {  // the style was kept
+    QVERIFY(QFileInfo(Path("f.png")).size() < figure.sizeInBytes() / 8);  // compressed
+    ShowDialog("mnuFigure", [&] {                                         // the style was kept
       QCOMPARE(Look("style-layout style-width style-font-size style-halo"),
                QString("Fill|85|7.5|+"));
     });

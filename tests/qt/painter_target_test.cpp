@@ -175,6 +175,25 @@ class PainterTargetTest : public QObject {
         QCOMPARE(image.pixelColor((10 + i) * 10 + 5, (12 + j) * 10 + 5), PixelAt(i, j));
   }
 
+  void aLargeCircleOnAPageIsRound() {
+    constexpr int Radius = 2000, Centre = 2010;
+    const QImage page = Painted(
+        {2 * Centre, 2 * Centre}, {1, 0, 0},
+        [](Target& t) { DrawCircle(t, Centre, Centre, Radius, {}, 0); }, Surface::Page);
+    for (int degrees = 0; degrees < 90; ++degrees) {
+      // The line's ink along the ray, a unit wide: its middle is the circle.
+      const double c = std::cos(qDegreesToRadians(degrees)),
+                   s = std::sin(qDegreesToRadians(degrees));
+      double ink = 0, moment = 0;
+      for (double r = Radius - 4; r < Radius + 4; r += 0.05) {
+        const double dark = 255 - qRed(page.pixel(static_cast<int>(Centre + r * c),
+                                                  static_cast<int>(Centre + r * s)));
+        ink += dark, moment += dark * r;
+      }
+      QVERIFY2(std::fabs(moment / ink - Radius) < 0.3, qPrintable(QString::number(degrees)));
+    }
+  }
+
   void stampsEqualDrawnShapes() {
     // The fifth point, a repeated one, keeps the second shape from being a stamp.
     const LogicalPoint points[] = {{40, 40}, {40, 50}, {51, 53}, {48, 38}, {48, 38}};
