@@ -22,7 +22,7 @@ std::string TurnedBy(const Session& session) {
                      LowerCase(TectoPlaneNames[IndexOf(session.TectoPlane)]) + ", lineation " +
                      session.LineCode;
   if (session.CoorSys == Paleogeographic) return text;
-  return text + " " + LowerCase(TectoAxisNames[TectoAxisIndex(session)]);
+  return text + " " + LowerCase(TectoAxisNames[IndexOf(TectoAxisOf(session))]);
 }
 
 /// "geographic, N = 21".

@@ -105,8 +105,7 @@ void OpenGed(OrientationEditor& editor, Session& session, History& history, Code
   FileQuestion question = DataFileQuestion(session, action);
   question.Filter = GedFilter() + OpenFilters();
   const auto takesMissing = [&](const std::string& name) {
-    return AskYesNo(dialogs, question.Title,
-                    name + "\nThis file does not exist.\nCreate new file?");
+    return dialogs.AskYesNo(question.Title, name + "\nThis file does not exist.\nCreate new file?");
   };
   const auto chosen = AskForDataFiles(dialogs, action, question, takesMissing);
   if (!chosen) return;

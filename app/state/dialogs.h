@@ -44,6 +44,10 @@ struct Dialogs {
   /// the box chooses the last.
   virtual int Ask(const std::string& title, const std::string& text,
                   const std::vector<std::string>& buttons, int defaultButton = 0) = 0;
+  /// A box with "&Yes" and "&No", the default. True for "&Yes".
+  virtual bool AskYesNo(const std::string& title, const std::string& text) {
+    return Ask(title, text, {"&Yes", "&No"}, 1) == 0;
+  }
   /// The same with smaller text below, which may be empty.
   virtual int AskWith(const std::string& title, const std::string& text,
                       [[maybe_unused]] const std::string& detail,

@@ -37,9 +37,7 @@ struct BatchViews : Views, WindowOpener {
   void FillGrid() override {}
   void FillDataTable() override {}
   void ShowSelection() override {}
-  void RedrawStereo() override {}
-  void RedrawHisto() override {}
-  void RedrawXYPlot(int) override {}
+  void Redraw(PlotKind) override {}
   void ShowWindows() override {}
   void RefreshGroupStatistics() override {}
   void RefreshContour() override {}

@@ -121,12 +121,13 @@ class PageFilesTest : public WindowTest {
   }
 
   void checkBoxesChooseThePlots() {
-    const PageOptions& page = W().Program.Plots.Page;
-    const bool* const plots[] = {&page.stereonet, &page.histogram, &page.xyPlot1, &page.xyPlot2};
-    for (int i = 0; const char* box : {"chkStereo", "chkHisto", "chkXYPLot1", "chkXYPlot2"}) {
-      QVERIFY2(*plots[i] && Look(box) == "Page+", box);
+    const PerPlot<bool>& onPage = W().Program.Plots.OnPage;
+    for (const auto& [plot, box] :
+         {std::pair(PlotKind::Stereonet, "chkStereo"), std::pair(PlotKind::Histogram, "chkHisto"),
+          std::pair(PlotKind::XYPlot1, "chkXYPLot1"), std::pair(PlotKind::XYPlot2, "chkXYPlot2")}) {
+      QVERIFY2(onPage[plot] && Look(box) == "Page+", box);
       Press(box);
-      QVERIFY2(!*plots[i++], box);
+      QVERIFY2(!onPage[plot], box);
     }
   }
 
