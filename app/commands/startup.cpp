@@ -35,7 +35,12 @@ std::string PrepareSession(Session& session, DebugLog& log, const Host& host) {
   session.SettingsFile = JoinPath(host.AppFolder, "MarloAniso.sav");
   std::string notice = TakeSettings(session.Settings, session.SettingsFile);
   if (!notice.empty()) log.DebugPrint("Error: " + notice);
-  session.Preferences = PreferencesRead(PreferencesFile(host.AppFolder));
+  const std::string preferences = PreferencesFile(host.AppFolder);
+  int bad = 0;
+  session.Preferences = PreferencesRead(preferences, bad);
+  if (bad > 0)
+    log.DebugPrint("Error: " + preferences + ": " + std::to_string(bad) +
+                   (bad == 1 ? " line is" : " lines are") + " not understood.");
   return notice;
 }
 

@@ -74,15 +74,18 @@ std::string DoubtsLine(const SheetDoubts& doubts) {
 }
 
 DoubtAnswer AskAboutDoubts(Dialogs& dialogs, const std::string& title, const SheetDoubts& doubts) {
-  if (doubts.Count == 0) return DoubtAnswer::Save;
-  std::string text = doubts.Count == 1 ? "1 cell is doubtful.\n"
-                                       : std::to_string(doubts.Count) + " cells are doubtful.\n";
-  for (const SheetDoubts::Cell& cell : doubts.First) text += "\n" + cell.Text;
-  const int more = doubts.Count - static_cast<int>(doubts.First.size());
-  if (more > 0) text += "\nand " + std::to_string(more) + " more";
-  text += "\n\nSave the sheet as it stands?";
-  const int button = dialogs.Ask(title, text, {"&Save", "S&how", "&Cancel"}, 1);
-  return static_cast<DoubtAnswer>(button);
+  if (doubts.Count == 0) return {};
+  std::string text = doubts.Count == 1 ? "1 cell is doubtful."
+                                       : std::to_string(doubts.Count) + " cells are doubtful.";
+  const std::size_t listed = doubts.First.size();
+  if (static_cast<std::size_t>(doubts.Count) > listed)
+    text += " The first " + std::to_string(listed) + " are listed.";
+  std::vector<std::string> entries;
+  for (const SheetDoubts::Cell& cell : doubts.First) entries.push_back(cell.Text);
+  const ListAnswer answer = dialogs.AskList(title, text + " Save the sheet as it stands?", entries,
+                                            {"&Save", "S&how", "&Cancel"}, 1);
+  return {static_cast<DoubtAnswer::Choice>(answer.Button),
+          doubts.First[static_cast<std::size_t>(answer.Entry)]};
 }
 
 bool AskToDiscard(Dialogs& dialogs, const std::string& title) {

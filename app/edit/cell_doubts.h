@@ -60,10 +60,10 @@ std::string CodeDoubt(const std::string& code, const SheetCodes& codes, const Co
 /// The doubtful cells of a sheet: how many, and the first of them.
 struct SheetDoubts {
   struct Cell {
-    int Row, Column;
+    int Row = 0, Column = 0;
     std::string Text;  // "Row 2, Orientation Dec: 12,5 - This is read as 12."
   };
-  static constexpr std::size_t Listed = 12;
+  static constexpr std::size_t Listed = 1000;
 
   int Count = 0;
   std::vector<Cell> First;  // at most `Listed`
@@ -76,8 +76,11 @@ struct SheetDoubts {
 std::string DoubtsLine(const SheetDoubts& doubts);
 
 /// Asks whether to save a sheet with doubtful cells, which the box lists; without a doubt it gives
-/// `Save` and asks nothing. `Show` leads to the first cell.
-enum class DoubtAnswer { Save, Show, Cancel };
+/// `Save` and asks nothing. `Show` leads to `Cell`, the one that is marked in the list.
+struct DoubtAnswer {
+  enum class Choice { Save, Show, Cancel } Chosen = Choice::Save;
+  SheetDoubts::Cell Cell = {};
+};
 DoubtAnswer AskAboutDoubts(Dialogs& dialogs, const std::string& title, const SheetDoubts& doubts);
 
 /// Asks whether an editor may close without what was typed. True to discard it.

@@ -1,6 +1,8 @@
 #include "app/files/save.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 #include "app/files/ask_file.h"
 #include "app/files/file_kinds.h"
@@ -42,10 +44,15 @@ FileAnswer CopyOf(FileAnswer answer) {
   return answer;
 }
 
-bool AskAndSave(Session& session, Dialogs& dialogs, Views& views, const char* title, bool all) {
+constexpr char SaveAllTitle[] = "Save Record(s) As";
+
+/// `proposed` is what the dialog shows first.
+bool AskAndSave(Session& session, Dialogs& dialogs, Views& views, const char* title, bool all,
+                std::optional<FileAnswer> proposed = {}) {
   if (!HasRecords(session.Records, dialogs, title, all)) return false;
   FileQuestion question = SaveQuestion(session, title);
   question.Filter = SaveFilters();
+  question.Again = std::move(proposed);
   for (;;) {
     const auto answer = AskWhereToSave(dialogs, question);
     if (!answer) return false;
@@ -71,7 +78,14 @@ FormerFile FormerOf(const Session& session) {
 }
 
 bool SaveAs(Session& session, Dialogs& dialogs, Views& views) {
-  return AskAndSave(session, dialogs, views, "Save Record(s) As", true);
+  return AskAndSave(session, dialogs, views, SaveAllTitle, true);
+}
+
+bool SaveCopy(Session& session, Dialogs& dialogs, Views& views) {
+  std::optional<FileAnswer> copy;
+  if (const int filter = SaveFilterOf(session.CurrentFile); filter != 0)
+    copy = CopyOf({session.CurrentFile, filter});
+  return AskAndSave(session, dialogs, views, SaveAllTitle, true, std::move(copy));
 }
 
 bool SaveSelectedAs(Session& session, Dialogs& dialogs, Views& views) {
@@ -89,7 +103,7 @@ bool SaveFile(Session& session, Dialogs& dialogs, Views& views) {
     case LossAnswer::Save:
       return Write(session, dialogs, views, session.CurrentFile, kind, true);
     case LossAnswer::Copy:
-      return SaveAs(session, dialogs, views);
+      return SaveCopy(session, dialogs, views);
     default:
       return false;
   }

@@ -12,6 +12,8 @@ namespace velorix {
 
 /// Asks for a name and writes the whole store there, disregarded records too.
 bool SaveAs(Session& session, Dialogs& dialogs, Views& views);
+/// As `SaveAs`; the dialog proposes the open file's name with " copy" behind it.
+bool SaveCopy(Session& session, Dialogs& dialogs, Views& views);
 /// As `SaveAs`, with the selected records only.
 bool SaveSelectedAs(Session& session, Dialogs& dialogs, Views& views);
 /// Writes the store over the open file, as a RAN file whatever the file was.

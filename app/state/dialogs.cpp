@@ -2,6 +2,14 @@
 
 namespace velorix {
 
+ListAnswer Dialogs::AskList(const std::string& title, const std::string& text,
+                            const std::vector<std::string>& entries,
+                            const std::vector<std::string>& buttons, int defaultButton) {
+  std::string all = text + "\n";
+  for (const std::string& entry : entries) all += "\n" + entry;
+  return {Ask(title, all, buttons, defaultButton), 0};
+}
+
 void Show(Dialogs& dialogs, const Outcome& outcome, const char* button) {
   if (outcome || outcome.Text.empty()) return;
   if (outcome.IsWarning)

@@ -30,6 +30,11 @@ struct FileQuestion {
   std::optional<FileAnswer> Again = {};  // an answer that the dialog shows again
 };
 
+/// The button chosen in a box with a list, and the entry marked there; both count from 0.
+struct ListAnswer {
+  int Button = 0, Entry = 0;
+};
+
 /// The questions that the program asks. Windows, the console's arguments and scripts in tests
 /// answer.
 struct Dialogs {
@@ -54,6 +59,12 @@ struct Dialogs {
                       const std::vector<std::string>& buttons) {
     return Ask(title, text, buttons);
   }
+  /// A box with a list, in which one entry is marked, the first to begin with. Choosing an entry by
+  /// a double click or the Enter key chooses the default button. Without a list to choose from, the
+  /// entries stand in the text.
+  virtual ListAnswer AskList(const std::string& title, const std::string& text,
+                             const std::vector<std::string>& entries,
+                             const std::vector<std::string>& buttons, int defaultButton);
   /// A box with a warning's icon, where there are icons, and the one button "OK".
   virtual void Warn(const std::string& title, const std::string& text) { Ask(title, text, {"OK"}); }
 };

@@ -17,12 +17,17 @@ constexpr Row Rows[] = {{"KeepFormerFile", &Preferences::KeepFormerFile}};
 
 constexpr char Yes[] = "1", No[] = "0";
 
-void TakeLine(std::string_view line, Preferences& preferences) {
+/// False for a line that is none of the file's.
+bool TakeLine(std::string_view line, Preferences& preferences) {
   const std::size_t equals = line.find('=');
-  if (equals == line.npos) return;
+  if (equals == line.npos) return line.empty();
   const std::string_view key = line.substr(0, equals), value = line.substr(equals + 1);
   for (const Row& row : Rows)
-    if (key == row.Key && (value == Yes || value == No)) preferences.*row.Value = value == Yes;
+    if (key == row.Key && (value == Yes || value == No)) {
+      preferences.*row.Value = value == Yes;
+      return true;
+    }
+  return false;
 }
 
 }  // namespace
@@ -38,22 +43,22 @@ std::string PreferencesText(const Preferences& preferences) {
   return text;
 }
 
-Preferences PreferencesOfText(std::string_view text) {
+Preferences PreferencesOfText(std::string_view text, int& bad) {
   Preferences preferences;
   while (!text.empty()) {
     const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
-    TakeLine(text.substr(0, end), preferences);
+    bad += !TakeLine(text.substr(0, end), preferences);
     text.remove_prefix(std::min(end + 1, text.size()));
   }
   return preferences;
 }
 
-Preferences PreferencesRead(const std::string& path) {
+Preferences PreferencesRead(const std::string& path, int& bad) {
   std::ifstream file(PathOf(path), std::ios::binary);
   std::string text(1 << 16, '\0');  // a few lines; whatever else the file may be
   file.read(text.data(), static_cast<std::streamsize>(text.size()));
   text.resize(static_cast<std::size_t>(file.gcount()));
-  return PreferencesOfText(text);
+  return PreferencesOfText(text, bad);
 }
 
 void PreferencesWrite(const Preferences& preferences, const std::string& path) {

@@ -16,10 +16,11 @@ std::string PreferencesFile(const std::string& appFolder);
 std::string PreferencesText(const Preferences& preferences);
 
 /// The preferences of a text. A key that is missing, unknown or has a bad value leaves the default.
-Preferences PreferencesOfText(std::string_view text);
+/// The lines that are not understood are added to `bad`.
+Preferences PreferencesOfText(std::string_view text, int& bad);
 
-/// The preferences of the file at `path` (UTF-8); the defaults when it is missing or can't be read.
-Preferences PreferencesRead(const std::string& path);
+/// The same of the file at `path` (UTF-8); the defaults when it is missing or can't be read.
+Preferences PreferencesRead(const std::string& path, int& bad);
 
 /// Writes the file. A failure is a `FileFault`; the old file then stands.
 void PreferencesWrite(const Preferences& preferences, const std::string& path);

@@ -321,9 +321,10 @@ class Batch {
   void WriteGed() {
     if (a_.WriteGed.empty()) return;
     const Session& session = velorix_.Session;
-    AskAboutLosses(dialogs_, "--write-ged", a_.WriteGed,
-                   FindGedLosses(session, a_.WriteGed, session.GeoRecords, a_.Ged.size() > 1));
-    (void)WriteGedFile(a_.WriteGed, session.GeoRecords, FormerOf(session));
+    const std::string path = Absolute(a_.WriteGed);
+    AskAboutLosses(dialogs_, "--write-ged", path,
+                   FindGedLosses(session, path, session.GeoRecords, a_.Ged.size() > 1));
+    (void)WriteGedFile(path, session.GeoRecords, FormerOf(session));
   }
 
   bool WriteOutputs() {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/fault.h"
+#include "tests/app/script.h"
 
 namespace velorix {
 namespace {
@@ -272,31 +273,25 @@ TEST(EditGrid, CodesAreHeldToTheFileAndToOneSpelling) {
   }
 }
 
-TEST(EditGrid, TheBoxListsTwelveCellsAndCountsTheRest) {
-  struct Box : Dialogs {
-    std::string Text;
-    int Answer = 0;
-    std::optional<FileAnswer> ShowOpen(const FileQuestion&) override { return {}; }
-    std::optional<FileAnswer> ShowSave(const FileQuestion&) override { return {}; }
-    int Ask(const std::string&, const std::string& text, const std::vector<std::string>&,
-            int) override {
-      Text = text;
-      return Answer;
-    }
-  } box;
-  Editor e(Oriented(), 14);
-  EXPECT_EQ(AskAboutDoubts(box, "", {}), DoubtAnswer::Save);
-  EXPECT_EQ(box.Text, "");
-  box.Answer = 1;
+TEST(EditGrid, TheBoxListsDoubtsAndLeadsToTheMarkedOne) {
+  ScriptedDialogs box;
+  Editor e(Oriented(), 1005);
+  EXPECT_EQ(AskAboutDoubts(box, "", {}).Chosen, DoubtAnswer::Choice::Save);
+  EXPECT_TRUE(box.Boxes.empty());
   const SheetDoubts doubts = FindDoubts(e.Grid);  // each row's inclination of -20
-  EXPECT_EQ(AskAboutDoubts(box, "", doubts), DoubtAnswer::Show);
-  EXPECT_TRUE(box.Text.starts_with(
-      "14 cells are doubtful.\n\nRow 1, Orientation Inc: -20 - Inclinations and plunges are from 0 "
-      "to 90.\nRow 2, "));
-  EXPECT_NE(box.Text.find("\nRow 12, "), std::string::npos);
-  EXPECT_EQ(box.Text.find("\nRow 13, "), std::string::npos);
-  EXPECT_TRUE(box.Text.ends_with("\nand 2 more\n\nSave the sheet as it stands?")) << box.Text;
-  EXPECT_EQ(DoubtsLine(doubts), "14 cells are marked as doubtful, the first in row 1");
+  box.Buttons = {1};
+  box.Entry = 999;
+  const DoubtAnswer answer = AskAboutDoubts(box, "Sheet", doubts);
+  EXPECT_EQ(answer.Chosen, DoubtAnswer::Choice::Show);
+  EXPECT_EQ(answer.Cell.Row, 1000);
+  EXPECT_EQ(answer.Cell.Column, OrientationColumn + 1);
+  const std::string& text = box.Boxes.front();
+  EXPECT_TRUE(text.starts_with(
+      "Sheet|1005 cells are doubtful. The first 1000 are listed. Save the sheet as it stands?\n\n"
+      "Row 1, Orientation Inc: -20 - Inclinations and plunges are from 0 to 90.\nRow 2, "))
+      << text.substr(0, 300);
+  EXPECT_EQ(text.find("\nRow 1001, "), std::string::npos);
+  EXPECT_EQ(DoubtsLine(doubts), "1005 cells are marked as doubtful, the first in row 1");
 }
 
 }  // namespace

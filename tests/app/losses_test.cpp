@@ -234,6 +234,7 @@ TEST_F(Losing, TheEditorsSaveAsksBeforeAnythingChanges) {
   EXPECT_EQ(Asked.Boxes, Texts{Question("Edit Orientation Data", a, {Tensors, Deviations6})});
   EXPECT_TRUE(std::equal(records.begin(), records.end(), Now.Records.begin()));
   EXPECT_FALSE(save(1));  // a copy, and the dialog cancelled
+  EXPECT_EQ(Asked.FileQuestions.back().Again->Filename, Path("a copy.ams"));
   EXPECT_EQ(Now.Records[1].OrientAz, records[1].OrientAz);
   EXPECT_EQ(editor.Grid.Cell(1, OrientationColumn), "77");
   EXPECT_EQ(Bytes("a.ams"), before);

@@ -22,6 +22,7 @@ namespace velorix {
 struct ScriptedDialogs : Dialogs {
   std::deque<std::optional<FileAnswer>> Files;  // answers of the file dialogs, in order
   std::deque<int> Buttons;                      // answers of the boxes; the first button when empty
+  int Entry = 0;                                // marked in the lists of boxes
   std::vector<FileQuestion> FileQuestions;
   std::vector<std::string> Boxes;  // "title|text|buttons"
 
@@ -45,6 +46,13 @@ struct ScriptedDialogs : Dialogs {
   int AskWith(const std::string& title, const std::string& text, const std::string& detail,
               const std::vector<std::string>& buttons) override {
     return Ask(title, detail.empty() ? text : text + "|" + detail, buttons, 0);
+  }
+  ListAnswer AskList(const std::string& title, const std::string& text,
+                     const std::vector<std::string>& entries,
+                     const std::vector<std::string>& buttons, int defaultButton) override {
+    ListAnswer answer = Dialogs::AskList(title, text, entries, buttons, defaultButton);
+    answer.Entry = Entry;
+    return answer;
   }
   void Warn(const std::string& title, const std::string& text) override {
     Ask("Warning: " + title, text, {"OK"}, 0);

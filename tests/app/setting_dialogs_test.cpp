@@ -54,6 +54,12 @@ TEST_F(FactorChoice, SettingsThatCannotBeReadAreReportedAtTheStart) {
   EXPECT_EQ(start(), Now.SettingsFile +
                          ": The settings could not be read. The defaults have taken their place.");
   EXPECT_EQ(start(), "");
+
+  Put("program/Preferences.ini", "KeepFormerFile=perhaps\r\nKeepFormerFile=0\nnonsense\n\n");
+  EXPECT_EQ(start(), "");
+  EXPECT_FALSE(Now.Preferences.KeepFormerFile);
+  EXPECT_NE(Bytes("program/LogFiles/DebugPrint.log").find("Preferences.ini: 2 lines are not"),
+            std::string::npos);
 }
 
 class OrientationParameters : public ProgramTest {

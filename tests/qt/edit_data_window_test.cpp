@@ -178,23 +178,29 @@ class EditDataWindowTest : public WindowTest {
     });
   }
 
-  void saveAsksAboutDoubtfulCellsAndLeadsToTheFirst() {
+  void saveAsksAboutDoubtfulCellsAndLeadsToTheMarkedOne() {
     Show([this] {
       TypeAndEnter(2, 10, "95");
       TypeAndEnter(2, FoliationColumn(1), "a");  // beside the "A" of row 1
       QCOMPARE(Look("lblDoubts"), "2 cells are marked as doubtful, the first in row 2");
       QCOMPARE(Back(2, FoliationColumn(1)), QColor(0xFFC0C0));
+      W().Asked.Buttons = {1};
+      W().Asked.Entry = 1;
+      Press("cmdRead");
+      QCOMPARE(Table().currentIndex(), At(2, 10));
+      W().Asked.Entry = 0;
       TypeAndEnter(2, FoliationColumn(1), "A");
       for (const int answer : {1, 2, 0}) {  // Show, Cancel, Save
         Select(1, 3);
         Boxes().clear();
         W().Asked.Buttons = {answer};
         Press("cmdRead");
-        QCOMPARE(Boxes(),
-                 std::vector<std::string>{
-                     "Edit Orientation Data|1 cell is doubtful.\n\nRow 2, Lineation1 Inc: 95 - "
-                     "Inclinations and plunges are from 0 to 90.\n\nSave the sheet as it "
-                     "stands?|&Save|S&how|&Cancel"});
+        QCOMPARE(
+            Boxes(),
+            std::vector<std::string>{
+                "Edit Orientation Data|1 cell is doubtful. Save the sheet as it stands?\n\nRow "
+                "2, Lineation1 Inc: 95 - Inclinations and plunges are from 0 to "
+                "90.|&Save|S&how|&Cancel"});
         QCOMPARE(form_->isVisible(), answer != 0);
         QCOMPARE(Table().currentIndex(), answer == 1 ? At(2, 10) : At(1, 3));
         QCOMPARE(Record(2).LinePlunge[1], answer == 0 ? 95.0f : 30.0f);

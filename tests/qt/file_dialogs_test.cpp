@@ -3,7 +3,9 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTreeView>
 
 #include "app/commands/picture_commands.h"
@@ -272,6 +274,58 @@ class FileDialogsTest : public QObject {
       const QStringList story = asker.Ask(asker.Save.at(ask), {answer, Press(no), Cancel});
       QCOMPARE(story.mid(2), QStringList(QString("data|") + name));
     }
+  }
+
+  void anEntryOfAListIsChosenByAButtonAKeyOrADoubleClick() {
+    QtDialogs dialogs;
+    const std::vector<std::string> entries = {"first", "second", "third"};
+    const auto mark = [](QDialog& box, int row) {
+      auto& list = In<QListWidget>(box, "lstEntries");
+      list.setCurrentRow(row);
+      return list.visualItemRect(list.item(row)).center();
+    };
+    const std::tuple<std::function<void(QDialog&)>, int, int> ways[] = {
+        {[&](QDialog& box) {
+           mark(box, 2);
+           for (QPushButton* button : box.findChildren<QPushButton*>())
+             if (button->text() == "&Save") return button->click();
+         },
+         0, 2},
+        {[&](QDialog& box) {
+           auto* view = In<QListWidget>(box, "lstEntries").viewport();
+           const QPoint at = mark(box, 1);
+           QTest::mouseClick(view, Qt::LeftButton, {}, at);
+           QTest::mouseDClick(view, Qt::LeftButton, {}, at);
+         },
+         1, 1},
+        {[&](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return); }, 1, 0},
+        {[&](QDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); }, 2, 0}};
+    for (const auto& [act, button, entry] : ways) {
+      OnModal<QDialog>(act);
+      const ListAnswer answer =
+          dialogs.AskList("Sheet", "Save?", entries, {"&Save", "S&how", "&Cancel"}, 1);
+      QCOMPARE(answer.Button, button);
+      QCOMPARE(answer.Entry, entry);
+    }
+  }
+
+  void boxesInARowBelongToTheWindowThatAsked() {
+    QWidget main, editor;
+    main.show();
+    editor.show();
+    QVERIFY(Activate(editor));
+    QtDialogs dialogs;
+    dialogs.Owner = &main;
+    for (int box = 0; box < 3; ++box) {
+      OnModal<QMessageBox>([&](QMessageBox& shown) {
+        QCOMPARE(shown.parentWidget(), &editor);
+        shown.buttons().front()->click();
+      });
+      dialogs.Ask("Save", "Write over it?", {"&Yes", "&No"}, 0);
+      QApplication::setActiveWindow(nullptr);  // as a desktop does between two boxes
+    }
+    editor.hide();
+    QCOMPARE(dialogs.OwnerNow(), &main);
   }
 };
 

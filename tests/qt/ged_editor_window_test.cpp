@@ -147,9 +147,9 @@ class GedEditorWindowTest : public WindowTest {
     Grid().setCurrentIndex(Grid().model()->index(0, 0));
     W().Asked.Buttons = {1};
     Press("cmdOK");
-    QVERIFY(
-        Boxes().back().starts_with("Geological file editor|1 cell is doubtful.\n\nRow 2, "
-                                   "Lineation1 Trend: 12,5 - A comma"));
+    QVERIFY(Boxes().back().starts_with(
+        "Geological file editor|1 cell is doubtful. Save the sheet as it stands?\n\nRow 2, "
+        "Lineation1 Trend: 12,5 - A comma"));
     QCOMPARE(Grid().currentIndex(), cell);
     W().Asked.Buttons = {1};
     Key(Qt::Key_Escape);

@@ -1,15 +1,20 @@
 #include "platform/qt/parts/qt_dialogs.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSplitter>
 #include <QTreeView>
+#include <QVBoxLayout>
+#include <algorithm>
 
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/own_paths.h"
@@ -17,12 +22,6 @@
 
 namespace velorix {
 namespace {
-
-/// The window at work, which a box belongs to: another one would be raised above it.
-QWidget* OwnerNow(const QtDialogs& dialogs) {
-  QWidget* const active = QApplication::activeWindow();
-  return active ? active : dialogs.Owner;
-}
 
 /// Position of the filter that a dialog names; it may hide the last parenthesis. The first one when
 /// there is none of the name.
@@ -193,7 +192,7 @@ std::optional<FileAnswer> ShowFileDialog(QtDialogs& dialogs, const FileQuestion&
   QStringList names;
   for (const NameFilter& one : filters) names += one.ForDialog();
 
-  FileDialog dialog(OwnerNow(dialogs), ToQString(question.Title));
+  FileDialog dialog(dialogs.OwnerNow(), ToQString(question.Title));
   dialog.setObjectName("dlgFile");
   dialog.setOption(QFileDialog::DontUseNativeDialog, !save);
   // The program asks about existing files itself, in its own words.
@@ -306,6 +305,13 @@ std::string JoinFileList(const QStringList& paths) {
   return list;
 }
 
+QWidget* QtDialogs::OwnerNow() {
+  QWidget* active = QApplication::activeWindow();
+  if (!active && atWork_ && atWork_->isVisible()) active = atWork_;
+  atWork_ = active ? active : Owner;
+  return atWork_;
+}
+
 std::optional<FileAnswer> QtDialogs::ShowOpen(const FileQuestion& question) {
   int& filter = lastFilters_.try_emplace(question.Filter, 1).first->second;
   return ShowFileDialog(*this, question, false, filter);
@@ -318,19 +324,60 @@ std::optional<FileAnswer> QtDialogs::ShowSave(const FileQuestion& question) {
 
 int QtDialogs::Ask(const std::string& title, const std::string& text,
                    const std::vector<std::string>& buttons, int defaultButton) {
-  TextBox box(OwnerNow(*this), title, text);
+  TextBox box(OwnerNow(), title, text);
   return Chosen(box, buttons, defaultButton);
 }
 
 int QtDialogs::AskWith(const std::string& title, const std::string& text, const std::string& detail,
                        const std::vector<std::string>& buttons) {
-  TextBox box(OwnerNow(*this), title, text);
+  TextBox box(OwnerNow(), title, text);
   box.setInformativeText(ToQString(detail));
   return Chosen(box, buttons, 0);
 }
 
+ListAnswer QtDialogs::AskList(const std::string& title, const std::string& text,
+                              const std::vector<std::string>& entries,
+                              const std::vector<std::string>& buttons, int defaultButton) {
+  PauseBusyCursor();
+  QDialog box(OwnerNow());
+  box.setObjectName("frmList");
+  box.setWindowTitle(ToQString(title));
+  auto* rows = new QVBoxLayout(&box);
+  auto* label = new QLabel(ToQString(text), &box);
+  label->setTextFormat(Qt::PlainText);
+  rows->addWidget(label);
+  auto* list = new QListWidget(&box);
+  list->setObjectName("lstEntries");
+  list->setUniformItemSizes(true);
+  for (const std::string& entry : entries) list->addItem(ToQString(entry));
+  list->setCurrentRow(0);
+  rows->addWidget(list);
+  ListAnswer answer = {static_cast<int>(buttons.size()) - 1, 0};
+  const auto choose = [&](int button) {
+    answer = {button, std::max(list->currentRow(), 0)};
+    box.accept();
+  };
+  auto* row = new QDialogButtonBox(&box);
+  for (int i = 0; i < static_cast<int>(buttons.size()); ++i) {
+    // One role for all keeps them in the order given on every desktop.
+    QPushButton* button = row->addButton(ToQString(buttons[static_cast<std::size_t>(i)]),
+                                         QDialogButtonBox::ActionRole);
+    button->setDefault(i == defaultButton);
+    QObject::connect(button, &QPushButton::clicked, &box, [choose, i] { choose(i); });
+  }
+  rows->addWidget(row);
+  QObject::connect(list, &QListWidget::itemActivated, &box,
+                   [choose, defaultButton] { choose(defaultButton); });
+  const int line = list->sizeHintForRow(0);
+  const int shown = std::clamp(list->count(), 3, 14);
+  list->setMinimumSize(std::min(list->sizeHintForColumn(0) + 2 * line, 60 * line),
+                       shown * line + 2 * list->frameWidth());
+  box.exec();
+  return answer;
+}
+
 void QtDialogs::Warn(const std::string& title, const std::string& text) {
-  TextBox box(OwnerNow(*this), title, text);
+  TextBox box(OwnerNow(), title, text);
   box.setIcon(QMessageBox::Warning);
   box.addButton("OK", QMessageBox::AcceptRole);
   box.exec();

@@ -1,12 +1,12 @@
 #pragma once
 
+#include <QPointer>
 #include <QString>
 #include <QStringList>
+#include <QWidget>
 #include <map>
 
 #include "app/state/dialogs.h"
-
-class QWidget;
 
 namespace velorix {
 
@@ -23,9 +23,16 @@ class QtDialogs : public Dialogs {
           const std::vector<std::string>& buttons, int defaultButton) override;
   int AskWith(const std::string& title, const std::string& text, const std::string& detail,
               const std::vector<std::string>& buttons) override;
+  ListAnswer AskList(const std::string& title, const std::string& text,
+                     const std::vector<std::string>& entries,
+                     const std::vector<std::string>& buttons, int defaultButton) override;
   void Warn(const std::string& title, const std::string& text) override;
 
+  /// The window at work, which a box belongs to: another one would be raised above it.
+  QWidget* OwnerNow();
+
  private:
+  QPointer<QWidget> atWork_;                // between two boxes in a row no window is active
   std::map<std::string, int> lastFilters_;  // of the dialogs to open, by all their filters; from 1
 };
 

@@ -97,12 +97,11 @@ QHBoxLayout* frmEditData::MakeButtons() {
 void frmEditData::Save() {
   const SheetDoubts doubts = DoubtsToSave(editor_);
   const DoubtAnswer answer = AskAboutDoubts(velorix_.Dialogs, Title, doubts);
-  if (answer == DoubtAnswer::Show) {
+  if (answer.Chosen == DoubtAnswer::Choice::Show) {
     if (editor_.ShowsSamples) ShowStoreRows(editor_);
     table_->Refresh();
-    const SheetDoubts::Cell& first = doubts.First.front();
-    table_->setCurrentIndex(table_->Cells().index(first.Row - 1, first.Column - 1));
-  } else if (answer == DoubtAnswer::Save &&
+    table_->setCurrentIndex(table_->Cells().index(answer.Cell.Row - 1, answer.Cell.Column - 1));
+  } else if (answer.Chosen == DoubtAnswer::Choice::Save &&
              SaveGrid(editor_, velorix_.Session, velorix_.History, velorix_.Lists, velorix_.Dialogs,
                       velorix_.Views)) {
     accept();

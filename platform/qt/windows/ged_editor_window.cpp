@@ -259,12 +259,11 @@ void frmGEDEditor::Save() {
   TakeSite();
   const SheetDoubts doubts = FindDoubts(sheet_, model_.Codes());
   const DoubtAnswer answer = AskAboutDoubts(velorix_.Dialogs, "Geological file editor", doubts);
-  if (answer == DoubtAnswer::Show) {
-    const SheetDoubts::Cell& first = doubts.First.front();
-    grid_->setCurrentIndex(model_.index(first.Row - 1, first.Column - 1));
+  if (answer.Chosen == DoubtAnswer::Choice::Show) {
+    grid_->setCurrentIndex(model_.index(answer.Cell.Row - 1, answer.Cell.Column - 1));
     grid_->setFocus();
   }
-  if (answer != DoubtAnswer::Save) return;
+  if (answer.Chosen != DoubtAnswer::Choice::Save) return;
   bool saved = false;
   Work(velorix_, [&] { saved = SaveGedFile(velorix_.Session, velorix_.Dialogs, sheet_); });
   if (saved) close();
