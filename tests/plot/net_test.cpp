@@ -41,7 +41,7 @@ TEST(DrawNetSymbol, StandsWhereTheNetHasTheDirection) {
     Recorder drawn;
     DrawNetSymbol(drawn, {500, 500, 1000}, projection, direction, -1, 9, Red, {});
     EXPECT_EQ(drawn.calls, std::vector<DrawCall>({PixelCall{at, Red}}))
-        << projection << " " << direction.Dec << " " << direction.Inc;
+        << static_cast<int>(projection) << " " << direction.Dec << " " << direction.Inc;
   }
 }
 
