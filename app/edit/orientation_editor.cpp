@@ -154,7 +154,8 @@ bool SaveGrid(OrientationEditor& editor, Session& session, History& history, Cod
   LossAnswer answer = LossAnswer::Cancel;
   try {
     answer = kind ? AskBeforeWriting(session, dialogs, *kind) : LossAnswer::Save;
-    if (answer == LossAnswer::Copy && !SaveCopy(session, dialogs, views)) answer = LossAnswer::Cancel;
+    if (answer == LossAnswer::Copy && !SaveCopy(session, dialogs, views))
+      answer = LossAnswer::Cancel;
   } catch (...) {
     former.Exchange(session);
     throw;
