@@ -213,6 +213,7 @@ constexpr Command CommandTable[] = {
     {"mnuGraphicRedraw", "mnuGraphics", "Redraw", "", 0, "", "", Action, true, AnisoView_DisplayAllPlots, nullptr, false},
     {"mnuGraphicsPrint", "mnuGraphics", "Print", "Ctrl+Shift+P", 0, "", "", Action, false, PrintGraphics, nullptr, true},
     {"mnuFigure", "mnuGraphics", "Figure Options", "Ctrl+Shift+F", 0, "", "", Action, false, OpenWindow<&WindowOpener::ShowFigureOptions>, nullptr, true},
+    {"mnuAxes", "mnuGraphics", "Axes", "", 0, "", "", Action, false, OpenWindow<&WindowOpener::ShowAxes>, nullptr, false},
     {"mnuLasso", "mnuGraphics", "Lasso", "", 0, "", "", Check, false, ToggleLasso, HasLasso, true},
 
     {"mnuEdit(1)", "mnuEditt", "Edit Orientation Data", "F2", 12, "Edit Orientation Data [F2]", "edit-orientation", Check, false, EditOrientations, nullptr, false},

@@ -1,8 +1,11 @@
 #include "app/commands/picture_commands.h"
 
+#include <utility>
+
 #include "app/files/ask_file.h"
 #include "app/pictures/export_panels.h"
 #include "app/pictures/export_untilting.h"
+#include "app/pictures/style_file.h"
 #include "app/state/refusals.h"
 #include "base/fault.h"
 
@@ -68,6 +71,36 @@ void SaveFigure(Velorix& velorix, const FigureStyle& style) {
 bool ExportFigure(Velorix& velorix, const PictureAnswer& to, const FigureStyle& style) {
   return WriteReported(velorix, to.Path,
                        [&] { return WriteFigureFile(velorix.Host, to, PageOf(velorix), style); });
+}
+
+FigureStyle KeptStyle(Velorix& velorix) {
+  FigureStyle style;
+  const std::string path = KeptStyleFile(velorix.Host.AppFolder);
+  if (!FileExists(path)) return style;
+  if (const Outcome read = ReadStyleFile(path, style); !read)
+    ReportRefusal(velorix.Views, velorix.Log, read.Title + "\n" + read.Text);
+  return style;
+}
+
+void KeepStyle(Velorix& velorix, const FigureStyle& style) {
+  const std::string path = KeptStyleFile(velorix.Host.AppFolder);
+  try {
+    WriteStyleFile(path, style);
+  } catch (const FileFault& fault) {
+    ReportRefusal(velorix.Views, velorix.Log,
+                  path + "\nThe figure's style was not kept: " + fault.what());
+  }
+}
+
+void LoadAxes(Velorix& velorix) { velorix.Plots.Axes = KeptStyle(velorix).Axes; }
+
+void SetAxes(Velorix& velorix, HandAxes axes) {
+  if (axes == velorix.Plots.Axes) return;
+  FigureStyle style = KeptStyle(velorix);
+  velorix.Plots.Axes = style.Axes = std::move(axes);
+  KeepStyle(velorix, style);
+  for (const PlotKind plot : AllPlots)
+    if (plot != PlotKind::Stereonet) velorix.Views.Redraw(plot);
 }
 
 void CopyGraphics(Velorix& velorix) {

@@ -29,6 +29,18 @@ bool ExportGraphics(Velorix& velorix, const PictureAnswer& to);
 void SaveFigure(Velorix& velorix, const FigureStyle& style);
 bool ExportFigure(Velorix& velorix, const PictureAnswer& to, const FigureStyle& style);
 
+/// The style that the program keeps in its folder, the default one when there is none; status line
+/// and log report a file that is refused. The way back reports a failure there.
+FigureStyle KeptStyle(Velorix& velorix);
+void KeepStyle(Velorix& velorix, const FigureStyle& style);
+
+/// Takes the axes that the program's own style file keeps; status line and log report a file that
+/// is refused. Called once, at the start.
+void LoadAxes(Velorix& velorix);
+
+/// Sets axes by hand: the plots are drawn again, and the program's style file keeps the axes.
+void SetAxes(Velorix& velorix, HandAxes axes);
+
 /// Puts the page on the clipboard, as vectors. Status line and log report a clipboard that takes
 /// nothing.
 void CopyGraphics(Velorix& velorix);

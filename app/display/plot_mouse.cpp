@@ -115,8 +115,8 @@ std::string ReadXYPlot(const std::optional<DrawnXYPlot>& drawn, double x, double
   if (!drawn) return "";
   const Point p = PlotGeometry().FromTarget({x, y});
   if (!InBox(p.x, p.y, 0, 0, 1, 1)) return "";
-  return AxisReadOut(drawn->x, drawn->x.ValueAt(p.x)) + "   " +
-         AxisReadOut(drawn->y, drawn->y.ValueAt(p.y));
+  return AxisReadOut(drawn->x, drawn->x.PositionAt(p.x)) + "   " +
+         AxisReadOut(drawn->y, drawn->y.PositionAt(p.y));
 }
 
 std::optional<std::vector<int>> RecordsInStereo(const Session& session,

@@ -65,9 +65,10 @@ PlotStyle PlotStyleOf(const FigureStyle& style) {
   return {PaletteOf(style), style.Halo ? HaloWidth : std::int16_t{0}, style.Ticks, style.MoreCodes};
 }
 
-/// The plots as the style's captions have them.
+/// The plots as the style's captions and axes have them.
 PlotChoices ChoicesOf(const PageContent& page, const FigureStyle& style) {
   PlotChoices plots = page.Plots;
+  plots.Axes = style.Axes;
   if (style.Captions == CaptionPlace::None)
     plots.Stereo.showCaptions = plots.Stereo.showLegend = false;
   return plots;

@@ -18,12 +18,19 @@ Geometry Scaled(Geometry place, double s) {
   return place;
 }
 
+/// The place of a plot with a frame, with the axes set by hand.
+PlotGeometry FrameOf(const PageContent& page, const PagePlaces& places, PlotKind plot, double s) {
+  PlotGeometry place = Scaled(places.Frame[plot], s);
+  place.axes = &page.Plots.Axes;
+  return place;
+}
+
 /// The width of an axis's numbers, in heights of letters.
 double LabelWidth(const Axis& axis, TickDensity density) {
   if (axis.IsEmpty()) return 0;
   const Axis ticked = TickedAxis(axis, density);
   double width = 0;
-  for (const double value : TicksOf(ticked.range, 0).major)
+  for (const double value : AxisTicks(ticked, 0).major)
     width = std::max(width, TextWidth(std::string(StripBlanks(TickText(ticked, value)))));
   return width;
 }
@@ -42,7 +49,7 @@ bool NetShowsValues(const PlotChoices& plots) {
 
 void DrawHistogram(const PageContent& page, Target& target, const PagePlaces& places, double s) {
   const Column column = page.Plots.HistoParameter;
-  DrawHisto(target, Scaled(places.Frame[PlotKind::Histogram], s),
+  DrawHisto(target, FrameOf(page, places, PlotKind::Histogram, s),
             DataTableValues(column, page.Session), column, page.Session.Settings,
             ShownGroups(page.Session, page.Plots.Marks));
 }
@@ -57,13 +64,13 @@ bool ShowsNoValues(const PlotChoices&) { return false; }
 
 template <int Plot>
 void DrawXY(const PageContent& page, Target& target, const PagePlaces& places, double s) {
-  DrawXYPlot(page.Session, target, Scaled(places.Frame[XYPlotKind(Plot)], s),
+  DrawXYPlot(page.Session, target, FrameOf(page, places, XYPlotKind(Plot), s),
              page.Plots.Shown(Plot), page.Plots.Marks);
 }
 
 template <int Plot>
 LabelWidths XYLabels(const PageContent& page, TickDensity density) {
-  const XYPlotAxes axes = AxesOfXYPlot(page.Session, page.Plots.Shown(Plot));
+  const XYPlotAxes axes = AxesOfXYPlot(page.Session, page.Plots.Shown(Plot), &page.Plots.Axes);
   LabelWidths labels = {LabelWidth(axes.y, density), {}};
   if (axes.colour) labels.Scale = LabelWidth(*axes.colour, TickDensity::AsNow);
   return labels;
@@ -107,13 +114,14 @@ const PagePlot& RowOf(PlotKind plot) {
       {PlotKind::XYPlot2,   XYPlotAt(530), DrawXY<2>,    XYLabels<2>,     XYShowsValues<2>},
   };
   // clang-format on
-  return *std::ranges::find(rows, plot, &PagePlot::Plot);
+  return *std::find_if(std::begin(rows), std::end(rows),
+                       [plot](const PagePlot& row) { return row.Plot == plot; });
 }
 
 /// What the one legend of the groups looks like: their shapes, where a plot shows them, in their
 /// colours.
 LegendLook PageLegend(const PlotChoices& plots) {
-  const bool values = std::ranges::any_of(AllPlots, [&](PlotKind plot) {
+  const bool values = std::any_of(AllPlots.begin(), AllPlots.end(), [&](PlotKind plot) {
     return plots.OnPage[plot] && RowOf(plot).ShowsValues(plots);
   });
   if (plots.Marks.By == MarkBy::Colours && !values) return {NeutralSymbol, std::nullopt};
@@ -123,7 +131,8 @@ LegendLook PageLegend(const PlotChoices& plots) {
 }  // namespace
 
 bool HasPlots(const PlotChoices& plots) {
-  return std::ranges::any_of(AllPlots, [&](PlotKind plot) { return plots.OnPage[plot]; });
+  return std::any_of(AllPlots.begin(), AllPlots.end(),
+                     [&](PlotKind plot) { return plots.OnPage[plot]; });
 }
 
 PagePlaces PlacesOfPage() {

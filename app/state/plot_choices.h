@@ -4,6 +4,7 @@
 
 #include "base/slots.h"
 #include "plot/axes/columns.h"
+#include "plot/axes/hand_axis.h"
 #include "plot/figure/plot_kind.h"
 #include "plot/net/group_marks.h"
 #include "plot/net/stereo.h"
@@ -29,6 +30,7 @@ struct PlotChoices {
   Array1<bool, 2> XYLines = {};          // whether each is drawn with lines now
   Column HistoParameter = Column::Km;
   PerPlot<bool> OnPage = PerPlot(true);  // which are on the page of `DrawGraphicsPage`
+  HandAxes Axes = {};                    // of the XY plots and the histogram
   bool Lasso = false;                    // the left button draws a free line instead of a box
   GroupChoices Groups = {};
   GroupMarks Marks = {};  // as `MarkGroups` made them for the view

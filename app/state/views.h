@@ -57,6 +57,7 @@ struct WindowOpener {
   virtual void ShowOrientationParameters() = 0;
   virtual void ShowFactorChoice() = 0;
   virtual void ShowFigureOptions() = 0;
+  virtual void ShowAxes() = 0;
   /// Opens the editor of geological files, or raises the one that is open.
   virtual void ShowGedEditor() = 0;
   /// Asks the main window to close, which asks the exit question.

@@ -151,7 +151,7 @@ std::string UnmetNeed(const CLI::App& app) {
   for (const OptionRow& row : Options)
     for (const Need& need : Needs)
       if (app.count(row.Name) > 0 && app.count(need.Other) == 0 &&
-          std::ranges::find(need.Options, row.Name) != need.Options.end())
+          std::find(need.Options.begin(), need.Options.end(), row.Name) != need.Options.end())
         return TextOf(need);
   return {};
 }

@@ -52,6 +52,7 @@ struct BatchViews : Views, WindowOpener {
   void ShowOrientationParameters() override {}
   void ShowFactorChoice() override {}
   void ShowFigureOptions() override {}
+  void ShowAxes() override {}
   void Exit() override {}
   void ShowStatus(const std::string& text) override { Status = text; }
 };

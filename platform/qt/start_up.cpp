@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <QTimer>
 
+#include "app/commands/picture_commands.h"
 #include "app/commands/startup.h"
 #include "base/timer.h"
 #include "platform/qt/main_window/velorix_window.h"
@@ -31,6 +32,7 @@ void StartUp(Velorix& velorix, frmVelorix& window) {
     QTimer::singleShot(StatusTime, &window, [&window, text] { window.ShowStatus(text); });
   };
   window.Load(velorix);
+  LoadAxes(velorix);
 
   frmSplash splash;
   splash.move(splash.screen()->availableGeometry().center() - splash.rect().center());

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <string>
 
 #include "base/fault.h"
@@ -53,6 +54,25 @@ int MinorSteps(double share) {
   return 1;
 }
 
+/// A whole number times a power of ten.
+struct Decimal {
+  std::int64_t count = 0;
+  int exponent = 0;
+};
+
+/// The number of ten significant digits, without zeros at their end, that is nearest to `value`.
+Decimal DecimalOf(double value) {
+  constexpr int Digits = 10;
+  const ExponentParts parts = SplitExponent(NumberOf(SignificantText(value, Digits)));
+  Decimal decimal = {std::llround(parts.Mantissa * 1e9), parts.Exponent - (Digits - 1)};
+  if (decimal.count == 0) return {};
+  while (decimal.count % 10 == 0) {
+    decimal.count /= 10;
+    ++decimal.exponent;
+  }
+  return decimal;
+}
+
 /// The 64-bit number nearest to `count` times 10 to the `exponent`.
 double FromDecimal(std::int64_t count, int exponent) {
   return NumberOf(std::to_string(count) + "e" + std::to_string(exponent));
@@ -99,6 +119,15 @@ const char* PowerTickPicture(double lower, double step) {
   return Pictures[std::clamp(decimals, 0, 5)];
 }
 
+std::string DecimalPicture(int decimals) {
+  return decimals == 0 ? "0" : "0." + std::string(static_cast<std::size_t>(decimals), '0');
+}
+
+int DecimalsOf(double value) {
+  constexpr int Most = 12;
+  return std::clamp(-DecimalOf(value).exponent, 0, Most);
+}
+
 Ticks TicksOf(const AxisRange& axis, double room) {
   const double spacing = axis.step / (axis.upper - axis.lower);
   const double every = StepsPerLabel(spacing, room);
@@ -116,18 +145,48 @@ Ticks TicksOf(const AxisRange& axis, double room) {
   return {multiples(major), multiples(minor)};
 }
 
+Ticks LogTicksOf(const AxisRange& axis, double room) {
+  constexpr int Leading[] = {1, 2, 5};
+  const double length = axis.upper - axis.lower, slack = 1e-9;
+  const auto first = static_cast<int>(std::floor(axis.lower + slack));
+  const auto add = [&](std::vector<double>& ticks, double position) {
+    if (position >= axis.lower - slack && position <= axis.upper + slack) ticks.push_back(position);
+  };
+  Ticks ticks;
+  if (!(length < MaxMinorTicks)) return ticks;  // NaN too
+  // Decades between two labels.
+  const double every =
+      std::max(StepsPerLabel(1 / length, room), std::max(std::round(axis.step), 1.0));
+  const auto fits = [&](double apart) { return every == 1 && !(apart / length < room); };
+  const bool all = fits(1 - std::log10(9)), some = fits(1 - std::log10(5));
+  for (int decade = first; decade <= axis.upper + slack; ++decade)
+    for (int n = 1; n <= 9; ++n) {
+      const double position = decade + std::log10(n);
+      const bool labelled =
+          n == 1 ? std::fmod(decade, every) == 0
+                 : all || (some && std::ranges::find(Leading, n) != std::end(Leading));
+      if (labelled) add(ticks.major, position);
+      if (n == 1 || every == 1) add(ticks.minor, position);
+    }
+  return ticks;
+}
+
 std::vector<double> ClassEdges(const AxisRange& axis) {
-  // The step is a hair off its decimal value, and so is each sum of steps.
-  const ExponentParts step = SplitExponent(axis.step);
-  const std::int64_t mantissa = std::llround(step.Mantissa);
-  const std::int64_t first = std::llround(axis.first / axis.step);
-  // A fixed end may lie between two multiples of the step: 1 where the steps are 2 or more.
-  double rest = axis.first - static_cast<double>(first) * axis.step;
-  if (std::fabs(rest) <= 1e-9 * std::fabs(axis.first)) rest = 0;
+  // First edge and step may be a hair off their decimal values, and so is each sum of steps.
+  Decimal first = DecimalOf(axis.first), step = DecimalOf(axis.step);
+  const int exponent = first.count == 0 ? step.exponent : std::min(first.exponent, step.exponent);
+  constexpr int MostDigits = 8;  // beyond those of the two numbers
   std::vector<double> edges;
+  const bool exact =
+      first.exponent - exponent <= MostDigits && step.exponent - exponent <= MostDigits;
+  const auto scaled = [exponent](Decimal d) {
+    for (; d.exponent > exponent; --d.exponent) d.count *= 10;
+    return d.count;
+  };
   do {
-    const std::int64_t count = first + static_cast<std::int64_t>(edges.size());
-    edges.push_back(rest + FromDecimal(count * mantissa, step.Exponent));
+    const auto i = static_cast<std::int64_t>(edges.size());
+    edges.push_back(exact ? FromDecimal(scaled(first) + i * scaled(step), exponent)
+                          : axis.first + static_cast<double>(i) * axis.step);
   } while (edges.size() <= MaxTicks && edges.back() <= axis.upper + 0.001 * axis.step);
   return edges;
 }

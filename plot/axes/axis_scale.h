@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 namespace velorix {
@@ -23,6 +24,11 @@ const char* TickPicture(double step);
 /// The same for ticks divided by the power of ten of `lower`, up to five decimals.
 const char* PowerTickPicture(double lower, double step);
 
+/// The picture of a number with so many decimals; and the decimals of `value`, at most ten
+/// significant digits and twelve decimals.
+std::string DecimalPicture(int decimals);
+int DecimalsOf(double value);
+
 /// Where the ticks of an axis stand, in its values. Minor ticks stand on the major ones too.
 struct Ticks {
   std::vector<double> major, minor;
@@ -33,6 +39,9 @@ struct Ticks {
 /// multiples of the smallest of 2, 5, 10, 20, 50, ... steps that has it, and the minor ones divide
 /// them by 10, 5 or 2, the most that leaves a seventieth of the axis between two.
 Ticks TicksOf(const AxisRange& axis, double room);
+
+/// The same of a logarithmic axis, whose range is in decimal logarithms.
+Ticks LogTicksOf(const AxisRange& axis, double room);
 
 /// The edges of the classes of a histogram, a step apart from the first tick on: the last class
 /// begins at the upper end, or there are `MaxTicks` classes. Each edge is the 64-bit number that is

@@ -11,10 +11,22 @@
 namespace velorix {
 namespace {
 
-int PowerOf(const Axis& axis) { return SplitExponent(axis.range.lower).Exponent; }
+int PowerOf(const Axis& axis) {
+  return axis.tens.value_or(SplitExponent(axis.range.lower).Exponent);
+}
 
 std::string PowerText(int exponent) {
   return exponent == 0 ? "" : "10^" + std::to_string(exponent);
+}
+
+/// The number at a position of a logarithmic axis: "0.02", "5", "10^-4", "2 10^-4".
+std::string LogText(double position) {
+  const int exponent = static_cast<int>(std::floor(position + 1e-9));
+  const std::string mantissa =
+      PlainText(NumberOf(SignificantText(std::pow(10, position - exponent), 3)));
+  if (exponent >= -3 && exponent <= 3)
+    return PlainText(NumberOf(mantissa + "e" + std::to_string(exponent)));
+  return (mantissa == "1" ? "" : mantissa + " ") + PowerText(exponent);
 }
 
 /// The width of a number in Arial without the blank that may stand before it, in heights.
@@ -26,12 +38,19 @@ double WidthOf(const std::string& number) {
 
 }  // namespace
 
-std::string TickText(const Axis& axis, double value) {
-  if (axis.log) return PlainText(std::pow(10, value));
+std::string TickText(const Axis& axis, double position) {
+  if (axis.log) return LogText(position);
+  if (axis.decimals)
+    return FormatNumber(position / std::pow(10, axis.power ? PowerOf(axis) : 0),
+                        DecimalPicture(*axis.decimals));
   if (axis.power)
-    return FormatNumber(value / std::pow(10, PowerOf(axis)),
+    return FormatNumber(position / std::pow(10, PowerOf(axis)),
                         PowerTickPicture(axis.range.lower, axis.range.step));
-  return FormatNumber(value, TickPicture(axis.range.step));
+  return FormatNumber(position, TickPicture(axis.range.step));
+}
+
+Ticks AxisTicks(const Axis& axis, double room) {
+  return axis.log ? LogTicksOf(axis.range, room) : TicksOf(axis.range, room);
 }
 
 Ticks LabelledTicks(const Axis& axis, double length, double height, bool alongText,
@@ -42,11 +61,11 @@ Ticks LabelledTicks(const Axis& axis, double length, double height, bool alongTe
     for (const double end : {axis.range.first, axis.range.upper})
       room = std::max(room, WidthOf(TickText(axis, end)) + Gap);
   if (density == TickDensity::Fewer) room *= FewerRoom;
-  return TicksOf(axis.range, room * height / length);
+  return AxisTicks(axis, room * height / length);
 }
 
 Axis TickedAxis(Axis axis, TickDensity density) {
-  if (density != TickDensity::More) return axis;
+  if (density != TickDensity::More || axis.log || axis.decimals) return axis;
   // Steps are 2, 5 or 10 times a power of ten.
   const double leading = std::fabs(SplitExponent(axis.range.step).Mantissa);
   axis.range.step /= std::lround(leading) == 5 ? 5 : 2;
@@ -61,11 +80,12 @@ std::string AxisTitle(const Axis& axis) {
   return unit.empty() ? axis.label + " " : axis.label + " [" + unit + "]";
 }
 
-std::string AxisReadOut(const Axis& axis, double value) {
+std::string AxisReadOut(const Axis& axis, double position) {
   std::string text = axis.label + " = ";
-  if (!axis.power) return text + FormatNumber(value, "0.000");
+  if (axis.log) return text + SignificantText(std::pow(10, position), 4);
+  if (!axis.power) return text + FormatNumber(position, "0.000");
   const int exponent = PowerOf(axis);
-  text += FormatNumber(value / std::pow(10, exponent), "0.000");
+  text += FormatNumber(position / std::pow(10, exponent), "0.000");
   return exponent == 0 ? text : text + " " + PowerText(exponent);
 }
 

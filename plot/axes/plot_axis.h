@@ -2,34 +2,59 @@
 
 #include <cmath>
 #include <cstdint>
+#include <limits>
+#include <optional>
 #include <string>
 
 #include "plot/axes/axis_scale.h"
+#include "plot/axes/hand_axis.h"
 #include "plot/axes/plot_style.h"
 #include "plot/drawing/drawing.h"
 #include "tensor/projection.h"
 
 namespace velorix {
 
-/// An axis of a plot: its scale and its words.
+/// An axis of a plot: its scale and its words. Positions on it are values of what it shows, on a
+/// logarithmic axis their decimal logarithms.
 struct Axis {
   AxisRange range;
   std::string label, unit;
-  bool log = false;    // the values are logarithms; a tick shows 10 to its value
-  bool power = false;  // ticks show the value divided by the power of ten of the lower end
-  bool grid = false;   // a dotted grey line at each tick
+  bool log = false;       // a tick shows 10 to its position
+  bool power = false;     // ticks show the value divided by a power of ten, that of the lower end
+  bool grid = false;      // a dotted grey line at each tick
+  bool reversed = false;  // the lower end stands at the right or at the top
+  // Of an axis set by hand: the power of ten, and the decimals of the numbers.
+  std::optional<int> tens = {}, decimals = {};
 
   /// Nothing can be placed on it: it has no extent, or one beyond all numbers.
   bool IsEmpty() const {
     return !(range.upper > range.lower) || !std::isfinite(range.upper - range.lower);
   }
-  /// Where a value lies, 0 at the lower end and 1 at the upper one; and the value there.
-  double ShareOf(double value) const { return (value - range.lower) / (range.upper - range.lower); }
-  double ValueAt(double share) const { return range.lower + share * (range.upper - range.lower); }
+  /// Where a value lies; NaN for one that a logarithmic axis does not have.
+  double PositionOf(double value) const {
+    if (!log) return value;
+    return value > 0 ? std::log10(value) : std::numeric_limits<double>::quiet_NaN();
+  }
+  double ValueAt(double position) const { return log ? std::pow(10, position) : position; }
+  bool IsByHand() const { return log || decimals; }
+  /// The share of the axis before a position, 0 at the left or lower side of the plot and 1 at the
+  /// other; and the position there.
+  double ShareOf(double position) const {
+    const double share = (position - range.lower) / (range.upper - range.lower);
+    return reversed ? 1 - share : share;
+  }
+  double PositionAt(double share) const {
+    return range.lower + (reversed ? 1 - share : share) * (range.upper - range.lower);
+  }
 };
 
 /// The number at a tick.
-std::string TickText(const Axis& axis, double value);
+std::string TickText(const Axis& axis, double position);
+
+/// The ticks of an axis whose labels take `room`, a share of its length: `TicksOf`. On a
+/// logarithmic axis the major ones stand at 1 to 9, at 1, 2 and 5 or at 1 times the powers of ten,
+/// or at some of these, as far apart as the step at least.
+Ticks AxisTicks(const Axis& axis, double room);
 
 /// The ticks of an axis of `length` units whose labels of `height` don't run into each other along
 /// the text or across it. Both are those of scale 1, so that each target gets the same ticks. A
@@ -44,7 +69,7 @@ Axis TickedAxis(Axis axis, TickDensity density);
 std::string AxisTitle(const Axis& axis);
 
 /// What the mouse reads off the axis: "Kmean = 1.250 10^-4".
-std::string AxisReadOut(const Axis& axis, double value);
+std::string AxisReadOut(const Axis& axis, double position);
 
 /// Where a plot lies on its target: its frame, in whose unit square (0, 0) is the lower left
 /// corner, and the sizes of letters and symbols. A negative height turns the plot upside down, its
@@ -61,6 +86,7 @@ struct PlotGeometry {
   double numbersLeft = 0.02, numbersBelow = 0.015;
   double scale = 1;
   PlotStyle style = {};
+  const HandAxes* axes = nullptr;  // those set by hand, which outlive the drawing
 
   /// A point of the unit square on the target, and the way back.
   Point At(double u, double v) const;

@@ -137,11 +137,57 @@ Outcome Wrong(int line, const std::string& text) {
   return Outcome::Refused("Figure style", "Line " + std::to_string(line) + ": " + text);
 }
 
+constexpr std::string_view AxisKey = "axis.";
+
+bool IsPlain(char c) {
+  return static_cast<unsigned char>(c) > 0x20 && c != '%' && c != '=' && c != 0x7F;
+}
+
+/// A column's name as a part of a key, and the name of such a part.
+std::string KeyOfName(const std::string& name) {
+  constexpr char Digits[] = "0123456789ABCDEF";
+  std::string key;
+  for (const char c : name) {
+    const auto byte = static_cast<unsigned char>(c);
+    key += IsPlain(c) ? std::string(1, c) : std::string{'%', Digits[byte >> 4], Digits[byte & 15]};
+  }
+  return key;
+}
+std::optional<std::string> NameOfKey(std::string_view key) {
+  std::string name;
+  while (!key.empty()) {
+    unsigned byte = static_cast<unsigned char>(key[0]);
+    std::size_t length = 1;
+    if (key[0] == '%') {
+      length = 3;
+      if (key.size() < length) return std::nullopt;
+      const auto [end, error] = std::from_chars(key.data() + 1, key.data() + length, byte, 16);
+      if (error != std::errc() || end != key.data() + length) return std::nullopt;
+    }
+    name += static_cast<char>(byte);
+    key.remove_prefix(length);
+  }
+  return name;
+}
+
+Outcome TakeAxis(std::string_view key, std::string_view value, int number, FigureStyle& style) {
+  const auto name = NameOfKey(key);
+  if (!name || name->empty()) return Wrong(number, "the name of a column stands behind \"axis.\".");
+  const auto axis = HandAxisOfText(value);
+  if (!axis)
+    return Wrong(number,
+                 "an axis is lower end, upper end and step, each a number or auto, and then log "
+                 "and reversed where it is so; ends and step fit each other.");
+  style.Axes[*name] = *axis;
+  return {};
+}
+
 Outcome TakeLine(std::string_view line, int number, FigureStyle& style) {
   const std::size_t equals = line.find('=');
   if (equals == line.npos) return Wrong(number, "no \"key = value\" stands here.");
   const std::string_view key = Stripped(line.substr(0, equals));
   const std::string_view value = Stripped(line.substr(equals + 1));
+  if (key.starts_with(AxisKey)) return TakeAxis(key.substr(AxisKey.size()), value, number, style);
   for (const StyleKey& row : StyleKeys()) {
     if (key != row.Key) continue;
     if (TakeValueText(style, row, value)) return {};
@@ -220,6 +266,9 @@ std::string StyleText(const FigureStyle& style) {
   std::string text;
   for (const StyleKey& row : StyleKeys())
     text += "# " + std::string(row.Help) + "\n" + row.Key + " = " + ValueText(style, row) + "\n";
+  if (!style.Axes.empty()) text += "# axes by hand: lower end, upper end, step; log, reversed\n";
+  for (const auto& [name, axis] : style.Axes)
+    text += std::string(AxisKey) + KeyOfName(name) + " = " + HandAxisText(axis) + "\n";
   return text;
 }
 

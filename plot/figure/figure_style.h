@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/outcome.h"
+#include "plot/axes/hand_axis.h"
 #include "plot/axes/plot_style.h"
 
 namespace velorix {
@@ -41,6 +42,7 @@ struct FigureStyle {
   CaptionPlace Captions = CaptionPlace::AsNow;
   bool MoreCodes = false;
   bool NameLine = false;  // level, method, number and file in a line below all
+  HandAxes Axes;
 
   bool operator==(const FigureStyle&) const = default;
 };
@@ -90,7 +92,9 @@ std::vector<std::string> WordsOf(const StyleKey& key);
 /// What may stand for a key's value: "a number from 30 to 600".
 std::string ChoicesText(const StyleKey& key);
 
-/// The lines "key = value" of a style file, with a comment above each key.
+/// The lines "key = value" of a style file, with a comment above each key. The axes set by hand
+/// have the keys "axis." and the column's name, in which blanks, "%", "=" and control characters
+/// stand as "%20".
 std::string StyleText(const FigureStyle& style);
 
 /// The style of such lines; keys that are missing have their defaults, and a "#" begins a comment.

@@ -12,20 +12,25 @@ namespace velorix {
 namespace {
 
 struct HistoClass {
+  double left = 0, right = 0;  // positions on the axis
   double lower = 0, upper = 0;
   std::int64_t count = 0;
   std::map<std::uint16_t, std::int64_t> ofGroup;
 };
 
 std::vector<HistoClass> CountClasses(std::span<const double> values,
-                                     std::span<const std::uint16_t> groups,
-                                     const AxisRange& range) {
-  const std::vector<double> edges = ClassEdges(range);
+                                     std::span<const std::uint16_t> groups, const Axis& axis) {
+  const std::vector<double> edges = ClassEdges(axis.range);
   std::vector<HistoClass> classes;
   for (std::size_t i = 1; i < edges.size(); ++i) {
-    const double lower = edges[i - 1], upper = edges[i];
+    const double lower = axis.ValueAt(edges[i - 1]), upper = axis.ValueAt(edges[i]);
     const auto within = [=](double value) { return IsInClass(value, lower, upper); };
-    classes.push_back({lower, upper, std::count_if(values.begin(), values.end(), within), {}});
+    classes.push_back({edges[i - 1],
+                       edges[i],
+                       lower,
+                       upper,
+                       std::count_if(values.begin(), values.end(), within),
+                       {}});
     if (groups.size() != values.size()) continue;
     for (std::size_t v = 0; v < values.size(); ++v)
       if (within(values[v])) ++classes.back().ofGroup[groups[v]];
@@ -58,7 +63,7 @@ std::vector<HistoBar> PaintHistogram(Target& target, const PlotGeometry& plot,
   if (axis.IsEmpty()) return drawn;
   DrawPlotPaper(target, plot);
   DrawPlotTitle(target, plot, title);
-  const std::vector<HistoClass> classes = CountClasses(values, groups, axis.range);
+  const std::vector<HistoClass> classes = CountClasses(values, groups, axis);
   std::int64_t highest = 0;
   for (const HistoClass& c : classes) highest = std::max(highest, c.count);
   Axis counts;
@@ -67,10 +72,12 @@ std::vector<HistoBar> PaintHistogram(Target& target, const PlotGeometry& plot,
 
   DrawXAxis(target, plot, axis, AxisTitle(axis));
   for (const HistoClass& c : classes) {
-    // The class that begins at the upper end lies outside the frame.
-    if (c.count == 0 || c.upper > axis.range.upper + 0.5 * axis.range.step) continue;
-    const Point foot = plot.At(axis.ShareOf(c.lower), 0);
-    const Point top = plot.At(axis.ShareOf(c.upper), counts.ShareOf(static_cast<double>(c.count)));
+    // The class that begins at the upper end lies outside the frame; so does one that an end set by
+    // hand cuts.
+    const double beyond = axis.IsByHand() ? 0.001 : 0.5;
+    if (c.count == 0 || c.right > axis.range.upper + beyond * axis.range.step) continue;
+    const Point foot = plot.At(axis.ShareOf(c.left), 0);
+    const Point top = plot.At(axis.ShareOf(c.right), counts.ShareOf(static_cast<double>(c.count)));
     drawn.push_back({c.lower, c.upper, c.count, foot, top});
     if (c.ofGroup.empty()) {
       DrawRectangle(target, foot.x, foot.y, top.x, top.y, {.colour = frame}, bars);
@@ -102,8 +109,11 @@ std::vector<HistoBar> DrawHisto(Target& target, const PlotGeometry& plot,
   for (const double value : values) extent.Add(value);
   if (extent.IsEmpty()) return {};
   // Before the scale is chosen, so that the classes suit the range; ColumnAxis does it again.
-  extent = ImposeBounds(column, extent);
-  const Axis axis = ColumnAxis(column, extent.lower, extent.upper, settings);
+  const Extent imposed = ImposeBounds(column, extent);
+  extent.lower = imposed.lower;
+  extent.upper = imposed.upper;
+  const Axis axis = ColumnAxis(column, extent, settings, plot.axes);
+  if (axis.log && axis.IsEmpty()) DrawEmptyPlot(target, plot);
   return PaintHistogram(target, plot, values, axis, axis.label, InfoOf(column).colour, Black,
                         groups);
 }

@@ -21,7 +21,9 @@ void DrawZeroLines(Target& target, const PlotGeometry& plot, const Axis& x, cons
     const Point a = plot.At(u1, v1), b = plot.At(u2, v2);
     DrawLine(target, a.x, a.y, b.x, b.y, {.style = style, .colour = look.lineColour});
   };
-  const auto crosses = [](const Axis& axis) { return axis.range.lower * axis.range.upper < 0; };
+  const auto crosses = [](const Axis& axis) {
+    return !axis.log && axis.range.lower * axis.range.upper < 0;
+  };
   if (look.zeroX && crosses(x)) line(x.ShareOf(0), 0, x.ShareOf(0), 1, Solid);
   if (look.zeroY && crosses(y)) line(0, y.ShareOf(0), 1, y.ShareOf(0), Solid);
   if (look.diagonal) line(0, 0, 1, 1, Dashed);
@@ -80,16 +82,21 @@ std::vector<Point> PaintXYPlot(Target& target, const PlotGeometry& plot,
     DrawPlotFrame(target, plot, look.frameColour);
   }
 
-  for (std::size_t i = 0; i < points.size(); ++i)
-    places[i] = plot.At(x.ShareOf(points[i].x), y.ShareOf(points[i].y));
+  const auto position = [&](const XYPoint& point) {
+    return Point{x.PositionOf(point.x), y.PositionOf(point.y)};
+  };
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const Point at = position(points[i]);
+    places[i] = plot.At(x.ShareOf(at.x), y.ShareOf(at.y));
+  }
   target.Layer(look.title + (look.frame ? " symbols" : " selected symbols"));
   if (look.lines) DrawLines(target, plot, places, look.lineColour);
 
   const bool colours = colour && !colour->IsEmpty();
   const Pen pen = {.colour = look.penColour};
   for (std::size_t i = 0; i < points.size(); ++i) {
-    if (!InBox(points[i].x, points[i].y, x.range.lower, y.range.lower, x.range.upper,
-               y.range.upper)) {
+    const Point at = position(points[i]);
+    if (!InBox(at.x, at.y, x.range.lower, y.range.lower, x.range.upper, y.range.upper)) {
       places[i] = {NaN, NaN};
       continue;
     }
@@ -156,19 +163,22 @@ XYPlotData Gather(const Session& session, const XYPlotOptions& options, const Gr
   return data;
 }
 
-XYPlotAxes AxesOf(const XYPlotData& data, const XYPlotOptions& options, const Settings& settings) {
-  const auto axis = [&](Column column, const Extent& values) {
-    return values.IsEmpty() ? Axis() : ColumnAxis(column, values.lower, values.upper, settings);
+XYPlotAxes AxesOf(const XYPlotData& data, const XYPlotOptions& options, const Settings& settings,
+                  const HandAxes* byHand) {
+  const auto axis = [&](Column column, const Extent& values, const HandAxes* hand) {
+    return values.IsEmpty() ? Axis() : ColumnAxis(column, values, settings, hand);
   };
-  XYPlotAxes axes = {axis(options.x, data.x), axis(options.y, data.y), std::nullopt};
-  if (options.coding && !data.z.IsEmpty()) axes.colour = axis(options.colour, data.z);
+  XYPlotAxes axes = {axis(options.x, data.x, byHand), axis(options.y, data.y, byHand),
+                     std::nullopt};
+  if (options.coding && !data.z.IsEmpty()) axes.colour = axis(options.colour, data.z, nullptr);
   return axes;
 }
 
 }  // namespace
 
-XYPlotAxes AxesOfXYPlot(const Session& session, const XYPlotOptions& options) {
-  return AxesOf(Gather(session, options, GroupMarks()), options, session.Settings);
+XYPlotAxes AxesOfXYPlot(const Session& session, const XYPlotOptions& options,
+                        const HandAxes* byHand) {
+  return AxesOf(Gather(session, options, GroupMarks()), options, session.Settings, byHand);
 }
 
 std::optional<DrawnXYPlot> DrawXYPlot(const Session& session, Target& target,
@@ -178,7 +188,9 @@ std::optional<DrawnXYPlot> DrawXYPlot(const Session& session, Target& target,
   const XYPlotData data = Gather(session, options, marks);
   if (data.points[false].empty() && data.points[true].empty()) DrawEmptyPlot(target, plot);
   if (data.x.IsEmpty() || data.y.IsEmpty()) return std::nullopt;
-  const auto& [x, y, colour] = AxesOf(data, options, session.Settings);
+  const auto& [x, y, colour] = AxesOf(data, options, session.Settings, plot.axes);
+  for (const Axis* axis : {&x, &y})
+    if (axis->log && axis->IsEmpty()) return DrawEmptyPlot(target, plot), std::nullopt;
   DrawnXYPlot drawn = {x, y, {}};
   drawn.symbols.resize(static_cast<std::size_t>(session.RecordCount()), {NaN, NaN});
   for (const bool selected : {false, true}) {

@@ -71,7 +71,8 @@ struct XYPlotAxes {
   Axis x, y;
   std::optional<Axis> colour;
 };
-XYPlotAxes AxesOfXYPlot(const Session& session, const XYPlotOptions& options);
+XYPlotAxes AxesOfXYPlot(const Session& session, const XYPlotOptions& options,
+                        const HandAxes* byHand = nullptr);
 
 /// What the legend of the groups below an XY plot looks like.
 LegendLook XYPlotLegend(const XYPlotOptions& options, const GroupMarks& marks);

@@ -46,10 +46,10 @@ TEST_F(Marking, FollowsViewAndFilesAndKeepsTheMarkOfAGroup) {
   EXPECT_EQ(Marked(), "b1:1 b2:1");
   Menu("mnuClose");
   EXPECT_EQ(Marked(), "");
-  const auto drawn = std::ranges::count(Seen.Drawn, PlotKind::Stereonet);
+  const auto drawn = std::count(Seen.Drawn.begin(), Seen.Drawn.end(), PlotKind::Stereonet);
   Show("name:x");
   EXPECT_FALSE(Program.Plots.Marks.AreShown());
-  EXPECT_EQ(std::ranges::count(Seen.Drawn, PlotKind::Stereonet), drawn + 1);
+  EXPECT_EQ(std::count(Seen.Drawn.begin(), Seen.Drawn.end(), PlotKind::Stereonet), drawn + 1);
 }
 
 TEST_F(Marking, NoMeansOfMoreGroupsThanANetHoldsAndSaysSo) {

@@ -84,6 +84,7 @@ struct RecordedViews : Views, WindowOpener {
   void ShowOrientationParameters() override {}
   void ShowFactorChoice() override {}
   void ShowFigureOptions() override {}
+  void ShowAxes() override {}
   void ShowGedEditor() override {}
   void Exit() override {}
   void ShowStatus(const std::string& text) override { Status = text; }

@@ -29,6 +29,7 @@
 #include "platform/qt/statistics/group_statistics_window.h"
 #include "platform/qt/statistics/groups_window.h"
 #include "platform/qt/windows/about_window.h"
+#include "platform/qt/windows/axes_window.h"
 #include "platform/qt/windows/contour_window.h"
 #include "platform/qt/windows/data_table_window.h"
 #include "platform/qt/windows/edit_data_window.h"
@@ -319,6 +320,11 @@ void frmVelorix::ShowFactorChoice() {
 void frmVelorix::ShowFigureOptions() {
   frmFigure figure(*velorix_, this);
   figure.exec();
+}
+
+void frmVelorix::ShowAxes() {
+  frmAxes axes(*velorix_, this);
+  axes.exec();
 }
 
 void frmVelorix::ShowGedEditor() {

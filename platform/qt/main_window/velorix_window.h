@@ -60,6 +60,7 @@ class frmVelorix : public QMainWindow, public Views, public WindowOpener {
   void ShowOrientationParameters() override;
   void ShowFactorChoice() override;
   void ShowFigureOptions() override;
+  void ShowAxes() override;
   void ShowGedEditor() override;
   void Exit() override;
 

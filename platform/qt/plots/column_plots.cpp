@@ -53,6 +53,12 @@ void AddLabelled(PlotPanel& panel, const char* text, QWidget* control) {
   panel.Options->addLayout(row);
 }
 
+PlotGeometry ScreenPlot(const PlotChoices& plots) {
+  PlotGeometry place;
+  place.axes = &plots.Axes;
+  return place;
+}
+
 PlotPanel* MakePanel(const PlotNames& names, Velorix& velorix, QWidget* parent) {
   auto* panel = new PlotPanel(names, velorix.Host.AppFolder, parent);
   panel->Picture->setMinimumSize(80, 60);
@@ -103,9 +109,9 @@ ColumnPlots::Shown ColumnPlots::MakeHisto(QWidget* parent) {
     const PlotChoices& plots = velorix_.Plots;
     velorix_.Drawn.Histogram.clear();  // nothing for the mouse when drawing fails
     velorix_.Drawn.Histogram =
-        DrawHisto(target, PlotGeometry(), DataTableValues(plots.HistoParameter, velorix_.Session),
-                  plots.HistoParameter, velorix_.Session.Settings,
-                  ShownGroups(velorix_.Session, plots.Marks));
+        DrawHisto(target, ScreenPlot(plots),
+                  DataTableValues(plots.HistoParameter, velorix_.Session), plots.HistoParameter,
+                  velorix_.Session.Settings, ShownGroups(velorix_.Session, plots.Marks));
     DrawLegendBelow(target, HistoPlane, plots.Marks, HistoLegend);
   });
   AttachMouse(*panel->Picture,
@@ -161,7 +167,7 @@ ColumnPlots::Shown ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
     const XYPlotOptions shown = velorix_.Plots.Shown(plot);
     const GroupMarks& marks = velorix_.Plots.Marks;
     velorix_.Drawn.XYPlot[plot] =
-        DrawXYPlot(velorix_.Session, target, PlotGeometry(), shown, marks);
+        DrawXYPlot(velorix_.Session, target, ScreenPlot(velorix_.Plots), shown, marks);
     DrawLegendBelow(target, XYPlotPlane(shown), marks, XYPlotLegend(shown, marks));
   });
   AttachPlotMouse(

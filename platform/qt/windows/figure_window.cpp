@@ -34,17 +34,12 @@ QString CaptionOf(const std::string& word) {
   return caption;
 }
 
-std::string KeptStyle(const Velorix& velorix) { return KeptStyleFile(velorix.Host.AppFolder); }
-
 }  // namespace
 
 frmFigure::frmFigure(Velorix& velorix, QWidget* owner) : QDialog(owner), velorix_(velorix) {
   setObjectName("frmFigure");
   setWindowTitle("Figure Options");
-  if (FileExists(KeptStyle(velorix)))
-    if (const Outcome read = ReadStyleFile(KeptStyle(velorix), style_); !read)
-      ReportRefusal(velorix.Views, velorix.Log, read.Title + "\n" + read.Text);
-  kept_ = style_;
+  style_ = kept_ = KeptStyle(velorix);
 
   auto* controls = new QWidget(this);
   auto* form = new QFormLayout(controls);
@@ -99,11 +94,8 @@ frmFigure::frmFigure(Velorix& velorix, QWidget* owner) : QDialog(owner), velorix
 
 frmFigure::~frmFigure() {
   if (style_ == kept_) return;
-  try {
-    WriteStyleFile(KeptStyle(velorix_), style_);
-  } catch (const FileFault& fault) {
-    velorix_.Log.DebugPrint(std::string("Error: the figure's style was not kept: ") + fault.what());
-  }
+  KeepStyle(velorix_, style_);
+  SetAxes(velorix_, style_.Axes);
 }
 
 void frmFigure::AddControl(QFormLayout& form, const StyleKey& key) {
