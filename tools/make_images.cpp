@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QTableWidget>
@@ -24,9 +25,9 @@ using namespace velorix;
 namespace {
 
 /// A picture: the file opened ("" for none), what is done then, and what is grabbed. A step is a
-/// command's name, "+box" or "-box" for a check box or an option, "list=index", "row*number" for a
-/// click there, "group*number" to add a row to those selected there, "file:name" for the answer to
-/// the next file dialog, "!button" to press one,
+/// command's name, "+box" or "-box" for a check box or an option, "list=index", "field=text",
+/// "row*number" for a click there, "group*number" to add a row to those selected there, "file:name"
+/// for the answer to the next file dialog, "!button" to press one,
 /// "!window/item" for a menu of a window of its own. The steps behind "?command" are done in the
 /// modal window that this command opens.
 struct Image {
@@ -58,6 +59,7 @@ const Image Images[] = {
     {"contour-window", "granite.ams", {1280, 800}, {"mnuAnalysis(3)", "!optDisplay(3)", "!cmdCount"}, "frmContour"},
     {"plane-from-lineations", "granite.ams", {1280, 800}, {"mnuFoliLine"}, "frmFoliLine"},
     {"orientation-parameters", "granite.ams", {1280, 800}, {"?mnuOPAR"}, "frmOPAR"},
+    {"axes", "granite.ams", {760, 260}, {"?mnuAxes", "txtLower(1)=1e-6", "txtUpper(1)=1e-2", "+chkLog(1)", "txtStep(2)=0.005"}, "frmAxes"},
     {"figure-options", "granite.ams", {1280, 800}, {"?mnuFigure", "style-width=0", "style-layout=1", "style-captions=1", "style-colours=2", "+style-panel-letters", "+style-halo"}, "frmFigure"},
     {"factor-choice", "granite.ams", {1280, 800}, {"?mnuAnisoFac"}, "frmAnisoFac"},
     {"edit-orientations", "granite_unoriented.ams", {1280, 800}, {"file:granite.ged", "?mnuEdit(1)", "!cmdOpenGED", "!cmdGEDASSign"}, "frmEditData"},
@@ -95,6 +97,8 @@ void Do(TestWindow& window, QWidget& root, const QString& step) {
     auto& table = Find<QTableWidget>(root, "grdGroups");
     table.selectionModel()->select(table.model()->index(step.mid(6).toInt() - 1, 0),
                                    QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  } else if (step.startsWith("txt")) {
+    Find<QLineEdit>(root, step.section('=', 0, 0)).setText(step.section('=', 1));
   } else if (step.contains('=')) {
     auto& list = Find<QComboBox>(root, step.section('=', 0, 0));
     list.setCurrentIndex(step.section('=', 1).toInt());

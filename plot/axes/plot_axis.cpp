@@ -19,13 +19,14 @@ std::string PowerText(int exponent) {
   return exponent == 0 ? "" : "10^" + std::to_string(exponent);
 }
 
-/// The number at a position of a logarithmic axis: "0.02", "5", "10^-4", "2 10^-4".
-std::string LogText(double position) {
+/// The number at a position of a logarithmic axis: "0.02", "5"; far from 1 "10^-4", "2 10^-4".
+std::string LogText(const AxisRange& range, double position) {
   const int exponent = static_cast<int>(std::floor(position + 1e-9));
   const std::string mantissa =
       PlainText(NumberOf(SignificantText(std::pow(10, position - exponent), 3)));
-  if (exponent >= -3 && exponent <= 3)
+  if (range.lower >= -3 && range.upper <= 4)
     return PlainText(NumberOf(mantissa + "e" + std::to_string(exponent)));
+  if (exponent == 0) return mantissa;
   return (mantissa == "1" ? "" : mantissa + " ") + PowerText(exponent);
 }
 
@@ -39,7 +40,7 @@ double WidthOf(const std::string& number) {
 }  // namespace
 
 std::string TickText(const Axis& axis, double position) {
-  if (axis.log) return LogText(position);
+  if (axis.log) return LogText(axis.range, position);
   if (axis.decimals)
     return FormatNumber(position / std::pow(10, axis.power ? PowerOf(axis) : 0),
                         DecimalPicture(*axis.decimals));

@@ -22,7 +22,8 @@ TEST(FigureStyle, AStyleFileHoldsTheStyle) {
                 "panel-letters = yes\nresolution = 600\nfont = Liberation Sans\n"
                 "font-size = 7.5\nline-width = 0.25\nsymbol-size = 1.5\ncolours = own\n"
                 "kmax-colour = #102030\nhalo = yes\nticks = fewer\nsuperscripts = yes\n"
-                "captions = outside\nmore-codes = yes\nname-line = yes",
+                "captions = outside\nmore-codes = yes\nname-line = yes\n"
+                "axis.Kmean = 1e-6 auto auto log\naxis.my%20%3D = auto 2 auto reversed",
                 style));
   EXPECT_EQ(style.Layout, FigureLayout::Fill);
   EXPECT_EQ(style.Width, 85);
@@ -37,6 +38,8 @@ TEST(FigureStyle, AStyleFileHoldsTheStyle) {
   EXPECT_EQ(style.Captions, CaptionPlace::Outside);
   EXPECT_TRUE(style.PanelLetters && style.Halo && style.Superscripts && style.MoreCodes &&
               style.NameLine);
+  EXPECT_EQ(style.Axes, (HandAxes{{"Kmean", *HandAxisOfText("1e-6 auto auto log")},
+                                  {"my =", *HandAxisOfText("auto 2 auto reversed")}}));
   FigureStyle again;
   ASSERT_TRUE(ReadStyle(StyleText(style), again));
   EXPECT_EQ(again, style);
@@ -58,6 +61,11 @@ TEST(FigureStyle, AWrongLineIsRefusedAndTheStyleStays) {
       {"halo = 1", "Line 1: halo is yes or no."},
       {"font =", "Line 1: font is a name of 1 to 64 letters."},
       {"margin = 3", "Line 1: there is no key \"margin\"."},
+      {"axis.P = 2 1 auto",
+       "Line 1: an axis is lower end, upper end and step, each a number or auto, and then log and "
+       "reversed where it is so; ends and step fit each other."},
+      {"axis. = 1 2 auto", "Line 1: the name of a column stands behind \"axis.\"."},
+      {"axis.%2 = 1 2 auto", "Line 1: the name of a column stands behind \"axis.\"."},
       {"width = 85\nhalo", "Line 2: no \"key = value\" stands here."},
   };
   for (const auto& [text, complaint] : cases) {

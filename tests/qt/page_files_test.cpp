@@ -89,6 +89,41 @@ class PageFilesTest : public WindowTest {
     });
   }
 
+  void axesAreSetByHandAndKeptByColumn() {
+    W().Program.Plots.XYPlot[1] = {.x = Column::Km, .y = Column::Fac2};
+    W().Program.Plots.XYPlot[2] = {.x = Column::Fac2, .y = Column::Fac5};
+    W().Program.Plots.HistoParameter = Column::Km;
+    const auto write = [this](const char* field, const char* text) {
+      The<QLineEdit>(field).setText(text);
+      return Look("lblFault cmdOK");
+    };
+    ShowDialog("mnuAxes", [&] {
+      QVERIFY(!form_->findChild<QLineEdit*>("txtLower(4)"));  // a row for each column
+      QCOMPARE(write("txtLower(1)", "1E-6"), QString("|OK"));
+      QCOMPARE(write("txtUpper(1)", "1e-7"),
+               QString("Kmean: The lower end is below the upper one.|(OK)"));
+      QCOMPARE(write("txtUpper(1)", "1e-2x"), QString("Kmean: \"1e-2x\" is no number.|(OK)"));
+      write("txtUpper(1)", "1e-2");
+      Press("chkLog(1)");
+      QCOMPARE(write("txtStep(2)", "0,05"), QString("|OK"));
+      Press("cmdOK");
+    });
+    const HandAxes axes = {{"Kmean", *HandAxisOfText("1e-6 1e-2 auto log")},
+                           {"P", *HandAxisOfText("auto auto 0.05")}};
+    QVERIFY(W().Program.Plots.Axes == axes);
+    const auto& drawn = W().Program.XYDrawn[1];
+    QVERIFY(drawn && drawn->x.log && drawn->x.range.lower == -6 && drawn->y.range.step == 0.05);
+    W().Program.Plots.Axes.clear();
+    LoadAxes(W().Program);  // as the next start does
+    QVERIFY(W().Program.Plots.Axes == axes);
+    W().Program.Plots.HistoParameter = Column::F;
+    ShowDialog("mnuAxes", [&] {
+      Press("cmdAutomatic");
+      Press("cmdOK");
+    });
+    QVERIFY(W().Program.Plots.Axes.empty());
+  }
+
   void everyTypeShowsTheSamePicture() {
     int filter = 0;
     for (const char* name :

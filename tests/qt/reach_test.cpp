@@ -253,7 +253,8 @@ class ReachTest : public WindowTest {
             std::pair{"cmdUntilt", "frmUntilting"}, std::pair{"mnuGedEditor", "frmGEDEditor"},
             std::pair{"mnuManual", "frmManual"}, std::pair{"mnuEdit(1)", "frmEditData"},
             std::pair{"mnuOPAR", "frmOPAR"}, std::pair{"mnuAnisoFac", "frmAnisoFac"},
-            std::pair{"mnuFigure", "frmFigure"}, std::pair{"mnuAbout", "frmAbout"}})
+            std::pair{"mnuFigure", "frmFigure"}, std::pair{"mnuAxes", "frmAxes"},
+            std::pair{"mnuAbout", "frmAbout"}})
         QTest::addRow("%s%s", name, large ? ", large and dark" : "") << command << name << large;
   }
   void everyWindowIsUsedWithoutAMouseAndReadWhole() {

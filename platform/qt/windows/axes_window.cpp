@@ -69,7 +69,7 @@ frmAxes::frmAxes(Velorix& velorix, QWidget* owner) : QDialog(owner), velorix_(ve
   auto* automatic = buttons->addButton("&Automatic", QDialogButtonBox::ResetRole);
   automatic->setObjectName("cmdAutomatic");
   automatic->setToolTip("Every axis here as the program chooses it");
-  buttons->addButton("&Cancel", QDialogButtonBox::RejectRole)->setObjectName("cmdCancel");
+  buttons->addButton("&Cancel", QDialogButtonBox::RejectRole);
   connect(automatic, &QPushButton::clicked, this, [this] { ShowAutomatic(); });
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   connect(buttons, &QDialogButtonBox::accepted, this, [this] {
