@@ -111,7 +111,7 @@ class PageFilesTest : public WindowTest {
     const HandAxes axes = {{"Kmean", *HandAxisOfText("1e-6 1e-2 auto log")},
                            {"P", *HandAxisOfText("auto auto 0.05")}};
     QVERIFY(W().Program.Plots.Axes == axes);
-    const auto& drawn = W().Program.XYDrawn[1];
+    const auto& drawn = W().Program.Drawn.XYPlot[1];
     QVERIFY(drawn && drawn->x.log && drawn->x.range.lower == -6 && drawn->y.range.step == 0.05);
     W().Program.Plots.Axes.clear();
     LoadAxes(W().Program);  // as the next start does
