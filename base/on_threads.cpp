@@ -8,7 +8,7 @@
 namespace velorix {
 namespace {
 
-/// Joins the threads; tells them to stop when the caller's share ends by an exception.
+/// Joins the threads, which have to stop when the caller's share ends by an exception.
 struct Joiner {
   std::vector<std::thread>& Threads;
   std::atomic<bool>& Stopped;

@@ -64,7 +64,7 @@ LogicalPoint PlainPoint(const ConfidenceEllipse& e, int degrees) {
           std::sin(a) * std::sin(rad(e.E2)) * std::cos(r);
   Mvmpy(e.vectors, v, w);
   const DirectionAndLength d = VectorToDirection(w);
-  const Point unit = ProjectDirection(EqualArea, LowerHemisphere({d.Dec, d.Inc}));
+  const Point unit = ProjectDirection(Projection::EqualArea, LowerHemisphere({d.Dec, d.Inc}));
   const Point p = OnNet(Screen, unit.x, unit.y);
   return {ToLong(p.x), ToLong(p.y)};
 }
@@ -77,7 +77,7 @@ void PointsOfEllipses(benchmark::State& state) {
         [&] {
           NullTarget target;
           for (const ConfidenceEllipse& e : ellipses)
-            DrawConfidenceEllipse(target, Screen, EqualArea, false, e, {});
+            DrawConfidenceEllipse(target, Screen, Projection::EqualArea, false, e, {});
           benchmark::DoNotOptimize(target.points);
         },
         [&] {

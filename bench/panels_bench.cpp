@@ -64,8 +64,8 @@ void PanelsOfGroups(benchmark::State& state) {
           MetafileTarget target(Page);
           for (const SpecimenRecord& record : session.Records)
             for (int k = 1; k <= 3; ++k)
-              DrawNetSymbol(target, {100, 100, 94}, EqualArea, {record.Dec[k], record.Inc[k]},
-                            Axes[k].symbol, 4, Axes[k].colour, {});
+              DrawNetSymbol(target, {100, 100, 94}, Projection::EqualArea,
+                            {record.Dec[k], record.Inc[k]}, Axes[k].symbol, 4, Axes[k].colour, {});
           benchmark::DoNotOptimize(target.Bits());
         });
     state.counters["groups"] = static_cast<double>(groups.size());

@@ -88,8 +88,9 @@ void Renumber(RecordArray& records);
 void ReplaceStore(Session& session, RecordArray& records);
 
 /// Whether a view shows the record: in use, rotated to the system in view and, for the out-of-phase
-/// block, in possession of one. Grids, plots and the group's mean tensor go by this test. The
-/// group's averages, the contours and a box drawn on a plot don't ask for the out-of-phase block.
+/// block, with one. Grids, plots and the group's mean tensor go by this test. Kept for agreement
+/// with published results: the group's averages, the contours and a box drawn on a plot don't ask
+/// for the out-of-phase block.
 bool IsShown(const SpecimenRecord& record, CoordinateSystem coorSys, TensorBlock reImMode);
 
 /// Calls `visit(record)` for each record that a view shows, in store order.

@@ -22,8 +22,8 @@ Guarded SumOfSquares(Guarded x, Guarded y, Guarded z, Guarded mean) {
 
 using Input = const FactorInput&;
 
-/// Twice the scatter of the logarithms. Kept for agreement with published results: less a
-/// trifle, so that the root of an isotropic specimen, its factors 2 and 3, can't be computed.
+/// Twice the scatter of the logarithms. Kept for agreement with published results: 1e-20 is
+/// subtracted, so that the root of an isotropic specimen, its factors 2 and 3, can't be computed.
 Guarded TwiceLogScatter(Input f) { return 2 * (SumOfSquares(f.n1, f.n2, f.n3, f.n) - 1e-20); }
 
 struct Factor {

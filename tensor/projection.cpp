@@ -16,13 +16,13 @@ double MapAxis(double u, double u1, double x1, double u2, double x2) {
 }  // namespace
 
 Point ProjectDirection(Projection projection, const Direction& d) {
-  if (projection == Plain) return {d.Dec / 90, d.Inc / 90};
+  if (projection == Projection::Plain) return {d.Dec / 90, d.Inc / 90};
   double r = 0;
   switch (projection) {
-    case EqualAngle:
+    case Projection::EqualAngle:
       r = std::tan((90 - std::fabs(d.Inc)) / 2 / DegPerRad);
       break;
-    case EqualArea:
+    case Projection::EqualArea:
       r = std::sqrt(1 - std::sin(Pi32 * std::fabs(d.Inc) / 180));
       break;
     default:

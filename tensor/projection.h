@@ -6,7 +6,7 @@ namespace velorix {
 
 /// How directions go to the unit net: centre (0, 0), primitive circle of radius 1, y to declination
 /// 0.
-enum Projection { Plain = 0, EqualAngle = 1, EqualArea = 2 };
+enum class Projection { Plain, EqualAngle, EqualArea };
 
 struct Point {
   double x = 0, y = 0;

@@ -193,7 +193,7 @@ constexpr Menu MenuTable[] = {
     {"mnuHelp",       "A&bout"},
 };
 
-// Key spellings in the tips ("Crtl") are the program's own. Selection item 4 is a separator.
+// Kept for agreement with published results: the tips spell the key "Crtl". Selection item 4 is a separator.
 constexpr Command CommandTable[] = {
     // name, menu, caption, key, button, tip, icon, look, hidden, run, checked, separator before
     {"mnuNew", "mnuFile", "New", "", 0, "", "", Action, false, OpenFiles<FileAction::New>, nullptr, false},

@@ -45,14 +45,10 @@ void RefreshViews(Velorix& velorix) {
 }
 
 void AnisoView_DisplayAllPlots(Velorix& velorix) {
-  velorix.Views.RedrawStereo();
-  velorix.Views.RedrawHisto();
-  // Kept for agreement with published results: both plots take the switch of the first one. The
+  // Kept for agreement with published results: both XY plots take the switch of the first one. The
   // second has its own only from a change of one of its controls to the next display.
-  for (const int plot : {1, 2}) {
-    velorix.Plots.XYLines[plot] = velorix.Plots.XYPlot[1].lines;
-    velorix.Views.RedrawXYPlot(plot);
-  }
+  for (bool& lines : velorix.Plots.XYLines) lines = velorix.Plots.XYPlot[1].lines;
+  for (const PlotKind plot : AllPlots) velorix.Views.Redraw(plot);
 }
 
 void DisplayFormCaption(Velorix& velorix) {

@@ -99,8 +99,8 @@ void SetAxes(Velorix& velorix, HandAxes axes) {
   FigureStyle style = KeptStyle(velorix);
   velorix.Plots.Axes = style.Axes = std::move(axes);
   KeepStyle(velorix, style);
-  velorix.Views.RedrawHisto();
-  for (const int plot : {1, 2}) velorix.Views.RedrawXYPlot(plot);
+  for (const PlotKind plot : AllPlots)
+    if (plot != PlotKind::Stereonet) velorix.Views.Redraw(plot);
 }
 
 void CopyGraphics(Velorix& velorix) {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
+#include "app/display/plot_mouse.h"
 #include "app/state/code_lists.h"
 #include "app/state/contour_session.h"
 #include "app/state/debug_log.h"
@@ -13,10 +13,6 @@
 #include "app/state/host.h"
 #include "app/state/plot_choices.h"
 #include "app/state/views.h"
-#include "plot/axes/columns.h"
-#include "plot/net/stereo.h"
-#include "plot/plots/histogram.h"
-#include "plot/plots/xy_plot.h"
 #include "stats/group/group_statistics.h"
 #include "store/session.h"
 
@@ -35,8 +31,7 @@ struct Velorix {
   velorix::History History = {};
   CodeLists Lists = {};
   PlotChoices Plots = {};
-  Array1<std::optional<DrawnXYPlot>, 2> XYDrawn = {};  // the plots on the screen
-  std::vector<HistoBar> HistoDrawn = {};
+  DrawnPlots Drawn = {};
   OpenWindows Windows = {};
   velorix::GroupStats GroupStats = {};
   GroupSubject GroupOf = {};  // what they were computed of

@@ -2,7 +2,6 @@
 
 #include "app/commands/display.h"
 #include "app/display/group_marks.h"
-#include "app/display/view_lists.h"
 #include "app/display/view_values.h"
 
 namespace velorix {
@@ -21,23 +20,23 @@ void RotateByCodesInUse(Velorix& velorix) {
 
 void RedrawCodesShown(Velorix& velorix) {
   TakeCodesShown(velorix.Lists, velorix.Plots.Stereo);
-  velorix.Views.RedrawStereo();
+  velorix.Views.Redraw(PlotKind::Stereonet);
 }
 
 }  // namespace
 
-void ChooseCoorSys(Velorix& velorix, int index) {
-  velorix.Session.CoorSys = SystemAt(index);
+void ChooseCoorSys(Velorix& velorix, CoordinateSystem system) {
+  velorix.Session.CoorSys = system;
   RotateAndRefresh(velorix);
 }
 
-void ChooseTectoPlane(Velorix& velorix, int index) {
-  velorix.Session.TectoPlane = PlaneAt(index);
+void ChooseTectoPlane(Velorix& velorix, PaleoPlane plane) {
+  velorix.Session.TectoPlane = plane;
   RotateAndRefresh(velorix);
 }
 
-void ChooseTectoAxis(Velorix& velorix, int index) {
-  SetTectoAxis(velorix.Session, index);
+void ChooseTectoAxis(Velorix& velorix, TectoAxis axis) {
+  SetTectoAxis(velorix.Session, axis);
   RotateAndRefresh(velorix);
 }
 
@@ -61,27 +60,21 @@ void ShowLineation(Velorix& velorix, int index, bool shown) {
   RedrawCodesShown(velorix);
 }
 
-void ChangeXYPlot(Velorix& velorix, int plot, const XYPlotOptions& options) {
-  velorix.Plots.XYPlot[plot] = options;
-  velorix.Plots.XYLines[plot] = options.lines;
-  velorix.Views.RedrawXYPlot(plot);
+void ChangePlot(Velorix& velorix, PlotKind plot, const std::function<void(PlotChoices&)>& change) {
+  change(velorix.Plots);
+  velorix.Views.Redraw(plot);
 }
 
 void ChooseLevel(Velorix& velorix, ErrorLevel level) {
   velorix.Plots.Stereo.level = level;
   velorix.Views.RefreshGroupStatistics();
-  velorix.Views.RedrawStereo();
+  velorix.Views.Redraw(PlotKind::Stereonet);
 }
 
 void ChooseBootstrap(Velorix& velorix, const BootChoice& choice) {
   if (choice == velorix.Bootstrap) return;
   velorix.Bootstrap = choice;
   DisplayData(velorix, false);
-}
-
-void ChooseHisto(Velorix& velorix, Column column) {
-  velorix.Plots.HistoParameter = column;
-  velorix.Views.RedrawHisto();
 }
 
 void ChooseFirstPlots(Velorix& velorix) {
@@ -104,9 +97,7 @@ void ChooseGroups(Velorix& velorix, const GroupChoices& choices) {
   velorix.Plots.Groups = choices;
   MarkGroups(velorix.Session, velorix.GaussTable, velorix.Plots);
   if (!wereShown && !velorix.Plots.Marks.AreShown()) return;
-  velorix.Views.RedrawStereo();
-  velorix.Views.RedrawHisto();
-  for (const int plot : {1, 2}) velorix.Views.RedrawXYPlot(plot);
+  for (const PlotKind plot : AllPlots) velorix.Views.Redraw(plot);
 }
 
 void SelectRecords(Velorix& velorix, const std::vector<int>& ids) {

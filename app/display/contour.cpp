@@ -113,7 +113,7 @@ bool CountContour(ContourSession& contour, const Session& session, Dialogs& dial
   return true;
 }
 
-void DrawContourPicture(ContourSession& contour, Target& target) {
+void DrawContourPicture(const ContourSession& contour, Target& target) {
   target.Describe("Density of directions", ContourCaption(contour));
   DrawContour(target, contour.Grid, contour.InView.Data, contour.Count, contour.InView.CoorSys,
               contour.Options);

@@ -33,7 +33,7 @@ bool CountContour(ContourSession& contour, const Session& session, Dialogs& dial
                   const CountProgress& progress);
 
 /// Draws the picture as its controls say.
-void DrawContourPicture(ContourSession& contour, Target& target);
+void DrawContourPicture(const ContourSession& contour, Target& target);
 
 /// `cmdGrevaExport`: writes "declination/inclination" of Kmax, whole degrees, a line for each
 /// record in use at the coordinate level in view, to "examples/grevadata.txt" in the program's

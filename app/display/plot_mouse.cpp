@@ -55,7 +55,8 @@ std::optional<std::vector<int>> InStereo(const Session& session, const StereoOpt
   return RecordsWhere(session, [&](const SpecimenRecord& record) {
     for (int axis = 1; axis <= 3; ++axis) {
       if (!options.showAxis[axis] || !IsTested(axis, keys)) continue;
-      const Point unit = ProjectDirection(EqualArea, {record.Dec[axis], record.Inc[axis]});
+      const Point unit =
+          ProjectDirection(Projection::EqualArea, {record.Dec[axis], record.Inc[axis]});
       if (holds(OnNet(ScreenNet, unit.x, unit.y))) return true;
     }
     return false;

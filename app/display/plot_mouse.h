@@ -15,6 +15,12 @@ namespace velorix {
 
 // The mouse on the plots. Places are in the units of the picture's plane.
 
+/// What was drawn on the screen, as the mouse needs it.
+struct DrawnPlots {
+  Array1<std::optional<DrawnXYPlot>, 2> XYPlot;
+  std::vector<HistoBar> Histogram;
+};
+
 /// A box by two opposite corners in any order.
 struct MouseBox {
   float x1 = 0, y1 = 0, x2 = 0, y2 = 0;

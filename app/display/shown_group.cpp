@@ -17,12 +17,12 @@ std::string OpenFileNames(const Session& session) {
 /// What the rotation to the view's system goes by: "foliation S horizontal, lineation L north". The
 /// lower two systems ask for no code.
 std::string TurnedBy(const Session& session) {
-  if (session.CoorSys != Paleogeographic && session.CoorSys != Tectonic) return {};
+  if (session.CoorSys < Paleogeographic) return {};
   std::string text = "foliation " + session.FoliCode + " " +
                      LowerCase(TectoPlaneNames[IndexOf(session.TectoPlane)]) + ", lineation " +
                      session.LineCode;
-  if (session.CoorSys == Paleogeographic) return text;
-  return text + " " + LowerCase(TectoAxisNames[TectoAxisIndex(session)]);
+  if (session.CoorSys < Tectonic) return text;
+  return text + " " + LowerCase(TectoAxisNames[IndexOf(TectoAxisOf(session))]);
 }
 
 /// "geographic, N = 21".

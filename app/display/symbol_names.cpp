@@ -47,7 +47,7 @@ class NetHits {
   bool Hit(const Direction& d, double sizeFactor) const {
     const double inc = std::fabs(d.Inc);
     if (!(inc >= flattest_ && inc <= steepest_) || !std::isfinite(d.Dec)) return false;
-    const Point unit = ProjectDirection(EqualArea, d);
+    const Point unit = ProjectDirection(Projection::EqualArea, d);
     return PointDistance(OnNet(ScreenNet, unit.x, unit.y), mouse_) <= HalfSize(sizeFactor);
   }
 

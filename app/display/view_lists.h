@@ -12,14 +12,20 @@ inline constexpr const char* Plot1Names[] = {"Km-P",     "Km-Pj",   "Km-T", "Km-
                                              "LogKm-Pj", "LogKm-T", "H-Km", "H-P",  "H-T"};
 inline constexpr const char* Plot2Names[] = {"P-T", "Pj-T", "F-L", "P-U", "Pj-U", "lnF-lnL"};
 
-/// Position of the session's pair of tectonic flags in `TectoAxisNames`, from 0.
-inline int TectoAxisIndex(const Session& session) {
-  return (session.TectoEastWest ? 2 : 0) + (session.TectoNorthSouth ? 1 : 0);
+/// Where the lineation goes in the tectonic system, in the order of `TectoAxisNames`: what the
+/// session's pair of flags says.
+enum class TectoAxis { North, NorthSouth, East, EastWest };
+inline TectoAxis TectoAxisOf(const Session& session) {
+  if (session.TectoEastWest) return session.TectoNorthSouth ? TectoAxis::EastWest : TectoAxis::East;
+  return session.TectoNorthSouth ? TectoAxis::NorthSouth : TectoAxis::North;
 }
 /// Sets the pair of flags.
-inline void SetTectoAxis(Session& session, int index) {
-  session.TectoNorthSouth = index % 2 == 1;
-  session.TectoEastWest = index >= 2;
+inline void SetTectoAxis(Session& session, TectoAxis axis) {
+  session.TectoNorthSouth = axis == TectoAxis::NorthSouth || axis == TectoAxis::EastWest;
+  session.TectoEastWest = axis == TectoAxis::East || axis == TectoAxis::EastWest;
 }
+/// The axis at a position of its list, from 0, and the way back.
+inline TectoAxis TectoAxisAt(int index) { return static_cast<TectoAxis>(index); }
+inline int IndexOf(TectoAxis axis) { return static_cast<int>(axis); }
 
 }  // namespace velorix

@@ -234,7 +234,7 @@ bool SaveGedFile(Session& session, Dialogs& dialogs, const GedSheet& sheet) {
   const auto accepts = [&](const FileAnswer& answer) {
     const std::string& path = answer.Filename;
     if (!FileExists(path)) return true;
-    if (!AskYesNo(dialogs, UpperCase(SaveTitle), "Overwrite existing file?")) return false;
+    if (!dialogs.AskYesNo(UpperCase(SaveTitle), "Overwrite existing file?")) return false;
     const LossAnswer loss = AskAboutLosses(dialogs, SaveTitle, path,
                                            FindGedLosses(session, path, records, sheet.OfSeveral));
     cancelled = loss == LossAnswer::Cancel;

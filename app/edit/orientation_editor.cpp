@@ -105,8 +105,7 @@ void OpenGed(OrientationEditor& editor, Session& session, History& history, Code
   FileQuestion question = DataFileQuestion(session, action);
   question.Filter = GedFilter() + OpenFilters();
   const auto takesMissing = [&](const std::string& name) {
-    return AskYesNo(dialogs, question.Title,
-                    name + "\nThis file does not exist.\nCreate new file?");
+    return dialogs.AskYesNo(question.Title, name + "\nThis file does not exist.\nCreate new file?");
   };
   const auto chosen = AskForDataFiles(dialogs, action, question, takesMissing);
   if (!chosen) return;
@@ -155,7 +154,8 @@ bool SaveGrid(OrientationEditor& editor, Session& session, History& history, Cod
   LossAnswer answer = LossAnswer::Cancel;
   try {
     answer = kind ? AskBeforeWriting(session, dialogs, *kind) : LossAnswer::Save;
-    if (answer == LossAnswer::Copy && !SaveCopy(session, dialogs, views)) answer = LossAnswer::Cancel;
+    if (answer == LossAnswer::Copy && !SaveCopy(session, dialogs, views))
+      answer = LossAnswer::Cancel;
   } catch (...) {
     former.Exchange(session);
     throw;

@@ -67,10 +67,6 @@ std::string FilterText(const std::string& caption, const std::string& extension)
   return caption + " (" + pattern + ")|" + pattern + "|";
 }
 
-bool AskYesNo(Dialogs& dialogs, const std::string& title, const std::string& text) {
-  return dialogs.Ask(title, text, {"&Yes", "&No"}, 1) == 0;
-}
-
 std::optional<FileAnswer> AskForFile(Dialogs& dialogs, FileAction action, FileQuestion question,
                                      const std::function<bool(const FileAnswer&)>& accepts) {
   for (;;) {
@@ -101,8 +97,8 @@ std::optional<ChosenFiles> AskForDataFiles(
     chosen.Exists = FileExists(chosen.List.FirstPath());
     if (!chosen.Exists) return takesMissing(name);
     return action == FileAction::Open ||
-           AskYesNo(dialogs, question.Title,
-                    name + "\nThis file already exists.\nAppend to existing file?");
+           dialogs.AskYesNo(question.Title,
+                            name + "\nThis file already exists.\nAppend to existing file?");
   };
   if (!AskForFile(dialogs, action, question, accepts)) return std::nullopt;
   return chosen;
@@ -119,7 +115,7 @@ FileQuestion SaveQuestion(const Session& session, const char* title) {
 std::optional<FileAnswer> AskWhereToSave(Dialogs& dialogs, const FileQuestion& question) {
   return AskForFile(dialogs, FileAction::Save, question, [&](const FileAnswer& answer) {
     return !FileExists(answer.Filename) ||
-           AskYesNo(dialogs, question.Title, "This file already exists.\nOverwrite existing file?");
+           dialogs.AskYesNo(question.Title, "This file already exists.\nOverwrite existing file?");
   });
 }
 

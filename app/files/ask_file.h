@@ -36,9 +36,6 @@ bool FileExists(const std::string& path);
 /// One filter of a dialog: "AMS-file(s) (*.ams)|*.ams|".
 std::string FilterText(const std::string& caption, const std::string& extension);
 
-/// A box with "&Yes" and "&No", the default. True for "&Yes".
-bool AskYesNo(Dialogs& dialogs, const std::string& title, const std::string& text);
-
 /// Shows the dialog until `accepts` takes the answer; a refused answer is shown again. No answer
 /// when the user cancels.
 std::optional<FileAnswer> AskForFile(Dialogs& dialogs, FileAction action, FileQuestion question,

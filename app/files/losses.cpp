@@ -305,7 +305,7 @@ LossAnswer AskAboutLosses(Dialogs& dialogs, const std::string& title, const std:
   std::string text = path + "\nSaving over this file would mean:";
   for (const std::string& line : LossLines(losses)) text += "\n- " + line;
   constexpr LossAnswer Answers[] = {LossAnswer::Save, LossAnswer::Copy, LossAnswer::Cancel};
-  return Answers[dialogs.Ask(title, text, {"&Save", "Save a &copy...", "&Cancel"}, 2)];
+  return Answers[dialogs.AskToSave(title, text, {"&Save", "Save a &copy...", "&Cancel"}, 2)];
 }
 
 }  // namespace velorix

@@ -4,17 +4,14 @@
 
 #include "app/display/shown_group.h"
 #include "app/pictures/page_plots.h"
-#include "app/tables/data_table.h"
 #include "base/fault.h"
 #include "base/rounding.h"
 #include "datafiles/bytes/safe_write.h"
-#include "plot/axes/column_axis.h"
 #include "plot/drawing/drawing.h"
 #include "plot/drawing/fitting_text.h"
 #include "plot/drawing/letters.h"
 #include "plot/drawing/metafile_target.h"
 #include "plot/figure/styled_target.h"
-#include "text/numbers.h"
 #include "text/paths.h"
 #include "text/upper_case.h"
 
@@ -25,30 +22,10 @@ constexpr double PageWidth = 900, PageHeight = 800, PageUnitsPerInch = 100;
 /// A figure's units a unit of the page.
 constexpr double Scale = FigureUnitsPerInch / PageUnitsPerInch;
 
-bool HasPlots(const PlotChoices& plots) {
-  const PageOptions& shown = plots.Page;
-  return shown.stereonet || shown.histogram || shown.xyPlot1 || shown.xyPlot2;
-}
-
 int CountInView(const Session& session) {
   int count = 0;
   ForEachActive(session, [&count](const SpecimenRecord&) { ++count; });
   return count;
-}
-
-/// The width of an axis's numbers, in heights of letters.
-double LabelWidth(const Axis& axis, TickDensity density) {
-  if (axis.IsEmpty()) return 0;
-  const Axis ticked = TickedAxis(axis, density);
-  double width = 0;
-  for (const double value : AxisTicks(ticked, 0).major)
-    width = std::max(width, TextWidth(std::string(StripBlanks(TickText(ticked, value)))));
-  return width;
-}
-
-/// The numbers at the histogram's counts have as many digits as the greatest count.
-double CountWidth(std::size_t values) {
-  return TextWidth(PlainText(static_cast<int>(values))) + TextWidth("0");
 }
 
 /// Level, method, number and file.
@@ -71,20 +48,13 @@ std::vector<std::string> SentencesOf(const PageContent& page, const FigureStyle&
 ShownPlots ShownOf(const PageContent& page, const FigureStyle& style, const PlotChoices& plots) {
   const Session& session = page.Session;
   ShownPlots shown;
-  shown.Net = plots.Page.stereonet;
-  shown.Histogram = plots.Page.histogram;
-  shown.XYPlot = {plots.Page.xyPlot1, plots.Page.xyPlot2};
+  shown.Shown = plots.OnPage;
   shown.Stereo = plots.Stereo;
   shown.CoorSys = session.CoorSys;
   shown.Plotted = CountInView(session);
-  if (shown.Histogram)
-    shown.HistogramLabels = CountWidth(DataTableValues(plots.HistoParameter, session).size());
-  for (const int plot : {1, 2}) {
-    if (!shown.XYPlot[plot]) continue;
-    const XYPlotAxes axes = AxesOfXYPlot(session, plots.Shown(plot), &plots.Axes);
-    shown.YLabels[plot] = LabelWidth(axes.y, style.Ticks);
-    if (axes.colour) shown.ScaleLabels[plot] = LabelWidth(*axes.colour, TickDensity::AsNow);
-  }
+  for (const PlotKind plot : AllPlots)
+    if (shown.Shown[plot])
+      shown.Labels[plot] = LabelsOf({session, plots, page.Group, page.GroupOf}, plot, style.Ticks);
   shown.Sentences = SentencesOf(page, style);
   shown.GroupLegend = plots.Marks.AreShown() && plots.Marks.Legend;
   return shown;
@@ -130,14 +100,16 @@ FigurePlaces PageAt(const FigureStyle& style, const std::vector<std::string>& se
   for (double* value : {&net.cx, &net.cy, &net.diameter, &net.scaleGap, &net.scaleTitle})
     length(*value);
   sizes(net);
-  for (PlotGeometry* plot : {&places.Histogram, &places.XYPlot[1], &places.XYPlot[2]}) {
-    for (double* value : {&plot->left, &plot->bottom, &plot->width, &plot->height, &plot->barLeft,
-                          &plot->barRight, &plot->barTitle})
+  for (const PlotKind kind : AllPlots) {
+    if (kind == PlotKind::Stereonet) continue;
+    PlotGeometry& plot = places.Frame[kind];
+    for (double* value : {&plot.left, &plot.bottom, &plot.width, &plot.height, &plot.barLeft,
+                          &plot.barRight, &plot.barTitle})
       length(*value);
     if (style.PanelLetters)
       places.PanelLetters.push_back(
-          {plot->left - 0.17 * plot->width, plot->bottom - 1.08 * plot->height});
-    sizes(*plot);
+          {plot.left - 0.17 * plot.width, plot.bottom - 1.08 * plot.height});
+    sizes(plot);
   }
   if (style.PanelLetters)
     places.PanelLetters.insert(places.PanelLetters.begin(),
@@ -157,8 +129,8 @@ FigurePlaces PlacesOf(const PageContent& page, const FigureStyle& style) {
   FigurePlaces places = Fills(style)
                             ? FillFigure(style, ShownOf(page, style, ChoicesOf(page, style)))
                             : PageAt(style, SentencesOf(page, style));
-  places.Net.style = places.Histogram.style = places.XYPlot[1].style = places.XYPlot[2].style =
-      PlotStyleOf(style);
+  places.Net.style = PlotStyleOf(style);
+  for (const PlotKind plot : AllPlots) places.Frame[plot].style = places.Net.style;
   return places;
 }
 

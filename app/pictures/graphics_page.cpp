@@ -56,8 +56,8 @@ PlaneSize Scaled(PlaneSize plane, double s) {
 /// Whether the page shows anything of the group statistics.
 bool ShowsGroup(const PlotChoices& plots) {
   const StereoOptions& net = plots.Stereo;
-  return plots.Page.stereonet && (net.showMean || net.showMeanEllipses || net.showBootstrapCloud ||
-                                  net.showBootstrapContours);
+  return plots.OnPage[PlotKind::Stereonet] && (net.showMean || net.showMeanEllipses ||
+                                               net.showBootstrapCloud || net.showBootstrapContours);
 }
 
 /// What a routine says of the mean, or nothing when the page shows none.

@@ -16,6 +16,15 @@ struct PageContent {
   const GroupSubject& GroupOf;
 };
 
+/// Whether any plot is on the page.
+bool HasPlots(const PlotChoices& plots);
+
+/// The places of the plots on the page of 900 by 800 units.
+PagePlaces PlacesOfPage();
+
+/// How wide the numbers of a plot's axes are; zero for the net and for axes that are empty.
+LabelWidths LabelsOf(const PageContent& page, PlotKind plot, TickDensity density);
+
 /// Draws the plots that the page has by the user's choice at their places, with the legend of the
 /// groups; all lengths times `s`.
 void DrawPlots(const PageContent& page, Target& target, const PagePlaces& places, double s);

@@ -49,7 +49,16 @@ struct Dialogs {
   /// the box chooses the last.
   virtual int Ask(const std::string& title, const std::string& text,
                   const std::vector<std::string>& buttons, int defaultButton = 0) = 0;
-  /// The same with smaller text below, which may be empty.
+  /// A box with "&Yes" and "&No", the default. True for "&Yes".
+  virtual bool AskYesNo(const std::string& title, const std::string& text) {
+    return Ask(title, text, {"&Yes", "&No"}, 1) == 0;
+  }
+  /// The box before a save that loses something of the old file; the first button saves.
+  virtual int AskToSave(const std::string& title, const std::string& text,
+                        const std::vector<std::string>& buttons, int defaultButton) {
+    return Ask(title, text, buttons, defaultButton);
+  }
+  /// A box with smaller text below, which may be empty.
   virtual int AskWith(const std::string& title, const std::string& text,
                       [[maybe_unused]] const std::string& detail,
                       const std::vector<std::string>& buttons) {

@@ -5,17 +5,13 @@
 #include "base/slots.h"
 #include "plot/axes/columns.h"
 #include "plot/axes/hand_axis.h"
+#include "plot/figure/plot_kind.h"
 #include "plot/net/group_marks.h"
 #include "plot/net/stereo.h"
 #include "plot/plots/xy_plot.h"
 #include "stats/study/grouping.h"
 
 namespace velorix {
-
-/// Which plots are on the page of `DrawGraphicsPage`.
-struct PageOptions {
-  bool stereonet = true, histogram = true, xyPlot1 = true, xyPlot2 = true;
-};
 
 /// What the window of the groups decides: what parts the records, nothing while that is not
 /// complete, and how the plots show the groups.
@@ -33,9 +29,9 @@ struct PlotChoices {
   Array1<XYPlotOptions, 2> XYPlot = {};  // of `picXYPlot1` and `picXYPlot2`
   Array1<bool, 2> XYLines = {};          // whether each is drawn with lines now
   Column HistoParameter = Column::Km;
-  PageOptions Page = {};
-  HandAxes Axes = {};  // of the XY plots and the histogram
-  bool Lasso = false;  // the left button draws a free line instead of a box
+  PerPlot<bool> OnPage = PerPlot(true);  // which are on the page of `DrawGraphicsPage`
+  HandAxes Axes = {};                    // of the XY plots and the histogram
+  bool Lasso = false;                    // the left button draws a free line instead of a box
   GroupChoices Groups = {};
   GroupMarks Marks = {};  // as `MarkGroups` made them for the view
 

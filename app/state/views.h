@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "plot/figure/plot_kind.h"
+
 namespace velorix {
 
 /// What shows the session. The program calls it after each change; `platform/` implements it. No
@@ -23,10 +25,8 @@ struct Views {
   virtual void FillDataTable() = 0;
   /// The rows of grid and data table that are selected follow the store.
   virtual void ShowSelection() = 0;
-  /// A picture is drawn again; `plot` is 1 or 2.
-  virtual void RedrawStereo() = 0;
-  virtual void RedrawHisto() = 0;
-  virtual void RedrawXYPlot(int plot) = 0;
+  /// A picture is drawn again.
+  virtual void Redraw(PlotKind plot) = 0;
   /// The group statistics have changed.
   virtual void RefreshGroupStatistics() = 0;
   /// The data in the contour window have changed.

@@ -5,7 +5,9 @@
 namespace velorix {
 namespace {
 
-constexpr char AnglePicture[] = "0.0", ValuePicture[] = "0.000";
+using Content = GroupTableContent;
+
+constexpr char AnglePicture[] = "0.0", ValuePicture[] = "0.000", TestPicture[] = "0.00";
 
 /// An angle with the blank that stands behind it.
 std::string Angle(double angle) {
@@ -13,127 +15,154 @@ std::string Angle(double angle) {
   return text.empty() ? text : text + " ";
 }
 
-std::string DirectionText(int row, int column, const GroupStats& stats, ErrorLevel level) {
-  if (!ShowsMean(stats)) return {};
-  const auto errors = ErrorsOf(stats, level, row);
-  if (column >= 4 && !errors) return {};
-  switch (column) {
-    case 1:
-      return FormatNumber(stats.MeanK[row], ValuePicture);
-    case 2:
-      return Angle(stats.MeanDec[row]);
-    case 3:
-      return Angle(stats.MeanInc[row]);
-    case 4:
-      return Angle(errors->E1);
-    default:
-      return Angle(errors->E2);
-  }
-}
-
-std::string KmText(int column, const GroupStats& stats) {
-  if (column == 1) return ShowsMean(stats) ? "N/A" : "";  // the mean tensor has no Km
-  if (!ShowsAvgKm(stats) || (column == 3 && !ShowsDeviations(stats))) return {};
-  return SignificantText(column == 2 ? stats.AvgKm : stats.SdKm, 4);
-}
-
-std::string FactorText(int slot, int column, const GroupStats& stats) {
-  if (column == 1)
-    return ShowsMeanFac(stats, slot) ? FormatNumber(stats.MeanFac[slot].Shown(), ValuePicture) : "";
-  if (!ShowsAvgFac(stats, slot) || (column == 3 && !ShowsDeviations(stats))) return {};
-  return FormatNumber(column == 2 ? stats.AvgFac[slot] : stats.SdFac[slot], ValuePicture);
-}
-
 std::string Limits(const Interval& limits) {
   return TrimmedNumber(limits.Lower, ValuePicture) + " - " +
          TrimmedNumber(limits.Upper, ValuePicture);
 }
 
-std::string Row(const std::string& head, std::initializer_list<std::string> cells) {
-  std::string row = head;
-  for (const std::string& cell : cells) row += "\t" + cell;
-  return row + "\n";
+std::string ErrorText(const Content& c, int k, double AngularErrors::*error) {
+  const auto errors = ErrorsOf(c.Stats, c.Level, k);
+  return ShowsMean(c.Stats) && errors ? Angle((*errors).*error) : "";
+}
+
+/// The 95 % limits of a principal value by the bootstrap, "1.021 - 1.043".
+std::string PrincipalLimits(const Content& c, int k) {
+  if (!ShowsBootstrap(c.Stats)) return {};
+  return Limits({c.Stats.BootLimits.Lower[k], c.Stats.BootLimits.Upper[k]});
+}
+
+/// Those of a factor; empty for one without them.
+std::string FactorLimits(const Content& c, int slot) {
+  if (slot == 0 || !ShowsBootstrap(c.Stats)) return {};
+  for (int i = 1; i <= FactorIntervals::Size; ++i)
+    if (BootFactorList[i - 1].Index == c.Settings.FacIndex[slot] && c.Stats.BootFactors[i])
+      return Limits(*c.Stats.BootFactors[i]);
+  return {};
+}
+
+std::string FactorOfMean(const Content& c, int slot) {
+  if (slot == 0) return ShowsMean(c.Stats) ? "N/A" : "";  // the mean tensor has no Km
+  return ShowsMeanFac(c.Stats, slot) ? FormatNumber(c.Stats.MeanFac[slot].Shown(), ValuePicture)
+                                     : "";
+}
+
+std::string FactorAverage(const Content& c, int slot) {
+  if (slot == 0) return ShowsAvgKm(c.Stats) ? SignificantText(c.Stats.AvgKm, 4) : "";
+  return ShowsAvgFac(c.Stats, slot) ? FormatNumber(c.Stats.AvgFac[slot], ValuePicture) : "";
+}
+
+std::string FactorDeviation(const Content& c, int slot) {
+  if (!ShowsDeviations(c.Stats)) return {};
+  if (slot == 0) return ShowsAvgKm(c.Stats) ? SignificantText(c.Stats.SdKm, 4) : "";
+  return ShowsAvgFac(c.Stats, slot) ? FormatNumber(c.Stats.SdFac[slot], ValuePicture) : "";
+}
+
+constexpr char MeanTip[] = "Principal values and directions of the mean tensor, in degrees";
+constexpr char ErrorTip[] = "Errors of the directions, in degrees; 5 records and more";
+constexpr char BootTip[] = "Half-axes of the bootstrap regions, in degrees; 5 to 100 records";
+
+// clang-format off
+constexpr GroupColumn Directions[] = {
+    {"Mean Tensor", MeanTip, [](const Content& c, int k) -> std::string { return ShowsMean(c.Stats) ? FormatNumber(c.Stats.MeanK[k], ValuePicture) : ""; }},
+    {"Dec", MeanTip, [](const Content& c, int k) -> std::string { return ShowsMean(c.Stats) ? Angle(c.Stats.MeanDec[k]) : ""; }},
+    {"Inc", MeanTip, [](const Content& c, int k) -> std::string { return ShowsMean(c.Stats) ? Angle(c.Stats.MeanInc[k]) : ""; }},
+    {"E1", ErrorTip, [](const Content& c, int k) { return ErrorText(c, k, &AngularErrors::E1); }},
+    {"E2", ErrorTip, [](const Content& c, int k) { return ErrorText(c, k, &AngularErrors::E2); }},
+    {"Bootstrap E1", BootTip, [](const Content& c, int k) -> std::string { return ShowsBootstrap(c.Stats) ? Angle(c.Stats.BootE1[k]) : ""; }},
+    {"Bootstrap E2", BootTip, [](const Content& c, int k) -> std::string { return ShowsBootstrap(c.Stats) ? Angle(c.Stats.BootE2[k]) : ""; }},
+    {"95 % Limits", "95 % limits of the principal values by the bootstrap", PrincipalLimits},
+};
+
+constexpr GroupColumn Factors[] = {
+    {"Mean Tensor", "Factors of the mean tensor, whose mean is 1", FactorOfMean},
+    {"Average", "Means of the records' values", FactorAverage},
+    {"Std. Err.", "Standard deviations of the records' values", FactorDeviation},
+    {"95 % Limits", "95 % limits of the mean tensor's factor by the bootstrap", FactorLimits, false},
+};
+
+constexpr HextRow HextTable[] = {
+    {"F", "Anisotropy; isotropic below the critical value",
+     [](const HextStats& h) { return FormatNumber(h.F, TestPicture); }, [](const HextStats& h) { return FormatNumber(h.FCritical, TestPicture); }},
+    {"F12", "K1 against K2; an oblate shape is not rejected below the critical value",
+     [](const HextStats& h) { return FormatNumber(h.F12, TestPicture); }, [](const HextStats& h) { return FormatNumber(h.F12Critical, TestPicture); }},
+    {"F23", "K2 against K3; a prolate shape is not rejected below the critical value",
+     [](const HextStats& h) { return FormatNumber(h.F23, TestPicture); }, [](const HextStats& h) { return FormatNumber(h.F12Critical, TestPicture); }},
+    {"e12", "95 % half-angle in the plane of K1 and K2, in degrees", [](const HextStats& h) { return Angle(h.E12); }, nullptr},
+    {"e23", "95 % half-angle in the plane of K2 and K3, in degrees", [](const HextStats& h) { return Angle(h.E23); }, nullptr},
+    {"e13", "95 % half-angle in the plane of K1 and K3, in degrees", [](const HextStats& h) { return Angle(h.E13); }, nullptr},
+    {"Verdict", "Of the three tests at the 95 % level, in their order",
+     [](const HextStats& h) -> std::string { return WordsOf(VerdictOf(h)); }, nullptr, true},
+};
+// clang-format on
+
+/// A row of cells behind its head.
+class Row {
+ public:
+  explicit Row(std::string head) : text_(std::move(head)) {}
+  Row& Add(const std::string& cell) {
+    text_ += "\t" + cell;
+    return *this;
+  }
+  std::string Text() const { return text_ + "\n"; }
+
+ private:
+  std::string text_;
+};
+
+std::string HeadingRow(const std::string& head, std::span<const GroupColumn> columns) {
+  Row row(head);
+  for (const GroupColumn& column : columns) row.Add(column.Heading);
+  return row.Text();
+}
+
+std::string ValueRow(const std::string& head, std::span<const GroupColumn> columns,
+                     const Content& content, int of) {
+  Row row(head);
+  for (const GroupColumn& column : columns) row.Add(column.Text(content, of));
+  return row.Text();
 }
 
 }  // namespace
 
-std::string JelinekText(int index, const GroupStats& stats, ErrorLevel level) {
-  if (index == CountLabel) return ShowsMean(stats) ? "N = " + std::to_string(stats.GroupN) : "";
-  for (int row = 1; row <= 3; ++row)
-    for (int column = 1; column <= 5; ++column)
-      if (DirectionLabel(row, column) == index) return DirectionText(row, column, stats, level);
-  for (int row = 0; row <= FactorSlots; ++row)
-    for (int column = 1; column <= 3; ++column)
-      if (FactorValueLabel(row, column) == index)
-        return row == 0 ? KmText(column, stats) : FactorText(row, column, stats);
-  return {};
+std::span<const GroupColumn> DirectionColumns() { return Directions; }
+
+std::span<const GroupColumn> FactorColumns() { return Factors; }
+
+std::span<const HextRow> HextRows() { return HextTable; }
+
+std::string HextText(std::string (*value)(const HextStats& hext), const GroupStats& stats) {
+  return stats.Hext && value ? value(*stats.Hext) : "";
 }
 
-std::string BootStatText(int index, const GroupStats& stats) {
-  if (index < 1 || index > 6 || !ShowsBootstrap(stats)) return {};
-  const int k = (index + 1) / 2;
-  return Angle(index % 2 == 1 ? stats.BootE1[k] : stats.BootE2[k]);
+std::string CountText(const GroupStats& stats) {
+  return ShowsMean(stats) ? "N = " + std::to_string(stats.GroupN) : "";
 }
 
 std::string FactorLabel(int slot, const Settings& settings) {
   return settings.FacName[slot] == "0" ? "" : settings.FacName[slot];
 }
 
-std::string PrincipalLimitsText(int row, const GroupStats& stats) {
-  if (!ShowsBootstrap(stats)) return {};
-  return Limits({stats.BootLimits.Lower[row], stats.BootLimits.Upper[row]});
-}
-
-std::string FactorLimitsText(int slot, const GroupStats& stats, const Settings& settings) {
-  if (!ShowsBootstrap(stats)) return {};
-  for (int i = 1; i <= FactorIntervals::Size; ++i)
-    if (BootFactorList[i - 1].Index == settings.FacIndex[slot] && stats.BootFactors[i])
-      return Limits(*stats.BootFactors[i]);
-  return {};
-}
-
-HextCells HextTable(const GroupStats& stats) {
-  const HextStats h = stats.Hext.value_or(HextStats());
-  const auto number = [&](double x) { return stats.Hext ? FormatNumber(x, "0.00") : ""; };
-  const auto angle = [&](double x) { return stats.Hext ? Angle(x) : ""; };
-  return {{{"Hext", "Value", "Critical"},
-           {"F", number(h.F), number(h.FCritical)},
-           {"F12", number(h.F12), number(h.F12Critical)},
-           {"F23", number(h.F23), number(h.F12Critical)},
-           {"e12", angle(h.E12), ""},
-           {"e23", angle(h.E23), ""},
-           {"e13", angle(h.E13), ""},
-           {"Verdict", stats.Hext ? WordsOf(VerdictOf(h)) : "", ""}}};
-}
-
 std::string GroupTableText(const GroupStats& stats, const Settings& settings, ErrorLevel level,
                            const std::string& heading) {
   constexpr Array1<const char*, 3> axes = {"K1", "K2", "K3"};
+  const Content content = {stats, settings, level};
   std::string text;
   const bool ofDefault = stats.BootBy == BootChoice();
   if (level != ErrorLevel::StandardError || !ofDefault)
     text = LevelText(level) + ", " +
            (ofDefault ? "" : "bootstrap: " + BootstrapText(stats.BootBy, stats.GroupN) + ", ") +
            heading + "\n";
-  text +=
-      Row(JelinekText(CountLabel, stats, level),
-          {"Mean Tensor", "Dec", "Inc", "E1", "E2", "Bootstrap E1", "Bootstrap E2", "95 % Limits"});
-  const auto cell = [&](int index) { return JelinekText(index, stats, level); };
-  for (int k = 1; k <= 3; ++k)
-    text += Row(axes[k], {cell(DirectionLabel(k, 1)), cell(DirectionLabel(k, 2)),
-                          cell(DirectionLabel(k, 3)), cell(DirectionLabel(k, 4)),
-                          cell(DirectionLabel(k, 5)), BootStatText(2 * k - 1, stats),
-                          BootStatText(2 * k, stats), PrincipalLimitsText(k, stats)});
-  text += Row("", {"Mean Tensor", "Average", "Std. Err.", "95 % Limits"});
-  for (int row = 0; row <= FactorSlots; ++row) {
-    const std::string head = row == 0 ? "Km" : FactorLabel(row, settings);
-    if (!head.empty())
-      text += Row(head, {cell(FactorValueLabel(row, 1)), cell(FactorValueLabel(row, 2)),
-                         cell(FactorValueLabel(row, 3)),
-                         row == 0 ? "" : FactorLimitsText(row, stats, settings)});
+  text += HeadingRow(CountText(stats), Directions);
+  for (int k = 1; k <= 3; ++k) text += ValueRow(axes[k], Directions, content, k);
+  text += HeadingRow("", Factors);
+  for (int slot = 0; slot <= FactorSlots; ++slot) {
+    const std::string head = slot == 0 ? "Km" : FactorLabel(slot, settings);
+    if (!head.empty()) text += ValueRow(head, Factors, content, slot);
   }
   if (!stats.Hext) return text;
-  for (const auto& [name, value, critical] : HextTable(stats)) text += Row(name, {value, critical});
+  text += Row("Hext").Add("Value").Add("Critical").Text();
+  for (const HextRow& row : HextTable)
+    text += Row(row.Name).Add(HextText(row.Value, stats)).Add(HextText(row.Critical, stats)).Text();
   return text;
 }
 

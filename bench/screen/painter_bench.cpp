@@ -111,7 +111,7 @@ void Ellipses(benchmark::State& state) {
     e.E1 = 2 + 20 * uniform(random);
     e.E2 = 1 + 10 * uniform(random);
     e.rotation = 360 * uniform(random);
-    DrawConfidenceEllipse(recorder, Screen, EqualArea, false, e, {.colour = Red});
+    DrawConfidenceEllipse(recorder, Screen, Projection::EqualArea, false, e, {.colour = Red});
   }
   BesidePlain(state, recorder.calls);
 }

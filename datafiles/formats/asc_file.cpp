@@ -122,7 +122,7 @@ class AscReport {
   void TakeLineD(bool isMean, SpecimenRecord& r) const {
     int km = 1, deviation = 3;
     if (isMean) {
-      r.Field = 425;  // whatever the report says
+      r.Field = 425;  // Kept for agreement with published results: whatever it says
       r.FreqName = "F1";
       r.FreqIndex = 1;
     } else {

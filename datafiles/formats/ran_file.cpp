@@ -75,7 +75,7 @@ SpecimenRecord RecordOfHeader(const RanHeader& header, const Settings& settings)
     ++j;
     r.OP[j] = value != 0 ? ToShort(value) : settings.P[j];
   }
-  r.OP[4] = 0;  // whatever the header says
+  r.OP[4] = 0;  // Kept for agreement with published results: whatever the header says
   r.SourceProgram = "Marlo";
   r.Active = true;
   return r;

@@ -146,13 +146,14 @@ std::string TextOf(const Need& need) {
   return text + (need.Options.size() == 1 ? " needs " : " need ") + need.Other + ".";
 }
 
-/// The parser's error in our words.
-std::string NeedText(const CLI::RequiresError& error) {
-  std::string text = error.what();
-  for (const Need& need : Needs)
-    for (const std::string& option : need.Options)
-      if (text == CLI::RequiresError(option, need.Other).what()) return TextOf(need);
-  return text;
+/// The need of the first option that was given without the one it needs; empty when there is none.
+std::string UnmetNeed(const CLI::App& app) {
+  for (const OptionRow& row : Options)
+    for (const Need& need : Needs)
+      if (app.count(row.Name) > 0 && app.count(need.Other) == 0 &&
+          std::find(need.Options.begin(), need.Options.end(), row.Name) != need.Options.end())
+        return TextOf(need);
+  return {};
 }
 
 std::vector<std::string> Split(const std::string& text, char separator) {
@@ -184,7 +185,9 @@ int PositionOf(const std::string& text, const std::string& between) {
   return word == words.end() ? -1 : static_cast<int>(word - words.begin());
 }
 
-/// What is wrong with the text of an option, or nothing.
+/// What is wrong with the text of an option, or nothing. The parser's own checks of words and
+/// ranges
+/// (`IsMember`, `Range`) have texts that can't be changed, and take numbers with a fraction.
 struct CheckValue {
   const OptionRow& Row;
   const std::string& Text;
@@ -314,7 +317,7 @@ std::string Complaint(Arguments& a, const std::string& missing) {
   if (a.Files.empty()) return "No FILE is given.";
   if (a.Filter == 0) a.Filter = FilterOfExtension(ExtensionOf(a.Files.front()));
   if (a.Filter == 0)
-    return a.Files.front() + ": the extension tells no format; give one with --format.";
+    return a.Files.front() + ": no format has this extension; give one with --format.";
   for (const std::string* file : {&a.Save, &a.SaveSelected}) {
     if (!file->empty() && SaveFilterOf(*file) == 0)
       return *file + ": records are saved as " + SavedExtensions() + " files.";
@@ -374,9 +377,9 @@ std::variant<Arguments, EarlyEnd> ParseArguments(int argc, const char* const* ar
     return EarlyEnd{0, app.help()};
   } catch (const CLI::CallForVersion&) {
     return EarlyEnd{0, std::string("velorix-batch ") + Version + "\n"};
-  } catch (const CLI::RequiresError& error) {  // `a` is whole
+  } catch (const CLI::RequiresError&) {  // `a` is whole
     if (app.remaining_size() > 0) return WrongUsage(CLI::ExtrasError(app.remaining()).what());
-    missing = NeedText(error);
+    missing = UnmetNeed(app);
   } catch (const CLI::ParseError& error) {
     return WrongUsage(error.what());
   }

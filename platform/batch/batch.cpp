@@ -123,9 +123,9 @@ class Batch {
   }
 
   void ChooseView() {
-    ChooseTectoAxis(velorix_, a_.Axis);
-    ChooseTectoPlane(velorix_, a_.Plane);
-    ChooseCoorSys(velorix_, a_.CoorSys);
+    ChooseTectoAxis(velorix_, TectoAxisAt(a_.Axis));
+    ChooseTectoPlane(velorix_, PlaneAt(a_.Plane));
+    ChooseCoorSys(velorix_, SystemAt(a_.CoorSys));
     velorix_.Session.ReImMode = a_.Block == 1 ? OutOfPhase : InPhase;
     velorix_.Plots.Stereo.level = static_cast<ErrorLevel>(a_.Level);
     velorix_.Bootstrap = {

@@ -10,8 +10,9 @@
 
 namespace velorix {
 
-/// Dialogs that the arguments answer. A box is a complaint on standard error, but for the question
-/// whether to overwrite: without `--force` no output is begun.
+/// Dialogs that the arguments answer. A box is a complaint on standard error. But questions with a
+/// yes are answered by it, since without `--force` no output is begun that overwrites, and what a
+/// save loses is said there while the save goes on.
 struct BatchDialogs : Dialogs {
   std::deque<FileAnswer> Answers;
   bool Complained = false;
@@ -20,6 +21,9 @@ struct BatchDialogs : Dialogs {
   std::optional<FileAnswer> ShowSave(const FileQuestion&) override { return Next(); }
   int Ask(const std::string& title, const std::string& text,
           const std::vector<std::string>& buttons, int defaultButton) override;
+  bool AskYesNo(const std::string&, const std::string&) override { return true; }
+  int AskToSave(const std::string& title, const std::string& text,
+                const std::vector<std::string>& buttons, int defaultButton) override;
 
  private:
   std::optional<FileAnswer> Next();
@@ -37,9 +41,7 @@ struct BatchViews : Views, WindowOpener {
   void FillGrid() override {}
   void FillDataTable() override {}
   void ShowSelection() override {}
-  void RedrawStereo() override {}
-  void RedrawHisto() override {}
-  void RedrawXYPlot(int) override {}
+  void Redraw(PlotKind) override {}
   void ShowWindows() override {}
   void RefreshGroupStatistics() override {}
   void RefreshContour() override {}

@@ -136,9 +136,8 @@ void DrawTicks(Target& target, const PlotGeometry& plot, const Axis& whole, cons
   };
   const auto tick = [&](double value, int part) {
     const Point p = at(axis.ShareOf(value), 0);
-    Pen pen;
     DrawSymbol(target, side.tick, static_cast<float>(p.x), static_cast<float>(p.y),
-               plot.TickSize(part), Black, pen);
+               plot.TickSize(part), Black, {});
   };
   const Ticks ticks = LabelledTicks(axis, side.vertical ? std::fabs(plot.height) : plot.width,
                                     plot.fontHeight, !side.vertical, plot.style.ticks);

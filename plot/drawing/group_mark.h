@@ -7,7 +7,7 @@
 
 namespace velorix {
 
-/// What tells marks of one colour and shape apart: full with a black outline; light with a wide
+/// What distinguishes marks of one colour and shape: full with a black outline; light with a wide
 /// outline in its colour; or full with a black dot.
 enum class Finish : std::uint8_t { Full, Light, Dotted };
 

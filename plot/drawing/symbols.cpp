@@ -140,8 +140,8 @@ void DrawBody(Body body, const Place& place, const Pen& pen, Colour fill) {
 }  // namespace
 
 void DrawSymbol(Target& target, std::int16_t type, float x, float y, std::int16_t size, Colour fill,
-                Pen& pen) {
-  if (pen.width == 0) pen.width = 1;  // in the caller's pen too
+                Pen pen) {
+  if (pen.width == 0) pen.width = 1;
   const Place place = {target, x, y, size * target.SymbolScale};
 
   if (type == -1) {

@@ -7,7 +7,7 @@
 namespace velorix {
 
 /// Symbol `type` of the catalogue with its centre at (x, y). Fill 0 is black here. A pen of width 0
-/// is made one of width 1, in the caller's variable too. An unknown type draws nothing.
+/// counts as one of width 1. An unknown type draws nothing.
 ///
 /// -1 one pixel; 0 diamond; 1 square, 11 with dot, 12 plus, 13 diagonal cross, 14 vertical, 15
 /// horizontal bar; 2 triangle, 21 with dot; 3 circle, 31 to 35 as 11 to 15; 4 horizontal tick, 41
@@ -16,6 +16,6 @@ namespace velorix {
 /// white tile; 97 to 99 the digits 1, 2, 3; 1000 and above a stick that points `type` - 1000
 /// degrees clockwise from up.
 void DrawSymbol(Target& target, std::int16_t type, float x, float y, std::int16_t size, Colour fill,
-                Pen& pen);
+                Pen pen);
 
 }  // namespace velorix

@@ -26,8 +26,6 @@ constexpr double BarWidth = 10;                    // units
 constexpr double LeastFrame = 9, AroundFrame = 6;  // so that titles fit beside a frame
 constexpr double PlotShape = 0.8;  // the height of a plot in a row without a net, in widths
 
-enum class PlotKind { Net, Histogram, XYPlot1, XYPlot2 };
-
 struct Cell {
   double left = 0, top = 0, width = 0, height = 0;
 };
@@ -37,10 +35,8 @@ class Filling {
   Filling(const FigureStyle& style, const ShownPlots& plots) : style_(style), plots_(plots) {
     h_ = style.FontSize > 0 ? style.FontSize / PointsPerInch * UnitsPerInch * CellPerEm
                             : LettersAsNow;
-    if (plots.Net) kinds_.push_back(PlotKind::Net);
-    if (plots.Histogram) kinds_.push_back(PlotKind::Histogram);
-    if (plots.XYPlot[1]) kinds_.push_back(PlotKind::XYPlot1);
-    if (plots.XYPlot[2]) kinds_.push_back(PlotKind::XYPlot2);
+    for (const PlotKind kind : AllPlots)
+      if (plots.Shown[kind]) kinds_.push_back(kind);
   }
 
   FigurePlaces Places() {
@@ -54,7 +50,7 @@ class Filling {
       const std::size_t last = std::min(first + columns, kinds_.size());
       double height = std::max(PlotShape * width, (LeastFrame + AroundFrame) * h_);
       for (std::size_t i = first; i < last; ++i)
-        if (kinds_[i] == PlotKind::Net) height = NetHeight(width);
+        if (kinds_[i] == PlotKind::Stereonet) height = NetHeight(width);
       for (std::size_t i = first; i < last; ++i)
         Place(kinds_[i],
               {margin + (width + between) * static_cast<double>(i - first), top, width, height});
@@ -90,8 +86,9 @@ class Filling {
   /// Whether what surrounds the plots leaves them room in columns of this width.
   bool HasRoomIn(double width) const {
     for (const PlotKind kind : kinds_) {
-      const double plot =
-          kind == PlotKind::Net ? Diameter(width) : PlotOf(kind, {0, 0, width, width}).width;
+      const double plot = kind == PlotKind::Stereonet
+                              ? Diameter(width)
+                              : FrameIn({0, 0, width, width}, plots_.Labels[kind]).width;
       if (plot < LeastFrame * h_) return false;
     }
     return true;
@@ -143,16 +140,8 @@ class Filling {
 
   void Place(PlotKind kind, const Cell& cell) {
     if (style_.PanelLetters) places_.PanelLetters.push_back({cell.left, cell.top + h_});
-    if (kind == PlotKind::Net) return PlaceNet(cell);
-    PlotGeometry& place =
-        kind == PlotKind::Histogram ? places_.Histogram : places_.XYPlot[NumberOf(kind)];
-    place = PlotOf(kind, cell);
-  }
-  static int NumberOf(PlotKind kind) { return kind == PlotKind::XYPlot1 ? 1 : 2; }
-  PlotGeometry PlotOf(PlotKind kind, const Cell& cell) const {
-    if (kind == PlotKind::Histogram) return PlotIn(cell, plots_.HistogramLabels, std::nullopt);
-    const int plot = NumberOf(kind);
-    return PlotIn(cell, plots_.YLabels[plot], plots_.ScaleLabels[plot]);
+    if (kind == PlotKind::Stereonet) return PlaceNet(cell);
+    places_.Frame[kind] = FrameIn(cell, plots_.Labels[kind]);
   }
 
   void PlaceNet(const Cell& cell) {
@@ -174,16 +163,16 @@ class Filling {
   }
 
   /// The frame within the room that numbers, titles and the colour scale leave.
-  PlotGeometry PlotIn(const Cell& cell, double labels, std::optional<double> scaleLabels) const {
+  PlotGeometry FrameIn(const Cell& cell, const LabelWidths& labels) const {
     constexpr double HalfNumber = 1.3, TitleStep = 1.3;
     const double gap = std::max(0.5 * h_, SymbolGap());  // from the frame to texts
     PlotGeometry plot;
     plot.fontHeight = h_;
     plot.symbolSize = Symbols();
-    const double left = gap + (labels + TitleRoom) * h_;
+    const double left = gap + (labels.YAxis + TitleRoom) * h_;
     double right = std::max(HalfNumber * h_, SymbolGap());
-    if (scaleLabels) {
-      plot.barLeft = gap + (*scaleLabels + HalfNumber / 2) * h_;
+    if (labels.Scale) {
+      plot.barLeft = gap + (*labels.Scale + HalfNumber / 2) * h_;
       plot.barRight = plot.barLeft + BarWidth;
       plot.barTitle = plot.barRight + 1.4 * h_;
       right = plot.barTitle + 0.4 * h_;
@@ -197,7 +186,7 @@ class Filling {
     plot.bottom = cell.top + top + plot.height;
     plot.numbersLeft = gap / plot.width;
     plot.numbersBelow = gap / plot.height;
-    plot.titleLeft = (gap + (labels + 0.5) * h_) / plot.width;
+    plot.titleLeft = (gap + (labels.YAxis + 0.5) * h_) / plot.width;
     plot.titleBelow = (gap + (1 + TitleStep / 2) * h_ + 0.4 * h_) / plot.height;
     plot.titleAbove = (gap + 0.4 * h_) / plot.height;
     return plot;
@@ -211,26 +200,6 @@ class Filling {
 };
 
 }  // namespace
-
-PagePlaces PlacesOfPage() {
-  // Titles, axis titles and numbers of the XY plots are 14, 10 and 9 high: 1.5, 1.1 and 1 times 9.
-  // Their colour scales stand nearer than on the screen, so that the second one ends on the page.
-  const auto xyPlot = [](double left) {
-    return PlotGeometry{.left = left,
-                        .bottom = 620,
-                        .width = 320,
-                        .height = 180,
-                        .fontHeight = 9,
-                        .symbolSize = 8,
-                        .barLeft = 23,
-                        .barRight = 31,
-                        .barTitle = 45};
-  };
-  return {.Net = {.cx = 220, .cy = 200, .diameter = 320, .symbolSize = 8, .fontHeight = 14},
-          .Histogram = {.left = 530, .bottom = 340, .width = 320, .height = 240, .fontHeight = 14},
-          .XYPlot = {xyPlot(60), xyPlot(530)},
-          .Legend = {60, 675, 860, 795}};
-}
 
 FigurePlaces FillFigure(const FigureStyle& style, const ShownPlots& plots) {
   return Filling(style, plots).Places();

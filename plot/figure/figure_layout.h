@@ -4,35 +4,35 @@
 #include <string>
 #include <vector>
 
+#include "plot/axes/plot_axis.h"
 #include "plot/figure/figure_style.h"
+#include "plot/figure/plot_kind.h"
+#include "plot/net/group_marks.h"
 #include "plot/net/net_key.h"
-#include "plot/plots/xy_plot.h"
 
 namespace velorix {
 
 /// Where the plots of a page stand, in its units of 1/100 inch.
 struct PagePlaces {
   StereoGeometry Net;
-  PlotGeometry Histogram;
-  Array1<PlotGeometry, 2> XYPlot;
-  LegendBox Legend;  // of the groups
+  PerPlot<PlotGeometry> Frame;  // of the others
+  LegendBox Legend;             // of the groups
 };
 
-/// The places of the page: 900 by 800 units.
-PagePlaces PlacesOfPage();
+/// The width of the widest number at a plot's upright axis and at its colour scale, in heights of
+/// letters; no colour scale without one.
+struct LabelWidths {
+  double YAxis = 0;
+  std::optional<double> Scale;
+};
 
 /// What a layout must know of the plots that are shown.
 struct ShownPlots {
-  bool Net = false, Histogram = false;
-  Array1<bool, 2> XYPlot;
+  PerPlot<bool> Shown;
   StereoOptions Stereo;
   CoordinateSystem CoorSys = CoordinateSystem::None;
   int Plotted = 0;  // records in view
-  /// The widths of the widest number at an upright axis and at a colour scale, in heights of
-  /// letters; no colour scale without one.
-  double HistogramLabels = 0;
-  Array1<double, 2> YLabels;
-  Array1<std::optional<double>, 2> ScaleLabels;
+  PerPlot<LabelWidths> Labels;
   bool GroupLegend = false;
   std::vector<std::string> Sentences;  // below all
 };

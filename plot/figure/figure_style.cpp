@@ -16,7 +16,6 @@ template <class Enum>
 using Word = StyleKey::Word<Enum>;
 using OwnColour = StyleKey::OwnColour;
 
-constexpr char Now[] = "now", Yes[] = "yes", No[] = "no";
 constexpr std::int64_t MostResolution = 2400;
 
 std::string ColourText(Colour colour) {
@@ -41,16 +40,16 @@ struct TextOfValue {
 
   std::string operator()(const Bounded& row) const {
     const double value = Style.*row.Value;
-    return value == 0 && row.HasNow ? Now : PlainText(value);
+    return value == 0 && row.HasNow ? StyleNow : PlainText(value);
   }
   std::string operator()(const Whole& row) const {
     const std::int64_t value = Style.*row.Value;
-    return value == 0 ? Now : std::to_string(value);
+    return value == 0 ? StyleNow : std::to_string(value);
   }
-  std::string operator()(bool FigureStyle::*row) const { return Style.*row ? Yes : No; }
+  std::string operator()(bool FigureStyle::*row) const { return Style.*row ? StyleYes : StyleNo; }
   std::string operator()(std::string FigureStyle::*row) const { return Style.*row; }
   std::string operator()(OwnColour row) const {
-    return Style.*row ? ColourText(*(Style.*row)) : Now;
+    return Style.*row ? ColourText(*(Style.*row)) : StyleNow;
   }
   template <class Enum>
   std::string operator()(const Word<Enum>& row) const {
@@ -65,7 +64,7 @@ struct TakeText {
 
   bool operator()(const Bounded& row) const {
     double value = 0;
-    if (row.HasNow && Text == Now) return Style.*row.Value = 0, true;
+    if (row.HasNow && Text == StyleNow) return Style.*row.Value = 0, true;
     if (Text.empty() || Text.find_first_not_of("0123456789.") != Text.npos || !IsNumberText(Text))
       return false;
     value = NumberOf(Text);
@@ -74,15 +73,15 @@ struct TakeText {
   }
   bool operator()(const Whole& row) const {
     std::int64_t value = 0;
-    if (Text == Now) return Style.*row.Value = 0, true;
+    if (Text == StyleNow) return Style.*row.Value = 0, true;
     const auto [end, error] = std::from_chars(Text.data(), Text.data() + Text.size(), value);
     if (error != std::errc() || end != Text.data() + Text.size()) return false;
     if (value < row.Least || value > row.Most) return false;
     return Style.*row.Value = value, true;
   }
   bool operator()(bool FigureStyle::*row) const {
-    if (Text != Yes && Text != No) return false;
-    return Style.*row = Text == Yes, true;
+    if (Text != StyleYes && Text != StyleNo) return false;
+    return Style.*row = Text == StyleYes, true;
   }
   bool operator()(std::string FigureStyle::*row) const {
     constexpr std::size_t LongestName = 64;
@@ -92,7 +91,7 @@ struct TakeText {
     return Style.*row = Text, true;
   }
   bool operator()(OwnColour row) const {
-    if (Text == Now) return Style.*row = std::nullopt, true;
+    if (Text == StyleNow) return Style.*row = std::nullopt, true;
     const auto colour = ColourOfText(Text);
     if (!colour) return false;
     return Style.*row = colour, true;
@@ -227,16 +226,16 @@ const std::vector<StyleKey>& StyleKeys() {
       {"font-size",     "Font size [pt]",    "points, 3 to 40",                                  Bounded{&FigureStyle::FontSize, 3, 40}, "6 7 8 9 10"},
       {"line-width",    "Line width [pt]",   "points, 0.1 to 5",                                 Bounded{&FigureStyle::LineWidth, 0.1, 5}, "0.25 0.5 0.75 1"},
       {"symbol-size",   "Symbols [mm]",      "mm, 0.3 to 10",                                    Bounded{&FigureStyle::SymbolSize, 0.3, 10}, "1 1.5 2 3"},
-      {"colours",       "Colours",           "grey, safe for colour-blind readers, own",         Word<FigureColours>{&FigureStyle::Colours, {Now, "grey", "safe", "own"}}},
+      {"colours",       "Colours",           "grey, safe for colour-blind readers, own",         Word<FigureColours>{&FigureStyle::Colours, {StyleNow, "grey", "safe", "own"}}},
       {"kmax-colour",   "Own: Kmax",         "#rrggbb, with colours = own",                      &FigureStyle::KmaxColour},
       {"kint-colour",   "Own: Kint",         "#rrggbb",                                          &FigureStyle::KintColour},
       {"kmin-colour",   "Own: Kmin",         "#rrggbb",                                          &FigureStyle::KminColour},
       {"plane-colour",  "Own: planes",       "#rrggbb",                                          &FigureStyle::PlaneColour},
       {"line-colour",   "Own: lineations",   "#rrggbb",                                          &FigureStyle::LineColour},
       {"halo",          "White rims",        "white rims round means and ellipses",              &FigureStyle::Halo},
-      {"ticks",         "Numbers at axes",   "fewer or more numbers at the axes",                Word<TickDensity>{&FigureStyle::Ticks, {"fewer", Now, "more"}}},
+      {"ticks",         "Numbers at axes",   "fewer or more numbers at the axes",                Word<TickDensity>{&FigureStyle::Ticks, {"fewer", StyleNow, "more"}}},
       {"superscripts",  "Raised exponents",  "10 with a raised exponent",                        &FigureStyle::Superscripts},
-      {"captions",      "Captions, legend",  "outside the net, or none",                         Word<CaptionPlace>{&FigureStyle::Captions, {Now, "outside", "none"}}},
+      {"captions",      "Captions, legend",  "outside the net, or none",                         Word<CaptionPlace>{&FigureStyle::Captions, {StyleNow, "outside", "none"}}},
       {"more-codes",    "More codes",        "lines and symbols for a sixth and later code",     &FigureStyle::MoreCodes},
       {"name-line",     "Line with the name", "level, method, number and file below the plots",  &FigureStyle::NameLine},
   };

@@ -50,6 +50,9 @@ struct FigureStyle {
 inline constexpr double LeastFigureWidth = 30, MostFigureWidth = 600;  // mm
 inline constexpr double PointsPerInch = 72, MmPerInch = 25.4;
 
+/// The words of a style file for what the page has, and of its switches.
+inline constexpr char StyleNow[] = "now", StyleYes[] = "yes", StyleNo[] = "no";
+
 /// A key of a style file and what may stand for it.
 struct StyleKey {
   /// A number between bounds; 0 stands for the page's where it has one.

@@ -94,7 +94,7 @@ class Curve {
   /// direction decides, since its 32-bit constants do.
   LogicalPoint Place(const Vector<3>& w) const {
     const double h2 = w[1] * w[1] + w[2] * w[2], l2 = h2 + w[3] * w[3], l = std::sqrt(l2);
-    if (projection_ != EqualArea || h2 < 1e-12 * l2) return PlaceByDirection(w);
+    if (projection_ != Projection::EqualArea || h2 < 1e-12 * l2) return PlaceByDirection(w);
     const double scale = 0.5 * net_.diameter / std::sqrt(l * (l + std::fabs(w[3])));
     const double side = !showUpper_ && w[3] < 0 ? -scale : scale;
     const auto x = RoundBeyondDoubt(target_.Fineness * (net_.cx + side * w[2]), doubt_);

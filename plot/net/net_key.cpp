@@ -68,10 +68,9 @@ void NetKey::Draw(Target& target, const StereoGeometry& geometry, double x, doub
   const double h = geometry.fontHeight;
   const auto symbol = [&](std::int16_t type, double left, double baseline, double size, Colour fill,
                           Colour colour) {
-    Pen pen = {.colour = colour};
     DrawSymbol(target, type, static_cast<float>((left + SymbolRoom / 2 * h) * geometry.scale),
                static_cast<float>((baseline - Rise * h) * geometry.scale), view.SymbolSize(size),
-               fill, pen);
+               fill, {.colour = colour});
   };
   const bool more = geometry.style.moreCodes;
   target.Layer("legend");

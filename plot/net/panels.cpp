@@ -128,16 +128,15 @@ class Panels {
     DrawCircle(target_, net.cx, net.cy, net.diameter / 2, {.width = 2}, 0);
     view.Text(NamesOf(session_.CoorSys).Rim[0], 0, 1.02, CentreBaseline,
               view.geometry.FontHeight());
-    Pen pen;
     const auto tick = [&](std::int16_t type, double u, double v) {
       const Point p = OnNet(net, u, v);
       DrawSymbol(target_, type, static_cast<float>(p.x), static_cast<float>(p.y),
-                 ToShort(net.diameter / 34), Black, pen);
+                 ToShort(net.diameter / 34), Black, {});
     };
     for (const std::int16_t type : {Level, Upright}) tick(type, 0, 0);
     if (view.geometry.diameter < SmallNet) return;
-    static const double radii[] = {ProjectDirection(EqualArea, {0, 30}).y,
-                                   ProjectDirection(EqualArea, {0, 60}).y};
+    static const double radii[] = {ProjectDirection(Projection::EqualArea, {0, 30}).y,
+                                   ProjectDirection(Projection::EqualArea, {0, 60}).y};
     for (const double r : radii) {
       for (const double v : {r, -r}) tick(Level, 0, v);
       for (const double u : {r, -r}) tick(Upright, u, 0);

@@ -30,7 +30,7 @@ void DrawStereo(const RecordArray& records, CoordinateSystem coorSys, Target& ta
   }
 
   target.SetTransparent();
-  DrawNet(target, coorSys, EqualArea, net, Black, geometry.FontHeight(),
+  DrawNet(target, coorSys, Projection::EqualArea, net, Black, geometry.FontHeight(),
           geometry.labelGap * geometry.scale);
   DrawCaptions(view);
   DrawLegend(view);

@@ -72,7 +72,7 @@ std::vector<std::string> GroupLines(const StereoOptions& options);
 PlaneSize StereoPlane(const StereoOptions& options);
 
 /// Draws the stereo view of the records that the view shows (`IsShown`) and of their group, layer
-/// upon layer. What has an angle that is not finite is left out; its record still counts in "N = ".
+/// on layer. What has an angle that is not finite is left out; its record still counts in "N = ".
 /// What `stats` didn't reach isn't drawn. The settings name the factors on the colour scale.
 /// Groups have their colours, and each axis its shape, or their shapes, and each axis its colour.
 /// Where values colour the symbols, a ramp for each axis leaves the shapes to the groups, and one

@@ -10,8 +10,8 @@ void DrawSticks(const StereoView& view, double poleDec, bool selected, Colour co
   const auto stick = [&](double dec) {
     if (std::fabs(dec) > NoDeclination) return;
     const auto type = static_cast<std::int16_t>(1000 + ToShort(dec));
-    DrawNetSymbol(view.target, view.net, EqualArea, {dec, 0}, type, view.SymbolSize(1), White,
-                  {.colour = colour});
+    DrawNetSymbol(view.target, view.net, Projection::EqualArea, {dec, 0}, type, view.SymbolSize(1),
+                  White, {.colour = colour});
   };
   if (!selected) return stick(poleDec + 90 >= 360 ? poleDec - 270 : poleDec + 90);
   const double left = poleDec - 90 < 0 ? poleDec + 270 : poleDec - 90;
@@ -27,11 +27,12 @@ void DrawPlane(const StereoView& view, Direction plane, int i, bool selected) {
   const bool more = view.geometry.style.moreCodes;
   const Colour colour = selected ? colours.selected : colours.planes;
   if (options.planesAsCircles)
-    DrawGreatCircle(view.target, view.net, EqualArea, 2, false, pole, FoliPen(i, colour, more));
+    DrawGreatCircle(view.target, view.net, Projection::EqualArea, 2, false, pole,
+                    FoliPen(i, colour, more));
   if (options.planesAsPoles) {
     const CodeSymbol symbol = SymbolOfCode(i, FirstPole, colour, more);
-    DrawNetSymbol(view.target, view.net, EqualArea, pole, symbol.symbol, view.SymbolSize(1.2),
-                  symbol.fill, {.colour = colour});
+    DrawNetSymbol(view.target, view.net, Projection::EqualArea, pole, symbol.symbol,
+                  view.SymbolSize(1.2), symbol.fill, {.colour = colour});
   }
   if (options.planesAsStrikes) DrawSticks(view, pole.Dec, selected, colour);
 }
@@ -55,8 +56,8 @@ void DrawLines(const StereoView& view, const SpecimenRecord& record, bool select
       if (record.LineName[slot] == code && IsFinite(line)) {
         const Colour colour = selected ? view.Colours().selected : view.Colours().lines;
         const CodeSymbol symbol = SymbolOfCode(i, FirstLine, colour, view.geometry.style.moreCodes);
-        DrawNetSymbol(view.target, view.net, EqualArea, line, symbol.symbol, view.SymbolSize(1),
-                      symbol.fill, {.colour = colour});
+        DrawNetSymbol(view.target, view.net, Projection::EqualArea, line, symbol.symbol,
+                      view.SymbolSize(1), symbol.fill, {.colour = colour});
       }
     }
   }

@@ -11,7 +11,7 @@ Direction Long(const ShortDirection& d) { return {d.Dec, d.Inc}; }
 void DrawMeanEllipse(const StereoView& view, const GroupStats& stats, int k, const Pen& pen) {
   const auto errors = ErrorsOf(stats, view.options.level, k);
   if (view.options.showAxis[k] && errors)
-    DrawConfidenceEllipse(view.target, view.net, EqualArea, false,
+    DrawConfidenceEllipse(view.target, view.net, Projection::EqualArea, false,
                           {k, stats.MeanVec, errors->E1, errors->E2, stats.MeanRot[k]}, pen,
                           view.ellipseStep);
 }
@@ -30,11 +30,12 @@ PenStyle LineOf(Finish finish) {
 void DrawOpenMark(const StereoView& view, const Direction& direction, std::int16_t symbol,
                   double sizeFactor, Finish finish, Colour colour) {
   const std::int16_t size = view.SymbolSize(sizeFactor);
-  DrawNetSymbol(view.target, view.net, EqualArea, direction, symbol, size,
+  DrawNetSymbol(view.target, view.net, Projection::EqualArea, direction, symbol, size,
                 finish == Finish::Light ? LightOf(colour) : White,
                 {.colour = colour, .width = view.Scaled(2, view.lineWidth)});
   if (finish == Finish::Dotted)
-    DrawNetSymbol(view.target, view.net, EqualArea, direction, 3, view.SymbolSize(0.4), Black, {});
+    DrawNetSymbol(view.target, view.net, Projection::EqualArea, direction, 3, view.SymbolSize(0.4),
+                  Black, {});
 }
 
 }  // namespace
@@ -49,14 +50,14 @@ void DrawBootstrap(const StereoView& view) {
       for (int k = 1; k <= 3; ++k) {
         const Direction d = Long(stats.BootPoints[k][i]);
         if (IsFinite(d))
-          DrawNetSymbol(view.target, view.net, EqualArea, d, Axes[k].symbol, CloudSizes[k],
-                        view.Colours().axes[k], {.colour = view.Colours().axes[k]});
+          DrawNetSymbol(view.target, view.net, Projection::EqualArea, d, Axes[k].symbol,
+                        CloudSizes[k], view.Colours().axes[k], {.colour = view.Colours().axes[k]});
       }
   if (!view.options.showBootstrapContours) return;
   for (int k = 1; k <= 3; ++k) {
     std::vector<Direction> contour;
     for (const ShortDirection& d : stats.BootContour[k]) contour.push_back(Long(d));
-    DrawNetPolyline(view.target, view.net, EqualArea, contour,
+    DrawNetPolyline(view.target, view.net, Projection::EqualArea, contour,
                     {.colour = view.Colours().bootstrap[k]});
   }
 }
@@ -73,7 +74,7 @@ void DrawMeanHalos(const StereoView& view) {
       if (ellipses) DrawMeanEllipse(view, stats, k, rim(view.lineWidth));
       if (const Direction mean = {stats.MeanDec[k], stats.MeanInc[k]};
           means && ShowsMean(stats) && view.options.showAxis[k] && IsFinite(mean))
-        DrawNetSymbol(view.target, view.net, EqualArea, mean, Axes[k].symbol,
+        DrawNetSymbol(view.target, view.net, Projection::EqualArea, mean, Axes[k].symbol,
                       view.SymbolSize(Axes[k].meanFactor), White,
                       rim(view.Scaled(2, view.lineWidth)));
     }
@@ -91,7 +92,7 @@ void DrawMeans(const StereoView& view) {
   };
   for (int k = 1; k <= 3; ++k)
     if (view.options.showGreatCircle[k])
-      DrawGreatCircle(view.target, view.net, EqualArea, 1, false, mean(k),
+      DrawGreatCircle(view.target, view.net, Projection::EqualArea, 1, false, mean(k),
                       {.colour = view.Colours().axes[k], .width = 2});
   for (int k = 1; k <= 3; ++k)
     if (view.options.showAxis[k] && IsFinite(mean(k)))

@@ -38,7 +38,8 @@ void DrawRecordSymbol(const StereoView& view, const SpecimenRecord& record, int 
       view.Mark(direction, view.SymbolOf(k, *mark, view.symbolsBy), mark->finish, size, fill,
                 selected || coding);
     else
-      DrawNetSymbol(view.target, view.net, EqualArea, direction, axis.symbol, size, fill, {});
+      DrawNetSymbol(view.target, view.net, Projection::EqualArea, direction, axis.symbol, size,
+                    fill, {});
   }
 }
 
@@ -52,8 +53,8 @@ void DrawRecordCircles(const StereoView& view, bool selected) {
     const std::optional<GroupMark> mark = view.MarkOf(record);
     for (int k = 1; k <= 3; ++k)
       if (shown[k])
-        DrawGreatCircle(view.target, view.net, EqualArea, 2, false, DirectionOf(record, k),
-                        {.colour = view.ColourOf(k, selected, mark)});
+        DrawGreatCircle(view.target, view.net, Projection::EqualArea, 2, false,
+                        DirectionOf(record, k), {.colour = view.ColourOf(k, selected, mark)});
   });
 }
 
@@ -70,7 +71,8 @@ void DrawDataLines(const StereoView& view) {
       LogicalPoint& point = points.emplace_back();
       const Direction d = DirectionOf(record, k);
       if (!record.Active || record.CoorLevel != view.coorSys || !IsFinite(d)) continue;
-      const Point unit = ProjectDirection(EqualArea, d), p = OnNet(view.net, unit.x, unit.y);
+      const Point unit = ProjectDirection(Projection::EqualArea, d),
+                  p = OnNet(view.net, unit.x, unit.y);
       point = ToLogical(view.target, p.x, p.y);
     }
     DrawPolyline(view.target, points, {.colour = view.Colours().axes[k]});
@@ -84,7 +86,7 @@ void DrawRecordEllipses(const StereoView& view, bool selected) {
     const std::optional<GroupMark> mark = view.MarkOf(record);
     for (int k = 1; k <= 3; ++k)
       if (view.options.showAxis[k])
-        DrawConfidenceEllipse(view.target, view.net, EqualArea, false,
+        DrawConfidenceEllipse(view.target, view.net, Projection::EqualArea, false,
                               EllipseOf(record, k, view.reImMode == OutOfPhase),
                               {.colour = view.ColourOf(k, selected, mark)});
   });
@@ -93,7 +95,7 @@ void DrawRecordEllipses(const StereoView& view, bool selected) {
 void DrawAxisSymbol(const StereoView& view, int k, const Direction& direction, bool selected) {
   if (!IsFinite(direction)) return;
   view.target.Layer(SymbolLayers[selected][k]);
-  DrawNetSymbol(view.target, view.net, EqualArea, direction, Axes[k].symbol,
+  DrawNetSymbol(view.target, view.net, Projection::EqualArea, direction, Axes[k].symbol,
                 view.SymbolSize(Axes[k].sizeFactor), view.ColourOf(k, selected, std::nullopt), {});
 }
 

@@ -113,7 +113,7 @@ void DrawFieldNet(Target& target, CoordinateSystem coorSys, const StereoGeometry
   constexpr int StripSteps = 320;
   const Net net = geometry.OnTarget();
   target.SetTransparent();
-  DrawNet(target, coorSys, EqualArea, net, Black, geometry.FontHeight());
+  DrawNet(target, coorSys, Projection::EqualArea, net, Black, geometry.FontHeight());
   float lower = INFINITY, upper = -INFINITY;
   for (const FieldPoint& point : points) {
     lower = std::min(lower, point.Value);
@@ -122,14 +122,14 @@ void DrawFieldNet(Target& target, CoordinateSystem coorSys, const StereoGeometry
   for (const FieldPoint& point : points) {
     if (!IsFinite(point.Direction) || !std::isfinite(point.Value)) continue;
     const float share = upper > lower ? (point.Value - lower) / (upper - lower) : 0;
-    DrawNetSymbol(target, net, EqualArea, point.Direction, 3, ToShort(1.2 * geometry.SymbolSize()),
-                  RainbowColor(share), {});
+    DrawNetSymbol(target, net, Projection::EqualArea, point.Direction, 3,
+                  ToShort(1.2 * geometry.SymbolSize()), RainbowColor(share), {});
   }
   for (int i = 1; i <= StripSteps; ++i) {
     const Colour colour = RainbowColor(static_cast<float>(i) / StripSteps);
     const Point p = OnNet(net, -1.04, i / 1100.0 - 1.05);
-    Pen pen = {.colour = colour};
-    DrawSymbol(target, 4, static_cast<float>(p.x), static_cast<float>(p.y), 14, colour, pen);
+    DrawSymbol(target, 4, static_cast<float>(p.x), static_cast<float>(p.y), 14, colour,
+               {.colour = colour});
   }
 }
 

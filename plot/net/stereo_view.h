@@ -49,9 +49,8 @@ struct StereoView {
   void Symbol(std::int16_t type, double u, double v, double sizeFactor, Colour fill,
               Colour penColour) const {
     const Point p = OnNet(net, u, v);
-    Pen pen = {.colour = penColour};
     DrawSymbol(target, type, static_cast<float>(p.x), static_cast<float>(p.y),
-               SymbolSize(sizeFactor), fill, pen);
+               SymbolSize(sizeFactor), fill, {.colour = penColour});
   }
   void Line(double u1, double u2, double v, const Pen& pen) const {
     const Point a = OnNet(net, u1, v), b = OnNet(net, u2, v);
@@ -76,7 +75,8 @@ struct StereoView {
   }
   void Mark(const Direction& direction, std::int16_t symbol, Finish finish, std::int16_t size,
             Colour fill, bool keepsFill) const {
-    const Point unit = ProjectDirection(EqualArea, direction), p = OnNet(net, unit.x, unit.y);
+    const Point unit = ProjectDirection(Projection::EqualArea, direction),
+                p = OnNet(net, unit.x, unit.y);
     DrawMark(target, symbol, finish, p.x, p.y, size, fill, keepsFill);
   }
   /// Visits the plotted records that are selected, or those that are not, with their running

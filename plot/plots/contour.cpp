@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/rounding.h"
@@ -50,30 +51,32 @@ struct ContourView {
   }
 };
 
-void ColourNodes(const ContourView& view, ContourGrid& grid) {
-  for (std::size_t n = 0; n < grid.Inside.size(); ++n) {
-    if (!grid.Inside[n]) continue;
-    grid.Level[n] = view.LevelIndex(grid.Density[n]);
-    grid.Colour[n] = view.ColourOf(grid.Density[n]);
-  }
+/// The colours of the nodes.
+std::vector<Colour> ColoursOf(const ContourView& view, const ContourGrid& grid) {
+  std::vector<Colour> colours(grid.Inside.size());
+  for (std::size_t n = 0; n < colours.size(); ++n)
+    if (grid.Inside[n]) colours[n] = view.ColourOf(grid.Density[n]);
+  return colours;
 }
 
 /// Blackens each node that has another level than its next neighbour along the row or the column.
 /// A neighbour outside the circle has level 0.
-void BlackenContours(ContourGrid& grid) {
+void BlackenContours(const ContourView& view, const ContourGrid& grid,
+                     std::vector<Colour>& colours) {
+  std::vector<std::int16_t> levels(grid.Inside.size());
+  for (std::size_t n = 0; n < levels.size(); ++n)
+    if (grid.Inside[n]) levels[n] = view.LevelIndex(grid.Density[n]);
   const std::size_t side = static_cast<std::size_t>(grid.Side());
   for (const std::size_t step : {std::size_t{1}, side})
     for (std::size_t n = 0; n < grid.Inside.size(); ++n) {
       const std::size_t place = step == 1 ? n % side : n / side;
-      if (grid.Inside[n] && place + 1 < side && grid.Level[n] != grid.Level[n + step])
-        grid.Colour[n] = Black;
+      if (grid.Inside[n] && place + 1 < side && levels[n] != levels[n + step]) colours[n] = Black;
     }
 }
 
 /// The nodes as they are painted: as coloured, unless curves stand for the colours of levels, and
 /// computed ones marked where the options say so.
-void PaintNodes(const ContourView& view, const ContourGrid& grid) {
-  std::vector<Colour> pixels(grid.Colour);
+void PaintNodes(const ContourView& view, const ContourGrid& grid, std::vector<Colour> pixels) {
   for (std::size_t n = 0; n < pixels.size(); ++n)
     if (!grid.Inside[n] || view.HasBands()) pixels[n] = NoColour;
   if (view.options.showGridPoints)
@@ -107,18 +110,17 @@ void DrawCurves(const ContourView& view, const ContourGrid& grid) {
     for (const auto& border : curves[i].Borders) borders.push_back(OnPlane(view.target, border));
     if (!borders.empty()) view.target.Region(borders, view.LevelColour(static_cast<int>(i) + 1));
   }
-  PaintNodes(view, grid);
+  PaintNodes(view, grid, ColoursOf(view, grid));
   if (!view.options.showContours) return;
   for (const DensityCurves& level : curves)
     for (const auto& line : level.Lines) DrawPolyline(view.target, OnPlane(view.target, line), {});
 }
 
-/// Each datum with the declination it has: one that points up is not turned over, as nowhere in
-/// `DrawNetSymbol`.
+/// Each datum with the declination it has: `DrawNetSymbol` turns none over that points up.
 void DrawDataPoints(const ContourView& view, const ContourData& data) {
   view.target.Layer("data");
   for (std::size_t d = 0; d < data.Dec.size(); ++d)
-    DrawNetSymbol(view.target, ContourNet, EqualArea, {data.Dec[d], data.Inc[d]},
+    DrawNetSymbol(view.target, ContourNet, Projection::EqualArea, {data.Dec[d], data.Inc[d]},
                   view.display.Symbol, view.display.Size, view.display.Colour, {.width = 0});
 }
 
@@ -171,7 +173,7 @@ void DrawContourLegend(const ContourView& view, const ContourData& data) {
 
 }  // namespace
 
-void DrawContour(Target& target, ContourGrid& grid, const ContourData& data,
+void DrawContour(Target& target, const ContourGrid& grid, const ContourData& data,
                  const DensityCount& count, CoordinateSystem coorSys,
                  const ContourOptions& options) {
   const ContourView view = {target, count, options, InfoOf(options.display),
@@ -179,15 +181,15 @@ void DrawContour(Target& target, ContourGrid& grid, const ContourData& data,
   target.SetTransparent();
   target.Layer("density");
   if (view.Counted()) {
-    ColourNodes(view, grid);
     if (options.curves) {
       DrawCurves(view, grid);
     } else {
-      if (options.showContours) BlackenContours(grid);
-      PaintNodes(view, grid);
+      std::vector<Colour> colours = ColoursOf(view, grid);
+      if (options.showContours) BlackenContours(view, grid, colours);
+      PaintNodes(view, grid, std::move(colours));
     }
   }
-  DrawNet(target, coorSys, EqualArea, ContourNet, Black, FontHeight);
+  DrawNet(target, coorSys, Projection::EqualArea, ContourNet, Black, FontHeight);
   if (options.showData || !view.Counted()) DrawDataPoints(view, data);
   DrawContourLegend(view, data);
 }

@@ -54,8 +54,8 @@ inline constexpr Net ContourNet = {ContourCorner.x + ContourLast / 2.0,
 inline constexpr PlaneSize ContourPlane = {486, 360};
 
 /// Draws the counted densities, the net, the data and the legend; the net with the data alone while
-/// `count` is empty. Colours and levels of the nodes are made again, their densities stay.
-void DrawContour(Target& target, ContourGrid& grid, const ContourData& data,
+/// `count` is empty.
+void DrawContour(Target& target, const ContourGrid& grid, const ContourData& data,
                  const DensityCount& count, CoordinateSystem coorSys,
                  const ContourOptions& options);
 

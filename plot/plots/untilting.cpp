@@ -106,10 +106,9 @@ void DrawMarks(Target& target, const Frame& frame) {
 }
 
 void DrawMark(Target& target, const PlotGeometry& plot, const Curve& curve, const Point& place) {
-  Pen pen;
   const auto size = ToShort(curve.Look.sizeFactor * plot.SymbolSize());
   DrawSymbol(target, curve.Look.symbol, static_cast<float>(place.x), static_cast<float>(place.y),
-             size, curve.Look.colour, pen);
+             size, curve.Look.colour, {});
 }
 
 void DrawCurve(Target& target, const Frame& frame, const Untilting& untilting, const Curve& curve) {

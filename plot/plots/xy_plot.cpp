@@ -58,9 +58,8 @@ void DrawColourScale(Target& target, const PlotGeometry& plot, const Axis& axis)
     const double y = bottom - height * axis.ShareOf(value);
     DrawText(target, TickText(axis, value), left - gap, y + 0.015 * height,
              {.height = letters, .alignment = RightBaseline});
-    Pen pen;
     DrawSymbol(target, 42, static_cast<float>(left), static_cast<float>(y), plot.TickSize(15),
-               Black, pen);
+               Black, {});
   }
   DrawTextVertical(target, AxisTitle(axis), rightOfFrame(plot.barTitle), bottom - height / 2.0,
                    {.height = letters, .alignment = CentreBaseline, .weight = 600});
@@ -94,7 +93,7 @@ std::vector<Point> PaintXYPlot(Target& target, const PlotGeometry& plot,
   if (look.lines) DrawLines(target, plot, places, look.lineColour);
 
   const bool colours = colour && !colour->IsEmpty();
-  Pen pen = {.colour = look.penColour};
+  const Pen pen = {.colour = look.penColour};
   for (std::size_t i = 0; i < points.size(); ++i) {
     const Point at = position(points[i]);
     if (!InBox(at.x, at.y, x.range.lower, y.range.lower, x.range.upper, y.range.upper)) {

@@ -19,8 +19,6 @@ void Allocate(ContourGrid& grid, int first, int last) {
   grid.Inside.resize(nodes);
   for (auto* values : {&grid.Dec, &grid.Inc, &grid.X, &grid.Y, &grid.Z, &grid.Density})
     values->resize(nodes);
-  grid.Level.resize(nodes);
-  grid.Colour.resize(nodes);
 }
 
 }  // namespace

@@ -11,12 +11,10 @@ namespace velorix {
 struct ContourGrid {
   int First = 0, Last = -1;  // of columns and of rows
 
-  std::vector<std::uint8_t> Inside;   // 1: the node lies within the circle
-  std::vector<float> Dec, Inc;        // direction under the node, degrees; 0 outside the circle
-  std::vector<float> X, Y, Z;         // its unit vector: north, east, down
-  std::vector<float> Density;         // in multiples of a uniform density, once counted
-  std::vector<std::int16_t> Level;    // index of the contour level
-  std::vector<std::uint32_t> Colour;  // 0x00BBGGRR
+  std::vector<std::uint8_t> Inside;  // 1: the node lies within the circle
+  std::vector<float> Dec, Inc;       // direction under the node, degrees; 0 outside the circle
+  std::vector<float> X, Y, Z;        // its unit vector: north, east, down
+  std::vector<float> Density;        // in multiples of a uniform density, once counted
 
   int InsideCount = 0;    // nodes within the circle
   int ComputedCount = 0;  // those of them at the spacing of a count

@@ -19,8 +19,9 @@ struct ShortDirection {
   bool operator==(const ShortDirection&) const = default;
 };
 
-/// The results of the last group statistics. A run that is too small for a field leaves the value
-/// of the run before; views go by `GroupN` and `Reached`. Angles are degrees.
+/// The results of the last group statistics, angles in degrees. Kept for agreement with published
+/// results: a run that is too small for a field leaves the value of the run before. What may be
+/// shown say the functions below.
 struct GroupStats : TensorStats {
   /// How far the last run came before it failed, or `All`.
   enum Step { None, MeanTensor, TensorErrors, Bootstrap, AverageKm, All };

@@ -53,9 +53,9 @@ std::string_view UntilCharacter(std::string_view name, std::string_view end) {
 
 /// The group of a record that its own texts decide.
 std::string_view GroupName(const SpecimenRecord& record, const GroupBy& by) {
-  if (by.How == GroupBy::Field) return Trimmed(record.*by.Text);
+  if (by.How == GroupBy::Way::Field) return Trimmed(record.*by.Text);
   const std::string_view name = Trimmed(record.Name);
-  if (by.How == GroupBy::NameUntil) return UntilCharacter(name, by.Until);
+  if (by.How == GroupBy::Way::NameUntil) return UntilCharacter(name, by.Until);
   return Trimmed(name.substr(0, BytesOfCharacters(name, by.Characters)));
 }
 
@@ -87,8 +87,8 @@ class Namer {
   Namer(const Session& session, const GroupBy& by) : session_(session), by_(by), files_(session) {}
 
   std::string_view Of(int record) {
-    if (by_.How == GroupBy::File) return files_.Of(record);
-    if (by_.How != GroupBy::Hand) return GroupName(session_.Records[record], by_);
+    if (by_.How == GroupBy::Way::File) return files_.Of(record);
+    if (by_.How != GroupBy::Way::Hand) return GroupName(session_.Records[record], by_);
     const auto place = static_cast<std::size_t>(record - 1);
     return place < session_.HandGroups.size() ? session_.HandGroups[place] : std::string_view();
   }
@@ -127,19 +127,19 @@ std::optional<GroupBy> ParseGroupBy(std::string_view word) {
   if (word == "file") return by;
   for (const auto& [field, text] : FieldWords)
     if (word == field) {
-      by.How = GroupBy::Field;
+      by.How = GroupBy::Way::Field;
       by.Text = text;
       return by;
     }
   constexpr std::string_view start = "name:", until = "name-until:";
   if (word.starts_with(start)) {
     const std::optional<int> characters = CharactersOf(word.substr(start.size()));
-    by.How = GroupBy::NameStart;
+    by.How = GroupBy::Way::NameStart;
     by.Characters = characters.value_or(0);
     return characters ? std::optional(by) : std::nullopt;
   }
   if (!word.starts_with(until)) return std::nullopt;
-  by.How = GroupBy::NameUntil;
+  by.How = GroupBy::Way::NameUntil;
   by.Until = word.substr(until.size());
   const bool isOne = !by.Until.empty() && BytesOfCharacters(by.Until, 1) == by.Until.size();
   return isOne ? std::optional(by) : std::nullopt;

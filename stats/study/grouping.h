@@ -11,9 +11,9 @@ namespace velorix {
 
 /// What parts the records in view into groups.
 struct GroupBy {
-  enum Way { File, Field, NameStart, NameUntil, Hand };
+  enum class Way { File, Field, NameStart, NameUntil, Hand };
 
-  Way How = File;
+  Way How = Way::File;
   std::string SpecimenRecord::*Text = nullptr;  // of a field
   int Characters = 0;                           // of the start of a name
   std::string Until;                            // one character
@@ -28,7 +28,7 @@ inline constexpr char GroupByWords[] = "file|site|rock|strat|litho|regio|name:N|
 /// The way by hand.
 inline GroupBy ByHand() {
   GroupBy by;
-  by.How = GroupBy::Hand;
+  by.How = GroupBy::Way::Hand;
   return by;
 }
 
@@ -45,8 +45,8 @@ struct RecordGroup {
 /// in use that have the system in view; out of phase those without such a block count, too, so that
 /// their groups are listed. Texts count without white space at their ends; records without the text
 /// form a group "". A name without the character that ends it, or that begins with it, counts as a
-/// whole. Files bear their names without extension, with as much of their folders as tells equal
-/// ones apart. By hand counts what `Session::HandGroups` says.
+/// whole. A file's group has its name without extension, with as many of its folders as distinguish
+/// it from files of the same name. By hand counts what `Session::HandGroups` says.
 std::vector<RecordGroup> PartRecords(const Session& session, const GroupBy& by);
 
 /// The group that each record of the store would have in view, in the order of the store.

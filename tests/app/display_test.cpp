@@ -86,7 +86,7 @@ TEST_F(Display, TheListsRotateDisregardedRecordsTooButLeaveFactorsAlone) {
   EXPECT_EQ(Shown(), 1);
   const Number geographic = Now.Records[2].Dec[1];
   Now.Records[1].Fac[1] = 77;
-  ChooseCoorSys(Program, 0);
+  ChooseCoorSys(Program, Specimen);
   EXPECT_EQ(Now.CoorSys, Specimen);
   EXPECT_NE(Now.Records[2].Dec[1], geographic);
   EXPECT_EQ(Now.Records[1].Fac[1], 77);
@@ -102,13 +102,13 @@ TEST_F(Display, AMeanOfAnotherViewThanTheOneShownSaysWhichItBelongsTo) {
   // clang-format off
   const std::tuple<const char*, std::function<void()>, std::string> steps[] = {
       {"opened", [] {}, ""},
-      {"a plane that turns nothing here", [this] { ChooseTectoPlane(Program, 1); }, ""},
-      {"another system", [this] { ChooseCoorSys(Program, 3); }, ofGeographic},
-      {"back again", [this] { ChooseCoorSys(Program, 1); }, ""},
-      {"in phase, specimen", [this] { ChooseCoorSys(Program, 0); }, ofGeographic},
+      {"a plane that turns nothing here", [this] { ChooseTectoPlane(Program, PaleoPlane::Vertical); }, ""},
+      {"another system", [this] { ChooseCoorSys(Program, Tectonic); }, ofGeographic},
+      {"back again", [this] { ChooseCoorSys(Program, Geographic); }, ""},
+      {"in phase, specimen", [this] { ChooseCoorSys(Program, Specimen); }, ofGeographic},
       {"computed", [this] { Menu("mnuView(4)"); }, ""},
-      {"another axis", [this] { ChooseTectoAxis(Program, 2); }, ofTectonic},
-      {"and the axis back", [this] { ChooseTectoAxis(Program, 0); }, ""},
+      {"another axis", [this] { ChooseTectoAxis(Program, TectoAxis::East); }, ofTectonic},
+      {"and the axis back", [this] { ChooseTectoAxis(Program, TectoAxis::North); }, ""},
       {"another lineation", [this] { ChooseLineation(Program, 1); }, ofTectonic},
       {"computed again", [this] { Menu("mnuSelection(5)"); }, ""}};
   // clang-format on
@@ -119,7 +119,7 @@ TEST_F(Display, AMeanOfAnotherViewThanTheOneShownSaysWhichItBelongsTo) {
   EXPECT_EQ(MeanOf(GroupHeading),
             "hill.ams, in-phase, tectonic (foliation S vertical, lineation M north), N = 1");
   Menu("mnuClose");
-  ChooseCoorSys(Program, 0);
+  ChooseCoorSys(Program, Specimen);
   EXPECT_EQ(MeanOf(MeanLabel) + MeanOf(GroupHeading), "") << "of no records";
 }
 

@@ -39,17 +39,17 @@ TEST_F(Marking, FollowsViewAndFilesAndKeepsTheMarkOfAGroup) {
   Menu("mnuSelection(2)");
   EXPECT_EQ(Marked(), "a1:0 a2:0 a3:1 a4:1 a5:1 a6:1");
   EXPECT_EQ(Program.Plots.Marks.Means.front().Group, 2);
-  ChooseCoorSys(Program, 3);  // no record has it
+  ChooseCoorSys(Program, Tectonic);  // no record has it
   EXPECT_EQ(Marked(), "a1:0 a2:0 a3:0 a4:0 a5:0 a6:0");
   Menu("mnuView(1)");
   OpenFile(WriteFile("b", 2));
   EXPECT_EQ(Marked(), "b1:1 b2:1");
   Menu("mnuClose");
   EXPECT_EQ(Marked(), "");
-  const int drawn = Seen.Stereos;
+  const auto drawn = std::count(Seen.Drawn.begin(), Seen.Drawn.end(), PlotKind::Stereonet);
   Show("name:x");
   EXPECT_FALSE(Program.Plots.Marks.AreShown());
-  EXPECT_EQ(Seen.Stereos, drawn + 1);
+  EXPECT_EQ(std::count(Seen.Drawn.begin(), Seen.Drawn.end(), PlotKind::Stereonet), drawn + 1);
 }
 
 TEST_F(Marking, NoMeansOfMoreGroupsThanANetHoldsAndSaysSo) {

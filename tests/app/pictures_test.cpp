@@ -157,10 +157,9 @@ class GraphicsPageTest : public ProgramTest {
 TEST_F(GraphicsPageTest, PlotsHaveTheirPlacesWhicheverAreChosen) {
   const auto all = Page(1);
   ExpectGolden("app", "graphics_page.txt", ToText(all));
-  for (const auto box : {&PageOptions::stereonet, &PageOptions::histogram, &PageOptions::xyPlot1,
-                         &PageOptions::xyPlot2}) {
-    Program.Plots.Page = {false, false, false, false};
-    Program.Plots.Page.*box = true;
+  for (const PlotKind plot : AllPlots) {
+    Program.Plots.OnPage = PerPlot(false);
+    Program.Plots.OnPage[plot] = true;
     const auto alone = Page(1);
     EXPECT_GT(alone.size(), 50u);
     EXPECT_NE(std::search(all.begin(), all.end(), alone.begin(), alone.end()), all.end());
@@ -196,7 +195,7 @@ TEST_F(GraphicsPageTest, MetafileIsThePageBehindItsHeader) {
   MetafileTarget metafile(GraphicsPage);
   Replay(Page(1), metafile);
   EXPECT_EQ(Bytes("a.wmf"), PlaceableHeader({900, 800}, 100) + metafile.Bits());
-  Program.Plots.Page = {false, false, false, false};
+  Program.Plots.OnPage = PerPlot(false);
   ASSERT_TRUE(Export("a.wmf"));
   const std::string empty = Bytes("a.wmf").substr(22);
   EXPECT_EQ(MetafileReader(empty).records.size(), 5u) << "the file comes into being all the same";
@@ -257,7 +256,7 @@ TEST_F(GraphicsPageTest, DialogAsksBeforeItWritesOverAFile) {
 // Vectors on paper and in files are this program's own, so they can carry the line; the other
 // targets stay as they are.
 TEST_F(GraphicsPageTest, AMeanOfAnotherViewIsNamedOnceAndBelowTheNetOfVectors) {
-  ChooseCoorSys(Program, 0);
+  ChooseCoorSys(Program, Specimen);
   std::vector<DrawCall> named = Page(1);
   named.push_back(TextCall{"Mean: geographic, N = 8", {60, 402}, {.height = 11}});
   const std::string notice = "The mean belongs to another view: geographic, N = 8.";
@@ -283,7 +282,7 @@ TEST_F(GraphicsPageTest, AMeanOfAnotherViewIsNamedOnceAndBelowTheNetOfVectors) {
   };
   Menu("mnuGraphicsPrint");
   EXPECT_EQ(Drawn, named);
-  Program.Plots.Page.stereonet = false;  // a page without the mean says nothing of it
+  Program.Plots.OnPage[PlotKind::Stereonet] = false;  // a page without the mean says nothing of it
   EXPECT_EQ(save("b.svg", 7), "Written: " + Path("b.svg"));
   EXPECT_EQ(Drawn, Page(1));
 }

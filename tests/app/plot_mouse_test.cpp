@@ -91,9 +91,10 @@ TEST_F(PlotMouse, LeavesOutDisregardedRecordsAndThoseOfAnotherSystem) {
 TEST_F(PlotMouse, SelectsBySymbolsPlacesOnAPlot) {
   for (int i = 0; i < 4; ++i) Add(0);
   // The second has no symbol, and the fourth came after the plot was drawn.
-  Program.XYDrawn[1] = {.x = {}, .y = {}, .symbols = {{10, 100}, {std::nan(""), 100}, {30, 100}}};
+  Program.Drawn.XYPlot[1] = {
+      .x = {}, .y = {}, .symbols = {{10, 100}, {std::nan(""), 100}, {30, 100}}};
   const auto in = [&](int plot, MouseBox box) {
-    return Text(RecordsInXYPlot(Now, Program.XYDrawn[plot], box));
+    return Text(RecordsInXYPlot(Now, Program.Drawn.XYPlot[plot], box));
   };
   EXPECT_EQ(in(1, {30, 100, 0, 0}), "1 3 ");  // edges included
   EXPECT_EQ(in(2, {-10, -10, 500, 500}), "");
@@ -205,8 +206,8 @@ TEST_F(PlotMouse, ALassoSelectsAsABoxDoes) {
   };
   EXPECT_EQ(text(NoKeys) + "|" + text(CtrlKey) + "|" + text(AltKey) + "|" + text(ShiftKey),
             "1 2 |2 |1 |");
-  Program.XYDrawn[1] = {.x = {}, .y = {}, .symbols = {p, {p.x, p.y + 9}, {p.x + 1, p.y}}};
-  EXPECT_EQ(Text(RecordsInXYPlot(Now, Program.XYDrawn[1], lasso)), "1 3 ");
+  Program.Drawn.XYPlot[1] = {.x = {}, .y = {}, .symbols = {p, {p.x, p.y + 9}, {p.x + 1, p.y}}};
+  EXPECT_EQ(Text(RecordsInXYPlot(Now, Program.Drawn.XYPlot[1], lasso)), "1 3 ");
   Program.Plots.Stereo.showData = false;
   EXPECT_FALSE(RecordsInStereo(Now, Program.Plots.Stereo, lasso, NoKeys));
 }
@@ -225,7 +226,7 @@ TEST_F(PlotMouse, ReadsDirectionsOffTheNet) {
 }
 
 TEST_F(PlotMouse, ReadsValuesOffAnXYPlot) {
-  EXPECT_EQ(ReadXYPlot(Program.XYDrawn[1], 100, 100), "");  // nothing drawn yet
+  EXPECT_EQ(ReadXYPlot(Program.Drawn.XYPlot[1], 100, 100), "");  // nothing drawn yet
   DrawnXYPlot axes;
   axes.x.label = "Field";
   axes.x.range = {0, 10, 0, 1, 0.5};

@@ -62,9 +62,9 @@ struct ScriptedDialogs : Dialogs {
 /// Views that keep the caption and count what was called.
 struct RecordedViews : Views, WindowOpener {
   std::string Caption, Status;
-  int Room = 200, Grids = 0, Stereos = 0, Groups = 0, CodeListsShown = 0;
-  int Tables = 0, Selections = 0, Histos = 0, GridHeaders = 0, Contours = 0;
-  std::string XYPlots;  // numbers of the plots drawn, in order
+  int Room = 200, Grids = 0, Groups = 0, CodeListsShown = 0;
+  int Tables = 0, Selections = 0, GridHeaders = 0, Contours = 0;
+  std::vector<PlotKind> Drawn;
 
   void SetCaption(const std::string& caption) override { Caption = caption; }
   int CaptionRoom() override { return Room; }
@@ -74,9 +74,7 @@ struct RecordedViews : Views, WindowOpener {
   void FillGrid() override { ++Grids; }
   void FillDataTable() override { ++Tables; }
   void ShowSelection() override { ++Selections; }
-  void RedrawStereo() override { ++Stereos; }
-  void RedrawHisto() override { ++Histos; }
-  void RedrawXYPlot(int plot) override { XYPlots += std::to_string(plot); }
+  void Redraw(PlotKind plot) override { Drawn.push_back(plot); }
   void ShowWindows() override {}
   void RefreshGroupStatistics() override { ++Groups; }
   void RefreshContour() override { ++Contours; }

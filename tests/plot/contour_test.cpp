@@ -97,7 +97,8 @@ TEST_F(ContourPicture, ShowsEachDatumInTheSymbolOfItsKindWhenWantedOrNotCounted)
     Options.display = display;
     Recorder expected;
     for (const Direction d : {Direction{20, 30}, {110, 10}})
-      DrawNetSymbol(expected, {180, 180, 300}, EqualArea, d, symbol, size, colour, {.width = 0});
+      DrawNetSymbol(expected, {180, 180, 300}, Projection::EqualArea, d, symbol, size, colour,
+                    {.width = 0});
     for (const auto& [counted, chosen] : {std::pair{false, false}, {true, false}, {true, true}}) {
       Count = {};
       if (counted) Run(20);

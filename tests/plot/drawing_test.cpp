@@ -49,7 +49,7 @@ TEST(DrawSymbol, Symbol13IsOffAtItsFirstCornerAndSymbol33IsNot) {
 
 TEST(Drawing, FillsWith0OnlySymbolsRoundsHalvesToEvenAndIsReplayed) {
   Recorder recorder, again;
-  Pen pen;
+  const Pen pen = {.width = 1};
   const LogicalPoint points[] = {{1, 2}, {3, 4}, {5, 6}};
   recorder.SetTransparent();
   DrawSymbol(recorder, -1, 7, 8, 20, Green, pen);

@@ -13,7 +13,7 @@ namespace velorix {
 namespace {
 
 std::vector<DrawCall> NetOf(CoordinateSystem coorSys, const Net& net) {
-  return Recorded([&](Target& t) { DrawNet(t, coorSys, EqualArea, net, Black, 14); });
+  return Recorded([&](Target& t) { DrawNet(t, coorSys, Projection::EqualArea, net, Black, 14); });
 }
 
 TEST(DrawNet, NamesTheAxesOfEachCoordinateSystem) {
@@ -29,17 +29,19 @@ TEST(DrawNet, NamesTheAxesOfEachCoordinateSystem) {
 
 TEST(DrawNetSymbol, StandsWhereTheNetHasTheDirection) {
   const std::tuple<Projection, Direction, LogicalPoint> rows[] = {
-      {EqualArea, {90, 0}, {1000, 500}},   {EqualArea, {180, 0}, {500, 1000}},
-      {EqualArea, {0, 90}, {500, 500}},    {EqualArea, {0, 45}, {500, 229}},  // 500 * 0.5412 up
-      {EqualAngle, {0, 45}, {500, 293}},                                      // 500 * 0.4142
-      {EqualArea, {200, 30}, {379, 832}},  // 500 * sqrt(0.5) = 353.55 from the centre
-      {EqualArea, {200, -30}, {379, 832}},
+      {Projection::EqualArea, {90, 0}, {1000, 500}},
+      {Projection::EqualArea, {180, 0}, {500, 1000}},
+      {Projection::EqualArea, {0, 90}, {500, 500}},
+      {Projection::EqualArea, {0, 45}, {500, 229}},    // 500 * 0.5412 up
+      {Projection::EqualAngle, {0, 45}, {500, 293}},   // 500 * 0.4142
+      {Projection::EqualArea, {200, 30}, {379, 832}},  // 500 * sqrt(0.5) = 353.55 from the centre
+      {Projection::EqualArea, {200, -30}, {379, 832}},
   };
   for (const auto& [projection, direction, at] : rows) {
     Recorder drawn;
     DrawNetSymbol(drawn, {500, 500, 1000}, projection, direction, -1, 9, Red, {});
     EXPECT_EQ(drawn.calls, std::vector<DrawCall>({PixelCall{at, Red}}))
-        << projection << " " << direction.Dec << " " << direction.Inc;
+        << static_cast<int>(projection) << " " << direction.Dec << " " << direction.Inc;
   }
 }
 
@@ -60,11 +62,13 @@ Matrix<3, 3> FrameAt(Direction d) {
 }
 
 Lines Ellipse(const ConfidenceEllipse& e, bool showUpper = false) {
-  return LinesBy([&](Target& t) { DrawConfidenceEllipse(t, Screen, EqualArea, showUpper, e, {}); });
+  return LinesBy([&](Target& t) {
+    DrawConfidenceEllipse(t, Screen, Projection::EqualArea, showUpper, e, {});
+  });
 }
 
 LogicalPoint PlaceOf(Direction d) {
-  const Point u = ProjectDirection(EqualArea, d), p = OnNet(Screen, u.x, u.y);
+  const Point u = ProjectDirection(Projection::EqualArea, d), p = OnNet(Screen, u.x, u.y);
   return {ToLong(p.x), ToLong(p.y)};
 }
 
@@ -114,8 +118,8 @@ TEST(ConfidenceEllipse, BySizeHasFewPointsOnTheCurveUpToTheRim) {
        {std::pair{80.0, 4.0}, {80.0, 60.0}, {3.0, 20.0}, {6.0, 20.0}, {9.0, 20.0}}) {
     const Vector<3> pole = DirectionToVector(1, {30, inc});
     Recorder fine(Fineness);
-    DrawConfidenceEllipse(fine, Small, EqualArea, false, {1, FrameAt({30, inc}), E, E, 0}, {},
-                          StepBySize);
+    DrawConfidenceEllipse(fine, Small, Projection::EqualArea, false,
+                          {1, FrameAt({30, inc}), E, E, 0}, {}, StepBySize);
     const auto lines = CallsOf<PolylineCall>(fine.calls);
     EXPECT_EQ(lines.size() > 1, inc < E);
     std::size_t points = 0;
@@ -148,7 +152,7 @@ TEST(GreatCircle, IsSmoothOnAFineTarget) {
   const Direction pole = {37, 28};
   const Vector<3> p = DirectionToVector(1, pole);
   Recorder fine(Fineness);
-  DrawGreatCircle(fine, Screen, EqualArea, 2, false, pole, {});
+  DrawGreatCircle(fine, Screen, Projection::EqualArea, 2, false, pole, {});
   const auto offCircle = [&p](double x, double y) {
     const double east = (x / Fineness - Screen.cx) / (Screen.diameter / 2),
                  north = (Screen.cy - y / Fineness) / (Screen.diameter / 2);
@@ -169,7 +173,8 @@ TEST(GreatCircle, IsSmoothOnAFineTarget) {
 
 TEST(NetPolyline, EndsOnTheRimAndGoesOnOpposite) {
   const auto lines = [](const std::vector<Direction>& directions) {
-    return LinesBy([&](Target& t) { DrawNetPolyline(t, Screen, EqualArea, directions, {}); });
+    return LinesBy(
+        [&](Target& t) { DrawNetPolyline(t, Screen, Projection::EqualArea, directions, {}); });
   };
   EXPECT_EQ(lines({{10, 20}, {30, 40}, {50, 20}}).size(), 1u);
   const Lines arcs = lines({{60, 20}, {60, 5}, {60, -5}, {60, -20}});

@@ -169,7 +169,7 @@ class DialogsTest : public WindowTest {
     const auto shows = [this](const QString& names) { return velorix::Look(W().Window, names); };
     QCOMPARE(Look("lblGroupOf"), "hill.ams, in-phase, geographic, N = 5");
     QCOMPARE(shows("lblMean lblDisregarded"), "|");
-    ChooseCoorSys(W().Program, 0);
+    ChooseCoorSys(W().Program, Specimen);
     QCOMPARE(shows("lblMean"), "Mean: geographic, N = 5");
     QVERIFY(W().The<QWidget>("lblMean").isVisible());
     QVERIFY(Look("lblGroupOf").startsWith("hill.ams, in-phase, geographic, N = 5\nAnother view"));

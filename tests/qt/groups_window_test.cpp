@@ -78,7 +78,7 @@ class GroupsWindowTest : public WindowTest {
     QVERIFY(Rows().startsWith("s1:4 s") && Rows().endsWith(" All:12"));
     Table().selectRow(9);
     QCOMPARE(Selected(), "1 2 3 4 5 6 7 8 9 10 11 12 ");
-    ChooseCoorSys(W().Program, 0);  // a new table leaves the selection and the order
+    ChooseCoorSys(W().Program, Specimen);  // a new table leaves the selection and the order
     QVERIFY(Rows().startsWith("s1:4 s") && Rows().endsWith(" All:12"));
     QCOMPARE(Selected(), "1 2 3 4 5 6 7 8 9 10 11 12 ");
   }

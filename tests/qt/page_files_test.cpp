@@ -112,7 +112,7 @@ class PageFilesTest : public WindowTest {
     const HandAxes axes = {{"Kmean", *HandAxisOfText("1e-6 1e-2 auto log")},
                            {"P", *HandAxisOfText("auto auto 0.05")}};
     QVERIFY(W().Program.Plots.Axes == axes);
-    const auto& drawn = W().Program.XYDrawn[1];
+    const auto& drawn = W().Program.Drawn.XYPlot[1];
     QVERIFY(drawn && drawn->x.log && drawn->x.range.lower == -6 && drawn->y.range.step == 0.05);
     W().Program.Plots.Axes.clear();
     LoadAxes(W().Program);  // as the next start does
@@ -157,12 +157,13 @@ class PageFilesTest : public WindowTest {
   }
 
   void checkBoxesChooseThePlots() {
-    const PageOptions& page = W().Program.Plots.Page;
-    const bool* const plots[] = {&page.stereonet, &page.histogram, &page.xyPlot1, &page.xyPlot2};
-    for (int i = 0; const char* box : {"chkStereo", "chkHisto", "chkXYPLot1", "chkXYPlot2"}) {
-      QVERIFY2(*plots[i] && Look(box) == "Page+", box);
+    const PerPlot<bool>& onPage = W().Program.Plots.OnPage;
+    for (const auto& [plot, box] :
+         {std::pair(PlotKind::Stereonet, "chkStereo"), std::pair(PlotKind::Histogram, "chkHisto"),
+          std::pair(PlotKind::XYPlot1, "chkXYPLot1"), std::pair(PlotKind::XYPlot2, "chkXYPlot2")}) {
+      QVERIFY2(onPage[plot] && Look(box) == "Page+", box);
       Press(box);
-      QVERIFY2(!*plots[i++], box);
+      QVERIFY2(!onPage[plot], box);
     }
   }
 

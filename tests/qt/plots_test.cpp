@@ -45,7 +45,7 @@ class PlotsTest : public WindowTest {
     QCOMPARE(Look("odclHisto odclXYPlot1(1) odclXYPlot1(2) odclXYPlot2(1) odclXYPlot2(2)"),
              "Kmean|Kmean|P|P|T");
     Choose("odclXYPlot2(2)", 20);
-    QCOMPARE(W().Program.XYDrawn[2]->y.label, "E12");  // the entry's own column
+    QCOMPARE(W().Program.Drawn.XYPlot[2]->y.label, "E12");  // the entry's own column
     const int before = Picture("picXYPlot1").sizeHint().width();
     Press("chkXYPlot1ColorCoding");  // its scale takes room
     QCOMPARE(Picture("picXYPlot1").sizeHint().width(), before + 70);
@@ -63,7 +63,7 @@ class PlotsTest : public WindowTest {
       QVERIFY(selected.size() > 3 && selected.size() < 130);
       for (const SpecimenRecord& r : Records()) {  // give or take a pixel at the box's edges
         const auto [x, y] =
-            W().Program.XYDrawn[1]->symbols[static_cast<std::size_t>(r.RecordNo - 1)];
+            W().Program.Drawn.XYPlot[1]->symbols[static_cast<std::size_t>(r.RecordNo - 1)];
         const bool inside = x > 61 && x < 250 && y > 101 && y < 199;
         const bool outside = x > 252 || y < 99 || y > 201;
         if (r.Selected ? outside : inside) QFAIL(qPrintable(QString::number(r.RecordNo)));
@@ -120,9 +120,9 @@ class PlotsTest : public WindowTest {
     const QString tips = plot.toolTip() + net.toolTip() + histo.toolTip();
     Records()[1].Selected = true;  // so that it lies on top
     Records()[1].Name = "<b>7";
-    W().Window.RedrawXYPlot(1);
+    W().Window.Redraw(PlotKind::XYPlot1);
     Settle();
-    const auto [x, y] = W().Program.XYDrawn[1]->symbols[0];
+    const auto [x, y] = W().Program.Drawn.XYPlot[1]->symbols[0];
     MoveMouse(plot, PlaceIn(plot, {360, 290}, {x, y}));
     QVERIFY2(bar.currentMessage().startsWith("<b>7, Kmean "), qPrintable(bar.currentMessage()));
     QVERIFY(plot.toolTip().contains("&lt;b&gt;7, Kmean ") && plot.toolTip().contains(", P 1."));
@@ -130,7 +130,7 @@ class PlotsTest : public WindowTest {
     QCOMPARE(bar.currentMessage(), "");
     bar.showMessage("not written");  // a message of the program stays
     const auto& [foot, top] =
-        std::pair(W().Program.HistoDrawn[0].foot, W().Program.HistoDrawn[0].top);
+        std::pair(W().Program.Drawn.Histogram[0].foot, W().Program.Drawn.Histogram[0].top);
     MoveMouse(histo, PlaceIn(histo, {360, 290}, {(foot.x + top.x) / 2, (foot.y + top.y) / 2}));
     QVERIFY2(histo.toolTip().startsWith("Kmean ") && histo.toolTip().contains(" specimen"),
              qPrintable(histo.toolTip()));
@@ -216,7 +216,8 @@ class PlotsTest : public WindowTest {
     QVERIFY(draw(plot, corner));
     QVERIFY(!W().Selected().isEmpty());
     for (const SpecimenRecord& r : Records()) {  // give or take a pixel at the line
-      const auto [x, y] = W().Program.XYDrawn[1]->symbols[static_cast<std::size_t>(r.RecordNo - 1)];
+      const auto [x, y] =
+          W().Program.Drawn.XYPlot[1]->symbols[static_cast<std::size_t>(r.RecordNo - 1)];
       const double beyond = (x - 59) / 141 + (246 - y) / 146 - 1;
       if (std::abs(beyond) > 0.03) QCOMPARE(r.Selected, beyond < 0);
     }
@@ -256,7 +257,7 @@ class PlotsTest : public WindowTest {
     QCOMPARE(CellAt(table, 0, 0), "1");  // a display brings back the store's order
     W().Run("mnuClose");
     Settle();
-    QVERIFY(table.model()->rowCount() == 0 && !W().Program.XYDrawn[1]);
+    QVERIFY(table.model()->rowCount() == 0 && !W().Program.Drawn.XYPlot[1]);
     Drag(W().The<QWidget>("picXYPlot1"), {10, 10}, {100, 90}, Qt::LeftButton);  // does no harm
     Press("cmdCLOSE");
     QVERIFY(!W().Shown<QWidget>("frmDataTable"));

@@ -104,7 +104,7 @@ QStringList ColourFaults(const QWidget& window) {
   return faults;
 }
 
-/// A key that presses the button, or that its tip tells; one without an action needs none.
+/// A key that presses the button, or that its tip names; one without an action needs none.
 bool HasOwnKey(const QAbstractButton& button) {
   static const QRegularExpression key("[(\\[](Ctrl\\+|Esc)|no action");
   return !button.shortcut().isEmpty() || key.match(button.toolTip()).hasMatch();

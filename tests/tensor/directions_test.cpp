@@ -71,10 +71,10 @@ TEST(Directions, AnAngleIsNotClampedAgainstRounding) {
 TEST(Projection, PlacesOnTheNet) {
   const std::tuple<Projection, Direction, double, double> cases[] = {
       // clang-format off
-      {EqualArea, {90, 0}, 1, 0},              {EqualArea, {0, 90}, 0, 0},
-      {EqualArea, {0, 45}, 0, 0.5411961},      {EqualAngle, {0, 45}, 0, 0.4142136},
-      {EqualAngle, {180, 0}, 0, -1},           {Plain, {180, -45}, 2, -0.5},
-      {EqualArea, {90, -45}, 0.5411961, 0},    // an upward direction isn't turned over
+      {Projection::EqualArea, {90, 0}, 1, 0},              {Projection::EqualArea, {0, 90}, 0, 0},
+      {Projection::EqualArea, {0, 45}, 0, 0.5411961},      {Projection::EqualAngle, {0, 45}, 0, 0.4142136},
+      {Projection::EqualAngle, {180, 0}, 0, -1},           {Projection::Plain, {180, -45}, 2, -0.5},
+      {Projection::EqualArea, {90, -45}, 0.5411961, 0},    // an upward direction isn't turned over
       {static_cast<Projection>(3), {90, 0}, 0, 0},
       // clang-format on
   };
@@ -88,7 +88,7 @@ TEST(Projection, PlacesOnTheNet) {
 TEST(Projection, TheReadOutFindsTheDirectionAgain) {
   for (double dec = 0.5; dec < 360; dec += 10)
     for (double inc = 5; inc < 90; inc += 10) {
-      const Direction d = InverseEqualArea(ProjectDirection(EqualArea, {dec, inc}));
+      const Direction d = InverseEqualArea(ProjectDirection(Projection::EqualArea, {dec, inc}));
       ExpectDirection(d, dec, inc, 0.05);  // near east and west the arc sine is blunt
     }
   EXPECT_EQ(InverseEqualArea({0, 0}), (Direction{0, 90}));

@@ -232,7 +232,8 @@ void frmVelorix::FillGrid() {
   grid_->Grid->Fill();
 }
 
-void frmVelorix::RedrawStereo() {
+void frmVelorix::Redraw(PlotKind plot) {
+  if (plot != PlotKind::Stereonet) return plots_->Redraw(plot);
   stereo_->Redraw();
   status_.ShowRecords(*velorix_, grid_->Grid->Rows().rowCount());
 }
@@ -277,10 +278,6 @@ void frmVelorix::ShowSelection() {
   grid_->Grid->ShowSelection();
   if (table_) table_->Table->ShowSelection();
 }
-
-void frmVelorix::RedrawHisto() { plots_->RedrawHisto(); }
-
-void frmVelorix::RedrawXYPlot(int plot) { plots_->RedrawXYPlot(plot); }
 
 void frmVelorix::RefreshGroupStatistics() {
   if (group_) group_->AnisoView_DisplayGroupStatistics();

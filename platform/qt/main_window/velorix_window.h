@@ -46,11 +46,9 @@ class frmVelorix : public QMainWindow, public Views, public WindowOpener {
   void ShowCodeLists() override;
   void ShowGridHeader() override;
   void FillGrid() override;
-  void RedrawStereo() override;
+  void Redraw(PlotKind plot) override;
   void FillDataTable() override;
   void ShowSelection() override;
-  void RedrawHisto() override;
-  void RedrawXYPlot(int plot) override;
   void RefreshGroupStatistics() override;
   void RefreshContour() override;
   void ShowStatus(const std::string& text) override;

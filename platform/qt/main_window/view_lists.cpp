@@ -22,12 +22,14 @@ void Fill(QComboBox& list, const CodeList& codes) {
 ViewLists::ViewLists(Velorix& velorix, QWidget* parent) : QWidget(parent), velorix_(velorix) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
-  cboCoor_[0] = Add("&Coordinates", "cboCoor(1)", "Coordinate system in view", 0, ChooseCoorSys);
+  cboCoor_[0] = Add("&Coordinates", "cboCoor(1)", "Coordinate system in view", 0,
+                    [](Velorix& velorix, int index) { ChooseCoorSys(velorix, SystemAt(index)); });
   cboCoor_[1] = Add("&Plane", "cboCoor(2)",
                     "What the foliation becomes in the paleogeographic and tectonic systems", 0,
-                    ChooseTectoPlane);
-  cboCoor_[2] = Add("A&xis", "cboCoor(3)", "Where the lineation goes in the tectonic system", 0,
-                    ChooseTectoAxis);
+                    [](Velorix& velorix, int index) { ChooseTectoPlane(velorix, PlaneAt(index)); });
+  cboCoor_[2] =
+      Add("A&xis", "cboCoor(3)", "Where the lineation goes in the tectonic system", 0,
+          [](Velorix& velorix, int index) { ChooseTectoAxis(velorix, TectoAxisAt(index)); });
   odclFoli_ = Add("F&oliation", "odclFoli", "Code of the foliation that the rotation uses", 6,
                   ChooseFoliation);
   odclLine_ =
@@ -58,7 +60,7 @@ QComboBox* ViewLists::Add(const char* text, const char* name, const char* tip, i
 void ViewLists::ShowChoices() {
   cboCoor_[0]->setCurrentIndex(IndexOf(velorix_.Session.CoorSys));
   cboCoor_[1]->setCurrentIndex(IndexOf(velorix_.Session.TectoPlane));
-  cboCoor_[2]->setCurrentIndex(TectoAxisIndex(velorix_.Session));
+  cboCoor_[2]->setCurrentIndex(IndexOf(TectoAxisOf(velorix_.Session)));
 }
 
 void ViewLists::ShowCodeLists() {

@@ -91,22 +91,24 @@ void AttachPlotMouse(Velorix& velorix, PlotPanel& panel, const char* label,
 }  // namespace
 
 ColumnPlots::ColumnPlots(Velorix& velorix, QWidget* column, QWidget* pairs) : velorix_(velorix) {
-  histo_ = MakeHisto(column);
-  for (int plot : {1, 2}) xyPlots_[plot] = MakeXYPlot(plot, column);
+  plots_[PlotKind::Histogram] = MakeHisto(column);
+  for (int plot : {1, 2}) plots_[XYPlotKind(plot)] = MakeXYPlot(plot, column);
   for (int plot : {1, 2}) MakePairs(plot, pairs);
   ShowGridHeader();
 }
 
-PlotPanel* ColumnPlots::MakeHisto(QWidget* parent) {
+ColumnPlots::Shown ColumnPlots::MakeHisto(QWidget* parent) {
   PlotPanel* panel = MakePanel(HistoNames, velorix_, parent);
   AddColumns(*panel, "X", "odclHisto", "Column whose distribution is shown", Column::Km,
-             velorix_.Plots.HistoParameter,
-             [this](Column column) { ChooseHisto(velorix_, column); });
+             velorix_.Plots.HistoParameter, [this](Column column) {
+               ChangePlot(velorix_, PlotKind::Histogram,
+                          [&](PlotChoices& plots) { plots.HistoParameter = column; });
+             });
   panel->Options->addStretch(1);
   panel->Picture->SetPicture(HistoPlane, [this](Target& target) {
     const PlotChoices& plots = velorix_.Plots;
-    velorix_.HistoDrawn.clear();  // nothing for the mouse when drawing fails
-    velorix_.HistoDrawn =
+    velorix_.Drawn.Histogram.clear();  // nothing for the mouse when drawing fails
+    velorix_.Drawn.Histogram =
         DrawHisto(target, ScreenPlot(plots),
                   DataTableValues(plots.HistoParameter, velorix_.Session), plots.HistoParameter,
                   velorix_.Session.Settings, ShownGroups(velorix_.Session, plots.Marks));
@@ -116,30 +118,33 @@ PlotPanel* ColumnPlots::MakeHisto(QWidget* parent) {
               {.Name =
                    [this](const Point& place, double zoom) {
                      return NameInHisto(velorix_.Plots.HistoParameter, velorix_.Session.Settings,
-                                        velorix_.HistoDrawn, place, zoom);
+                                        velorix_.Drawn.Histogram, place, zoom);
                    },
                .SelectIn =
                    [this](const Lasso& lasso, int) {
                      Work(velorix_, [&] {
                        SelectRecords(velorix_,
                                      RecordsInHisto(velorix_.Session, velorix_.Plots.HistoParameter,
-                                                    velorix_.HistoDrawn, lasso));
+                                                    velorix_.Drawn.Histogram, lasso));
                      });
                    },
                .LassoOn = [this] { return velorix_.Plots.Lasso; },
                .Cross = true});
-  panel->AddPageBox("chkHisto", velorix_.Plots.Page.histogram);
-  return panel;
+  panel->AddPageBox("chkHisto", velorix_.Plots.OnPage[PlotKind::Histogram]);
+  return {panel, [] { return HistoPlane; }};
 }
 
-PlotPanel* ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
+ColumnPlots::Shown ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
   PlotPanel* panel = MakePanel(XYNames[plot - 1], velorix_, parent);
   const auto name = [plot](const char* pattern) { return QString(pattern).arg(plot); };
   const auto change = [this, plot](auto field) {
     return [this, plot, field](auto value) {
-      XYPlotOptions options = velorix_.Plots.XYPlot[plot];
-      options.*field = value;
-      Work(velorix_, [&] { ChangeXYPlot(velorix_, plot, options); });
+      Work(velorix_, [&] {
+        ChangePlot(velorix_, XYPlotKind(plot), [&](PlotChoices& plots) {
+          plots.XYPlot[plot].*field = value;
+          plots.XYLines[plot] = plots.XYPlot[plot].lines;
+        });
+      });
     };
   };
   const XYPlotOptions& options = velorix_.Plots.XYPlot[plot];
@@ -158,31 +163,31 @@ PlotPanel* ColumnPlots::MakeXYPlot(int plot, QWidget* parent) {
   panel->Options->addStretch(1);
 
   panel->Picture->SetPicture(XYPlotPlane(options), [this, plot](Target& target) {
-    velorix_.XYDrawn[plot].reset();  // nothing for the mouse when drawing fails
+    velorix_.Drawn.XYPlot[plot].reset();  // nothing for the mouse when drawing fails
     const XYPlotOptions shown = velorix_.Plots.Shown(plot);
     const GroupMarks& marks = velorix_.Plots.Marks;
-    velorix_.XYDrawn[plot] =
+    velorix_.Drawn.XYPlot[plot] =
         DrawXYPlot(velorix_.Session, target, ScreenPlot(velorix_.Plots), shown, marks);
     DrawLegendBelow(target, XYPlotPlane(shown), marks, XYPlotLegend(shown, marks));
   });
   AttachPlotMouse(
       velorix_, *panel, plot == 1 ? "lblXYPlot1" : "lblXYPlot2",
       [this, plot](const MouseBox& box) {
-        SelectRecords(velorix_, RecordsInXYPlot(velorix_.Session, velorix_.XYDrawn[plot], box));
+        SelectRecords(velorix_,
+                      RecordsInXYPlot(velorix_.Session, velorix_.Drawn.XYPlot[plot], box));
       },
-      [this, plot](double x, double y) { return ReadXYPlot(velorix_.XYDrawn[plot], x, y); },
+      [this, plot](double x, double y) { return ReadXYPlot(velorix_.Drawn.XYPlot[plot], x, y); },
       [this, plot](const Point& place, double zoom) {
-        return NameInXYPlot(velorix_.Session, velorix_.Plots.XYPlot[plot], velorix_.XYDrawn[plot],
-                            place, zoom);
+        return NameInXYPlot(velorix_.Session, velorix_.Plots.XYPlot[plot],
+                            velorix_.Drawn.XYPlot[plot], place, zoom);
       },
       [this, plot](const Lasso& lasso) {
-        SelectRecords(velorix_, RecordsInXYPlot(velorix_.Session, velorix_.XYDrawn[plot], lasso));
+        SelectRecords(velorix_,
+                      RecordsInXYPlot(velorix_.Session, velorix_.Drawn.XYPlot[plot], lasso));
       });
-  if (plot == 1)
-    panel->AddPageBox("chkXYPLot1", velorix_.Plots.Page.xyPlot1);
-  else
-    panel->AddPageBox("chkXYPlot2", velorix_.Plots.Page.xyPlot2);
-  return panel;
+  panel->AddPageBox(plot == 1 ? "chkXYPLot1" : "chkXYPlot2",
+                    velorix_.Plots.OnPage[XYPlotKind(plot)]);
+  return {panel, [&options] { return XYPlotPlane(options); }};
 }
 
 void ColumnPlots::MakePairs(int plot, QWidget* parent) {
@@ -228,15 +233,10 @@ void ColumnPlots::ShowGridHeader() {
   }
 }
 
-void ColumnPlots::RedrawHisto() {
-  histo_->Picture->SetPlane(WithLegend(HistoPlane, velorix_.Plots.Marks));
-  histo_->Picture->Redraw();
-}
-
-void ColumnPlots::RedrawXYPlot(int plot) {
-  xyPlots_[plot]->Picture->SetPlane(
-      WithLegend(XYPlotPlane(velorix_.Plots.XYPlot[plot]), velorix_.Plots.Marks));
-  xyPlots_[plot]->Picture->Redraw();
+void ColumnPlots::Redraw(PlotKind plot) {
+  const Shown& shown = plots_[plot];
+  shown.Panel->Picture->SetPlane(WithLegend(shown.Plane(), velorix_.Plots.Marks));
+  shown.Panel->Picture->Redraw();
 }
 
 }  // namespace velorix

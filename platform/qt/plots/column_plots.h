@@ -17,8 +17,8 @@ class ColumnPlots {
 
   /// The lists of columns take the grid's headers again and keep their place.
   void ShowGridHeader();
-  void RedrawHisto();
-  void RedrawXYPlot(int plot);
+  /// Draws a plot again that is a panel of these.
+  void Redraw(PlotKind plot);
 
  private:
   /// A list of columns.
@@ -27,8 +27,13 @@ class ColumnPlots {
     std::span<const Column> columns;
     int chosen;  // index
   };
-  PlotPanel* MakeHisto(QWidget* parent);
-  PlotPanel* MakeXYPlot(int plot, QWidget* parent);
+  /// The panel of a plot, and the plane that holds it without the legend of the groups.
+  struct Shown {
+    PlotPanel* Panel = nullptr;
+    std::function<PlaneSize()> Plane;
+  };
+  Shown MakeHisto(QWidget* parent);
+  Shown MakeXYPlot(int plot, QWidget* parent);
   void MakePairs(int plot, QWidget* parent);
   QComboBox* AddColumns(PlotPanel& panel, const char* label, const QString& name, const char* tip,
                         Column first, Column chosen,
@@ -36,8 +41,7 @@ class ColumnPlots {
 
   Velorix& velorix_;
   std::vector<ColumnList> lists_;
-  PlotPanel* histo_;
-  Array1<PlotPanel*, 2> xyPlots_;
+  PerPlot<Shown> plots_;
 };
 
 }  // namespace velorix

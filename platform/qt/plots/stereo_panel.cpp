@@ -142,7 +142,7 @@ StereoPanel::StereoPanel(Velorix& velorix, QWidget* parent)
                                });
                              },
                          .LassoOn = [this] { return velorix_.Plots.Lasso; }});
-  AddPageBox("chkStereo", velorix.Plots.Page.stereonet);
+  AddPageBox("chkStereo", velorix.Plots.OnPage[PlotKind::Stereonet]);
   Picture->OnFault = [this](const Fault& fault) {
     velorix_.Log.DebugPrint(std::string("Error: stereonet: ") + fault.what());
     velorix_.Views.ShowStatus(std::string("Stereonet: ") + fault.what());
@@ -150,8 +150,9 @@ StereoPanel::StereoPanel(Velorix& velorix, QWidget* parent)
 }
 
 void StereoPanel::ChangeOption(const std::function<void(StereoOptions&)>& change) {
-  change(velorix_.Plots.Stereo);
-  Work(velorix_, [&] { velorix_.Views.RedrawStereo(); });
+  Work(velorix_, [&] {
+    ChangePlot(velorix_, PlotKind::Stereonet, [&](PlotChoices& plots) { change(plots.Stereo); });
+  });
 }
 
 /// The groups of check boxes, two boxes a row.

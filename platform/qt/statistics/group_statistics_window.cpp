@@ -16,7 +16,6 @@
 
 #include "app/commands/view_choices.h"
 #include "app/display/shown_group.h"
-#include "app/tables/group_table.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/change_buttons.h"
 #include "platform/qt/parts/marks.h"
@@ -33,6 +32,19 @@ constexpr char Note[] =
     "specimen, the 95\u00A0% angles the mean. Bootstrap: half-axes of the 95\u00A0% regions, from "
     "5 to "
     "100 records. Std. Err. of factors: standard deviation of the records' values.";
+
+/// The labels' names. Directions: k 1 to 3, factors: row 0 is Km; columns from 1.
+QString DirectionName(int k, int column) {
+  if (column <= 5) return QString("lblJelinek(%1)").arg(6 * k - 5 + column);
+  if (column <= 7) return QString("lblBootStat(%1)").arg(2 * k - 7 + column);
+  return QString("lblBootLimits(%1)").arg(k);
+}
+QString FactorName(int row, int column) {
+  return column <= 3 ? QString("lblJelinek(%1)").arg(24 + (FactorSlots + 1) * column + row)
+                     : QString("lblBootLimits(%1)").arg(3 + row);
+}
+
+QString CountName() { return QString("lblJelinek(%1)").arg(24 + (FactorSlots + 1) * 4); }
 
 /// The colours are the same on dark desktops: black on them is read everywhere.
 void Paint(QLabel& label, Colour colour) {
@@ -106,8 +118,9 @@ QLabel* frmGroupStatistics::AddName(QGridLayout& table, int row, const QString& 
   return name;
 }
 
-QLabel* frmGroupStatistics::AddCell(QGridLayout& table, int row, int column, const QString& name,
-                                    int span) {
+QLabel* frmGroupStatistics::AddValue(
+    QGridLayout& table, int row, int column, const QString& name,
+    const std::function<std::string(const GroupTableContent&)>& text, int span) {
   auto* label = new QLabel(this);
   label->setObjectName(name);
   label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -117,96 +130,78 @@ QLabel* frmGroupStatistics::AddCell(QGridLayout& table, int row, int column, con
   label->setAutoFillBackground(true);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);
   table.addWidget(label, row, column, 1, span);
-  return label;
-}
-
-QLabel* frmGroupStatistics::AddValue(QGridLayout& table, int row, int column, int index,
-                                     bool boot) {
-  const QString name = QString(boot ? "lblBootStat(%1)" : "lblJelinek(%1)").arg(index);
-  QLabel* label = AddCell(table, row, column, name);
-  values_.push_back({label, index, boot});
+  values_.push_back({label, text});
   return label;
 }
 
 /// The count, the headings in rows 0 to 2, and a row each for Kmax, Kint and Kmin.
 void frmGroupStatistics::AddDirections(QGridLayout& table) {
-  const QString mean = "Principal values and directions of the mean tensor, in degrees";
-  const QString errors = "Errors of the directions, in degrees; 5 records and more";
-  const QString boot = "Half-axes of the bootstrap regions, in degrees; 5 to 100 records";
-  const QString limits = "95 % limits of the principal values by the bootstrap";
-  constexpr int Head = 2;
-  AddHeading(table, 0, 4, "Confidence Ellipses", errors, 2);
-  level_ = AddHeading(table, 1, 4, "", errors, 2);
-  AddHeading(table, 1, 6, "Bootstrap", boot, 2);
-  QLabel* count = AddValue(table, Head, 0, CountLabel, false);
+  constexpr int Head = 2, Errors = 4, Semiaxes = 6;
+  const std::span<const GroupColumn> columns = DirectionColumns();
+  const auto tip = [&](int column) { return columns[static_cast<std::size_t>(column) - 1].Tip; };
+  AddHeading(table, 0, Errors, "Confidence Ellipses", tip(Errors), 2);
+  level_ = AddHeading(table, 1, Errors, "", tip(Errors), 2);
+  semiAxes_ = AddHeading(table, Head, Errors, "", tip(Errors), 2);
+  AddHeading(table, 1, Semiaxes, "Bootstrap", tip(Semiaxes), 2);
+  AddHeading(table, Head, Semiaxes, "Semi-Axes", tip(Semiaxes), 2);
+  AddHeading(table, 1, 8, "Bootstrap", tip(8));
+  QLabel* count = AddValue(table, Head, 0, CountName(), [](const GroupTableContent& content) {
+    return CountText(content.Stats);
+  });
   table.addWidget(count, 0, 0, Head + 1, 1, Qt::AlignBottom);  // so that the headings stand close
   count->setAlignment(Qt::AlignCenter);
   count->setToolTip("Records in the mean tensor");
-  AddHeading(table, Head, 1, "Mean Tensor", mean);
-  AddHeading(table, Head, 2, "Dec", mean);
-  AddHeading(table, Head, 3, "Inc", mean);
-  semiAxes_ = AddHeading(table, Head, 4, "", errors, 2);
-  AddHeading(table, Head, 6, "Semi-Axes", boot, 2);
-  AddHeading(table, 1, 8, "Bootstrap", limits);
-  AddHeading(table, Head, 8, "95 % Limits", limits);
-  for (int k = 1; k <= 3; ++k) {
-    const int row = Head + k;
-    AddName(table, row, RowNames[k]);
-    for (int column = 1; column <= 5; ++column)
-      Paint(*AddValue(table, row, column, DirectionLabel(k, column), false), RowColours[k]);
-    for (int axis = 1; axis <= 2; ++axis)
-      Paint(*AddValue(table, row, 5 + axis, 2 * (k - 1) + axis, true), RowColours[k]);
-    limits_.push_back(AddCell(table, row, 8, QString("lblBootLimits(%1)").arg(k)));
-    Paint(*limits_.back(), RowColours[k]);
+  for (int k = 1; k <= 3; ++k) AddName(table, Head + k, RowNames[k]);
+  for (int column = 1; const GroupColumn& shown : columns) {
+    if (column < Errors || column >= Semiaxes + 2)
+      AddHeading(table, Head, column, shown.Heading, shown.Tip);
+    for (int k = 1; k <= 3; ++k)
+      Paint(*AddValue(
+                table, Head + k, column, DirectionName(k, column),
+                [&shown, k](const GroupTableContent& content) { return shown.Text(content, k); }),
+            RowColours[k]);
+    ++column;
   }
 }
 
 /// A row for Km and one for each factor.
 void frmGroupStatistics::AddFactors(QGridLayout& table) {
-  constexpr int Head = FactorHead, Rows = FactorSlots + 1;
+  constexpr int Head = FactorHead, First = Head + 1;
   table.setRowMinimumHeight(Head - 1, 10);
-  AddHeading(table, Head, 1, "Mean Tensor", "Factors of the mean tensor, whose mean is 1");
-  AddHeading(table, Head, 2, "Average", "Means of the records' values");
-  AddHeading(table, Head, 3, "Std. Err.", "Standard deviations of the records' values");
-  AddHeading(table, Head, 4, "95 % Limits",
-             "95 % limits of the mean tensor's factor by the bootstrap");
-  for (int row = 0; row < Rows; ++row) {
-    QLabel* name = AddName(table, Head + 1 + row, "Km");
+  for (int row = 0; row <= FactorSlots; ++row) {
+    QLabel* name = AddName(table, First + row, "Km");
     if (row > 0) factorNames_.push_back(name);
-    for (int column = 1; column <= 3; ++column)
-      AddValue(table, Head + 1 + row, column, FactorValueLabel(row, column), false);
-    if (row > 0)
-      limits_.push_back(
-          AddCell(table, Head + 1 + row, 4, QString("lblBootLimits(%1)").arg(3 + row)));
+  }
+  for (int column = 1; const GroupColumn& shown : FactorColumns()) {
+    AddHeading(table, Head, column, shown.Heading, shown.Tip);
+    for (int row = shown.IsOfKm ? 0 : 1; row <= FactorSlots; ++row)
+      AddValue(
+          table, First + row, column, FactorName(row, column),
+          [&shown, row](const GroupTableContent& content) { return shown.Text(content, row); });
+    ++column;
   }
 }
 
 /// Hext's statistics beside the factors.
 void frmGroupStatistics::AddHext(QGridLayout& table) {
   constexpr int Left = 6;
-  constexpr const char* tips[HextRows] = {
-      "Statistics of Hext (1963)",
-      "Anisotropy; isotropic below the critical value",
-      "K1 against K2; an oblate shape is not rejected below the critical value",
-      "K2 against K3; a prolate shape is not rejected below the critical value",
-      "95 % half-angle in the plane of K1 and K2, in degrees",
-      "95 % half-angle in the plane of K2 and K3, in degrees",
-      "95 % half-angle in the plane of K1 and K3, in degrees",
-      "Of the three tests at the 95 % level, in their order"};
-  const HextCells cells = HextTable(GroupStats());
-  for (int column = 0; column < HextColumns; ++column)
-    AddHeading(table, FactorHead, Left + column, ToQString(cells[0][column]), tips[0]);
-  for (int row = 1; row < HextRows; ++row) {
-    const bool verdict = row == HextRows - 1;
-    const int values = row <= 3 ? 2 : 1;  // angles have no critical value
-    AddHeading(table, FactorHead + row, Left, ToQString(cells[row][0]), tips[row])
+  constexpr const char* headings[] = {"Hext", "Value", "Critical"};
+  for (int column = Left; const char* heading : headings)
+    AddHeading(table, FactorHead, column++, heading, "Statistics of Hext (1963)");
+  for (int row = 1; const HextRow& shown : HextRows()) {
+    AddHeading(table, FactorHead + row, Left, shown.Name, shown.Tip)
         ->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    for (int column = 1; column <= values; ++column)
-      hext_.push_back({AddCell(table, FactorHead + row, Left + column,
-                               QString("lblHext(%1,%2)").arg(row).arg(column), verdict ? 2 : 1),
-                       row, column});
+    for (int column = 1; const auto text : {shown.Value, shown.Critical}) {
+      if (!text) continue;
+      QLabel* value = AddValue(
+          table, FactorHead + row, Left + column, QString("lblHext(%1,%2)").arg(row).arg(column),
+          [text](const GroupTableContent& content) { return HextText(text, content.Stats); },
+          shown.IsWords ? 2 : 1);
+      if (shown.IsWords) value->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+      ++column;
+    }
+    ++row;
   }
-  hext_.back().Label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 /// What the ellipses show, and how the bootstrap is made.
@@ -310,18 +305,8 @@ void frmGroupStatistics::AnisoView_DisplayGroupStatistics() {
   levels_->setCurrentIndex(static_cast<int>(level));
   level_->setText(standard ? "Std. Err. [deg]" : "95 % [deg]");
   semiAxes_->setText(standard ? "Normed Semi-Axes" : "Semi-Axes");
-  for (const Value& value : values_)
-    value.Label->setText(ToQString(value.Boot ? BootStatText(value.Index, stats)
-                                              : JelinekText(value.Index, stats, level)));
-  int row = 0;
-  for (QLabel* limits : limits_) {
-    ++row;
-    limits->setText(ToQString(row <= 3 ? PrincipalLimitsText(row, stats)
-                                       : FactorLimitsText(row - 3, stats, session.Settings)));
-  }
-  const HextCells hext = HextTable(stats);
-  for (const HextValue& value : hext_)
-    value.Label->setText(ToQString(hext[value.Row][value.Column]));
+  const GroupTableContent content = {stats, session.Settings, level};
+  for (const Value& value : values_) value.Label->setText(ToQString(value.Text(content)));
 }
 
 void frmGroupStatistics::Copy() {

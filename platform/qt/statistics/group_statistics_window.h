@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/commands/velorix.h"
+#include "app/tables/group_table.h"
 
 class QComboBox;
 class QGridLayout;
@@ -35,21 +36,17 @@ class frmGroupStatistics : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  /// A cell and what it shows.
   struct Value {
     QLabel* Label;
-    int Index;
-    bool Boot;
-  };
-  struct HextValue {
-    QLabel* Label;
-    int Row, Column;
+    std::function<std::string(const GroupTableContent&)> Text;
   };
 
   QLabel* AddHeading(QGridLayout& table, int row, int column, const QString& text,
                      const QString& tip, int span = 1);
-  QLabel* AddCell(QGridLayout& table, int row, int column, const QString& name, int span = 1);
+  QLabel* AddValue(QGridLayout& table, int row, int column, const QString& name,
+                   const std::function<std::string(const GroupTableContent&)>& text, int span = 1);
   QLabel* AddName(QGridLayout& table, int row, const QString& text);
-  QLabel* AddValue(QGridLayout& table, int row, int column, int index, bool boot);
   void AddDirections(QGridLayout& table);
   void AddFactors(QGridLayout& table);
   void AddHext(QGridLayout& table);
@@ -65,9 +62,7 @@ class frmGroupStatistics : public QWidget {
   QSpinBox* replicates_ = nullptr;
   QLineEdit* seed_ = nullptr;
   bool filling_ = false;
-  std::vector<QLabel*> limits_;  // of the three values, then of the factors
   std::vector<Value> values_;
-  std::vector<HextValue> hext_;
   std::vector<QLabel*> factorNames_;
 };
 

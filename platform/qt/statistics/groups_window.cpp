@@ -219,7 +219,7 @@ void frmGroups::ShowParting() {
   if (const auto& by = Chosen()) {
     int index = static_cast<int>(std::size(Ways)) - 1;
     const QString word = ToQString(by->Word);
-    while (index > 0 && by->How != GroupBy::Hand &&
+    while (index > 0 && by->How != GroupBy::Way::Hand &&
            (!*Ways[index].Word || !word.startsWith(Ways[index].Word)))
       --index;
     const Way& way = Ways[index];

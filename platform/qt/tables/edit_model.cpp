@@ -71,7 +71,6 @@ QVariant EditModel::Back(int row, int column) const {
 
 QString EditModel::HeaderTip(int column) const {
   const EditColumn& caption = EditColumnAt(column);
-  const std::string_view group = caption.Group;
   const bool inFile = editor_.ShowsSamples;
   if (caption.Kind == EditKind::Parameter) {
     const int parameter = column - ParameterColumn(0);
@@ -79,8 +78,9 @@ QString EditModel::HeaderTip(int column) const {
     return ToQString(OrientationMeaning(parameter)) +
            (isDipHere ? ", in the file: here foliations have dip directions" : "");
   }
-  if (caption.Kind != EditKind::Angle || group == "Orientation") return caption.Group;
-  const char* what = group.starts_with("Lineation") ? "Trend and plunge"
+  if (caption.Kind != EditKind::Angle || column < FoliationColumn(1)) return caption.Group;
+  const auto isOf = [column](int first) { return column > first && column <= first + 2; };
+  const char* what = isOf(LineationColumn(1)) || isOf(LineationColumn(2)) ? "Trend and plunge"
                      : inFile ? "Azimuth and dip as in the file: with OP4 = 90 a strike"
                               : "Dip direction and dip, whatever OP4 says";
   return QString(what) + "; degrees, read by their beginning, with a decimal point";

@@ -24,9 +24,11 @@
 namespace velorix {
 namespace {
 
+constexpr char NowCaption[] = "As now";
+
 /// What a control says for a word of a style file.
 QString CaptionOf(const std::string& word) {
-  if (word == "now") return "As now";
+  if (word == StyleNow) return NowCaption;
   QString caption = ToQString(word);
   caption[0] = caption[0].toUpper();
   return caption;
@@ -100,9 +102,9 @@ void frmFigure::AddControl(QFormLayout& form, const StyleKey& key) {
   QWidget* control = nullptr;
   if (std::holds_alternative<bool FigureStyle::*>(key.Value)) {
     auto* box = new QCheckBox(this);
-    show_.push_back([this, box, &key] { box->setChecked(ValueText(style_, key) == "yes"); });
+    show_.push_back([this, box, &key] { box->setChecked(ValueText(style_, key) == StyleYes); });
     connect(box, &QCheckBox::toggled, this,
-            [this, &key](bool on) { Take(key, on ? "yes" : "no"); });
+            [this, &key](bool on) { Take(key, on ? StyleYes : StyleNo); });
     control = box;
   } else if (const std::vector<std::string> words = WordsOf(key); !words.empty()) {
     control = MakeWords(key, words);
@@ -134,15 +136,15 @@ QWidget* frmFigure::MakeNumber(const StyleKey& key) {
   auto* list = new QComboBox(this);
   list->setEditable(true);
   const auto* bounded = std::get_if<StyleKey::Bounded>(&key.Value);
-  if (!bounded || bounded->HasNow) list->addItem("As now");
+  if (!bounded || bounded->HasNow) list->addItem(NowCaption);
   list->addItems(QString(key.Usual).split(' ', Qt::SkipEmptyParts));
   show_.push_back([this, list, &key] {
     const std::string text = ValueText(style_, key);
-    list->setEditText(text == "now" ? CaptionOf(text) : ToQString(text));
+    list->setEditText(text == StyleNow ? NowCaption : ToQString(text));
   });
   connect(list, &QComboBox::editTextChanged, this, [this, list, &key](const QString& text) {
-    const QString word = text.trimmed().compare("as now", Qt::CaseInsensitive) == 0
-                             ? "now"
+    const QString word = text.trimmed().compare(NowCaption, Qt::CaseInsensitive) == 0
+                             ? StyleNow
                              : text.trimmed().replace(',', '.');
     const bool good = Take(key, word.toStdString());
     QPalette colours = list->lineEdit()->palette();
@@ -161,7 +163,7 @@ QWidget* frmFigure::MakeColour(const StyleKey& key) {
   choose->setText("...");
   choose->setToolTip("Choose a colour");
   choose->setAccessibleName(QString(key.Caption) + ", choose a colour");
-  back->setText("As now");
+  back->setText(NowCaption);
   back->setToolTip("The colour as it is now");
   back->setAccessibleName(QString(key.Caption) + ", as now");
   auto* row = new QHBoxLayout(box);
@@ -171,8 +173,8 @@ QWidget* frmFigure::MakeColour(const StyleKey& key) {
   row->addWidget(back);
   show_.push_back([this, text, &key] {
     const QString colour = ToQString(ValueText(style_, key));
-    text->setText(colour == "now" ? "As now" : colour);
-    text->setStyleSheet(colour == "now"
+    text->setText(colour == StyleNow ? NowCaption : colour);
+    text->setStyleSheet(colour == StyleNow
                             ? QString()
                             : QString("border-left: 14px solid %1; padding-left: 4px").arg(colour));
   });
@@ -187,7 +189,7 @@ QWidget* frmFigure::MakeColour(const StyleKey& key) {
     style_.Colours = FigureColours::Own;
     take(colour.name());
   });
-  connect(back, &QToolButton::clicked, this, [take] { take("now"); });
+  connect(back, &QToolButton::clicked, this, [take] { take(StyleNow); });
   return box;
 }
 
