@@ -27,7 +27,7 @@ std::string StudyHeading(const Session& session, std::span<const RecordGroup> gr
 }  // namespace
 
 std::int64_t CountInView(const Session& session, std::span<const int> records) {
-  return std::ranges::count_if(records, [&session](int record) {
+  return std::count_if(records.begin(), records.end(), [&session](int record) {
     return IsShown(session.Records[record], session.CoorSys, session.ReImMode);
   });
 }
@@ -38,10 +38,10 @@ std::string StudyHeading(const Session& session, std::int64_t n, std::size_t gro
 
 std::string GroupsHeading(const Session& session, std::span<const RecordGroup> groups,
                           ErrorLevel level, const BootChoice& boot) {
-  const bool large =
-      boot.Method != BootMethod::None && std::ranges::any_of(groups, [&](const auto& group) {
-        return CountInView(session, group.Records) > BootMaxN;
-      });
+  const bool large = boot.Method != BootMethod::None &&
+                     std::any_of(groups.begin(), groups.end(), [&](const auto& group) {
+                       return CountInView(session, group.Records) > BootMaxN;
+                     });
   return StudyHeading(session, groups) + ". Ellipses: " + LevelText(level) +
          ". Bootstrap: " + TextOf(boot) +
          (large ? "; none of groups above " + std::to_string(BootMaxN) + " records" : "");

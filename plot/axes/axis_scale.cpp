@@ -162,9 +162,10 @@ Ticks LogTicksOf(const AxisRange& axis, double room) {
   for (int decade = first; decade <= axis.upper + slack; ++decade)
     for (int n = 1; n <= 9; ++n) {
       const double position = decade + std::log10(n);
-      const bool labelled =
-          n == 1 ? std::fmod(decade, every) == 0
-                 : all || (some && std::ranges::find(Leading, n) != std::end(Leading));
+      const bool labelled = n == 1
+                                ? std::fmod(decade, every) == 0
+                                : all || (some && std::find(std::begin(Leading), std::end(Leading),
+                                                            n) != std::end(Leading));
       if (labelled) add(ticks.major, position);
       if (n == 1 || every == 1) add(ticks.minor, position);
     }

@@ -172,7 +172,7 @@ TEST_F(Batch, AGroupOfNumbersThatAreNotFiniteHasNullsAndASentence) {
     list.push_back(Record("good", i));
     list.push_back(Record("wild", i));
     list.push_back(Record("huge", i));
-    for (float& component : list.back().Tensor) component *= 3e37f;
+    for (Number& component : list.back().Tensor) component = static_cast<float>(component * 3e37);
   }
   list[1].Tensor[1] = std::numeric_limits<float>::quiet_NaN();
   Write("w.ams", list);

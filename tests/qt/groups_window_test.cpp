@@ -93,7 +93,7 @@ class GroupsWindowTest : public WindowTest {
         QVERIFY2(Rows().endsWith(" All:12"), qPrintable(Rows()));
         QVERIFY(header.sectionSize(column) >= header.sectionSizeHint(column));
       }
-    ChooseCoorSys(W().Program, 0);
+    ChooseCoorSys(W().Program, Specimen);
     Rows();
     QVERIFY(header.sectionSize(4) >= header.sectionSizeHint(4));
   }

@@ -23,13 +23,12 @@ ViewLists::ViewLists(Velorix& velorix, QWidget* parent) : QWidget(parent), velor
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   cboCoor_[0] = Add("&Coordinates", "cboCoor(1)", "Coordinate system in view", 0,
-                    [](Velorix& velorix, int index) { ChooseCoorSys(velorix, SystemAt(index)); });
+                    [](Velorix& v, int index) { ChooseCoorSys(v, SystemAt(index)); });
   cboCoor_[1] = Add("&Plane", "cboCoor(2)",
                     "What the foliation becomes in the paleogeographic and tectonic systems", 0,
-                    [](Velorix& velorix, int index) { ChooseTectoPlane(velorix, PlaneAt(index)); });
-  cboCoor_[2] =
-      Add("A&xis", "cboCoor(3)", "Where the lineation goes in the tectonic system", 0,
-          [](Velorix& velorix, int index) { ChooseTectoAxis(velorix, TectoAxisAt(index)); });
+                    [](Velorix& v, int index) { ChooseTectoPlane(v, PlaneAt(index)); });
+  cboCoor_[2] = Add("A&xis", "cboCoor(3)", "Where the lineation goes in the tectonic system", 0,
+                    [](Velorix& v, int index) { ChooseTectoAxis(v, TectoAxisAt(index)); });
   odclFoli_ = Add("F&oliation", "odclFoli", "Code of the foliation that the rotation uses", 6,
                   ChooseFoliation);
   odclLine_ =
