@@ -25,7 +25,7 @@ class CommandsTest : public WindowTest {
             "Save As Ctrl+S, Save Select Record(s) As Ctrl+A, Export Ctrl+E, -, Close Ctrl+X, -, "
             "Exit Program Ctrl+Q\n"
             "Graphics: Copy To Clipboard Ctrl+C, Save To File Ctrl+F, (Redraw), -, Print "
-            "Ctrl+Shift+P, -, Figure Options Ctrl+Shift+F, -, Lasso\n"
+            "Ctrl+Shift+P, -, Figure Options Ctrl+Shift+F, Axes, -, Lasso\n"
             "Edit: Edit Orientation Data F2, (Rotate Data), Geological File Editor, -, Undo "
             "Ctrl+Z, "
             "Redo Ctrl+Shift+Z\n"

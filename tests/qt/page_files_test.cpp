@@ -110,7 +110,7 @@ class PageFilesTest : public WindowTest {
       Press("cmdOK");
     });
     const HandAxes axes = {{"Kmean", *HandAxisOfText("1e-6 1e-2 auto log")},
-                           {"P", *HandAxisOfText("auto auto 0.05")}};
+                           {"F", *HandAxisOfText("auto auto 0.05")}};
     QVERIFY(W().Program.Plots.Axes == axes);
     const auto& drawn = W().Program.Drawn.XYPlot[1];
     QVERIFY(drawn && drawn->x.log && drawn->x.range.lower == -6 && drawn->y.range.step == 0.05);

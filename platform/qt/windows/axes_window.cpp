@@ -52,10 +52,9 @@ frmAxes::frmAxes(Velorix& velorix, QWidget* owner) : QDialog(owner), velorix_(ve
   for (const auto& [name, plots] : ColumnsInUse(velorix)) AddRow(*rows, name, plots);
 
   auto* hint = new QLabel(
-      "An empty field is automatic. The step is the distance of the numbers and the width of the "
+      "An empty field is automatic. The step is the distance of the numbers and the width of the\n"
       "histogram's classes, on a logarithmic axis in decades.",
       this);
-  hint->setWordWrap(true);
   fault_ = new QLabel(this);
   fault_->setObjectName("lblFault");
   QPalette red = fault_->palette();
