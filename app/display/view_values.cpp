@@ -26,7 +26,7 @@ void RotateView(Session& session) {
     if (record.HasCoor[static_cast<int>(session.CoorSys)]) RotateRecord(record, view);
 }
 
-std::string IncompleteText(const std::string& reason) {
+std::string IncompleteText(const Fault& reason) {
   return "Group statistics incomplete: " + CauseOf(reason).Words;
 }
 
@@ -36,7 +36,7 @@ void ComputeGroup(const Session& session, const std::vector<float>& gaussTable,
     GroupStatistics(session.Records, session.CoorSys, session.ReImMode, session.Settings.FacIndex,
                     gaussTable, group, bootstrap);
   } catch (const Fault& fault) {
-    throw StatisticsFault(fault.Number, IncompleteText(fault.what()));
+    throw StatisticsFault(fault.Number, IncompleteText(fault));
   }
 }
 

@@ -25,7 +25,7 @@ struct StatisticsFault : Fault {
 };
 
 /// What is said of group statistics that end early, with what a geologist may take for the cause.
-std::string IncompleteText(const std::string& reason);
+std::string IncompleteText(const Fault& reason);
 
 /// The group statistics of the records in view. A `StatisticsFault` when they end early.
 void ComputeGroup(const Session& session, const std::vector<float>& gaussTable,

@@ -30,8 +30,8 @@ std::string ReadLeftWork(const std::string& path, const Settings& settings, Left
 /// "a.ams", or "a.ams and 2 more".
 std::string FilesText(const LeftWork& left);
 
-/// What shall become of it. `Discard` without a question when the data files have all of it. Where
-/// these are gone or have changed the question says so, and nothing can be restored.
+/// What is to be done with it. `Discard` without a question when the data files have all of it.
+/// Where these are gone or have changed the question says so, and nothing can be restored.
 enum class LeftAnswer { Restore, Discard, Later };
 LeftAnswer AskAboutLeft(Dialogs& dialogs, const LeftWork& left);
 

@@ -81,20 +81,20 @@ bool IsPlainlyOther(const std::string& path, const FileKind& kind) {
 int FilterOfContent(const std::string& path, const Settings& settings, std::string& why) {
   const int byName = FilterOfExtension(ExtensionOf(path));
   const FileContent content = ContentOfFile(path);
+  int filter = 0;
   switch (content.Kind) {
-    case ContentKind::Ams:
-    case ContentKind::Ran:
-      return FilterOfBinary(content.Kind, byName);
     case ContentKind::Text:
-      if (const int filter = FilterOfText(path, settings)) return filter;
+      filter = FilterOfText(path, settings);
       break;
     case ContentKind::Unknown:  // the reader of the extension says what is wrong
     case ContentKind::Binary:
-      if (byName != 0) return byName;
+      filter = byName;
       break;
     default:
+      filter = FilterOfBinary(content.Kind, byName);
       break;
   }
+  if (filter != 0) return filter;
   why = *content.Name ? std::string("It looks like ") + content.Name + "." : "It is no data file.";
   return 0;
 }

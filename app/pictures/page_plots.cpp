@@ -81,6 +81,18 @@ bool XYShowsValues(const PlotChoices& plots) {
   return plots.XYPlot[Plot].coding;
 }
 
+std::vector<AxisColumn> NoAxes(const PlotChoices&) { return {}; }
+
+std::vector<AxisColumn> HistogramAxes(const PlotChoices& plots) {
+  return {{plots.HistoParameter, "Histogram"}};
+}
+
+template <int Plot>
+std::vector<AxisColumn> XYAxes(const PlotChoices& plots) {
+  return {{plots.XYPlot[Plot].x, Plot == 1 ? "XY plot 1 X" : "XY plot 2 X"},
+          {plots.XYPlot[Plot].y, Plot == 1 ? "XY plot 1 Y" : "XY plot 2 Y"}};
+}
+
 /// Titles, axis titles and numbers of the XY plots are 14, 10 and 9 high: 1.5, 1.1 and 1 times 9.
 /// Their colour scales stand nearer than on the screen, so that the second one ends on the page.
 constexpr PlotGeometry XYPlotAt(double left) {
@@ -102,18 +114,20 @@ struct PagePlot {
   void (*Draw)(const PageContent&, Target&, const PagePlaces&, double s);
   LabelWidths (*Labels)(const PageContent&, TickDensity);
   bool (*ShowsValues)(const PlotChoices&);  // whether a value colours its symbols
+  std::vector<AxisColumn> (*Axes)(const PlotChoices&);
 };
 
 const PagePlot& RowOf(PlotKind plot) {
   // clang-format off
   static const PagePlot rows[] = {
-      {PlotKind::Stereonet, {},           DrawNet,       NoLabels,        NetShowsValues},
+      {PlotKind::Stereonet, {},           DrawNet,       NoLabels,        NetShowsValues,   NoAxes},
       {PlotKind::Histogram, {.left = 530, .bottom = 340, .width = 320, .height = 240, .fontHeight = 14},
-                                          DrawHistogram, HistogramLabels, ShowsNoValues},
-      {PlotKind::XYPlot1,   XYPlotAt(60), DrawXY<1>,     XYLabels<1>,     XYShowsValues<1>},
-      {PlotKind::XYPlot2,   XYPlotAt(530), DrawXY<2>,    XYLabels<2>,     XYShowsValues<2>},
+                                          DrawHistogram, HistogramLabels, ShowsNoValues,    HistogramAxes},
+      {PlotKind::XYPlot1,   XYPlotAt(60), DrawXY<1>,     XYLabels<1>,     XYShowsValues<1>, XYAxes<1>},
+      {PlotKind::XYPlot2,   XYPlotAt(530), DrawXY<2>,    XYLabels<2>,     XYShowsValues<2>, XYAxes<2>},
   };
   // clang-format on
+  static_assert(std::size(rows) == AllPlots.size());
   return *std::find_if(std::begin(rows), std::end(rows),
                        [plot](const PagePlot& row) { return row.Plot == plot; });
 }
@@ -145,6 +159,10 @@ PagePlaces PlacesOfPage() {
 
 LabelWidths LabelsOf(const PageContent& page, PlotKind plot, TickDensity density) {
   return RowOf(plot).Labels(page, density);
+}
+
+std::vector<AxisColumn> AxisColumnsOf(const PlotChoices& plots, PlotKind plot) {
+  return RowOf(plot).Axes(plots);
 }
 
 void DrawPlots(const PageContent& page, Target& target, const PagePlaces& places, double s) {

@@ -7,7 +7,7 @@
 
 namespace velorix {
 
-/// The diary of a run, a UTF-8 text file. Without `Open` every entry goes nowhere.
+/// The log of a run, a UTF-8 text file. Without `Open` every entry goes nowhere.
 class DebugLog {
  public:
   bool ToFile = true;

@@ -106,7 +106,7 @@ std::string FailuresText(const std::vector<GroupRow>& rows) {
   constexpr std::size_t MostNamed = 3;
   std::vector<GroupReason> failures;
   for (const GroupRow& row : rows)
-    if (!row.Failure.empty()) failures.push_back({row.Name, CauseOf(row.Failure).Short});
+    if (row.Failure) failures.push_back({row.Name, CauseOf(*row.Failure).Short});
   std::string text;
   for (const auto& [reason, names] : NamesByReason(failures, MostNamed))
     text += (text.empty() ? "Incomplete, " : "; ") + reason + ": " + names;

@@ -50,8 +50,8 @@ void Compute(const Velorix& velorix, const std::vector<RecordGroup>& groups, con
              bool saysFailures, bool shown, const TakeRow& take) {
   Progress progress("Computing groups", static_cast<int>(groups.size()), shown);
   const auto hand = [&](GroupRow row) {
-    if (saysFailures && !row.Failure.empty())
-      std::cerr << "Group \"" << row.Name << "\": " << IncompleteText(row.Failure) << "\n";
+    if (saysFailures && row.Failure)
+      std::cerr << "Group \"" << row.Name << "\": " << IncompleteText(*row.Failure) << "\n";
     take(std::move(row));
   };
   StudyStatistics(velorix.Session, groups, boot, velorix.GaussTable, hand,

@@ -17,16 +17,15 @@ constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 
 void DrawZeroLines(Target& target, const PlotGeometry& plot, const Axis& x, const Axis& y,
                    const XYPlotLook& look) {
-  const auto line = [&](double u1, double v1, double u2, double v2, PenStyle style) {
+  const auto line = [&](double u1, double v1, double u2, double v2) {
     const Point a = plot.At(u1, v1), b = plot.At(u2, v2);
-    DrawLine(target, a.x, a.y, b.x, b.y, {.style = style, .colour = look.lineColour});
+    DrawLine(target, a.x, a.y, b.x, b.y, {.colour = look.lineColour});
   };
   const auto crosses = [](const Axis& axis) {
     return !axis.log && axis.range.lower * axis.range.upper < 0;
   };
-  if (look.zeroX && crosses(x)) line(x.ShareOf(0), 0, x.ShareOf(0), 1, Solid);
-  if (look.zeroY && crosses(y)) line(0, y.ShareOf(0), 1, y.ShareOf(0), Solid);
-  if (look.diagonal) line(0, 0, 1, 1, Dashed);
+  if (crosses(x)) line(x.ShareOf(0), 0, x.ShareOf(0), 1);
+  if (crosses(y)) line(0, y.ShareOf(0), 1, y.ShareOf(0));
 }
 
 void DrawLines(Target& target, const PlotGeometry& plot, std::span<const Point> places,
@@ -79,7 +78,7 @@ std::vector<Point> PaintXYPlot(Target& target, const PlotGeometry& plot,
     DrawZeroLines(target, plot, x, y, look);
     DrawXAxis(target, plot, x, AxisTitle(x));
     DrawYAxis(target, plot, y, AxisTitle(y));
-    DrawPlotFrame(target, plot, look.frameColour);
+    DrawPlotFrame(target, plot, Black);
   }
 
   const auto position = [&](const XYPoint& point) {

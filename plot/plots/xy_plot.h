@@ -22,11 +22,10 @@ struct XYPoint {
 struct XYPlotLook {
   bool frame = true;   // paper, title, axes, frame and colour scale, or only lines and points
   bool lines = false;  // connect the points
-  bool zeroX = true, zeroY = true, diagonal = false;  // lines at 0, and from corner to corner
   std::string title;
   std::int16_t symbol = 3;
   Colour fill = Palette().points, penColour = Black;  // of symbols that no value colours
-  Colour lineColour = 0x808080, frameColour = Black;
+  Colour lineColour = 0x808080;
   MarkBy groupsBy = MarkBy::Nothing;  // what shows the points' groups, shapes their colours, too
   bool keepsFill = false;             // `fill` stands before the groups' colours
 };

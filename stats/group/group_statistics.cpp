@@ -130,15 +130,16 @@ void GroupStatistics(std::span<const SpecimenRecord* const> records, CoordinateS
   stats.Reached = GroupStats::All;
 }
 
-FailureCause CauseOf(const std::string& failure) {
+FailureCause CauseOf(const Fault& failure) {
   static constexpr struct {
-    const char *Failure, *Short, *Words;
-  } causes[] = {{"Division by zero", "too much alike",
-                 "specimens too much alike, or mean principal values equal"},
-                {"Overflow", "numbers too large", "a tensor's numbers are too large"}};
-  for (const auto& [text, brief, words] : causes)
-    if (failure == text) return {brief, words + (" (" + failure + ")")};
-  return {failure, failure};
+    int Number;
+    const char *Short, *Words;
+  } causes[] = {{11, "too much alike", "specimens too much alike, or mean principal values equal"},
+                {6, "numbers too large", "a tensor's numbers are too large"}};
+  for (const auto& [number, brief, words] : causes)
+    if (failure.Number == number)
+      return {brief, words + (std::string(" (") + failure.what() + ")")};
+  return {failure.what(), failure.what()};
 }
 
 bool ShowsMean(const GroupStats& stats) { return stats.GroupN > 0; }

@@ -72,7 +72,7 @@ void GroupStatistics(std::span<const SpecimenRecord* const> records, CoordinateS
 struct FailureCause {
   std::string Short, Words;
 };
-FailureCause CauseOf(const std::string& failure);
+FailureCause CauseOf(const Fault& failure);
 
 // What a view may show of the last run: what the group is large enough for, and what was reached.
 bool ShowsMean(const GroupStats& stats);           // MeanK, MeanDec, MeanInc, MeanVec

@@ -105,7 +105,7 @@ void TensorStatistics(std::span<const TensorColumn> T, TensorStats& stats) {
     stats.MeanDec[k] = directions[k].Dec;
     stats.MeanInc[k] = directions[k].Inc;
   }
-  if (!finite) throw Fault(6, NotFinite);
+  if (!finite) throw Fault(5, NotFinite);
   if (T.size() < 5) return;
 
   Matrix<6, 6> Cp;

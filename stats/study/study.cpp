@@ -27,8 +27,10 @@ GroupRow RowOf(const std::string& name, const RecordPointers& records, const Bas
   try {
     GroupStatistics(records, session.CoorSys, session.ReImMode, session.Settings.FacIndex,
                     basis.GaussTable, row.Stats, basis.Boot);
-  } catch (const std::exception& failure) {
-    row.Failure = failure.what();
+  } catch (const Fault& failure) {
+    row.Failure = failure;
+  } catch (const std::exception& failure) {  // no memory
+    row.Failure = Fault(7, failure.what());
   }
   return row;
 }

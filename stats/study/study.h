@@ -1,10 +1,12 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "base/fault.h"
 #include "stats/group/group_statistics.h"
 #include "stats/study/grouping.h"
 
@@ -14,7 +16,7 @@ namespace velorix {
 struct GroupRow {
   std::string Name;
   GroupStats Stats;
-  std::string Failure;  // why the statistics end at `Stats.Reached`; empty when they don't
+  std::optional<Fault> Failure;  // why the statistics end at `Stats.Reached`, where they do
 };
 
 /// Gets the rows in the order of the groups, on the caller's thread.

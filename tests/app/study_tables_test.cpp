@@ -95,13 +95,13 @@ TEST(UntiltingTable, SaysWhatIsBestAndWhatIsLeftOut) {
 
 TEST(StudyTable, NamesTheCausesOfFailures) {
   EXPECT_EQ(FailuresText({}), "");
-  EXPECT_EQ(FailuresText({{"a", {}, "Division by zero"},
-                          {"b", {}, NotFinite},
-                          {"c", {}, ""},
-                          {"d", {}, "Overflow"},
-                          {"e", {}, "Division by zero"},
-                          {"f", {}, "Division by zero"},
-                          {"g", {}, "Division by zero"}}),
+  EXPECT_EQ(FailuresText({{"a", {}, Fault(11, "Division by zero")},
+                          {"b", {}, Fault(5, NotFinite)},
+                          {"c", {}, {}},
+                          {"d", {}, Fault(6, "Overflow")},
+                          {"e", {}, Fault(11, "Division by zero")},
+                          {"f", {}, Fault(11, "Division by zero")},
+                          {"g", {}, Fault(11, "Division by zero")}}),
             "Incomplete, too much alike: \"a\", \"e\", \"f\" and 1 more; a tensor has a number "
             "that is not finite: \"b\"; numbers too large: \"d\"");
 }

@@ -129,7 +129,7 @@ TEST(GroupTable, GivesEachCellItsFormat) {
 }
 
 TEST(GroupsCsv, QuotesTextsAndLeavesOutWhatIsNotDefined) {
-  GroupRow row{"a, \"b\"\n", Stats(), ""};
+  GroupRow row{"a, \"b\"\n", Stats(), {}};
   row.Stats.MeanFac[2] = Factor::Failed();
   row.Stats.FactorsDone = 3;
   row.Stats.Hext = HextStats();
@@ -139,7 +139,7 @@ TEST(GroupsCsv, QuotesTextsAndLeavesOutWhatIsNotDefined) {
   EXPECT_EQ(GroupsCsvRow(row, {}),
             "\"a, \"\"b\"\"\n\",6,10.25,20,5,2.04,0,0,20.5,20,5,2.04,0,0,30.75,20,5,2.04,0,0,"
             "0.00012345,2E-05,-0.5,,0,,,,,,0.1,1.5E-05,2\r\n");
-  EXPECT_EQ(GroupsCsvRow({"none", {}, ""}, {}), "none,0" + std::string(31, ',') + "\r\n");
+  EXPECT_EQ(GroupsCsvRow({"none", {}, {}}, {}), "none,0" + std::string(31, ',') + "\r\n");
 }
 
 TEST(GroupTable, HidesASlotNamedZero) {

@@ -337,7 +337,7 @@ TEST(GroupStatistics, NumbersThatAreNotFiniteOrTooLargeShowNoErrorsAndSayWhy) {
       ADD_FAILURE() << failure << " of " << tensors.size();
     } catch (const Fault& fault) {
       EXPECT_STREQ(fault.what(), failure) << tensors.size();
-      EXPECT_EQ(CauseOf(fault.what()).Words, words);
+      EXPECT_EQ(CauseOf(fault).Words, words);
     }
     for (const ErrorLevel level : {ErrorLevel::StandardError, ErrorLevel::Confidence95})
       for (int k = 1; k <= 3; ++k) EXPECT_FALSE(ErrorsOf(stats, level, k)) << tensors.size();

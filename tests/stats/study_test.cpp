@@ -122,7 +122,7 @@ TEST(StudyStatistics, EachGroupIsAsIfAloneOnAnyNumberOfThreads) {
         failure = fault.what();
       }
       EXPECT_EQ(rows[g].Name, groups[g].Name);
-      EXPECT_EQ(rows[g].Failure, failure);
+      EXPECT_EQ(rows[g].Failure ? rows[g].Failure->what() : "", failure);
       EXPECT_EQ(failure.empty(), g % 7 != 6) << g;
       EXPECT_EQ(rows[g].Stats, stats) << g;
     }

@@ -372,8 +372,9 @@ ListAnswer QtDialogs::AskList(const std::string& title, const std::string& text,
                    [choose, defaultButton] { choose(defaultButton); });
   const int line = list->sizeHintForRow(0);
   const int shown = std::clamp(list->count(), 3, 14);
-  list->setMinimumSize(std::min(list->sizeHintForColumn(0) + 2 * line, 60 * line),
-                       shown * line + 2 * list->frameWidth());
+  list->setMinimumWidth(std::min(list->sizeHintForColumn(0) + 2 * line, 60 * line));
+  list->setMinimumHeight(shown * line + 2 * list->frameWidth());
+  box.resize(box.minimumSizeHint());
   box.exec();
   return answer;
 }

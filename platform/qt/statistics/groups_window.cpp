@@ -279,7 +279,7 @@ void frmGroups::FillRow(int row, const GroupRow& group) {
   int column = 0;
   for (const StudyCell& cell : StudyCells(group, velorix_.Plots.Stereo.level)) {
     auto* item = new Cell(cell, row, static_cast<std::size_t>(row) == names_.size());
-    if (!group.Failure.empty()) item->setToolTip(ToQString(IncompleteText(group.Failure)));
+    if (group.Failure) item->setToolTip(ToQString(IncompleteText(*group.Failure)));
     table_->setItem(row, column++, item);
   }
 }

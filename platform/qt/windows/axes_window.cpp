@@ -7,8 +7,10 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/commands/picture_commands.h"
+#include "app/pictures/page_plots.h"
 #include "platform/qt/parts/busy_cursor.h"
 #include "platform/qt/parts/widgets.h"
 #include "text/numbers.h"
@@ -23,20 +25,16 @@ enum { NameAt, PlotsAt, LowerAt, UpperAt, StepAt, LogAt, ReversedAt };
 /// The columns along the axes of the plots, each once, and where they stand.
 std::vector<std::pair<std::string, QString>> ColumnsInUse(const Velorix& velorix) {
   std::vector<std::pair<std::string, QString>> columns;
-  const auto add = [&](Column column, const QString& plot) {
-    const std::string name = ColumnName(column, velorix.Session.Settings);
-    for (auto& [known, plots] : columns)
-      if (known == name) {
-        plots += ", " + plot;
-        return;
-      }
-    columns.emplace_back(name, plot);
-  };
-  for (const int plot : {1, 2}) {
-    add(velorix.Plots.XYPlot[plot].x, QString("XY plot %1 X").arg(plot));
-    add(velorix.Plots.XYPlot[plot].y, QString("XY plot %1 Y").arg(plot));
-  }
-  add(velorix.Plots.HistoParameter, "Histogram");
+  for (const PlotKind plot : AllPlots)
+    for (const auto& [column, where] : AxisColumnsOf(velorix.Plots, plot)) {
+      const std::string name = ColumnName(column, velorix.Session.Settings);
+      const auto known = std::find_if(columns.begin(), columns.end(),
+                                      [&](const auto& entry) { return entry.first == name; });
+      if (known == columns.end())
+        columns.emplace_back(name, where);
+      else
+        known->second += QString(", ") + where;
+    }
   return columns;
 }
 
@@ -108,6 +106,7 @@ QLineEdit* frmAxes::AddField(QGridLayout& rows, const QString& name, int column,
   auto* field = new QLineEdit(this);
   field->setObjectName(name);
   field->setPlaceholderText("automatic");
+  field->setMinimumWidth(field->fontMetrics().horizontalAdvance("automatic") + 20);
   field->setToolTip("A number, such as 0.5 or 1e-4");
   if (value) field->setText(ToQString(PlainText(*value)));
   const int row = static_cast<int>(rows_.size()) + 1;
