@@ -98,7 +98,11 @@ std::string GroupCount(std::size_t groups) {
 std::string GroupsLeftOut(std::span<const GroupReason> reasons, std::size_t most) {
   std::string text;
   for (const auto& [reason, names] : NamesByReason(reasons, most))
-    text += (text.empty() ? "Groups left out: " : " ") + names + " (" + reason + ").";
+    text.append(text.empty() ? "Groups left out: " : " ")
+        .append(names)
+        .append(" (")
+        .append(reason)
+        .append(").");
   return text;
 }
 
@@ -109,7 +113,7 @@ std::string FailuresText(const std::vector<GroupRow>& rows) {
     if (row.Failure) failures.push_back({row.Name, CauseOf(*row.Failure).Short});
   std::string text;
   for (const auto& [reason, names] : NamesByReason(failures, MostNamed))
-    text += (text.empty() ? "Incomplete, " : "; ") + reason + ": " + names;
+    text.append(text.empty() ? "Incomplete, " : "; ").append(reason).append(": ").append(names);
   return text;
 }
 
