@@ -22,8 +22,7 @@ std::string PowerText(int exponent) {
 /// The number at a position of a logarithmic axis: "0.02", "5"; far from 1 "10^-4", "2 10^-4".
 std::string LogText(const AxisRange& range, double position) {
   const int exponent = static_cast<int>(std::floor(position + 1e-9));
-  std::string mantissa =
-      PlainText(NumberOf(SignificantText(std::pow(10, position - exponent), 3)));
+  std::string mantissa = PlainText(NumberOf(SignificantText(std::pow(10, position - exponent), 3)));
   if (range.lower >= -3 && range.upper <= 4)
     return PlainText(NumberOf(mantissa + "e" + std::to_string(exponent)));
   if (exponent == 0) return mantissa;
