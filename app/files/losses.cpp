@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <filesystem>
 #include <string_view>
+#include <system_error>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -198,6 +200,12 @@ void CompareWithOld(Visit visit, const WrittenRecords& written, AmsRows passed, 
     losses = found;
 }
 
+/// An empty file has nothing to lose.
+bool IsEmptyFile(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::file_size(PathOf(path), error) == 0 && !error;
+}
+
 /// What the session knows of the file when it is one of those that are open.
 void CompareWithOpen(const Session& session, const std::string& path, const RecordArray& records,
                      bool all, Losses& losses) {
@@ -228,7 +236,10 @@ Losses FindLosses(const Session& session, const std::string& path, const FileKin
   Losses losses;
   if (!FileExists(path)) return losses;
   const int filter = FilterOfExtension(ExtensionOf(path));
-  const FileKind& present = filter == 0 ? kind : KindOfFilter(filter);
+  // A file of this kind under another one's extension: SI2B files are "AMS" in capitals.
+  const bool isOfKind =
+      filter == 0 || (IsPlainlyOther(path, KindOfFilter(filter)) && !IsPlainlyOther(path, kind));
+  const FileKind& present = isOfKind ? kind : KindOfFilter(filter);
   WrittenRecords written(losses, records.Count());
   const auto add = [&](const SpecimenRecord& given, const SpecimenRecord& stored,
                        const StoredForm& form) { written.Add(given, stored, form); };
@@ -239,6 +250,7 @@ Losses FindLosses(const Session& session, const std::string& path, const FileKin
   };
   const bool isOpen = PositionOfOpen(session, path) < session.Opened.size();
   CompareWithOld(visit, written, isOpen ? Editable : 0, losses);
+  if (IsEmptyFile(path)) losses.Unreadable = false;
   CompareWithOpen(session, path, records, all, losses);
   return losses;
 }
@@ -264,6 +276,7 @@ Losses FindGedLosses(const Session& session, const std::string& path, const Reco
     return VisitHeldGed(path, {both}, ofFile).Done;
   };
   CompareWithOld(visit, written, 0, losses);
+  if (IsEmptyFile(path)) losses.Unreadable = false;
   if (ofSeveral && !losses.Unreadable)
     for (const Holdings& sample : written.Stored)
       losses.Foreign += !present.contains(std::string(sample.Name));

@@ -214,8 +214,14 @@ TEST_F(Undoing, RandomSequencesLeadThroughTheStatesThatWere) {
     const std::function<void()> commands[] = {
         [&] { OpenFile(files[below(3)]); },
         [&] { Menu("mnuOpenNext"); },
+        [&] { Menu("mnuOpenPrevious"); },
         [&] { Menu("mnuReload"); },
         [&] { Menu("mnuClose"); },
+        [&] { Menu("mnuSelection(5)"); },
+        [&] { NewHandGroup(Program); },
+        [&] {
+          MergeHandGroups(Program, {"Group 1", "Group 2"});
+        },
         [&] { Menu("mnuSelection(1)"); },
         [&] { Menu("mnuSelection(2)"); },
         [&] { Menu("mnuSelection(3)"); },
@@ -235,8 +241,9 @@ TEST_F(Undoing, RandomSequencesLeadThroughTheStatesThatWere) {
           Guarded(Program, [&] { Edit(1 + below(4), std::to_string(below(360))); });
         }};
     for (int step = 0; step < 25; ++step) {
-      const int choice = below(20);
-      if (choice < 14) {
+      const int all = static_cast<int>(std::size(commands));
+      const int choice = below(all + 6);
+      if (choice < all) {
         const Step *const former = Program.History.NextUndo(), *const latter =
                                                                    Program.History.NextRedo();
         commands[choice]();
@@ -249,7 +256,7 @@ TEST_F(Undoing, RandomSequencesLeadThroughTheStatesThatWere) {
         states.resize(at + 1);
         states.push_back(Present());
         ++at;
-      } else if (choice < 17) {
+      } else if (choice < all + 3) {
         if (Program.History.NextUndo()) --at;
         Menu("mnuUndo");
       } else {

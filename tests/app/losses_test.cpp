@@ -217,6 +217,16 @@ TEST_F(Losing, AFileThatWasNotReadIsNotSaidToHaveChanged) {
   EXPECT_EQ(SaveOver(a, {}), Texts{Exists});
 }
 
+TEST_F(Losing, AFileIsComparedAsWhatItIsAndAnEmptyOneHasNothingToLose) {
+  const std::string capitals = PutFull("SITE.AMS");  // the extension of SI2B files
+  OpenFile(PutFull());
+  Menu("mnuReload");
+  EXPECT_EQ(SaveOver(capitals, {2}),
+            (Texts{Exists, Question(Title, capitals, {Tensors, Deviations6})}));
+  const std::string empty = Put("empty.ams", "");
+  EXPECT_EQ(SaveOver(empty, {}), Texts{Exists});
+}
+
 TEST_F(Losing, TheEditorsSaveAsksBeforeAnythingChanges) {
   const std::string a = PutFull(), before = Bytes("a.ams");
   OpenFile(a);
